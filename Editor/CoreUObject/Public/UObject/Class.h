@@ -1,0 +1,419 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "UObject/Field.h"
+#include "UObject/Object.h"
+#include "UObject/Script.h"
+#include "UObject/TopLevelAssetPath.h"
+
+class FOutputDevice;
+class FProperty;
+class FClassDescriber;
+class FStructDescriber;
+template <class T> class TSubclassOf;
+
+/** A reflection object: it has metadata and stands in a list of its struct. */
+class UField : public UObject
+{
+	EDITOR_CLASS(UField, UObject)
+
+public:
+	bool HasMetaData(FName Key) const { return FindMetaData(Key) != nullptr; }
+	const FString* FindMetaData(FName Key) const;
+	const FString& GetMetaData(FName Key) const;
+	bool GetBoolMetaData(FName Key) const { return GetMetaData(Key).ToBool(); }
+	void SetMetaData(FName Key, const FString& Value) { MetaData.Set(Key, Value); }
+	void RemoveMetaData(FName Key) { MetaData.Remove(Key); }
+	const FMetaDataTable& GetMetaDataTable() const;
+	/** The DisplayName metadata, else the name made readable in the engine's way. */
+	virtual FText GetDisplayNameText() const;
+	virtual FText GetToolTipText(bool bShortTooltip = false) const;
+	UClass* GetOwnerClass() const;
+	UStruct* GetOwnerStruct() const;
+
+	UField* Next = nullptr;
+
+protected:
+	/** Reads what is still only data, so that metadata and members are complete. */
+	virtual void EnsureMembers() const {}
+
+	FMetaDataTable MetaData;
+};
+
+/** Gives a struct its members when they are first asked for. The struct calls it once. */
+using FMemberFiller = void (*)(UStruct* Struct, uint32 DataIndex);
+
+/** Anything with members: properties (Children Properties) and functions (Children). */
+class UStruct : public UField
+{
+	EDITOR_CLASS(UStruct, UField)
+
+public:
+	~UStruct() override;
+
+	UStruct* GetSuperStruct() const { return SuperStruct; }
+	virtual void SetSuperStruct(UStruct* NewSuper) { SuperStruct = NewSuper; }
+	bool IsChildOf(const UStruct* SomeBase) const
+	{
+		for (const UStruct* Struct = this; Struct; Struct = Struct->SuperStruct)
+		{
+			if (Struct == SomeBase)
+			{
+				return true;
+			}
+		}
+		return false;
+	}
+	template <class T> bool IsChildOf() const { return IsChildOf(T::StaticClass()); }
+
+	/** Own properties in order of declaration; inherited ones are the super's. */
+	FField* GetChildProperties() const
+	{
+		EnsureMembers();
+		return ChildProperties;
+	}
+	/** Own functions in order of declaration. */
+	UField* GetChildren() const
+	{
+		EnsureMembers();
+		return Children;
+	}
+	/** Own or inherited; names compare ignoring case. Constant time. */
+	FProperty* FindPropertyByName(FName Name) const;
+
+	/** Appends; the struct owns the property from now on. Call Link when all are added. */
+	void AddProperty(FProperty* Property);
+	void AddFunction(UFunction* Function);
+	void RemoveFunction(UFunction* Function);
+	/** Drops all own members, as before a rebuild of a generated class. */
+	void DestroyMembers();
+	/** Gives properties that have no C++ member their place in memory. */
+	void Link();
+
+	/** Prefix of the C++ name: 'A' for actors, 'U' for other classes, 'F' for structs. */
+	virtual const TCHAR* GetPrefixCPP() const { return TEXT("F"); }
+	/** The path name of the struct ("/Script/Engine.Actor"). */
+	FTopLevelAssetPath GetStructPathName() const;
+	/** Size of the memory for properties without a C++ member: all of a catalogued struct, the extension of an object. */
+	int32 GetExtensionSize() const
+	{
+		EnsureMembers();
+		return ExtensionSize;
+	}
+	virtual FString GetAuthoredNameForField(const FField* Field) const { return Field ? Field->GetName() : FString(); }
+
+	void SetMemberFiller(FMemberFiller InFiller, uint32 InDataIndex)
+	{
+		MemberFiller = InFiller;
+		FillerDataIndex = InDataIndex;
+	}
+	bool HasPendingMembers() const { return MemberFiller != nullptr; }
+
+	void EnsureMembers() const override
+	{
+		if (MemberFiller)
+		{
+			FillMembers();
+		}
+	}
+
+protected:
+	void FillMembers() const;
+
+	UStruct* SuperStruct = nullptr;
+	UField* Children = nullptr;
+	UField* LastChild = nullptr;
+	FField* ChildProperties = nullptr;
+	FField* LastChildProperty = nullptr;
+	TMap<FName, FProperty*> PropertyByName;
+	int32 ExtensionSize = 0;
+	mutable FMemberFiller MemberFiller = nullptr;
+	uint32 FillerDataIndex = 0;
+};
+
+/** How a native struct's memory is handled, and a text form of its own where it has one. */
+struct FStructOps
+{
+	int32 Size = 0;
+	int32 Alignment = 1;
+	void (*Construct)(void* Dest) = nullptr;
+	void (*Destruct)(void* Dest) = nullptr;
+	void (*Copy)(void* Dest, const void* Src) = nullptr;
+	/** Null: members are compared. */
+	bool (*Identical)(const void* A, const void* B) = nullptr;
+	/** Null: "(Member=Value,...)". */
+	bool (*ExportText)(FString& Out, const void* Value, const void* Default, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) = nullptr;
+	/** Null: as above. Moves Buffer behind what it read; false when it is no such value. */
+	bool (*ImportText)(const TCHAR*& Buffer, void* Value, int32 PortFlags, UObject* Parent, FOutputDevice* ErrorText) = nullptr;
+};
+
+enum EStructFlags : uint32
+{
+	STRUCT_NoFlags = 0,
+	STRUCT_Atomic = 1,
+};
+
+class UScriptStruct : public UStruct
+{
+	EDITOR_CLASS(UScriptStruct, UStruct)
+
+public:
+	int32 GetStructureSize() const;
+	int32 GetMinAlignment() const;
+	void InitializeStruct(void* Dest) const;
+	void DestroyStruct(void* Dest) const;
+	void CopyScriptStruct(void* Dest, const void* Src) const;
+	bool CompareScriptStruct(const void* A, const void* B, uint32 PortFlags) const;
+	void ExportText(FString& ValueStr, const void* Value, const void* Defaults, UObject* OwnerObject, int32 PortFlags, UObject* ExportRootScope) const;
+	const TCHAR* ImportText(const TCHAR* Buffer, void* Value, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText, const FString& StructName) const;
+	FString GetStructCPPName() const { return FString(GetPrefixCPP()) + GetName(); }
+	/** A value with the struct's own defaults; built once. */
+	const void* GetDefaultValue() const;
+
+	void SetOps(const FStructOps* InOps) { Ops = InOps; }
+	const FStructOps* GetOps() const { return Ops; }
+
+	EStructFlags StructFlags = STRUCT_NoFlags;
+	/** Text that a member starts with where it is not zero, by member name. From data. */
+	TMap<FName, FString> MemberDefaults;
+
+private:
+	const FStructOps* Ops = nullptr;
+	mutable uint8* DefaultValue = nullptr;
+};
+
+/** A struct made in the editor; assets of that kind are only referred to here. */
+class UUserDefinedStruct : public UScriptStruct
+{
+	EDITOR_CLASS(UUserDefinedStruct, UScriptStruct)
+
+public:
+	FGuid Guid;
+};
+
+/** A function's description. Parameters are its properties, in order, the return last. Nothing is ever executed. */
+class UFunction : public UStruct
+{
+	EDITOR_CLASS(UFunction, UStruct)
+
+public:
+	bool HasAnyFunctionFlags(EFunctionFlags Flags) const { return (FunctionFlags & Flags) != 0; }
+	bool HasAllFunctionFlags(EFunctionFlags Flags) const { return (FunctionFlags & Flags) == Flags; }
+	FProperty* GetReturnProperty() const;
+	UFunction* GetSuperFunction() const { return Cast<UFunction>(GetSuperStruct()); }
+	/** Whether parameters agree in number, type and direction, the return included. */
+	bool IsSignatureCompatibleWith(const UFunction* Other) const;
+	bool IsSignatureCompatibleWith(const UFunction* Other, uint64 IgnoreFlags) const;
+	static uint64 GetDefaultIgnoredSignatureCompatibilityFlags();
+
+	EFunctionFlags FunctionFlags = FUNC_None;
+	int32 NumParms = 0;
+};
+
+/** The signature of a delegate. */
+class UDelegateFunction : public UFunction
+{
+	EDITOR_CLASS(UDelegateFunction, UFunction)
+};
+
+class UEnum : public UField
+{
+	EDITOR_CLASS(UEnum, UField)
+
+public:
+	enum class ECppForm : uint8
+	{
+		Regular,
+		Namespaced,
+		EnumClass,
+	};
+
+	int32 NumEnums() const;
+	FName GetNameByIndex(int32 Index) const;
+	/** Name without "EType::". */
+	FString GetNameStringByIndex(int32 Index) const;
+	FText GetDisplayNameTextByIndex(int32 Index) const;
+	int64 GetValueByIndex(int32 Index) const;
+	int32 GetIndexByName(FName Name) const;
+	int32 GetIndexByNameString(const FString& Name) const;
+	int32 GetIndexByValue(int64 Value) const;
+	int64 GetValueByName(FName Name) const;
+	int64 GetValueByNameString(const FString& Name) const;
+	FName GetNameByValue(int64 Value) const;
+	FString GetNameStringByValue(int64 Value) const;
+	FText GetDisplayNameTextByValue(int64 Value) const;
+	FString GetAuthoredNameStringByIndex(int32 Index) const { return GetNameStringByIndex(Index); }
+	bool IsValidEnumValue(int64 Value) const { return GetIndexByValue(Value) != INDEX_NONE; }
+	bool IsValidEnumName(FName Name) const { return GetIndexByName(Name) != INDEX_NONE; }
+	int64 GetMaxEnumValue() const;
+	/** Whether the last entry is the generated "_MAX". */
+	bool ContainsExistingMax() const;
+	bool HasMetaData(const TCHAR* Key, int32 Index) const;
+	FString GetMetaData(const TCHAR* Key, int32 Index) const;
+	using UField::GetMetaData;
+	using UField::HasMetaData;
+	ECppForm GetCppForm() const { return CppForm; }
+	FString GenerateFullEnumName(const TCHAR* InEnumName) const;
+
+	struct FEntry
+	{
+		FName Name;
+		int64 Value = 0;
+		FString DisplayName;
+		bool bHidden = false;
+	};
+	/** Replaces all entries. Names as the engine keeps them: "EType::Value" for namespaced and enum class ones. */
+	void SetEnums(TArray<FEntry> InEntries, ECppForm InForm);
+
+	FString CppType;
+
+private:
+	TArray<FEntry> Entries;
+	TMap<FName, int32> IndexByName;
+	ECppForm CppForm = ECppForm::Regular;
+};
+
+class UUserDefinedEnum : public UEnum
+{
+	EDITOR_CLASS(UUserDefinedEnum, UEnum)
+};
+
+/** One interface that a class implements. */
+struct FImplementedInterface
+{
+	UClass* Class = nullptr;
+	bool bImplementedByK2 = false;
+};
+
+using FClassConstructor = UObject* (*)(void* Memory);
+
+class UClass : public UStruct
+{
+	EDITOR_CLASS(UClass, UStruct)
+
+public:
+	UClass* GetSuperClass() const { return static_cast<UClass*>(SuperStruct); }
+	bool HasAnyClassFlags(EClassFlags Flags) const { return (ClassFlags & Flags) != 0; }
+	bool HasAllClassFlags(EClassFlags Flags) const { return (ClassFlags & Flags) == Flags; }
+	const TCHAR* GetPrefixCPP() const override;
+
+	/** Own, then interfaces' and inherited ones when asked; names compare ignoring case. */
+	enum EIncludeSuperFlag
+	{
+		ExcludeSuper,
+		IncludeSuper,
+	};
+	UFunction* FindFunctionByName(FName Name, EIncludeSuperFlag IncludeSuper = IncludeSuper) const;
+	bool ImplementsInterface(const UClass* SomeInterface) const;
+
+	/** The class default object, made on first use unless bCreateIfNeeded is false. */
+	virtual UObject* GetDefaultObject(bool bCreateIfNeeded = true) const;
+	template <class T> T* GetDefaultObject() const { return static_cast<T*>(GetDefaultObject()); }
+	UObject* GetDefaultSubobjectByName(FName Name) const;
+	/** Replaces the default object, as a rebuild of a generated class does; the old one becomes garbage. */
+	void ResetDefaultObject();
+
+	/** The nearest native class: what instances are in C++. */
+	const UClass* GetNativeClass() const;
+	bool IsNative() const { return NativeConstructor != nullptr; }
+	/** The Blueprint asset that the class is generated from, or null (UObject* to keep this below the engine module). */
+	UObject* ClassGeneratedBy = nullptr;
+
+	/** The class that answers for a redirected or skeleton class; itself for most. */
+	virtual UClass* GetAuthoritativeClass() { return this; }
+	const UClass* GetAuthoritativeClass() const { return const_cast<UClass*>(this)->GetAuthoritativeClass(); }
+	UClass* ClassWithin = nullptr;
+	FName ClassConfigName;
+	EClassFlags ClassFlags = CLASS_None;
+	TArray<FImplementedInterface> Interfaces;
+
+	/** Set once by NativeClass registration. */
+	FClassConstructor NativeConstructor = nullptr;
+	int32 NativeSize = 0;
+	int32 NativeAlignment = 16;
+	void (*NativeDescribe)(FClassDescriber&) = nullptr;
+
+	/** Called by UStruct when functions come or go. */
+	void AddFunctionToMap(UFunction* Function);
+	void RemoveFunctionFromMap(UFunction* Function);
+
+private:
+	friend class UStruct;
+	TMap<FName, UFunction*> FunctionByName;
+	mutable UObject* ClassDefaultObject = nullptr;
+};
+
+/** The root of interface classes. */
+class UInterface : public UObject
+{
+	EDITOR_CLASS(UInterface, UObject)
+};
+
+template <class T> T* GetMutableDefault()
+{
+	return static_cast<T*>(T::StaticClass()->GetDefaultObject());
+}
+template <class T> T* GetMutableDefault(UClass* Class)
+{
+	return static_cast<T*>(Class->GetDefaultObject());
+}
+template <class T> const T* GetDefault()
+{
+	return static_cast<const T*>(T::StaticClass()->GetDefaultObject());
+}
+template <class T> const T* GetDefault(const UClass* Class)
+{
+	return static_cast<const T*>(Class->GetDefaultObject());
+}
+
+/** The reflection object of a C++ struct or enum that is not ours to declare a member in. Specialised in the module that describes it. */
+template <class T> struct TBaseStructure
+{
+	static UScriptStruct* Get() { return T::StaticStruct(); }
+};
+template <class T> UEnum* StaticEnum();
+
+template <> struct TBaseStructure<FVector>
+{
+	static UScriptStruct* Get();
+};
+template <> struct TBaseStructure<FVector2D>
+{
+	static UScriptStruct* Get();
+};
+template <> struct TBaseStructure<FVector4>
+{
+	static UScriptStruct* Get();
+};
+template <> struct TBaseStructure<FRotator>
+{
+	static UScriptStruct* Get();
+};
+template <> struct TBaseStructure<FQuat>
+{
+	static UScriptStruct* Get();
+};
+template <> struct TBaseStructure<FTransform>
+{
+	static UScriptStruct* Get();
+};
+template <> struct TBaseStructure<FLinearColor>
+{
+	static UScriptStruct* Get();
+};
+template <> struct TBaseStructure<FColor>
+{
+	static UScriptStruct* Get();
+};
+template <> struct TBaseStructure<FGuid>
+{
+	static UScriptStruct* Get();
+};
+template <> struct TBaseStructure<FIntPoint>
+{
+	static UScriptStruct* Get();
+};
+template <> struct TBaseStructure<struct FSoftObjectPath>
+{
+	static UScriptStruct* Get();
+};
