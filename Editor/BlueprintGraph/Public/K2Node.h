@@ -1,0 +1,100 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "EdGraph/EdGraphNode.h"
+#include "Engine/MemberReference.h"
+
+class FBlueprintActionDatabaseRegistrar;
+class FKismetCompilerContext;
+class UBlueprint;
+class UEdGraphSchema_K2;
+
+/** Pins of a split struct, or of a node before it was reconstructed. */
+struct FOptionalPinFromProperty
+{
+	EDITOR_STRUCT(FOptionalPinFromProperty)
+
+	FName PropertyName;
+	FString PropertyFriendlyName;
+	FText PropertyTooltip;
+	FName CategoryName;
+	bool bShowPin = false;
+	bool bCanToggleVisibility = false;
+	bool bPropertyIsCustomized = false;
+	bool bHasOverridePin = false;
+	bool bIsMarkedForAdvancedDisplay = false;
+};
+
+/** A node of a Blueprint graph. */
+class UK2Node : public UEdGraphNode
+{
+	EDITOR_CLASS(UK2Node, UEdGraphNode)
+
+public:
+	/** A pure node has no execution pins: it is evaluated by whoever needs its value. */
+	virtual bool IsNodePure() const { return false; }
+	virtual bool IsNodeSafeToIgnore() const { return false; }
+	virtual bool NodeCausesStructuralBlueprintChange() const { return false; }
+	virtual bool ShouldDrawCompact() const { return false; }
+	virtual FText GetCompactNodeTitle() const { return FText(); }
+	virtual bool CanSplitPin(const UEdGraphPin* Pin) const;
+	virtual bool IsActionFilteredOut(const class FBlueprintActionFilter& Filter) { return false; }
+	virtual bool HasExternalDependencies(TArray<UStruct*>* OptionalOutput = nullptr) const { return false; }
+	virtual bool IsConnectionDisallowed(const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const { return false; }
+	virtual void NotifyPinConnectionListChanged(UEdGraphPin* Pin) { PinConnectionListChanged(Pin); }
+	virtual bool CanPasteHere(const UEdGraph* TargetGraph) const { return true; }
+	virtual bool DrawNodeAsEntry() const { return false; }
+	virtual bool DrawNodeAsExit() const { return false; }
+	virtual bool IsLatentForMacros() const { return false; }
+	/** Adds what stands in the action menu for the class. */
+	virtual void GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const {}
+
+	/** The Blueprint of the graph, or null outside one. */
+	UBlueprint* GetBlueprint() const;
+	bool HasValidBlueprint() const { return GetBlueprint() != nullptr; }
+	/** The class that self means: the skeleton class when it stands, since it knows what was not compiled. */
+	UClass* GetBlueprintClassFromNode() const;
+	const UEdGraphSchema_K2* GetK2Schema() const;
+
+	UEdGraphPin* GetExecPin() const;
+	UEdGraphPin* GetThenPin() const;
+
+	/**
+	 * Makes the pins anew. Links and defaults go to new pins of the same name (or the redirected one); an old pin that is linked or changed and has no successor stays,
+	 * marked as orphaned, so that nothing is lost in silence.
+	 */
+	void ReconstructNode() override;
+	/** Pins of the class, with the old ones at hand (split pins, wildcards). */
+	virtual void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins);
+	virtual void PostReconstructNode();
+	virtual void ClearCachedBlueprintData(UBlueprint* Blueprint) {}
+	enum ERedirectType
+	{
+		ERedirectType_None,
+		ERedirectType_Name,
+		ERedirectType_Value,
+		ERedirectType_Custom,
+	};
+	/** Whether the old pin lives on as the new one. */
+	virtual ERedirectType DoPinsMatchForReconstruction(const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const;
+	void RewireOldPinsToNewPins(TArray<UEdGraphPin*>& InOldPins, TArray<UEdGraphPin*>& InNewPins);
+	void RestoreSplitPins(TArray<UEdGraphPin*>& OldPins);
+	/** Frees pins that belong to the node no longer. */
+	void DestroyPinList(TArray<UEdGraphPin*>& InPins);
+	bool ReconstructOnLoad() const { return false; }
+
+	void PinConnectionListChanged(UEdGraphPin* Pin) override;
+	void PinDefaultValueChanged(UEdGraphPin* Pin) override;
+	/** Links the first fitting pin of this node to the pin that a user dragged from. */
+	void AutowireNewNode(UEdGraphPin* FromPin) override;
+	void PostPlacedNewNode() override;
+	bool CanCreateUnderSpecifiedSchema(const UEdGraphSchema* Schema) const override;
+	FText GetToolTipHeading() const;
+	FLinearColor GetNodeTitleColor() const { return FLinearColor(); }
+	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
+	/** The pin type of a property, through the schema; false when no pin carries it. */
+	UEdGraphPin* CreatePinFromProperty(const FProperty* Property, EEdGraphPinDirection Direction, FName PinName);
+
+	/** Whether the node is a fixed placeholder of its graph that an author may not remove. */
+	bool CanUserDeleteNode() const override;
+};

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "K2Node.h"
+
+/** A call of a function, of self or of a target. */
+class UK2Node_CallFunction : public UK2Node
+{
+	EDITOR_CLASS(UK2Node_CallFunction, UK2Node)
+
+public:
+	/** Binds to a function: reference, purity, enabled state. Pins come with AllocateDefaultPins. */
+	virtual void SetFromFunction(const UFunction* Function);
+	/** The function, looked for in the Blueprint's class when in self context; null when it is gone. */
+	UFunction* GetTargetFunction() const;
+	UFunction* GetTargetFunctionFromSkeletonClass() const;
+	FName GetFunctionName() const { return FunctionReference.GetMemberName(); }
+	UEdGraphPin* GetReturnValuePin() const;
+	/** Pins of a function's parameters, after exec and self pins. */
+	virtual bool CreatePinsForFunctionCall(const UFunction* Function);
+	virtual void PostParameterPinCreated(UEdGraphPin* Pin) {}
+	void CreateExecPinsForFunctionCall(const UFunction* Function);
+	UEdGraphPin* CreateSelfPin(const UFunction* Function);
+	static UEdGraphPin* CreateSelfPin(UEdGraphNode* Node, const UFunction* Function);
+	bool IsLatentFunction() const;
+	/** The name for people: DisplayName metadata, else the name without K2_ made readable. */
+	static FText GetUserFacingFunctionName(const UFunction* Function);
+	static FText GetDefaultCategoryForFunction(const UFunction* Function, const FText& BaseCategory);
+	static FText GetKeywordsForFunction(const UFunction* Function);
+	static FString GetDefaultTooltipForFunction(const UFunction* Function);
+	static FString GetCompactNodeTitle(const UFunction* Function);
+	static bool ShouldDrawCompact(const UFunction* Function);
+	static bool IsStructureWildcardProperty(const UFunction* InFunction, FName PropertyName);
+	static bool IsWildcardProperty(const UFunction* InFunction, const FProperty* InProperty);
+	/** The class as the title's "Target is ..." names it. */
+	FText GetFunctionContextString() const;
+
+	bool IsNodePure() const override;
+	void AllocateDefaultPins() override;
+	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
+	void PostReconstructNode() override;
+	void PinConnectionListChanged(UEdGraphPin* Pin) override;
+	void PinDefaultValueChanged(UEdGraphPin* Pin) override;
+	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	FText GetTooltipText() const override;
+	FText GetMenuCategory() const override;
+	FText GetKeywords() const override;
+	bool ShouldDrawCompact() const override;
+	FText GetCompactNodeTitle() const override;
+	bool CanPasteHere(const UEdGraph* TargetGraph) const override;
+	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
+	void PostEditImport() override;
+	void PostLoad() override;
+
+	FMemberReference FunctionReference;
+	/** As newer text has it: a call that is pure unless told otherwise. */
+	bool bDefaultsToPureFunc = false;
+	bool bWantsEnumToExecExpansion = false;
+	bool bIsInterfaceCall = false;
+	bool bIsFinalFunction = false;
+	bool bIsBeadFunction = false;
+};

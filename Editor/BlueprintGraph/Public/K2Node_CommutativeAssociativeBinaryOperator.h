@@ -1,0 +1,24 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "K2Node_AddPinInterface.h"
+#include "K2Node_CallFunction.h"
+
+/** An operator such as AND that takes any number of operands. */
+class UK2Node_CommutativeAssociativeBinaryOperator : public UK2Node_CallFunction, public IK2Node_AddPinInterface
+{
+	EDITOR_CLASS(UK2Node_CommutativeAssociativeBinaryOperator, UK2Node_CallFunction)
+
+public:
+	UEdGraphPin* FindOutPin() const;
+	UEdGraphPin* FindSelfPin() const;
+	UEdGraphPin* GetInputPin(int32 InputPinIndex) const;
+	FEdGraphPinType GetType() const;
+	void AllocateDefaultPins() override;
+	void AddInputPin() override;
+	bool CanAddPin() const override { return NumAdditionalInputs + 2 < GetMaxInputPinsNum(); }
+	bool CanRemovePin(const UEdGraphPin* Pin) const override;
+	void RemoveInputPin(UEdGraphPin* Pin) override;
+
+	int32 NumAdditionalInputs = 0;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "Engine/Blueprint.h"
+#include "K2Node_FunctionTerminator.h"
+
+/** Where a function starts: its parameters, flags, metadata and local variables. */
+class UK2Node_FunctionEntry : public UK2Node_FunctionTerminator
+{
+	EDITOR_CLASS(UK2Node_FunctionEntry, UK2Node_FunctionTerminator)
+
+public:
+	int32 GetExtraFlags() const { return ExtraFlags; }
+	void SetExtraFlags(int32 NewFlags) { ExtraFlags = NewFlags; }
+	void AddExtraFlags(int32 Flags) { ExtraFlags |= Flags; }
+	void ClearExtraFlags(int32 Flags) { ExtraFlags &= ~Flags; }
+	/** Flags of the function that the graph makes: those of the signature it overrides and the extra ones. */
+	int32 GetFunctionFlags() const;
+	void RemoveOutputPin(UEdGraphPin* PinToRemove);
+	UEdGraphPin* GetAutoWorldContextPin() const { return nullptr; }
+
+	FKismetUserDeclaredFunctionMetadata* GetMetaDataPtr() override { return &MetaData; }
+	bool DrawNodeAsEntry() const override { return true; }
+	void AllocateDefaultPins() override;
+	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	FText GetTooltipText() const override;
+	void PostReconstructNode() override;
+	bool ModifyUserDefinedPinDefaultValue(TSharedPtr<FUserPinInfo> PinInfo, const FString& NewDefaultValue) override;
+	bool ShouldUseConstRefParams() const override;
+
+	FName CustomGeneratedFunctionName;
+	FKismetUserDeclaredFunctionMetadata MetaData;
+	TArray<FBPVariableDescription> LocalVariables;
+	bool bEnforceConstCorrectness = false;
+	int32 ExtraFlags = 0;
+
+protected:
+	UEdGraphPin* CreatePinFromUserDefinitionInternal(const TSharedPtr<FUserPinInfo> NewPinInfo) override;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "UObject/Object.h"
+
+class AActor;
+
+/** A part of an actor. Only what reading and editing of templates needs; other properties come from data. */
+class UActorComponent : public UObject
+{
+	EDITOR_CLASS(UActorComponent, UObject)
+
+public:
+	AActor* GetOwner() const;
+	bool IsEditorOnly() const override { return bIsEditorOnly; }
+	bool IsActive() const { return bAutoActivate; }
+
+	bool bAutoActivate = false;
+	bool bIsEditorOnly = false;
+	bool bEditableWhenInherited = true;
+	bool bReplicates = false;
+	TArray<FName> ComponentTags;
+};

@@ -1,0 +1,216 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "UObject/Class.h"
+#include "UObject/Object.h"
+
+class UEdGraphNode;
+class UEdGraphPin;
+class UEdGraphSchema;
+class FOutputDevice;
+
+enum EEdGraphPinDirection : int
+{
+	EGPD_Input,
+	EGPD_Output,
+	EGPD_MAX,
+};
+
+enum class EPinContainerType : uint8
+{
+	None,
+	Array,
+	Set,
+	Map,
+};
+
+/** The reference that a pin type makes to a member, for delegates: the signature function. */
+struct FSimpleMemberReference
+{
+	EDITOR_STRUCT(FSimpleMemberReference)
+
+	UObject* GetMemberParentObject() const { return MemberParent; }
+	UClass* GetMemberParentClass() const;
+	void Reset() { *this = FSimpleMemberReference(); }
+	bool operator==(const FSimpleMemberReference& Other) const = default;
+
+	/** A class, or the package for a signature that stands outside classes. */
+	UObject* MemberParent = nullptr;
+	FName MemberName;
+	FGuid MemberGuid;
+};
+
+/** The type of one end of a container: the value side of a map. */
+struct FEdGraphTerminalType
+{
+	EDITOR_STRUCT(FEdGraphTerminalType)
+
+	FEdGraphTerminalType() = default;
+	static FEdGraphTerminalType FromPinType(const struct FEdGraphPinType& PinType);
+	bool operator==(const FEdGraphTerminalType& Other) const;
+
+	FName TerminalCategory;
+	FName TerminalSubCategory;
+	TWeakObjectPtr<UObject> TerminalSubCategoryObject;
+	bool bTerminalIsConst = false;
+	bool bTerminalIsWeakPointer = false;
+	bool bTerminalIsUObjectWrapper = false;
+};
+
+/** What may flow through a pin. */
+struct FEdGraphPinType
+{
+	EDITOR_STRUCT(FEdGraphPinType)
+
+	FEdGraphPinType() = default;
+	FEdGraphPinType(FName InPinCategory, FName InPinSubCategory, UObject* InPinSubCategoryObject, EPinContainerType InContainerType, bool bInIsReference, const FEdGraphTerminalType& InValueTerminalType)
+		: PinCategory(InPinCategory), PinSubCategory(InPinSubCategory), PinSubCategoryObject(InPinSubCategoryObject), PinValueType(InValueTerminalType), ContainerType(InContainerType), bIsReference(bInIsReference)
+	{
+	}
+
+	bool IsArray() const { return ContainerType == EPinContainerType::Array; }
+	bool IsSet() const { return ContainerType == EPinContainerType::Set; }
+	bool IsMap() const { return ContainerType == EPinContainerType::Map; }
+	bool IsContainer() const { return ContainerType != EPinContainerType::None; }
+	void ResetToDefaults() { *this = FEdGraphPinType(); }
+	static FEdGraphPinType GetPinTypeForTerminalType(const FEdGraphTerminalType& TerminalType);
+	static FEdGraphPinType GetTerminalTypeForContainer(const FEdGraphPinType& ContainerType);
+	bool operator==(const FEdGraphPinType& Other) const;
+
+	FName PinCategory;
+	FName PinSubCategory;
+	TWeakObjectPtr<UObject> PinSubCategoryObject;
+	FSimpleMemberReference PinSubCategoryMemberReference;
+	FEdGraphTerminalType PinValueType;
+	EPinContainerType ContainerType = EPinContainerType::None;
+	bool bIsReference = false;
+	bool bIsConst = false;
+	bool bIsWeakPointer = false;
+	bool bIsUObjectWrapper = false;
+	bool bSerializeAsSinglePrecisionFloat = false;
+};
+
+enum EBlueprintPinStyleType : int
+{
+	BPST_Original,
+	BPST_VariantA,
+};
+
+/**
+ * A pin of a node. No object: the node owns it and destroys it. Links are kept on both ends and are always made and broken in pairs.
+ */
+class UEdGraphPin
+{
+public:
+	static UEdGraphPin* CreatePin(UEdGraphNode* InOwningNode);
+	~UEdGraphPin();
+	UEdGraphPin(const UEdGraphPin&) = delete;
+	UEdGraphPin& operator=(const UEdGraphPin&) = delete;
+
+	UEdGraphNode* GetOwningNode() const { return OwningNode; }
+	UEdGraphNode* GetOwningNodeUnchecked() const { return OwningNode; }
+	const UEdGraphSchema* GetSchema() const;
+	FName GetFName() const { return PinName; }
+	FString GetName() const { return PinName.ToString(); }
+	FText GetDisplayName() const;
+
+	/** Links both ways, asking nobody; a link that stands is kept once. */
+	void MakeLinkTo(UEdGraphPin* ToPin);
+	void BreakLinkTo(UEdGraphPin* ToPin);
+	void BreakAllPinLinks(bool bNotifyNodes = false, bool bIncludeSubPins = false);
+	/** Moves the links of another pin here; its default too. */
+	void MovePersistentDataFromOldPin(UEdGraphPin& SourcePin);
+	void CopyPersistentDataFromOldPin(const UEdGraphPin& SourcePin);
+	/** Takes the defaults, and links to the same partners. */
+	void AssignByRefPassThroughConnection(UEdGraphPin* InTargetPin);
+	bool HasAnyConnections() const { return !LinkedTo.IsEmpty(); }
+	bool IsLinkedTo(const UEdGraphPin* Other) const { return LinkedTo.Contains(const_cast<UEdGraphPin*>(Other)); }
+	/** Links, or a default other than the generated one. */
+	bool WasTrashed() const { return bWasTrashed; }
+	bool IsPendingKill() const { return bWasTrashed; }
+	void MarkAsGarbage();
+	void SetOwningNode(UEdGraphNode* NewOwningNode) { OwningNode = NewOwningNode; }
+	void Modify();
+	bool SetPinName(FName NewName);
+
+	/** Text of the value: default object path, text or value, whichever the type uses. */
+	FString GetDefaultAsString() const;
+	FText GetDefaultAsText() const;
+	bool IsDefaultAsStringEmpty() const { return GetDefaultAsString().IsEmpty(); }
+	bool DoesDefaultValueMatchAutogenerated() const;
+	void ResetDefaultValue();
+	void ResetToDefaults();
+	void SafeSetHidden(bool bIsHidden) { bHidden = bIsHidden; }
+	void SetSavePinIfOrphaned(bool bShouldSave) { bSavePinIfOrphaned = bShouldSave; }
+	bool ShouldSavePinIfOrphaned() const { return bSavePinIfOrphaned; }
+	bool GetIsHidden() const { return bHidden; }
+	UEdGraphPin* FindInParents(TFunctionRef<bool(const UEdGraphPin*)> Predicate) const;
+
+	/** "(PinId=...,PinName=...,...)" in the form of the clipboard and of saved assets. */
+	bool ExportTextItem(FString& ValueStr, int32 PortFlags) const;
+	/** Reads that form. Links are kept as node name and pin id until ResolveReferences of the importing code. */
+	bool ImportTextItem(const TCHAR*& Buffer, int32 PortFlags, UObject* Parent, FOutputDevice* ErrorText);
+
+	FGuid PinId;
+	FName PinName;
+	FText PinFriendlyName;
+	FString PinToolTip;
+	EEdGraphPinDirection Direction = EGPD_Input;
+	FEdGraphPinType PinType;
+	FString DefaultValue;
+	FString AutogeneratedDefaultValue;
+	TObjectPtr<UObject> DefaultObject;
+	FText DefaultTextValue;
+	TArray<UEdGraphPin*> LinkedTo;
+	TArray<UEdGraphPin*> SubPins;
+	UEdGraphPin* ParentPin = nullptr;
+	UEdGraphPin* ReferencePassThroughConnection = nullptr;
+	FGuid PersistentGuid;
+	int32 SourceIndex = INDEX_NONE;
+
+	bool bHidden = false;
+	bool bNotConnectable = false;
+	bool bDefaultValueIsReadOnly = false;
+	bool bDefaultValueIsIgnored = false;
+	bool bIsDiffing = false;
+	bool bAdvancedView = false;
+	bool bDisplayAsMutableRef = false;
+	bool bAllowFriendlyName = true;
+	bool bOrphanedPin = false;
+	bool bSavePinIfOrphaned = true;
+	bool bUseBackwardsCompatForEmptyAutogeneratedValue = false;
+
+	/** A link as text had it, until the pin it names is known. */
+	struct FPendingReference
+	{
+		FString NodeName;
+		FGuid PinId;
+	};
+	struct FPendingReferences
+	{
+		TArray<FPendingReference> LinkedTo;
+		TArray<FPendingReference> SubPins;
+		TOptional<FPendingReference> ParentPin;
+		TOptional<FPendingReference> PassThrough;
+	};
+	/** Set by ImportTextItem, taken by whoever resolves; null otherwise. */
+	TUniquePtr<FPendingReferences> Pending;
+
+private:
+	explicit UEdGraphPin(UEdGraphNode* InOwningNode) : OwningNode(InOwningNode) {}
+
+	UEdGraphNode* OwningNode = nullptr;
+	bool bWasTrashed = false;
+};
+
+/** A handle that reads as null once the pin is gone: owning node and pin id. */
+struct FEdGraphPinReference
+{
+	FEdGraphPinReference() = default;
+	FEdGraphPinReference(UEdGraphPin* Pin) { SetPin(Pin); }
+	void SetPin(const UEdGraphPin* Pin);
+	UEdGraphPin* Get() const;
+
+	TWeakObjectPtr<UEdGraphNode> OwningNode;
+	FGuid PinId;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "Engine/SCS_Node.h"
+#include "UObject/Object.h"
+
+class UBlueprint;
+class USceneComponent;
+
+/** The components that a Blueprint adds to its actors, as a forest of nodes. */
+class USimpleConstructionScript : public UObject
+{
+	EDITOR_CLASS(USimpleConstructionScript, UObject)
+
+public:
+	/** A node with a fresh template of the class; in no list until AddNode. */
+	USCS_Node* CreateNode(UClass* NewComponentClass, FName NewComponentVariableName = NAME_None);
+	USCS_Node* CreateNodeAndRenameComponent(UActorComponent* NewComponentTemplate);
+	/** Adds as a root. */
+	void AddNode(USCS_Node* Node);
+	/** Takes the node out; its children move up to its parent. */
+	void RemoveNodeAndPromoteChildren(USCS_Node* Node);
+	/** Takes the node out with the nodes below it. */
+	void RemoveNode(USCS_Node* Node, bool bValidateSceneRootNodes = true);
+	/** Depth first, parents before children. */
+	TArray<USCS_Node*> GetAllNodes() const;
+	const TArray<TObjectPtr<USCS_Node>>& GetRootNodes() const { return RootNodes; }
+	USCS_Node* FindParentNode(const USCS_Node* InNode) const;
+	USCS_Node* FindSCSNode(FName InName) const;
+	USCS_Node* GetDefaultSceneRootNode() const { return DefaultSceneRootNode; }
+	/** Gives an actor without any scene component its "DefaultSceneRoot", and takes that away when there is another root. */
+	void ValidateSceneRootNodes();
+	UBlueprint* GetBlueprint() const;
+	UClass* GetOwnerClass() const;
+	FName GenerateNewComponentName(const UClass* ComponentClass, FName DesiredName = NAME_None) const;
+
+	TArray<TObjectPtr<USCS_Node>> RootNodes;
+	TArray<TObjectPtr<USCS_Node>> AllNodes;
+	TObjectPtr<USCS_Node> DefaultSceneRootNode;
+};
