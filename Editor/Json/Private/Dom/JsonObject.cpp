@@ -1,0 +1,162 @@
+#include "Dom/JsonObject.h"
+
+#include <functional>
+
+uint32 FJsonKeyFuncs::GetKeyHash(const FString& Key)
+{
+	return static_cast<uint32>(std::hash<std::wstring>()(Key.ToStdWString()));
+}
+
+TSharedPtr<FJsonValue> FJsonObject::MakeNull()
+{
+	return MakeShared<FJsonValueNull>();
+}
+
+TSharedPtr<FJsonValue> FJsonObject::TryGetField(const FStringView FieldName) const
+{
+	const TSharedPtr<FJsonValue>* Field = Values.Find(FString(FieldName));
+	return Field ? *Field : nullptr;
+}
+
+void FJsonObject::SetField(const FString& FieldName, const TSharedPtr<FJsonValue>& Value)
+{
+	Values.Add(FieldName, Value ? Value : MakeNull());
+}
+
+void FJsonObject::SetField(FString&& FieldName, const TSharedPtr<FJsonValue>& Value)
+{
+	Values.Add(MoveTemp(FieldName), Value ? Value : MakeNull());
+}
+
+void FJsonObject::RemoveField(const FStringView FieldName)
+{
+	Values.Remove(FString(FieldName));
+}
+
+double FJsonObject::GetNumberField(const FStringView FieldName) const
+{
+	return GetField<EJson::None>(FieldName)->AsNumber();
+}
+
+int32 FJsonObject::GetIntegerField(const FStringView FieldName) const
+{
+	int32 Number = 0;
+	TryGetNumberField(FieldName, Number);
+	return Number;
+}
+
+void FJsonObject::SetNumberField(const FString& FieldName, const double Number)
+{
+	Values.Add(FieldName, MakeShared<FJsonValueNumber>(Number));
+}
+
+FString FJsonObject::GetStringField(const FStringView FieldName) const
+{
+	return GetField<EJson::None>(FieldName)->AsString();
+}
+
+bool FJsonObject::TryGetStringField(const FStringView FieldName, FString& OutString) const
+{
+	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
+	return Field && Field->TryGetString(OutString);
+}
+
+bool FJsonObject::TryGetStringArrayField(const FStringView FieldName, TArray<FString>& OutArray) const
+{
+	const TArray<TSharedPtr<FJsonValue>>* Array = nullptr;
+	if (!TryGetArrayField(FieldName, Array))
+	{
+		return false;
+	}
+	TArray<FString> Strings;
+	Strings.Reserve(Array->Num());
+	for (const TSharedPtr<FJsonValue>& Element : *Array)
+	{
+		FString String;
+		if (!Element->TryGetString(String))
+		{
+			return false;
+		}
+		Strings.Add(MoveTemp(String));
+	}
+	OutArray = MoveTemp(Strings);
+	return true;
+}
+
+void FJsonObject::SetStringField(const FString& FieldName, const FString& StringValue)
+{
+	Values.Add(FieldName, MakeShared<FJsonValueString>(StringValue));
+}
+
+bool FJsonObject::GetBoolField(const FStringView FieldName) const
+{
+	return GetField<EJson::None>(FieldName)->AsBool();
+}
+
+bool FJsonObject::TryGetBoolField(const FStringView FieldName, bool& bOutBool) const
+{
+	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
+	return Field && Field->TryGetBool(bOutBool);
+}
+
+void FJsonObject::SetBoolField(const FString& FieldName, const bool bBool)
+{
+	Values.Add(FieldName, MakeShared<FJsonValueBoolean>(bBool));
+}
+
+const TArray<TSharedPtr<FJsonValue>>& FJsonObject::GetArrayField(const FStringView FieldName) const
+{
+	static const TArray<TSharedPtr<FJsonValue>> Empty;
+	const TArray<TSharedPtr<FJsonValue>>* Array = &Empty;
+	TryGetArrayField(FieldName, Array);
+	return *Array;
+}
+
+bool FJsonObject::TryGetArrayField(const FStringView FieldName, const TArray<TSharedPtr<FJsonValue>>*& OutArray) const
+{
+	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
+	return Field && Field->TryGetArray(OutArray);
+}
+
+void FJsonObject::SetArrayField(const FString& FieldName, const TArray<TSharedPtr<FJsonValue>>& Array)
+{
+	Values.Add(FieldName, MakeShared<FJsonValueArray>(Array));
+}
+
+void FJsonObject::SetArrayField(const FString& FieldName, TArray<TSharedPtr<FJsonValue>>&& Array)
+{
+	Values.Add(FieldName, MakeShared<FJsonValueArray>(MoveTemp(Array)));
+}
+
+const TSharedPtr<FJsonObject>& FJsonObject::GetObjectField(const FStringView FieldName) const
+{
+	static const TSharedPtr<FJsonObject> None;
+	const TSharedPtr<FJsonObject>* Object = &None;
+	TryGetObjectField(FieldName, Object);
+	return *Object;
+}
+
+bool FJsonObject::TryGetObjectField(const FStringView FieldName, const TSharedPtr<FJsonObject>*& OutObject) const
+{
+	const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
+	return Field && Field->TryGetObject(OutObject);
+}
+
+void FJsonObject::SetObjectField(const FString& FieldName, const TSharedPtr<FJsonObject>& JsonObject)
+{
+	Values.Add(FieldName, MakeShared<FJsonValueObject>(JsonObject));
+}
+
+void FJsonObject::Duplicate(const TSharedPtr<const FJsonObject>& Source, TSharedPtr<FJsonObject>& OutCopy)
+{
+	if (!Source)
+	{
+		OutCopy = nullptr;
+		return;
+	}
+	OutCopy = MakeShared<FJsonObject>();
+	for (const auto& Pair : Source->Values)
+	{
+		OutCopy->SetField(Pair.Key, FJsonValue::Duplicate(Pair.Value));
+	}
+}

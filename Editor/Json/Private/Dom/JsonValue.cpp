@@ -1,0 +1,225 @@
+#include "Dom/JsonValue.h"
+
+#include "Dom/JsonObject.h"
+
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+namespace JsonValuePrivate
+{
+/** The first double above every value of the type: the type's own maximum need not be a double. */
+template <typename IntType>
+double PastMax()
+{
+	return std::ldexp(1.0, std::numeric_limits<IntType>::digits);
+}
+
+template <typename IntType>
+bool TryRound(const FJsonValue& Value, IntType& OutNumber)
+{
+	double Number = 0.0;
+	if (!Value.TryGetNumber(Number))
+	{
+		return false;
+	}
+	const double Rounded = std::round(Number);
+	const double Min = static_cast<double>(std::numeric_limits<IntType>::min());
+	if (!(Rounded >= Min && Rounded < PastMax<IntType>()))
+	{
+		return false;
+	}
+	OutNumber = static_cast<IntType>(Rounded);
+	return true;
+}
+
+bool EqualArrays(const TArray<TSharedPtr<FJsonValue>>& Left, const TArray<TSharedPtr<FJsonValue>>& Right)
+{
+	if (Left.Num() != Right.Num())
+	{
+		return false;
+	}
+	for (int32 Index = 0; Index < Left.Num(); ++Index)
+	{
+		if (!Left[Index] || !Right[Index] || !FJsonValue::CompareEqual(*Left[Index], *Right[Index]))
+		{
+			return false;
+		}
+	}
+	return true;
+}
+
+bool EqualObjects(const TSharedPtr<FJsonObject>& Left, const TSharedPtr<FJsonObject>& Right)
+{
+	if (!Left || !Right)
+	{
+		return !Left && !Right;
+	}
+	if (Left->Values.Num() != Right->Values.Num())
+	{
+		return false;
+	}
+	for (const auto& Pair : Left->Values)
+	{
+		const TSharedPtr<FJsonValue> Other = Right->TryGetField(Pair.Key);
+		if (!Pair.Value || !Other || !FJsonValue::CompareEqual(*Pair.Value, *Other))
+		{
+			return false;
+		}
+	}
+	return true;
+}
+
+TArray<TSharedPtr<FJsonValue>> DuplicateArray(const TArray<TSharedPtr<FJsonValue>>& Source)
+{
+	TArray<TSharedPtr<FJsonValue>> Copy;
+	Copy.Reserve(Source.Num());
+	for (const TSharedPtr<FJsonValue>& Element : Source)
+	{
+		Copy.Add(FJsonValue::Duplicate(Element));
+	}
+	return Copy;
+}
+} // namespace JsonValuePrivate
+
+double FJsonValue::AsNumber() const
+{
+	double Number = 0.0;
+	TryGetNumber(Number);
+	return Number;
+}
+
+FString FJsonValue::AsString() const
+{
+	FString String;
+	TryGetString(String);
+	return String;
+}
+
+bool FJsonValue::AsBool() const
+{
+	bool bBool = false;
+	TryGetBool(bBool);
+	return bBool;
+}
+
+const TArray<TSharedPtr<FJsonValue>>& FJsonValue::AsArray() const
+{
+	static const TArray<TSharedPtr<FJsonValue>> Empty;
+	const TArray<TSharedPtr<FJsonValue>>* Array = &Empty;
+	TryGetArray(Array);
+	return *Array;
+}
+
+const TSharedPtr<FJsonObject>& FJsonValue::AsObject() const
+{
+	static const TSharedPtr<FJsonObject> None;
+	const TSharedPtr<FJsonObject>* Object = &None;
+	TryGetObject(Object);
+	return *Object;
+}
+
+bool FJsonValue::TryGetNumber(float& OutNumber) const
+{
+	double Number = 0.0;
+	if (!TryGetNumber(Number))
+	{
+		return false;
+	}
+	OutNumber = static_cast<float>(Number);
+	return true;
+}
+
+bool FJsonValue::TryGetNumber(int8& OutNumber) const
+{
+	return JsonValuePrivate::TryRound(*this, OutNumber);
+}
+
+bool FJsonValue::TryGetNumber(int16& OutNumber) const
+{
+	return JsonValuePrivate::TryRound(*this, OutNumber);
+}
+
+bool FJsonValue::TryGetNumber(int32& OutNumber) const
+{
+	return JsonValuePrivate::TryRound(*this, OutNumber);
+}
+
+bool FJsonValue::TryGetNumber(int64& OutNumber) const
+{
+	return JsonValuePrivate::TryRound(*this, OutNumber);
+}
+
+bool FJsonValue::TryGetNumber(uint8& OutNumber) const
+{
+	return JsonValuePrivate::TryRound(*this, OutNumber);
+}
+
+bool FJsonValue::TryGetNumber(uint16& OutNumber) const
+{
+	return JsonValuePrivate::TryRound(*this, OutNumber);
+}
+
+bool FJsonValue::TryGetNumber(uint32& OutNumber) const
+{
+	return JsonValuePrivate::TryRound(*this, OutNumber);
+}
+
+bool FJsonValue::TryGetNumber(uint64& OutNumber) const
+{
+	return JsonValuePrivate::TryRound(*this, OutNumber);
+}
+
+bool FJsonValue::CompareEqual(const FJsonValue& Left, const FJsonValue& Right)
+{
+	if (Left.Type != Right.Type)
+	{
+		return false;
+	}
+	switch (Left.Type)
+	{
+	case EJson::None:
+	case EJson::Null:
+		return true;
+	case EJson::String:
+		return Left.AsString().Equals(Right.AsString(), ESearchCase::CaseSensitive);
+	case EJson::Number:
+		return Left.AsNumber() == Right.AsNumber();
+	case EJson::Boolean:
+		return Left.AsBool() == Right.AsBool();
+	case EJson::Array:
+		return JsonValuePrivate::EqualArrays(Left.AsArray(), Right.AsArray());
+	case EJson::Object:
+		return JsonValuePrivate::EqualObjects(Left.AsObject(), Right.AsObject());
+	}
+	return false;
+}
+
+TSharedPtr<FJsonValue> FJsonValue::Duplicate(const TSharedPtr<const FJsonValue>& Source)
+{
+	if (!Source)
+	{
+		return nullptr;
+	}
+	switch (Source->Type)
+	{
+	case EJson::None:
+	case EJson::Null:
+		return MakeShared<FJsonValueNull>();
+	case EJson::String:
+		return MakeShared<FJsonValueString>(Source->AsString());
+	case EJson::Number:
+		return MakeShared<FJsonValueNumber>(Source->AsNumber());
+	case EJson::Boolean:
+		return MakeShared<FJsonValueBoolean>(Source->AsBool());
+	case EJson::Array:
+		return MakeShared<FJsonValueArray>(JsonValuePrivate::DuplicateArray(Source->AsArray()));
+	case EJson::Object:
+	{
+		TSharedPtr<FJsonObject> Copy;
+		FJsonObject::Duplicate(Source->AsObject(), Copy);
+		return MakeShared<FJsonValueObject>(Copy);
+	}
+	}
+	return nullptr;
+}

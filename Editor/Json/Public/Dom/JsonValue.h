@@ -1,0 +1,182 @@
+#pragma once
+
+#include "Containers/Array.h"
+#include "Containers/UnrealString.h"
+#include "Serialization/JsonTypes.h"
+#include "Templates/SharedPointer.h"
+
+class FJsonObject;
+
+/**
+ * One JSON value of any kind.
+ *
+ * Types are strict in both directions: the TryGet functions succeed for a value of that very JSON type only, so a
+ * number is never taken for a string nor the text "1" for a number. A failing TryGet leaves its output as it was. The
+ * As functions answer an empty value where the type does not fit.
+ */
+class FJsonValue
+{
+public:
+	FJsonValue(const FJsonValue&) = delete;
+	FJsonValue& operator=(const FJsonValue&) = delete;
+	virtual ~FJsonValue() = default;
+
+	double AsNumber() const;
+	FString AsString() const;
+	bool AsBool() const;
+	const TArray<TSharedPtr<FJsonValue>>& AsArray() const;
+	/** Null when this is not an object. */
+	const TSharedPtr<FJsonObject>& AsObject() const;
+
+	virtual bool TryGetNumber(double& OutNumber) const { return false; }
+	virtual bool TryGetString(FString& OutString) const { return false; }
+	virtual bool TryGetBool(bool& bOutBool) const { return false; }
+	/** The array belongs to the value. */
+	virtual bool TryGetArray(const TArray<TSharedPtr<FJsonValue>>*& OutArray) const { return false; }
+	virtual bool TryGetObject(const TSharedPtr<FJsonObject>*& OutObject) const { return false; }
+
+	/** Integers round halves away from zero; a number outside the type's range fails. */
+	bool TryGetNumber(float& OutNumber) const;
+	bool TryGetNumber(int8& OutNumber) const;
+	bool TryGetNumber(int16& OutNumber) const;
+	bool TryGetNumber(int32& OutNumber) const;
+	bool TryGetNumber(int64& OutNumber) const;
+	bool TryGetNumber(uint8& OutNumber) const;
+	bool TryGetNumber(uint16& OutNumber) const;
+	bool TryGetNumber(uint32& OutNumber) const;
+	bool TryGetNumber(uint64& OutNumber) const;
+
+	bool IsNull() const { return Type == EJson::Null || Type == EJson::None; }
+
+	/** Same type and same content. Members of objects compare by name, whatever their order; strings respect case. */
+	static bool CompareEqual(const FJsonValue& Left, const FJsonValue& Right);
+
+	/** A copy that shares nothing with its source. Null for null. */
+	static TSharedPtr<FJsonValue> Duplicate(const TSharedPtr<const FJsonValue>& Source);
+
+	const EJson Type;
+
+protected:
+	explicit FJsonValue(EJson InType)
+		: Type(InType)
+	{
+	}
+};
+
+class FJsonValueString : public FJsonValue
+{
+public:
+	explicit FJsonValueString(const FString& InString)
+		: FJsonValue(EJson::String)
+		, Value(InString)
+	{
+	}
+	explicit FJsonValueString(FString&& InString)
+		: FJsonValue(EJson::String)
+		, Value(MoveTemp(InString))
+	{
+	}
+
+	bool TryGetString(FString& OutString) const override
+	{
+		OutString = Value;
+		return true;
+	}
+
+	const FString& GetValue() const { return Value; }
+
+protected:
+	FString Value;
+};
+
+class FJsonValueNumber : public FJsonValue
+{
+public:
+	explicit FJsonValueNumber(double InNumber)
+		: FJsonValue(EJson::Number)
+		, Value(InNumber)
+	{
+	}
+
+	using FJsonValue::TryGetNumber;
+	bool TryGetNumber(double& OutNumber) const override
+	{
+		OutNumber = Value;
+		return true;
+	}
+
+protected:
+	double Value;
+};
+
+class FJsonValueBoolean : public FJsonValue
+{
+public:
+	explicit FJsonValueBoolean(bool bInBool)
+		: FJsonValue(EJson::Boolean)
+		, Value(bInBool)
+	{
+	}
+
+	bool TryGetBool(bool& bOutBool) const override
+	{
+		bOutBool = Value;
+		return true;
+	}
+
+protected:
+	bool Value;
+};
+
+class FJsonValueArray : public FJsonValue
+{
+public:
+	explicit FJsonValueArray(const TArray<TSharedPtr<FJsonValue>>& InArray)
+		: FJsonValue(EJson::Array)
+		, Value(InArray)
+	{
+	}
+	explicit FJsonValueArray(TArray<TSharedPtr<FJsonValue>>&& InArray)
+		: FJsonValue(EJson::Array)
+		, Value(MoveTemp(InArray))
+	{
+	}
+
+	bool TryGetArray(const TArray<TSharedPtr<FJsonValue>>*& OutArray) const override
+	{
+		OutArray = &Value;
+		return true;
+	}
+
+protected:
+	TArray<TSharedPtr<FJsonValue>> Value;
+};
+
+class FJsonValueObject : public FJsonValue
+{
+public:
+	/** A null object is written as JSON null. */
+	explicit FJsonValueObject(TSharedPtr<FJsonObject> InObject)
+		: FJsonValue(EJson::Object)
+		, Value(MoveTemp(InObject))
+	{
+	}
+
+	bool TryGetObject(const TSharedPtr<FJsonObject>*& OutObject) const override
+	{
+		OutObject = &Value;
+		return true;
+	}
+
+protected:
+	TSharedPtr<FJsonObject> Value;
+};
+
+class FJsonValueNull : public FJsonValue
+{
+public:
+	FJsonValueNull()
+		: FJsonValue(EJson::Null)
+	{
+	}
+};

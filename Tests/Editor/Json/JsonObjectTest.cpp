@@ -1,0 +1,146 @@
+#include "Dom/JsonObject.h"
+#include "Containers/StringConv.h"
+#include "Serialization/JsonUtf8.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace JsonObjectTest
+{
+TSharedPtr<FJsonObject> Parse(const std::string& Text)
+{
+	TSharedPtr<FJsonObject> Object;
+	FString Error;
+	EXPECT_TRUE(JsonUtf8::Parse(Text, Object, Error)) << Text << ": " << ToUtf8(Error);
+	return Object;
+}
+
+std::string Write(const FJsonObject& Object)
+{
+	std::string Text;
+	JsonUtf8::Write(Object, Text);
+	return Text;
+}
+
+template <typename IntType>
+std::string ReadAs(const FJsonObject& Object)
+{
+	IntType Number = 77;
+	return Object.TryGetNumberField(TEXT("n"), Number) ? std::to_string(Number) : Number == 77 ? "no" : "changed";
+}
+} // namespace JsonObjectTest
+
+TEST(JsonObject, WrongTypeCountsAsMissingAndLeavesTheOutput)
+{
+	const TSharedPtr<FJsonObject> Object = JsonObjectTest::Parse(
+		R"({"string":"1","number":1,"bool":true,"array":["1"],"object":{},"null":null})");
+	for (const TCHAR* Name :
+		{TEXT("string"), TEXT("number"), TEXT("bool"), TEXT("array"), TEXT("object"), TEXT("null"), TEXT("none")})
+	{
+		const FString Key(Name);
+		const auto Is = [&Key](const TCHAR* Other) { return Key.Equals(Other, ESearchCase::CaseSensitive); };
+		const std::string Label = ToUtf8(Key);
+
+		FString String = TEXT("kept");
+		EXPECT_EQ(Object->TryGetStringField(Key, String), Is(TEXT("string"))) << Label;
+		EXPECT_TRUE(String.Equals(Is(TEXT("string")) ? TEXT("1") : TEXT("kept"))) << Label;
+		double Number = -5.0;
+		EXPECT_EQ(Object->TryGetNumberField(Key, Number), Is(TEXT("number"))) << Label;
+		EXPECT_EQ(Number, Is(TEXT("number")) ? 1.0 : -5.0) << Label;
+		bool bBool = false;
+		EXPECT_EQ(Object->TryGetBoolField(Key, bBool), Is(TEXT("bool"))) << Label;
+		EXPECT_EQ(bBool, Is(TEXT("bool"))) << Label;
+		const TArray<TSharedPtr<FJsonValue>>* Array = nullptr;
+		EXPECT_EQ(Object->TryGetArrayField(Key, Array), Is(TEXT("array"))) << Label;
+		EXPECT_EQ(Array != nullptr, Is(TEXT("array"))) << Label;
+		const TSharedPtr<FJsonObject>* Child = nullptr;
+		EXPECT_EQ(Object->TryGetObjectField(Key, Child), Is(TEXT("object"))) << Label;
+		EXPECT_EQ(Child != nullptr, Is(TEXT("object"))) << Label;
+		EXPECT_EQ(Object->HasField(Key), !Is(TEXT("none"))) << Label;
+		EXPECT_EQ(Object->HasTypedField<EJson::Null>(Key), Is(TEXT("null"))) << Label;
+	}
+}
+
+TEST(JsonObject, GettersAnswerEmptyValuesWhereNothingFits)
+{
+	const TSharedPtr<FJsonObject> Object = JsonObjectTest::Parse(R"({"s":"text","n":2.5})");
+	EXPECT_EQ(Object->GetNumberField(TEXT("s")), 0.0);
+	EXPECT_TRUE(Object->GetStringField(TEXT("n")).IsEmpty());
+	EXPECT_FALSE(Object->GetBoolField(TEXT("n")));
+	EXPECT_EQ(Object->GetArrayField(TEXT("s")).Num(), 0);
+	EXPECT_FALSE(Object->GetObjectField(TEXT("s")).IsValid());
+	EXPECT_TRUE(Object->GetField<EJson::Array>(TEXT("s"))->IsNull());
+	EXPECT_EQ(Object->GetIntegerField(TEXT("n")), 3);
+}
+
+TEST(JsonObject, NamesRespectCaseAndKeepTheirPlace)
+{
+	FJsonObject Object;
+	Object.SetNumberField(TEXT("Path"), 1);
+	Object.SetNumberField(TEXT("path"), 2);
+	Object.SetStringField(TEXT("z"), TEXT("last"));
+	Object.SetBoolField(TEXT("Path"), true);
+	EXPECT_EQ(JsonObjectTest::Write(Object), R"({"Path":true,"path":2,"z":"last"})");
+	Object.RemoveField(TEXT("Path"));
+	Object.RemoveField(TEXT("PATH"));
+	Object.SetField(TEXT("Path"), nullptr);
+	EXPECT_EQ(JsonObjectTest::Write(Object), R"({"path":2,"z":"last","Path":null})");
+}
+
+TEST(JsonObject, IntegersRoundAndRefuseWhatDoesNotFit)
+{
+	struct FCase
+	{
+		const char* Number;
+		const char* AsInt32;
+		const char* AsUint8;
+		const char* AsInt64;
+	};
+	const FCase Cases[] = {
+		{"0", "0", "0", "0"},
+		{"2.5", "3", "3", "3"},
+		{"-2.5", "-3", "no", "-3"},
+		{"-0.4", "0", "0", "0"},
+		{"255.4", "255", "255", "255"},
+		{"255.5", "256", "no", "256"},
+		{"2147483647", "2147483647", "no", "2147483647"},
+		{"2147483648", "no", "no", "2147483648"},
+		{"-2147483648", "-2147483648", "no", "-2147483648"},
+		{"9223372036854775807", "no", "no", "no"},
+		{"-9223372036854775808", "no", "no", "-9223372036854775808"},
+		{"1e300", "no", "no", "no"},
+	};
+	for (const FCase& Case : Cases)
+	{
+		const TSharedPtr<FJsonObject> Object = JsonObjectTest::Parse(std::string("{\"n\":") + Case.Number + "}");
+		EXPECT_EQ(JsonObjectTest::ReadAs<int32>(*Object), Case.AsInt32) << Case.Number;
+		EXPECT_EQ(JsonObjectTest::ReadAs<uint8>(*Object), Case.AsUint8) << Case.Number;
+		EXPECT_EQ(JsonObjectTest::ReadAs<int64>(*Object), Case.AsInt64) << Case.Number;
+	}
+}
+
+TEST(JsonObject, StringArrayIsAllOrNothing)
+{
+	const TSharedPtr<FJsonObject> Object = JsonObjectTest::Parse(R"({"good":["a","b"],"mixed":["a",1],"text":"a"})");
+	TArray<FString> Strings = {TEXT("kept")};
+	EXPECT_FALSE(Object->TryGetStringArrayField(TEXT("mixed"), Strings));
+	EXPECT_FALSE(Object->TryGetStringArrayField(TEXT("text"), Strings));
+	EXPECT_EQ(Strings.Num(), 1);
+	EXPECT_TRUE(Object->TryGetStringArrayField(TEXT("good"), Strings));
+	EXPECT_EQ(Strings.Num(), 2);
+}
+
+TEST(JsonObject, CopyIsEqualAndIndependent)
+{
+	const TSharedPtr<FJsonObject> Source = JsonObjectTest::Parse(R"({"a":[1,{"b":"c"}],"n":null,"t":true})");
+	TSharedPtr<FJsonObject> Copy;
+	FJsonObject::Duplicate(Source, Copy);
+	const FJsonValueObject Left(Source);
+	EXPECT_TRUE(FJsonValue::CompareEqual(Left, FJsonValueObject(Copy)));
+	Copy->GetArrayField(TEXT("a"))[1]->AsObject()->SetStringField(TEXT("b"), TEXT("C"));
+	EXPECT_FALSE(FJsonValue::CompareEqual(Left, FJsonValueObject(Copy)));
+	EXPECT_EQ(JsonObjectTest::Write(*Source), R"({"a":[1,{"b":"c"}],"n":null,"t":true})");
+	EXPECT_TRUE(FJsonValue::CompareEqual(FJsonValueObject(JsonObjectTest::Parse(R"({"x":1,"y":2})")),
+		FJsonValueObject(JsonObjectTest::Parse(R"({"y":2,"x":1})"))));
+}
