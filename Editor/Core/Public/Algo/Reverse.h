@@ -1,0 +1,12 @@
+#pragma once
+
+#include <algorithm>
+
+namespace Algo
+{
+template <typename RangeType>
+void Reverse(RangeType&& Range)
+{
+	std::reverse(Range.begin(), Range.end());
+}
+}

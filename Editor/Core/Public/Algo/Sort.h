@@ -1,0 +1,29 @@
+#pragma once
+
+#include <algorithm>
+#include <functional>
+
+namespace Algo
+{
+template <typename RangeType>
+void Sort(RangeType&& Range)
+{
+	std::sort(Range.begin(), Range.end(), std::less<>());
+}
+template <typename RangeType, typename Predicate>
+void Sort(RangeType&& Range, Predicate Less)
+{
+	std::sort(Range.begin(), Range.end(), Less);
+}
+template <typename RangeType, typename Predicate>
+void StableSort(RangeType&& Range, Predicate Less)
+{
+	std::stable_sort(Range.begin(), Range.end(), Less);
+}
+template <typename RangeType, typename Projection>
+void SortBy(RangeType&& Range, Projection Project)
+{
+	std::sort(Range.begin(), Range.end(),
+		[&](const auto& Left, const auto& Right) { return std::invoke(Project, Left) < std::invoke(Project, Right); });
+}
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+using int8 = std::int8_t;
+using int16 = std::int16_t;
+using int32 = std::int32_t;
+using int64 = long long;
+using uint8 = std::uint8_t;
+using uint16 = std::uint16_t;
+using uint32 = std::uint32_t;
+using uint64 = unsigned long long;
+using UPTRINT = std::uintptr_t;
+using PTRINT = std::intptr_t;
+using SIZE_T = std::size_t;
+using SSIZE_T = std::ptrdiff_t;
+
+using ANSICHAR = char;
+using WIDECHAR = wchar_t;
+using TCHAR = WIDECHAR;
+using UTF8CHAR = char8_t;
+using UTF16CHAR = char16_t;
+using UTF32CHAR = char32_t;
+
+#define TEXT_PASTE(Literal) L##Literal
+#define TEXT(Literal) TEXT_PASTE(Literal)
+
+#define FORCEINLINE inline
+#define FORCENOINLINE
+#define UE_NODISCARD [[nodiscard]]
+#define PRAGMA_DISABLE_DEPRECATION_WARNINGS
+#define PRAGMA_ENABLE_DEPRECATION_WARNINGS
+#define UE_DEPRECATED(Version, Message)
+#define LINE_TERMINATOR TEXT("\n")
+#define LIKELY(Condition) (Condition)
+#define UNLIKELY(Condition) (Condition)
+
+#define WITH_EDITOR 1
+#define WITH_EDITORONLY_DATA 1
+
+// Everything is linked statically, so the export macros of the modules are empty.
+#define CORE_API
+#define COREUOBJECT_API
+#define ENGINE_API
+#define JSON_API
+#define JSONUTILITIES_API
+#define PROJECTS_API
+#define ASSETREGISTRY_API
+#define ASSETTOOLS_API
+#define GAMEPLAYTAGS_API
+#define MOVIESCENE_API
+#define MOVIESCENETRACKS_API
+#define SLATECORE_API
+#define SLATE_API
+#define INPUTCORE_API
+#define ENHANCEDINPUT_API
+#define UNREALED_API
+#define KISMET_API
+#define KISMETCOMPILER_API
+#define BLUEPRINTGRAPH_API
+#define GRAPHEDITOR_API
+#define ANIMGRAPH_API
+#define UMG_API
+#define UMGEDITOR_API
+#define SUBOBJECTDATAINTERFACE_API
+#define SOURCECONTROL_API
+#define MORVANECORE_API
+#define MORVANETOOLKIT_API
+#define MORVANETOOLKIT_BLUEPRINT_API

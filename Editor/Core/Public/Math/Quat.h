@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Math/Rotator.h"
+
+struct FQuat
+{
+	double X = 0.0;
+	double Y = 0.0;
+	double Z = 0.0;
+	double W = 1.0;
+
+	static const FQuat Identity;
+
+	constexpr FQuat() = default;
+	constexpr FQuat(double InX, double InY, double InZ, double InW)
+		: X(InX)
+		, Y(InY)
+		, Z(InZ)
+		, W(InW)
+	{
+	}
+	explicit FQuat(const FRotator& Rotator)
+		: FQuat(Rotator.Quaternion())
+	{
+	}
+
+	FString ToString() const;
+	bool InitFromString(const FString& Text);
+	FRotator Rotator() const;
+	FVector RotateVector(const FVector& Vector) const;
+	constexpr FQuat Inverse() const { return {-X, -Y, -Z, W}; }
+	FQuat GetNormalized() const;
+	bool IsIdentity(double Tolerance = UE_SMALL_NUMBER) const;
+	/** A quaternion and its negative are the same turn. */
+	bool Equals(const FQuat& Other, double Tolerance = UE_KINDA_SMALL_NUMBER) const;
+
+	/** First B, then A. */
+	friend FQuat operator*(const FQuat& A, const FQuat& B);
+	friend constexpr bool operator==(const FQuat& A, const FQuat& B)
+	{
+		return A.X == B.X && A.Y == B.Y && A.Z == B.Z && A.W == B.W;
+	}
+};

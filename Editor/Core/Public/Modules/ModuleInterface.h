@@ -1,0 +1,16 @@
+#pragma once
+
+#include "CoreTypes.h"
+
+class IModuleInterface
+{
+public:
+	virtual ~IModuleInterface() = default;
+	virtual void StartupModule() {}
+	virtual void ShutdownModule() {}
+	virtual bool IsGameModule() const { return false; }
+};
+
+class FDefaultModuleImpl : public IModuleInterface
+{
+};
