@@ -303,7 +303,7 @@ public:
 		ExcludeSuper,
 		IncludeSuper,
 	};
-	UFunction* FindFunctionByName(FName Name, EIncludeSuperFlag IncludeSuper = IncludeSuper) const;
+	UFunction* FindFunctionByName(FName Name, EIncludeSuperFlag IncludeSuperFlag = IncludeSuper) const;
 	bool ImplementsInterface(const UClass* SomeInterface) const;
 
 	/** The class default object, made on first use unless bCreateIfNeeded is false. */

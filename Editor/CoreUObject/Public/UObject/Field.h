@@ -52,7 +52,7 @@ public:                                                                         
 	using Super = TSuper;                                                                                              \
 	static const FFieldClass* StaticClass()                                                                            \
 	{                                                                                                                  \
-		static const FFieldClass Class(TEXT(#TField) + 1, TSuper::StaticClass());                                      \
+		static const FFieldClass Class(&TEXT(#TField)[1], TSuper::StaticClass());                                      \
 		return &Class;                                                                                                 \
 	}                                                                                                                  \
 	const FFieldClass* GetClass() const override { return StaticClass(); }

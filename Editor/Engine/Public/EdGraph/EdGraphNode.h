@@ -41,6 +41,16 @@ enum class ENodeEnabledState : uint8
 	DevelopmentOnly,
 };
 
+/** What a new pin has beyond its terminal type; UEdGraphNode::FCreatePinParams. */
+struct FCreateGraphPinParams
+{
+	EPinContainerType ContainerType = EPinContainerType::None;
+	bool bIsReference = false;
+	bool bIsConst = false;
+	int32 Index = INDEX_NONE;
+	FEdGraphTerminalType ValueTerminalType;
+};
+
 /** A node of a graph: where it stands, what it says, and its pins in order. */
 class UEdGraphNode : public UObject
 {
@@ -67,14 +77,7 @@ public:
 		return Found ? *Found : nullptr;
 	}
 
-	struct FCreatePinParams
-	{
-		EPinContainerType ContainerType = EPinContainerType::None;
-		bool bIsReference = false;
-		bool bIsConst = false;
-		int32 Index = INDEX_NONE;
-		FEdGraphTerminalType ValueTerminalType;
-	};
+	using FCreatePinParams = FCreateGraphPinParams;
 	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, const FEdGraphPinType& InPinType, FName PinName, int32 Index = INDEX_NONE);
 	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, FName PinCategory, FName PinName, const FCreatePinParams& PinParams = FCreatePinParams());
 	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, FName PinCategory, FName PinSubCategory, FName PinName, const FCreatePinParams& PinParams = FCreatePinParams());
