@@ -1,0 +1,14 @@
+#pragma once
+
+class FJsonObject;
+namespace Morvane
+{
+class FToolResult;
+}
+
+/** Tool: compiles a batch of Blueprints, saves those that compile, and reports what the compiler said. */
+class FBlueprintCompileOperation
+{
+public:
+	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);
+};

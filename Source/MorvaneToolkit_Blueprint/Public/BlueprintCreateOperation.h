@@ -1,0 +1,14 @@
+#pragma once
+
+class FJsonObject;
+namespace Morvane
+{
+class FToolResult;
+}
+
+/** Tool: makes a new Blueprint asset of any kind, in memory; the kind follows from the parent class. */
+class FBlueprintCreateOperation
+{
+public:
+	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);
+};
