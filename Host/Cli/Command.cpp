@@ -1,0 +1,25 @@
+#include "Cli/Command.h"
+
+#include <cstdio>
+
+#include "Dom/JsonValue.h"
+#include "Serialization/JsonUtf8.h"
+
+void FCommandContext::Print(const std::string& Json) const
+{
+	TSharedPtr<FJsonValue> Value;
+	FString Error;
+	if (!Options.bPretty || !JsonUtf8::ParseValue(Json, Value, Error))
+	{
+		Output.WriteLine(Json);
+		return;
+	}
+	std::string Text;
+	JsonUtf8::WriteValue(*Value, Text, true);
+	Output.WriteLine(Text);
+}
+
+void Complain(const std::string& Text)
+{
+	std::fprintf(stderr, "morvane: %s\n", Text.c_str());
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Cli/Command.h"
+
+/** One command of the program. */
+struct FCommandRow
+{
+	std::string Name;
+	std::string Summary;
+	std::unique_ptr<ICommand> (*Make)();
+};
+
+/** All commands, in the order in which the help shows them. To add one: a file with its Make function here, and a row.
+ */
+const std::vector<FCommandRow>& GetCommandTable();
+
+std::unique_ptr<ICommand> MakeServeCommand();
+std::unique_ptr<ICommand> MakeCallCommand();
+std::unique_ptr<ICommand> MakeRunCommand();
+std::unique_ptr<ICommand> MakeToolsCommand();

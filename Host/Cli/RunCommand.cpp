@@ -1,0 +1,81 @@
+#include <CLI/CLI.hpp>
+
+#include "Cli/CommandTable.h"
+#include "Cli/JsonArgument.h"
+#include "Serialization/JsonUtf8.h"
+#include "Server/JsonFields.h"
+#include "Server/LineReader.h"
+#include "Server/ResultJson.h"
+#include "Server/StdioServer.h"
+
+namespace RunCommandPrivate
+{
+FToolOutcome Fail(const std::string& Reason)
+{
+	return {ResultJson::Failure(Reason), false};
+}
+
+FToolOutcome RunLine(IToolHost& Tools, const std::string_view Line)
+{
+	std::string Error;
+	if (!JsonUtf8::Check(Line, Error))
+	{
+		return Fail("The line is not JSON: " + Error);
+	}
+	FJsonFields Call;
+	if (Call.Read(Line) != FJsonFields::EOutcome::Read)
+	{
+		return Fail("The line is not a JSON object");
+	}
+	const std::optional<std::string> Tool = Call.FindString("tool");
+	if (!Tool)
+	{
+		return Fail("The line has no \"tool\"");
+	}
+	const std::string* Arguments = Call.Find("arguments");
+	return Tools.CallTool(*Tool, Arguments ? *Arguments : "{}");
+}
+} // namespace RunCommandPrivate
+
+/** morvane run SCRIPT.jsonl */
+class FRunCommand : public ICommand
+{
+public:
+	void Describe(CLI::App& App) override
+	{
+		App.add_option(
+			   "SCRIPT", Script, R"(File with one {"tool": ..., "arguments": {...}} a line, - for standard input)")
+			->required();
+	}
+
+	/** A failed call does not end the script. */
+	EExitStatus Run(const FCommandContext& Context) override
+	{
+		const std::optional<std::string> Text = ReadInput(Script);
+		if (!Text)
+		{
+			return EExitStatus::Misused;
+		}
+		const std::unique_ptr<IToolHost> Tools = Context.MakeToolHost(Context.Options);
+		bool bAllSucceeded = true;
+		const auto Report = [&](const FToolOutcome& Outcome)
+		{
+			bAllSucceeded = bAllSucceeded && Outcome.bSuccess;
+			Context.Print(Outcome.ResultJson);
+		};
+		FLineReader Lines(
+			MaxMessageBytes, [&](const std::string_view Line) { Report(RunCommandPrivate::RunLine(*Tools, Line)); },
+			[&] { Report(RunCommandPrivate::Fail("The line is too long")); });
+		Lines.Feed(*Text);
+		Lines.Finish();
+		return bAllSucceeded ? EExitStatus::Succeeded : EExitStatus::Failed;
+	}
+
+private:
+	std::string Script;
+};
+
+std::unique_ptr<ICommand> MakeRunCommand()
+{
+	return std::make_unique<FRunCommand>();
+}

@@ -1,0 +1,39 @@
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+
+#include "Cli/CommandTable.h"
+#include "Server/StdioServer.h"
+
+/** morvane serve */
+class FServeCommand : public ICommand
+{
+public:
+	void Describe(CLI::App& App) override
+	{
+		HttpOption = App.add_option(
+							"--http", HttpPort, "Serve Streamable HTTP on this port of 127.0.0.1 (not available yet)")
+						 ->type_name("PORT");
+	}
+
+	EExitStatus Run(const FCommandContext& Context) override
+	{
+		if (HttpOption->count() > 0)
+		{
+			Complain("Streamable HTTP is not available yet. Run without --http to serve on standard input and output.");
+			return EExitStatus::Misused;
+		}
+		const std::unique_ptr<IToolHost> Tools = Context.MakeToolHost(Context.Options);
+		FStdioServer(*Tools, STDIN_FILENO, Context.Output.GetDescriptor()).Run();
+		return EExitStatus::Succeeded;
+	}
+
+private:
+	CLI::Option* HttpOption = nullptr;
+	int HttpPort = 0;
+};
+
+std::unique_ptr<ICommand> MakeServeCommand()
+{
+	return std::make_unique<FServeCommand>();
+}

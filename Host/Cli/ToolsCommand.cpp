@@ -1,0 +1,37 @@
+#include <CLI/CLI.hpp>
+
+#include "Cli/CommandTable.h"
+#include "Schemas/ToolListing.h"
+
+/** morvane tools */
+class FToolsCommand : public ICommand
+{
+public:
+	void Describe(CLI::App& App) override
+	{
+		App.add_flag("--json", bJson, "As JSON, with the schemas of arguments and result");
+	}
+
+	EExitStatus Run(const FCommandContext& Context) override
+	{
+		const std::vector<FToolListing> Listed = Context.MakeToolHost(Context.Options)->ListTools();
+		if (bJson)
+		{
+			Context.Print(ToolListing::Json(Listed));
+			return EExitStatus::Succeeded;
+		}
+		for (const FToolListing& Tool : Listed)
+		{
+			Context.Output.WriteLine(Tool.Name + "\n    " + Tool.Description);
+		}
+		return EExitStatus::Succeeded;
+	}
+
+private:
+	bool bJson = false;
+};
+
+std::unique_ptr<ICommand> MakeToolsCommand()
+{
+	return std::make_unique<FToolsCommand>();
+}

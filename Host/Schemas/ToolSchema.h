@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+/**
+ * What a client is told about the arguments of one tool, beyond the tool's own name and description.
+ *
+ * The schema guides the model and is no gate: nothing here is checked before a call, since the tools' own messages are
+ * the contract. It stays in the part of JSON Schema that all clients share, and may point to the shared types with
+ * "$ref": "#/$defs/<name>"; those it needs are added when the tools are listed.
+ */
+struct FToolSchema
+{
+	std::string_view Name;
+	std::string_view Title;
+	bool bReadOnly = false;
+	bool bDestructive = true;
+	bool bIdempotent = false;
+	/** A JSON Schema with "type": "object". Written for reading; blanks are dropped on output. */
+	std::string_view Input;
+};
+
+namespace ToolSchemas
+{
+/** Null for a tool that this host knows nothing of. */
+const FToolSchema* Find(std::string_view ToolName);
+
+const std::vector<const FToolSchema*>& All();
+
+/** The schema of a type that several tools share; empty when there is none of that name. */
+std::string_view SharedType(std::string_view Name);
+
+/** The schema of the result object of every tool, whether it succeeded or failed. */
+std::string_view Result();
+} // namespace ToolSchemas
+
+extern const FToolSchema ReadBlueprintSchemaSchema;
+extern const FToolSchema ReadBlueprintVariableSchema;
+extern const FToolSchema ReadBlueprintComponentSchema;
+extern const FToolSchema ReadBlueprintFunctionSchema;
+extern const FToolSchema ReadBlueprintInterfaceSchema;
+extern const FToolSchema ReadBlueprintEventSchema;
+extern const FToolSchema ReadBlueprintTimelineSchema;
+extern const FToolSchema ReadBlueprintDelegateSchema;
+extern const FToolSchema ReadBlueprintMacroSchema;
+extern const FToolSchema ReadBlueprintWidgetTreeSchema;
+extern const FToolSchema ModifyBlueprintClassStructureSchema;
+extern const FToolSchema UiModifyWidgetBpSchema;
+extern const FToolSchema BpPopulateGraphSchema;
+extern const FToolSchema BpCreateGraphSchema;
+extern const FToolSchema BpModifyGraphNodesSchema;
+extern const FToolSchema BpRemoveGraphConnectionsSchema;
+extern const FToolSchema BpCreateAssetSchema;
+extern const FToolSchema DeleteBlueprintSchema;
+extern const FToolSchema CompileBlueprintSchema;
