@@ -6,14 +6,21 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wno-unused-parameter -Werror)
+# For C++ alone: the embedded data passes through the assembler of the C compiler.
+function(add_cxx_options)
+  foreach(OPTION IN LISTS ARGN)
+    add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:${OPTION}>")
+  endforeach()
+endfunction()
+
+add_cxx_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wno-unused-parameter -Werror)
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # These four report library internals of inlined std::wstring and std::function, not our code.
-  add_compile_options(-Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-maybe-uninitialized)
+  add_cxx_options(-Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-maybe-uninitialized)
 else()
   # UE_LOG and friends may be called without arguments after the format: C++20 allows it, this clang still objects.
-  add_compile_options(-Wno-gnu-zero-variadic-macro-arguments)
+  add_cxx_options(-Wno-gnu-zero-variadic-macro-arguments)
 endif()
 
 find_program(MORVANE_MOLD mold)
@@ -27,8 +34,8 @@ if(MORVANE_CCACHE)
   set(CMAKE_CXX_COMPILER_LAUNCHER
     "${CMAKE_COMMAND};-E;env;CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime;CCACHE_BASEDIR=${CMAKE_SOURCE_DIR};${MORVANE_CCACHE}")
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    add_compile_options(-fpch-preprocess)
+    add_cxx_options(-fpch-preprocess)
   else()
-    add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
+    add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:SHELL:-Xclang -fno-pch-timestamp>")
   endif()
 endif()
