@@ -1,0 +1,69 @@
+#include "ObjectText/ObjectTextWriter.h"
+#include "UObject/Object.h"
+#include "UObject/ObjectText.h"
+
+namespace KeptObjectText
+{
+struct FEntry
+{
+	FWeakObjectPtr Owner;
+	FKeptObjectText Text;
+};
+
+/** By slot in the object table. A slot that is used again has another serial number, which the weak pointer tells. */
+std::unordered_map<int32, FEntry>& Entries()
+{
+	static std::unordered_map<int32, FEntry> Table;
+	return Table;
+}
+
+/** Drops what belonged to objects that are gone, each time the table has doubled. */
+void SweepWhenGrown()
+{
+	static std::size_t NextSweep = 64;
+	std::unordered_map<int32, FEntry>& Table = Entries();
+	if (Table.size() < NextSweep)
+	{
+		return;
+	}
+	std::erase_if(Table, [](const auto& Pair) { return !Pair.second.Owner.Get(true); });
+	NextSweep = std::max<std::size_t>(64, Table.size() * 2);
+}
+} // namespace KeptObjectText
+
+const FKeptObjectText* FKeptObjectText::Find(const UObject* Object)
+{
+	const auto& Table = KeptObjectText::Entries();
+	if (Table.empty())
+	{
+		return nullptr;
+	}
+	const auto Found = Table.find(Object->GetInternalIndex());
+	return Found != Table.end() && Found->second.Owner == FWeakObjectPtr(Object) ? &Found->second.Text : nullptr;
+}
+
+FKeptObjectText& FKeptObjectText::FindOrAdd(UObject* Object)
+{
+	KeptObjectText::SweepWhenGrown();
+	KeptObjectText::FEntry& Entry = KeptObjectText::Entries()[Object->GetInternalIndex()];
+	const FWeakObjectPtr Owner(Object);
+	if (!(Entry.Owner == Owner))
+	{
+		Entry = KeptObjectText::FEntry{Owner, {}};
+	}
+	return Entry.Text;
+}
+
+void FKeptObjectText::Forget(const UObject* Object)
+{
+	KeptObjectText::Entries().erase(Object->GetInternalIndex());
+}
+
+std::string FKeptObjectText::TextOf(const FObjectTextRecord& Record)
+{
+	FObjectTextExport Options;
+	Options.bFlags = true;
+	std::string Text;
+	FObjectTextWriter(Options, Text).WriteRecord(Record);
+	return Text;
+}

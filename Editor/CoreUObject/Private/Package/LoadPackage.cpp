@@ -1,0 +1,505 @@
+#include "UObject/PackageText.h"
+
+#include "Misc/FeedbackContext.h"
+#include "Misc/PackageName.h"
+#include "Misc/PathConfinement.h"
+#include "Package/AtomicFile.h"
+#include "Package/PackageFile.h"
+#include "UObject/Class.h"
+#include "UObject/ObjectProviders.h"
+#include "UObject/ObjectText.h"
+#include "UObject/Package.h"
+
+#include <algorithm>
+#include <memory>
+#include <unordered_map>
+
+/**
+ * Reading a package. Objects come first and values after, so that packages may refer to each other in circles: whoever
+ * is asked for in the middle of its own load is answered with objects that exist and are not filled yet.
+ *
+ * What waits for PostLoad waits until the outermost package has its values. Then each package is finished, the one with
+ * the parent class before the one with the child: PostLoad rebuilds the classes that the package generates, and after
+ * that the objects of those classes (the class defaults) get their values.
+ */
+namespace PackageLoading
+{
+DEFINE_LOG_CATEGORY_STATIC(LogPackage, Log, All);
+
+enum class EStage
+{
+	Making,
+	Filling,
+	Filled,
+	Finishing,
+	Finished,
+};
+
+/** Logs problems with single values under the file's name. */
+class FFileWarnings final : public FFeedbackContext
+{
+public:
+	explicit FFileWarnings(FString InFilename)
+		: Filename(MoveTemp(InFilename))
+	{
+	}
+	void Serialize(const TCHAR* Text, ELogVerbosity::Type, const FName&) override
+	{
+		UE_LOG(LogPackage, Warning, TEXT("%s: %s"), *Filename, Text);
+	}
+
+private:
+	const FString Filename;
+};
+
+FString PackageNameOf(const FString& ClassPath)
+{
+	return FPackageName::ObjectPathToPackageName(FPackageName::ExportTextPathToObjectPath(ClassPath));
+}
+
+class FPackageLoad;
+/** Packages between their first object and the end of their PostLoad, oldest first. */
+std::vector<std::shared_ptr<FPackageLoad>>& Running()
+{
+	static std::vector<std::shared_ptr<FPackageLoad>> List;
+	return List;
+}
+
+std::unordered_map<std::string, FString>& Errors()
+{
+	static std::unordered_map<std::string, FString> Table;
+	return Table;
+}
+
+std::string ErrorKey(const FString& PackageName)
+{
+	return ToUtf8(PackageName.ToLower());
+}
+
+UPackage* Load(const FString& PackageName, uint32 LoadFlags);
+void FinishPackage(const FString& PackageName);
+
+class FPackageLoad
+{
+public:
+	FPackageLoad(std::string InBytes, FString InFilename)
+		: Bytes(MoveTemp(InBytes))
+		, Filename(MoveTemp(InFilename))
+		, Warnings(Filename)
+		, Import(Warnings, false)
+	{
+	}
+
+	/** False when the bytes are no package, or another one than expected (empty: any will do); nothing was made then.
+	 */
+	bool Read(const FString& ExpectedName)
+	{
+		if (!FPackageText::CheckBytes(Bytes, Filename, Header, Error))
+		{
+			return false;
+		}
+		if (!ExpectedName.IsEmpty() && !Header.PackageName.Equals(ExpectedName, ESearchCase::IgnoreCase))
+		{
+			Error = FString::Printf(
+				TEXT("%s: the file holds the package '%s', not '%s'"), *Filename, *Header.PackageName, *ExpectedName);
+			return false;
+		}
+		OwnClassPrefix = ToUtf8(Header.PackageName) + ".";
+		FObjectTextError Unreadable;
+		if (!Tree.ParseView(std::string_view(Bytes).substr(static_cast<std::size_t>(Header.BodyOffset)), Unreadable,
+				Header.BodyLine))
+		{
+			Error = FString::Printf(TEXT("%s, line %d: %s"), *Filename, Unreadable.LineNumber, *Unreadable.Message);
+			return false;
+		}
+		return true;
+	}
+
+	bool MakeObjects()
+	{
+		Package = CreatePackage(*Header.PackageName);
+		Package->FileName = Filename;
+		MakeOutermost();
+		if (!Asset)
+		{
+			Error = FString::Printf(TEXT("%s: the class '%s' of its asset '%s' is not known"), *Filename,
+				*Header.AssetClassPath, *Header.AssetName);
+			Abandon();
+			return false;
+		}
+		LoadClassesOfOthers();
+		const std::size_t NumOutermost = Made.size();
+		for (std::size_t Index = 0; Index < NumOutermost; ++Index)
+		{
+			MakeInner(*Made[Index].Record, Made[Index].Object);
+		}
+		return true;
+	}
+
+	void Fill()
+	{
+		Stage = EStage::Filling;
+		FillFrom(0);
+		Stage = EStage::Filled;
+	}
+
+	void Finish()
+	{
+		Stage = EStage::Finishing;
+		if (const FString* const Parent = Header.FindTag(TEXT("ParentClass")))
+		{
+			FinishPackage(PackageNameOf(*Parent));
+		}
+		PostLoadFrom(0);
+		const std::size_t NumBefore = Made.size();
+		bOwnClassesReady = true;
+		const std::vector<FDeferred> Ready = MoveTemp(Deferred);
+		for (const FDeferred& Waiting : Ready)
+		{
+			Make(*Waiting.Record, Waiting.Outer, true);
+		}
+		FillFrom(NumBefore);
+		PostLoadFrom(NumBefore);
+		Package->ClearDirtyFlag();
+		Stage = EStage::Finished;
+	}
+
+	EStage Stage = EStage::Making;
+	FPackageText::FHeader Header;
+	UPackage* Package = nullptr;
+	FString Error;
+
+private:
+	struct FDeferred
+	{
+		const FObjectTextRecord* Record;
+		UObject* Outer;
+	};
+	struct FMade
+	{
+		const FObjectTextRecord* Record;
+		UObject* Object;
+		int32 Depth;
+	};
+
+	bool IsOfOwnClass(const FObjectTextRecord& Record) const
+	{
+		return Record.ClassPath.substr(0, OwnClassPrefix.size()) == OwnClassPrefix;
+	}
+
+	void MakeOutermost()
+	{
+		for (const FObjectTextRecord& Record : Tree.Objects)
+		{
+			UObject* const Object = Make(Record, Package, false);
+			if (Object && Object->GetName().Equals(Header.AssetName, ESearchCase::IgnoreCase))
+			{
+				Asset = Object;
+			}
+		}
+	}
+
+	/** The record's object, null when it waits for its class or can only be kept as text. */
+	UObject* Make(const FObjectTextRecord& Record, UObject* Outer, bool bWithInner)
+	{
+		if (!bOwnClassesReady && IsOfOwnClass(Record))
+		{
+			Deferred.push_back({&Record, Outer});
+			return nullptr;
+		}
+		UObject* const Object = MakeOrFind(Record, Outer);
+		if (!Object)
+		{
+			const bool bIsAsset = Outer == Package
+				&& Record.GetName().Equals(Header.AssetName, ESearchCase::IgnoreCase);
+			if (!bIsAsset)
+			{
+				Warnings.Logf(TEXT("line %d: the class '%s' of '%s' is not known; the object is kept as text"),
+					Record.LineNumber, *Record.GetClassPath(), *Record.GetName());
+				FKeptObjectText::FindOrAdd(Outer).Objects.push_back(FKeptObjectText::TextOf(Record));
+			}
+			return nullptr;
+		}
+		Object->SetFlags(static_cast<EObjectFlags>(Record.Flags | RF_NeedLoad | RF_NeedPostLoad | RF_WasLoaded));
+		Made.push_back({&Record, Object, DepthOf(Outer)});
+		if (bWithInner)
+		{
+			MakeInner(Record, Object);
+		}
+		return Object;
+	}
+
+	void MakeInner(const FObjectTextRecord& Record, UObject* Object)
+	{
+		for (const FObjectTextRecord& Inner : Record.Inner)
+		{
+			Make(Inner, Object, true);
+		}
+	}
+
+	UObject* MakeOrFind(const FObjectTextRecord& Record, UObject* Outer)
+	{
+		if (Record.ClassPath.empty())
+		{
+			return FObjectTextImport::DefaultFactory(Record, Outer);
+		}
+		const auto [Entry, bAdded] = Classes.try_emplace(Record.ClassPath, nullptr);
+		if (bAdded)
+		{
+			Entry->second = FObjectTextImport::FindClass(Record.ClassPath);
+		}
+		UClass* const Class = Entry->second;
+		if (!Class || !Class->GetNativeClass())
+		{
+			return Class ? nullptr : FObjectTextImport::DefaultFactory(Record, Outer);
+		}
+		const FString Name = Record.GetName();
+		if (Outer == Package && Name.StartsWith(TEXT("Default__"), ESearchCase::CaseSensitive))
+		{
+			UObject* const Default = Class->GetDefaultObject();
+			if (Default && Default->GetName().Equals(Name, ESearchCase::IgnoreCase))
+			{
+				return Default;
+			}
+		}
+		return NewObject<UObject>(Outer, Class, FName(Name), Record.Flags);
+	}
+
+	static int32 DepthOf(const UObject* Outer)
+	{
+		int32 Depth = 0;
+		for (; Outer; Outer = Outer->GetOuter())
+		{
+			++Depth;
+		}
+		return Depth;
+	}
+
+	/** Classes that other packages generate are rebuilt before objects of them are made here. */
+	void LoadClassesOfOthers()
+	{
+		TArray<FString> Wanted;
+		if (const FString* const Parent = Header.FindTag(TEXT("ParentClass")))
+		{
+			Wanted.AddUnique(PackageNameOf(*Parent));
+		}
+		for (const FObjectTextRecord& Record : Tree.Objects)
+		{
+			CollectClassPackages(Record, Wanted);
+		}
+		for (const FString& PackageName : Wanted)
+		{
+			if (!FPackageName::IsScriptPackage(PackageName) && PackageName != Header.PackageName)
+			{
+				Load(PackageName, LOAD_None);
+				FinishPackage(PackageName);
+			}
+		}
+	}
+
+	static void CollectClassPackages(const FObjectTextRecord& Record, TArray<FString>& OutPackages)
+	{
+		for (const FObjectTextRecord& Inner : Record.Inner)
+		{
+			if (Inner.ClassPath.substr(0, 8) != "/Script/" && Inner.ClassPath.substr(0, 1) == "/")
+			{
+				OutPackages.AddUnique(PackageNameOf(Inner.GetClassPath()));
+			}
+			CollectClassPackages(Inner, OutPackages);
+		}
+	}
+
+	/** Values of a package can load others, which come back here with loads of their own; this list does not grow by
+	 * that. */
+	void FillFrom(std::size_t First)
+	{
+		for (std::size_t Index = First; Index < Made.size(); ++Index)
+		{
+			Import.ImportInto(Made[Index].Object, *Made[Index].Record);
+			Made[Index].Object->ClearFlags(RF_NeedLoad);
+		}
+	}
+
+	/** Inner objects before outer ones and the asset last, so that whoever looks down finds everything ready. */
+	void PostLoadFrom(std::size_t First)
+	{
+		std::vector<FMade> Order(Made.begin() + static_cast<std::ptrdiff_t>(First), Made.end());
+		std::stable_sort(Order.begin(), Order.end(),
+			[this](const FMade& Left, const FMade& Right) {
+				return Left.Depth != Right.Depth ? Left.Depth > Right.Depth
+												 : Left.Object != Asset && Right.Object == Asset;
+			});
+		for (const FMade& Entry : Order)
+		{
+			Entry.Object->ConditionalPostLoad();
+		}
+	}
+
+	void Abandon()
+	{
+		for (const FMade& Entry : Made)
+		{
+			Entry.Object->MarkAsGarbage();
+		}
+		Package->MarkAsGarbage();
+	}
+
+	const std::string Bytes;
+	const FString Filename;
+	FFileWarnings Warnings;
+	FObjectTextImport Import;
+	FObjectTextTree Tree;
+	std::string OwnClassPrefix;
+	UObject* Asset = nullptr;
+	bool bOwnClassesReady = false;
+	std::vector<FMade> Made;
+	std::vector<FDeferred> Deferred;
+	std::unordered_map<std::string_view, UClass*> Classes;
+};
+
+void FinishPackage(const FString& PackageName)
+{
+	const std::vector<std::shared_ptr<FPackageLoad>> Now = Running();
+	for (const std::shared_ptr<FPackageLoad>& Other : Now)
+	{
+		if (Other->Stage == EStage::Filled && Other->Header.PackageName.Equals(PackageName, ESearchCase::IgnoreCase))
+		{
+			Other->Finish();
+		}
+	}
+}
+
+/** How many packages are between their first object and their last value. */
+int32 NumFilling = 0;
+
+void FinishAll()
+{
+	const std::vector<std::shared_ptr<FPackageLoad>> Now = Running();
+	for (const std::shared_ptr<FPackageLoad>& Waiting : Now)
+	{
+		if (Waiting->Stage == EStage::Filled)
+		{
+			Waiting->Finish();
+		}
+	}
+	std::erase_if(Running(), [](const std::shared_ptr<FPackageLoad>& Done) { return Done->Stage == EStage::Finished; });
+}
+
+UPackage* RunLoad(const std::shared_ptr<FPackageLoad>& Run, const FString& ExpectedName, FString& OutError)
+{
+	if (!Run->Read(ExpectedName))
+	{
+		OutError = Run->Error;
+		return nullptr;
+	}
+	++NumFilling;
+	Running().push_back(Run);
+	const bool bMade = Run->MakeObjects();
+	if (bMade)
+	{
+		Run->Fill();
+	}
+	else
+	{
+		std::erase(Running(), Run);
+		OutError = Run->Error;
+	}
+	--NumFilling;
+	if (NumFilling == 0)
+	{
+		FinishAll();
+	}
+	return bMade ? Run->Package : nullptr;
+}
+
+/** A package that somebody made in memory only, without anything in it, does not stand for the file. */
+UPackage* FindLoaded(const FString& PackageName)
+{
+	UPackage* const Package = FindPackage(nullptr, *PackageName);
+	return Package && (Package->GetFirstInner() || !Package->FileName.IsEmpty()) ? Package : nullptr;
+}
+
+FString FindFile(const FString& PackageName, FString& OutError)
+{
+	const FString Filename = FPackageName::FindPackageFile(PackageName);
+	if (Filename.IsEmpty())
+	{
+		const FString EngineAsset = FPackageText::FindEngineAsset(PackageName);
+		OutError = EngineAsset.IsEmpty()
+			? FString::Printf(TEXT("There is no package '%s'"), *PackageName)
+			: FString::Printf(
+				TEXT("%s: the file is a binary asset of the engine, which only the engine's own editor can read"),
+				*EngineAsset);
+		return FString();
+	}
+	return FPathConfinement::IsInside(Filename, OutError) ? Filename : FString();
+}
+
+UPackage* LoadFile(const FString& PackageName, FString& OutError)
+{
+	if (GIsSavingPackage)
+	{
+		OutError = FString::Printf(TEXT("Cannot load '%s' while a package is being saved"), *PackageName);
+		return nullptr;
+	}
+	const FString Filename = FindFile(PackageName, OutError);
+	std::string Bytes;
+	FString Reason;
+	if (Filename.IsEmpty() || !AtomicFile::Read(ToUtf8(Filename), Bytes, Reason))
+	{
+		OutError = OutError.IsEmpty() ? FString::Printf(TEXT("%s: %s"), *Filename, *Reason) : OutError;
+		return nullptr;
+	}
+	UPackage* const Package = RunLoad(std::make_shared<FPackageLoad>(MoveTemp(Bytes), Filename), PackageName, OutError);
+	if (Package)
+	{
+		PackageFile::RememberWhole(Filename);
+	}
+	return Package;
+}
+
+UPackage* Load(const FString& PackageName, uint32 LoadFlags)
+{
+	if (UPackage* const Loaded = FindLoaded(PackageName))
+	{
+		return Loaded;
+	}
+	FString Error;
+	UPackage* const Package = LoadFile(PackageName, Error);
+	if (Package)
+	{
+		Errors().erase(ErrorKey(PackageName));
+		return Package;
+	}
+	Errors()[ErrorKey(PackageName)] = Error;
+	if (!(LoadFlags & (LOAD_Quiet | LOAD_NoWarn)))
+	{
+		UE_LOG(LogPackage, Warning, TEXT("%s"), *Error);
+	}
+	return nullptr;
+}
+
+UPackage* LoadFromView(FStringView LongPackageName, uint32 LoadFlags)
+{
+	return Load(FString(LongPackageName), LoadFlags);
+}
+} // namespace PackageLoading
+
+void FPackageText::RegisterLoader()
+{
+	ObjectProviders::FPackageLoader Loader;
+	Loader.Load = &PackageLoading::LoadFromView;
+	ObjectProviders::SetPackageLoader(Loader);
+}
+
+FString FPackageText::GetLastLoadError(const FString& LongPackageName)
+{
+	const auto Found = PackageLoading::Errors().find(PackageLoading::ErrorKey(LongPackageName));
+	return Found == PackageLoading::Errors().end() ? FString() : Found->second;
+}
+
+UPackage* FPackageText::LoadFromBytes(std::string Bytes, const FString& Filename, FString& OutError)
+{
+	return PackageLoading::RunLoad(
+		std::make_shared<PackageLoading::FPackageLoad>(MoveTemp(Bytes), Filename), FString(), OutError);
+}

@@ -1,0 +1,435 @@
+#include "Package/PackageFile.h"
+
+#include "Misc/PackageName.h"
+#include "Misc/Paths.h"
+#include "Package/AtomicFile.h"
+#include "UObject/Class.h"
+#include "UObject/Package.h"
+#include "UObject/UnrealType.h"
+
+#include <charconv>
+#include <cstring>
+#include <sys/stat.h>
+#include <unordered_map>
+
+namespace PackageFile
+{
+using namespace std::string_view_literals;
+
+constexpr std::string_view Magic = "uatext "sv;
+/** Enough for the header of nearly every asset; a longer one is read in a second step. */
+constexpr std::size_t UsualHeaderSize = 1024;
+constexpr std::size_t MaxHeaderSize = 64 * 1024;
+
+uint64 ChecksumOf(std::string_view Bytes, uint64 Seed)
+{
+	// Each step can be undone for a given input, so two texts that differ in one place never meet again by chance of
+	// that step.
+	constexpr uint64 Prime = 0x9E3779B185EBCA87ull;
+	uint64 Sum = Seed ^ (static_cast<uint64>(Bytes.size()) * Prime);
+	const auto Mix = [&Sum](uint64 Word)
+	{
+		Sum = (Sum ^ Word) * Prime;
+		Sum ^= Sum >> 29;
+	};
+	while (Bytes.size() >= sizeof(uint64))
+	{
+		uint64 Word;
+		std::memcpy(&Word, Bytes.data(), sizeof(Word));
+		Mix(Word);
+		Bytes.remove_prefix(sizeof(Word));
+	}
+	for (const char Byte : Bytes)
+	{
+		Mix(static_cast<unsigned char>(Byte));
+	}
+	return Sum;
+}
+
+bool IsEngineBinary(std::string_view Bytes)
+{
+	return Bytes.substr(0, 4) == "\xC1\x83\x2A\x9E"sv || Bytes.substr(0, 4) == "\x9E\x2A\x83\xC1"sv;
+}
+
+void AppendField(std::string& Out, std::string_view Key, const FString& Value)
+{
+	Out.append(Key).push_back('=');
+	const std::size_t Start = Out.size();
+	FUTF8::Append(Out, Value.ToStdWString());
+	for (std::size_t At = Start; At < Out.size(); ++At)
+	{
+		if (Out[At] == '\\' || Out[At] == '\n' || Out[At] == '\r')
+		{
+			const char Escaped = Out[At] == '\n' ? 'n' : Out[At] == '\r' ? 'r' : '\\';
+			Out.replace(At, 1, {'\\', Escaped});
+			++At;
+		}
+	}
+	Out.push_back('\n');
+}
+
+FString FieldText(std::string_view Value)
+{
+	if (Value.find('\\') == std::string_view::npos)
+	{
+		return FromUtf8(Value);
+	}
+	std::string Plain;
+	for (std::size_t At = 0; At < Value.size(); ++At)
+	{
+		const bool bEscaped = Value[At] == '\\' && At + 1 < Value.size();
+		At += bEscaped ? 1 : 0;
+		Plain.push_back(bEscaped && Value[At] == 'n' ? '\n' : bEscaped && Value[At] == 'r' ? '\r' : Value[At]);
+	}
+	return FromUtf8(Plain);
+}
+
+std::string MakeHeader(const FPackageText::FHeader& Header, std::string_view Body)
+{
+	std::string Fields;
+	Fields.append("Size=").append(std::to_string(Body.size())).append("\n");
+	AppendField(Fields, "Package"sv, Header.PackageName);
+	AppendField(Fields, "Asset"sv, Header.AssetName);
+	AppendField(Fields, "Class"sv, Header.AssetClassPath);
+	for (const FPackageText::FTag& Tag : Header.Tags)
+	{
+		AppendField(Fields, "Tag." + ToUtf8(Tag.Name.GetView()), Tag.Value);
+	}
+	Fields.push_back('\n');
+	char Checksum[17];
+	std::snprintf(Checksum, sizeof(Checksum), "%016llx", ChecksumOf(Body, ChecksumOf(Fields)));
+	std::string Result(Magic);
+	Result.append(std::to_string(FPackageText::FormatVersion))
+		.append("\nChecksum=")
+		.append(Checksum)
+		.append("\n")
+		.append(Fields);
+	return Result;
+}
+
+/** Reads the header line by line. The outcome is told in one word, so that callers word the message once. */
+enum class EHeaderState
+{
+	Complete,
+	Foreign,
+	EngineBinary,
+	Newer,
+	CutOff,
+	Malformed,
+};
+
+class FHeaderReader
+{
+public:
+	explicit FHeaderReader(std::string_view InBytes)
+		: Bytes(InBytes)
+	{
+	}
+
+	EHeaderState Run(FPackageText::FHeader& OutHeader)
+	{
+		if (IsEngineBinary(Bytes))
+		{
+			return EHeaderState::EngineBinary;
+		}
+		std::string_view Line;
+		if (Bytes.substr(0, Magic.size()) != Magic.substr(0, Bytes.size()) || Bytes.empty())
+		{
+			return EHeaderState::Foreign;
+		}
+		if (!NextLine(Line))
+		{
+			return Bytes.size() < 64 ? EHeaderState::CutOff : EHeaderState::Foreign;
+		}
+		int32 Version = 0;
+		if (!ParseNumber(Line.substr(Magic.size()), 10, Version) || Version < 1)
+		{
+			return EHeaderState::Foreign;
+		}
+		if (Version > FPackageText::FormatVersion)
+		{
+			FoundVersion = Version;
+			return EHeaderState::Newer;
+		}
+		if (!NextLine(Line))
+		{
+			return EHeaderState::CutOff;
+		}
+		if (Line.substr(0, 9) != "Checksum="sv || !ParseNumber(Line.substr(9), 16, OutHeader.Checksum))
+		{
+			return EHeaderState::Malformed;
+		}
+		ChecksumStart = Position;
+		return Fields(OutHeader);
+	}
+
+	/** Where the bytes begin that the checksum covers. */
+	std::size_t ChecksumStart = 0;
+	int32 FoundVersion = 0;
+
+private:
+	bool NextLine(std::string_view& OutLine)
+	{
+		const std::size_t End = Bytes.find('\n', Position);
+		if (End == std::string_view::npos)
+		{
+			return false;
+		}
+		OutLine = Bytes.substr(Position, End - Position);
+		Position = End + 1;
+		++LineNumber;
+		return true;
+	}
+
+	template <class TNumber>
+	static bool ParseNumber(std::string_view Text, int Base, TNumber& OutNumber)
+	{
+		const std::from_chars_result Result = std::from_chars(Text.data(), Text.data() + Text.size(), OutNumber, Base);
+		return Result.ec == std::errc() && Result.ptr == Text.data() + Text.size() && !Text.empty();
+	}
+
+	EHeaderState Fields(FPackageText::FHeader& OutHeader)
+	{
+		std::string_view Line;
+		while (NextLine(Line))
+		{
+			if (Line.empty())
+			{
+				OutHeader.BodyOffset = static_cast<int64>(Position);
+				OutHeader.BodyLine = LineNumber + 1;
+				const bool bWhole = !OutHeader.PackageName.IsEmpty() && !OutHeader.AssetName.IsEmpty() && bHasSize;
+				return bWhole ? EHeaderState::Complete : EHeaderState::Malformed;
+			}
+			const std::size_t Equals = Line.find('=');
+			if (Equals == std::string_view::npos
+				|| !TakeField(Line.substr(0, Equals), Line.substr(Equals + 1), OutHeader))
+			{
+				return EHeaderState::Malformed;
+			}
+		}
+		return EHeaderState::CutOff;
+	}
+
+	bool TakeField(std::string_view Key, std::string_view Value, FPackageText::FHeader& OutHeader)
+	{
+		if (Key == "Size"sv)
+		{
+			bHasSize = ParseNumber(Value, 10, OutHeader.BodySize) && OutHeader.BodySize >= 0;
+			return bHasSize;
+		}
+		if (Key == "Package"sv)
+		{
+			OutHeader.PackageName = FieldText(Value);
+		}
+		else if (Key == "Asset"sv)
+		{
+			OutHeader.AssetName = FieldText(Value);
+		}
+		else if (Key == "Class"sv)
+		{
+			OutHeader.AssetClassPath = FieldText(Value);
+		}
+		else if (Key.substr(0, 4) == "Tag."sv)
+		{
+			OutHeader.Tags.Add({FName(Key.substr(4)), FieldText(Value)});
+		}
+		return true;
+	}
+
+	std::string_view Bytes;
+	std::size_t Position = 0;
+	int32 LineNumber = 0;
+	bool bHasSize = false;
+};
+
+/** One sentence for each way in which a file is not a package that can be read. */
+FString Describe(EHeaderState State, const FString& Filename, const FHeaderReader& Reader)
+{
+	switch (State)
+	{
+	case EHeaderState::Complete:
+		return FString();
+	case EHeaderState::Foreign:
+		return FString::Printf(TEXT("%s: the file is not a text package"), *Filename);
+	case EHeaderState::EngineBinary:
+		return FString::Printf(
+			TEXT("%s: the file is a binary asset of the engine, which only the engine's own editor can read"),
+			*Filename);
+	case EHeaderState::Newer:
+		return FString::Printf(TEXT("%s: the file has format version %d, this program reads up to version %d"),
+			*Filename, Reader.FoundVersion, FPackageText::FormatVersion);
+	case EHeaderState::CutOff:
+		return FString::Printf(TEXT("%s: the file is truncated within its header"), *Filename);
+	case EHeaderState::Malformed:
+		return FString::Printf(TEXT("%s: the file is damaged: its header is malformed"), *Filename);
+	}
+	return FString();
+}
+
+std::unordered_map<std::string, AtomicFile::FStamp>& WholeFiles()
+{
+	static std::unordered_map<std::string, AtomicFile::FStamp> Table;
+	return Table;
+}
+
+void RememberWhole(const FString& Filename)
+{
+	const std::string Path = ToUtf8(Filename);
+	WholeFiles()[Path] = AtomicFile::StampOf(Path);
+}
+
+bool MayReplace(const FString& Filename, const FString& PackageName, FString& OutError)
+{
+	const std::string Path = ToUtf8(Filename);
+	const AtomicFile::FStamp Stamp = AtomicFile::StampOf(Path);
+	if (!Stamp.IsValid())
+	{
+		return true;
+	}
+	const auto Known = WholeFiles().find(Path);
+	if (Known != WholeFiles().end() && Known->second == Stamp)
+	{
+		return true;
+	}
+	std::string Bytes;
+	FPackageText::FHeader Header;
+	FString Reason;
+	if (!AtomicFile::Read(Path, Bytes, Reason))
+	{
+		OutError = FString::Printf(TEXT("%s: %s"), *Filename, *Reason);
+		return false;
+	}
+	if (!FPackageText::CheckBytes(Bytes, Filename, Header, OutError))
+	{
+		return false;
+	}
+	if (!Header.PackageName.Equals(PackageName, ESearchCase::IgnoreCase))
+	{
+		OutError = FString::Printf(
+			TEXT("%s: the file holds the package '%s', not '%s'"), *Filename, *Header.PackageName, *PackageName);
+		return false;
+	}
+	RememberWhole(Filename);
+	return true;
+}
+} // namespace PackageFile
+
+const FString* FPackageText::FHeader::FindTag(FName Name) const
+{
+	for (const FTag& Tag : Tags)
+	{
+		if (Tag.Name == Name)
+		{
+			return &Tag.Value;
+		}
+	}
+	return nullptr;
+}
+
+bool FPackageText::ReadHeader(const FString& Filename, FHeader& OutHeader, FString& OutError)
+{
+	const std::string Path = ToUtf8(Filename);
+	std::string Bytes;
+	for (const std::size_t Limit : {PackageFile::UsualHeaderSize, PackageFile::MaxHeaderSize})
+	{
+		FString Reason;
+		if (!AtomicFile::ReadStart(Path, Limit, Bytes, Reason))
+		{
+			OutError = FString::Printf(TEXT("%s: %s"), *Filename, *Reason);
+			return false;
+		}
+		OutHeader = FHeader();
+		PackageFile::FHeaderReader Reader(Bytes);
+		const PackageFile::EHeaderState State = Reader.Run(OutHeader);
+		if (State != PackageFile::EHeaderState::CutOff || Bytes.size() < Limit || Limit == PackageFile::MaxHeaderSize)
+		{
+			OutError = PackageFile::Describe(State, Filename, Reader);
+			return State == PackageFile::EHeaderState::Complete;
+		}
+	}
+	return false;
+}
+
+bool FPackageText::CheckBytes(std::string_view Bytes, const FString& Filename, FHeader& OutHeader, FString& OutError)
+{
+	OutHeader = FHeader();
+	PackageFile::FHeaderReader Reader(Bytes);
+	const PackageFile::EHeaderState State = Reader.Run(OutHeader);
+	if (State != PackageFile::EHeaderState::Complete)
+	{
+		OutError = PackageFile::Describe(State, Filename, Reader);
+		return false;
+	}
+	const std::size_t BodyOffset = static_cast<std::size_t>(OutHeader.BodyOffset);
+	const int64 Present = static_cast<int64>(Bytes.size() - BodyOffset);
+	const std::string_view Fields = Bytes.substr(Reader.ChecksumStart, BodyOffset - Reader.ChecksumStart);
+	if (Present < OutHeader.BodySize)
+	{
+		OutError = FString::Printf(
+			TEXT("%s: the file is truncated: %lld of %lld bytes are there"), *Filename, Present, OutHeader.BodySize);
+		return false;
+	}
+	const std::string_view Body = Bytes.substr(BodyOffset);
+	if (PackageFile::ChecksumOf(Body, PackageFile::ChecksumOf(Fields)) != OutHeader.Checksum)
+	{
+		OutError = FString::Printf(
+			TEXT("%s: the file is damaged: its checksum does not match its contents"), *Filename);
+		return false;
+	}
+	return true;
+}
+
+FString FPackageText::FindEngineAsset(const FString& LongPackageName)
+{
+	for (const TCHAR* const Extension : {TEXT(".uasset"), TEXT(".umap")})
+	{
+		const FString Filename = FPackageName::LongPackageNameToFilename(LongPackageName, Extension);
+		struct stat Info;
+		if (!Filename.IsEmpty() && stat(TCHAR_TO_UTF8(*Filename), &Info) == 0)
+		{
+			return Filename;
+		}
+	}
+	return FString();
+}
+
+namespace PackageFile
+{
+void AddClassTag(TArray<FPackageText::FTag>& Tags, const TCHAR* Name, const UClass* Class)
+{
+	if (Class)
+	{
+		Tags.Add(
+			{FName(Name), FString::Printf(TEXT("%s'%s'"), *Class->GetClass()->GetPathName(), *Class->GetPathName())});
+	}
+}
+
+const UClass* ClassIn(const UObject& Asset, const TCHAR* PropertyName)
+{
+	const FObjectPropertyBase* const Property = CastField<FObjectPropertyBase>(
+		Asset.GetClass()->FindPropertyByName(FName(PropertyName)));
+	return Property ? Cast<UClass>(Property->GetObjectPropertyValue_InContainer(&Asset)) : nullptr;
+}
+} // namespace PackageFile
+
+TArray<FPackageText::FTag> FPackageText::CollectTags(const UObject& Asset)
+{
+	TArray<FTag> Tags;
+	const UClass* const Parent = PackageFile::ClassIn(Asset, TEXT("ParentClass"));
+	PackageFile::AddClassTag(Tags, TEXT("ParentClass"), Parent);
+	const UClass* Native = Parent;
+	while (Native && !FPackageName::IsScriptPackage(Native->GetOutermost()->GetName()))
+	{
+		Native = Native->GetSuperClass();
+	}
+	PackageFile::AddClassTag(Tags, TEXT("NativeParentClass"), Native);
+	PackageFile::AddClassTag(Tags, TEXT("GeneratedClass"), PackageFile::ClassIn(Asset, TEXT("GeneratedClass")));
+	const FProperty* const Type = Asset.GetClass()->FindPropertyByName(TEXT("BlueprintType"));
+	if (Type)
+	{
+		FString Text;
+		Type->ExportTextItem_Direct(Text, Type->GetValuePtr(&Asset), nullptr, nullptr, 0);
+		Tags.Add({TEXT("BlueprintType"), Text});
+	}
+	return Tags;
+}

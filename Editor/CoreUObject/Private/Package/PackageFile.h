@@ -1,0 +1,26 @@
+#pragma once
+
+#include "UObject/PackageText.h"
+
+#include <string>
+#include <string_view>
+
+namespace PackageFile
+{
+/** Of bytes in their order; any changed byte changes it. Fast enough to be no matter beside reading the file. */
+uint64 ChecksumOf(std::string_view Bytes, uint64 Seed = 0);
+
+/** The header for an object text; everything but the text itself. */
+std::string MakeHeader(const FPackageText::FHeader& Header, std::string_view Body);
+
+/** What a file is, told by its first bytes. */
+bool IsEngineBinary(std::string_view Bytes);
+
+/** Remembers that a file was found whole, so that a save over it need not read it again. */
+void RememberWhole(const FString& Filename);
+/**
+ * Whether a save may replace what stands at the path: nothing, or a whole package of this format and this name.
+ * OutError is a sentence that begins with the path.
+ */
+bool MayReplace(const FString& Filename, const FString& PackageName, FString& OutError);
+} // namespace PackageFile

@@ -1,0 +1,239 @@
+#include "UObject/SavePackage.h"
+
+#include "Misc/PackageName.h"
+#include "Misc/PathConfinement.h"
+#include "Misc/Paths.h"
+#include "ObjectText/ObjectTextWriter.h"
+#include "Package/AtomicFile.h"
+#include "Package/PackageFile.h"
+#include "UObject/Class.h"
+#include "UObject/ObjectText.h"
+#include "UObject/PackageText.h"
+
+#include <sys/stat.h>
+
+namespace PackageSaving
+{
+FPackageText::FSaveFault Fault;
+
+/** Says that a package is being written for as long as it lives. */
+struct FSavingScope
+{
+	FSavingScope()
+		: bBefore(GIsSavingPackage)
+	{
+		GIsSavingPackage = true;
+	}
+	~FSavingScope() { GIsSavingPackage = bBefore; }
+	FSavingScope(const FSavingScope&) = delete;
+	FSavingScope& operator=(const FSavingScope&) = delete;
+
+	const bool bBefore;
+};
+
+/** Writes one package. The members are what the steps hand on; each step sets Error when it answers false. */
+class FSaveRun
+{
+public:
+	FSaveRun(UPackage& InPackage, UObject& InAsset, const FString& InFilename)
+		: Package(InPackage)
+		, Asset(InAsset)
+		, Filename(InFilename)
+	{
+	}
+
+	bool Run()
+	{
+		const FSavingScope Saving;
+		return MayWrite() && Gather() && MakeText() && Store();
+	}
+
+	FString Error;
+	int64 NumBytes = 0;
+
+private:
+	bool Refuse(const TCHAR* Problem)
+	{
+		Error = FString::Printf(TEXT("Cannot save '%s' to %s: %s"), *Package.GetName(), *Filename, Problem);
+		return false;
+	}
+
+	bool MayWrite()
+	{
+		FString Reason;
+		if (!FPackageName::IsPackageExtension(*FPaths::GetExtension(Filename, true)))
+		{
+			return Refuse(
+				*FString::Printf(TEXT("packages are saved as '%s' files"), *FPackageName::GetAssetPackageExtension()));
+		}
+		if (!FPathConfinement::IsInside(Filename, Reason))
+		{
+			return Refuse(*Reason);
+		}
+		Reason = Fault.IsSet() ? Fault(Filename) : FString();
+		if (!Reason.IsEmpty())
+		{
+			return Refuse(*Reason);
+		}
+		return MayReplaceFile();
+	}
+
+	bool MayReplaceFile()
+	{
+		struct stat Info;
+		const bool bExists = lstat(TCHAR_TO_UTF8(*Filename), &Info) == 0;
+		if (bExists && !S_ISREG(Info.st_mode))
+		{
+			return Refuse(TEXT("a folder, link or device of that name stands there"));
+		}
+		if (bExists && (Info.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
+		{
+			return Refuse(TEXT("the file is read-only"));
+		}
+		const FString EngineAsset = FPackageText::FindEngineAsset(Package.GetName());
+		if (!EngineAsset.IsEmpty())
+		{
+			return Refuse(*FString::Printf(TEXT("the engine's binary asset %s stands at that path"), *EngineAsset));
+		}
+		const FString Present = bExists ? FString() : FPackageName::FindPackageFile(Package.GetName());
+		if (!Present.IsEmpty() && Present.Equals(Filename, ESearchCase::IgnoreCase))
+		{
+			return Refuse(*FString::Printf(TEXT("the file %s differs from it in case only"), *Present));
+		}
+		FString Reason;
+		return PackageFile::MayReplace(Filename, Package.GetName(), Reason) || Refuse(*Reason);
+	}
+
+	/** Objects of classes that stand in the package itself come last: reading makes them when those classes are
+	 * rebuilt. */
+	bool Gather()
+	{
+		TArray<UObject*> All;
+		GetObjectsWithOuter(&Package, All, true);
+		for (UObject* const Object : All)
+		{
+			if (!Object->HasAnyFlags(RF_Transient))
+			{
+				Object->PreSave();
+			}
+		}
+		TArray<UObject*> OfOwnClass;
+		for (UObject* Object = Package.GetFirstInner(); Object; Object = Object->GetNextInner())
+		{
+			(Object->GetClass()->GetOutermost() == &Package ? OfOwnClass : Roots).Add(Object);
+		}
+		Roots.Append(OfOwnClass);
+		return Asset.GetOuter() == &Package || Refuse(TEXT("its asset lies in another package"));
+	}
+
+	bool MakeText()
+	{
+		FString Reason;
+		if (!FObjectTextExport::Package(&Package).Write(Roots, Body, Reason))
+		{
+			return Refuse(*Reason);
+		}
+		if (const FKeptObjectText* const Kept = FKeptObjectText::Find(&Package))
+		{
+			FObjectTextWriter Writer(FObjectTextExport::Package(&Package), Body);
+			for (const std::string& Text : Kept->Objects)
+			{
+				Writer.WriteKept(Text);
+			}
+		}
+		// Nothing reaches the disk that could not be read again.
+		FObjectTextTree Tree;
+		FObjectTextError Unreadable;
+		if (!Tree.ParseView(Body, Unreadable))
+		{
+			return Refuse(*FString::Printf(TEXT("its text could not be read back, %s"), *Unreadable.ToString()));
+		}
+		Header.PackageName = Package.GetName();
+		Header.AssetName = Asset.GetName();
+		Header.AssetClassPath = Asset.GetClass()->GetPathName();
+		Header.Tags = FPackageText::CollectTags(Asset);
+		return true;
+	}
+
+	bool Store()
+	{
+		const std::string Path = ToUtf8(Filename);
+		const std::string Head = PackageFile::MakeHeader(Header, Body);
+		FString Reason;
+		if (!AtomicFile::MakeFolders(Path.substr(0, Path.rfind('/')), Reason)
+			|| !AtomicFile::Write(Path, {Head, Body}, Reason))
+		{
+			return Refuse(*Reason);
+		}
+		PackageFile::RememberWhole(Filename);
+		NumBytes = static_cast<int64>(Head.size() + Body.size());
+		return true;
+	}
+
+	UPackage& Package;
+	UObject& Asset;
+	const FString Filename;
+	TArray<UObject*> Roots;
+	std::string Body;
+	FPackageText::FHeader Header;
+};
+
+UObject* FindAsset(UPackage& Package, UObject* Asset, EObjectFlags TopLevelFlags)
+{
+	if (Asset)
+	{
+		return Asset;
+	}
+	UObject* const Found = Package.FindAssetInPackage();
+	return Found && (TopLevelFlags == RF_NoFlags || Found->HasAnyFlags(TopLevelFlags)) ? Found : nullptr;
+}
+} // namespace PackageSaving
+
+FSavePackageResultStruct UPackage::Save(
+	UPackage* InOuter, UObject* InAsset, const TCHAR* Filename, const FSavePackageArgs& SaveArgs)
+{
+	FSavePackageResultStruct Result;
+	UObject* const Asset = InOuter ? PackageSaving::FindAsset(*InOuter, InAsset, SaveArgs.TopLevelFlags) : nullptr;
+	if (!Asset)
+	{
+		Result.ErrorMessage = InOuter
+			? FString::Printf(TEXT("Cannot save '%s': the package holds no asset"), *InOuter->GetName())
+			: FString(TEXT("Cannot save: there is no package"));
+	}
+	else
+	{
+		PackageSaving::FSaveRun Run(*InOuter, *Asset, FPaths::ConvertRelativePathToFull(Filename));
+		if (Run.Run())
+		{
+			Result.Result = ESavePackageResult::Success;
+			Result.TotalFileSize = Run.NumBytes;
+			InOuter->FileName = FPaths::ConvertRelativePathToFull(Filename);
+			InOuter->PackageFlags &= ~static_cast<uint32>(PKG_NewlyCreated);
+			InOuter->ClearDirtyFlag();
+			FPackageText::OnPackageSaved().Broadcast(InOuter, InOuter->FileName);
+			return Result;
+		}
+		Result.ErrorMessage = Run.Error;
+	}
+	if (SaveArgs.Error)
+	{
+		SaveArgs.Error->Log(ELogVerbosity::Error, Result.ErrorMessage);
+	}
+	return Result;
+}
+
+bool UPackage::SavePackage(UPackage* InOuter, UObject* InAsset, const TCHAR* Filename, const FSavePackageArgs& SaveArgs)
+{
+	return Save(InOuter, InAsset, Filename, SaveArgs).IsSuccessful();
+}
+
+TMulticastDelegate<void(UPackage*, const FString&)>& FPackageText::OnPackageSaved()
+{
+	static TMulticastDelegate<void(UPackage*, const FString&)> Listeners;
+	return Listeners;
+}
+
+void FPackageText::SetSaveFault(FSaveFault InFault)
+{
+	PackageSaving::Fault = MoveTemp(InFault);
+}

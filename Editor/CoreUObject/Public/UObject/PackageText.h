@@ -1,0 +1,76 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "UObject/Object.h"
+
+#include <string>
+#include <string_view>
+
+/**
+ * Package files: a short header and the object text of everything in the package.
+ *
+ *     uatext 1
+ *     Checksum=0f3c...            of all that follows this line
+ *     Size=1234                   bytes of the object text
+ *     Package=/Game/Doors/BP_Door
+ *     Asset=BP_Door
+ *     Class=/Script/Engine.Blueprint
+ *     Tag.ParentClass=...         what the asset registry answers without loading
+ *
+ *     Begin Object ...
+ */
+class FPackageText
+{
+public:
+	static constexpr int32 FormatVersion = 1;
+
+	struct FTag
+	{
+		FName Name;
+		FString Value;
+	};
+	struct FHeader
+	{
+		FString PackageName;
+		FString AssetName;
+		FString AssetClassPath;
+		TArray<FTag> Tags;
+		uint64 Checksum = 0;
+		int64 BodySize = 0;
+		/** Bytes and lines before the object text. */
+		int64 BodyOffset = 0;
+		int32 BodyLine = 0;
+
+		const FString* FindTag(FName Name) const;
+	};
+
+	/**
+	 * Reads the first part of a file only. False when it is no package of this format; OutError is a sentence that
+	 * begins with the file's path. Says nothing about the object text.
+	 */
+	static bool ReadHeader(const FString& Filename, FHeader& OutHeader, FString& OutError);
+	/** The header of a whole package in memory, checked against it: length, checksum. Filename only words the error. */
+	static bool CheckBytes(std::string_view Bytes, const FString& Filename, FHeader& OutHeader, FString& OutError);
+	/** As Load, from bytes instead of a file. The package name is the header's. */
+	static UPackage* LoadFromBytes(std::string Bytes, const FString& Filename, FString& OutError);
+
+	/** What stands in for a package file and is none of ours, such as the engine's own binary asset; empty when there
+	 * is no such file. */
+	static FString FindEngineAsset(const FString& LongPackageName);
+
+	/** Why the last attempt to read the package failed; empty after a success and when nobody tried. */
+	static FString GetLastLoadError(const FString& LongPackageName);
+
+	/** Tells the object system to read packages from files. Start-up calls it once; more calls do nothing. */
+	static void RegisterLoader();
+
+	/** What the registry knows of an asset without loading it: parent class, generated class and the like. */
+	static TArray<FTag> CollectTags(const UObject& Asset);
+
+	/** After a package was written: the package and its file. */
+	static TMulticastDelegate<void(UPackage*, const FString&)>& OnPackageSaved();
+
+	/** Asked before a file is written; a text that is not empty stops the save with it. For tests of failing saves. */
+	using FSaveFault = TFunction<FString(const FString& Filename)>;
+	static void SetSaveFault(FSaveFault Fault);
+};
