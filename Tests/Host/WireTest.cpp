@@ -61,7 +61,7 @@ std::vector<FCase> EnvelopeCases()
 			Error("", -32700,
 				"Parse error: Unexpected or missing character, expected a value, a name, a comma or a closing bracket (line 1, character 1)")},
 		{"truncated", "{\"jsonrpc\":\"2.0\",\"id\":1\n",
-			Error("", -32700, "Parse error: An array or object is not closed (line 1, character 23)")},
+			Error("", -32700, "Parse error: An array or object is not closed (line 1, character 24)")},
 		{"two messages on a line", "{} {}\n",
 			Error("", -32700, "Parse error: There is text after the value (line 1, character 4)")},
 		{"invalid UTF-8", "{\"jsonrpc\":\"2.0\",\"id\":1,\"method\":\"p\xFF\"}\n",
@@ -158,13 +158,13 @@ std::vector<FCase> CallCases()
 		{"unknown tool", Request("tools/call", R"({"name":"no\"pe"})"), Error("1", -32602, R"(Unknown tool: no\"pe)")},
 		{"lone surrogate keeps the id", Request("tools/call", R"({"name":"echo","arguments":{"x":"\ud800"}})"),
 			Error("1", -32602,
-				"Malformed params: A string holds a bad escape sequence or a lone surrogate (line 1, character 94)")},
+				"Malformed params: A string holds a bad escape sequence or a lone surrogate (line 1, character 88)")},
 		{"deep nest keeps the id", Request("tools/call", R"({"name":"echo","arguments":{"x":)" + Deep + "}}"),
-			Error("1", -32602, "Malformed params: Arrays and objects are nested too deep (line 1, character 603)")},
+			Error("1", -32602, "Malformed params: Arrays and objects are nested too deep (line 1, character 597)")},
 		{"number out of range keeps the id", Request("tools/call", R"({"name":"echo","arguments":{"x":1e999}})"),
-			Error("1", -32602, "Malformed params: A number is malformed or out of range (line 1, character 94)")},
+			Error("1", -32602, "Malformed params: A number is malformed or out of range (line 1, character 88)")},
 		{"broken word in the arguments keeps the id", Request("tools/call", R"({"name":"echo","arguments":{"x":nul}})"),
-			Error("1", -32602, "Malformed params: Unknown word, expected a value (line 1, character 94)")},
+			Error("1", -32602, "Malformed params: Unknown word, expected a value (line 1, character 88)")},
 	};
 }
 } // namespace WireTest

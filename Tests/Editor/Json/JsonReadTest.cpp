@@ -159,7 +159,7 @@ TEST(JsonRead, RootMustBeOfTheTypeAskedFor)
 	const TSharedRef<TJsonReader<>> ArrayReader = TJsonReaderFactory<>::Create(TEXT("[1]"));
 	EXPECT_FALSE(FJsonSerializer::Deserialize(ArrayReader, Object));
 	EXPECT_FALSE(Object.IsValid());
-	EXPECT_EQ(ArrayReader->GetErrorMessage(), TEXT("The text is not a JSON object (line 1, character 1)"));
+	EXPECT_EQ(ToUtf8(ArrayReader->GetErrorMessage()), "The text is not a JSON object (line 1, character 1)");
 
 	TArray<TSharedPtr<FJsonValue>> Array;
 	EXPECT_FALSE(FJsonSerializer::Deserialize(TJsonReaderFactory<>::Create(TEXT("{}")), Array));
@@ -181,6 +181,6 @@ TEST(JsonRead, TextThatUtf8CannotSayIsRefused)
 		const TSharedRef<TJsonReader<>> Reader = TJsonReaderFactory<>::Create(Text);
 		TSharedPtr<FJsonObject> Object;
 		EXPECT_FALSE(FJsonSerializer::Deserialize(Reader, Object));
-		EXPECT_EQ(Reader->GetErrorMessage(), TEXT("The text is not valid UTF-8 (line 1, character 7)"));
+		EXPECT_EQ(ToUtf8(Reader->GetErrorMessage()), "The text is not valid UTF-8 (line 1, character 7)");
 	}
 }

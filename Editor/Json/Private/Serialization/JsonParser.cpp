@@ -124,12 +124,10 @@ public:
 	{
 	}
 
-	/** Padded must be readable for SIMDJSON_PADDING bytes past its end. */
 	error_code Run(const padded_string& Padded)
 	{
 		Begin = Padded.data();
 		Location = Begin;
-		ondemand::parser Parser;
 		ondemand::document Document;
 		if (const error_code Code = Parser.iterate(Padded).get(Document))
 		{
@@ -148,6 +146,49 @@ public:
 		return SUCCESS;
 	}
 
+	/** Reads Padded, an array, for its one element. */
+	error_code RunWrapped(const padded_string& Padded)
+	{
+		Begin = Padded.data() + 1;
+		Location = Begin;
+		ondemand::document Document;
+		ondemand::array Wrapper;
+		ondemand::array_iterator First;
+		if (const error_code Code = Parser.iterate(Padded).get(Document))
+		{
+			return Code;
+		}
+		if (const error_code Code = Document.get_array().get(Wrapper))
+		{
+			return Code;
+		}
+		if (const error_code Code = Wrapper.begin().get(First))
+		{
+			return Code;
+		}
+		if (First == ondemand::array_iterator())
+		{
+			return TAPE_ERROR;
+		}
+		ondemand::value Value;
+		if (const error_code Code = (*First).get(Value))
+		{
+			return Code;
+		}
+		if (const error_code Code = Element(Value, 0))
+		{
+			return Code;
+		}
+		const char* const End = Padded.data() + Padded.size() - 1;
+		const char* Rest = nullptr;
+		if (Document.current_location().get(Rest) != SUCCESS || Rest == End)
+		{
+			return SUCCESS;
+		}
+		Location = Rest;
+		return TRAILING_CONTENT;
+	}
+
 	size_t GetOffset() const { return static_cast<size_t>(Location - Begin); }
 
 private:
@@ -155,7 +196,11 @@ private:
 	template <typename SourceType>
 	error_code Element(SourceType& Source, const int32 Depth)
 	{
-		Mark(Source);
+		const char* Here = nullptr;
+		if (Source.current_location().get(Here) == SUCCESS)
+		{
+			Location = Here;
+		}
 		ondemand::json_type Type;
 		if (const error_code Code = Source.type().get(Type))
 		{
@@ -261,16 +306,7 @@ private:
 		return SUCCESS;
 	}
 
-	template <typename SourceType>
-	void Mark(SourceType& Source)
-	{
-		const char* Here = nullptr;
-		if (Source.current_location().get(Here) == SUCCESS)
-		{
-			Location = Here;
-		}
-	}
-
+	ondemand::parser Parser;
 	SinkType& Sink;
 	const char* Begin = nullptr;
 	/** The last token that was looked at. */
@@ -329,12 +365,24 @@ FJsonParseError MakeError(const std::string_view Text, const error_code Code, co
 	return Error;
 }
 
+/** The library is lax about a document that is one scalar, so such a text is read as the element of an array. */
+bool IsBareScalar(const std::string_view Text)
+{
+	const size_t First = Text.find_first_not_of(" \t\r\n");
+	return First != std::string_view::npos && Text[First] != '{' && Text[First] != '[';
+}
+
+std::string Wrap(const std::string_view Text)
+{
+	return std::string("[").append(Text).append("]");
+}
+
 template <typename SinkType>
 bool Walk(const std::string_view Text, SinkType& Sink, FJsonParseError& OutError)
 {
-	const padded_string Padded(Text);
 	TWalk<SinkType> Walker(Sink);
-	const error_code Code = Walker.Run(Padded);
+	const error_code Code = IsBareScalar(Text) ? Walker.RunWrapped(padded_string(Wrap(Text)))
+											   : Walker.Run(padded_string(Text));
 	if (Code != SUCCESS)
 	{
 		OutError = MakeError(Text, Code, Walker.GetOffset());

@@ -16,13 +16,15 @@ bool IsEncodable(const TCHAR Char)
 template <class CharType>
 TJsonReader<CharType>::TJsonReader(const FString& Text)
 {
-	const std::wstring& Chars = Text.ToStdWString();
+	const std::wstring_view Chars = Text.ToStdWString();
 	const auto Bad = std::find_if_not(Chars.begin(), Chars.end(), JsonReaderPrivate::IsEncodable);
-	FUTF8::Append(Utf8, std::wstring_view(Chars.data(), static_cast<std::size_t>(Bad - Chars.begin())));
-	if (Bad != Chars.end())
+	const std::size_t NumGood = static_cast<std::size_t>(Bad - Chars.begin());
+	FUTF8::Append(Utf8, Chars.substr(0, NumGood));
+	if (NumGood < Chars.size())
 	{
-		// No byte of this value stands in UTF-8, so the parser reports the very place.
+		// No byte of this value stands in UTF-8, so the parser refuses the text and reports the very place.
 		Utf8 += '\xFF';
+		FUTF8::Append(Utf8, Chars.substr(NumGood + 1));
 	}
 }
 
