@@ -33,6 +33,8 @@ public:
 	virtual bool TryGetBool(bool& bOutBool) const { return false; }
 	/** The array belongs to the value. */
 	virtual bool TryGetArray(const TArray<TSharedPtr<FJsonValue>>*& OutArray) const { return false; }
+	/** The same for a value that may be changed in place. */
+	virtual bool TryGetArray(TArray<TSharedPtr<FJsonValue>>*& OutArray) { return false; }
 	virtual bool TryGetObject(const TSharedPtr<FJsonObject>*& OutObject) const { return false; }
 
 	/** Integers round halves away from zero; a number outside the type's range fails. */
@@ -143,6 +145,11 @@ public:
 	}
 
 	bool TryGetArray(const TArray<TSharedPtr<FJsonValue>>*& OutArray) const override
+	{
+		OutArray = &Value;
+		return true;
+	}
+	bool TryGetArray(TArray<TSharedPtr<FJsonValue>>*& OutArray) override
 	{
 		OutArray = &Value;
 		return true;
