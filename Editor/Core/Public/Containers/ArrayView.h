@@ -4,6 +4,7 @@
 
 #include <concepts>
 #include <initializer_list>
+#include <iterator>
 
 /** Borrowed elements in a row; valid as long as what it was made of stays put. */
 template <typename T>
@@ -25,7 +26,7 @@ public:
 	{
 	}
 	constexpr TArrayView(std::initializer_list<std::remove_const_t<T>> List) requires std::is_const_v<T>
-		: Data(List.begin()), Count(static_cast<int32>(List.size()))
+		: Data(std::data(List)), Count(static_cast<int32>(List.size()))
 	{
 	}
 	template <typename RangeType>

@@ -51,7 +51,7 @@ public:
 	static FString Chr(TCHAR Char) { return ChrN(1, Char); }
 	static FString ChrN(int32 Count, TCHAR Char);
 	static FString FromInt(int32 Number);
-	/** The shortest text that reads back as Number, with at least MinFractionalDigits digits after the point. */
+	/** Up to six digits after the point, trailing zeros dropped down to MinFractionalDigits of them. */
 	static FString SanitizeFloat(double Number, int32 MinFractionalDigits = 1);
 	static FString FormatAsNumber(int32 Number);
 
@@ -181,14 +181,9 @@ public:
 		}
 		return Index;
 	}
-	bool StartsWith(FStringView Prefix, ESearchCase::Type SearchCase = ESearchCase::IgnoreCase) const
-	{
-		return FStringView(*this).StartsWith(Prefix, SearchCase);
-	}
-	bool EndsWith(FStringView Suffix, ESearchCase::Type SearchCase = ESearchCase::IgnoreCase) const
-	{
-		return FStringView(*this).EndsWith(Suffix, SearchCase);
-	}
+	/** No text starts or ends with the empty one. */
+	bool StartsWith(FStringView Prefix, ESearchCase::Type SearchCase = ESearchCase::IgnoreCase) const;
+	bool EndsWith(FStringView Suffix, ESearchCase::Type SearchCase = ESearchCase::IgnoreCase) const;
 	/** Matches * and ? in Wildcard. */
 	bool MatchesWildcard(FStringView Wildcard, ESearchCase::Type SearchCase = ESearchCase::IgnoreCase) const;
 	/** Cuts at the first match (or the last); leaves the outputs alone and answers false when there is none. */

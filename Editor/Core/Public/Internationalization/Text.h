@@ -106,7 +106,6 @@ public:
 private:
 	friend class FTextInspector;
 	friend class FTextStringHelper;
-	friend class FInternationalization;
 	friend struct FTextMaker;
 
 	explicit FText(TSharedPtr<const FTextData> InData)

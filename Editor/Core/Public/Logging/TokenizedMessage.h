@@ -63,26 +63,7 @@ protected:
 	explicit FTextToken(const FText& Text) { CachedText = Text; }
 };
 
-class FSeverityToken : public IMessageToken
-{
-public:
-	static TSharedRef<FSeverityToken> Create(EMessageSeverity::Type Severity)
-	{
-		return MakeShareable(new FSeverityToken(Severity));
-	}
-	EMessageToken::Type GetType() const override { return EMessageToken::Severity; }
-	EMessageSeverity::Type GetSeverity() const { return Severity; }
-
-private:
-	explicit FSeverityToken(EMessageSeverity::Type InSeverity)
-		: Severity(InSeverity)
-	{
-	}
-
-	EMessageSeverity::Type Severity;
-};
-
-/** A message in pieces, with a severity, which is a token too and so comes first. */
+/** A message in pieces, with a severity. */
 class FTokenizedMessage : public TSharedFromThis<FTokenizedMessage>
 {
 public:

@@ -2,9 +2,7 @@
 
 #include "CoreTypes.h"
 
-#include <cwctype>
-
-/** Character classes and case; ASCII is answered without asking the locale. */
+/** Character classes and case, by Unicode and whatever the locale of the process; ASCII is answered at once. */
 struct FChar
 {
 	static TCHAR ToLower(TCHAR Char)
@@ -29,7 +27,7 @@ struct FChar
 	static bool IsAlpha(TCHAR Char)
 	{
 		return (Char >= TEXT('a') && Char <= TEXT('z')) || (Char >= TEXT('A') && Char <= TEXT('Z'))
-			|| (Char >= 0x80 && std::iswalpha(static_cast<std::wint_t>(Char)));
+			|| (Char >= 0x80 && IsAlphaWide(Char));
 	}
 	static bool IsAlnum(TCHAR Char) { return IsAlpha(Char) || IsDigit(Char); }
 	static bool IsIdentifier(TCHAR Char) { return IsAlnum(Char) || Char == TEXT('_'); }
@@ -50,13 +48,9 @@ struct FChar
 	}
 	static bool IsPunct(TCHAR Char)
 	{
-		return (Char > 32 && Char < 127) ? !IsAlnum(Char)
-										 : Char >= 0x80 && std::iswpunct(static_cast<std::wint_t>(Char));
+		return (Char > 32 && Char < 127) ? !IsAlnum(Char) : Char >= 0x80 && IsPunctWide(Char);
 	}
-	static bool IsPrint(TCHAR Char)
-	{
-		return (Char >= 32 && Char < 127) || (Char >= 0x80 && std::iswprint(static_cast<std::wint_t>(Char)));
-	}
+	static bool IsPrint(TCHAR Char) { return (Char >= 32 && Char < 127) || (Char >= 0x80 && IsPrintWide(Char)); }
 	static bool IsControl(TCHAR Char) { return (Char >= 0 && Char < 32) || (Char >= 127 && Char < 0xA0); }
 	/** The value of a hexadecimal digit; 0 for any other character. */
 	static int32 ConvertCharDigitToInt(TCHAR Char);
@@ -64,5 +58,7 @@ struct FChar
 private:
 	static TCHAR ToLowerWide(TCHAR Char);
 	static TCHAR ToUpperWide(TCHAR Char);
+	static bool IsAlphaWide(TCHAR Char);
+	static bool IsPunctWide(TCHAR Char);
+	static bool IsPrintWide(TCHAR Char);
 };
-using TCharWide = FChar;

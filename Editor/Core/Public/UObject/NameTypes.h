@@ -4,6 +4,8 @@
 
 #include <string_view>
 
+class FText;
+
 enum class EName : uint32
 {
 	None = 0,

@@ -1,0 +1,135 @@
+#include "Containers/StringConv.h"
+#include "CoreGlobals.h"
+#include "Logging/LogControl.h"
+#include "Logging/LogMacros.h"
+
+// clang-format off
+#include "HAL/PreThirdParty.h"
+#include <spdlog/sinks/stdout_sinks.h>
+#include <spdlog/spdlog.h>
+#include "HAL/PostThirdParty.h"
+// clang-format on
+
+DEFINE_LOG_CATEGORY(LogTemp);
+
+namespace Logging
+{
+static ELogVerbosity::Type& GlobalVerbosity()
+{
+	static ELogVerbosity::Type Verbosity = ELogVerbosity::Warning;
+	return Verbosity;
+}
+
+/** Standard output belongs to results, so the log goes to standard error. */
+static spdlog::logger& GetLogger()
+{
+	static const std::shared_ptr<spdlog::logger> Logger = []
+	{
+		auto Created = std::make_shared<spdlog::logger>("editor", std::make_shared<spdlog::sinks::stderr_sink_mt>());
+		Created->set_level(spdlog::level::trace);
+		Created->set_pattern("%v");
+		return Created;
+	}();
+	return *Logger;
+}
+
+static spdlog::level::level_enum ToLevel(ELogVerbosity::Type Verbosity)
+{
+	switch (Verbosity)
+	{
+	case ELogVerbosity::NoLogging:
+		return spdlog::level::off;
+	case ELogVerbosity::Fatal:
+		return spdlog::level::critical;
+	case ELogVerbosity::Error:
+		return spdlog::level::err;
+	case ELogVerbosity::Warning:
+		return spdlog::level::warn;
+	case ELogVerbosity::Display:
+	case ELogVerbosity::Log:
+		return spdlog::level::info;
+	case ELogVerbosity::Verbose:
+		return spdlog::level::debug;
+	case ELogVerbosity::VeryVerbose:
+		return spdlog::level::trace;
+	}
+	return spdlog::level::info;
+}
+
+static const char* GetLabel(ELogVerbosity::Type Verbosity)
+{
+	switch (Verbosity)
+	{
+	case ELogVerbosity::Fatal:
+		return "Fatal: ";
+	case ELogVerbosity::Error:
+		return "Error: ";
+	case ELogVerbosity::Warning:
+		return "Warning: ";
+	default:
+		return "";
+	}
+}
+
+static void Write(FStringView Category, ELogVerbosity::Type Verbosity, FStringView Text)
+{
+	std::string Line = ToUtf8(Category);
+	Line += Line.empty() ? "" : ": ";
+	Line += GetLabel(Verbosity);
+	Line += ToUtf8(Text);
+	GetLogger().log(ToLevel(Verbosity), spdlog::string_view_t(Line));
+}
+
+template <typename BaseType>
+class TLogDevice final : public BaseType
+{
+public:
+	void Serialize(const TCHAR* Text, ELogVerbosity::Type Verbosity, const FName& Category) override
+	{
+		if (Verbosity <= GlobalVerbosity())
+		{
+			Write(Category.IsNone() ? FStringView() : Category.GetView(), Verbosity, Text);
+		}
+	}
+};
+
+static FOutputDevice& GetLogDevice()
+{
+	static TLogDevice<FOutputDevice> Device;
+	return Device;
+}
+
+static FFeedbackContext& GetWarnDevice()
+{
+	static TLogDevice<FFeedbackContext> Device;
+	return Device;
+}
+}
+
+FOutputDevice* GLog = &Logging::GetLogDevice();
+FFeedbackContext* GWarn = &Logging::GetWarnDevice();
+bool GIsEditor = true;
+
+bool FLogCategoryBase::IsSuppressed(ELogVerbosity::Type InVerbosity) const
+{
+	return InVerbosity > Verbosity || InVerbosity > Logging::GlobalVerbosity();
+}
+
+void FMsg::Log(const FLogCategoryBase& Category, ELogVerbosity::Type Verbosity, const FString& Text)
+{
+	Logging::Write(Category.GetCategoryName(), Verbosity, Text);
+	if (Verbosity == ELogVerbosity::Fatal)
+	{
+		std::abort();
+	}
+}
+
+void FLogControl::SetVerbosity(ELogVerbosity::Type Verbosity)
+{
+	Logging::GlobalVerbosity() = Verbosity;
+}
+
+ELogVerbosity::Type FLogControl::GetVerbosity()
+{
+	return Logging::GlobalVerbosity();
+}

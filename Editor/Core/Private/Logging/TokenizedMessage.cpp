@@ -1,0 +1,52 @@
+#include "Logging/TokenizedMessage.h"
+
+#include "Internationalization/Internationalization.h"
+
+#define LOCTEXT_NAMESPACE "Core.MessageLog"
+
+TSharedRef<FTokenizedMessage> FTokenizedMessage::Create(EMessageSeverity::Type Severity, const FText& Text)
+{
+	const TSharedRef<FTokenizedMessage> Message = MakeShareable(new FTokenizedMessage(Severity));
+	if (!Text.IsEmpty())
+	{
+		Message->AddText(Text);
+	}
+	return Message;
+}
+
+FText FTokenizedMessage::ToText() const
+{
+	FString Joined;
+	for (const TSharedRef<IMessageToken>& Token : Tokens)
+	{
+		Joined += Joined.IsEmpty() ? TEXT("") : TEXT(" ");
+		Joined += Token->ToText().ToString();
+	}
+	return FText::FromString(MoveTemp(Joined));
+}
+
+TSharedRef<FTokenizedMessage> FTokenizedMessage::AddToken(const TSharedRef<IMessageToken>& Token)
+{
+	Tokens.Add(Token);
+	return AsShared();
+}
+
+FText FTokenizedMessage::GetSeverityText(EMessageSeverity::Type Severity)
+{
+	switch (Severity)
+	{
+	case EMessageSeverity::CriticalError:
+		return LOCTEXT("CritError", "Critical Error");
+	case EMessageSeverity::Error:
+		return LOCTEXT("Error", "Error");
+	case EMessageSeverity::PerformanceWarning:
+		return LOCTEXT("PerfWarning", "Performance Warning");
+	case EMessageSeverity::Warning:
+		return LOCTEXT("Warning", "Warning");
+	case EMessageSeverity::Info:
+		return LOCTEXT("Info", "Info");
+	}
+	return FText();
+}
+
+#undef LOCTEXT_NAMESPACE
