@@ -1,0 +1,108 @@
+#include "EdGraph/EdGraphPin.h"
+
+#include "UObject/NativeClass.h"
+
+IMPLEMENT_EDITOR_STRUCT(FSimpleMemberReference, "/Script/Engine")
+IMPLEMENT_EDITOR_STRUCT(FEdGraphTerminalType, "/Script/Engine")
+IMPLEMENT_EDITOR_STRUCT(FEdGraphPinType, "/Script/Engine")
+
+template <> UEnum* StaticEnum<EPinContainerType>()
+{
+	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("EPinContainerType"), TEXT("/Script/Engine"),
+		UEnum::ECppForm::EnumClass,
+		{{TEXT("None"), 0}, {TEXT("Array"), 1}, {TEXT("Set"), 2}, {TEXT("Map"), 3}});
+	return Enum;
+}
+
+template <> UEnum* StaticEnum<EEdGraphPinDirection>()
+{
+	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("EEdGraphPinDirection"), TEXT("/Script/Engine"),
+		UEnum::ECppForm::Regular, {{TEXT("EGPD_Input"), EGPD_Input}, {TEXT("EGPD_Output"), EGPD_Output}});
+	return Enum;
+}
+
+void FSimpleMemberReference::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("MemberParent"), &FSimpleMemberReference::MemberParent);
+	Struct.Property(TEXT("MemberName"), &FSimpleMemberReference::MemberName);
+	Struct.Property(TEXT("MemberGuid"), &FSimpleMemberReference::MemberGuid);
+}
+
+void FEdGraphTerminalType::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("TerminalCategory"), &FEdGraphTerminalType::TerminalCategory);
+	Struct.Property(TEXT("TerminalSubCategory"), &FEdGraphTerminalType::TerminalSubCategory);
+	Struct.Property(TEXT("TerminalSubCategoryObject"), &FEdGraphTerminalType::TerminalSubCategoryObject);
+	Struct.Property(TEXT("bTerminalIsConst"), &FEdGraphTerminalType::bTerminalIsConst);
+	Struct.Property(TEXT("bTerminalIsWeakPointer"), &FEdGraphTerminalType::bTerminalIsWeakPointer);
+	Struct.Property(TEXT("bTerminalIsUObjectWrapper"), &FEdGraphTerminalType::bTerminalIsUObjectWrapper);
+}
+
+void FEdGraphPinType::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("PinCategory"), &FEdGraphPinType::PinCategory);
+	Struct.Property(TEXT("PinSubCategory"), &FEdGraphPinType::PinSubCategory);
+	Struct.Property(TEXT("PinSubCategoryObject"), &FEdGraphPinType::PinSubCategoryObject);
+	Struct.Property(TEXT("PinSubCategoryMemberReference"), &FEdGraphPinType::PinSubCategoryMemberReference);
+	Struct.Property(TEXT("PinValueType"), &FEdGraphPinType::PinValueType);
+	Struct.Property(TEXT("ContainerType"), &FEdGraphPinType::ContainerType);
+	Struct.Property(TEXT("bIsReference"), &FEdGraphPinType::bIsReference);
+	Struct.Property(TEXT("bIsConst"), &FEdGraphPinType::bIsConst);
+	Struct.Property(TEXT("bIsWeakPointer"), &FEdGraphPinType::bIsWeakPointer);
+	Struct.Property(TEXT("bIsUObjectWrapper"), &FEdGraphPinType::bIsUObjectWrapper);
+	Struct.Property(TEXT("bSerializeAsSinglePrecisionFloat"), &FEdGraphPinType::bSerializeAsSinglePrecisionFloat);
+}
+
+UClass* FSimpleMemberReference::GetMemberParentClass() const
+{
+	return Cast<UClass>(MemberParent);
+}
+
+FEdGraphTerminalType FEdGraphTerminalType::FromPinType(const FEdGraphPinType& PinType)
+{
+	FEdGraphTerminalType Type;
+	Type.TerminalCategory = PinType.PinCategory;
+	Type.TerminalSubCategory = PinType.PinSubCategory;
+	Type.TerminalSubCategoryObject = PinType.PinSubCategoryObject;
+	Type.bTerminalIsConst = PinType.bIsConst;
+	Type.bTerminalIsWeakPointer = PinType.bIsWeakPointer;
+	Type.bTerminalIsUObjectWrapper = PinType.bIsUObjectWrapper;
+	return Type;
+}
+
+bool FEdGraphTerminalType::operator==(const FEdGraphTerminalType& Other) const
+{
+	return TerminalCategory == Other.TerminalCategory && TerminalSubCategory == Other.TerminalSubCategory &&
+		TerminalSubCategoryObject == Other.TerminalSubCategoryObject && bTerminalIsConst == Other.bTerminalIsConst &&
+		bTerminalIsWeakPointer == Other.bTerminalIsWeakPointer &&
+		bTerminalIsUObjectWrapper == Other.bTerminalIsUObjectWrapper;
+}
+
+FEdGraphPinType FEdGraphPinType::GetPinTypeForTerminalType(const FEdGraphTerminalType& TerminalType)
+{
+	FEdGraphPinType Type;
+	Type.PinCategory = TerminalType.TerminalCategory;
+	Type.PinSubCategory = TerminalType.TerminalSubCategory;
+	Type.PinSubCategoryObject = TerminalType.TerminalSubCategoryObject;
+	Type.bIsConst = TerminalType.bTerminalIsConst;
+	Type.bIsWeakPointer = TerminalType.bTerminalIsWeakPointer;
+	Type.bIsUObjectWrapper = TerminalType.bTerminalIsUObjectWrapper;
+	return Type;
+}
+
+FEdGraphPinType FEdGraphPinType::GetTerminalTypeForContainer(const FEdGraphPinType& ContainerType)
+{
+	FEdGraphPinType Type = ContainerType;
+	Type.ContainerType = EPinContainerType::None;
+	Type.PinValueType = FEdGraphTerminalType();
+	return Type;
+}
+
+bool FEdGraphPinType::operator==(const FEdGraphPinType& Other) const
+{
+	return PinCategory == Other.PinCategory && PinSubCategory == Other.PinSubCategory &&
+		PinSubCategoryObject == Other.PinSubCategoryObject &&
+		PinSubCategoryMemberReference == Other.PinSubCategoryMemberReference && PinValueType == Other.PinValueType &&
+		ContainerType == Other.ContainerType && bIsReference == Other.bIsReference && bIsConst == Other.bIsConst &&
+		bIsWeakPointer == Other.bIsWeakPointer && bIsUObjectWrapper == Other.bIsUObjectWrapper;
+}

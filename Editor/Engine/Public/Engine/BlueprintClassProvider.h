@@ -1,0 +1,26 @@
+#pragma once
+
+#include "CoreMinimal.h"
+
+class UBlueprint;
+class UClass;
+
+/**
+ * What the lower modules ask of the compiler, which lives above them: the classes of a Blueprint, brought up to date. The
+ * editor module sets the functions at start-up; without them a Blueprint's classes are taken as they stand.
+ */
+namespace BlueprintClassProvider
+{
+struct FFunctions
+{
+	/** Rebuilds the skeleton class when declarations changed since. */
+	void (*EnsureSkeletonIsUpToDate)(UBlueprint* Blueprint) = nullptr;
+	/** Builds both classes of a Blueprint that was just read from its package. */
+	void (*RegenerateOnLoad)(UBlueprint* Blueprint) = nullptr;
+};
+
+void Set(const FFunctions& Functions);
+const FFunctions& Get();
+/** The skeleton class, up to date, or the generated or parent class when there is no skeleton. Null for null. */
+UClass* GetSelfClass(const UBlueprint* Blueprint);
+} // namespace BlueprintClassProvider
