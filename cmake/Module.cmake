@@ -21,18 +21,22 @@ function(morvane_module NAME DIR)
   morvane_precompile(${NAME})
 endfunction()
 
-# One header is precompiled for all who stand on the object system, and taken over from EditorCoreUObject by the rest;
-# Core and Json stand below it, so theirs stops at the vocabulary types.
+# One header is precompiled for all who stand on the object system. Its own target holds no definitions beyond Core's:
+# g++ refuses a precompiled header made with a macro that its user does not define.
+if(MORVANE_CORE_PCH AND MORVANE_OBJECT_PCH)
+  add_library(EditorPrecompiled OBJECT "${CMAKE_BINARY_DIR}/generated/HeadersOnly.cpp")
+  target_include_directories(EditorPrecompiled PRIVATE "${CMAKE_SOURCE_DIR}/Editor/CoreUObject/Public")
+  target_link_libraries(EditorPrecompiled PRIVATE EditorCore)
+  target_precompile_headers(EditorPrecompiled PRIVATE "${MORVANE_CORE_PCH}" "${MORVANE_OBJECT_PCH}")
+endif()
+
+# The modules beside the object system do with the vocabulary types.
 function(morvane_precompile NAME)
-  if(NAME MATCHES "^Editor(Core|Json)$")
+  if(NAME MATCHES "^Editor(Core|Json|SourceControl)$")
     if(MORVANE_CORE_PCH)
       target_precompile_headers(${NAME} PRIVATE "${MORVANE_CORE_PCH}")
     endif()
-  elseif(NOT MORVANE_CORE_PCH OR NOT MORVANE_OBJECT_PCH)
-    return()
-  elseif(NAME MATCHES "^EditorCoreUObject$")
-    target_precompile_headers(${NAME} PRIVATE "${MORVANE_CORE_PCH}" "${MORVANE_OBJECT_PCH}")
-  else()
-    target_precompile_headers(${NAME} REUSE_FROM EditorCoreUObject)
+  elseif(TARGET EditorPrecompiled)
+    target_precompile_headers(${NAME} REUSE_FROM EditorPrecompiled)
   endif()
 endfunction()
