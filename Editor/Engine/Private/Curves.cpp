@@ -1,0 +1,90 @@
+#include "Curves/CurveBase.h"
+
+#include "UObject/NativeClass.h"
+
+IMPLEMENT_EDITOR_CLASS(UCurveBase, "/Script/Engine", CLASS_Abstract)
+IMPLEMENT_EDITOR_CLASS(UCurveFloat, "/Script/Engine", CLASS_None)
+IMPLEMENT_EDITOR_CLASS(UCurveVector, "/Script/Engine", CLASS_None)
+IMPLEMENT_EDITOR_CLASS(UCurveLinearColor, "/Script/Engine", CLASS_None)
+IMPLEMENT_EDITOR_STRUCT(FRichCurveKey, "/Script/Engine")
+IMPLEMENT_EDITOR_STRUCT(FRichCurve, "/Script/Engine")
+
+template <> UEnum* StaticEnum<ERichCurveInterpMode>()
+{
+	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("ERichCurveInterpMode"), TEXT("/Script/Engine"),
+		UEnum::ECppForm::Regular,
+		{{TEXT("RCIM_Linear"), 0}, {TEXT("RCIM_Constant"), 1}, {TEXT("RCIM_Cubic"), 2}, {TEXT("RCIM_None"), 3}});
+	return Enum;
+}
+
+void FRichCurveKey::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("InterpMode"), &FRichCurveKey::InterpMode);
+	Struct.Property(TEXT("Time"), &FRichCurveKey::Time);
+	Struct.Property(TEXT("Value"), &FRichCurveKey::Value);
+	Struct.Property(TEXT("ArriveTangent"), &FRichCurveKey::ArriveTangent);
+	Struct.Property(TEXT("LeaveTangent"), &FRichCurveKey::LeaveTangent);
+}
+
+void FRichCurve::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("Keys"), &FRichCurve::Keys);
+}
+
+FKeyHandle FRichCurve::AddKey(float InTime, float InValue, bool)
+{
+	int32 Index = Keys.Num();
+	while (Index > 0 && Keys[Index - 1].Time > InTime)
+	{
+		--Index;
+	}
+	Keys.Insert(FRichCurveKey(InTime, InValue), Index);
+	return FKeyHandle{Index};
+}
+
+float FRichCurve::Eval(float InTime, float InDefaultValue) const
+{
+	if (Keys.IsEmpty())
+	{
+		return InDefaultValue;
+	}
+	if (InTime <= Keys[0].Time)
+	{
+		return Keys[0].Value;
+	}
+	for (int32 Index = 1; Index < Keys.Num(); ++Index)
+	{
+		const FRichCurveKey& Left = Keys[Index - 1];
+		const FRichCurveKey& Right = Keys[Index];
+		if (InTime < Right.Time)
+		{
+			const float Alpha = (InTime - Left.Time) / (Right.Time - Left.Time);
+			return Left.InterpMode == RCIM_Constant ? Left.Value : Left.Value + Alpha * (Right.Value - Left.Value);
+		}
+	}
+	return Keys.Last().Value;
+}
+
+void FRichCurve::GetTimeRange(float& MinTime, float& MaxTime) const
+{
+	MinTime = Keys.IsEmpty() ? 0.0f : Keys[0].Time;
+	MaxTime = Keys.IsEmpty() ? 0.0f : Keys.Last().Time;
+}
+
+void UCurveBase::DescribeClass(FClassDescriber&) {}
+
+void UCurveFloat::DescribeClass(FClassDescriber& Class)
+{
+	Class.Property(TEXT("FloatCurve"), &UCurveFloat::FloatCurve);
+	Class.Property(TEXT("bIsEventCurve"), &UCurveFloat::bIsEventCurve);
+}
+
+void UCurveVector::DescribeClass(FClassDescriber& Class)
+{
+	Class.Property(TEXT("FloatCurves"), &UCurveVector::FloatCurves);
+}
+
+void UCurveLinearColor::DescribeClass(FClassDescriber& Class)
+{
+	Class.Property(TEXT("FloatCurves"), &UCurveLinearColor::FloatCurves);
+}

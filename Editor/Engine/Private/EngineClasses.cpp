@@ -1,0 +1,26 @@
+#include "EngineClasses.h"
+
+#include "Components/SceneComponent.h"
+#include "Curves/CurveBase.h"
+#include "EdGraph/EdGraphSchema.h"
+#include "Engine/Blueprint.h"
+#include "Engine/BlueprintGeneratedClass.h"
+#include "Engine/MemberReference.h"
+#include "Engine/SimpleConstructionScript.h"
+#include "Engine/TimelineTemplate.h"
+#include "GameFramework/Actor.h"
+#include "UObject/NativeClass.h"
+
+void RegisterEngineClasses()
+{
+	NativeClass::RegisterNativeClasses({&UEdGraph::StaticClass, &UEdGraphNode::StaticClass, &UEdGraphSchema::StaticClass,
+		&UBlueprintCore::StaticClass, &UBlueprint::StaticClass, &UAnimBlueprint::StaticClass,
+		&UBlueprintGeneratedClass::StaticClass, &UAnimBlueprintGeneratedClass::StaticClass,
+		&UWidgetBlueprintGeneratedClass::StaticClass, &USimpleConstructionScript::StaticClass, &USCS_Node::StaticClass,
+		&AActor::StaticClass, &UActorComponent::StaticClass, &USceneComponent::StaticClass,
+		&UTimelineTemplate::StaticClass, &UCurveBase::StaticClass, &UCurveFloat::StaticClass,
+		&UCurveVector::StaticClass, &UCurveLinearColor::StaticClass});
+	FMemberReference::StaticStruct();
+	FEdGraphPinType::StaticStruct();
+	StaticEnum<EComponentMobility::Type>();
+}
