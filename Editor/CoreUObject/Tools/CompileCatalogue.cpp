@@ -32,22 +32,6 @@ bool ReadFiles(int Count, char** Names, std::vector<FSourceFile>& OutFiles, std:
 	return true;
 }
 
-ETarget TargetOf(EOwnerKind Kind)
-{
-	switch (Kind)
-	{
-	case EOwnerKind::Class:
-		return ETarget::Class;
-	case EOwnerKind::Struct:
-		return ETarget::Struct;
-	case EOwnerKind::Enum:
-		return ETarget::Enum;
-	case EOwnerKind::Delegate:
-		return ETarget::Delegate;
-	}
-	return ETarget::Class;
-}
-
 void Resolve(const std::vector<FSourceFile>& Files, std::vector<FFault>& OutFaults)
 {
 	std::unordered_map<std::string, ETarget> Entries;

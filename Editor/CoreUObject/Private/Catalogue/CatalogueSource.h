@@ -121,6 +121,22 @@ enum class ETarget
 	Function,
 };
 
+constexpr ETarget TargetOf(EOwnerKind Kind)
+{
+	switch (Kind)
+	{
+	case EOwnerKind::Class:
+		return ETarget::Class;
+	case EOwnerKind::Struct:
+		return ETarget::Struct;
+	case EOwnerKind::Enum:
+		return ETarget::Enum;
+	case EOwnerKind::Delegate:
+		return ETarget::Delegate;
+	}
+	return ETarget::Class;
+}
+
 /** Calls Visit(Path, Target, Line) for each path that the owner refers to. */
 template <class TVisit>
 void VisitReferences(const FSourceOwner& Owner, TVisit&& Visit);

@@ -1,0 +1,81 @@
+#include "Catalogue/CatalogueObjects.h"
+
+namespace Catalogue
+{
+namespace CatalogueDefaults
+{
+void SetObjectMember(UObject& Owner, FName MemberName, UObject* Value)
+{
+	const FObjectProperty* const Member = FindFProperty<FObjectProperty>(Owner.GetClass(), MemberName);
+	if (Member && (!Value || !Member->PropertyClass || Value->IsA(Member->PropertyClass)))
+	{
+		Member->SetObjectPropertyValue_InContainer(&Owner, Value);
+	}
+}
+
+/** The component of an earlier record or of a parent class, by name; null for none. */
+UObject* FindComponent(UObject& DefaultObject, FName Name)
+{
+	return Name.IsNone() ? nullptr : DefaultObject.GetClass()->GetDefaultSubobjectByName(Name);
+}
+
+bool SetValues(FLoadedImage& Image, const FOwnerRecord& Record, UObject& DefaultObject)
+{
+	bool bChanged = false;
+	for (uint32 Index = 0; Index < Record.Properties.Num; ++Index)
+	{
+		const FPropertyRecord& Row = Image.GetView().Property(Record.Properties.First + Index);
+		const FProperty* const Property = Row.Default == 0
+			? nullptr
+			: DefaultObject.GetClass()->FindPropertyByName(Image.Name(Row.Name));
+		if (Property)
+		{
+			bChanged |= Property->ImportText_InContainer(
+							*Image.Text(Row.Default), &DefaultObject, &DefaultObject, PPF_None)
+				!= nullptr;
+		}
+	}
+	return bChanged;
+}
+
+void MakeComponent(FLoadedImage& Image, const FComponentRecord& Row, UObject& Actor)
+{
+	UClass* const Class = Image.Resolve<UClass>(Row.Class);
+	const FName Name = Image.Name(Row.Name);
+	if (!Class || FindComponent(Actor, Name))
+	{
+		return;
+	}
+	static const FName RootName(TEXT("RootComponent"));
+	static const FName AttachName(TEXT("AttachParent"));
+	UObject* const Component = Actor.CreateDefaultSubobject(Name, Class, Class, true, false);
+	if (Row.Property != 0)
+	{
+		SetObjectMember(Actor, Image.Name(Row.Property), Component);
+	}
+	if (Row.Attach != 0)
+	{
+		SetObjectMember(*Component, AttachName, FindComponent(Actor, Image.Name(Row.Attach)));
+		return;
+	}
+	// Only scene components have a place in the tree; the first of them is its root.
+	const FObjectProperty* const Root = FindFProperty<FObjectProperty>(Actor.GetClass(), RootName);
+	if (Root && Root->PropertyClass && Component->IsA(Root->PropertyClass)
+		&& !Root->GetObjectPropertyValue_InContainer(&Actor))
+	{
+		Root->SetObjectPropertyValue_InContainer(&Actor, Component);
+	}
+}
+} // namespace CatalogueDefaults
+
+bool InitializeDefaults(FLoadedImage& Image, const FOwnerRecord& Record, UClass& Class, UObject& DefaultObject)
+{
+	using namespace CatalogueDefaults;
+	for (uint32 Index = 0; Index < Record.Components.Num; ++Index)
+	{
+		MakeComponent(Image, Image.GetView().Component(Record.Components.First + Index), DefaultObject);
+	}
+	const bool bSetValues = SetValues(Image, Record, DefaultObject);
+	return bSetValues || Record.Components.Num > 0;
+}
+} // namespace Catalogue
