@@ -1,0 +1,197 @@
+#include "BlueprintGraphCreateOperation.h"
+
+#include "AssetOperationBase.h"
+#include "BlueprintUtils.h"
+#include "EdGraph/EdGraph.h"
+#include "Engine/Blueprint.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "Kismet2/KismetEditorUtilities.h"
+#include "MorvaneSettings.h"
+#include "ToolInfo.h"
+#include "ToolResult.h"
+#include "Utils/FunctionGraphs.h"
+#include "Utils/Records/PopulateRecords.h"
+
+namespace BlueprintGraphCreate
+{
+using namespace Morvane;
+
+/** One call: the entries in order, then what they changed together. */
+class FCreateRun
+{
+public:
+	FCreateRun(UBlueprint& InBlueprint, const FString& InPath, FToolResult& InResult)
+		: Blueprint(InBlueprint)
+		, Path(InPath)
+		, Result(InResult)
+	{
+	}
+
+	void MakeEntry(const TSharedPtr<FJsonValue>& Entry, int32 Index)
+	{
+		const TSharedPtr<FJsonObject>* Json = nullptr;
+		if (!Entry || !Entry->TryGetObject(Json))
+		{
+			Result.AddErrorMessage(FString::Printf(TEXT("Function at index %d is not a valid object"), Index));
+			return;
+		}
+		FBPFunctionModification Request;
+		if (!PopulateRecords::ParseFunction(**Json, Request))
+		{
+			Result.AddErrorMessage(
+				FString::Printf(TEXT("Invalid function specification for '%s' (index %d)"), *Request.Name, Index));
+			return;
+		}
+		if (Request.bHasReturnType && !Request.ReturnType)
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT(
+					"Function '%s' specified a return_type but the type could not be parsed; proceeding with default result node."),
+				*Request.Name));
+		}
+		Request.bIsDelegate ? MakeDelegate(Request) : MakeFunction(Request);
+	}
+
+	void ReportCount()
+	{
+		Result.SetData(TEXT("functions_created"), FString::FromInt(FunctionNames.Num() + DelegateNames.Num()));
+	}
+
+	void Finish()
+	{
+		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
+		if (LastGraph && GetDefault<UMorvaneSettings>()->bFocusOnModifiedNode)
+		{
+			FKismetEditorUtilities::BringKismetToFocusAttentionOnObject(LastGraph, false);
+		}
+		TrackNames(ToolInfo::ToolName_ReadBlueprintFunction, ToolInfo::FieldName_FunctionName, FunctionNames);
+		TrackNames(ToolInfo::ToolName_ReadBlueprintDelegate, ToolInfo::FieldName_DelegateName, DelegateNames);
+		if (!FAssetOperationBase::SaveAsset(&Blueprint, Result))
+		{
+			return; // the helper has told why
+		}
+		Result.AddSuccessMessage(FString::Printf(TEXT("Created or updated %d function(s) and %d delegate(s) in '%s'"),
+			FunctionNames.Num(), DelegateNames.Num(), *Path));
+		FString Reason;
+		if (!FAssetOperationBase::AddAssetToSourceControl(Path, Reason))
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT(
+					"Blueprint modified successfully, but could not add to source control:\n%s\nPlease manually add the asset in your source control client."),
+				*Reason));
+		}
+		Result.FinalizeModifications();
+	}
+
+private:
+	void MakeDelegate(const FBPFunctionModification& Request)
+	{
+		UEdGraph* Graph = nullptr;
+		if (FBlueprintFunctionGraphUtils::EnsureDelegateSignature(&Blueprint, Request.Name, Graph, Result))
+		{
+			Configure(Graph, Request, DelegateNames);
+		}
+	}
+
+	void MakeFunction(const FBPFunctionModification& Request)
+	{
+		UEdGraph* Graph = nullptr;
+		UK2Node_FunctionEntry* Entry = nullptr;
+		UK2Node_FunctionResult* ResultNode = nullptr;
+		const bool bReady = FBlueprintFunctionGraphUtils::EnsureFunctionGraph(
+			&Blueprint, Request.Name, Graph, Entry, ResultNode, Result, Request.bHasReturnType);
+		if (bReady && Graph)
+		{
+			Configure(Graph, Request, FunctionNames);
+		}
+	}
+
+	void Configure(UEdGraph* Graph, const FBPFunctionModification& Request, TArray<FString>& Names)
+	{
+		if (FBlueprintFunctionGraphUtils::ConfigureGraphSignature(&Blueprint, Graph, Request, Result))
+		{
+			Names.Add(Request.Name);
+			LastGraph = Graph;
+		}
+	}
+
+	void TrackNames(const TCHAR* ReadTool, const TCHAR* NameField, const TArray<FString>& Names)
+	{
+		if (Names.IsEmpty())
+		{
+			return;
+		}
+		TArray<TSharedPtr<FJsonValue>> Values;
+		for (const FString& Name : Names)
+		{
+			Values.Add(MakeShared<FJsonValueString>(Name));
+		}
+		const TSharedPtr<FJsonObject> Parameters = MakeShared<FJsonObject>();
+		Parameters->SetStringField(ToolInfo::FieldName_Path, Path);
+		Parameters->SetArrayField(NameField, Values);
+		Result.TrackModification(ReadTool, Parameters);
+	}
+
+	UBlueprint& Blueprint;
+	FString Path;
+	FToolResult& Result;
+	TArray<FString> FunctionNames;
+	TArray<FString> DelegateNames;
+	UEdGraph* LastGraph = nullptr;
+};
+
+/** A look-up that fails and leads to a new Blueprint leaves no word: only a failed creation reports. */
+UBlueprint* LoadOrMakeBlueprint(const FString& Path, FToolResult& Result)
+{
+	UBlueprint* Blueprint = FBlueprintUtils::TryLoadBlueprint(Path);
+	if (Blueprint)
+	{
+		return Blueprint;
+	}
+	FString Reason;
+	Blueprint = FBlueprintUtils::CreateActorBlueprint(Path, Reason);
+	if (Blueprint)
+	{
+		Blueprint->MarkPackageDirty();
+		return Blueprint;
+	}
+	if (!Reason.IsEmpty())
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Failed to auto-create blueprint fixture: %s"), *Reason));
+	}
+	Result.AddErrorMessage(FString::Printf(TEXT("Blueprint not found: %s"), *Path));
+	return nullptr;
+}
+} // namespace BlueprintGraphCreate
+
+void FBlueprintGraphCreateOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
+{
+	FString Path;
+	if (!Args.TryGetStringField(Morvane::ToolInfo::FieldName_Path, Path))
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), Morvane::ToolInfo::FieldName_Path));
+		return;
+	}
+	const TArray<TSharedPtr<FJsonValue>>* Functions = nullptr;
+	if (!Args.TryGetArrayField(TEXT("functions"), Functions) || Functions->IsEmpty())
+	{
+		Result.AddErrorMessage(TEXT("Missing required 'functions' array with at least one entry"));
+		return;
+	}
+	UBlueprint* const Blueprint = BlueprintGraphCreate::LoadOrMakeBlueprint(Path, Result);
+	if (!Blueprint)
+	{
+		return; // the loader has told why
+	}
+
+	BlueprintGraphCreate::FCreateRun Run(*Blueprint, Path, Result);
+	for (int32 Index = 0; Index < Functions->Num(); ++Index)
+	{
+		Run.MakeEntry((*Functions)[Index], Index);
+	}
+	Run.ReportCount();
+	if (Result.WasSuccessful())
+	{
+		Run.Finish();
+	}
+}

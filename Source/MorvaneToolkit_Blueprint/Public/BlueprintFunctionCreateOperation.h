@@ -1,0 +1,17 @@
+#pragma once
+
+#include "CoreMinimal.h"
+
+class FJsonObject;
+
+namespace Morvane
+{
+class FToolResult;
+}
+
+/** The older name of FBlueprintGraphCreateOperation, for siblings that know it by this one. */
+class FBlueprintFunctionCreateOperation
+{
+public:
+	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);
+};
