@@ -1,0 +1,255 @@
+#include "KeywordIndex.h"
+
+#include "AssetOperationBase.h"
+#include "KeywordTypos.h"
+
+#include <algorithm>
+#include <bit>
+#include <tuple>
+
+namespace KeywordIndexImpl
+{
+uint32 GetLetters(const FString& Word)
+{
+	uint32 Letters = 0;
+	for (const TCHAR Char : Word)
+	{
+		Letters |= 1u << (static_cast<uint32>(Char) % 32u);
+	}
+	return Letters;
+}
+} // namespace KeywordIndexImpl
+
+uint32 FKeywordTextKeyFuncs::GetKeyHash(const FString& Text)
+{
+	uint32 Hash = 2166136261u;
+	for (const TCHAR Char : Text)
+	{
+		Hash = (Hash ^ static_cast<uint32>(Char)) * 16777619u;
+	}
+	return Hash;
+}
+
+void FKeywordIndex::Reset()
+{
+	Entries.Reset();
+	for (FVocable& Vocable : Vocables)
+	{
+		Vocable.InTitle.Reset();
+		Vocable.Elsewhere.Reset();
+	}
+}
+
+int32 FKeywordIndex::Add(const FString& Title, const FString& Category, const FString& NodeClass)
+{
+	const int32 Number = Entries.Num();
+	FEntry Entry;
+	Entry.Keywords = GetIds(TitleIds, Title, true);
+	Entry.TitleCount = Entry.Keywords.Num();
+	for (const int32 Vocable : GetIds(CategoryIds, Category, false))
+	{
+		Entry.Keywords.AddUnique(Vocable);
+	}
+	for (const int32 Vocable : GetIds(TitleIds, NodeClass, true))
+	{
+		Entry.Keywords.AddUnique(Vocable);
+	}
+	for (int32 Index = 0; Index < Entry.Keywords.Num(); ++Index)
+	{
+		FVocable& Vocable = Vocables[Entry.Keywords[Index]];
+		(Index < Entry.TitleCount ? Vocable.InTitle : Vocable.Elsewhere).Add(Number);
+	}
+	Entries.Add(MoveTemp(Entry));
+	return Number;
+}
+
+TArray<FKeywordHit> FKeywordIndex::FindBest(
+	const TArray<FString>& Request, const TArray<FString>& RequestTitle, int32 MaxCount) const
+{
+	const FKeywordSet RequestSet(Request);
+	TArray<FScore> Scores;
+	Scores.SetNum(Entries.Num());
+	ScoreRequest(RequestSet, Scores);
+	ScoreTitle(FKeywordSet(RequestTitle), Scores);
+
+	using FRank = std::tuple<int32, int32, int32, int32>;
+	TArray<FRank> Ranks;
+	Ranks.Reserve(Entries.Num());
+	for (int32 Number = 0; Number < Entries.Num(); ++Number)
+	{
+		const FScore& Score = Scores[Number];
+		const int32 Distance = KeywordMatch::GetDistance(
+			Entries[Number].Keywords.Num(), Entries[Number].TitleCount, Score.Common, Score.InTitle, Score.Edits);
+		Ranks.Emplace(-Score.Common, -Score.TitleCommon, Distance, Number);
+	}
+	const int32 Count = FMath::Clamp(MaxCount, 0, Ranks.Num());
+	std::partial_sort(Ranks.begin(), Ranks.begin() + Count, Ranks.end());
+
+	TArray<FKeywordHit> Hits;
+	for (int32 Index = 0; Index < Count; ++Index)
+	{
+		Hits.Add(MakeHit(std::get<3>(Ranks[Index]), Request, RequestSet));
+	}
+	return Hits;
+}
+
+int32 FKeywordIndex::FindOrAddVocable(const FString& Keyword)
+{
+	if (const int32* const Known = VocableByText.Find(Keyword))
+	{
+		return *Known;
+	}
+	FVocable& Vocable = Vocables.AddDefaulted_GetRef();
+	Vocable.Keyword = FKeyword(Keyword);
+	Vocable.Letters = KeywordIndexImpl::GetLetters(Vocable.Keyword.Text);
+	VocableByText.Add(Keyword, Vocables.Num() - 1);
+	if (Vocable.Keyword.Kind == EKeywordKind::Word)
+	{
+		WordsByLetter.FindOrAdd(Keyword[0]).Add(Vocables.Num() - 1);
+	}
+	return Vocables.Num() - 1;
+}
+
+const FKeywordIndex::FKeywordIds& FKeywordIndex::GetIds(TByText<FKeywordIds>& Memory, const FString& Text, bool bTitle)
+{
+	if (const FKeywordIds* const Known = Memory.Find(Text))
+	{
+		return *Known;
+	}
+	TArray<FString> Keywords;
+	if (bTitle)
+	{
+		Keywords = FAssetOperationBase::CreateKeywords(Text);
+	}
+	else
+	{
+		FAssetOperationBase::AppendKeywords(Text, Keywords);
+	}
+	FKeywordIds Ids;
+	for (const FString& Keyword : Keywords)
+	{
+		Ids.AddUnique(FindOrAddVocable(Keyword));
+	}
+	return Memory.Add(Text, MoveTemp(Ids));
+}
+
+TArray<FKeywordIndex::FNeighbour> FKeywordIndex::FindNeighbours(const FKeyword& Keyword) const
+{
+	TArray<FNeighbour> Neighbours;
+	const FString& Text = Keyword.Text;
+	if (const int32* const Same = VocableByText.Find(Text))
+	{
+		Neighbours.Add({*Same, 0});
+	}
+	if (Keyword.Kind == EKeywordKind::Word && Text.Len() > 1)
+	{
+		FindSlips(Keyword, Text[0], Neighbours);
+		if (Text[1] != Text[0])
+		{
+			FindSlips(Keyword, Text[1], Neighbours);
+		}
+	}
+	Neighbours.StableSort([](const FNeighbour& Left, const FNeighbour& Right) { return Left.Edits < Right.Edits; });
+	return Neighbours;
+}
+
+void FKeywordIndex::FindSlips(const FKeyword& Keyword, TCHAR FirstLetter, TArray<FNeighbour>& OutNeighbours) const
+{
+	const TArray<int32>* const Words = WordsByLetter.Find(FirstLetter);
+	if (!Words)
+	{
+		return;
+	}
+	const uint32 Letters = KeywordIndexImpl::GetLetters(Keyword.Text);
+	for (const int32 Index : *Words)
+	{
+		const FVocable& Vocable = Vocables[Index];
+		const int32 Tolerance = KeywordTypos::GetTolerance(Keyword.Text.Len(), Vocable.Keyword.Text.Len());
+		if (Tolerance == 0 || std::popcount(Letters ^ Vocable.Letters) > 2 * Tolerance)
+		{
+			continue; // each edit changes at most two letters
+		}
+		const int32 Edits = KeywordMatch::CountEdits(Keyword, Vocable.Keyword);
+		if (Edits > 0)
+		{
+			OutNeighbours.Add({Index, Edits});
+		}
+	}
+}
+
+void FKeywordIndex::ScoreRequest(const FKeywordSet& Request, TArray<FScore>& Scores) const
+{
+	for (int32 Stamp = 0; Stamp < Request.Num(); ++Stamp)
+	{
+		const TArray<FNeighbour> Neighbours = FindNeighbours(Request.GetKeywords()[Stamp]);
+		const auto Count = [&Scores, Stamp](const TArray<int32>& Numbers, int32 Edits, bool bInTitle)
+		{
+			for (const int32 Number : Numbers)
+			{
+				FScore& Score = Scores[Number];
+				if (Score.Stamp != Stamp)
+				{
+					Score.Stamp = Stamp;
+					++Score.Common;
+					Score.InTitle += bInTitle ? 1 : 0;
+					Score.Edits += Edits;
+				}
+			}
+		};
+		// Fewer edits first, and the title first among equals: that is the one that a comparison keeps.
+		for (int32 First = 0; First < Neighbours.Num();)
+		{
+			int32 End = First;
+			while (End < Neighbours.Num() && Neighbours[End].Edits == Neighbours[First].Edits)
+			{
+				++End;
+			}
+			for (int32 Index = First; Index < End; ++Index)
+			{
+				Count(Vocables[Neighbours[Index].Vocable].InTitle, Neighbours[Index].Edits, true);
+			}
+			for (int32 Index = First; Index < End; ++Index)
+			{
+				Count(Vocables[Neighbours[Index].Vocable].Elsewhere, Neighbours[Index].Edits, false);
+			}
+			First = End;
+		}
+	}
+}
+
+void FKeywordIndex::ScoreTitle(const FKeywordSet& Title, TArray<FScore>& Scores) const
+{
+	for (FScore& Score : Scores)
+	{
+		Score.Stamp = INDEX_NONE;
+	}
+	for (int32 Stamp = 0; Stamp < Title.Num(); ++Stamp)
+	{
+		for (const FNeighbour& Neighbour : FindNeighbours(Title.GetKeywords()[Stamp]))
+		{
+			for (const int32 Number : Vocables[Neighbour.Vocable].InTitle)
+			{
+				FScore& Score = Scores[Number];
+				if (Score.Stamp != Stamp)
+				{
+					Score.Stamp = Stamp;
+					++Score.TitleCommon;
+				}
+			}
+		}
+	}
+}
+
+FKeywordHit FKeywordIndex::MakeHit(int32 Entry, const TArray<FString>& Request, const FKeywordSet& RequestSet) const
+{
+	FKeywordSet Candidate;
+	for (const int32 Vocable : Entries[Entry].Keywords)
+	{
+		Candidate.Add(Vocables[Vocable].Keyword);
+	}
+	FKeywordHit Hit;
+	Hit.Entry = Entry;
+	Hit.Similarity = KeywordMatch::MakeSimilarity(Request, RequestSet, Candidate);
+	Hit.Confidence = KeywordMatch::GetConfidence(RequestSet, Candidate);
+	return Hit;
+}

@@ -1,0 +1,451 @@
+#include "KeywordWords.h"
+
+namespace KeywordWordTables
+{
+struct FSpelling
+{
+	const TCHAR* Word;
+	const TCHAR* Means;
+};
+
+/** Words of agents and of older engine versions beside the one that counts. Titles pass through here as well. */
+constexpr FSpelling Spellings[] = {
+	{TEXT("plus"), TEXT("add")},
+	{TEXT("minus"), TEXT("subtract")},
+	{TEXT("multiplied"), TEXT("multiply")},
+	{TEXT("divided"), TEXT("divide")},
+	{TEXT("modulus"), TEXT("modulo")},
+	{TEXT("mod"), TEXT("modulo")},
+	{TEXT("equality"), TEXT("equal")},
+	{TEXT("double"), TEXT("float")},
+	{TEXT("real"), TEXT("float")},
+	{TEXT("int"), TEXT("integer")},
+	{TEXT("int32"), TEXT("integer")},
+	{TEXT("bool"), TEXT("boolean")},
+	{TEXT("str"), TEXT("string")},
+	{TEXT("vec"), TEXT("vector")},
+	{TEXT("obj"), TEXT("object")},
+	{TEXT("ref"), TEXT("reference")},
+	{TEXT("comp"), TEXT("component")},
+	{TEXT("loc"), TEXT("location")},
+	{TEXT("rot"), TEXT("rotation")},
+	{TEXT("pos"), TEXT("position")},
+	{TEXT("dist"), TEXT("distance")},
+	{TEXT("param"), TEXT("parameter")},
+	{TEXT("num"), TEXT("number")},
+	{TEXT("rand"), TEXT("random")},
+	{TEXT("maximum"), TEXT("max")},
+	{TEXT("minimum"), TEXT("min")},
+	{TEXT("anim"), TEXT("animation")},
+	{TEXT("char"), TEXT("character")},
+	{TEXT("btn"), TEXT("button")},
+	{TEXT("txt"), TEXT("text")},
+	{TEXT("img"), TEXT("image")},
+	{TEXT("init"), TEXT("initialize")},
+	{TEXT("initialise"), TEXT("initialize")},
+	{TEXT("normalise"), TEXT("normalize")},
+	{TEXT("colour"), TEXT("color")},
+	{TEXT("grey"), TEXT("gray")},
+	{TEXT("centre"), TEXT("center")},
+	{TEXT("behaviour"), TEXT("behavior")},
+	{TEXT("if"), TEXT("branch")},
+	{TEXT("lookat"), TEXT("look at")},
+	{TEXT("beginplay"), TEXT("begin play")},
+	{TEXT("endplay"), TEXT("end play")},
+	{TEXT("foreach"), TEXT("for each")},
+	{TEXT("forloop"), TEXT("for loop")},
+	{TEXT("foreachloop"), TEXT("for each loop")},
+	{TEXT("flipflop"), TEXT("flip flop")},
+	{TEXT("finterp"), TEXT("interp")},
+	{TEXT("vinterp"), TEXT("v interp")},
+	{TEXT("rinterp"), TEXT("r interp")},
+	{TEXT("doonce"), TEXT("do once")},
+	{TEXT("linetrace"), TEXT("line trace")},
+	{TEXT("gamemode"), TEXT("game mode")},
+	{TEXT("gamestate"), TEXT("game state")},
+	{TEXT("viewport"), TEXT("view port")},
+	{TEXT("timestep"), TEXT("time step")},
+};
+
+/** Longer signs first, so that each text is cut at the longest that fits. */
+struct FSign
+{
+	const TCHAR* Sign;
+	const TCHAR* Means;
+	/** Stands for the operator only between blanks or ends; inside a word it merely separates. */
+	bool bNeedsRoom;
+};
+
+constexpr FSign Signs[] = {
+	{TEXT("<<"), TEXT("left shift"), false},
+	{TEXT(">>"), TEXT("right shift"), false},
+	{TEXT("->"), TEXT(""), false},
+	{TEXT("++"), TEXT("increment"), false},
+	{TEXT("--"), TEXT("decrement"), true},
+	{TEXT("=="), TEXT("equal"), false},
+	{TEXT("!="), TEXT("not equal"), false},
+	{TEXT("<="), TEXT("less equal"), false},
+	{TEXT(">="), TEXT("greater equal"), false},
+	{TEXT("&&"), TEXT("and"), false},
+	{TEXT("||"), TEXT("or"), false},
+	{TEXT("+"), TEXT("add"), false},
+	{TEXT("*"), TEXT("multiply"), false},
+	{TEXT("%"), TEXT("modulo"), false},
+	{TEXT("-"), TEXT("subtract"), true},
+	{TEXT("/"), TEXT("divide"), true},
+	{TEXT("<"), TEXT("less"), true},
+	{TEXT(">"), TEXT("greater"), true},
+	{TEXT("="), TEXT("equal"), true},
+	{TEXT("&"), TEXT("and"), true},
+	{TEXT("!"), TEXT("not"), true},
+	{TEXT("~"), TEXT("not"), true},
+	{TEXT("^"), TEXT("power"), true},
+};
+
+/** Words that no title needs to be told apart. */
+constexpr const TCHAR* Fillers[] = {TEXT("the"), TEXT("a"), TEXT("an"), TEXT("my"), TEXT("your"), TEXT("our"),
+	TEXT("its"), TEXT("please"), TEXT("node"), TEXT("some"), TEXT("operator")};
+
+/**
+ * What authors say for a node whose title shares no word with it, or too few: the whole request, in words as Split
+ * leaves them, without numbers and blanks. None of them may be a title of the menu, since titles pass through here too.
+ */
+constexpr FSpelling Shorthands[] = {
+	{TEXT("branchelse"), TEXT("branch")},
+	{TEXT("branchthen"), TEXT("branch")},
+	{TEXT("branchthenelse"), TEXT("branch")},
+	{TEXT("branchstatement"), TEXT("branch")},
+	{TEXT("branchcondition"), TEXT("branch")},
+	{TEXT("condition"), TEXT("branch")},
+	{TEXT("loop"), TEXT("for loop")},
+	{TEXT("for"), TEXT("for loop")},
+	{TEXT("while"), TEXT("while loop")},
+	{TEXT("loopthrougharray"), TEXT("for each loop")},
+	{TEXT("looparray"), TEXT("for each loop")},
+	{TEXT("iteratearray"), TEXT("for each loop")},
+	{TEXT("iterateoverarray"), TEXT("for each loop")},
+	{TEXT("wait"), TEXT("delay")},
+	{TEXT("waitsecond"), TEXT("delay")},
+	{TEXT("waitforsecond"), TEXT("delay")},
+	{TEXT("delaysecond"), TEXT("delay")},
+	{TEXT("delayforsecond"), TEXT("delay")},
+	{TEXT("sleep"), TEXT("delay")},
+	{TEXT("print"), TEXT("print string")},
+	{TEXT("printtextonscreen"), TEXT("print string")},
+	{TEXT("printtexttoscreen"), TEXT("print string")},
+	{TEXT("printonscreen"), TEXT("print string")},
+	{TEXT("printtoscreen"), TEXT("print string")},
+	{TEXT("printstringonscreen"), TEXT("print string")},
+	{TEXT("printstringtoscreen"), TEXT("print string")},
+	{TEXT("printmessage"), TEXT("print string")},
+	{TEXT("printmessageonscreen"), TEXT("print string")},
+	{TEXT("printmessagetoscreen"), TEXT("print string")},
+	{TEXT("printdebugmessage"), TEXT("print string")},
+	{TEXT("printtolog"), TEXT("print string")},
+	{TEXT("displaytextonscreen"), TEXT("print string")},
+	{TEXT("showtextonscreen"), TEXT("print string")},
+	{TEXT("showmessageonscreen"), TEXT("print string")},
+	{TEXT("displaymessageonscreen"), TEXT("print string")},
+	{TEXT("debugprint"), TEXT("print string")},
+	{TEXT("logmessage"), TEXT("print string")},
+	{TEXT("everyframe"), TEXT("event tick")},
+	{TEXT("onupdate"), TEXT("event tick")},
+	{TEXT("ontick"), TEXT("event tick")},
+	{TEXT("onbeginplay"), TEXT("event begin play")},
+	{TEXT("ongamestart"), TEXT("event begin play")},
+	{TEXT("gamestart"), TEXT("event begin play")},
+	{TEXT("onstart"), TEXT("event begin play")},
+	{TEXT("whengamestart"), TEXT("event begin play")},
+	{TEXT("self"), TEXT("get a reference to self")},
+	{TEXT("getself"), TEXT("get a reference to self")},
+	{TEXT("selfreference"), TEXT("get a reference to self")},
+	{TEXT("referencetoself"), TEXT("get a reference to self")},
+	{TEXT("thisactor"), TEXT("get a reference to self")},
+	{TEXT("comment"), TEXT("add comment")},
+	{TEXT("commentbox"), TEXT("add comment")},
+	{TEXT("spawnactor"), TEXT("spawn actor from class")},
+	{TEXT("spawn"), TEXT("spawn actor from class")},
+	{TEXT("destroyself"), TEXT("destroy actor")},
+	{TEXT("teleportactor"), TEXT("teleport")},
+	{TEXT("custommathexpression"), TEXT("add math expression")},
+	{TEXT("mathexpression"), TEXT("add math expression")},
+};
+
+/** Node classes that stand behind many titles: what is asked for is then in the title alone. */
+constexpr const TCHAR* FamilyClasses[] = {TEXT("CallFunction"), TEXT("CallArrayFunction"),
+	TEXT("CallMaterialParameterCollectionFunction"), TEXT("CallDataTableFunction"), TEXT("CallFunctionOnMember"),
+	TEXT("CallParentFunction"), TEXT("CommutativeAssociativeBinaryOperator"), TEXT("PromotableOperator"),
+	TEXT("MacroInstance"), TEXT("Event"), TEXT("CustomEvent"), TEXT("ActorBoundEvent"), TEXT("ComponentBoundEvent"),
+	TEXT("InputAction"), TEXT("InputActionEvent"), TEXT("InputKey"), TEXT("InputKeyEvent"), TEXT("InputAxisEvent"),
+	TEXT("InputAxisKeyEvent"), TEXT("EnhancedInputAction"), TEXT("GetInputActionValue"), TEXT("GetInputAxisValue"),
+	TEXT("VariableGet"), TEXT("VariableSet"), TEXT("Variable"), TEXT("DynamicCast"), TEXT("ClassDynamicCast"),
+	TEXT("MakeStruct"), TEXT("BreakStruct"), TEXT("SetFieldsInStruct"), TEXT("SwitchEnum"), TEXT("AddComponent"),
+	TEXT("Message"), TEXT("AddDelegate"), TEXT("RemoveDelegate"), TEXT("ClearDelegate"), TEXT("CallDelegate"),
+	TEXT("AssignDelegate"), TEXT("AsyncAction"), TEXT("LatentAbilityCall"), TEXT("LatentGameplayTaskCall"),
+	TEXT("AIMoveTo"), TEXT("Literal"), TEXT("GetEnumeratorName"), TEXT("BaseAsyncTask"), TEXT("GetSubsystem"),
+	TEXT("EnumLiteral"), TEXT("CastByteToEnum"), TEXT("ForEachElementInEnum"), TEXT("Tunnel"), TEXT("Composite")};
+
+constexpr float ConnectorWeight = 0.15f;
+constexpr float CommonWeight = 0.35f;
+
+/** Words that join others. */
+constexpr const TCHAR* Connectors[] = {TEXT("of"), TEXT("on"), TEXT("in"), TEXT("at"), TEXT("by"), TEXT("for"),
+	TEXT("from"), TEXT("with"), TEXT("as"), TEXT("and"), TEXT("into"), TEXT("onto"), TEXT("function"), TEXT("call"),
+	TEXT("when"), TEXT("this"), TEXT("that"), TEXT("current"), TEXT("one"), TEXT("second")};
+
+/** Words of hundreds of titles; the types among them only say which of several like nodes is meant. */
+constexpr const TCHAR* CommonWords[] = {TEXT("get"), TEXT("set"), TEXT("event"), TEXT("is"), TEXT("to"), TEXT("has"),
+	TEXT("ha"), TEXT("can"), TEXT("do"), TEXT("or"), TEXT("not"), TEXT("kismet"), TEXT("library"), TEXT("system"),
+	TEXT("utility"), TEXT("target"), TEXT("make"), TEXT("break"), TEXT("then"), TEXT("else"), TEXT("self"),
+	TEXT("value"), TEXT("float"), TEXT("integer"), TEXT("64"), TEXT("boolean"), TEXT("vector"), TEXT("2d"),
+	TEXT("rotator"), TEXT("transform"), TEXT("string"), TEXT("name"), TEXT("text"), TEXT("byte"), TEXT("object"),
+	TEXT("class"), TEXT("struct"), TEXT("array"), TEXT("map"), TEXT("reference")};
+} // namespace KeywordWordTables
+
+namespace KeywordWordImpl
+{
+using namespace KeywordWordTables;
+
+/** The tables by word; built once. Keys compare ignoring case. */
+struct FLookup
+{
+	TMap<FString, TArray<FString>> Spelling;
+	TMap<FString, TArray<FString>> Shorthand;
+	TSet<FString> Filler;
+	TSet<FString> Family;
+	TMap<FString, float> Weight;
+
+	static const FLookup& Get()
+	{
+		static const FLookup Lookup;
+		return Lookup;
+	}
+
+private:
+	FLookup()
+	{
+		for (const FSpelling& Row : Spellings)
+		{
+			FString(Row.Means).ParseIntoArrayWS(Spelling.Add(Row.Word));
+		}
+		for (const FSpelling& Row : Shorthands)
+		{
+			FString(Row.Means).ParseIntoArrayWS(Shorthand.Add(Row.Word));
+		}
+		for (const TCHAR* const Word : Fillers)
+		{
+			Filler.Add(Word);
+		}
+		for (const TCHAR* const ClassName : FamilyClasses)
+		{
+			Family.Add(ClassName);
+		}
+		for (const TCHAR* const Word : Connectors)
+		{
+			Weight.Add(Word, ConnectorWeight);
+		}
+		for (const TCHAR* const Word : CommonWords)
+		{
+			Weight.Add(Word, CommonWeight);
+		}
+	}
+};
+
+FString Singular(const FString& Word)
+{
+	if (Word.Len() < 4 || !Word.EndsWith(TEXT("s"), ESearchCase::CaseSensitive))
+	{
+		return Word;
+	}
+	if (Word.Len() > 4 && Word.EndsWith(TEXT("ies"), ESearchCase::CaseSensitive))
+	{
+		return Word.LeftChop(3) + TEXT("y");
+	}
+	for (const TCHAR* const Ending : {TEXT("sses"), TEXT("xes"), TEXT("ches"), TEXT("shes")})
+	{
+		if (Word.EndsWith(Ending, ESearchCase::CaseSensitive))
+		{
+			return Word.LeftChop(2);
+		}
+	}
+	for (const TCHAR* const Ending : {TEXT("ss"), TEXT("us"), TEXT("is")})
+	{
+		if (Word.EndsWith(Ending, ESearchCase::CaseSensitive))
+		{
+			return Word;
+		}
+	}
+	return Word.LeftChop(1);
+}
+
+/** Adds a raw word in its one spelling. */
+void AddWord(FStringView Raw, TArray<FString>& OutWords)
+{
+	const FLookup& Lookup = FLookup::Get();
+	const FString Lower = FString(Raw).ToLower();
+	if (Lookup.Filler.Contains(Lower))
+	{
+		return;
+	}
+	if (const TArray<FString>* const Spelled = Lookup.Spelling.Find(Lower))
+	{
+		OutWords.Append(*Spelled);
+		return;
+	}
+	const FString Single = Singular(Lower);
+	if (const TArray<FString>* const Spelled = Lookup.Spelling.Find(Single))
+	{
+		OutWords.Append(*Spelled);
+		return;
+	}
+	if (!Lookup.Filler.Contains(Single))
+	{
+		OutWords.Add(Single);
+	}
+}
+
+/** "UKismetSystemLibrary", "AActor", "FVector": one type letter before a capital that begins a word. */
+bool HasTypeLetter(FStringView Run)
+{
+	int32 Index = INDEX_NONE;
+	return Run.Len() > 2 && FStringView(TEXT("UAFEIT")).FindChar(Run[0], Index) && FChar::IsUpper(Run[1])
+		&& FChar::IsLower(Run[2]);
+}
+
+/** Whether a word of a run of letters and digits ends before this index. */
+bool IsWordBoundary(FStringView Run, int32 Index)
+{
+	const TCHAR Before = Run[Index - 1];
+	const TCHAR At = Run[Index];
+	const bool bLowerFollows = Index + 1 < Run.Len() && FChar::IsLower(Run[Index + 1]);
+	if (FChar::IsDigit(Before) && (At == TEXT('D') || At == TEXT('d')))
+	{
+		return bLowerFollows; // "2D" is one word
+	}
+	if (FChar::IsDigit(Before) != FChar::IsDigit(At))
+	{
+		return true;
+	}
+	return FChar::IsUpper(At) && (FChar::IsLower(Before) || (FChar::IsUpper(Before) && bLowerFollows));
+}
+
+void SplitRun(FStringView Run, TArray<FString>& OutWords)
+{
+	const FString Lower = FString(Run).ToLower();
+	if (FLookup::Get().Spelling.Contains(Lower))
+	{
+		AddWord(Run, OutWords); // "FlipFlop" and "Int32" are known as they stand
+		return;
+	}
+	int32 Start = HasTypeLetter(Run) ? 1 : 0;
+	for (int32 Index = Start + 1; Index < Run.Len(); ++Index)
+	{
+		if (IsWordBoundary(Run, Index))
+		{
+			AddWord(Run.Mid(Start, Index - Start), OutWords);
+			Start = Index;
+		}
+	}
+	AddWord(Run.Mid(Start), OutWords);
+}
+
+/** Reads one sign and answers its length; what is no operator separates and has length one. */
+int32 ReadSign(FStringView Text, int32 Index, TArray<FString>& OutWords)
+{
+	for (const FSign& Row : Signs)
+	{
+		const FStringView Sign(Row.Sign);
+		if (!Text.Mid(Index, Sign.Len()).Equals(Sign, ESearchCase::CaseSensitive))
+		{
+			continue;
+		}
+		const int32 End = Index + Sign.Len();
+		const bool bRoomBefore = Index == 0 || FChar::IsWhitespace(Text[Index - 1]);
+		const bool bRoomAfter = End == Text.Len() || FChar::IsWhitespace(Text[End]);
+		if (!Row.bNeedsRoom || (bRoomBefore && bRoomAfter))
+		{
+			TArray<FString> Words;
+			FString(Row.Means).ParseIntoArrayWS(Words);
+			OutWords.Append(Words);
+		}
+		return Sign.Len();
+	}
+	return 1;
+}
+
+/** What stands behind "Node_" in a node class name, empty for any other text. */
+FStringView GetNodeClassStem(FStringView Text)
+{
+	const FStringView Marker(TEXT("Node_"));
+	int32 Underscore = INDEX_NONE;
+	if (!Text.FindChar(TEXT('_'), Underscore) || Underscore < Marker.Len()
+		|| !Text.Left(Underscore + 1).EndsWith(Marker, ESearchCase::IgnoreCase))
+	{
+		return FStringView();
+	}
+	for (int32 Index = 0; Index < Text.Len(); ++Index)
+	{
+		if (!FChar::IsIdentifier(Text[Index]))
+		{
+			return FStringView();
+		}
+	}
+	return Text.Mid(Underscore + 1);
+}
+} // namespace KeywordWordImpl
+
+TArray<FString> KeywordWords::Split(FStringView Text)
+{
+	TArray<FString> Words;
+	int32 Index = Text.StartsWith(TEXT("K2_"), ESearchCase::CaseSensitive) ? 3 : 0;
+	while (Index < Text.Len())
+	{
+		if (!FChar::IsAlnum(Text[Index]))
+		{
+			Index += KeywordWordImpl::ReadSign(Text, Index, Words);
+			continue;
+		}
+		const int32 Start = Index;
+		while (Index < Text.Len() && FChar::IsAlnum(Text[Index]))
+		{
+			++Index;
+		}
+		KeywordWordImpl::SplitRun(Text.Mid(Start, Index - Start), Words);
+	}
+	return Words;
+}
+
+TArray<FString> KeywordWords::ExpandShorthand(TArray<FString> Words)
+{
+	FString Joined;
+	for (const FString& Word : Words)
+	{
+		if (!Word.IsNumeric())
+		{
+			Joined += Word;
+		}
+	}
+	const TArray<FString>* const Meaning = KeywordWordImpl::FLookup::Get().Shorthand.Find(Joined);
+	return Meaning ? *Meaning : MoveTemp(Words);
+}
+
+bool KeywordWords::IsNodeClassName(FStringView Text)
+{
+	return !KeywordWordImpl::GetNodeClassStem(Text).IsEmpty();
+}
+
+TArray<FString> KeywordWords::SplitNodeClassName(FStringView ClassName)
+{
+	return IsFamilyClassName(ClassName) ? TArray<FString>() : Split(KeywordWordImpl::GetNodeClassStem(ClassName));
+}
+
+bool KeywordWords::IsFamilyClassName(FStringView ClassName)
+{
+	return KeywordWordImpl::FLookup::Get().Family.Contains(FString(KeywordWordImpl::GetNodeClassStem(ClassName)));
+}
+
+float KeywordWords::GetWeight(const FString& Word)
+{
+	const float* const Weight = KeywordWordImpl::FLookup::Get().Weight.Find(Word);
+	return Weight ? *Weight : 1.0f;
+}

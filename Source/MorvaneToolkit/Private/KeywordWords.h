@@ -1,0 +1,31 @@
+#pragma once
+
+#include "CoreMinimal.h"
+
+/** From text to words in one spelling: what agents write and what the action menu says end up alike. */
+namespace KeywordWords
+{
+/**
+ * The words in order, repeats included: camel case, digits, signs and separators cut; lower case; plural endings off;
+ * abbreviations and operator signs spelled out; filler words left out.
+ */
+TArray<FString> Split(FStringView Text);
+
+/** The words that an author's shorthand stands for ("if", "wait 2 seconds"), or the given words when it is none. */
+TArray<FString> ExpandShorthand(TArray<FString> Words);
+
+/** Whether the text is the name of a node class, such as "K2Node_IfThenElse". */
+bool IsNodeClassName(FStringView Text);
+
+/**
+ * The words of a node class name that tell its nodes from others. None for a class that serves many titles, since its
+ * words would then outvote the title.
+ */
+TArray<FString> SplitNodeClassName(FStringView ClassName);
+
+/** Whether nodes of many different titles have this class; case does not matter. */
+bool IsFamilyClassName(FStringView ClassName);
+
+/** How much a word says about which node is meant: 1 for most, less for words that stand in hundreds of titles. */
+float GetWeight(const FString& Word);
+} // namespace KeywordWords

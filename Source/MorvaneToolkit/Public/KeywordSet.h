@@ -1,0 +1,78 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "KeywordSimilarity.h"
+
+enum class EKeywordKind : uint8
+{
+	/** One word of a text. */
+	Word,
+	/** "=printstring": the text as a whole, so that a title named in full beats one that merely has its words. */
+	Whole,
+	/** The name of a node class. */
+	NodeClass,
+};
+
+/** A keyword with what comparing needs to know of it. */
+struct FKeyword
+{
+	FKeyword() = default;
+	explicit FKeyword(const FString& Keyword);
+
+	/** Lower case. */
+	FString Text;
+	EKeywordKind Kind = EKeywordKind::Word;
+	float Weight = 1.0f;
+};
+
+/** A list of keywords, prepared for comparison: each stands once, ignoring case. */
+class FKeywordSet
+{
+public:
+	FKeywordSet() = default;
+	explicit FKeywordSet(const TArray<FString>& InKeywords);
+
+	void Add(const FKeyword& Keyword);
+	const TArray<FKeyword>& GetKeywords() const { return Keywords; }
+	int32 Num() const { return Keywords.Num(); }
+	/**
+	 * How many of the first keywords come from the title: those up to and with the keywords for the whole of it, which
+	 * stand behind its words. What follows only describes. A list without a keyword for the whole is all title.
+	 */
+	int32 GetTitleCount() const;
+
+private:
+	TArray<FKeyword> Keywords;
+};
+
+/** How one list of keywords fits another. */
+namespace KeywordMatch
+{
+/** Where one keyword of the request was found. */
+struct FFound
+{
+	/** Index into the candidate's keywords, INDEX_NONE when it was not found. */
+	int32 Index = INDEX_NONE;
+	int32 Edits = 0;
+};
+
+struct FComparison
+{
+	/** One for each keyword of the request. */
+	TArray<FFound> Found;
+	int32 CommonCount = 0;
+	/** Of those in common, how many stand in the candidate's title. */
+	int32 InTitleCount = 0;
+	int32 Edits = 0;
+};
+
+/** INDEX_NONE unless the two are the same keyword (0) or words a slip apart. */
+int32 CountEdits(const FKeyword& Request, const FKeyword& Candidate);
+FComparison Compare(const FKeywordSet& Request, const FKeywordSet& Candidate);
+/** Smaller is better; says something at equal common counts. */
+int32 GetDistance(int32 CandidateCount, int32 CandidateTitleCount, int32 CommonCount, int32 InTitleCount, int32 Edits);
+FKeywordSimilarity MakeSimilarity(
+	const TArray<FString>& Request, const FKeywordSet& RequestSet, const FKeywordSet& Candidate);
+/** From 0 to 1: how sure it is that the candidate is what the request means. */
+float GetConfidence(const FKeywordSet& Request, const FKeywordSet& Candidate);
+} // namespace KeywordMatch
