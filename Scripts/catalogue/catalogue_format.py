@@ -7,7 +7,7 @@ import json
 import re
 
 OWNERS = ("class", "struct", "enum", "delegate")
-MEMBERS = ("property", "dispatcher", "function")
+MEMBERS = ("property", "dispatcher", "component", "function")
 
 KEYS = {
     "class": ("class", "cpp", "header", "parent", "flags", "display", "category", "interfaces", "meta"),
@@ -16,6 +16,7 @@ KEYS = {
     "delegate": ("delegate", "flags", "params"),
     "property": ("property", "type", "flags", "default", "display", "category", "meta"),
     "dispatcher": ("dispatcher", "signature", "flags", "category"),
+    "component": ("component", "class", "property", "attach"),
     "function": ("function", "flags", "params", "returns", "display", "category", "compact", "keywords",
                  "world_context", "meta"),
 }
@@ -23,6 +24,7 @@ REQUIRED = {
     "enum": ("form", "values"),
     "property": ("type",),
     "dispatcher": ("signature",),
+    "component": ("class",),
     "function": ("flags",),
 }
 PARAM_KEYS = ("name", "type", "flags", "default", "display", "meta")
@@ -38,6 +40,7 @@ FLAGS = {
     "property": ("edit", "edit_const", "visible", "bp_read", "bp_write", "expose_on_spawn", "instanced", "transient",
                  "config", "replicated", "rep_notify", "binding", "advanced", "deprecated", "const", "raw"),
     "dispatcher": ("callable", "authority"),
+    "component": (),
     "function": ("static", "event", "native_event", "callable", "pure", "latent", "const", "protected", "internal",
                  "deprecated"),
     "param": ("out", "const", "ref", "raw"),

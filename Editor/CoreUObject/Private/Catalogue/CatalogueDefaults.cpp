@@ -13,6 +13,17 @@ void SetObjectMember(UObject& Owner, FName MemberName, UObject* Value)
 	}
 }
 
+/** Several members may hold one component: the general one of the parent class and the exact one of its own. */
+void SetMembers(UObject& Actor, const FString& CommaSeparatedNames, UObject* Component)
+{
+	TArray<FString> Names;
+	CommaSeparatedNames.ParseIntoArray(Names, TEXT(","));
+	for (const FString& Name : Names)
+	{
+		SetObjectMember(Actor, FName(Name), Component);
+	}
+}
+
 /** The component of an earlier record or of a parent class, by name; null for none. */
 UObject* FindComponent(UObject& DefaultObject, FName Name)
 {
@@ -49,10 +60,7 @@ void MakeComponent(FLoadedImage& Image, const FComponentRecord& Row, UObject& Ac
 	static const FName RootName(TEXT("RootComponent"));
 	static const FName AttachName(TEXT("AttachParent"));
 	UObject* const Component = Actor.CreateDefaultSubobject(Name, Class, Class, true, false);
-	if (Row.Property != 0)
-	{
-		SetObjectMember(Actor, Image.Name(Row.Property), Component);
-	}
+	SetMembers(Actor, Image.Text(Row.Property), Component);
 	if (Row.Attach != 0)
 	{
 		SetObjectMember(*Component, AttachName, FindComponent(Actor, Image.Name(Row.Attach)));
