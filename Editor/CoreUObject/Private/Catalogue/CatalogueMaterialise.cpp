@@ -221,20 +221,25 @@ void DescribeStruct(FLoadedImage& Image, const FOwnerRecord& Record, UScriptStru
 void AddProperties(FLoadedImage& Image, FRange Properties, UStruct& Struct, bool bParameters)
 {
 	UScriptStruct* const ScriptStruct = Cast<UScriptStruct>(&Struct);
+	const bool bMemoryIsNative = ScriptStruct && ScriptStruct->GetOps();
 	for (uint32 Index = 0; Index < Properties.Num; ++Index)
 	{
 		const FPropertyRecord& Record = Image.GetView().Property(Properties.First + Index);
-		if (Struct.FindOwnProperty(Image.Name(Record.Name)))
+		const FName Name = Image.Name(Record.Name);
+		if (FProperty* const Native = Struct.FindOwnProperty(Name))
+		{
+			DescribeNativeProperty(Image, Record, *Native);
+			continue;
+		}
+		FProperty* const Property = bMemoryIsNative ? nullptr : MakeProperty(Image, Record, Struct, bParameters);
+		if (!Property)
 		{
 			continue;
 		}
-		if (FProperty* const Property = MakeProperty(Image, Record, Struct, bParameters))
-		{
-			Struct.AddProperty(Property);
-		}
+		Struct.AddProperty(Property);
 		if (ScriptStruct && Record.Default != 0)
 		{
-			ScriptStruct->MemberDefaults.Add(Image.Name(Record.Name), Image.Text(Record.Default));
+			ScriptStruct->MemberDefaults.Add(Name, Image.Text(Record.Default));
 		}
 	}
 }
@@ -330,10 +335,7 @@ void FillStruct(FLoadedImage& Image, const FOwnerRecord& Record, UStruct& Struct
 		return;
 	}
 	DescribeStruct(Image, Record, *ScriptStruct);
-	if (!ScriptStruct->GetOps())
-	{
-		AddProperties(Image, Record.Properties, Struct, false);
-	}
+	AddProperties(Image, Record.Properties, Struct, false);
 }
 
 void FillFromOwner(UStruct* Struct, uint32 DataIndex)

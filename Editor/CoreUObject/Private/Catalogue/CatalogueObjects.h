@@ -92,6 +92,12 @@ extern int32 NumFilledStructs;
  * file. */
 FProperty* MakeProperty(FLoadedImage& Image, const FPropertyRecord& Record, UStruct& Owner, bool bParameter);
 
+/**
+ * Gives a property of a native description what the record adds: metadata, and how Blueprints see it where the
+ * description says nothing about that.
+ */
+void DescribeNativeProperty(FLoadedImage& Image, const FPropertyRecord& Record, FProperty& Property);
+
 /** Sets the recorded values and default sub-objects of a class on its new default object. Answers whether there were
  * any. */
 bool InitializeDefaults(FLoadedImage& Image, const FOwnerRecord& Record, UClass& Class, UObject& DefaultObject);

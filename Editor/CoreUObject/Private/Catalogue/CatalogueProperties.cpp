@@ -234,6 +234,43 @@ uint64 ToParameterFlags(const FPropertyRecord& Record)
 	Flags |= Record.Flags & Property_Return ? CPF_OutParm | CPF_ReturnParm : 0;
 	return Flags;
 }
+
+/** Metadata that a native description does not give. */
+void DescribeProperty(FLoadedImage& Image, const FPropertyRecord& Record, FProperty& Property)
+{
+	const FMetaKeys& Keys = FMetaKeys::Get();
+	const auto SetIfNew = [&Property](FName Key, FString&& Value)
+	{
+		if (!Property.HasMetaData(Key))
+		{
+			Property.SetMetaData(Key, Value);
+		}
+	};
+	if (Record.Category != 0)
+	{
+		SetIfNew(Keys.Category, Image.Text(Record.Category));
+	}
+	if (Record.Display != 0)
+	{
+		SetIfNew(Keys.DisplayName, Image.Text(Record.Display));
+	}
+	if (Record.Flags & Property_ExposeOnSpawn)
+	{
+		SetIfNew(Keys.ExposeOnSpawn, FString(TEXT("true")));
+	}
+	for (uint32 Index = 0; Index < Record.Meta.Num; ++Index)
+	{
+		const FMetaRecord& Entry = Image.GetView().Meta(Record.Meta.First + Index);
+		SetIfNew(Image.Name(Entry.Key), Image.Text(Entry.Value));
+	}
+}
+
+uint64 ToFlags(const FPropertyRecord& Record, const FTypeRecord& Type, bool bParameter)
+{
+	const bool bTemplateClass = Type.Category == ECategory::Class && !(Record.Flags & Property_RawClass);
+	return (bParameter ? ToParameterFlags(Record) : ToMemberFlags(Record, Type))
+		| (bTemplateClass ? CPF_UObjectWrapper : CPF_None);
+}
 } // namespace CatalogueProperties
 
 FProperty* MakeProperty(FLoadedImage& Image, const FPropertyRecord& Record, UStruct& Owner, bool bParameter)
@@ -241,31 +278,21 @@ FProperty* MakeProperty(FLoadedImage& Image, const FPropertyRecord& Record, UStr
 	using namespace CatalogueProperties;
 	const FTypeRecord& Type = Image.GetView().Type(Record.Type);
 	FProperty* const Property = MakeTyped(Image, Type, FFieldVariant(&Owner), Image.Name(Record.Name));
-	if (!Property)
+	if (Property)
 	{
-		return nullptr;
-	}
-	Property->SetPropertyFlags(bParameter ? ToParameterFlags(Record) : ToMemberFlags(Record, Type));
-	const bool bTemplateClass = Type.Category == ECategory::Class && !(Record.Flags & Property_RawClass);
-	Property->SetPropertyFlags(bTemplateClass ? CPF_UObjectWrapper : CPF_None);
-	const FMetaKeys& Keys = FMetaKeys::Get();
-	if (Record.Category != 0)
-	{
-		Property->SetMetaData(Keys.Category, Image.Text(Record.Category));
-	}
-	if (Record.Display != 0)
-	{
-		Property->SetMetaData(Keys.DisplayName, Image.Text(Record.Display));
-	}
-	if (Record.Flags & Property_ExposeOnSpawn)
-	{
-		Property->SetMetaData(Keys.ExposeOnSpawn, FString(TEXT("true")));
-	}
-	for (uint32 Index = 0; Index < Record.Meta.Num; ++Index)
-	{
-		const FMetaRecord& Entry = Image.GetView().Meta(Record.Meta.First + Index);
-		Property->SetMetaData(Image.Name(Entry.Key), Image.Text(Entry.Value));
+		Property->SetPropertyFlags(ToFlags(Record, Type, bParameter));
+		DescribeProperty(Image, Record, *Property);
 	}
 	return Property;
+}
+
+void DescribeNativeProperty(FLoadedImage& Image, const FPropertyRecord& Record, FProperty& Property)
+{
+	using namespace CatalogueProperties;
+	if (!Property.HasAnyPropertyFlags(CPF_Edit | CPF_BlueprintVisible | CPF_BlueprintAssignable))
+	{
+		Property.SetPropertyFlags(ToFlags(Record, Image.GetView().Type(Record.Type), false));
+	}
+	DescribeProperty(Image, Record, Property);
 }
 } // namespace Catalogue
