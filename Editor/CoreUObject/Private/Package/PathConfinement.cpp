@@ -58,6 +58,11 @@ const FString& FPathConfinement::GetRoot()
 	return PathConfinement::Root;
 }
 
+FString FPathConfinement::Resolve(const FString& Path)
+{
+	return FromUtf8(PathConfinement::RealPath(ToUtf8(Path)));
+}
+
 bool FPathConfinement::IsInside(const FString& Path, FString& OutReason)
 {
 	if (PathConfinement::Root.IsEmpty())

@@ -11,6 +11,8 @@ struct FPathConfinement
 	/** Empty lifts it. The folder has to exist. */
 	static void SetRoot(const FString& Directory);
 	static const FString& GetRoot();
+	/** Where an existing path really is, links followed; empty when it does not exist. */
+	static FString Resolve(const FString& Path);
 	/**
 	 * Whether the file, which need not exist, would lie inside the root. True as long as no root is set. OutReason is a
 	 * sentence that names the path.

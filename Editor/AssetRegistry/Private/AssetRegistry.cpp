@@ -1,0 +1,511 @@
+#include "AssetRegistry/AssetRegistryModule.h"
+
+#include "ContentScan.h"
+#include "HAL/FileManager.h"
+#include "Misc/PackageName.h"
+#include "UObject/Class.h"
+#include "UObject/Package.h"
+#include "UObject/PackageText.h"
+
+namespace AssetRegistries
+{
+bool IsBelow(FName PackagePath, const FString& Folder)
+{
+	const FStringView Path = PackagePath.GetView();
+	return Path.Len() > Folder.Len() && Path[Folder.Len()] == TEXT('/')
+		&& Path.StartsWith(Folder, ESearchCase::IgnoreCase);
+}
+
+FString WithoutEndSlash(const FString& Path)
+{
+	return Path.EndsWith(TEXT("/")) ? Path.LeftChop(1) : Path;
+}
+
+/** Tests assets against one filter. Classes are looked at once each, not once for each asset. */
+class FMatcher
+{
+public:
+	explicit FMatcher(const FARFilter& InFilter)
+		: Filter(InFilter)
+		, Packages(InFilter.PackageNames)
+	{
+		for (const FName Path : Filter.PackagePaths)
+		{
+			Folders.Add(WithoutEndSlash(Path.ToString()));
+		}
+	}
+
+	bool Matches(const FAssetData& Asset)
+	{
+		return (Filter.PackageNames.IsEmpty() || Packages.Contains(Asset.PackageName)) && MatchesPath(Asset)
+			&& (Filter.SoftObjectPaths.IsEmpty() || Filter.SoftObjectPaths.Contains(Asset.GetSoftObjectPath()))
+			&& (Filter.ClassPaths.IsEmpty() || MatchesClass(Asset.AssetClassPath)) && MatchesTags(Asset);
+	}
+
+private:
+	bool MatchesPath(const FAssetData& Asset) const
+	{
+		return Folders.IsEmpty()
+			|| Folders.ContainsByPredicate(
+				[&](const FString& Folder) {
+					return Asset.PackagePath == *Folder
+						|| (Filter.bRecursivePaths && IsBelow(Asset.PackagePath, Folder));
+				});
+	}
+
+	bool MatchesClass(const FTopLevelAssetPath& ClassPath)
+	{
+		if (const bool* const Known = KnownClasses.Find(ClassPath))
+		{
+			return *Known;
+		}
+		const bool bMatches = Filter.bRecursiveClasses
+			? IsBelowAny(ClassPath, Filter.ClassPaths) && !IsBelowAny(ClassPath, Filter.RecursiveClassPathsExclusionSet)
+			: Filter.ClassPaths.Contains(ClassPath);
+		KnownClasses.Add(ClassPath, bMatches);
+		return bMatches;
+	}
+
+	template <typename PathsType>
+	static bool IsBelowAny(const FTopLevelAssetPath& ClassPath, const PathsType& Bases)
+	{
+		for (const FTopLevelAssetPath& Base : Bases)
+		{
+			const UClass* const BaseClass = FindObject<UClass>(Base);
+			const UClass* const Class = FindObject<UClass>(ClassPath);
+			if (Base == ClassPath || (BaseClass && Class && Class->IsChildOf(BaseClass)))
+			{
+				return true;
+			}
+		}
+		return false;
+	}
+
+	bool MatchesTags(const FAssetData& Asset) const
+	{
+		for (const auto& Wanted : Filter.TagsAndValues)
+		{
+			const FString* const Value = Asset.TagsAndValues.Find(Wanted.Key);
+			if (!Value || (Wanted.Value.IsSet() && !Value->Equals(Wanted.Value.GetValue(), ESearchCase::IgnoreCase)))
+			{
+				return false;
+			}
+		}
+		return true;
+	}
+
+	const FARFilter& Filter;
+	const TSet<FName> Packages;
+	TArray<FString> Folders;
+	TMap<FTopLevelAssetPath, bool> KnownClasses;
+};
+
+class FAssetRegistry final : public IAssetRegistry
+{
+public:
+	FAssetRegistry()
+	{
+		FPackageText::OnPackageSaved().AddLambda(
+			[this](UPackage* Package, const FString&)
+			{
+				if (const UObject* const Asset = Package->FindAssetInPackage())
+				{
+					AssetSaved(*Asset);
+				}
+			});
+	}
+
+	bool GetAssets(const FARFilter& Filter, TArray<FAssetData>& OutAssets, bool) const override
+	{
+		const int32 NumBefore = OutAssets.Num();
+		FMatcher Matcher(Filter);
+		ForEach(Filter.bIncludeOnlyOnDiskAssets,
+			[&](const FAssetData& Asset)
+			{
+				if (Matcher.Matches(Asset))
+				{
+					OutAssets.Add(Asset);
+				}
+			});
+		return OutAssets.Num() > NumBefore;
+	}
+
+	bool GetAllAssets(TArray<FAssetData>& OutAssets, bool bIncludeOnlyOnDiskAssets) const override
+	{
+		FARFilter Everything;
+		Everything.bIncludeOnlyOnDiskAssets = bIncludeOnlyOnDiskAssets;
+		return GetAssets(Everything, OutAssets, true);
+	}
+
+	bool GetAssetsByPackageName(
+		FName PackageName, TArray<FAssetData>& OutAssets, bool bIncludeOnlyOnDiskAssets, bool) const override
+	{
+		const FAssetData Asset = FindInPackage(PackageName, bIncludeOnlyOnDiskAssets);
+		if (Asset.IsValid())
+		{
+			OutAssets.Add(Asset);
+		}
+		return Asset.IsValid();
+	}
+
+	bool GetAssetsByPath(
+		FName PackagePath, TArray<FAssetData>& OutAssets, bool bRecursive, bool bIncludeOnlyOnDiskAssets) const override
+	{
+		FARFilter Filter;
+		Filter.PackagePaths.Add(PackagePath);
+		Filter.bRecursivePaths = bRecursive;
+		Filter.bIncludeOnlyOnDiskAssets = bIncludeOnlyOnDiskAssets;
+		return GetAssets(Filter, OutAssets, true);
+	}
+
+	bool GetAssetsByClass(
+		const FTopLevelAssetPath& ClassPath, TArray<FAssetData>& OutAssets, bool bSearchSubClasses) const override
+	{
+		FARFilter Filter;
+		Filter.ClassPaths.Add(ClassPath);
+		Filter.bRecursiveClasses = bSearchSubClasses;
+		return GetAssets(Filter, OutAssets, true);
+	}
+
+	bool GetAssetsByName(FName AssetName, TArray<FAssetData>& OutAssets) const override
+	{
+		EnsureScanned();
+		TSet<FName> Packages;
+		if (const TArray<FName>* const OnDiskPackages = PackagesByAssetName.Find(AssetName))
+		{
+			Packages.Append(*OnDiskPackages);
+		}
+		for (const auto& [PackageName, Asset] : InMemory())
+		{
+			if (Asset->GetFName() == AssetName)
+			{
+				Packages.Add(PackageName);
+			}
+		}
+		TArray<FAssetData> Found;
+		for (const FName PackageName : Packages)
+		{
+			const FAssetData Asset = FindInPackage(PackageName, false);
+			if (Asset.AssetName == AssetName)
+			{
+				Found.Add(Asset);
+			}
+		}
+		Found.Sort();
+		OutAssets.Append(Found);
+		return !Found.IsEmpty();
+	}
+
+	FAssetData GetAssetByObjectPath(const FSoftObjectPath& ObjectPath, bool bIncludeOnlyOnDiskAssets) const override
+	{
+		if (ObjectPath.IsNull())
+		{
+			return FAssetData();
+		}
+		const FAssetData Asset = FindInPackage(ObjectPath.GetLongPackageFName(), bIncludeOnlyOnDiskAssets);
+		return Asset.AssetName == ObjectPath.GetAssetPath().GetAssetName() ? Asset : FAssetData();
+	}
+
+	bool HasAssets(FName PackagePath, bool bRecursive) const override
+	{
+		TArray<FAssetData> Found;
+		return GetAssetsByPath(PackagePath, Found, bRecursive, false);
+	}
+
+	bool PathExists(const FString& Path) const override
+	{
+		FString Folder;
+		return (FPackageName::TryConvertLongPackageNameToFilename(WithoutEndSlash(Path), Folder)
+				   && IFileManager::Get().DirectoryExists(*Folder))
+			|| HasAssets(FName(WithoutEndSlash(Path)), true);
+	}
+
+	void SearchAllAssets(bool) override { EnsureScanned(); }
+
+	void ScanPathsSynchronous(const TArray<FString>& Paths, bool) override
+	{
+		EnsureScanned();
+		for (const FString& Path : Paths)
+		{
+			const FString Folder = WithoutEndSlash(Path);
+			TArray<FName> Gone;
+			for (const auto& Pair : OnDisk)
+			{
+				if (Pair.Value.PackagePath == *Folder || IsBelow(Pair.Value.PackagePath, Folder))
+				{
+					Gone.Add(Pair.Key);
+				}
+			}
+			for (const FName PackageName : Gone)
+			{
+				Forget(PackageName);
+			}
+			FString Directory;
+			if (FPackageName::TryConvertLongPackageNameToFilename(Folder, Directory))
+			{
+				ScanFolder(Directory);
+			}
+		}
+	}
+
+	void ScanFilesSynchronous(const TArray<FString>& Files, bool) override
+	{
+		EnsureScanned();
+		for (const FString& File : Files)
+		{
+			ScanFile(File);
+		}
+	}
+
+	bool IsLoadingAssets() const override { return false; }
+	void WaitForCompletion() override { EnsureScanned(); }
+
+	void AssetCreated(UObject* NewAsset) override
+	{
+		if (NewAsset && NewAsset->GetOutermost())
+		{
+			NewAsset->GetOutermost()->PackageFlags |= PKG_NewlyCreated;
+			Added.Broadcast(FAssetData(NewAsset));
+		}
+	}
+
+	void AssetDeleted(UObject* DeletedAsset) override
+	{
+		if (DeletedAsset && DeletedAsset->GetOutermost())
+		{
+			const FAssetData Asset(DeletedAsset);
+			Forget(Asset.PackageName);
+			Removed.Broadcast(Asset);
+		}
+	}
+
+	void AssetRenamed(const UObject* RenamedAsset, const FString& OldObjectPath) override
+	{
+		Forget(FName(FPackageName::ObjectPathToPackageName(OldObjectPath)));
+		Renamed.Broadcast(FAssetData(RenamedAsset), OldObjectPath);
+	}
+
+	void AssetSaved(const UObject& SavedAsset) override { Remember(FAssetData(&SavedAsset)); }
+
+	void PackageDeleted(UPackage* DeletedPackage) override
+	{
+		if (DeletedPackage)
+		{
+			Forget(DeletedPackage->GetFName());
+		}
+	}
+
+	TMulticastDelegate<void(const FAssetData&)>& OnAssetAdded() override { return Added; }
+	TMulticastDelegate<void(const FAssetData&)>& OnAssetRemoved() override { return Removed; }
+	TMulticastDelegate<void(const FAssetData&, const FString&)>& OnAssetRenamed() override { return Renamed; }
+
+private:
+	struct FScannedRoot
+	{
+		FString Root;
+		FString Content;
+		bool operator==(const FScannedRoot& Other) const
+		{
+			return Root.Equals(Other.Root) && Content.Equals(Other.Content);
+		}
+	};
+
+	/** Scans what is mounted and was not scanned yet, and forgets what is mounted no more. */
+	void EnsureScanned() const
+	{
+		TArray<FString> Roots;
+		FPackageName::QueryRootContentPaths(Roots);
+		TArray<FScannedRoot> Mounted;
+		for (const FString& Root : Roots)
+		{
+			Mounted.Add({Root, FPackageName::GetContentPathForRoot(Root)});
+		}
+		if (Mounted == Scanned)
+		{
+			return;
+		}
+		const TArray<FScannedRoot> Before = Scanned;
+		Scanned = Mounted;
+		for (const FScannedRoot& Old : Before)
+		{
+			if (!Mounted.Contains(Old))
+			{
+				ForgetBelow(Old.Root);
+			}
+		}
+		for (const FScannedRoot& New : Mounted)
+		{
+			if (!Before.Contains(New))
+			{
+				ScanFolder(New.Content);
+			}
+		}
+	}
+
+	void ForgetBelow(const FString& Root) const
+	{
+		TArray<FName> Gone;
+		for (const auto& Pair : OnDisk)
+		{
+			if (Pair.Key.GetView().StartsWith(Root, ESearchCase::IgnoreCase))
+			{
+				Gone.Add(Pair.Key);
+			}
+		}
+		for (const FName PackageName : Gone)
+		{
+			Forget(PackageName);
+		}
+	}
+
+	void ScanFolder(const FString& Directory) const
+	{
+		for (const FString& File : ContentScan::FindPackageFiles(Directory))
+		{
+			ScanFile(File);
+		}
+	}
+
+	bool ScanFile(const FString& File) const
+	{
+		FAssetData Asset;
+		const bool bRead = ContentScan::ReadAsset(File, Asset);
+		if (bRead)
+		{
+			Remember(MoveTemp(Asset));
+		}
+		return bRead;
+	}
+
+	void Remember(FAssetData Asset) const
+	{
+		const FName PackageName = Asset.PackageName;
+		if (FAssetData* const Known = OnDisk.Find(PackageName))
+		{
+			if (Known->AssetName == Asset.AssetName)
+			{
+				*Known = MoveTemp(Asset);
+				return;
+			}
+			Forget(PackageName);
+		}
+		PackagesByAssetName.FindOrAdd(Asset.AssetName).Add(PackageName);
+		OnDisk.Add(PackageName, MoveTemp(Asset));
+		bSorted = false;
+	}
+
+	void Forget(FName PackageName) const
+	{
+		const FAssetData* const Known = OnDisk.Find(PackageName);
+		if (!Known)
+		{
+			return;
+		}
+		PackagesByAssetName.FindOrAdd(Known->AssetName).Remove(PackageName);
+		OnDisk.Remove(PackageName);
+		bSorted = false;
+	}
+
+	/** Assets in memory by package. Script packages hold none. */
+	static TMap<FName, const UObject*> InMemory()
+	{
+		TArray<UObject*> Packages;
+		GetObjectsOfClass(UPackage::StaticClass(), Packages, true);
+		TMap<FName, const UObject*> Result;
+		for (UObject* const Object : Packages)
+		{
+			const FStringView Name = Object->GetFName().GetView();
+			if (!FPackageName::IsScriptPackage(Name) && !FPackageName::IsTempPackage(Name)
+				&& Object != GetTransientPackage())
+			{
+				if (const UObject* const Asset = static_cast<UPackage*>(Object)->FindAssetInPackage())
+				{
+					Result.Add(Object->GetFName(), Asset);
+				}
+			}
+		}
+		return Result;
+	}
+
+	FAssetData FindInPackage(FName PackageName, bool bOnlyOnDisk) const
+	{
+		if (!bOnlyOnDisk)
+		{
+			const UPackage* const Package = FindPackage(nullptr, *PackageName.ToString());
+			if (const UObject* const Asset = Package && Package != GetTransientPackage() ? Package->FindAssetInPackage()
+																						 : nullptr)
+			{
+				return FAssetData(Asset);
+			}
+		}
+		EnsureScanned();
+		if (const FAssetData* const Known = OnDisk.Find(PackageName))
+		{
+			return *Known;
+		}
+		const FString File = FPackageName::FindPackageFile(PackageName.ToString());
+		return !File.IsEmpty() && ScanFile(File) ? OnDisk.FindRef(PackageName) : FAssetData();
+	}
+
+	void ForEach(bool bOnlyOnDisk, TFunctionRef<void(const FAssetData&)> Visit) const
+	{
+		EnsureScanned();
+		const TMap<FName, const UObject*> Memory = bOnlyOnDisk ? TMap<FName, const UObject*>() : InMemory();
+		if (!bSorted)
+		{
+			OnDisk.ValueSort([](const FAssetData& Left, const FAssetData& Right) { return Left < Right; });
+			bSorted = true;
+		}
+		TArray<FAssetData> FromMemory;
+		for (const auto& Pair : Memory)
+		{
+			FromMemory.Add(FAssetData(Pair.Value));
+		}
+		FromMemory.Sort();
+		int32 Next = 0;
+		for (const auto& Pair : OnDisk)
+		{
+			while (Next < FromMemory.Num() && FromMemory[Next] < Pair.Value)
+			{
+				Visit(FromMemory[Next++]);
+			}
+			if (!Memory.Contains(Pair.Key))
+			{
+				Visit(Pair.Value);
+			}
+		}
+		while (Next < FromMemory.Num())
+		{
+			Visit(FromMemory[Next++]);
+		}
+	}
+
+	/** By package name: a package has one asset. In the order of paths when bSorted. Filled by questions, which change
+	 * nothing that can be seen. */
+	mutable TMap<FName, FAssetData> OnDisk;
+	mutable TMap<FName, TArray<FName>> PackagesByAssetName;
+	mutable TArray<FScannedRoot> Scanned;
+	mutable bool bSorted = true;
+	TMulticastDelegate<void(const FAssetData&)> Added;
+	TMulticastDelegate<void(const FAssetData&)> Removed;
+	TMulticastDelegate<void(const FAssetData&, const FString&)> Renamed;
+};
+} // namespace AssetRegistries
+
+IAssetRegistry& FAssetRegistryModule::GetRegistry()
+{
+	static AssetRegistries::FAssetRegistry Registry;
+	return Registry;
+}
+
+IAssetRegistry* IAssetRegistry::Get()
+{
+	return &FAssetRegistryModule::GetRegistry();
+}
+
+IAssetRegistry& IAssetRegistry::GetChecked()
+{
+	return FAssetRegistryModule::GetRegistry();
+}
+
+IMPLEMENT_MODULE(FAssetRegistryModule, AssetRegistry);

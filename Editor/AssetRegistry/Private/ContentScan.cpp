@@ -1,0 +1,128 @@
+#include "ContentScan.h"
+
+#include "Misc/PackageName.h"
+#include "Misc/PathConfinement.h"
+#include "UObject/PackageText.h"
+
+#include <algorithm>
+#include <dirent.h>
+#include <set>
+#include <string>
+#include <sys/stat.h>
+#include <vector>
+
+namespace ContentScan
+{
+DEFINE_LOG_CATEGORY_STATIC(LogAssetRegistry, Log, All);
+
+class FWalk
+{
+public:
+	void Folder(const std::string& Path, bool bIsLink)
+	{
+		struct stat Info;
+		FString Reason;
+		if (stat(Path.c_str(), &Info) != 0 || !S_ISDIR(Info.st_mode))
+		{
+			return;
+		}
+		if (bIsLink && !FPathConfinement::IsInside(FromUtf8(Path), Reason))
+		{
+			UE_LOG(LogAssetRegistry, Warning, TEXT("A folder is passed over: %s"), *Reason);
+			return;
+		}
+		// A link may lead to a folder above it.
+		if (Seen.emplace(Info.st_dev, Info.st_ino).second)
+		{
+			Entries(Path);
+		}
+	}
+
+	std::vector<std::string> Files;
+
+private:
+	struct FEntry
+	{
+		std::string Name;
+		unsigned char Type;
+	};
+
+	void Entries(const std::string& Path)
+	{
+		std::vector<FEntry> Found;
+		if (DIR* const Handle = opendir(Path.c_str()))
+		{
+			while (const dirent* const Entry = readdir(Handle))
+			{
+				if (Entry->d_name[0] != '.')
+				{
+					Found.push_back({Entry->d_name, Entry->d_type});
+				}
+			}
+			closedir(Handle);
+		}
+		std::sort(
+			Found.begin(), Found.end(), [](const FEntry& Left, const FEntry& Right) { return Left.Name < Right.Name; });
+		for (const FEntry& Entry : Found)
+		{
+			Take(Path + "/" + Entry.Name, Entry.Type);
+		}
+	}
+
+	void Take(const std::string& Path, unsigned char Type)
+	{
+		static const std::string Extension = ToUtf8(FPackageName::GetAssetPackageExtension());
+		const bool bIsPackage = Path.size() > Extension.size()
+			&& Path.compare(Path.size() - Extension.size(), Extension.size(), Extension) == 0;
+		if (bIsPackage && Type != DT_DIR)
+		{
+			Files.push_back(Path);
+		}
+		else if (Type == DT_DIR || Type == DT_LNK || Type == DT_UNKNOWN)
+		{
+			Folder(Path, Type != DT_DIR);
+		}
+	}
+
+	std::set<std::pair<dev_t, ino_t>> Seen;
+};
+
+TArray<FString> FindPackageFiles(const FString& Directory)
+{
+	FWalk Walk;
+	Walk.Folder(ToUtf8(Directory.EndsWith(TEXT("/")) ? Directory.LeftChop(1) : Directory), false);
+	TArray<FString> Files;
+	Files.Reserve(static_cast<int32>(Walk.Files.size()));
+	for (const std::string& Path : Walk.Files)
+	{
+		Files.Add(FromUtf8(Path));
+	}
+	return Files;
+}
+
+bool ReadAsset(const FString& Filename, FAssetData& OutAsset)
+{
+	FString Reason;
+	FPackageText::FHeader Header;
+	if (!FPathConfinement::IsInside(Filename, Reason) || !FPackageText::ReadHeader(Filename, Header, Reason))
+	{
+		UE_LOG(LogAssetRegistry, Warning, TEXT("An asset is passed over: %s"), *Reason);
+		return false;
+	}
+	const FString Expected = FPackageName::FilenameToLongPackageName(Filename);
+	if (!Header.PackageName.Equals(Expected, ESearchCase::IgnoreCase))
+	{
+		UE_LOG(LogAssetRegistry, Warning,
+			TEXT("An asset is passed over: %s: the file holds the package '%s', not '%s'"), *Filename,
+			*Header.PackageName, *Expected);
+		return false;
+	}
+	OutAsset = FAssetData(
+		FName(Header.PackageName), FName(Header.AssetName), FTopLevelAssetPath(Header.AssetClassPath));
+	for (const FPackageText::FTag& Tag : Header.Tags)
+	{
+		OutAsset.TagsAndValues.Add(Tag.Name, Tag.Value);
+	}
+	return true;
+}
+} // namespace ContentScan

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "AssetRegistry/IAssetRegistry.h"
+#include "Modules/ModuleManager.h"
+
+class FAssetRegistryModule : public IModuleInterface
+{
+public:
+	static IAssetRegistry& GetRegistry();
+	IAssetRegistry& Get() const { return GetRegistry(); }
+	IAssetRegistry* TryGet() const { return &GetRegistry(); }
+
+	static void AssetCreated(UObject* NewAsset) { GetRegistry().AssetCreated(NewAsset); }
+	static void AssetDeleted(UObject* DeletedAsset) { GetRegistry().AssetDeleted(DeletedAsset); }
+	static void AssetRenamed(const UObject* RenamedAsset, const FString& OldObjectPath)
+	{
+		GetRegistry().AssetRenamed(RenamedAsset, OldObjectPath);
+	}
+};
+
+/** The factory for FModuleManager::RegisterStaticModule, under the name "AssetRegistry". */
+IModuleInterface* CreateModule_AssetRegistry();
