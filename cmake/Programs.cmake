@@ -29,7 +29,8 @@ file(GLOB_RECURSE TEST_SOURCES CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/Tests/*.cp
 list(FILTER TEST_SOURCES EXCLUDE REGEX "/Tests/Fuzz/")
 if(TEST_SOURCES)
   add_executable(MorvaneTests ${TEST_SOURCES})
-  target_include_directories(MorvaneTests PRIVATE "${CMAKE_SOURCE_DIR}/Tests" "${CMAKE_SOURCE_DIR}/Tests/Support")
+  target_include_directories(MorvaneTests PRIVATE "${CMAKE_SOURCE_DIR}/Tests" "${CMAKE_SOURCE_DIR}/Tests/Support"
+    "${CMAKE_SOURCE_DIR}/Source/MorvaneToolkit_Blueprint/Private")
   target_compile_definitions(MorvaneTests PRIVATE MORVANE_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
   target_link_libraries(MorvaneTests PRIVATE MorvaneHost EditorTesting GTest::gmock_main GTest::gmock GTest::gtest)
   target_precompile_headers(MorvaneTests PRIVATE
