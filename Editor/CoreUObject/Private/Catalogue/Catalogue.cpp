@@ -115,11 +115,22 @@ UObject* FLoadedImage::GetOwnerObject(uint32 Owner)
 		return nullptr;
 	}
 	const FName Name(PathView.RightChop((Colon == INDEX_NONE ? Dot : Colon) + 1));
-	UObject* const InMemory = FObjectTable::Get().Find(Outer, Name);
-	// Making an object makes what it refers to first, so the slot is looked up again.
-	UObject* const Object = InMemory ? InMemory : MakeOwner(*this, Owner, Outer, Name);
-	Owners[Owner] = Object;
-	return Object;
+	Known = FObjectTable::Get().Find(Outer, Name);
+	if (!Known)
+	{
+		Known = MakeOwner(*this, Owner, Outer, Name);
+		Made.push_back(Known);
+	}
+	return Known;
+}
+
+void FLoadedImage::Discard()
+{
+	for (UObject* const Object : Made)
+	{
+		Object->MarkAsGarbage();
+	}
+	Made.clear();
 }
 
 UObject* FLoadedImage::Resolve(FReference Reference)
@@ -360,7 +371,11 @@ bool FCatalogue::LoadProjectCatalogue(const FString& ProjectFolder, TArray<FStri
 void FCatalogue::UnloadProjectCatalogue()
 {
 	Catalogue::CatalogueState::ProjectImage = nullptr;
-	Project.Reset();
+	if (Project)
+	{
+		Project->Discard();
+		Project.Reset();
+	}
 }
 
 int32 FCatalogue::GetNumFilled() const

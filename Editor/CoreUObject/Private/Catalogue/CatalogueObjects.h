@@ -58,6 +58,9 @@ public:
 		return Cast<T>(Resolve(Reference));
 	}
 
+	/** Marks what was made from the image as garbage; the image must not be asked again. */
+	void Discard();
+
 	FString Text(FTextOffset Offset) const { return FromUtf8(View.Text(Offset)); }
 	FName Name(FTextOffset Offset) const { return FName(View.Text(Offset)); }
 
@@ -70,6 +73,7 @@ private:
 	FImageView View;
 	std::vector<UObject*> Owners;
 	std::vector<UObject*> References;
+	std::vector<UObject*> Made;
 };
 
 /** What has been loaded, by image id; null for an image that was unloaded. */

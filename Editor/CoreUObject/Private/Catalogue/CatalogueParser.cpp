@@ -87,6 +87,7 @@ private:
 	void ParseComponent(FFields& Fields);
 	void ParseFunction(FFields& Fields);
 	std::vector<FSourceProperty> ParseParams(FFields& Fields, std::string_view Key, std::span<const FWord> Flags);
+	void ParseTypeField(FFields& Fields, FSourceType& Out);
 	std::string NewName(FFields& Fields, std::string_view Key, std::string_view Space);
 
 	FLineReport Report;
@@ -277,12 +278,21 @@ std::string FFileParser::NewName(FFields& Fields, std::string_view Key, std::str
 	return Name;
 }
 
+void FFileParser::ParseTypeField(FFields& Fields, FSourceType& Out)
+{
+	const std::string Text = Fields.RequiredString("type");
+	if (!Text.empty())
+	{
+		ParseType(Text, Report, Out);
+	}
+}
+
 void FFileParser::ParseProperty(FFields& Fields)
 {
 	FSourceProperty Property;
 	Property.Line = Report.Line;
 	Property.Name = NewName(Fields, "property", "property");
-	ParseType(Fields.RequiredString("type"), Report, Property.Type);
+	ParseTypeField(Fields, Property.Type);
 	Property.Flags = Fields.Flags("flags", PropertyFlags);
 	Property.Default = Fields.String("default");
 	Property.Display = Fields.String("display");
@@ -361,7 +371,7 @@ std::vector<FSourceProperty> FFileParser::ParseParams(
 				Report.Fault("parameter '" + Param.Name + "' is there twice");
 			}
 		}
-		ParseType(ParamFields.RequiredString("type"), Report, Param.Type);
+		ParseTypeField(ParamFields, Param.Type);
 		Param.Flags = ParamFields.Flags("flags", Flags);
 		Param.Display = ParamFields.String("display");
 		Param.Meta = ParamFields.Meta("meta");

@@ -11,8 +11,6 @@ namespace UE::Object
 {
 /** Whether the object's class is the given one or below it; false for null. */
 bool IsObjectA(const UObject* Object, const UClass* Class);
-/** The address of the object's part for an interface that a native class implements, or null. */
-void* GetInterfaceAddress(UObject* Object, const UClass* InterfaceClass);
 } // namespace UE::Object
 
 /** A C++ interface class (IFoo) names its UClass through UClassType; everything else is an object class. */

@@ -49,7 +49,8 @@ public:
 	 */
 	bool LoadProjectCatalogue(const FString& ProjectFolder, TArray<FString>& OutErrors);
 
-	/** Forgets the project's entries. Objects that were made from them stay in memory. */
+	/** Forgets the project's entries and marks what was made from them as garbage; assets that use them must be gone.
+	 */
 	void UnloadProjectCatalogue();
 
 	/** How many classes and structs have had their members read; tells tests and benchmarks that nothing was read in

@@ -8,6 +8,7 @@
 
 class FOutputDevice;
 class FProperty;
+class FStructProperty;
 class FClassDescriber;
 class FStructDescriber;
 template <class T> class TSubclassOf;
@@ -18,6 +19,7 @@ class UField : public UObject
 	EDITOR_CLASS(UField, UObject)
 
 public:
+	bool IsAsset() const override { return false; }
 	bool HasMetaData(FName Key) const { return FindMetaData(Key) != nullptr; }
 	const FString* FindMetaData(FName Key) const;
 	const FString& GetMetaData(FName Key) const;
@@ -53,6 +55,7 @@ public:
 
 	UStruct* GetSuperStruct() const { return SuperStruct; }
 	virtual void SetSuperStruct(UStruct* NewSuper) { SuperStruct = NewSuper; }
+	UStruct* GetInheritanceSuper() const { return SuperStruct; }
 	bool IsChildOf(const UStruct* SomeBase) const
 	{
 		for (const UStruct* Struct = this; Struct; Struct = Struct->SuperStruct)
@@ -78,23 +81,34 @@ public:
 		EnsureMembers();
 		return Children;
 	}
-	/** Own or inherited; names compare ignoring case. Constant time. */
+	/** Own or inherited; names compare ignoring case. Constant time for each struct of the line. */
 	FProperty* FindPropertyByName(FName Name) const;
+	/** Own only, and only what is there yet: reads no pending members. */
+	FProperty* FindOwnProperty(FName Name) const { return PropertyByName.FindRef(Name); }
 
-	/** Appends; the struct owns the property from now on. Call Link when all are added. */
+	/**
+	 * Appends; the struct owns the property from now on. Call Link when all are added. A native struct refuses (and deletes)
+	 * a property that was given no location, since its memory belongs to C++.
+	 */
 	void AddProperty(FProperty* Property);
 	void AddFunction(UFunction* Function);
 	void RemoveFunction(UFunction* Function);
-	/** Drops all own members, as before a rebuild of a generated class. */
+	/**
+	 * Drops all own members, as before a rebuild of a generated class. Until the next Link, objects of the class keep the
+	 * values of the dropped properties, but nobody may read the class's properties through them.
+	 */
 	void DestroyMembers();
-	/** Gives properties that have no C++ member their place in memory. */
+	/**
+	 * Gives properties that have no C++ member their place in memory. Objects of the class that exist already get the new
+	 * layout; values of properties whose name and type are the same as before stay.
+	 */
 	void Link();
 
 	/** Prefix of the C++ name: 'A' for actors, 'U' for other classes, 'F' for structs. */
 	virtual const TCHAR* GetPrefixCPP() const { return TEXT("F"); }
 	/** The path name of the struct ("/Script/Engine.Actor"). */
 	FTopLevelAssetPath GetStructPathName() const;
-	/** Size of the memory for properties without a C++ member: all of a catalogued struct, the extension of an object. */
+	/** Size of the memory for own properties without a C++ member; for a struct that only data knows, that of all of it. */
 	int32 GetExtensionSize() const
 	{
 		EnsureMembers();
@@ -102,23 +116,30 @@ public:
 	}
 	virtual FString GetAuthoredNameForField(const FField* Field) const { return Field ? Field->GetName() : FString(); }
 
+	/** Members come from Filler when they are first asked for; the C++ description of a native struct goes first. */
 	void SetMemberFiller(FMemberFiller InFiller, uint32 InDataIndex)
 	{
 		MemberFiller = InFiller;
 		FillerDataIndex = InDataIndex;
+		bMembersPending = true;
 	}
-	bool HasPendingMembers() const { return MemberFiller != nullptr; }
+	bool HasPendingMembers() const { return bMembersPending; }
 
 	void EnsureMembers() const override
 	{
-		if (MemberFiller)
+		if (bMembersPending)
 		{
 			FillMembers();
 		}
 	}
 
 protected:
-	void FillMembers() const;
+	friend class FObjectTable;
+	friend struct FObjectExtension;
+
+	/** The C++ description of a native class or struct. */
+	virtual void DescribeNativeMembers() {}
+	virtual bool HasNativeMembers() const { return false; }
 
 	UStruct* SuperStruct = nullptr;
 	UField* Children = nullptr;
@@ -127,8 +148,19 @@ protected:
 	FField* LastChildProperty = nullptr;
 	TMap<FName, FProperty*> PropertyByName;
 	int32 ExtensionSize = 0;
-	mutable FMemberFiller MemberFiller = nullptr;
+	mutable bool bMembersPending = false;
+	/** Whether objects were made that hold memory of this class's layout. */
+	mutable bool bInstanced = false;
+
+private:
+	void FillMembers() const;
+	void LinkProperties();
+
+	FMemberFiller MemberFiller = nullptr;
 	uint32 FillerDataIndex = 0;
+	/** The layout that existing objects still have, between DestroyMembers and Link. */
+	TArray<FProperty*> RetiredProperties;
+	int32 RetiredSize = 0;
 };
 
 /** How a native struct's memory is handled, and a text form of its own where it has one. */
@@ -170,15 +202,31 @@ public:
 	/** A value with the struct's own defaults; built once. */
 	const void* GetDefaultValue() const;
 
+	~UScriptStruct() override;
+	void BeginDestroy() override;
 	void SetOps(const FStructOps* InOps) { Ops = InOps; }
+	/** Null for a struct that only data knows. */
 	const FStructOps* GetOps() const { return Ops; }
+	/** Set once by NativeClass registration. */
+	void SetNativeDescription(void (*InDescribe)(FStructDescriber&))
+	{
+		NativeDescribe = InDescribe;
+		bMembersPending = true;
+	}
 
 	EStructFlags StructFlags = STRUCT_NoFlags;
 	/** Text that a member starts with where it is not zero, by member name. From data. */
 	TMap<FName, FString> MemberDefaults;
 
+protected:
+	void DescribeNativeMembers() override;
+	bool HasNativeMembers() const override { return Ops != nullptr; }
+
 private:
+	void ConstructMembers(void* Dest, bool bWithDefaults) const;
+
 	const FStructOps* Ops = nullptr;
+	void (*NativeDescribe)(FStructDescriber&) = nullptr;
 	mutable uint8* DefaultValue = nullptr;
 };
 
@@ -296,6 +344,8 @@ public:
 	bool HasAnyClassFlags(EClassFlags Flags) const { return (ClassFlags & Flags) != 0; }
 	bool HasAllClassFlags(EClassFlags Flags) const { return (ClassFlags & Flags) == Flags; }
 	const TCHAR* GetPrefixCPP() const override;
+	/** Objects of the class follow; one whose C++ part would have to change becomes an object of the old parent. */
+	void SetSuperStruct(UStruct* NewSuper) override;
 
 	/** Own, then interfaces' and inherited ones when asked; names compare ignoring case. */
 	enum EIncludeSuperFlag
@@ -310,7 +360,10 @@ public:
 	virtual UObject* GetDefaultObject(bool bCreateIfNeeded = true) const;
 	template <class T> T* GetDefaultObject() const { return static_cast<T*>(GetDefaultObject()); }
 	UObject* GetDefaultSubobjectByName(FName Name) const;
-	/** Replaces the default object, as a rebuild of a generated class does; the old one becomes garbage. */
+	/**
+	 * Replaces the default object, as a rebuild of a generated class does; the old one becomes garbage. The new one takes over
+	 * what the old one had set itself, that is every value that differs from the parent's.
+	 */
 	void ResetDefaultObject();
 
 	/** The nearest native class: what instances are in C++. */
@@ -337,10 +390,28 @@ public:
 	void AddFunctionToMap(UFunction* Function);
 	void RemoveFunctionFromMap(UFunction* Function);
 
+	/** Members come from NativeDescribe when they are first asked for. Called once by NativeClass registration. */
+	void SetNativePending() { bMembersPending = true; }
+
+	/** Whether objects of the class start with values that the C++ constructor does not give them. */
+	bool HasDataDefaults() const { return bHasDataDefaults; }
+
+protected:
+	void DescribeNativeMembers() override;
+	bool HasNativeMembers() const override { return IsNative(); }
+
 private:
 	friend class UStruct;
+	friend class FObjectTable;
+
+	void CreateDefaultObject();
+	void StashDefaults();
+
 	TMap<FName, UFunction*> FunctionByName;
 	mutable UObject* ClassDefaultObject = nullptr;
+	/** Values of a default object that could not stay one when the parent changed, as text. */
+	TMap<FName, FString> StashedDefaults;
+	bool bHasDataDefaults = false;
 };
 
 /** The root of interface classes. */

@@ -192,8 +192,17 @@ template <class T> const FContainerOps* SetOps()
 		Made.Num = [](const void* C) { return static_cast<int32>(static_cast<const TSet<T>*>(C)->Num()); };
 		Made.At = [](void* C, int32 I) -> void* {
 			auto It = static_cast<TSet<T>*>(C)->begin();
-			std::advance(It, I);
+			for (; I > 0; --I)
+			{
+				++It;
+			}
 			return const_cast<T*>(&*It);
+		};
+		Made.ForEach = [](void* C, TFunctionRef<void(void*, void*)> Visit) {
+			for (const T& Element : *static_cast<TSet<T>*>(C))
+			{
+				Visit(const_cast<T*>(&Element), nullptr);
+			}
 		};
 		Made.Empty = [](void* C) { static_cast<TSet<T>*>(C)->Empty(); };
 		Made.Add = [](void* C, const void* K, const void*) { static_cast<TSet<T>*>(C)->Add(*static_cast<const T*>(K)); };
@@ -214,13 +223,25 @@ template <class K, class V> const FContainerOps* MapOps()
 		Made.Num = [](const void* C) { return static_cast<int32>(static_cast<const FMap*>(C)->Num()); };
 		Made.At = [](void* C, int32 I) -> void* {
 			auto It = static_cast<FMap*>(C)->begin();
-			std::advance(It, I);
+			for (; I > 0; --I)
+			{
+				++It;
+			}
 			return const_cast<K*>(&(*It).Key);
 		};
 		Made.ValueAt = [](void* C, int32 I) -> void* {
 			auto It = static_cast<FMap*>(C)->begin();
-			std::advance(It, I);
+			for (; I > 0; --I)
+			{
+				++It;
+			}
 			return const_cast<V*>(&(*It).Value);
+		};
+		Made.ForEach = [](void* C, TFunctionRef<void(void*, void*)> Visit) {
+			for (auto& Pair : *static_cast<FMap*>(C))
+			{
+				Visit(const_cast<K*>(&Pair.Key), const_cast<V*>(&Pair.Value));
+			}
 		};
 		Made.Empty = [](void* C) { static_cast<FMap*>(C)->Empty(); };
 		Made.Add = [](void* C, const void* Key, const void* Value) { static_cast<FMap*>(C)->Add(*static_cast<const K*>(Key), *static_cast<const V*>(Value)); };

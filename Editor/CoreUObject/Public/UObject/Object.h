@@ -26,7 +26,8 @@ public:
 	static UClass* StaticClass();
 	static void DescribeClass(FClassDescriber& Class);
 
-	UObject() = default;
+	/** Takes its class, outer and name from the construction that is under way, so that constructors can use them. */
+	UObject();
 	virtual ~UObject();
 	UObject(const UObject&) = delete;
 	UObject& operator=(const UObject&) = delete;
@@ -43,7 +44,7 @@ public:
 	void GetPathName(const UObject* StopOuter, FString& OutPath) const;
 	/** The class's name, a blank and the path. */
 	FString GetFullName(const UObject* StopOuter = nullptr) const;
-	/** Names of the outers below the package joined by '.'; with bStartWithOuter the object's own name is left out. */
+	/** The path below the package ("BP_X:EventGraph.Node"); with bStartWithOuter that of the outer. */
 	FString GetFullGroupName(bool bStartWithOuter) const;
 
 	/** The package at the top, or null for an object that was made without one. */
@@ -69,7 +70,8 @@ public:
 
 	/**
 	 * Gives the object another name, outer or both; null keeps the present one. With a name that another object of that
-	 * outer has, nothing changes and the answer is false. REN_Test only asks.
+	 * outer has, nothing changes and the answer is false; a kept name that clashes below a new outer is made unique.
+	 * REN_Test only asks.
 	 */
 	virtual bool Rename(const TCHAR* NewName = nullptr, UObject* NewOuter = nullptr, ERenameFlags Flags = REN_None);
 
@@ -85,6 +87,15 @@ public:
 	virtual void PostInitProperties() {}
 	/** After the whole package has been read. */
 	virtual void PostLoad() {}
+	/** PostLoad, unless it ran already or the object was not read from a package. For objects that need another one ready. */
+	void ConditionalPostLoad()
+	{
+		if (HasAnyFlags(RF_NeedPostLoad))
+		{
+			ClearFlags(RF_NeedPostLoad);
+			PostLoad();
+		}
+	}
 	/** After the object was made by import of clipboard text. */
 	virtual void PostEditImport() {}
 	virtual void PostDuplicate(bool bDuplicateForPIE) {}
@@ -98,7 +109,16 @@ public:
 	/** One line's text after "CustomProperties ". */
 	virtual void ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext* Warn) {}
 
-	/** Marks for the next collection; the object leaves the name table at once, so that its name is free. */
+	/**
+	 * Takes over what properties do not hold from the object this one was duplicated from; all objects of the tree exist and
+	 * have their properties. The base carries custom properties over as text.
+	 */
+	virtual void DuplicateCustomData(const UObject* Source);
+
+	/**
+	 * Marks the object and all below it for the next collection. They leave the name table and their outer's list at
+	 * once, so that the name is free.
+	 */
 	void MarkAsGarbage();
 	bool IsGarbage() const { return HasAnyFlags(RF_Garbage); }
 
@@ -111,8 +131,8 @@ public:
 		return static_cast<T*>(CreateDefaultSubobject(SubobjectName, T::StaticClass(), T::StaticClass(), true, bTransient));
 	}
 
-	/** Memory of the properties that have no C++ member; null when the class has none. See UStruct::GetExtensionSize. */
-	uint8* GetExtensionData() const { return ExtensionData; }
+	/** Memory of the class's own properties that have no C++ member; null when the object has none of that class. */
+	uint8* FindExtension(const UStruct* OwnerClass) const;
 
 	/** First and next of the objects whose outer this is, in order of creation. */
 	UObject* GetFirstInner() const { return FirstInner; }
@@ -120,17 +140,21 @@ public:
 
 private:
 	friend class FObjectTable;
+	friend struct FObjectExtension;
 
 	UClass* ClassPrivate = nullptr;
 	UObject* OuterPrivate = nullptr;
 	FName NamePrivate;
 	EObjectFlags ObjectFlags = RF_NoFlags;
 	int32 InternalIndex = INDEX_NONE;
-	uint8* ExtensionData = nullptr;
+	struct FObjectExtension* Extension = nullptr;
 	UObject* FirstInner = nullptr;
 	UObject* LastInner = nullptr;
 	UObject* NextInner = nullptr;
 	UObject* PrevInner = nullptr;
+	UObject* NextInPathBucket = nullptr;
+	UObject* NextInNameBucket = nullptr;
+	uint64 CreationOrder = 0;
 };
 
 /** Stub of the engine's construction argument: native constructors may take it and pass it on. */

@@ -16,4 +16,6 @@ enum EPropertyPortFlags : unsigned int
 	PPF_SerializedAsImportText = 0x00002000,
 	PPF_BlueprintDebugView = 0x00080000,
 	PPF_ExternalEditor = 0x00020000,
+	/** Ours: real numbers with as many digits as they need to read back the same, as files have them. */
+	PPF_ExactNumbers = 0x40000000,
 };

@@ -18,6 +18,7 @@ struct FSoftObjectPath
 	/** Takes "/Game/A/B", "/Game/A/B.B", "/Game/A/B.B:Sub" and the same behind "Class'...'". */
 	void SetPath(const FString& Path);
 	FString ToString() const;
+	void AppendString(FString& Out) const;
 	const FTopLevelAssetPath& GetAssetPath() const { return AssetPath; }
 	FString GetAssetPathString() const { return AssetPath.ToString(); }
 	FString GetAssetName() const { return AssetPath.GetAssetName().ToString(); }

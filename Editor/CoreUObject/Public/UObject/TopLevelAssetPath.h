@@ -13,7 +13,10 @@ struct FTopLevelAssetPath
 	explicit FTopLevelAssetPath(const TCHAR* Path) { TrySetPath(Path); }
 	explicit FTopLevelAssetPath(const FString& Path) { TrySetPath(Path); }
 
-	/** Takes a full path that begins with '/'; a short name, an empty text or a sub-object path gives false and leaves the path null. */
+	/**
+	 * Takes a full path that begins with '/', also behind "Class'...'", or a package path alone. A short name, an empty text or
+	 * a sub-object path gives false and leaves the path null.
+	 */
 	bool TrySetPath(const TCHAR* Path);
 	bool TrySetPath(const FString& Path) { return TrySetPath(*Path); }
 	bool TrySetPath(FName InPackageName, FName InAssetName);
@@ -21,6 +24,7 @@ struct FTopLevelAssetPath
 	FName GetPackageName() const { return PackageName; }
 	FName GetAssetName() const { return AssetName; }
 	FString ToString() const;
+	void AppendString(FString& Out) const;
 	bool IsNull() const { return PackageName.IsNone(); }
 	bool IsValid() const { return !PackageName.IsNone(); }
 	void Reset() { *this = FTopLevelAssetPath(); }

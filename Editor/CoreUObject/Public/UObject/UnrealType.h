@@ -10,6 +10,8 @@
 #include "UObject/Object.h"
 
 class FOutputDevice;
+class FStructProperty;
+class UField;
 
 /** Text of property values goes through one mechanism: ExportTextItem_Direct writes it, ImportText_Direct reads it back. */
 class FProperty : public FField
@@ -30,11 +32,14 @@ class FProperty : public FField
 	int32 GetOffset_ForInternal() const { return Offset; }
 	/** Whether the value lies in the object's extension block rather than in its C++ part. */
 	bool IsInExtension() const { return bInExtension; }
+	/** Where a native member stands. Link places the others. */
 	void SetLocation(int32 InOffset, bool bInExtensionBlock)
 	{
 		Offset = InOffset;
 		bInExtension = bInExtensionBlock;
+		bNativeMember = !bInExtensionBlock;
 	}
+	bool IsNativeMember() const { return bNativeMember; }
 
 	/** Where the value stands in an object. */
 	void* GetValuePtr(UObject* Container) const;
@@ -72,19 +77,27 @@ class FProperty : public FField
 	/** The C++ type as text: "TArray" with "<int32>" in the extended text, "FVector", "AActor*". */
 	virtual FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const = 0;
 	virtual bool SameType(const FProperty* Other) const { return Other && Other->GetClass() == GetClass(); }
-	virtual void GetReferencedObjects(const void* Value, TFunctionRef<void(UObject*&)> Visit) const {}
+	/** Visits every object that the value refers to, weakly too; Visit may put another object in the place. */
+	virtual void VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const {}
+	/** Whether values can hold plain pointers to objects. Structs that are being asked already answer false. */
+	virtual bool ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const { return false; }
+	/** Visits the reflection objects that the property itself refers to: its class, struct, enum or signature. */
+	virtual void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const {}
+	/** The engine's rule which members stand in text: neither transient nor out of date, unless asked for. */
+	bool ShouldPort(uint32 PortFlags = 0) const;
 
 	uint64 PropertyFlags = CPF_None;
 	int32 ArrayDim = 1;
 	FName RepNotifyFunc;
-	/** In order of the struct's own and inherited properties: own first, then the super's. Set by UStruct::Link. */
-	FProperty* PropertyLinkNext = nullptr;
 
 private:
+	friend class UStruct;
 	void* LocateIn(void* Container) const;
 
 	int32 Offset = 0;
 	bool bInExtension = false;
+	bool bNativeMember = false;
+	bool bPlaced = false;
 };
 
 class FNumericProperty : public FProperty
@@ -180,6 +193,7 @@ class FByteProperty : public TNumericPropertyOf<uint8>
 	FIELD_CLASS(FByteProperty, FNumericProperty)
 	using TNumericPropertyOf<uint8>::TNumericPropertyOf;
 	UEnum* GetIntPropertyEnum() const override { return Enum; }
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 	bool SameType(const FProperty* Other) const override;
 	void ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const override;
 	const TCHAR* ImportText_Direct(const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText = nullptr) const override;
@@ -206,6 +220,7 @@ class FEnumProperty : public FProperty
 	void InitializeValue(void* Dest) const override;
 	void DestroyValue(void* Dest) const override {}
 	void CopyCompleteValue(void* Dest, const void* Src) const override;
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 	bool SameType(const FProperty* Other) const override;
 	UEnum* GetEnum() const { return Enum; }
 	void SetEnum(UEnum* InEnum) { Enum = InEnum; }
@@ -247,6 +262,8 @@ class FObjectPropertyBase : public FProperty
 	virtual void SetObjectPropertyValue(void* Data, UObject* Value) const = 0;
 	UObject* GetObjectPropertyValue_InContainer(const void* Container) const { return GetObjectPropertyValue(ContainerPtrToValuePtr<void>(Container)); }
 	void SetObjectPropertyValue_InContainer(void* Container, UObject* Value) const { SetObjectPropertyValue(ContainerPtrToValuePtr<void>(Container), Value); }
+	void VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 	bool SameType(const FProperty* Other) const override;
 	void SetPropertyClass(UClass* InClass) { PropertyClass = InClass; }
 
@@ -264,7 +281,7 @@ class FObjectProperty : public FObjectPropertyBase
 	void CopyCompleteValue(void* Dest, const void* Src) const override { *static_cast<UObject**>(Dest) = *static_cast<UObject* const*>(Src); }
 	UObject* GetObjectPropertyValue(const void* Data) const override { return *static_cast<UObject* const*>(Data); }
 	void SetObjectPropertyValue(void* Data, UObject* Value) const override { *static_cast<UObject**>(Data) = Value; }
-	void GetReferencedObjects(const void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
+	bool ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const override { return true; }
 };
 
 class FClassProperty : public FObjectProperty
@@ -273,6 +290,7 @@ class FClassProperty : public FObjectProperty
 	using FObjectProperty::FObjectProperty;
 	bool SameType(const FProperty* Other) const override;
 	FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 	void SetMetaClass(UClass* InClass) { MetaClass = InClass; }
 
 	UClass* MetaClass = nullptr;
@@ -296,6 +314,7 @@ class FSoftObjectProperty : public FObjectPropertyBase
 	FIELD_CLASS(FSoftObjectProperty, FObjectPropertyBase)
 	using FObjectPropertyBase::FObjectPropertyBase;
 	PROPERTY_TEXT_OVERRIDES
+	void VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
 	int32 GetElementSize() const override { return sizeof(FSoftObjectPtr); }
 	int32 GetMinAlignment() const override { return alignof(FSoftObjectPtr); }
 	void InitializeValue(void* Dest) const override { ::new (Dest) FSoftObjectPtr(); }
@@ -310,6 +329,7 @@ class FSoftClassProperty : public FSoftObjectProperty
 	FIELD_CLASS(FSoftClassProperty, FSoftObjectProperty)
 	using FSoftObjectProperty::FSoftObjectProperty;
 	FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 	void SetMetaClass(UClass* InClass) { MetaClass = InClass; }
 
 	UClass* MetaClass = nullptr;
@@ -320,6 +340,9 @@ class FInterfaceProperty : public TPropertyOfValue<FProperty, FScriptInterface>
 	FIELD_CLASS(FInterfaceProperty, FProperty)
 	using TPropertyOfValue<FProperty, FScriptInterface>::TPropertyOfValue;
 	PROPERTY_TEXT_OVERRIDES
+	void VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
+	bool ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const override { return true; }
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 	bool SameType(const FProperty* Other) const override;
 	void SetInterfaceClass(UClass* InClass) { InterfaceClass = InClass; }
 
@@ -336,6 +359,9 @@ class FStructProperty : public FProperty
 	void InitializeValue(void* Dest) const override;
 	void DestroyValue(void* Dest) const override;
 	void CopyCompleteValue(void* Dest, const void* Src) const override;
+	void VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
+	bool ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const override;
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 	bool SameType(const FProperty* Other) const override;
 
 	UScriptStruct* Struct = nullptr;
@@ -346,6 +372,8 @@ class FDelegateProperty : public TPropertyOfValue<FProperty, FScriptDelegate>
 	FIELD_CLASS(FDelegateProperty, FProperty)
 	using TPropertyOfValue<FProperty, FScriptDelegate>::TPropertyOfValue;
 	PROPERTY_TEXT_OVERRIDES
+	void VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 	bool SameType(const FProperty* Other) const override;
 
 	UFunction* SignatureFunction = nullptr;
@@ -356,6 +384,8 @@ class FMulticastDelegateProperty : public TPropertyOfValue<FProperty, FMulticast
 	FIELD_CLASS(FMulticastDelegateProperty, FProperty)
 	using TPropertyOfValue<FProperty, FMulticastScriptDelegate>::TPropertyOfValue;
 	PROPERTY_TEXT_OVERRIDES
+	void VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 	bool SameType(const FProperty* Other) const override;
 
 	UFunction* SignatureFunction = nullptr;
@@ -367,7 +397,10 @@ class FMulticastInlineDelegateProperty : public FMulticastDelegateProperty
 	using FMulticastDelegateProperty::FMulticastDelegateProperty;
 };
 
-/** How a container property reaches the C++ container that holds its values. Native members bring their own, values known by data only use the generic one. */
+/**
+ * How a container property reaches the C++ container that holds its values. Native members bring their own; values that
+ * only data knows use the generic one.
+ */
 struct FContainerOps
 {
 	int32 Size = 0;
@@ -375,17 +408,19 @@ struct FContainerOps
 	void (*Construct)(void* Container) = nullptr;
 	void (*Destruct)(void* Container) = nullptr;
 	int32 (*Num)(const void* Container) = nullptr;
-	/** The element; for a map the key, with the value through ValueAt. */
+	/** The element; for a map the key, with the value through ValueAt. Constant time for arrays only. */
 	void* (*At)(void* Container, int32 Index) = nullptr;
 	void* (*ValueAt)(void* Container, int32 Index) = nullptr;
 	/** Arrays: grows with default elements or shrinks. */
 	void (*Resize)(void* Container, int32 Num) = nullptr;
 	void (*Empty)(void* Container) = nullptr;
-	/** Sets and maps: adds a copy of the key (and of the value). */
+	/** Sets and maps: adds a copy of the key (and of the value, which replaces that of an equal key). */
 	void (*Add)(void* Container, const void* Key, const void* Value) = nullptr;
+	/** Sets and maps: visits all elements in order; Value is null for a set. */
+	void (*ForEach)(void* Container, TFunctionRef<void(void* Key, void* Value)> Visit) = nullptr;
 };
 
-/** Memory of a container that only data knows: elements in a row, each of the inner property's size. */
+/** Memory of a container that only data knows: elements (or pairs) in a row. */
 struct FScriptContainer
 {
 	uint8* Data = nullptr;
@@ -405,7 +440,9 @@ class FArrayProperty : public FProperty
 	void DestroyValue(void* Dest) const override;
 	void CopyCompleteValue(void* Dest, const void* Src) const override;
 	bool SameType(const FProperty* Other) const override;
-	void GetReferencedObjects(const void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
+	void VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
+	bool ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const override;
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 
 	FProperty* Inner = nullptr;
 	const FContainerOps* Ops = nullptr;
@@ -423,6 +460,9 @@ class FSetProperty : public FProperty
 	void DestroyValue(void* Dest) const override;
 	void CopyCompleteValue(void* Dest, const void* Src) const override;
 	bool SameType(const FProperty* Other) const override;
+	void VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
+	bool ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const override;
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 
 	FProperty* ElementProp = nullptr;
 	const FContainerOps* Ops = nullptr;
@@ -440,6 +480,9 @@ class FMapProperty : public FProperty
 	void DestroyValue(void* Dest) const override;
 	void CopyCompleteValue(void* Dest, const void* Src) const override;
 	bool SameType(const FProperty* Other) const override;
+	void VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
+	bool ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const override;
+	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 
 	FProperty* KeyProp = nullptr;
 	FProperty* ValueProp = nullptr;
@@ -480,6 +523,8 @@ public:
 	/** Adds a copy unless an equal element is there. */
 	void AddElement(const void* Element) const;
 	void EmptyElements() const;
+	/** In order; the way to walk a set in linear time. */
+	void ForEach(TFunctionRef<void(void* Element)> Visit) const;
 
 private:
 	const FSetProperty* Property;
@@ -496,6 +541,10 @@ public:
 	/** Adds a pair; an equal key has its value replaced. */
 	void AddPair(const void* Key, const void* Value) const;
 	void EmptyValues() const;
+	/** In order; the way to walk a map in linear time. */
+	void ForEach(TFunctionRef<void(void* Key, void* Value)> Visit) const;
+	/** The value of an equal key, or null. */
+	uint8* FindValue(const void* Key) const;
 
 private:
 	const FMapProperty* Property;
@@ -543,7 +592,7 @@ public:
 
 private:
 	static constexpr bool bIsProperty = std::is_base_of_v<FField, T>;
-	using FLink = std::conditional_t<bIsProperty, FField, class UField>;
+	using FLink = std::conditional_t<bIsProperty, FField, UField>;
 
 	static FLink* First(const UStruct* Of);
 	static const UStruct* SuperOf(const UStruct* Of);
