@@ -45,7 +45,7 @@ public:
 	virtual bool ShouldUseConstRefParams() const { return false; }
 	/** Whether a pin of the type may be made; a refusal is told in OutErrorMessage. */
 	virtual bool CanCreateUserDefinedPin(const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) { return true; }
-	/** Adds a pin; with bUseUniqueName the name gets a number when taken. Null when the direction or type does not fit. */
+	/** Adds a pin, asking nobody; with bUseUniqueName the name gets a number when taken. Which way the pin faces is the node's to say: an entry's always face out. */
 	UEdGraphPin* CreateUserDefinedPin(FName InPinName, const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, bool bUseUniqueName = true);
 	void RemoveUserDefinedPin(TSharedPtr<FUserPinInfo> PinToRemove);
 	void RemoveUserDefinedPinByName(FName PinName);

@@ -1,0 +1,199 @@
+#include "K2Node_EditablePinBase.h"
+
+#include "EdGraph/EdGraph.h"
+#include "EdGraphSchema_K2.h"
+#include "K2Node_FunctionEntry.h"
+#include "K2Node_Tunnel.h"
+#include "Misc/FeedbackContext.h"
+#include "Misc/Parse.h"
+#include "UObject/NativeClass.h"
+
+IMPLEMENT_EDITOR_CLASS(UK2Node_EditablePinBase, "/Script/BlueprintGraph", CLASS_Abstract)
+IMPLEMENT_EDITOR_STRUCT(FUserPinInfo, "/Script/BlueprintGraph")
+IMPLEMENT_EDITOR_STRUCT(FKismetUserDeclaredFunctionMetadata, "/Script/BlueprintGraph")
+
+void UK2Node_EditablePinBase::DescribeClass(FClassDescriber& Class)
+{
+	Class.Property(TEXT("bIsEditable"), &UK2Node_EditablePinBase::bIsEditable);
+}
+
+void FUserPinInfo::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("PinName"), &FUserPinInfo::PinName);
+	Struct.Property(TEXT("PinType"), &FUserPinInfo::PinType);
+	Struct.Property(TEXT("DesiredPinDirection"), &FUserPinInfo::DesiredPinDirection);
+	Struct.Property(TEXT("PinDefaultValue"), &FUserPinInfo::PinDefaultValue);
+}
+
+void FKismetUserDeclaredFunctionMetadata::DescribeStruct(FStructDescriber& Struct)
+{
+	using FMetaData = FKismetUserDeclaredFunctionMetadata;
+	Struct.Property(TEXT("ToolTip"), &FMetaData::ToolTip);
+	Struct.Property(TEXT("Category"), &FMetaData::Category);
+	Struct.Property(TEXT("Keywords"), &FMetaData::Keywords);
+	Struct.Property(TEXT("CompactNodeTitle"), &FMetaData::CompactNodeTitle);
+	Struct.Property(TEXT("InstanceTitleColor"), &FMetaData::InstanceTitleColor);
+	Struct.Property(TEXT("DeprecationMessage"), &FMetaData::DeprecationMessage);
+	Struct.Property(TEXT("bIsDeprecated"), &FMetaData::bIsDeprecated);
+	Struct.Property(TEXT("bCallInEditor"), &FMetaData::bCallInEditor);
+	Struct.Property(TEXT("bThreadSafe"), &FMetaData::bThreadSafe);
+	Struct.Property(TEXT("bIsUnsafeDuringActorConstruction"), &FMetaData::bIsUnsafeDuringActorConstruction);
+	Struct.Property(TEXT("MetaDataMap"), &FMetaData::MetaDataMap);
+}
+
+const FString& FKismetUserDeclaredFunctionMetadata::GetMetaData(FName Key) const
+{
+	static const FString Empty;
+	const FString* const Value = MetaDataMap.Find(Key);
+	return Value ? *Value : Empty;
+}
+
+UEdGraphPin* UK2Node_EditablePinBase::CreateUserDefinedPin(
+	FName InPinName, const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, bool bUseUniqueName)
+{
+	const TSharedPtr<FUserPinInfo> Info = MakeShared<FUserPinInfo>();
+	Info->PinName = bUseUniqueName ? CreateUniquePinName(InPinName) : InPinName;
+	Info->PinType = InPinType;
+	Info->DesiredPinDirection = InDesiredDirection;
+	UEdGraphPin* const Pin = CreatePinFromUserDefinition(Info);
+	if (Pin)
+	{
+		Modify();
+		UserDefinedPins.Add(Info);
+	}
+	return Pin;
+}
+
+UEdGraphPin* UK2Node_EditablePinBase::CreatePinFromUserDefinition(const TSharedPtr<FUserPinInfo> NewPinInfo)
+{
+	UEdGraphPin* const Pin = CreatePinFromUserDefinitionInternal(NewPinInfo);
+	if (Pin)
+	{
+		GetK2Schema()->SetPinDefaultValueAtConstruction(Pin, NewPinInfo->PinDefaultValue);
+	}
+	return Pin;
+}
+
+UEdGraphPin* UK2Node_EditablePinBase::CreatePinFromUserDefinitionInternal(const TSharedPtr<FUserPinInfo> NewPinInfo)
+{
+	return CreatePin(NewPinInfo->DesiredPinDirection, NewPinInfo->PinType, NewPinInfo->PinName);
+}
+
+void UK2Node_EditablePinBase::RemoveUserDefinedPin(TSharedPtr<FUserPinInfo> PinToRemove)
+{
+	if (PinToRemove)
+	{
+		RemoveUserDefinedPinByName(PinToRemove->PinName);
+	}
+}
+
+void UK2Node_EditablePinBase::RemoveUserDefinedPinByName(FName PinName)
+{
+	Modify();
+	if (UEdGraphPin* const Pin = FindPin(PinName))
+	{
+		RemovePin(Pin);
+	}
+	UserDefinedPins.RemoveAll([PinName](const TSharedPtr<FUserPinInfo>& Info) { return Info->PinName == PinName; });
+}
+
+bool UK2Node_EditablePinBase::UserDefinedPinExists(FName PinName) const
+{
+	return UserDefinedPins.ContainsByPredicate(
+		[PinName](const TSharedPtr<FUserPinInfo>& Info) { return Info->PinName == PinName; });
+}
+
+bool UK2Node_EditablePinBase::ModifyUserDefinedPinDefaultValue(
+	TSharedPtr<FUserPinInfo> PinInfo, const FString& NewDefaultValue)
+{
+	PinInfo->PinDefaultValue = NewDefaultValue;
+	if (UEdGraphPin* const Pin = FindPin(PinInfo->PinName))
+	{
+		GetK2Schema()->SetPinDefaultValueAtConstruction(Pin, NewDefaultValue);
+	}
+	return true;
+}
+
+FKismetUserDeclaredFunctionMetadata* UK2Node_EditablePinBase::GetGraphFunctionMetaData(const UEdGraph* InGraph)
+{
+	if (!InGraph)
+	{
+		return nullptr;
+	}
+	for (UEdGraphNode* const Node : InGraph->Nodes)
+	{
+		if (UK2Node_FunctionEntry* const Entry = Cast<UK2Node_FunctionEntry>(Node))
+		{
+			return &Entry->MetaData;
+		}
+		if (UK2Node_Tunnel* const Tunnel = ExactCast<UK2Node_Tunnel>(Node); Tunnel && Tunnel->bCanHaveOutputs)
+		{
+			return &Tunnel->MetaData;
+		}
+	}
+	return nullptr;
+}
+
+void UK2Node_EditablePinBase::AllocateDefaultPins()
+{
+	Super::AllocateDefaultPins();
+	for (const TSharedPtr<FUserPinInfo>& Info : UserDefinedPins)
+	{
+		CreatePinFromUserDefinition(Info);
+	}
+}
+
+void UK2Node_EditablePinBase::PinDefaultValueChanged(UEdGraphPin* Pin)
+{
+	Super::PinDefaultValueChanged(Pin);
+	for (const TSharedPtr<FUserPinInfo>& Info : UserDefinedPins)
+	{
+		if (Info->PinName == Pin->PinName)
+		{
+			Info->PinDefaultValue = Pin->GetDefaultAsString();
+		}
+	}
+}
+
+void UK2Node_EditablePinBase::ExportCustomProperties(FOutputDevice& Out, uint32 Indent)
+{
+	Super::ExportCustomProperties(Out, Indent);
+	FString Prefix;
+	for (uint32 Blank = 0; Blank < Indent; ++Blank)
+	{
+		Prefix.AppendChar(TEXT(' '));
+	}
+	static const FUserPinInfo Empty;
+	for (const TSharedPtr<FUserPinInfo>& Info : UserDefinedPins)
+	{
+		FString Line = Prefix + TEXT("CustomProperties UserDefinedPin ");
+		FUserPinInfo::StaticStruct()->ExportText(Line, Info.Get(), &Empty, this, PPF_Delimited, nullptr);
+		Line.AppendChar(TEXT('\n'));
+		Out.Log(*Line);
+	}
+}
+
+void UK2Node_EditablePinBase::ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext* Warn)
+{
+	const TCHAR* Cursor = SourceText;
+	if (!FParse::Command(&Cursor, TEXT("UserDefinedPin")))
+	{
+		Super::ImportCustomProperties(SourceText, Warn);
+		return;
+	}
+	while (*Cursor == TEXT(' '))
+	{
+		++Cursor;
+	}
+	const TSharedPtr<FUserPinInfo> Info = MakeShared<FUserPinInfo>();
+	static const FString StructName(TEXT("UserPinInfo"));
+	if (FUserPinInfo::StaticStruct()->ImportText(Cursor, Info.Get(), this, PPF_Delimited, Warn, StructName))
+	{
+		if (Info->PinType.PinCategory == UEdGraphSchema_K2::PC_Float)
+		{
+			Info->PinType.PinCategory = UEdGraphSchema_K2::PC_Real;
+			Info->PinType.PinSubCategory = UEdGraphSchema_K2::PC_Double;
+		}
+		UserDefinedPins.Add(Info);
+	}
+}
