@@ -1,6 +1,7 @@
 #include "Containers/StringConv.h"
 #include "Containers/UnrealString.h"
 
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 
@@ -103,6 +104,20 @@ static void AppendNumber(std::wstring& Out, const FSpec& Spec, const char* Lengt
 	}
 }
 
+/** What most formats hold: a number with nothing said about its form. */
+template <typename ValueType>
+static bool AppendPlain(std::wstring& Out, const FSpec& Spec, ValueType Value)
+{
+	if (!Spec.Flags.empty() || Spec.Width > 0 || Spec.Precision >= 0)
+	{
+		return false;
+	}
+	char Buffer[24];
+	const std::to_chars_result Result = std::to_chars(Buffer, Buffer + sizeof(Buffer), Value);
+	Out.append(Buffer, Result.ptr);
+	return true;
+}
+
 static void AppendPadded(std::wstring& Out, const FSpec& Spec, std::wstring_view Text)
 {
 	if (Spec.Precision >= 0 && static_cast<std::size_t>(Spec.Precision) < Text.size())
@@ -180,7 +195,10 @@ static void AppendArgument(std::wstring& Out, const FSpec& Spec, const FPrintfAr
 		break;
 	case 'd':
 	case 'i':
-		AppendNumber(Out, Spec, "ll", 'd', SignedOf(Arg));
+		if (!AppendPlain(Out, Spec, SignedOf(Arg)))
+		{
+			AppendNumber(Out, Spec, "ll", 'd', SignedOf(Arg));
+		}
 		break;
 	case 'u':
 	case 'x':

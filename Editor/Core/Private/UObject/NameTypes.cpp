@@ -24,7 +24,7 @@ struct FEntry
 class FIndex
 {
 public:
-	FIndex() { Cells.resize(1u << 13); }
+	FIndex() { Cells.resize(1u << 15); }
 
 	template <typename MatchType>
 	uint32 Find(uint32 Hash, const MatchType& Matches) const
@@ -78,13 +78,7 @@ private:
 
 static uint32 HashSpelling(std::wstring_view Text)
 {
-	uint64 Hash = 0x9E3779B97F4A7C15ull ^ Text.size();
-	for (const TCHAR Char : Text)
-	{
-		Hash = (Hash ^ static_cast<uint64>(Char)) * 0xFF51AFD7ED558CCDull;
-		Hash ^= Hash >> 32;
-	}
-	return static_cast<uint32>(Hash);
+	return static_cast<uint32>(std::hash<std::wstring_view>()(Text));
 }
 
 class FTable
@@ -139,7 +133,7 @@ private:
 		if (Needed > BlockLeft)
 		{
 			BlockLeft = Needed > BlockSize ? Needed : BlockSize;
-			Blocks.push_back(std::make_unique<TCHAR[]>(BlockLeft));
+			Blocks.push_back(std::unique_ptr<TCHAR[]>(new TCHAR[BlockLeft]));
 			BlockNext = Blocks.back().get();
 		}
 		TCHAR* const Stored = BlockNext;
