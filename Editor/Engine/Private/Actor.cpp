@@ -1,7 +1,6 @@
 #include "GameFramework/Actor.h"
 
 #include "Components/SceneComponent.h"
-#include "NativeComponents.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(AActor, "/Script/Engine", CLASS_None)
@@ -20,16 +19,5 @@ void AActor::GetComponents(TArray<UActorComponent*>& OutComponents) const
 		{
 			OutComponents.Add(Component);
 		}
-	}
-}
-
-void AActor::PostInitProperties()
-{
-	Super::PostInitProperties();
-	if (HasAnyFlags(RF_ClassDefaultObject))
-	{
-		// The copied value is the parent default's own component; this object makes its own.
-		RootComponent = nullptr;
-		NativeComponents::CreateFor(*this);
 	}
 }

@@ -32,7 +32,6 @@ void USceneComponent::DescribeClass(FClassDescriber& Class)
 	constexpr uint64 Editable = CPF_Edit | CPF_BlueprintVisible | CPF_BlueprintReadOnly;
 	Class.Property(TEXT("AttachParent"), &USceneComponent::AttachParent, CPF_Net);
 	Class.Property(TEXT("AttachSocketName"), &USceneComponent::AttachSocketName, CPF_Net);
-	Class.Property(TEXT("AttachChildren"), &USceneComponent::AttachChildren, CPF_Transient);
 	Class.Property(TEXT("RelativeLocation"), &USceneComponent::RelativeLocation, Editable | CPF_Net);
 	Class.Property(TEXT("RelativeRotation"), &USceneComponent::RelativeRotation, Editable | CPF_Net);
 	Class.Property(TEXT("RelativeScale3D"), &USceneComponent::RelativeScale3D, Editable | CPF_Net);
@@ -50,16 +49,22 @@ void USceneComponent::SetupAttachment(USceneComponent* InParent, FName InSocketN
 			return;
 		}
 	}
-	if (AttachParent)
-	{
-		AttachParent->AttachChildren.Remove(this);
-	}
 	AttachParent = InParent;
 	AttachSocketName = InSocketName;
-	if (InParent)
+}
+
+const TArray<TObjectPtr<USceneComponent>>& USceneComponent::GetAttachChildren() const
+{
+	AttachChildren.Empty();
+	for (UObject* Sibling = GetOuter() ? GetOuter()->GetFirstInner() : nullptr; Sibling; Sibling = Sibling->GetNextInner())
 	{
-		InParent->AttachChildren.AddUnique(this);
+		USceneComponent* const Component = Cast<USceneComponent>(Sibling);
+		if (Component && Component->AttachParent.Get() == this)
+		{
+			AttachChildren.Add(Component);
+		}
 	}
+	return AttachChildren;
 }
 
 void USceneComponent::SetRelativeLocationAndRotation(FVector NewLocation, FRotator NewRotation)

@@ -14,7 +14,7 @@ public:
 	USceneComponent* GetAttachParent() const { return AttachParent; }
 	FName GetAttachSocketName() const { return AttachSocketName; }
 	/** The components attached to this one, among those of the same owner. */
-	const TArray<TObjectPtr<USceneComponent>>& GetAttachChildren() const { return AttachChildren; }
+	const TArray<TObjectPtr<USceneComponent>>& GetAttachChildren() const;
 	void SetRelativeLocation(FVector NewLocation) { RelativeLocation = NewLocation; }
 	void SetRelativeRotation(FRotator NewRotation) { RelativeRotation = NewRotation; }
 	void SetRelativeLocationAndRotation(FVector NewLocation, FRotator NewRotation);
@@ -35,5 +35,6 @@ public:
 private:
 	TObjectPtr<USceneComponent> AttachParent;
 	FName AttachSocketName;
-	TArray<TObjectPtr<USceneComponent>> AttachChildren;
+	/** Gathered anew by each GetAttachChildren: attachment is kept at the child's end alone. */
+	mutable TArray<TObjectPtr<USceneComponent>> AttachChildren;
 };

@@ -27,7 +27,6 @@ public:
 		}
 	}
 	USceneComponent* GetRootComponent() const { return RootComponent; }
-	void PostInitProperties() override;
 
 	TObjectPtr<USceneComponent> RootComponent;
 	bool bReplicates = false;
