@@ -54,6 +54,10 @@ FUNCTION_META = (
     "DevelopmentOnly", "DynamicOutputParam", "ExpandBoolAsExecs", "ExpandEnumAsExecs", "HidePin", "InternalUseParam",
     "LatentInfo", "MapKeyParam", "MapParam", "MapValueParam", "SetParam", "UnsafeDuringActorConstruction")
 
+# Metadata that names parameters of any type; '|' and ',' part the names.
+WILDCARD_META = ("ArrayParm", "ArrayTypeDependentParams", "CustomStructureParam", "MapKeyParam", "MapParam",
+                 "MapValueParam", "SetParam")
+
 # What a type may refer to, by category; None: no path, and a path is refused.
 CATEGORIES = {
     "bool": None, "byte": "enum?", "int": None, "int64": None, "real": None, "name": None, "string": None,
