@@ -206,6 +206,22 @@ public:
 		return Asset.AssetName == ObjectPath.GetAssetPath().GetAssetName() ? Asset : FAssetData();
 	}
 
+	bool GetReferencers(FName PackageName, TArray<FName>& OutReferencers) const override
+	{
+		const int32 NumBefore = OutReferencers.Num();
+		const FString Name = PackageName.ToString();
+		ForEach(true,
+			[&](const FAssetData& Asset)
+			{
+				const FString File = FPackageName::FindPackageFile(Asset.PackageName.ToString());
+				if (Asset.PackageName != PackageName && ContentScan::NamesPackage(File, Name))
+				{
+					OutReferencers.Add(Asset.PackageName);
+				}
+			});
+		return OutReferencers.Num() > NumBefore;
+	}
+
 	bool HasAssets(FName PackagePath, bool bRecursive) const override
 	{
 		TArray<FAssetData> Found;

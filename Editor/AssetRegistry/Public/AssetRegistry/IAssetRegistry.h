@@ -32,6 +32,8 @@ public:
 	/** Not valid when there is none. Looks at the disk for a file that has appeared since the scan. */
 	virtual FAssetData GetAssetByObjectPath(
 		const FSoftObjectPath& ObjectPath, bool bIncludeOnlyOnDiskAssets = false) const = 0;
+	/** Packages whose files name the package. Files are read for it; what was changed in memory alone is not seen. */
+	virtual bool GetReferencers(FName PackageName, TArray<FName>& OutReferencers) const = 0;
 	virtual bool HasAssets(FName PackagePath, bool bRecursive = false) const = 0;
 	virtual bool PathExists(const FString& Path) const = 0;
 

@@ -1,5 +1,7 @@
 #include "UObject/ObjectText.h"
 
+#include "ObjectText/ObjectTextSyntax.h"
+
 #include <string_view>
 #include <unordered_map>
 
@@ -12,11 +14,6 @@ namespace ObjectTextParsing
 {
 using namespace std::string_view_literals;
 
-bool IsBlank(char Char)
-{
-	return Char == ' ' || Char == '\t';
-}
-
 std::string_view Trim(std::string_view Text)
 {
 	while (!Text.empty() && IsBlank(Text.front()))
@@ -28,84 +25,6 @@ std::string_view Trim(std::string_view Text)
 		Text.remove_suffix(1);
 	}
 	return Text;
-}
-
-char ToLowerAscii(char Char)
-{
-	return Char >= 'A' && Char <= 'Z' ? static_cast<char>(Char + ('a' - 'A')) : Char;
-}
-
-bool EqualsIgnoringCase(std::string_view Left, std::string_view Right)
-{
-	if (Left.size() != Right.size())
-	{
-		return false;
-	}
-	for (std::size_t Index = 0; Index < Left.size(); ++Index)
-	{
-		if (ToLowerAscii(Left[Index]) != ToLowerAscii(Right[Index]))
-		{
-			return false;
-		}
-	}
-	return true;
-}
-
-/** Takes a keyword that ends the text or is followed by a blank, and the blanks behind it. */
-bool ConsumeWord(std::string_view& Text, std::string_view Word)
-{
-	if (Text.size() < Word.size() || !EqualsIgnoringCase(Text.substr(0, Word.size()), Word)
-		|| (Text.size() > Word.size() && !IsBlank(Text[Word.size()])))
-	{
-		return false;
-	}
-	Text.remove_prefix(Word.size());
-	while (!Text.empty() && IsBlank(Text.front()))
-	{
-		Text.remove_prefix(1);
-	}
-	return true;
-}
-
-/** Where a quoted run that starts at Text[0] ends: behind the closing quote, or npos. */
-std::size_t QuotedLength(std::string_view Text)
-{
-	const char Quote = Text[0];
-	for (std::size_t Index = 1; Index < Text.size(); ++Index)
-	{
-		if (Text[Index] == '\\')
-		{
-			++Index;
-		}
-		else if (Text[Index] == Quote)
-		{
-			return Index + 1;
-		}
-	}
-	return std::string_view::npos;
-}
-
-/** The value of a header field: up to the next blank outside quotes. npos as length when a quote stays open. */
-std::size_t FieldLength(std::string_view Text)
-{
-	std::size_t Length = 0;
-	while (Length < Text.size() && !IsBlank(Text[Length]))
-	{
-		if (Text[Length] == '"' || Text[Length] == '\'')
-		{
-			const std::size_t Quoted = QuotedLength(Text.substr(Length));
-			if (Quoted == std::string_view::npos)
-			{
-				return Quoted;
-			}
-			Length += Quoted;
-		}
-		else
-		{
-			++Length;
-		}
-	}
-	return Length;
 }
 
 std::string_view Unquote(std::string_view Text)
@@ -249,7 +168,7 @@ private:
 		}
 		else
 		{
-			const std::size_t Length = Line.find_first_of("=(");
+			const std::size_t Length = Line.find_first_of("=([");
 			Name = Trim(Line.substr(0, Length));
 			Rest = Length == std::string_view::npos ? std::string_view() : Line.substr(Length);
 		}
@@ -376,7 +295,10 @@ private:
 		}
 		else if (EqualsIgnoringCase(Key, "Name"sv))
 		{
+			const bool bQuoted = !Value.empty() && Value.front() == '"' && QuotedLength(Value) == Value.size();
 			OutHeader.Name = Unquote(Value);
+			return bQuoted || Value.find_first_of("\"'\\") == std::string_view::npos
+				|| Fail(LineNumber, FString::Printf(TEXT("the Name %s is not one quoted text"), *Excerpt(Value)));
 		}
 		else if (EqualsIgnoringCase(Key, "ExportPath"sv))
 		{

@@ -1,5 +1,6 @@
 #include "ObjectText/ObjectTextWriter.h"
 
+#include "ObjectText/ObjectTextSyntax.h"
 #include "UObject/Class.h"
 #include "UObject/ObjectText.h"
 #include "UObject/Package.h"
@@ -355,7 +356,7 @@ void FObjectTextWriter::RecordHeader(const FObjectTextRecord& Record, int32 Leve
 	if (bDeclare && !Record.ClassPath.empty())
 	{
 		Out.append(" Class=");
-		const bool bQuote = Record.ClassPath.find_first_of(" \t") != std::string_view::npos;
+		const bool bQuote = ObjectTextParsing::FieldLength(Record.ClassPath) != Record.ClassPath.size();
 		Out.append(bQuote ? "\"" : "").append(Record.ClassPath).append(bQuote ? "\"" : "");
 	}
 	Out.append(" Name=\"").append(Record.Name).push_back('"');
@@ -399,7 +400,7 @@ void FObjectTextWriter::AppendLine(std::string& OutText, const FObjectTextLine& 
 		OutText.append("CustomProperties ").append(Line.Value);
 		return;
 	}
-	const bool bQuote = Line.Name.find_first_of(" \t=(\"") != std::string_view::npos;
+	const bool bQuote = ObjectTextParsing::NeedsQuotes(Line.Name);
 	OutText.append(bQuote ? "\"" : "").append(Line.Name).append(bQuote ? "\"" : "");
 	if (Line.Index != INDEX_NONE)
 	{
