@@ -9,8 +9,9 @@
  * How C++ classes, structs and enums describe themselves to reflection. Only sources include this: each class has one
  * DescribeClass of one line per property, beside its other code.
  *
- * Registration is lazy and explicit. StaticClass() makes the class object (cheap: a name and a super); members are described when first asked for. A module lists its
- * classes in one table so that they are found by path before any C++ code names them (see RegisterNativeClasses).
+ * Registration is lazy and explicit. StaticClass() makes the class object (cheap: a name and a super); members are
+ * described when first asked for. A module lists its classes in one table so that they are found by path before any C++
+ * code names them (see RegisterNativeClasses).
  */
 namespace NativeClass
 {
@@ -30,14 +31,16 @@ struct FClassInfo
 /** Makes the class object. The name in the engine is the C++ name without its first letter. */
 UClass* Register(const FClassInfo& Info);
 /** Gives a registered interface class to a class: Cast finds the C++ part. */
-UScriptStruct* RegisterStruct(const TCHAR* CppName, const TCHAR* PackageName, const FStructOps* Ops, void (*Describe)(FStructDescriber&), UScriptStruct* (*Super)() = nullptr);
+UScriptStruct* RegisterStruct(const TCHAR* CppName, const TCHAR* PackageName, const FStructOps* Ops,
+	void (*Describe)(FStructDescriber&), UScriptStruct* (*Super)() = nullptr);
 struct FEnumEntry
 {
 	const TCHAR* Name;
 	int64 Value;
 	const TCHAR* DisplayName = nullptr;
 };
-UEnum* RegisterEnum(const TCHAR* Name, const TCHAR* PackageName, UEnum::ECppForm Form, std::initializer_list<FEnumEntry> Entries);
+UEnum* RegisterEnum(
+	const TCHAR* Name, const TCHAR* PackageName, UEnum::ECppForm Form, std::initializer_list<FEnumEntry> Entries);
 
 using FClassGetter = UClass* (*)();
 /** Makes all of a module's classes known by path. Start-up calls it once for each module, lower ones first. */
@@ -45,25 +48,26 @@ void RegisterNativeClasses(std::initializer_list<FClassGetter> Classes);
 } // namespace NativeClass
 
 /** Package is "/Script/Module" without TEXT(); Flags are EClassFlags beside CLASS_Native. */
-#define IMPLEMENT_EDITOR_CLASS(TClass, Package, Flags)                                                                 \
-	UClass* TClass::StaticClass()                                                                                      \
-	{                                                                                                                  \
-		static UClass* const Class = NativeClass::Register({TEXT(#TClass), TEXT(Package), &Super::StaticClass,         \
-			static_cast<int32>(sizeof(TClass)), static_cast<int32>(alignof(TClass)),                                   \
-			[](void* Memory) -> UObject* { return ::new (Memory) TClass(); }, &TClass::DescribeClass, Flags});         \
-		return Class;                                                                                                  \
+#define IMPLEMENT_EDITOR_CLASS(TClass, Package, Flags) \
+	UClass* TClass::StaticClass() \
+	{ \
+		static UClass* const Class = NativeClass::Register({TEXT(#TClass), TEXT(Package), &Super::StaticClass, \
+			static_cast<int32>(sizeof(TClass)), static_cast<int32>(alignof(TClass)), \
+			[](void* Memory) -> UObject* { return ::new (Memory) TClass(); }, &TClass::DescribeClass, Flags}); \
+		return Class; \
 	}
 
-#define IMPLEMENT_EDITOR_STRUCT(TStruct, Package)                                                                      \
-	UScriptStruct* TStruct::StaticStruct()                                                                             \
-	{                                                                                                                  \
-		static UScriptStruct* const Struct = NativeClass::RegisterStruct(                                              \
-			TEXT(#TStruct), TEXT(Package), TStructOps<TStruct>::Get(), &TStruct::DescribeStruct);                      \
-		return Struct;                                                                                                 \
+#define IMPLEMENT_EDITOR_STRUCT(TStruct, Package) \
+	UScriptStruct* TStruct::StaticStruct() \
+	{ \
+		static UScriptStruct* const Struct = NativeClass::RegisterStruct( \
+			TEXT(#TStruct), TEXT(Package), TStructOps<TStruct>::Get(), &TStruct::DescribeStruct); \
+		return Struct; \
 	}
 
 /** The memory operations of a C++ struct; a struct with ExportTextItem / ImportTextItem / operator== has them used. */
-template <class T> struct TStructOps
+template <class T>
+struct TStructOps
 {
 	static const FStructOps* Get()
 	{
@@ -80,24 +84,33 @@ private:
 		Ops.Construct = [](void* Dest) { ::new (Dest) T(); };
 		Ops.Destruct = [](void* Dest) { static_cast<T*>(Dest)->~T(); };
 		Ops.Copy = [](void* Dest, const void* Src) { *static_cast<T*>(Dest) = *static_cast<const T*>(Src); };
-		if constexpr (requires(const T& A) {
-						  { A == A } -> std::convertible_to<bool>;
+		if constexpr (requires(const T& A, const T& B) {
+						  {
+							  A == B
+							  } -> std::convertible_to<bool>;
 					  })
 		{
-			Ops.Identical = [](const void* A, const void* B) { return *static_cast<const T*>(A) == *static_cast<const T*>(B); };
+			Ops.Identical = [](const void* A, const void* B)
+			{ return *static_cast<const T*>(A) == *static_cast<const T*>(B); };
 		}
-		if constexpr (requires(const T& A, FString& Out, UObject* Parent) { A.ExportTextItem(Out, A, Parent, 0, Parent); })
+		if constexpr (requires(
+						  const T& A, FString& Out, UObject* Parent) { A.ExportTextItem(Out, A, Parent, 0, Parent); })
 		{
-			Ops.ExportText = [](FString& Out, const void* Value, const void* Default, UObject* Parent, int32 PortFlags, UObject* Scope) {
+			Ops.ExportText = [](FString& Out, const void* Value, const void* Default, UObject* Parent, int32 PortFlags,
+								 UObject* Scope)
+			{
 				static const T Zero{};
-				return static_cast<const T*>(Value)->ExportTextItem(Out, Default ? *static_cast<const T*>(Default) : Zero, Parent, PortFlags, Scope);
+				return static_cast<const T*>(Value)->ExportTextItem(
+					Out, Default ? *static_cast<const T*>(Default) : Zero, Parent, PortFlags, Scope);
 			};
 		}
-		if constexpr (requires(T& A, const TCHAR*& Buffer, UObject* Parent, FOutputDevice* Error) { A.ImportTextItem(Buffer, 0, Parent, Error); })
+		if constexpr (requires(T & A, const TCHAR*& Buffer, UObject* Parent, FOutputDevice* Error) {
+						  A.ImportTextItem(Buffer, 0, Parent, Error);
+					  })
 		{
-			Ops.ImportText = [](const TCHAR*& Buffer, void* Value, int32 PortFlags, UObject* Parent, FOutputDevice* Error) {
-				return static_cast<T*>(Value)->ImportTextItem(Buffer, PortFlags, Parent, Error);
-			};
+			Ops.ImportText =
+				[](const TCHAR*& Buffer, void* Value, int32 PortFlags, UObject* Parent, FOutputDevice* Error)
+			{ return static_cast<T*>(Value)->ImportTextItem(Buffer, PortFlags, Parent, Error); };
 		}
 		return Ops;
 	}
@@ -105,68 +118,86 @@ private:
 
 namespace NativeClass
 {
-template <class T> struct TIsArray : std::false_type
+template <class T>
+struct TIsArray : std::false_type
 {
 };
-template <class T> struct TIsArray<TArray<T>> : std::true_type
-{
-	using Element = T;
-};
-template <class T> struct TIsSet : std::false_type
-{
-};
-template <class T> struct TIsSet<TSet<T>> : std::true_type
+template <class T>
+struct TIsArray<TArray<T>> : std::true_type
 {
 	using Element = T;
 };
-template <class T> struct TIsMap : std::false_type
+template <class T>
+struct TIsSet : std::false_type
 {
 };
-template <class K, class V> struct TIsMap<TMap<K, V>> : std::true_type
+template <class T>
+struct TIsSet<TSet<T>> : std::true_type
+{
+	using Element = T;
+};
+template <class T>
+struct TIsMap : std::false_type
+{
+};
+template <class K, class V>
+struct TIsMap<TMap<K, V>> : std::true_type
 {
 	using Key = K;
 	using Value = V;
 };
-template <class T> struct TIsObjectPtr : std::is_pointer<T>
+template <class T>
+struct TIsObjectPtr : std::is_pointer<T>
 {
 	using Class = std::remove_const_t<std::remove_pointer_t<T>>;
 };
-template <class T> struct TIsObjectPtr<TObjectPtr<T>> : std::true_type
+template <class T>
+struct TIsObjectPtr<TObjectPtr<T>> : std::true_type
 {
 	using Class = std::remove_const_t<T>;
 };
-template <class T> struct TIsWeakPtr : std::false_type
+template <class T>
+struct TIsWeakPtr : std::false_type
 {
 };
-template <class T> struct TIsWeakPtr<TWeakObjectPtr<T>> : std::true_type
-{
-	using Class = T;
-};
-template <class T> struct TIsSubclassOf : std::false_type
-{
-};
-template <class T> struct TIsSubclassOf<TSubclassOf<T>> : std::true_type
+template <class T>
+struct TIsWeakPtr<TWeakObjectPtr<T>> : std::true_type
 {
 	using Class = T;
 };
-template <class T> struct TIsSoftPtr : std::false_type
+template <class T>
+struct TIsSubclassOf : std::false_type
 {
 };
-template <class T> struct TIsSoftPtr<TSoftObjectPtr<T>> : std::true_type
+template <class T>
+struct TIsSubclassOf<TSubclassOf<T>> : std::true_type
 {
 	using Class = T;
 };
-template <class T> struct TIsSoftClassPtr : std::false_type
+template <class T>
+struct TIsSoftPtr : std::false_type
 {
 };
-template <class T> struct TIsSoftClassPtr<TSoftClassPtr<T>> : std::true_type
+template <class T>
+struct TIsSoftPtr<TSoftObjectPtr<T>> : std::true_type
+{
+	using Class = T;
+};
+template <class T>
+struct TIsSoftClassPtr : std::false_type
+{
+};
+template <class T>
+struct TIsSoftClassPtr<TSoftClassPtr<T>> : std::true_type
 {
 	using Class = T;
 };
 
-template <class T> const FContainerOps* ArrayOps()
+template <class T>
+const FContainerOps* ArrayOps()
 {
-	static const FContainerOps Ops = [] {
+	static const FContainerOps Ops = []
+	{
 		FContainerOps Made;
 		Made.Size = sizeof(TArray<T>);
 		Made.Alignment = alignof(TArray<T>);
@@ -181,16 +212,19 @@ template <class T> const FContainerOps* ArrayOps()
 	return &Ops;
 }
 
-template <class T> const FContainerOps* SetOps()
+template <class T>
+const FContainerOps* SetOps()
 {
-	static const FContainerOps Ops = [] {
+	static const FContainerOps Ops = []
+	{
 		FContainerOps Made;
 		Made.Size = sizeof(TSet<T>);
 		Made.Alignment = alignof(TSet<T>);
 		Made.Construct = [](void* C) { ::new (C) TSet<T>(); };
 		Made.Destruct = [](void* C) { static_cast<TSet<T>*>(C)->~TSet<T>(); };
 		Made.Num = [](const void* C) { return static_cast<int32>(static_cast<const TSet<T>*>(C)->Num()); };
-		Made.At = [](void* C, int32 I) -> void* {
+		Made.At = [](void* C, int32 I) -> void*
+		{
 			auto It = static_cast<TSet<T>*>(C)->begin();
 			for (; I > 0; --I)
 			{
@@ -198,22 +232,26 @@ template <class T> const FContainerOps* SetOps()
 			}
 			return const_cast<T*>(&*It);
 		};
-		Made.ForEach = [](void* C, TFunctionRef<void(void*, void*)> Visit) {
+		Made.ForEach = [](void* C, TFunctionRef<void(void*, void*)> Visit)
+		{
 			for (const T& Element : *static_cast<TSet<T>*>(C))
 			{
 				Visit(const_cast<T*>(&Element), nullptr);
 			}
 		};
 		Made.Empty = [](void* C) { static_cast<TSet<T>*>(C)->Empty(); };
-		Made.Add = [](void* C, const void* K, const void*) { static_cast<TSet<T>*>(C)->Add(*static_cast<const T*>(K)); };
+		Made.Add = [](void* C, const void* K, const void*)
+		{ static_cast<TSet<T>*>(C)->Add(*static_cast<const T*>(K)); };
 		return Made;
 	}();
 	return &Ops;
 }
 
-template <class K, class V> const FContainerOps* MapOps()
+template <class K, class V>
+const FContainerOps* MapOps()
 {
-	static const FContainerOps Ops = [] {
+	static const FContainerOps Ops = []
+	{
 		using FMap = TMap<K, V>;
 		FContainerOps Made;
 		Made.Size = sizeof(FMap);
@@ -221,7 +259,8 @@ template <class K, class V> const FContainerOps* MapOps()
 		Made.Construct = [](void* C) { ::new (C) FMap(); };
 		Made.Destruct = [](void* C) { static_cast<FMap*>(C)->~FMap(); };
 		Made.Num = [](const void* C) { return static_cast<int32>(static_cast<const FMap*>(C)->Num()); };
-		Made.At = [](void* C, int32 I) -> void* {
+		Made.At = [](void* C, int32 I) -> void*
+		{
 			auto It = static_cast<FMap*>(C)->begin();
 			for (; I > 0; --I)
 			{
@@ -229,7 +268,8 @@ template <class K, class V> const FContainerOps* MapOps()
 			}
 			return const_cast<K*>(&(*It).Key);
 		};
-		Made.ValueAt = [](void* C, int32 I) -> void* {
+		Made.ValueAt = [](void* C, int32 I) -> void*
+		{
 			auto It = static_cast<FMap*>(C)->begin();
 			for (; I > 0; --I)
 			{
@@ -237,21 +277,24 @@ template <class K, class V> const FContainerOps* MapOps()
 			}
 			return const_cast<V*>(&(*It).Value);
 		};
-		Made.ForEach = [](void* C, TFunctionRef<void(void*, void*)> Visit) {
+		Made.ForEach = [](void* C, TFunctionRef<void(void*, void*)> Visit)
+		{
 			for (auto& Pair : *static_cast<FMap*>(C))
 			{
 				Visit(const_cast<K*>(&Pair.Key), const_cast<V*>(&Pair.Value));
 			}
 		};
 		Made.Empty = [](void* C) { static_cast<FMap*>(C)->Empty(); };
-		Made.Add = [](void* C, const void* Key, const void* Value) { static_cast<FMap*>(C)->Add(*static_cast<const K*>(Key), *static_cast<const V*>(Value)); };
+		Made.Add = [](void* C, const void* Key, const void* Value)
+		{ static_cast<FMap*>(C)->Add(*static_cast<const K*>(Key), *static_cast<const V*>(Value)); };
 		return Made;
 	}();
 	return &Ops;
 }
 
 /** The property of a C++ type. */
-template <class T> FProperty* MakeProperty(FFieldVariant Owner, FName Name)
+template <class T>
+FProperty* MakeProperty(FFieldVariant Owner, FName Name)
 {
 	if constexpr (std::is_same_v<T, bool>)
 	{
@@ -378,7 +421,8 @@ template <class T> FProperty* MakeProperty(FFieldVariant Owner, FName Name)
 	else if constexpr (TIsMap<T>::value)
 	{
 		FMapProperty* const Property = new FMapProperty(Owner, Name);
-		Property->KeyProp = MakeProperty<typename TIsMap<T>::Key>(FFieldVariant(Property), FName(Name.ToString() + TEXT("_Key")));
+		Property->KeyProp = MakeProperty<typename TIsMap<T>::Key>(
+			FFieldVariant(Property), FName(Name.ToString() + TEXT("_Key")));
 		Property->ValueProp = MakeProperty<typename TIsMap<T>::Value>(FFieldVariant(Property), Name);
 		Property->Ops = MapOps<typename TIsMap<T>::Key, typename TIsMap<T>::Value>();
 		return Property;
@@ -392,7 +436,8 @@ template <class T> FProperty* MakeProperty(FFieldVariant Owner, FName Name)
 }
 
 /** Offset of a member in a class that need not be standard layout; no object is touched. */
-template <class TOwner, class TMember> int32 MemberOffset(TMember TOwner::*Member)
+template <class TOwner, class TMember>
+int32 MemberOffset(TMember TOwner::*Member)
 {
 	alignas(TOwner) static char Space[sizeof(TOwner)];
 	const TOwner* const Owner = reinterpret_cast<const TOwner*>(Space);
@@ -404,10 +449,14 @@ template <class TOwner, class TMember> int32 MemberOffset(TMember TOwner::*Membe
 class FClassDescriber
 {
 public:
-	explicit FClassDescriber(UClass* InClass) : Class(InClass) {}
+	explicit FClassDescriber(UClass* InClass)
+		: Class(InClass)
+	{
+	}
 
 	/** A persistent member. Flags: CPF_Edit for what a designer may set, CPF_Transient for what is never saved. */
-	template <class TOwner, class TMember> FProperty& Property(const TCHAR* Name, TMember TOwner::*Member, uint64 Flags = CPF_None)
+	template <class TOwner, class TMember>
+	FProperty& Property(const TCHAR* Name, TMember TOwner::*Member, uint64 Flags = CPF_None)
 	{
 		FProperty* const Made = NativeClass::MakeProperty<TMember>(FFieldVariant(Class), FName(Name));
 		Made->SetPropertyFlags(Flags);
@@ -432,9 +481,13 @@ private:
 class FStructDescriber
 {
 public:
-	explicit FStructDescriber(UScriptStruct* InStruct) : Struct(InStruct) {}
+	explicit FStructDescriber(UScriptStruct* InStruct)
+		: Struct(InStruct)
+	{
+	}
 
-	template <class TOwner, class TMember> FProperty& Property(const TCHAR* Name, TMember TOwner::*Member, uint64 Flags = CPF_None)
+	template <class TOwner, class TMember>
+	FProperty& Property(const TCHAR* Name, TMember TOwner::*Member, uint64 Flags = CPF_None)
 	{
 		FProperty* const Made = NativeClass::MakeProperty<TMember>(FFieldVariant(Struct), FName(Name));
 		Made->SetPropertyFlags(Flags);
