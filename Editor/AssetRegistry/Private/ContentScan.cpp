@@ -1,11 +1,13 @@
 #include "ContentScan.h"
 
+#include "Misc/FileHelper.h"
 #include "Misc/PackageName.h"
 #include "Misc/PathConfinement.h"
 #include "UObject/PackageText.h"
 
 #include <algorithm>
 #include <dirent.h>
+#include <functional>
 #include <set>
 #include <string>
 #include <sys/stat.h>
@@ -124,5 +126,18 @@ bool ReadAsset(const FString& Filename, FAssetData& OutAsset)
 		OutAsset.TagsAndValues.Add(Tag.Name, Tag.Value);
 	}
 	return true;
+}
+
+bool NamesPackage(const FString& Filename, const FString& PackageName)
+{
+	TArray<uint8> Bytes;
+	if (!FFileHelper::LoadFileToArray(Bytes, *Filename))
+	{
+		return false;
+	}
+	// An object's path goes on with a dot behind its package's name.
+	const std::string Wanted = ToUtf8(PackageName + TEXT("."));
+	const std::boyer_moore_horspool_searcher Searcher(Wanted.begin(), Wanted.end());
+	return std::search(Bytes.begin(), Bytes.end(), Searcher) != Bytes.end();
 }
 } // namespace ContentScan

@@ -101,3 +101,8 @@ constexpr ERenameFlags REN_Test = 0x0002;
 constexpr ERenameFlags REN_DoNotDirty = 0x0004;
 constexpr ERenameFlags REN_DontCreateRedirectors = 0x0010;
 constexpr ERenameFlags REN_NonTransactional = 0x0020;
+
+// Marks that the editor's header tool reads. Here they say nothing; a class's ".generated.h" defines its body.
+#define UCLASS(...)
+#define UPROPERTY(...)
+#define GENERATED_BODY() CURRENT_FILE_GENERATED_BODY

@@ -1,0 +1,125 @@
+#include "AssetOperationBase.h"
+
+#include "AssetRegistry/AssetRegistryModule.h"
+#include "Engine/Blueprint.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "Misc/PackageName.h"
+#include "SourceControlHelpers.h"
+#include "ToolInfo.h"
+#include "ToolResult.h"
+#include "UObject/Package.h"
+
+namespace AssetOperationDeletion
+{
+IAssetRegistry& GetRegistry()
+{
+	return FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry")).Get();
+}
+
+/** The asset to delete; not valid after an error in the result. */
+FAssetData FindAsset(const FString& Path, const FString& TypeWord, Morvane::FToolResult& Result)
+{
+	const FAssetData Asset = GetRegistry().GetAssetByObjectPath(
+		FSoftObjectPath(Path + TEXT(".") + FPackageName::GetShortName(Path)));
+	if (!Asset.IsValid())
+	{
+		const FString File = FPackageName::IsValidLongPackageName(Path) ? FPackageName::FindPackageFile(Path)
+																		: FString();
+		Result.AddErrorMessage(File.IsEmpty()
+				? FString::Printf(TEXT("%s does not exist: %s"), *TypeWord, *Path)
+				: FString::Printf(
+					TEXT("%s cannot be deleted: the file '%s' is damaged or of a newer format. Remove it by hand."),
+					*TypeWord, *File));
+		return FAssetData();
+	}
+	const UClass* const Class = FindObject<UClass>(Asset.AssetClassPath);
+	if (!Class || !Class->IsChildOf(UBlueprint::StaticClass()))
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Asset '%s' is not a %s (it is a %s)"), *Path, *TypeWord,
+			*Asset.AssetClassPath.GetAssetName().ToString()));
+		return FAssetData();
+	}
+	return Asset;
+}
+
+/** Packages of assets that name this one, on disk and in memory, by path. */
+TArray<FString> FindReferencers(const FAssetData& Asset)
+{
+	TSet<FName> Packages;
+	TArray<FName> OnDisk;
+	GetRegistry().GetReferencers(Asset.PackageName, OnDisk);
+	Packages.Append(OnDisk);
+	if (UBlueprint* const Blueprint = Cast<UBlueprint>(Asset.FastGetAsset(false)))
+	{
+		TArray<UBlueprint*> InMemory;
+		FBlueprintEditorUtils::GetDependentBlueprints(Blueprint, InMemory);
+		for (const UBlueprint* const Dependent : InMemory)
+		{
+			Packages.Add(Dependent->GetOutermost()->GetFName());
+		}
+	}
+	Packages.Remove(Asset.PackageName);
+	TArray<FString> Names;
+	for (const FName Package : Packages)
+	{
+		Names.Add(Package.ToString());
+	}
+	Names.Sort();
+	return Names;
+}
+
+bool DeleteFile(const FString& Path, const FString& TypeWord, Morvane::FToolResult& Result)
+{
+	const FString File = FPackageName::FindPackageFile(Path);
+	if (File.IsEmpty() || USourceControlHelpers::MarkFileForDelete(File))
+	{
+		return true; // an asset that was never saved has no file
+	}
+	Result.AddErrorMessage(FString::Printf(
+		TEXT("Failed to delete %s '%s':\n%s"), *TypeWord, *Path, *USourceControlHelpers::LastErrorMsg().ToString()));
+	return false;
+}
+
+/** Takes the asset out of memory and out of the registry. Its objects are freed when the tool is done. */
+void Forget(const FAssetData& Asset)
+{
+	if (UObject* const Object = Asset.FastGetAsset(false))
+	{
+		FAssetRegistryModule::AssetDeleted(Object);
+	}
+	UPackage* const Package = CreatePackage(*Asset.PackageName.ToString());
+	GetRegistry().PackageDeleted(Package);
+	Package->MarkAsGarbage();
+}
+} // namespace AssetOperationDeletion
+
+void FAssetOperationBase::ExecuteDeleteOperation(
+	const FJsonObject& Args, Morvane::FToolResult& Result, const FString& TypeWord)
+{
+	using namespace AssetOperationDeletion;
+
+	FString Path;
+	if (!Args.TryGetStringField(Morvane::ToolInfo::FieldName_Path, Path))
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), Morvane::ToolInfo::FieldName_Path));
+		return;
+	}
+	Path = NormalizeAssetPath(Path);
+	const FAssetData Asset = FindAsset(Path, TypeWord, Result);
+	if (!Asset.IsValid())
+	{
+		return;
+	}
+	const TArray<FString> Referencers = FindReferencers(Asset);
+	if (!DeleteFile(Path, TypeWord, Result))
+	{
+		return;
+	}
+	Forget(Asset);
+	if (!Referencers.IsEmpty())
+	{
+		Result.AddWarningMessage(FString::Printf(TEXT("Deleted %s '%s' was still used by %d asset(s): %s"), *TypeWord,
+			*Path, Referencers.Num(), *FString::Join(Referencers, TEXT(", "))));
+	}
+	Result.AddSuccessMessage(FString::Printf(TEXT("Successfully deleted %s: %s"), *TypeWord, *Path));
+}

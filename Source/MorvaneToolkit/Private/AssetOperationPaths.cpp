@@ -1,0 +1,204 @@
+#include "AssetOperationBase.h"
+
+#include "AssetRegistry/AssetRegistryModule.h"
+#include "Engine/Blueprint.h"
+#include "Misc/PackageName.h"
+#include "Misc/Paths.h"
+
+namespace AssetOperationPathText
+{
+FString StripExtension(const FString& Path)
+{
+	for (const FString& Extension :
+		{FPackageName::GetAssetPackageExtension(), FString(TEXT(".uasset")), FString(TEXT(".umap"))})
+	{
+		if (Path.EndsWith(Extension, ESearchCase::IgnoreCase))
+		{
+			return Path.LeftChop(Extension.Len());
+		}
+	}
+	return Path;
+}
+
+/** Slashes only forward, none doubled, none at the end. */
+FString CleanSlashes(const FString& Path)
+{
+	FString Clean = Path.Replace(TEXT("\\"), TEXT("/"));
+	while (Clean.ReplaceInline(TEXT("//"), TEXT("/")) > 0)
+	{
+	}
+	return Clean.Len() > 1 && Clean.EndsWith(TEXT("/")) ? Clean.LeftChop(1) : Clean;
+}
+
+/** The path below a mounted root, with the root in front and in its own spelling. */
+FString AddRoot(const FString& Path)
+{
+	const FString Relative = Path.StartsWith(TEXT("/")) ? Path.RightChop(1) : Path;
+	FString Root;
+	FString Rest;
+	if (!Relative.Split(TEXT("/"), &Root, &Rest))
+	{
+		return Path;
+	}
+	if (Root.Equals(TEXT("Game"), ESearchCase::IgnoreCase) || Root.Equals(TEXT("Content"), ESearchCase::IgnoreCase))
+	{
+		return TEXT("/Game/") + Rest;
+	}
+	const bool bMounted = FPackageName::MountPointExists(TEXT("/") + Root + TEXT("/"));
+	return bMounted || Path.StartsWith(TEXT("/")) ? TEXT("/") + Relative : TEXT("/Game/") + Relative;
+}
+
+/** The package of an object path: what stands before the first '.' behind the last '/'. */
+FString StripObjectName(const FString& Path)
+{
+	int32 LastSlash = INDEX_NONE;
+	Path.FindLastChar(TEXT('/'), LastSlash);
+	const int32 Dot = Path.Find(TEXT("."), ESearchCase::CaseSensitive, ESearchDir::FromStart, LastSlash + 1);
+	return Dot == INDEX_NONE ? Path : Path.Left(Dot);
+}
+
+/** "BP_X" of "BP_X.BP_X_C". */
+FString GetBareName(const FString& Text)
+{
+	FString Left;
+	return Text.Split(TEXT("."), &Left, nullptr) ? Left : Text;
+}
+
+FAssetData FindAsset(const FString& PackageName)
+{
+	const FString ObjectPath = PackageName + TEXT(".") + FPackageName::GetLongPackageAssetName(PackageName);
+	const FAssetRegistryModule& Module = FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry"));
+	return Module.Get().GetAssetByObjectPath(FSoftObjectPath(ObjectPath));
+}
+
+/** The asset's own name where one is known under this name, ignoring case, or under this name without "_C". */
+FString GetKnownSpelling(const FString& PackageName)
+{
+	const FAssetData Asset = FindAsset(PackageName);
+	if (Asset.IsValid())
+	{
+		return Asset.PackageName.ToString();
+	}
+	if (PackageName.EndsWith(TEXT("_C"), ESearchCase::CaseSensitive))
+	{
+		const FAssetData OfClass = FindAsset(PackageName.LeftChop(2));
+		if (OfClass.IsValid())
+		{
+			return OfClass.PackageName.ToString();
+		}
+	}
+	return PackageName;
+}
+
+/** Native classes go by their names without the letter in front. */
+UClass* FindNativeClass(const FString& Name)
+{
+	UClass* Class = FindFirstObject<UClass>(*Name, EFindFirstObjectOptions::NativeFirst);
+	const bool bHasPrefix = Name.Len() > 2 && (Name[0] == TEXT('U') || Name[0] == TEXT('A') || Name[0] == TEXT('I'))
+		&& FChar::IsUpper(Name[1]);
+	if (!Class && bHasPrefix)
+	{
+		Class = FindFirstObject<UClass>(*Name.RightChop(1), EFindFirstObjectOptions::NativeFirst);
+	}
+	return Class;
+}
+
+UClass* GetGeneratedClass(UObject* Asset)
+{
+	const UBlueprint* const Blueprint = Cast<UBlueprint>(Asset);
+	return Blueprint ? Blueprint->GeneratedClass.Get() : nullptr;
+}
+
+/** The generated class of the first Blueprint in the project that has the name. */
+UClass* LoadClassOfBlueprintNamed(const FString& Name)
+{
+	const FAssetRegistryModule& Module = FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry"));
+	TArray<FAssetData> Assets;
+	Module.Get().GetAssetsByClass(UBlueprint::StaticClass()->GetStructPathName(), Assets, true);
+	for (const FAssetData& Asset : Assets)
+	{
+		if (Asset.AssetName.ToString().Equals(Name, ESearchCase::IgnoreCase))
+		{
+			return GetGeneratedClass(Asset.GetAsset());
+		}
+	}
+	return nullptr;
+}
+
+FString StripClassSuffix(const FString& Name)
+{
+	return Name.EndsWith(TEXT("_C"), ESearchCase::CaseSensitive) ? Name.LeftChop(2) : Name;
+}
+} // namespace AssetOperationPathText
+
+FString FAssetOperationBase::NormalizeAssetPath(const FString& Path)
+{
+	using namespace AssetOperationPathText;
+
+	const FString Text =
+		FPackageName::ExportTextPathToObjectPath(Path.TrimStartAndEnd()).TrimQuotes().TrimStartAndEnd();
+	FString Clean = CleanSlashes(Text);
+	if (Clean.IsEmpty() || Clean.Contains(TEXT("..")) || Clean.StartsWith(TEXT("/Script/")))
+	{
+		return Text;
+	}
+	FString PackageName;
+	if (FPackageName::TryConvertFilenameToLongPackageName(Clean, PackageName))
+	{
+		return GetKnownSpelling(PackageName);
+	}
+	int32 SubObject = INDEX_NONE;
+	if (Clean.FindChar(TEXT(':'), SubObject))
+	{
+		Clean.LeftInline(SubObject);
+	}
+	Clean = StripExtension(Clean);
+	if (!Clean.Contains(TEXT("/")))
+	{
+		return GetBareName(Clean);
+	}
+	return GetKnownSpelling(StripObjectName(AddRoot(Clean)));
+}
+
+FString FAssetOperationBase::GetAssetNameFromPath(const FString& Path)
+{
+	return FPackageName::GetShortName(AssetOperationPathText::StripObjectName(Path));
+}
+
+UClass* FAssetOperationBase::GetAssetClassFromAssetName(const FString& Name)
+{
+	using namespace AssetOperationPathText;
+
+	const FString Text = FPackageName::ExportTextPathToObjectPath(Name.TrimStartAndEnd()).TrimQuotes();
+	if (Text.IsEmpty())
+	{
+		return nullptr;
+	}
+	if (Text.Contains(TEXT("/")))
+	{
+		if (UClass* const Class = FindObject<UClass>(nullptr, Text))
+		{
+			return Class;
+		}
+		const FString PackageName = NormalizeAssetPath(Text);
+		return FPackageName::IsScriptPackage(PackageName) || !AssetExists(PackageName)
+			? nullptr
+			: GetGeneratedClass(StaticLoadObject(UBlueprint::StaticClass(), nullptr, *PackageName));
+	}
+	const FString Bare = GetBareName(Text);
+	for (const FString& Spelling : {Bare, Bare.Replace(TEXT(" "), TEXT(""))})
+	{
+		if (UClass* const Class = FindNativeClass(Spelling))
+		{
+			return Class;
+		}
+	}
+	return LoadClassOfBlueprintNamed(StripClassSuffix(Bare));
+}
+
+bool FAssetOperationBase::AssetExists(const FString& Path)
+{
+	const FString PackageName = NormalizeAssetPath(Path);
+	return FPackageName::IsValidLongPackageName(PackageName)
+		&& AssetOperationPathText::FindAsset(PackageName).IsValid();
+}
