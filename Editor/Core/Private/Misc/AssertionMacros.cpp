@@ -1,5 +1,6 @@
 #include "Misc/AssertionMacros.h"
 
+#include "Containers/StringConv.h"
 #include "CoreTypes.h"
 
 #include <cstdarg>
@@ -9,16 +10,41 @@
 
 namespace Assertions
 {
-/** No FString here: an assertion may fire inside one. */
+/** Our formats say %s for TCHAR text, the C library says %ls. */
+static void WidenTextConversions(const TCHAR* Format, TCHAR* OutFormat, std::size_t Size)
+{
+	bool bInSpec = false;
+	std::size_t Length = 0;
+	for (; *Format && Length + 2 < Size; ++Format)
+	{
+		const bool bText = bInSpec && *Format == TEXT('s') && OutFormat[Length - 1] != TEXT('l');
+		if (bText && OutFormat[Length - 1] == TEXT('h'))
+		{
+			--Length;
+		}
+		else if (bText)
+		{
+			OutFormat[Length++] = TEXT('l');
+		}
+		const bool bEndsSpec = std::wcschr(TEXT("%diuxXcspfFeEgG"), *Format) != nullptr;
+		bInSpec = bInSpec ? !bEndsSpec : *Format == TEXT('%');
+		OutFormat[Length++] = *Format;
+	}
+	OutFormat[Length] = 0;
+}
+
 static void Report(
 	const char* Kind, const char* Expression, const char* File, int Line, const TCHAR* Format, va_list Args)
 {
 	TCHAR Message[1024] = {};
 	if (Format)
 	{
-		std::vswprintf(Message, UE_ARRAY_COUNT(Message), Format, Args);
+		TCHAR Widened[512];
+		WidenTextConversions(Format, Widened, UE_ARRAY_COUNT(Widened));
+		std::vswprintf(Message, UE_ARRAY_COUNT(Message), Widened, Args);
 	}
-	std::fprintf(stderr, "%s failed: %s [%s:%d]%s%ls\n", Kind, Expression, File, Line, Format ? ": " : "", Message);
+	std::fprintf(stderr, "%s failed: %s [%s:%d]%s%s\n", Kind, Expression, File, Line, Format ? ": " : "",
+		TCHAR_TO_UTF8(Message));
 	std::fflush(stderr);
 }
 }
