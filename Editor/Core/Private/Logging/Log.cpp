@@ -2,6 +2,7 @@
 #include "CoreGlobals.h"
 #include "Logging/LogControl.h"
 #include "Logging/LogMacros.h"
+#include "Misc/OutputDeviceRedirector.h"
 
 // clang-format off
 #include "HAL/PreThirdParty.h"
@@ -86,6 +87,7 @@ class TLogDevice final : public BaseType
 public:
 	void Serialize(const TCHAR* Text, ELogVerbosity::Type Verbosity, const FName& Category) override
 	{
+		FOutputDeviceRedirector::Get()->Serialize(Text, Verbosity, Category);
 		if (Verbosity <= GlobalVerbosity())
 		{
 			Write(Category.IsNone() ? FStringView() : Category.GetView(), Verbosity, Text);
@@ -112,15 +114,34 @@ bool GIsEditor = true;
 
 bool FLogCategoryBase::IsSuppressed(ELogVerbosity::Type InVerbosity) const
 {
-	return InVerbosity > Verbosity || InVerbosity > Logging::GlobalVerbosity();
+	const bool bListenedTo = InVerbosity <= ELogVerbosity::Warning && FOutputDeviceRedirector::Get()->HasOutputDevices();
+	return InVerbosity > Verbosity || (InVerbosity > Logging::GlobalVerbosity() && !bListenedTo);
 }
 
 void FMsg::Log(const FLogCategoryBase& Category, ELogVerbosity::Type Verbosity, const FString& Text)
 {
-	Logging::Write(Category.GetCategoryName(), Verbosity, Text);
+	FOutputDeviceRedirector::Get()->Serialize(*Text, Verbosity, FName(Category.GetCategoryName()));
+	if (Verbosity <= Logging::GlobalVerbosity())
+	{
+		Logging::Write(Category.GetCategoryName(), Verbosity, Text);
+	}
 	if (Verbosity == ELogVerbosity::Fatal)
 	{
 		std::abort();
+	}
+}
+
+FOutputDeviceRedirector* FOutputDeviceRedirector::Get()
+{
+	static FOutputDeviceRedirector Redirector;
+	return &Redirector;
+}
+
+void FOutputDeviceRedirector::Serialize(const TCHAR* Text, ELogVerbosity::Type Verbosity, const FName& Category) const
+{
+	for (FOutputDevice* const Device : OutputDevices)
+	{
+		Device->Serialize(Text, Verbosity, Category);
 	}
 }
 
