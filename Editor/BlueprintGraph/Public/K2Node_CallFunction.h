@@ -52,11 +52,25 @@ public:
 	void PostEditImport() override;
 	void PostLoad() override;
 
+	/** The parameters that the node does not show: latent info, world context where there is one, and what metadata names. */
+	TSet<FName> GetHiddenParameters(const UFunction* Function) const;
+
 	FMemberReference FunctionReference;
 	/** As newer text has it: a call that is pure unless told otherwise. */
 	bool bDefaultsToPureFunc = false;
+	/** As older text has it; read, and never written. */
+	bool bIsPureFunc = false;
+	bool bIsConstFunc = false;
 	bool bWantsEnumToExecExpansion = false;
 	bool bIsInterfaceCall = false;
 	bool bIsFinalFunction = false;
 	bool bIsBeadFunction = false;
+
+private:
+	UEdGraphPin* CreateParameterPin(const UFunction* Function, const FProperty* Param, const TSet<FName>& Hidden);
+	/** Exec pins in the place of an enum parameter. Answers whether they take the place of the plain input or output. */
+	bool CreateEnumExecPins(const UFunction* Function, EEdGraphPinDirection Direction);
+	/** Gives outputs whose type follows a class pin the class that this pin chooses. */
+	void ConformDynamicOutputs();
+	void ConformContainerPins();
 };

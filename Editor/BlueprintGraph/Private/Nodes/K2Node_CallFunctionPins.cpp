@@ -1,0 +1,496 @@
+// The pins of a call: exec pins, target, parameters in the order of the C++ declaration, with what is hidden, advanced, by reference or
+// of a type that follows another pin.
+
+#include "K2Node_CallFunction.h"
+
+#include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
+
+namespace CallPins
+{
+/** Classes below these have a world, so the caller itself serves as world context and the pin is not shown. */
+bool HasWorld(const UClass* Class)
+{
+	static const TCHAR* const Bases[] = {TEXT("Actor"), TEXT("ActorComponent"), TEXT("UserWidget"), TEXT("AnimInstance"),
+		TEXT("GameInstance"), TEXT("Subsystem"), TEXT("BTNode"), TEXT("GameplayAbility"), TEXT("GameplayTask"),
+		TEXT("BlueprintFunctionLibrary"), TEXT("AnimNotify"), TEXT("AnimNotifyState"), TEXT("CheatManagerExtension"),
+		TEXT("CheatManager"), TEXT("LevelScriptActor"), TEXT("EnvQueryGenerator"), TEXT("EnvQueryTest"),
+		TEXT("EnvQueryContext"), TEXT("StateTreeNodeBlueprintBase"), TEXT("Player")};
+	for (; Class; Class = Class->GetSuperClass())
+	{
+		for (const TCHAR* const Base : Bases)
+		{
+			if (Class->GetFName() == Base)
+			{
+				return true;
+			}
+		}
+	}
+	return false;
+}
+
+void AddNames(const UFunction& Function, FName Key, TSet<FName>& Out)
+{
+	const FString* const List = Function.FindMetaData(Key);
+	if (!List)
+	{
+		return;
+	}
+	TArray<FString> Names;
+	List->ParseIntoArray(Names, TEXT(","));
+	for (const FString& Name : Names)
+	{
+		Out.Add(FName(Name.TrimStartAndEnd()));
+	}
+}
+
+/** The parameter that metadata names for exec expansion, if it is an enum or a bool. */
+const FProperty* ExpandedParameter(const UFunction& Function, bool& bOutIsBool)
+{
+	for (const FName Key : {FBlueprintMetadata::MD_ExpandEnumAsExecs, FBlueprintMetadata::MD_ExpandBoolAsExecs})
+	{
+		TSet<FName> Names;
+		AddNames(Function, Key, Names);
+		for (const FName Name : Names)
+		{
+			if (const FProperty* const Param = Function.FindPropertyByName(Name))
+			{
+				bOutIsBool = Param->IsA<FBoolProperty>();
+				return Param;
+			}
+		}
+	}
+	return nullptr;
+}
+
+UEnum* EnumOf(const FProperty* Param)
+{
+	if (const FByteProperty* const Byte = CastField<FByteProperty>(Param))
+	{
+		return Byte->Enum;
+	}
+	const FEnumProperty* const Enum = CastField<FEnumProperty>(Param);
+	return Enum ? Enum->GetEnum() : nullptr;
+}
+
+bool IsInput(const FProperty* Param)
+{
+	return !Param->HasAnyPropertyFlags(CPF_ReturnParm) &&
+		(!Param->HasAnyPropertyFlags(CPF_OutParm) || Param->HasAnyPropertyFlags(CPF_ReferenceParm));
+}
+} // namespace CallPins
+
+TSet<FName> UK2Node_CallFunction::GetHiddenParameters(const UFunction* Function) const
+{
+	static const FName LatentInfo(TEXT("LatentInfo"));
+	TSet<FName> Hidden;
+	CallPins::AddNames(*Function, LatentInfo, Hidden);
+	CallPins::AddNames(*Function, FBlueprintMetadata::MD_HidePin, Hidden);
+	CallPins::AddNames(*Function, FBlueprintMetadata::MD_InternalUseParam, Hidden);
+	if (const FString* const Context = Function->FindMetaData(FBlueprintMetadata::MD_WorldContext))
+	{
+		const UBlueprint* const Blueprint = GetBlueprint();
+		const UClass* const Self = Blueprint ? Blueprint->ParentClass.Get() : nullptr;
+		if (!Self || (CallPins::HasWorld(Self) && !Self->HasMetaData(FBlueprintMetadata::MD_ShowWorldContextPin)))
+		{
+			Hidden.Add(FName(*Context));
+		}
+	}
+	return Hidden;
+}
+
+bool UK2Node_CallFunction::CreateEnumExecPins(const UFunction* Function, EEdGraphPinDirection Direction)
+{
+	bool bIsBool = false;
+	const FProperty* const Param = CallPins::ExpandedParameter(*Function, bIsBool);
+	if (!Param || (CallPins::IsInput(Param) ? EGPD_Input : EGPD_Output) != Direction)
+	{
+		return false;
+	}
+	if (bIsBool)
+	{
+		for (const TCHAR* const Name : {TEXT("True"), TEXT("False")})
+		{
+			CreatePin(Direction, UEdGraphSchema_K2::PC_Exec, FName(Name));
+		}
+		return true;
+	}
+	const UEnum* const Enum = CallPins::EnumOf(Param);
+	if (!Enum)
+	{
+		return false;
+	}
+	static const TCHAR* const HiddenKey = TEXT("Hidden");
+	const int32 Count = Enum->NumEnums() - (Enum->ContainsExistingMax() ? 1 : 0);
+	for (int32 Index = 0; Index < Count; ++Index)
+	{
+		if (!Enum->HasMetaData(HiddenKey, Index))
+		{
+			UEdGraphPin* const Pin =
+				CreatePin(Direction, UEdGraphSchema_K2::PC_Exec, FName(Enum->GetNameStringByIndex(Index)));
+			Pin->PinFriendlyName = Enum->GetDisplayNameTextByIndex(Index);
+		}
+	}
+	return true;
+}
+
+void UK2Node_CallFunction::CreateExecPinsForFunctionCall(const UFunction* Function)
+{
+	if (IsNodePure())
+	{
+		return;
+	}
+	bool bInputExpanded = false;
+	bool bOutputExpanded = false;
+	if (bWantsEnumToExecExpansion)
+	{
+		bOutputExpanded = CreateEnumExecPins(Function, EGPD_Output);
+		bInputExpanded = CreateEnumExecPins(Function, EGPD_Input);
+	}
+	if (!bInputExpanded)
+	{
+		CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Execute);
+	}
+	if (!bOutputExpanded)
+	{
+		UEdGraphPin* const Then = CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Then);
+		if (Function->HasMetaData(FBlueprintMetadata::MD_Latent))
+		{
+			Then->PinFriendlyName = FText::FromString(UEdGraphSchema_K2::PN_Completed.ToString());
+		}
+	}
+}
+
+UEdGraphPin* UK2Node_CallFunction::CreateSelfPin(const UFunction* Function)
+{
+	return CreateSelfPin(this, Function);
+}
+
+UEdGraphPin* UK2Node_CallFunction::CreateSelfPin(UEdGraphNode* Node, const UFunction* Function)
+{
+	UClass* const Owner = Function->GetOwnerClass();
+	UK2Node* const K2Node = Cast<UK2Node>(Node);
+	const UBlueprint* const Blueprint = K2Node ? K2Node->GetBlueprint() : nullptr;
+	const bool bOwnedByBlueprint = Blueprint && Owner && Owner->ClassGeneratedBy == Blueprint;
+	UEdGraphPin* const Pin = bOwnedByBlueprint
+		? Node->CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Object, UEdGraphSchema_K2::PSC_Self, nullptr, UEdGraphSchema_K2::PN_Self)
+		: Node->CreatePin(EGPD_Input, Owner && Owner->HasAnyClassFlags(CLASS_Interface) ? UEdGraphSchema_K2::PC_Interface : UEdGraphSchema_K2::PC_Object,
+			  Owner ? Owner->GetAuthoritativeClass() : nullptr, UEdGraphSchema_K2::PN_Self);
+	Pin->PinFriendlyName = NSLOCTEXT("K2Node", "Target", "Target");
+	if (Function->HasAnyFunctionFlags(FUNC_Static))
+	{
+		Pin->bHidden = true;
+		Pin->DefaultObject = Owner ? Owner->GetAuthoritativeClass()->GetDefaultObject() : nullptr;
+	}
+	else if (bOwnedByBlueprint)
+	{
+		Pin->bHidden = !Function->HasMetaData(FBlueprintMetadata::MD_ShowHiddenSelfPins);
+	}
+	return Pin;
+}
+
+UEdGraphPin* UK2Node_CallFunction::CreateParameterPin(
+	const UFunction* Function, const FProperty* Param, const TSet<FName>& Hidden)
+{
+	static const FName ReturnDisplayName(TEXT("ReturnDisplayName"));
+	const bool bIsInput = CallPins::IsInput(Param);
+	UEdGraphPin* const Pin = CreatePinFromProperty(Param, bIsInput ? EGPD_Input : EGPD_Output, Param->GetFName());
+	if (!Pin)
+	{
+		return nullptr;
+	}
+	// By-reference is a way of passing an input; an output that C++ writes through a reference is a plain output pin.
+	Pin->PinType.bIsReference = bIsInput && Param->HasAnyPropertyFlags(CPF_ReferenceParm);
+	if (IsWildcardProperty(Function, Param))
+	{
+		Pin->PinType.PinCategory = UEdGraphSchema_K2::PC_Wildcard;
+		Pin->PinType.PinSubCategory = NAME_None;
+		Pin->PinType.PinSubCategoryObject = nullptr;
+	}
+	const bool bAutoCreated = [&] {
+		TSet<FName> Names;
+		CallPins::AddNames(*Function, FBlueprintMetadata::MD_AutoCreateRefTerm, Names);
+		return Names.Contains(Param->GetFName());
+	}();
+	Pin->bDefaultValueIsIgnored = bIsInput && Param->HasAnyPropertyFlags(CPF_ReferenceParm) &&
+		(!bAutoCreated || Pin->PinType.IsContainer());
+	Pin->bAdvancedView = Param->HasAnyPropertyFlags(CPF_AdvancedDisplay);
+	if (Pin->bAdvancedView && AdvancedPinDisplay == ENodeAdvancedPins::NoPins)
+	{
+		AdvancedPinDisplay = ENodeAdvancedPins::Hidden;
+	}
+	if (const FString* const Display = Param->FindMetaData(FBlueprintMetadata::MD_DisplayName))
+	{
+		Pin->PinFriendlyName = FText::FromString(*Display);
+	}
+	else if (const FString* const Return = Param->HasAnyPropertyFlags(CPF_ReturnParm) ? Function->FindMetaData(ReturnDisplayName) : nullptr)
+	{
+		Pin->PinFriendlyName = FText::FromString(*Return);
+	}
+	const UEdGraphSchema_K2* const Schema = GetK2Schema();
+	FString Default;
+	if (Schema->FindFunctionParameterDefaultValue(Function, Param, Default))
+	{
+		Schema->SetPinAutogeneratedDefaultValue(Pin, Default);
+	}
+	else
+	{
+		Schema->SetPinAutogeneratedDefaultValueBasedOnType(Pin);
+	}
+	Pin->bHidden = Hidden.Contains(Param->GetFName());
+	return Pin;
+}
+
+bool UK2Node_CallFunction::CreatePinsForFunctionCall(const UFunction* Function)
+{
+	bWantsEnumToExecExpansion = Function->HasMetaData(FBlueprintMetadata::MD_ExpandEnumAsExecs) ||
+		Function->HasMetaData(FBlueprintMetadata::MD_ExpandBoolAsExecs);
+	CreateExecPinsForFunctionCall(Function);
+	CreateSelfPin(Function);
+	TSet<FName> Hidden = GetHiddenParameters(Function);
+	bool bIsBool = false;
+	if (const FProperty* const Expanded = bWantsEnumToExecExpansion && !IsNodePure() ? CallPins::ExpandedParameter(*Function, bIsBool) : nullptr)
+	{
+		Hidden.Add(Expanded->GetFName());
+	}
+	bool bAllPinsGood = true;
+	for (TFieldIterator<FProperty> It(Function, EFieldIteratorFlags::ExcludeSuper); It; ++It)
+	{
+		if (!It->HasAnyPropertyFlags(CPF_Parm))
+		{
+			continue;
+		}
+		UEdGraphPin* const Pin = CreateParameterPin(Function, *It, Hidden);
+		bAllPinsGood &= Pin != nullptr;
+		if (Pin)
+		{
+			PostParameterPinCreated(Pin);
+		}
+	}
+	return bAllPinsGood;
+}
+
+void UK2Node_CallFunction::AllocateDefaultPins()
+{
+	if (const UFunction* const Function = GetTargetFunction())
+	{
+		CreatePinsForFunctionCall(Function);
+		ConformContainerPins();
+		ConformDynamicOutputs();
+	}
+	else if (!IsNodePure())
+	{
+		CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Execute);
+		CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Then);
+	}
+}
+
+void UK2Node_CallFunction::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
+{
+	if (!GetTargetFunction())
+	{
+		// A function that is gone keeps its pins as they were, so that links are there again when it comes back.
+		for (const UEdGraphPin* const Old : OldPins)
+		{
+			if (!Old->ParentPin)
+			{
+				UEdGraphPin* const Pin = CreatePin(Old->Direction, Old->PinType, Old->PinName);
+				Pin->bHidden = Old->bHidden;
+				Pin->PinFriendlyName = Old->PinFriendlyName;
+				Pin->bAdvancedView = Old->bAdvancedView;
+				Pin->AutogeneratedDefaultValue = Old->AutogeneratedDefaultValue;
+			}
+		}
+		return;
+	}
+	AllocateDefaultPins();
+	RestoreSplitPins(OldPins);
+}
+
+void UK2Node_CallFunction::PostReconstructNode()
+{
+	Super::PostReconstructNode();
+	ConformContainerPins();
+	ConformDynamicOutputs();
+}
+
+void UK2Node_CallFunction::PinConnectionListChanged(UEdGraphPin* Pin)
+{
+	Super::PinConnectionListChanged(Pin);
+	ConformContainerPins();
+	ConformDynamicOutputs();
+}
+
+void UK2Node_CallFunction::PinDefaultValueChanged(UEdGraphPin* Pin)
+{
+	Super::PinDefaultValueChanged(Pin);
+	ConformDynamicOutputs();
+}
+
+namespace CallPins
+{
+/** The class that a class pin chooses: its default, or the class of what is linked. */
+UClass* ChosenClass(const UEdGraphPin& Pin)
+{
+	if (Pin.LinkedTo.IsEmpty())
+	{
+		return Cast<UClass>(Pin.DefaultObject.Get());
+	}
+	UClass* Common = nullptr;
+	for (const UEdGraphPin* const Linked : Pin.LinkedTo)
+	{
+		UClass* const Class = Cast<UClass>(Linked->PinType.PinSubCategoryObject.Get());
+		Common = Common && Class && Class->IsChildOf(Common) ? Common : Class;
+	}
+	return Common;
+}
+
+bool IsObjectLike(const UEdGraphPin& Pin)
+{
+	using FSchema = UEdGraphSchema_K2;
+	const FName Category = Pin.PinType.PinCategory;
+	return Category == FSchema::PC_Object || Category == FSchema::PC_Interface || Category == FSchema::PC_Class ||
+		Category == FSchema::PC_SoftObject || Category == FSchema::PC_SoftClass;
+}
+} // namespace CallPins
+
+void UK2Node_CallFunction::ConformDynamicOutputs()
+{
+	const UFunction* const Function = GetTargetFunction();
+	const FString* const Picker = Function ? Function->FindMetaData(FBlueprintMetadata::MD_DynamicOutputType) : nullptr;
+	const UEdGraphPin* const PickerPin = Picker ? FindPin(FName(*Picker), EGPD_Input) : nullptr;
+	if (!PickerPin || !CallPins::IsObjectLike(*PickerPin))
+	{
+		return;
+	}
+	TSet<FName> Outputs;
+	CallPins::AddNames(*Function, FBlueprintMetadata::MD_DynamicOutputParam, Outputs);
+	if (Outputs.IsEmpty())
+	{
+		Outputs.Add(UEdGraphSchema_K2::PN_ReturnValue);
+	}
+	UClass* const Chosen = CallPins::ChosenClass(*PickerPin);
+	for (const FName Name : Outputs)
+	{
+		UEdGraphPin* const Output = FindPin(Name, EGPD_Output);
+		const FObjectPropertyBase* const Declared = FindFProperty<FObjectPropertyBase>(Function, Name);
+		const FArrayProperty* const DeclaredArray = FindFProperty<FArrayProperty>(Function, Name);
+		const FObjectPropertyBase* const Element = DeclaredArray ? CastField<FObjectPropertyBase>(DeclaredArray->Inner) : Declared;
+		if (Output && Element && CallPins::IsObjectLike(*Output))
+		{
+			UClass* const Base = Element->PropertyClass;
+			Output->PinType.PinSubCategoryObject = Chosen && Base && Chosen->IsChildOf(Base) ? Chosen : Base;
+		}
+	}
+}
+
+namespace CallPins
+{
+void CopyTerminal(const FEdGraphPinType& From, FEdGraphPinType& To)
+{
+	To.PinCategory = From.PinCategory;
+	To.PinSubCategory = From.PinSubCategory;
+	To.PinSubCategoryObject = From.PinSubCategoryObject;
+}
+
+/** The pin of the list whose type is known: linked to something typed, or typed itself. */
+const FEdGraphPinType* KnownType(const TArray<UEdGraphPin*>& Pins)
+{
+	for (const UEdGraphPin* const Pin : Pins)
+	{
+		for (const UEdGraphPin* const Linked : Pin->LinkedTo)
+		{
+			if (Linked->PinType.PinCategory != UEdGraphSchema_K2::PC_Wildcard)
+			{
+				return &Linked->PinType;
+			}
+		}
+	}
+	return nullptr;
+}
+
+void CollectPins(const UK2Node& Node, const UFunction& Function, FName Key, TArray<UEdGraphPin*>& Out)
+{
+	TSet<FName> Names;
+	const FString* const List = Function.FindMetaData(Key);
+	if (!List)
+	{
+		return;
+	}
+	TArray<FString> Parts;
+	FString Flat = *List;
+	Flat.ReplaceInline(TEXT("|"), TEXT(","));
+	Flat.ParseIntoArray(Parts, TEXT(","));
+	for (const FString& Part : Parts)
+	{
+		if (UEdGraphPin* const Pin = Node.FindPin(FName(Part.TrimStartAndEnd())))
+		{
+			Out.Add(Pin);
+		}
+	}
+}
+
+/** All pins of one element type follow whichever of them is linked; with no link left they are wildcards again. */
+void ConformElements(const TArray<UEdGraphPin*>& Pins, const FEdGraphPinType* Known)
+{
+	for (UEdGraphPin* const Pin : Pins)
+	{
+		if (Known)
+		{
+			CopyTerminal(*Known, Pin->PinType);
+		}
+		else if (Pin->LinkedTo.IsEmpty())
+		{
+			Pin->PinType.PinCategory = UEdGraphSchema_K2::PC_Wildcard;
+			Pin->PinType.PinSubCategory = NAME_None;
+			Pin->PinType.PinSubCategoryObject = nullptr;
+		}
+	}
+}
+} // namespace CallPins
+
+void UK2Node_CallFunction::ConformContainerPins()
+{
+	const UFunction* const Function = GetTargetFunction();
+	if (!Function)
+	{
+		return;
+	}
+	if (Function->HasMetaData(FBlueprintMetadata::MD_SetParam))
+	{
+		TArray<UEdGraphPin*> Elements;
+		CallPins::CollectPins(*this, *Function, FBlueprintMetadata::MD_SetParam, Elements);
+		CallPins::ConformElements(Elements, CallPins::KnownType(Elements));
+	}
+	TArray<UEdGraphPin*> Maps;
+	CallPins::CollectPins(*this, *Function, FBlueprintMetadata::MD_MapParam, Maps);
+	if (Maps.IsEmpty())
+	{
+		return;
+	}
+	TArray<UEdGraphPin*> Keys;
+	TArray<UEdGraphPin*> Values;
+	CallPins::CollectPins(*this, *Function, FBlueprintMetadata::MD_MapKeyParam, Keys);
+	CallPins::CollectPins(*this, *Function, FBlueprintMetadata::MD_MapValueParam, Values);
+	const FEdGraphPinType* const MapType = CallPins::KnownType(Maps);
+	const FEdGraphPinType* const KeyType = MapType ? MapType : CallPins::KnownType(Keys);
+	FEdGraphPinType ValueType;
+	const FEdGraphPinType* KnownValue = CallPins::KnownType(Values);
+	if (MapType)
+	{
+		ValueType = FEdGraphPinType::GetPinTypeForTerminalType(MapType->PinValueType);
+		KnownValue = &ValueType;
+	}
+	CallPins::ConformElements(Keys, KeyType);
+	CallPins::ConformElements(Values, KnownValue);
+	CallPins::ConformElements(Maps, KeyType);
+	for (UEdGraphPin* const Map : Maps)
+	{
+		Map->PinType.PinValueType = FEdGraphTerminalType();
+		Map->PinType.PinValueType.TerminalCategory = UEdGraphSchema_K2::PC_Wildcard;
+		if (KnownValue)
+		{
+			Map->PinType.PinValueType = FEdGraphTerminalType::FromPinType(*KnownValue);
+		}
+	}
+}
