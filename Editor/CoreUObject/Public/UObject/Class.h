@@ -11,7 +11,8 @@ class FProperty;
 class FStructProperty;
 class FClassDescriber;
 class FStructDescriber;
-template <class T> class TSubclassOf;
+template <class T>
+class TSubclassOf;
 
 /** A reflection object: it has metadata and stands in a list of its struct. */
 class UField : public UObject
@@ -67,7 +68,11 @@ public:
 		}
 		return false;
 	}
-	template <class T> bool IsChildOf() const { return IsChildOf(T::StaticClass()); }
+	template <class T>
+	bool IsChildOf() const
+	{
+		return IsChildOf(T::StaticClass());
+	}
 
 	/** Own properties in order of declaration; inherited ones are the super's. */
 	FField* GetChildProperties() const
@@ -87,20 +92,20 @@ public:
 	FProperty* FindOwnProperty(FName Name) const { return PropertyByName.FindRef(Name); }
 
 	/**
-	 * Appends; the struct owns the property from now on. Call Link when all are added. A native struct refuses (and deletes)
-	 * a property that was given no location, since its memory belongs to C++.
+	 * Appends; the struct owns the property from now on. Call Link when all are added. A native struct refuses (and
+	 * deletes) a property that was given no location, since its memory belongs to C++.
 	 */
 	void AddProperty(FProperty* Property);
 	void AddFunction(UFunction* Function);
 	void RemoveFunction(UFunction* Function);
 	/**
-	 * Drops all own members, as before a rebuild of a generated class. Until the next Link, objects of the class keep the
-	 * values of the dropped properties, but nobody may read the class's properties through them.
+	 * Drops all own members, as before a rebuild of a generated class. Until the next Link, objects of the class keep
+	 * the values of the dropped properties, but nobody may read the class's properties through them.
 	 */
 	void DestroyMembers();
 	/**
-	 * Gives properties that have no C++ member their place in memory. Objects of the class that exist already get the new
-	 * layout; values of properties whose name and type are the same as before stay.
+	 * Gives properties that have no C++ member their place in memory. Objects of the class that exist already get the
+	 * new layout; values of properties whose name and type are the same as before stay.
 	 */
 	void Link();
 
@@ -108,7 +113,8 @@ public:
 	virtual const TCHAR* GetPrefixCPP() const { return TEXT("F"); }
 	/** The path name of the struct ("/Script/Engine.Actor"). */
 	FTopLevelAssetPath GetStructPathName() const;
-	/** Size of the memory for own properties without a C++ member; for a struct that only data knows, that of all of it. */
+	/** Size of the memory for own properties without a C++ member; for a struct that only data knows, that of all of
+	 * it. */
 	int32 GetExtensionSize() const
 	{
 		EnsureMembers();
@@ -174,9 +180,11 @@ struct FStructOps
 	/** Null: members are compared. */
 	bool (*Identical)(const void* A, const void* B) = nullptr;
 	/** Null: "(Member=Value,...)". */
-	bool (*ExportText)(FString& Out, const void* Value, const void* Default, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) = nullptr;
+	bool (*ExportText)(FString& Out, const void* Value, const void* Default, UObject* Parent, int32 PortFlags,
+		UObject* ExportRootScope) = nullptr;
 	/** Null: as above. Moves Buffer behind what it read; false when it is no such value. */
-	bool (*ImportText)(const TCHAR*& Buffer, void* Value, int32 PortFlags, UObject* Parent, FOutputDevice* ErrorText) = nullptr;
+	bool (*ImportText)(
+		const TCHAR*& Buffer, void* Value, int32 PortFlags, UObject* Parent, FOutputDevice* ErrorText) = nullptr;
 };
 
 enum EStructFlags : uint32
@@ -196,8 +204,10 @@ public:
 	void DestroyStruct(void* Dest) const;
 	void CopyScriptStruct(void* Dest, const void* Src) const;
 	bool CompareScriptStruct(const void* A, const void* B, uint32 PortFlags) const;
-	void ExportText(FString& ValueStr, const void* Value, const void* Defaults, UObject* OwnerObject, int32 PortFlags, UObject* ExportRootScope) const;
-	const TCHAR* ImportText(const TCHAR* Buffer, void* Value, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText, const FString& StructName) const;
+	void ExportText(FString& ValueStr, const void* Value, const void* Defaults, UObject* OwnerObject, int32 PortFlags,
+		UObject* ExportRootScope) const;
+	const TCHAR* ImportText(const TCHAR* Buffer, void* Value, UObject* OwnerObject, int32 PortFlags,
+		FOutputDevice* ErrorText, const FString& StructName) const;
 	FString GetStructCPPName() const { return FString(GetPrefixCPP()) + GetName(); }
 	/** A value with the struct's own defaults; built once. */
 	const void* GetDefaultValue() const;
@@ -358,18 +368,23 @@ public:
 
 	/** The class default object, made on first use unless bCreateIfNeeded is false. */
 	virtual UObject* GetDefaultObject(bool bCreateIfNeeded = true) const;
-	template <class T> T* GetDefaultObject() const { return static_cast<T*>(GetDefaultObject()); }
+	template <class T>
+	T* GetDefaultObject() const
+	{
+		return static_cast<T*>(GetDefaultObject());
+	}
 	UObject* GetDefaultSubobjectByName(FName Name) const;
 	/**
-	 * Replaces the default object, as a rebuild of a generated class does; the old one becomes garbage. The new one takes over
-	 * what the old one had set itself, that is every value that differs from the parent's.
+	 * Replaces the default object, as a rebuild of a generated class does; the old one becomes garbage. The new one
+	 * takes over what the old one had set itself, that is every value that differs from the parent's.
 	 */
 	void ResetDefaultObject();
 
 	/** The nearest native class: what instances are in C++. */
 	const UClass* GetNativeClass() const;
 	bool IsNative() const { return NativeConstructor != nullptr; }
-	/** The Blueprint asset that the class is generated from, or null (UObject* to keep this below the engine module). */
+	/** The Blueprint asset that the class is generated from, or null (UObject* to keep this below the engine module).
+	 */
 	UObject* ClassGeneratedBy = nullptr;
 
 	/** The class that answers for a redirected or skeleton class; itself for most. */
@@ -420,71 +435,89 @@ class UInterface : public UObject
 	EDITOR_CLASS(UInterface, UObject)
 };
 
-template <class T> T* GetMutableDefault()
+template <class T>
+T* GetMutableDefault()
 {
 	return static_cast<T*>(T::StaticClass()->GetDefaultObject());
 }
-template <class T> T* GetMutableDefault(UClass* Class)
+template <class T>
+T* GetMutableDefault(UClass* Class)
 {
 	return static_cast<T*>(Class->GetDefaultObject());
 }
-template <class T> const T* GetDefault()
+template <class T>
+const T* GetDefault()
 {
 	return static_cast<const T*>(T::StaticClass()->GetDefaultObject());
 }
-template <class T> const T* GetDefault(const UClass* Class)
+template <class T>
+const T* GetDefault(const UClass* Class)
 {
 	return static_cast<const T*>(Class->GetDefaultObject());
 }
 
-/** The reflection object of a C++ struct or enum that is not ours to declare a member in. Specialised in the module that describes it. */
-template <class T> struct TBaseStructure
+/** The reflection object of a C++ struct or enum that is not ours to declare a member in. Specialised in the module
+ * that describes it. */
+template <class T>
+struct TBaseStructure
 {
 	static UScriptStruct* Get() { return T::StaticStruct(); }
 };
-template <class T> UEnum* StaticEnum();
+template <class T>
+UEnum* StaticEnum();
 
-template <> struct TBaseStructure<FVector>
+template <>
+struct TBaseStructure<FVector>
 {
 	static UScriptStruct* Get();
 };
-template <> struct TBaseStructure<FVector2D>
+template <>
+struct TBaseStructure<FVector2D>
 {
 	static UScriptStruct* Get();
 };
-template <> struct TBaseStructure<FVector4>
+template <>
+struct TBaseStructure<FVector4>
 {
 	static UScriptStruct* Get();
 };
-template <> struct TBaseStructure<FRotator>
+template <>
+struct TBaseStructure<FRotator>
 {
 	static UScriptStruct* Get();
 };
-template <> struct TBaseStructure<FQuat>
+template <>
+struct TBaseStructure<FQuat>
 {
 	static UScriptStruct* Get();
 };
-template <> struct TBaseStructure<FTransform>
+template <>
+struct TBaseStructure<FTransform>
 {
 	static UScriptStruct* Get();
 };
-template <> struct TBaseStructure<FLinearColor>
+template <>
+struct TBaseStructure<FLinearColor>
 {
 	static UScriptStruct* Get();
 };
-template <> struct TBaseStructure<FColor>
+template <>
+struct TBaseStructure<FColor>
 {
 	static UScriptStruct* Get();
 };
-template <> struct TBaseStructure<FGuid>
+template <>
+struct TBaseStructure<FGuid>
 {
 	static UScriptStruct* Get();
 };
-template <> struct TBaseStructure<FIntPoint>
+template <>
+struct TBaseStructure<FIntPoint>
 {
 	static UScriptStruct* Get();
 };
-template <> struct TBaseStructure<struct FSoftObjectPath>
+template <>
+struct TBaseStructure<struct FSoftObjectPath>
 {
 	static UScriptStruct* Get();
 };

@@ -26,7 +26,11 @@ private:
 class FFieldClass
 {
 public:
-	FFieldClass(const TCHAR* InName, const FFieldClass* InSuper) : Name(InName), Super(InSuper) {}
+	FFieldClass(const TCHAR* InName, const FFieldClass* InSuper)
+		: Name(InName)
+		, Super(InSuper)
+	{
+	}
 	bool IsChildOf(const FFieldClass* Other) const
 	{
 		for (const FFieldClass* Class = this; Class; Class = Class->Super)
@@ -47,15 +51,18 @@ private:
 	const FFieldClass* Super;
 };
 
-#define FIELD_CLASS(TField, TSuper)                                                                                    \
-public:                                                                                                                \
-	using Super = TSuper;                                                                                              \
-	static const FFieldClass* StaticClass()                                                                            \
-	{                                                                                                                  \
-		static const FFieldClass Class(&TEXT(#TField)[1], TSuper::StaticClass());                                      \
-		return &Class;                                                                                                 \
-	}                                                                                                                  \
-	const FFieldClass* GetClass() const override { return StaticClass(); }
+#define FIELD_CLASS(TField, TSuper) \
+public: \
+	using Super = TSuper; \
+	static const FFieldClass* StaticClass() \
+	{ \
+		static const FFieldClass Class(&TEXT(#TField)[1], TSuper::StaticClass()); \
+		return &Class; \
+	} \
+	const FFieldClass* GetClass() const override \
+	{ \
+		return StaticClass(); \
+	}
 
 /** What owns a field: a struct (an object) or another field (the element of an array). */
 class FFieldVariant
@@ -63,8 +70,14 @@ class FFieldVariant
 public:
 	FFieldVariant() = default;
 	FFieldVariant(std::nullptr_t) {}
-	FFieldVariant(const FField* InField) : Field(const_cast<FField*>(InField)) {}
-	FFieldVariant(const UObject* InObject) : Object(const_cast<UObject*>(InObject)) {}
+	FFieldVariant(const FField* InField)
+		: Field(const_cast<FField*>(InField))
+	{
+	}
+	FFieldVariant(const UObject* InObject)
+		: Object(const_cast<UObject*>(InObject))
+	{
+	}
 	FField* ToField() const { return Field; }
 	UObject* ToUObject() const { return Object; }
 	bool IsValid() const { return Field || Object; }
@@ -86,7 +99,11 @@ public:
 	virtual const FFieldClass* GetClass() const { return StaticClass(); }
 	virtual ~FField();
 
-	FField(FFieldVariant InOwner, FName InName) : Owner(InOwner), NamePrivate(InName) {}
+	FField(FFieldVariant InOwner, FName InName)
+		: Owner(InOwner)
+		, NamePrivate(InName)
+	{
+	}
 	FField(const FField&) = delete;
 	FField& operator=(const FField&) = delete;
 
@@ -94,13 +111,18 @@ public:
 	FString GetName() const { return NamePrivate.ToString(); }
 	FString GetPathName() const;
 	bool IsA(const FFieldClass* Class) const { return GetClass()->IsChildOf(Class); }
-	template <class T> bool IsA() const { return IsA(T::StaticClass()); }
+	template <class T>
+	bool IsA() const
+	{
+		return IsA(T::StaticClass());
+	}
 
 	/** The struct, function or class at the top of the owners. */
 	UStruct* GetOwnerStruct() const;
 	UClass* GetOwnerClass() const;
 	UObject* GetOwnerUObject() const;
-	template <class T> T* GetOwner() const;
+	template <class T>
+	T* GetOwner() const;
 	const FFieldVariant& GetOwnerVariant() const { return Owner; }
 
 	bool HasMetaData(FName Key) const { return MetaData.Has(Key); }
@@ -122,15 +144,18 @@ protected:
 	FMetaDataTable MetaData;
 };
 
-template <class T> T* CastField(FField* Field)
+template <class T>
+T* CastField(FField* Field)
 {
 	return Field && Field->IsA(T::StaticClass()) ? static_cast<T*>(Field) : nullptr;
 }
-template <class T> const T* CastField(const FField* Field)
+template <class T>
+const T* CastField(const FField* Field)
 {
 	return Field && Field->IsA(T::StaticClass()) ? static_cast<const T*>(Field) : nullptr;
 }
-template <class T> T* CastFieldChecked(FField* Field)
+template <class T>
+T* CastFieldChecked(FField* Field)
 {
 	T* const Result = CastField<T>(Field);
 	check(Result != nullptr);

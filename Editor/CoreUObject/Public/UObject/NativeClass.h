@@ -30,7 +30,7 @@ struct FClassInfo
 
 /** Makes the class object. The name in the engine is the C++ name without its first letter. */
 UClass* Register(const FClassInfo& Info);
-/** Gives a registered interface class to a class: Cast finds the C++ part. */
+/** Makes the struct object; its name is the C++ name without its first letter. Super is described by itself. */
 UScriptStruct* RegisterStruct(const TCHAR* CppName, const TCHAR* PackageName, const FStructOps* Ops,
 	void (*Describe)(FStructDescriber&), UScriptStruct* (*Super)() = nullptr);
 struct FEnumEntry
@@ -193,6 +193,14 @@ struct TIsSoftClassPtr<TSoftClassPtr<T>> : std::true_type
 	using Class = T;
 };
 
+/** TEnumAsByte: an enum of the older kind kept in one byte. */
+template <class T>
+concept CEnumAsByte = requires
+{
+	typename T::EnumType;
+}
+&&sizeof(T) == 1;
+
 template <class T>
 const FContainerOps* ArrayOps()
 {
@@ -307,9 +315,29 @@ FProperty* MakeProperty(FFieldVariant Owner, FName Name)
 		Property->ByteSize = sizeof(T);
 		return Property;
 	}
+	else if constexpr (CEnumAsByte<T>)
+	{
+		FByteProperty* const Property = new FByteProperty(Owner, Name);
+		Property->Enum = StaticEnum<typename T::EnumType>();
+		return Property;
+	}
 	else if constexpr (std::is_same_v<T, uint8>)
 	{
 		return new FByteProperty(Owner, Name);
+	}
+	else if constexpr (std::is_same_v<T, FScriptDelegate>)
+	{
+		return new FDelegateProperty(Owner, Name);
+	}
+	else if constexpr (std::is_same_v<T, FMulticastScriptDelegate>)
+	{
+		return new FMulticastInlineDelegateProperty(Owner, Name);
+	}
+	else if constexpr (std::is_same_v<T, FScriptInterface>)
+	{
+		FInterfaceProperty* const Property = new FInterfaceProperty(Owner, Name);
+		Property->InterfaceClass = UInterface::StaticClass();
+		return Property;
 	}
 	else if constexpr (std::is_same_v<T, int8>)
 	{

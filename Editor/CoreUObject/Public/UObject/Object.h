@@ -12,8 +12,8 @@ struct FObjectInitializer;
 /**
  * The base of everything that has a class, a name and an outer.
  *
- * Objects are owned by the process-wide object table; a raw pointer only observes. An object dies with its outer, or when it was marked as
- * garbage and CollectGarbage runs, which happens between tool calls and never inside one.
+ * Objects are owned by the process-wide object table; a raw pointer only observes. An object dies with its outer, or
+ * when it was marked as garbage and CollectGarbage runs, which happens between tool calls and never inside one.
  *
  * Properties of a native class are C++ members. Properties that only data knows (the catalogue, a compiled Blueprint)
  * live in the object's extension block; FProperty::ContainerPtrToValuePtr finds both.
@@ -51,12 +51,20 @@ public:
 	UPackage* GetOutermost() const;
 	UPackage* GetPackage() const { return GetOutermost(); }
 	UObject* GetTypedOuter(const UClass* Target) const;
-	template <class T> T* GetTypedOuter() const { return static_cast<T*>(GetTypedOuter(T::StaticClass())); }
+	template <class T>
+	T* GetTypedOuter() const
+	{
+		return static_cast<T*>(GetTypedOuter(T::StaticClass()));
+	}
 	bool IsIn(const UObject* SomeOuter) const;
 	bool IsInOuter(const UObject* SomeOuter) const { return IsIn(SomeOuter); }
 
 	bool IsA(const UClass* SomeBase) const;
-	template <class T> bool IsA() const { return IsA(T::StaticClass()); }
+	template <class T>
+	bool IsA() const
+	{
+		return IsA(T::StaticClass());
+	}
 	/** Whether the class implements the interface class (natively or as a Blueprint). */
 	bool ImplementsInterface(const UClass* SomeInterface) const;
 
@@ -65,7 +73,8 @@ public:
 	bool HasAllFlags(EObjectFlags Flags) const { return (ObjectFlags & Flags) == Flags; }
 	void SetFlags(EObjectFlags Flags) { ObjectFlags = static_cast<EObjectFlags>(ObjectFlags | Flags); }
 	void ClearFlags(EObjectFlags Flags) { ObjectFlags = static_cast<EObjectFlags>(ObjectFlags & ~Flags); }
-	bool IsTemplate(EObjectFlags TemplateTypes = static_cast<EObjectFlags>(RF_ArchetypeObject | RF_ClassDefaultObject)) const;
+	bool IsTemplate(
+		EObjectFlags TemplateTypes = static_cast<EObjectFlags>(RF_ArchetypeObject | RF_ClassDefaultObject)) const;
 	bool IsDefaultSubobject() const { return HasAnyFlags(RF_DefaultSubObject); }
 
 	/**
@@ -87,7 +96,8 @@ public:
 	virtual void PostInitProperties() {}
 	/** After the whole package has been read. */
 	virtual void PostLoad() {}
-	/** PostLoad, unless it ran already or the object was not read from a package. For objects that need another one ready. */
+	/** PostLoad, unless it ran already or the object was not read from a package. For objects that need another one
+	 * ready. */
 	void ConditionalPostLoad()
 	{
 		if (HasAnyFlags(RF_NeedPostLoad))
@@ -110,8 +120,8 @@ public:
 	virtual void ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext* Warn) {}
 
 	/**
-	 * Takes over what properties do not hold from the object this one was duplicated from; all objects of the tree exist and
-	 * have their properties. The base carries custom properties over as text.
+	 * Takes over what properties do not hold from the object this one was duplicated from; all objects of the tree
+	 * exist and have their properties. The base carries custom properties over as text.
 	 */
 	virtual void DuplicateCustomData(const UObject* Source);
 
@@ -125,10 +135,13 @@ public:
 	/** The object whose values this one starts from: the template of a default sub-object, else the class default. */
 	UObject* GetArchetype() const;
 
-	UObject* CreateDefaultSubobject(FName SubobjectFName, const UClass* ReturnType, const UClass* ClassToCreate, bool bIsRequired, bool bIsTransient);
-	template <class T> T* CreateDefaultSubobject(FName SubobjectName, bool bTransient = false)
+	UObject* CreateDefaultSubobject(FName SubobjectFName, const UClass* ReturnType, const UClass* ClassToCreate,
+		bool bIsRequired, bool bIsTransient);
+	template <class T>
+	T* CreateDefaultSubobject(FName SubobjectName, bool bTransient = false)
 	{
-		return static_cast<T*>(CreateDefaultSubobject(SubobjectName, T::StaticClass(), T::StaticClass(), true, bTransient));
+		return static_cast<T*>(
+			CreateDefaultSubobject(SubobjectName, T::StaticClass(), T::StaticClass(), true, bTransient));
 	}
 
 	/** Memory of the class's own properties that have no C++ member; null when the object has none of that class. */
@@ -167,7 +180,9 @@ using EPropertyChangeType = uint32;
 struct FPropertyChangedEvent
 {
 	explicit FPropertyChangedEvent(FProperty* InProperty, EPropertyChangeType InType = 0)
-		: Property(InProperty), MemberProperty(InProperty), ChangeType(InType)
+		: Property(InProperty)
+		, MemberProperty(InProperty)
+		, ChangeType(InType)
 	{
 	}
 	FName GetPropertyName() const;
@@ -177,20 +192,21 @@ struct FPropertyChangedEvent
 	EPropertyChangeType ChangeType;
 };
 
-/** Declares what every native class has. The class also writes IMPLEMENT_EDITOR_CLASS and DescribeClass in its source. */
-#define EDITOR_CLASS(TClass, TSuper)                                                                                   \
-public:                                                                                                                \
-	using Super = TSuper;                                                                                              \
-	using ThisClass = TClass;                                                                                          \
-	static UClass* StaticClass();                                                                                      \
-	static void DescribeClass(FClassDescriber& Class);                                                                 \
-                                                                                                                       \
+/** Declares what every native class has. The class also writes IMPLEMENT_EDITOR_CLASS and DescribeClass in its source.
+ */
+#define EDITOR_CLASS(TClass, TSuper) \
+public: \
+	using Super = TSuper; \
+	using ThisClass = TClass; \
+	static UClass* StaticClass(); \
+	static void DescribeClass(FClassDescriber& Class); \
+\
 private:
 
 /** Declares what every native struct that reflection knows has; see UObject/NativeClass.h. */
-#define EDITOR_STRUCT(TStruct)                                                                                         \
-public:                                                                                                                \
-	static UScriptStruct* StaticStruct();                                                                              \
+#define EDITOR_STRUCT(TStruct) \
+public: \
+	static UScriptStruct* StaticStruct(); \
 	static void DescribeStruct(class FStructDescriber& Struct);
 
 /** Whether the object exists and was not marked as garbage. */
@@ -201,5 +217,5 @@ inline bool IsValid(const UObject* Test)
 
 #include "Templates/Casts.h"
 #include "UObject/ObjectPtr.h"
-#include "UObject/WeakObjectPtr.h"
 #include "UObject/UObjectGlobals.h"
+#include "UObject/WeakObjectPtr.h"

@@ -9,8 +9,8 @@ class UStruct;
 class UPackage;
 
 /**
- * Where objects come from that are not in memory yet. The object system asks; whoever holds the data answers. Each source
- * sets its functions once at start-up; a function left null is never asked. Text arguments are not terminated.
+ * Where objects come from that are not in memory yet. The object system asks; whoever holds the data answers. Each
+ * source sets its functions once at start-up; a function left null is never asked. Text arguments are not terminated.
  */
 namespace ObjectProviders
 {
@@ -18,20 +18,20 @@ namespace ObjectProviders
 struct FLazyObjects
 {
 	/**
-	 * The top-level class, struct, enum or delegate signature of a script package ("/Script/Engine", "Actor"), made now if it
-	 * is known; else null. Names compare ignoring case. Asked only after memory was searched.
+	 * The top-level class, struct, enum or delegate signature of a script package ("/Script/Engine", "Actor"), made now
+	 * if it is known; else null. Names compare ignoring case. Asked only after memory was searched.
 	 */
 	UObject* (*FindByPath)(FStringView PackageName, FStringView ObjectName) = nullptr;
 
 	/**
-	 * The same by short name in any script package. Kind is what the caller wants: UClass, UScriptStruct, UEnum, UFunction, or
-	 * a common base of them (UField, UObject) for whatever comes first.
+	 * The same by short name in any script package. Kind is what the caller wants: UClass, UScriptStruct, UEnum,
+	 * UFunction, or a common base of them (UField, UObject) for whatever comes first.
 	 */
 	UObject* (*FindByShortName)(FStringView ObjectName, const UClass* Kind) = nullptr;
 
 	/**
-	 * Makes every object of that kind that is still data only (members stay unread), so that a walk over classes in memory
-	 * is complete. Called before each such walk, so a second call must be cheap.
+	 * Makes every object of that kind that is still data only (members stay unread), so that a walk over classes in
+	 * memory is complete. Called before each such walk, so a second call must be cheap.
 	 */
 	void (*MakeAll)(const UClass* Kind) = nullptr;
 
@@ -44,9 +44,9 @@ struct FLazyObjects
 	void (*FillNativeMembers)(UStruct* Struct) = nullptr;
 
 	/**
-	 * Sets what data knows of a class's default values and default sub-objects on its new default object, which already has
-	 * the parent's. Called for every class in /Script/ packages, native or not, parents first. Answers whether it changed
-	 * anything.
+	 * Sets what data knows of a class's default values and default sub-objects on its new default object, which already
+	 * has the parent's. Called for every class in /Script/ packages, native or not, parents first. Answers whether it
+	 * changed anything.
 	 */
 	bool (*InitializeDefaults)(UClass* Class, UObject* DefaultObject) = nullptr;
 };
@@ -55,9 +55,9 @@ struct FLazyObjects
 struct FPackageLoader
 {
 	/**
-	 * Reads a package by long name ("/Game/A/BP_X") and answers it; one that is already read, or is being read right now,
-	 * is answered as it stands. Null when there is none or it cannot be read; the reason goes to the log unless LoadFlags has
-	 * LOAD_Quiet. Never asked for /Script/ names.
+	 * Reads a package by long name ("/Game/A/BP_X") and answers it; one that is already read, or is being read right
+	 * now, is answered as it stands. Null when there is none or it cannot be read; the reason goes to the log unless
+	 * LoadFlags has LOAD_Quiet. Never asked for /Script/ names.
 	 */
 	UPackage* (*Load)(FStringView LongPackageName, uint32 LoadFlags) = nullptr;
 };
@@ -69,7 +69,7 @@ const FPackageLoader& GetPackageLoader();
 } // namespace ObjectProviders
 
 /**
- * Registers UObject, UField, UStruct, UClass and the other classes of /Script/CoreUObject, and its native structs (Vector,
- * Guid, ...). Start-up calls it before any other module's registration; calling it again does nothing.
+ * Registers UObject, UField, UStruct, UClass and the other classes of /Script/CoreUObject, and its native structs
+ * (Vector, Guid, ...). Start-up calls it before any other module's registration; calling it again does nothing.
  */
 void RegisterCoreUObjectClasses();

@@ -3,17 +3,21 @@
 #include "CoreMinimal.h"
 
 /** A member's pointer to an object. Layout and behaviour of a raw pointer. */
-template <class T> class TObjectPtr
+template <class T>
+class TObjectPtr
 {
 public:
 	using ElementType = T;
 
 	TObjectPtr() = default;
 	TObjectPtr(std::nullptr_t) {}
-	TObjectPtr(T* InObject) : Object(InObject) {}
+	TObjectPtr(T* InObject)
+		: Object(InObject)
+	{
+	}
 	template <class U>
-		requires std::is_convertible_v<U*, T*>
-	TObjectPtr(const TObjectPtr<U>& Other) : Object(Other.Get())
+	requires std::is_convertible_v<U*, T*> TObjectPtr(const TObjectPtr<U>& Other)
+		: Object(Other.Get())
 	{
 	}
 
@@ -26,16 +30,19 @@ private:
 	T* Object = nullptr;
 };
 
-template <class T> uint32 GetTypeHash(const TObjectPtr<T>& Pointer)
+template <class T>
+uint32 GetTypeHash(const TObjectPtr<T>& Pointer)
 {
 	return GetTypeHash(static_cast<const void*>(Pointer.Get()));
 }
 
-template <class T> T* ToRawPtr(const TObjectPtr<T>& Pointer)
+template <class T>
+T* ToRawPtr(const TObjectPtr<T>& Pointer)
 {
 	return Pointer.Get();
 }
-template <class T> T* ToRawPtr(T* Pointer)
+template <class T>
+T* ToRawPtr(T* Pointer)
 {
 	return Pointer;
 }

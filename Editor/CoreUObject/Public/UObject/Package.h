@@ -29,11 +29,14 @@ public:
 	UObject* FindAssetInPackage() const;
 
 	/**
-	 * Writes the package's objects to a file in the object text form: beside the target, flushed and renamed over it, so that any
-	 * failure leaves what stood there. Never overwrites a file of another kind or of a newer format version.
+	 * Writes the package's objects to a file in the object text form: beside the target, flushed and renamed over it,
+	 * so that any failure leaves what stood there. Never overwrites a file of another kind or of a newer format
+	 * version.
 	 */
-	static FSavePackageResultStruct Save(UPackage* InOuter, UObject* InAsset, const TCHAR* Filename, const FSavePackageArgs& SaveArgs);
-	static bool SavePackage(UPackage* InOuter, UObject* InAsset, const TCHAR* Filename, const FSavePackageArgs& SaveArgs);
+	static FSavePackageResultStruct Save(
+		UPackage* InOuter, UObject* InAsset, const TCHAR* Filename, const FSavePackageArgs& SaveArgs);
+	static bool SavePackage(
+		UPackage* InOuter, UObject* InAsset, const TCHAR* Filename, const FSavePackageArgs& SaveArgs);
 
 	uint32 PackageFlags = PKG_None;
 	/** The file the package was read from or last saved to; empty for one that exists in memory only. */

@@ -39,7 +39,7 @@ enum EFunctionFlags : uint32
 	FUNC_AllFlags = 0xFFFFFFFF,
 	FUNC_AccessSpecifiers = FUNC_Public | FUNC_Private | FUNC_Protected,
 	FUNC_NetFuncFlags = FUNC_Net | FUNC_NetReliable | FUNC_NetServer | FUNC_NetClient | FUNC_NetMulticast,
-	FUNC_FuncInherit = FUNC_Exec | FUNC_Event | FUNC_BlueprintCallable | FUNC_BlueprintEvent |
-		FUNC_BlueprintAuthorityOnly | FUNC_BlueprintCosmetic | FUNC_Const,
+	FUNC_FuncInherit = FUNC_Exec | FUNC_Event | FUNC_BlueprintCallable | FUNC_BlueprintEvent
+		| FUNC_BlueprintAuthorityOnly | FUNC_BlueprintCosmetic | FUNC_Const,
 };
 ENUM_CLASS_FLAGS(EFunctionFlags)

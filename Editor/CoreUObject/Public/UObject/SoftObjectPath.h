@@ -13,7 +13,11 @@ struct FSoftObjectPath
 	FSoftObjectPath(const FString& Path) { SetPath(Path); }
 	FSoftObjectPath(const TCHAR* Path) { SetPath(Path); }
 	explicit FSoftObjectPath(const UObject* Object);
-	FSoftObjectPath(const FTopLevelAssetPath& InAssetPath, FString InSubPath = FString()) : AssetPath(InAssetPath), SubPath(MoveTemp(InSubPath)) {}
+	FSoftObjectPath(const FTopLevelAssetPath& InAssetPath, FString InSubPath = FString())
+		: AssetPath(InAssetPath)
+		, SubPath(MoveTemp(InSubPath))
+	{
+	}
 
 	/** Takes "/Game/A/B", "/Game/A/B.B", "/Game/A/B.B:Sub" and the same behind "Class'...'". */
 	void SetPath(const FString& Path);
@@ -50,7 +54,10 @@ inline uint32 GetTypeHash(const FSoftObjectPath& Path)
 struct FSoftObjectPtr
 {
 	FSoftObjectPtr() = default;
-	explicit FSoftObjectPtr(FSoftObjectPath InPath) : Path(MoveTemp(InPath)) {}
+	explicit FSoftObjectPtr(FSoftObjectPath InPath)
+		: Path(MoveTemp(InPath))
+	{
+	}
 	UObject* Get() const { return Path.ResolveObject(); }
 	UObject* LoadSynchronous() const { return Path.TryLoad(); }
 	const FSoftObjectPath& ToSoftObjectPath() const { return Path; }
@@ -60,12 +67,14 @@ struct FSoftObjectPtr
 	FSoftObjectPath Path;
 };
 
-template <class T> struct TSoftObjectPtr : FSoftObjectPtr
+template <class T>
+struct TSoftObjectPtr : FSoftObjectPtr
 {
 	using FSoftObjectPtr::FSoftObjectPtr;
 };
 
-template <class T> struct TSoftClassPtr : FSoftObjectPtr
+template <class T>
+struct TSoftClassPtr : FSoftObjectPtr
 {
 	using FSoftObjectPtr::FSoftObjectPtr;
 };

@@ -8,14 +8,18 @@ class UObject;
 struct FTopLevelAssetPath
 {
 	FTopLevelAssetPath() = default;
-	FTopLevelAssetPath(FName InPackageName, FName InAssetName) : PackageName(InPackageName), AssetName(InAssetName) {}
+	FTopLevelAssetPath(FName InPackageName, FName InAssetName)
+		: PackageName(InPackageName)
+		, AssetName(InAssetName)
+	{
+	}
 	explicit FTopLevelAssetPath(const UObject* Object);
 	explicit FTopLevelAssetPath(const TCHAR* Path) { TrySetPath(Path); }
 	explicit FTopLevelAssetPath(const FString& Path) { TrySetPath(Path); }
 
 	/**
-	 * Takes a full path that begins with '/', also behind "Class'...'", or a package path alone. A short name, an empty text or
-	 * a sub-object path gives false and leaves the path null.
+	 * Takes a full path that begins with '/', also behind "Class'...'", or a package path alone. A short name, an empty
+	 * text or a sub-object path gives false and leaves the path null.
 	 */
 	bool TrySetPath(const TCHAR* Path);
 	bool TrySetPath(const FString& Path) { return TrySetPath(*Path); }

@@ -4,7 +4,8 @@
 #include "UObject/UObjectGlobals.h"
 
 /** Walks the objects of a class that are in memory when it is made, in order of creation. */
-template <class T> class TObjectIterator
+template <class T>
+class TObjectIterator
 {
 public:
 	TObjectIterator() { GetObjectsOfClass(T::StaticClass(), Objects, true); }

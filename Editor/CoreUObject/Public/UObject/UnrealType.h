@@ -2,23 +2,28 @@
 
 #include "CoreMinimal.h"
 #include "UObject/Field.h"
+#include "UObject/Object.h"
 #include "UObject/ObjectMacros.h"
 #include "UObject/PropertyPortFlags.h"
 #include "UObject/ScriptDelegates.h"
 #include "UObject/ScriptInterface.h"
 #include "UObject/SoftObjectPath.h"
-#include "UObject/Object.h"
 
 class FOutputDevice;
 class FStructProperty;
 class UField;
 
-/** Text of property values goes through one mechanism: ExportTextItem_Direct writes it, ImportText_Direct reads it back. */
+/** Text of property values goes through one mechanism: ExportTextItem_Direct writes it, ImportText_Direct reads it
+ * back. */
 class FProperty : public FField
 {
 	FIELD_CLASS(FProperty, FField)
 
-	FProperty(FFieldVariant InOwner, FName InName, EPropertyFlags InFlags = CPF_None) : FField(InOwner, InName), PropertyFlags(InFlags) {}
+	FProperty(FFieldVariant InOwner, FName InName, EPropertyFlags InFlags = CPF_None)
+		: FField(InOwner, InName)
+		, PropertyFlags(InFlags)
+	{
+	}
 
 	bool HasAnyPropertyFlags(uint64 Flags) const { return (PropertyFlags & Flags) != 0; }
 	bool HasAllPropertyFlags(uint64 Flags) const { return (PropertyFlags & Flags) == Flags; }
@@ -45,11 +50,13 @@ class FProperty : public FField
 	void* GetValuePtr(UObject* Container) const;
 	const void* GetValuePtr(const UObject* Container) const { return GetValuePtr(const_cast<UObject*>(Container)); }
 	/** Where the value stands in a container: a UObject for class properties, struct memory for struct members. */
-	template <class T> T* ContainerPtrToValuePtr(void* Container, int32 ArrayIndex = 0) const
+	template <class T>
+	T* ContainerPtrToValuePtr(void* Container, int32 ArrayIndex = 0) const
 	{
 		return static_cast<T*>(LocateIn(Container));
 	}
-	template <class T> const T* ContainerPtrToValuePtr(const void* Container, int32 ArrayIndex = 0) const
+	template <class T>
+	const T* ContainerPtrToValuePtr(const void* Container, int32 ArrayIndex = 0) const
 	{
 		return static_cast<const T*>(LocateIn(const_cast<void*>(Container)));
 	}
@@ -63,15 +70,21 @@ class FProperty : public FField
 	bool Identical_InContainer(const void* A, const void* B) const;
 
 	/** Appends the value's text. DefaultValue (may be null) lets structs leave out members that equal it. */
-	virtual void ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const = 0;
+	virtual void ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue,
+		UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const = 0;
 	/** The value of an object or struct as text; false when it equals that of Delta and nothing was written. */
-	bool ExportText_InContainer(int32 Index, FString& ValueStr, const void* Data, const void* Delta, UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const;
+	bool ExportText_InContainer(int32 Index, FString& ValueStr, const void* Data, const void* Delta, UObject* Parent,
+		int32 PortFlags, UObject* ExportRootScope = nullptr) const;
 	/** Appends the text of the value at Data (the value itself, not its container). True when it was written. */
-	bool ExportText_Direct(FString& ValueStr, const void* Data, const void* Delta, UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const;
+	bool ExportText_Direct(FString& ValueStr, const void* Data, const void* Delta, UObject* Parent, int32 PortFlags,
+		UObject* ExportRootScope = nullptr) const;
 
-	/** Reads one value's text. Answers the first character behind it, or null when the text is no such value; then the value may be half set and ErrorText tells why. */
-	virtual const TCHAR* ImportText_Direct(const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText = nullptr) const = 0;
-	const TCHAR* ImportText_InContainer(const TCHAR* Buffer, void* Container, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText = nullptr) const;
+	/** Reads one value's text. Answers the first character behind it, or null when the text is no such value; then the
+	 * value may be half set and ErrorText tells why. */
+	virtual const TCHAR* ImportText_Direct(const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject,
+		int32 PortFlags, FOutputDevice* ErrorText = nullptr) const = 0;
+	const TCHAR* ImportText_InContainer(const TCHAR* Buffer, void* Container, UObject* OwnerObject, int32 PortFlags,
+		FOutputDevice* ErrorText = nullptr) const;
 	bool ValidateImportFlags(uint32 PortFlags, FOutputDevice* ErrorHandler = nullptr) const;
 
 	/** The C++ type as text: "TArray" with "<int32>" in the extended text, "FVector", "AActor*". */
@@ -120,7 +133,8 @@ class FNumericProperty : public FProperty
 };
 
 /** A property whose value is one C++ type held in place. */
-template <class TBase, class TValue> class TPropertyOfValue : public TBase
+template <class TBase, class TValue>
+class TPropertyOfValue : public TBase
 {
 public:
 	using TBase::TBase;
@@ -130,25 +144,47 @@ public:
 	int32 GetMinAlignment() const override { return alignof(TValue); }
 	void InitializeValue(void* Dest) const override { ::new (Dest) TValue(); }
 	void DestroyValue(void* Dest) const override { static_cast<TValue*>(Dest)->~TValue(); }
-	void CopyCompleteValue(void* Dest, const void* Src) const override { *static_cast<TValue*>(Dest) = *static_cast<const TValue*>(Src); }
+	void CopyCompleteValue(void* Dest, const void* Src) const override
+	{
+		*static_cast<TValue*>(Dest) = *static_cast<const TValue*>(Src);
+	}
 
 	static const TValue& GetPropertyValue(const void* Data) { return *static_cast<const TValue*>(Data); }
 	static void SetPropertyValue(void* Data, const TValue& Value) { *static_cast<TValue*>(Data) = Value; }
-	TValue GetPropertyValue_InContainer(const void* Container) const { return *this->template ContainerPtrToValuePtr<TValue>(Container); }
-	void SetPropertyValue_InContainer(void* Container, const TValue& Value) const { *this->template ContainerPtrToValuePtr<TValue>(Container) = Value; }
+	TValue GetPropertyValue_InContainer(const void* Container) const
+	{
+		return *this->template ContainerPtrToValuePtr<TValue>(Container);
+	}
+	void SetPropertyValue_InContainer(void* Container, const TValue& Value) const
+	{
+		*this->template ContainerPtrToValuePtr<TValue>(Container) = Value;
+	}
 };
 
-template <class TNumber> class TNumericPropertyOf : public TPropertyOfValue<FNumericProperty, TNumber>
+template <class TNumber>
+class TNumericPropertyOf : public TPropertyOfValue<FNumericProperty, TNumber>
 {
 public:
 	using TPropertyOfValue<FNumericProperty, TNumber>::TPropertyOfValue;
 
 	bool IsFloatingPoint() const override { return std::is_floating_point_v<TNumber>; }
 	bool IsInteger() const override { return !std::is_floating_point_v<TNumber>; }
-	int64 GetSignedIntPropertyValue(const void* Data) const override { return static_cast<int64>(*static_cast<const TNumber*>(Data)); }
-	double GetFloatingPointPropertyValue(const void* Data) const override { return static_cast<double>(*static_cast<const TNumber*>(Data)); }
-	void SetIntPropertyValue(void* Data, int64 Value) const override { *static_cast<TNumber*>(Data) = static_cast<TNumber>(Value); }
-	void SetFloatingPointPropertyValue(void* Data, double Value) const override { *static_cast<TNumber*>(Data) = static_cast<TNumber>(Value); }
+	int64 GetSignedIntPropertyValue(const void* Data) const override
+	{
+		return static_cast<int64>(*static_cast<const TNumber*>(Data));
+	}
+	double GetFloatingPointPropertyValue(const void* Data) const override
+	{
+		return static_cast<double>(*static_cast<const TNumber*>(Data));
+	}
+	void SetIntPropertyValue(void* Data, int64 Value) const override
+	{
+		*static_cast<TNumber*>(Data) = static_cast<TNumber>(Value);
+	}
+	void SetFloatingPointPropertyValue(void* Data, double Value) const override
+	{
+		*static_cast<TNumber*>(Data) = static_cast<TNumber>(Value);
+	}
 	bool CanHoldValue(int64 Value) const override { return static_cast<int64>(static_cast<TNumber>(Value)) == Value; }
 	bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override
 	{
@@ -156,16 +192,18 @@ public:
 		const TNumber ValueB = B ? *static_cast<const TNumber*>(B) : TNumber();
 		return ValueA == ValueB;
 	}
-	void ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const override;
-	const TCHAR* ImportText_Direct(const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText = nullptr) const override;
+	void ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue, UObject* Parent,
+		int32 PortFlags, UObject* ExportRootScope = nullptr) const override;
+	const TCHAR* ImportText_Direct(const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags,
+		FOutputDevice* ErrorText = nullptr) const override;
 	FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
 };
 
-#define NUMERIC_PROPERTY(TProperty, TNumber)                                                                           \
-	class TProperty : public TNumericPropertyOf<TNumber>                                                               \
-	{                                                                                                                  \
-		FIELD_CLASS(TProperty, FNumericProperty)                                                                       \
-		using TNumericPropertyOf<TNumber>::TNumericPropertyOf;                                                         \
+#define NUMERIC_PROPERTY(TProperty, TNumber) \
+	class TProperty : public TNumericPropertyOf<TNumber> \
+	{ \
+		FIELD_CLASS(TProperty, FNumericProperty) \
+		using TNumericPropertyOf<TNumber>::TNumericPropertyOf; \
 	};
 NUMERIC_PROPERTY(FInt8Property, int8)
 NUMERIC_PROPERTY(FInt16Property, int16)
@@ -179,12 +217,12 @@ NUMERIC_PROPERTY(FDoubleProperty, double)
 #undef NUMERIC_PROPERTY
 
 /** Export, import and comparison as every property kind overrides them. */
-#define PROPERTY_TEXT_OVERRIDES                                                                                        \
-	bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override;                                 \
-	void ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue, UObject* Parent, \
-		int32 PortFlags, UObject* ExportRootScope = nullptr) const override;                                           \
-	const TCHAR* ImportText_Direct(const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags,       \
-		FOutputDevice* ErrorText = nullptr) const override;                                                            \
+#define PROPERTY_TEXT_OVERRIDES \
+	bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override; \
+	void ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue, \
+		UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const override; \
+	const TCHAR* ImportText_Direct(const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags, \
+		FOutputDevice* ErrorText = nullptr) const override; \
 	FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
 
 /** A byte, or with Enum an enum of the older kind. Enum values are written by name. */
@@ -195,8 +233,10 @@ class FByteProperty : public TNumericPropertyOf<uint8>
 	UEnum* GetIntPropertyEnum() const override { return Enum; }
 	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 	bool SameType(const FProperty* Other) const override;
-	void ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope = nullptr) const override;
-	const TCHAR* ImportText_Direct(const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText = nullptr) const override;
+	void ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue, UObject* Parent,
+		int32 PortFlags, UObject* ExportRootScope = nullptr) const override;
+	const TCHAR* ImportText_Direct(const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags,
+		FOutputDevice* ErrorText = nullptr) const override;
 	FString GetCPPType(FString* ExtendedTypeText = nullptr, uint32 CPPExportFlags = 0) const override;
 
 	UEnum* Enum = nullptr;
@@ -260,8 +300,14 @@ class FObjectPropertyBase : public FProperty
 	PROPERTY_TEXT_OVERRIDES
 	virtual UObject* GetObjectPropertyValue(const void* Data) const = 0;
 	virtual void SetObjectPropertyValue(void* Data, UObject* Value) const = 0;
-	UObject* GetObjectPropertyValue_InContainer(const void* Container) const { return GetObjectPropertyValue(ContainerPtrToValuePtr<void>(Container)); }
-	void SetObjectPropertyValue_InContainer(void* Container, UObject* Value) const { SetObjectPropertyValue(ContainerPtrToValuePtr<void>(Container), Value); }
+	UObject* GetObjectPropertyValue_InContainer(const void* Container) const
+	{
+		return GetObjectPropertyValue(ContainerPtrToValuePtr<void>(Container));
+	}
+	void SetObjectPropertyValue_InContainer(void* Container, UObject* Value) const
+	{
+		SetObjectPropertyValue(ContainerPtrToValuePtr<void>(Container), Value);
+	}
 	void VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const override;
 	void VisitTypes(TFunctionRef<void(const UObject*)> Visit) const override;
 	bool SameType(const FProperty* Other) const override;
@@ -278,7 +324,10 @@ class FObjectProperty : public FObjectPropertyBase
 	int32 GetMinAlignment() const override { return alignof(UObject*); }
 	void InitializeValue(void* Dest) const override { *static_cast<UObject**>(Dest) = nullptr; }
 	void DestroyValue(void* Dest) const override {}
-	void CopyCompleteValue(void* Dest, const void* Src) const override { *static_cast<UObject**>(Dest) = *static_cast<UObject* const*>(Src); }
+	void CopyCompleteValue(void* Dest, const void* Src) const override
+	{
+		*static_cast<UObject**>(Dest) = *static_cast<UObject* const*>(Src);
+	}
 	UObject* GetObjectPropertyValue(const void* Data) const override { return *static_cast<UObject* const*>(Data); }
 	void SetObjectPropertyValue(void* Data, UObject* Value) const override { *static_cast<UObject**>(Data) = Value; }
 	bool ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const override { return true; }
@@ -304,9 +353,18 @@ class FWeakObjectProperty : public FObjectPropertyBase
 	int32 GetMinAlignment() const override { return alignof(FWeakObjectPtr); }
 	void InitializeValue(void* Dest) const override { ::new (Dest) FWeakObjectPtr(); }
 	void DestroyValue(void* Dest) const override {}
-	void CopyCompleteValue(void* Dest, const void* Src) const override { *static_cast<FWeakObjectPtr*>(Dest) = *static_cast<const FWeakObjectPtr*>(Src); }
-	UObject* GetObjectPropertyValue(const void* Data) const override { return static_cast<const FWeakObjectPtr*>(Data)->Get(); }
-	void SetObjectPropertyValue(void* Data, UObject* Value) const override { *static_cast<FWeakObjectPtr*>(Data) = FWeakObjectPtr(Value); }
+	void CopyCompleteValue(void* Dest, const void* Src) const override
+	{
+		*static_cast<FWeakObjectPtr*>(Dest) = *static_cast<const FWeakObjectPtr*>(Src);
+	}
+	UObject* GetObjectPropertyValue(const void* Data) const override
+	{
+		return static_cast<const FWeakObjectPtr*>(Data)->Get();
+	}
+	void SetObjectPropertyValue(void* Data, UObject* Value) const override
+	{
+		*static_cast<FWeakObjectPtr*>(Data) = FWeakObjectPtr(Value);
+	}
 };
 
 class FSoftObjectProperty : public FObjectPropertyBase
@@ -319,8 +377,14 @@ class FSoftObjectProperty : public FObjectPropertyBase
 	int32 GetMinAlignment() const override { return alignof(FSoftObjectPtr); }
 	void InitializeValue(void* Dest) const override { ::new (Dest) FSoftObjectPtr(); }
 	void DestroyValue(void* Dest) const override { static_cast<FSoftObjectPtr*>(Dest)->~FSoftObjectPtr(); }
-	void CopyCompleteValue(void* Dest, const void* Src) const override { *static_cast<FSoftObjectPtr*>(Dest) = *static_cast<const FSoftObjectPtr*>(Src); }
-	UObject* GetObjectPropertyValue(const void* Data) const override { return static_cast<const FSoftObjectPtr*>(Data)->Get(); }
+	void CopyCompleteValue(void* Dest, const void* Src) const override
+	{
+		*static_cast<FSoftObjectPtr*>(Dest) = *static_cast<const FSoftObjectPtr*>(Src);
+	}
+	UObject* GetObjectPropertyValue(const void* Data) const override
+	{
+		return static_cast<const FSoftObjectPtr*>(Data)->Get();
+	}
 	void SetObjectPropertyValue(void* Data, UObject* Value) const override;
 };
 
@@ -435,7 +499,10 @@ class FArrayProperty : public FProperty
 	~FArrayProperty() override;
 	PROPERTY_TEXT_OVERRIDES
 	int32 GetElementSize() const override { return Ops ? Ops->Size : static_cast<int32>(sizeof(FScriptContainer)); }
-	int32 GetMinAlignment() const override { return Ops ? Ops->Alignment : static_cast<int32>(alignof(FScriptContainer)); }
+	int32 GetMinAlignment() const override
+	{
+		return Ops ? Ops->Alignment : static_cast<int32>(alignof(FScriptContainer));
+	}
 	void InitializeValue(void* Dest) const override;
 	void DestroyValue(void* Dest) const override;
 	void CopyCompleteValue(void* Dest, const void* Src) const override;
@@ -455,7 +522,10 @@ class FSetProperty : public FProperty
 	~FSetProperty() override;
 	PROPERTY_TEXT_OVERRIDES
 	int32 GetElementSize() const override { return Ops ? Ops->Size : static_cast<int32>(sizeof(FScriptContainer)); }
-	int32 GetMinAlignment() const override { return Ops ? Ops->Alignment : static_cast<int32>(alignof(FScriptContainer)); }
+	int32 GetMinAlignment() const override
+	{
+		return Ops ? Ops->Alignment : static_cast<int32>(alignof(FScriptContainer));
+	}
 	void InitializeValue(void* Dest) const override;
 	void DestroyValue(void* Dest) const override;
 	void CopyCompleteValue(void* Dest, const void* Src) const override;
@@ -475,7 +545,10 @@ class FMapProperty : public FProperty
 	~FMapProperty() override;
 	PROPERTY_TEXT_OVERRIDES
 	int32 GetElementSize() const override { return Ops ? Ops->Size : static_cast<int32>(sizeof(FScriptContainer)); }
-	int32 GetMinAlignment() const override { return Ops ? Ops->Alignment : static_cast<int32>(alignof(FScriptContainer)); }
+	int32 GetMinAlignment() const override
+	{
+		return Ops ? Ops->Alignment : static_cast<int32>(alignof(FScriptContainer));
+	}
 	void InitializeValue(void* Dest) const override;
 	void DestroyValue(void* Dest) const override;
 	void CopyCompleteValue(void* Dest, const void* Src) const override;
@@ -501,7 +574,11 @@ class FFieldPathProperty : public TPropertyOfValue<FProperty, FString>
 class FScriptArrayHelper
 {
 public:
-	FScriptArrayHelper(const FArrayProperty* InProperty, const void* InArray) : Property(InProperty), Array(const_cast<void*>(InArray)) {}
+	FScriptArrayHelper(const FArrayProperty* InProperty, const void* InArray)
+		: Property(InProperty)
+		, Array(const_cast<void*>(InArray))
+	{
+	}
 	int32 Num() const;
 	uint8* GetRawPtr(int32 Index) const;
 	void Resize(int32 Count) const;
@@ -517,7 +594,11 @@ private:
 class FScriptSetHelper
 {
 public:
-	FScriptSetHelper(const FSetProperty* InProperty, const void* InSet) : Property(InProperty), Set(const_cast<void*>(InSet)) {}
+	FScriptSetHelper(const FSetProperty* InProperty, const void* InSet)
+		: Property(InProperty)
+		, Set(const_cast<void*>(InSet))
+	{
+	}
 	int32 Num() const;
 	uint8* GetElementPtr(int32 Index) const;
 	/** Adds a copy unless an equal element is there. */
@@ -534,7 +615,11 @@ private:
 class FScriptMapHelper
 {
 public:
-	FScriptMapHelper(const FMapProperty* InProperty, const void* InMap) : Property(InProperty), Map(const_cast<void*>(InMap)) {}
+	FScriptMapHelper(const FMapProperty* InProperty, const void* InMap)
+		: Property(InProperty)
+		, Map(const_cast<void*>(InMap))
+	{
+	}
 	int32 Num() const;
 	uint8* GetKeyPtr(int32 Index) const;
 	uint8* GetValuePtr(int32 Index) const;
@@ -564,16 +649,21 @@ enum class EFieldIteratorFlags : uint8
 };
 namespace EFieldIterationFlags
 {
-constexpr uint8 None = 0, IncludeSuper = 1, IncludeDeprecated = 2, IncludeInterfaces = 4, IncludeAll = 7, Default = IncludeSuper | IncludeDeprecated;
+constexpr uint8 None = 0, IncludeSuper = 1, IncludeDeprecated = 2, IncludeInterfaces = 4, IncludeAll = 7,
+				Default = IncludeSuper | IncludeDeprecated;
 }
 
-/** Walks the fields of a struct, own ones first, then the super's: properties (TFieldIterator<FProperty>) or functions (TFieldIterator<UFunction>). */
-template <class T> class TFieldIterator
+/** Walks the fields of a struct, own ones first, then the super's: properties (TFieldIterator<FProperty>) or functions
+ * (TFieldIterator<UFunction>). */
+template <class T>
+class TFieldIterator
 {
 public:
 	explicit TFieldIterator(const UStruct* InStruct, EFieldIteratorFlags SuperFlags = EFieldIteratorFlags::IncludeSuper,
-		EFieldIteratorFlags DeprecatedFlags = EFieldIteratorFlags::IncludeDeprecated, EFieldIteratorFlags InterfaceFlags = EFieldIteratorFlags::ExcludeInterfaces)
-		: Struct(InStruct), bIncludeSuper(SuperFlags == EFieldIteratorFlags::IncludeSuper)
+		EFieldIteratorFlags DeprecatedFlags = EFieldIteratorFlags::IncludeDeprecated,
+		EFieldIteratorFlags InterfaceFlags = EFieldIteratorFlags::ExcludeInterfaces)
+		: Struct(InStruct)
+		, bIncludeSuper(SuperFlags == EFieldIteratorFlags::IncludeSuper)
 	{
 		Field = Struct ? First(Struct) : nullptr;
 		Settle();
@@ -621,7 +711,8 @@ private:
 
 #include "UObject/Class.h"
 
-template <class T> typename TFieldIterator<T>::FLink* TFieldIterator<T>::First(const UStruct* Of)
+template <class T>
+typename TFieldIterator<T>::FLink* TFieldIterator<T>::First(const UStruct* Of)
 {
 	if constexpr (bIsProperty)
 	{
@@ -632,11 +723,13 @@ template <class T> typename TFieldIterator<T>::FLink* TFieldIterator<T>::First(c
 		return Of->GetChildren();
 	}
 }
-template <class T> const UStruct* TFieldIterator<T>::SuperOf(const UStruct* Of)
+template <class T>
+const UStruct* TFieldIterator<T>::SuperOf(const UStruct* Of)
 {
 	return Of->GetSuperStruct();
 }
-template <class T> bool TFieldIterator<T>::Fits(FLink* Link)
+template <class T>
+bool TFieldIterator<T>::Fits(FLink* Link)
 {
 	if constexpr (bIsProperty)
 	{
@@ -648,15 +741,18 @@ template <class T> bool TFieldIterator<T>::Fits(FLink* Link)
 	}
 }
 
-template <class T> T* FField::GetOwner() const
+template <class T>
+T* FField::GetOwner() const
 {
 	return Cast<T>(GetOwnerUObject());
 }
-template <class T> T* FindFProperty(const UStruct* Owner, FName Name)
+template <class T>
+T* FindFProperty(const UStruct* Owner, FName Name)
 {
 	return CastField<T>(Owner ? Owner->FindPropertyByName(Name) : nullptr);
 }
-template <class T> T* FindFProperty(const UStruct* Owner, const TCHAR* Name)
+template <class T>
+T* FindFProperty(const UStruct* Owner, const TCHAR* Name)
 {
 	return FindFProperty<T>(Owner, FName(Name));
 }

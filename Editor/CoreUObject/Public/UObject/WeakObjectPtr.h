@@ -29,7 +29,8 @@ inline uint32 GetTypeHash(const FWeakObjectPtr& Pointer)
 	return static_cast<uint32>(Pointer.ObjectIndex) ^ (static_cast<uint32>(Pointer.ObjectSerialNumber) << 20);
 }
 
-template <class T = UObject> class TWeakObjectPtr : public FWeakObjectPtr
+template <class T = UObject>
+class TWeakObjectPtr : public FWeakObjectPtr
 {
 public:
 	using ElementType = T;
@@ -37,18 +38,18 @@ public:
 	TWeakObjectPtr() = default;
 	TWeakObjectPtr(std::nullptr_t) {}
 	template <class U>
-		requires std::is_convertible_v<U*, const T*>
-	TWeakObjectPtr(U* Object) : FWeakObjectPtr(Object)
+	requires std::is_convertible_v<U*, const T*> TWeakObjectPtr(U* Object)
+		: FWeakObjectPtr(Object)
 	{
 	}
 	template <class U>
-		requires std::is_convertible_v<U*, const T*>
-	TWeakObjectPtr(const TObjectPtr<U>& Object) : FWeakObjectPtr(Object.Get())
+	requires std::is_convertible_v<U*, const T*> TWeakObjectPtr(const TObjectPtr<U>& Object)
+		: FWeakObjectPtr(Object.Get())
 	{
 	}
 	template <class U>
-		requires std::is_convertible_v<U*, const T*>
-	TWeakObjectPtr(const TWeakObjectPtr<U>& Other) : FWeakObjectPtr(Other)
+	requires std::is_convertible_v<U*, const T*> TWeakObjectPtr(const TWeakObjectPtr<U>& Other)
+		: FWeakObjectPtr(Other)
 	{
 	}
 
@@ -62,4 +63,5 @@ public:
 	bool operator==(std::nullptr_t) const { return Get() == nullptr; }
 };
 
-template <class T> TWeakObjectPtr(T*) -> TWeakObjectPtr<T>;
+template <class T>
+TWeakObjectPtr(T*) -> TWeakObjectPtr<T>;

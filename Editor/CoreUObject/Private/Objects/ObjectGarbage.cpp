@@ -1,0 +1,244 @@
+#include "Objects/ObjectConstruction.h"
+#include "Objects/ObjectExtension.h"
+#include "Objects/ObjectTable.h"
+#include "UObject/Package.h"
+#include "UObject/UnrealType.h"
+
+#include <unordered_map>
+#include <unordered_set>
+
+bool GIsSavingPackage = false;
+bool GIsGarbageCollecting = false;
+
+namespace ObjectGarbage
+{
+static bool IsCode(const UObject& Object)
+{
+	const UPackage* const Package = Object.GetOutermost();
+	const bool bCompiledIn = Package && (Package->PackageFlags & PKG_CompiledIn) != 0;
+	return bCompiledIn && (Object.IsA<UField>() || Object.IsA<UPackage>());
+}
+
+template <class FVisitor>
+static void VisitTree(UObject* Object, FVisitor&& Visit)
+{
+	Visit(Object);
+	for (UObject* Inner = Object->GetFirstInner(); Inner; Inner = Inner->GetNextInner())
+	{
+		VisitTree(Inner, Visit);
+	}
+}
+
+/** Visits the types that an object cannot be without, beside those of its own tree. Reads no pending members. */
+static void VisitTypes(const UObject* Object, TFunctionRef<void(const UObject*)> Visit)
+{
+	Visit(Object->GetClass());
+	const UStruct* const Struct = Cast<UStruct>(Object);
+	if (!Struct)
+	{
+		return;
+	}
+	Visit(Struct->GetSuperStruct());
+	for (const FField* Field = Struct->HasPendingMembers() ? nullptr : Struct->GetChildProperties(); Field;
+		 Field = Field->Next)
+	{
+		static_cast<const FProperty*>(Field)->VisitTypes(Visit);
+	}
+	const UClass* const Class = Cast<UClass>(Object);
+	for (int32 Index = 0; Class && Index < Class->Interfaces.Num(); ++Index)
+	{
+		Visit(Class->Interfaces[Index].Class);
+	}
+}
+
+using FReferenceProperties = std::vector<const FProperty*>;
+
+static FReferenceProperties PropertiesWithReferences(const UClass* Class)
+{
+	FReferenceProperties Properties;
+	for (TFieldIterator<FProperty> It(Class); It; ++It)
+	{
+		TArray<const FStructProperty*> Encountered;
+		if (It->ContainsObjectReference(Encountered))
+		{
+			Properties.push_back(*It);
+		}
+	}
+	return Properties;
+}
+
+static void ForgetGarbage(UObject*& Reference)
+{
+	if (Reference && Reference->IsGarbage())
+	{
+		Reference = nullptr;
+	}
+}
+} // namespace ObjectGarbage
+
+void FObjectTable::MarkTree(UObject& Object)
+{
+	Object.ObjectFlags |= RF_Garbage;
+	RemoveFromBuckets(Object);
+	for (UObject* Inner = Object.FirstInner; Inner; Inner = Inner->NextInner)
+	{
+		MarkTree(*Inner);
+	}
+}
+
+void FObjectTable::MarkGarbage(UObject& Root)
+{
+	if (Root.IsGarbage() || Root.InternalIndex == INDEX_NONE || ObjectGarbage::IsCode(Root))
+	{
+		return;
+	}
+	UnlinkFromOuter(Root);
+	MarkTree(Root);
+	GarbageRoots.push_back(&Root);
+	if (UFunction* const Function = Cast<UFunction>(&Root))
+	{
+		UClass* const Owner = Cast<UClass>(Root.OuterPrivate);
+		if (Owner)
+		{
+			Owner->RemoveFunction(Function);
+		}
+	}
+	// A default object stands beside its class, not below it.
+	std::vector<UObject*> Defaults;
+	ObjectGarbage::VisitTree(&Root,
+		[&Defaults](UObject* Object)
+		{
+			const UClass* const Class = Cast<UClass>(Object);
+			if (Class && Class->ClassDefaultObject)
+			{
+				Defaults.push_back(Class->ClassDefaultObject);
+				Class->ClassDefaultObject = nullptr;
+			}
+		});
+	for (UObject* const Default : Defaults)
+	{
+		MarkGarbage(*Default);
+	}
+}
+
+bool FObjectTable::IsTypeUsedOutside(const std::vector<UObject*>& Roots, std::vector<UObject*>& OutUsedRoots) const
+{
+	std::unordered_map<const UObject*, UObject*> RootOfType;
+	std::unordered_set<const UObject*> Dying;
+	for (UObject* const Root : Roots)
+	{
+		ObjectGarbage::VisitTree(Root,
+			[&](UObject* Object)
+			{
+				Dying.insert(Object);
+				if (Object->IsA<UField>())
+				{
+					RootOfType.emplace(Object, Root);
+				}
+			});
+	}
+	std::unordered_set<UObject*> Used;
+	const auto Use = [&](const UObject* Type)
+	{
+		const auto Found = Type ? RootOfType.find(Type) : RootOfType.end();
+		if (Found != RootOfType.end())
+		{
+			Used.insert(Found->second);
+		}
+	};
+	if (!RootOfType.empty())
+	{
+		ForEachObject<true>(
+			[&](const UObject* Object)
+			{
+				if (Dying.count(Object) == 0)
+				{
+					ObjectGarbage::VisitTypes(Object, Use);
+				}
+			});
+	}
+	OutUsedRoots.assign(Used.begin(), Used.end());
+	return !Used.empty();
+}
+
+std::vector<UObject*> FObjectTable::TakeCollectableRoots()
+{
+	std::vector<UObject*> Roots;
+	Roots.swap(GarbageRoots);
+	std::vector<UObject*> UsedRoots;
+	// What is kept may use types of what is left, so this goes on until nothing more is kept.
+	while (IsTypeUsedOutside(Roots, UsedRoots))
+	{
+		for (UObject* const Used : UsedRoots)
+		{
+			GarbageRoots.push_back(Used);
+			Roots.erase(std::find(Roots.begin(), Roots.end(), Used));
+		}
+	}
+	return Roots;
+}
+
+void FObjectTable::ClearReferencesToGarbage() const
+{
+	std::unordered_map<const UClass*, ObjectGarbage::FReferenceProperties> ByClass;
+	ForEachObject(
+		[&ByClass](UObject* Object)
+		{
+			const auto [Entry, bIsNew] = ByClass.try_emplace(Object->GetClass());
+			if (bIsNew)
+			{
+				Entry->second = ObjectGarbage::PropertiesWithReferences(Object->GetClass());
+			}
+			for (const FProperty* const Property : Entry->second)
+			{
+				Property->VisitObjects(Property->GetValuePtr(Object), ObjectGarbage::ForgetGarbage);
+			}
+		});
+}
+
+void FObjectTable::Free(UObject* Object)
+{
+	const UClass* const Native = Object->GetClass()->GetNativeClass();
+	const std::align_val_t Alignment{static_cast<std::size_t>(Native->NativeAlignment)};
+	NameCounters.erase(Object->InternalIndex);
+	Slots[static_cast<std::size_t>(Object->InternalIndex)].Object = nullptr;
+	FreeSlots.push_back(Object->InternalIndex);
+	Object->~UObject();
+	::operator delete(Object, Alignment);
+}
+
+void FObjectTable::CollectGarbage()
+{
+	if (GarbageRoots.empty() || GIsGarbageCollecting)
+	{
+		return;
+	}
+	const TGuardValue<bool> Collecting(GIsGarbageCollecting, true);
+	ClearReferencesToGarbage();
+	std::vector<UObject*> Dead;
+	for (UObject* const Root : TakeCollectableRoots())
+	{
+		ObjectGarbage::VisitTree(Root, [&Dead](UObject* Object) { Dead.push_back(Object); });
+	}
+	for (UObject* const Object : Dead)
+	{
+		Object->BeginDestroy();
+		FObjectExtension::Release(*Object);
+	}
+	// Types last: freeing an object asks its class, and destroying a value its struct.
+	const auto FirstType = std::stable_partition(
+		Dead.begin(), Dead.end(), [](const UObject* Object) { return !Object->IsA<UField>(); });
+	for (auto It = Dead.begin(); It != FirstType; ++It)
+	{
+		Free(*It);
+	}
+	for (auto It = FirstType; It != Dead.end(); ++It)
+	{
+		Free(*It);
+	}
+}
+
+void CollectGarbage(EObjectFlags KeepFlags, bool bPerformFullPurge)
+{
+	FObjectTable::Get().CollectGarbage();
+}

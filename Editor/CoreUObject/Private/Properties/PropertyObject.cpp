@@ -1,0 +1,303 @@
+#include "UObject/UnrealType.h"
+
+#include "Properties/PropertyTextReader.h"
+#include "UObject/Package.h"
+
+namespace ObjectReferences
+{
+/** Where a path may start: at the scope that is written, when text need not stand alone. */
+static const UObject* PathScope(
+	const UObject* Object, const UObject* Parent, int32 PortFlags, const UObject* ExportRootScope)
+{
+	if ((PortFlags & PPF_ExportsNotFullyQualified) == 0)
+	{
+		return nullptr;
+	}
+	const UObject* Scope = ExportRootScope;
+	if (!Scope && Parent)
+	{
+		Scope = Parent->GetOutermost();
+	}
+	return Scope && Object != Scope && Object->IsIn(Scope) ? Scope : nullptr;
+}
+
+static void Append(FString& Out, const UObject* Object, UObject* Parent, int32 PortFlags, UObject* ExportRootScope)
+{
+	if (!Object)
+	{
+		Out += TEXT("None");
+		return;
+	}
+	const bool bDelimited = (PortFlags & PPF_Delimited) != 0;
+	const UObject* const Scope = PathScope(Object, Parent, PortFlags, ExportRootScope);
+	if (bDelimited)
+	{
+		Out.AppendChar(TEXT('"'));
+	}
+	if ((PortFlags & PPF_SimpleObjectText) != 0)
+	{
+		Object->GetPathName(Scope, Out);
+	}
+	else
+	{
+		Object->GetClass()->GetPathName(nullptr, Out);
+		Out.AppendChar(TEXT('\''));
+		Object->GetPathName(Scope, Out);
+		Out.AppendChar(TEXT('\''));
+	}
+	if (bDelimited)
+	{
+		Out.AppendChar(TEXT('"'));
+	}
+}
+
+/** Whether a word of the text for no object stands at Buffer; it must end there. */
+static bool IsNone(const FString& Path)
+{
+	return Path.Equals(TEXT("None"), ESearchCase::IgnoreCase);
+}
+
+/** Reads a reference of any spelling; null when it is malformed or names nothing of that class. */
+static const TCHAR* Read(const TCHAR* Buffer, const UClass* Class, const FProperty& Property, UObject* Owner,
+	int32 PortFlags, UObject*& OutObject, FOutputDevice* ErrorText)
+{
+	OutObject = nullptr;
+	const bool bDelimited = (PortFlags & PPF_Delimited) != 0;
+	const TCHAR* const Start = PropertyText::SkipBlanks(Buffer);
+	if (!*Start && !bDelimited)
+	{
+		return Start;
+	}
+	FString Path;
+	const TCHAR* const End = PropertyText::ReadReference(Start, !bDelimited, Path);
+	if (!End)
+	{
+		PropertyText::Report(ErrorText, TEXT("%s: Malformed object reference: %s"), *Property.GetName(), Buffer);
+		return nullptr;
+	}
+	if (IsNone(Path) || Path.IsEmpty())
+	{
+		return End;
+	}
+	OutObject = PropertyText::FindReferenced(Path, Class, Owner);
+	if (!OutObject)
+	{
+		PropertyText::Report(ErrorText, TEXT("%s: unresolved reference to '%s'"), *Property.GetName(), *Path);
+		return nullptr;
+	}
+	return End;
+}
+
+static FString CppName(const UClass* Class)
+{
+	return Class ? FString(Class->GetPrefixCPP()) + Class->GetName() : FString(TEXT("UObject"));
+}
+
+/** What the class in a class property must be, or null. */
+static const UClass* RequiredBase(const FProperty& Property)
+{
+	const FClassProperty* const ClassProperty = CastField<FClassProperty>(&Property);
+	return ClassProperty ? ClassProperty->MetaClass : nullptr;
+}
+} // namespace ObjectReferences
+
+void FObjectPropertyBase::VisitTypes(TFunctionRef<void(const UObject*)> Visit) const
+{
+	Visit(PropertyClass);
+}
+
+void FObjectPropertyBase::VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const
+{
+	UObject* const Before = GetObjectPropertyValue(Value);
+	UObject* Object = Before;
+	Visit(Object);
+	if (Object != Before)
+	{
+		SetObjectPropertyValue(Value, Object);
+	}
+}
+
+bool FObjectPropertyBase::SameType(const FProperty* Other) const
+{
+	return FProperty::SameType(Other) && static_cast<const FObjectPropertyBase*>(Other)->PropertyClass == PropertyClass;
+}
+
+bool FObjectPropertyBase::Identical(const void* A, const void* B, uint32 PortFlags) const
+{
+	return (A ? GetObjectPropertyValue(A) : nullptr) == (B ? GetObjectPropertyValue(B) : nullptr);
+}
+
+void FObjectPropertyBase::ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue,
+	UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const
+{
+	ObjectReferences::Append(ValueStr, GetObjectPropertyValue(PropertyValue), Parent, PortFlags, ExportRootScope);
+}
+
+const TCHAR* FObjectPropertyBase::ImportText_Direct(
+	const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const
+{
+	UObject* Object = nullptr;
+	const TCHAR* End = ObjectReferences::Read(Buffer, PropertyClass, *this, OwnerObject, PortFlags, Object, ErrorText);
+	const UClass* const Base = ObjectReferences::RequiredBase(*this);
+	const UClass* const AsClass = Base ? Cast<UClass>(Object) : nullptr;
+	if (AsClass && !AsClass->IsChildOf(Base))
+	{
+		PropertyText::Report(ErrorText, TEXT("%s: %s is no %s"), *GetName(), *AsClass->GetName(), *Base->GetName());
+		Object = nullptr;
+		End = nullptr;
+	}
+	SetObjectPropertyValue(PropertyPtr, Object);
+	return End;
+}
+
+FString FObjectPropertyBase::GetCPPType(FString* ExtendedTypeText, uint32 CPPExportFlags) const
+{
+	const FString Name = ObjectReferences::CppName(PropertyClass);
+	return IsA<FWeakObjectProperty>() ? TEXT("TWeakObjectPtr<") + Name + TEXT(">") : Name + TEXT("*");
+}
+
+bool FClassProperty::SameType(const FProperty* Other) const
+{
+	return FObjectProperty::SameType(Other) && static_cast<const FClassProperty*>(Other)->MetaClass == MetaClass;
+}
+
+void FClassProperty::VisitTypes(TFunctionRef<void(const UObject*)> Visit) const
+{
+	FObjectProperty::VisitTypes(Visit);
+	Visit(MetaClass);
+}
+
+FString FClassProperty::GetCPPType(FString* ExtendedTypeText, uint32 CPPExportFlags) const
+{
+	const bool bNarrowed = MetaClass && MetaClass != UObject::StaticClass();
+	return bNarrowed || HasAnyPropertyFlags(CPF_UObjectWrapper)
+		? TEXT("TSubclassOf<") + ObjectReferences::CppName(MetaClass) + TEXT("> ")
+		: FString(TEXT("UClass*"));
+}
+
+void FSoftObjectProperty::SetObjectPropertyValue(void* Data, UObject* Value) const
+{
+	static_cast<FSoftObjectPtr*>(Data)->Path = FSoftObjectPath(Value);
+}
+
+void FSoftObjectProperty::VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const
+{
+	// A path is a name, not a reference: it stays what it is.
+}
+
+bool FSoftObjectProperty::Identical(const void* A, const void* B, uint32 PortFlags) const
+{
+	static const FSoftObjectPtr Null;
+	return (A ? *static_cast<const FSoftObjectPtr*>(A) : Null) == (B ? *static_cast<const FSoftObjectPtr*>(B) : Null);
+}
+
+void FSoftObjectProperty::ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue,
+	UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const
+{
+	const FSoftObjectPath& Path = static_cast<const FSoftObjectPtr*>(PropertyValue)->Path;
+	if (Path.IsNull())
+	{
+		ValueStr += TEXT("None");
+	}
+	else if ((PortFlags & PPF_Delimited) != 0)
+	{
+		PropertyText::AppendQuoted(ValueStr, Path.ToString());
+	}
+	else
+	{
+		Path.AppendString(ValueStr);
+	}
+}
+
+const TCHAR* FSoftObjectProperty::ImportText_Direct(
+	const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const
+{
+	const bool bDelimited = (PortFlags & PPF_Delimited) != 0;
+	const TCHAR* const Start = PropertyText::SkipBlanks(Buffer);
+	FSoftObjectPath& Path = static_cast<FSoftObjectPtr*>(PropertyPtr)->Path;
+	if (!*Start && !bDelimited)
+	{
+		Path.Reset();
+		return Start;
+	}
+	FString Text;
+	const TCHAR* const End = PropertyText::ReadReference(Start, !bDelimited, Text);
+	if (!End)
+	{
+		PropertyText::Report(ErrorText, TEXT("%s: Malformed path: %s"), *GetName(), Buffer);
+		return nullptr;
+	}
+	Path.SetPath(Text);
+	return End;
+}
+
+FString FSoftObjectProperty::GetCPPType(FString* ExtendedTypeText, uint32 CPPExportFlags) const
+{
+	return TEXT("TSoftObjectPtr<") + ObjectReferences::CppName(PropertyClass) + TEXT(">");
+}
+
+void FSoftClassProperty::VisitTypes(TFunctionRef<void(const UObject*)> Visit) const
+{
+	FSoftObjectProperty::VisitTypes(Visit);
+	Visit(MetaClass);
+}
+
+FString FSoftClassProperty::GetCPPType(FString* ExtendedTypeText, uint32 CPPExportFlags) const
+{
+	return TEXT("TSoftClassPtr<") + ObjectReferences::CppName(MetaClass) + TEXT("> ");
+}
+
+void FInterfaceProperty::VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const
+{
+	Visit(static_cast<FScriptInterface*>(Value)->Object);
+}
+
+void FInterfaceProperty::VisitTypes(TFunctionRef<void(const UObject*)> Visit) const
+{
+	Visit(InterfaceClass);
+}
+
+bool FInterfaceProperty::SameType(const FProperty* Other) const
+{
+	return FProperty::SameType(Other)
+		&& static_cast<const FInterfaceProperty*>(Other)->InterfaceClass == InterfaceClass;
+}
+
+bool FInterfaceProperty::Identical(const void* A, const void* B, uint32 PortFlags) const
+{
+	return (A ? GetPropertyValue(A) : FScriptInterface()) == (B ? GetPropertyValue(B) : FScriptInterface());
+}
+
+void FInterfaceProperty::ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue,
+	UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const
+{
+	ObjectReferences::Append(ValueStr, GetPropertyValue(PropertyValue).GetObject(), Parent, PortFlags, ExportRootScope);
+}
+
+const TCHAR* FInterfaceProperty::ImportText_Direct(
+	const TCHAR* Buffer, void* PropertyPtr, UObject* OwnerObject, int32 PortFlags, FOutputDevice* ErrorText) const
+{
+	UObject* Object = nullptr;
+	const TCHAR* End = ObjectReferences::Read(
+		Buffer, UObject::StaticClass(), *this, OwnerObject, PortFlags, Object, ErrorText);
+	const bool bAnyFits = !InterfaceClass || InterfaceClass == UInterface::StaticClass();
+	if (Object && !bAnyFits && !Object->ImplementsInterface(InterfaceClass))
+	{
+		PropertyText::Report(ErrorText, TEXT("%s: %s does not implement %s"), *GetName(), *Object->GetName(),
+			*InterfaceClass->GetName());
+		Object = nullptr;
+		End = nullptr;
+	}
+	static_cast<FScriptInterface*>(PropertyPtr)->SetObject(Object);
+	return End;
+}
+
+FString FInterfaceProperty::GetCPPType(FString* ExtendedTypeText, uint32 CPPExportFlags) const
+{
+	if (ExtendedTypeText)
+	{
+		*ExtendedTypeText = TEXT("<I") + (InterfaceClass ? InterfaceClass->GetName() : FString(TEXT("Interface")))
+			+ TEXT(">");
+	}
+	return TEXT("TScriptInterface");
+}

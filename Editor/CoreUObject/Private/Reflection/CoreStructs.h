@@ -1,0 +1,7 @@
+#pragma once
+
+namespace CoreStructs
+{
+/** Makes the native structs of /Script/CoreUObject known by path. */
+void RegisterAll();
+} // namespace CoreStructs

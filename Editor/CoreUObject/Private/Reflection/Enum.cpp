@@ -1,0 +1,151 @@
+#include "UObject/Class.h"
+
+#include "UObject/NativeClass.h"
+
+namespace EnumNames
+{
+/** What stands behind the last "::". */
+static FStringView WithoutScope(FStringView Name)
+{
+	int32 Colon = INDEX_NONE;
+	return Name.FindLastChar(TEXT(':'), Colon) ? Name.Mid(Colon + 1) : Name;
+}
+} // namespace EnumNames
+
+void UEnum::DescribeClass(FClassDescriber& Class) {}
+void UUserDefinedEnum::DescribeClass(FClassDescriber& Class) {}
+
+void UEnum::SetEnums(TArray<FEntry> InEntries, ECppForm InForm)
+{
+	Entries = MoveTemp(InEntries);
+	CppForm = InForm;
+	IndexByName.Reset();
+	for (int32 Index = 0; Index < Entries.Num(); ++Index)
+	{
+		IndexByName.FindOrAdd(Entries[Index].Name, Index);
+		// Texts name entries with and without their scope.
+		IndexByName.FindOrAdd(FName(EnumNames::WithoutScope(Entries[Index].Name.GetView())), Index);
+	}
+}
+
+int32 UEnum::NumEnums() const
+{
+	return Entries.Num();
+}
+
+FName UEnum::GetNameByIndex(int32 Index) const
+{
+	return Entries.IsValidIndex(Index) ? Entries[Index].Name : FName();
+}
+
+FString UEnum::GetNameStringByIndex(int32 Index) const
+{
+	return Entries.IsValidIndex(Index) ? FString(EnumNames::WithoutScope(Entries[Index].Name.GetView())) : FString();
+}
+
+FText UEnum::GetDisplayNameTextByIndex(int32 Index) const
+{
+	if (!Entries.IsValidIndex(Index))
+	{
+		return FText::GetEmpty();
+	}
+	const FString& Given = Entries[Index].DisplayName;
+	return FText::FromString(Given.IsEmpty() ? FName::NameToDisplayString(GetNameStringByIndex(Index), false) : Given);
+}
+
+int64 UEnum::GetValueByIndex(int32 Index) const
+{
+	return Entries.IsValidIndex(Index) ? Entries[Index].Value : static_cast<int64>(INDEX_NONE);
+}
+
+int32 UEnum::GetIndexByName(FName Name) const
+{
+	const int32* const Index = IndexByName.Find(Name);
+	return Index ? *Index : GetIndexByNameString(Name.ToString());
+}
+
+int32 UEnum::GetIndexByNameString(const FString& Name) const
+{
+	// Another scope in front, such as that of a namespace where entries have none, does not matter.
+	for (const FStringView Text : {FStringView(Name), EnumNames::WithoutScope(Name)})
+	{
+		// A name that nobody has made is no entry's; but None, which such a name reads as, is an entry of many enums.
+		const FName Known(Text, FNAME_Find);
+		const bool bIsKnown = !Known.IsNone() || Text == TEXT("None");
+		const int32* const Index = bIsKnown ? IndexByName.Find(Known) : nullptr;
+		if (Index)
+		{
+			return *Index;
+		}
+	}
+	return INDEX_NONE;
+}
+
+int32 UEnum::GetIndexByValue(int64 Value) const
+{
+	return Entries.IndexOfByPredicate([Value](const FEntry& Entry) { return Entry.Value == Value; });
+}
+
+int64 UEnum::GetValueByName(FName Name) const
+{
+	return GetValueByIndex(GetIndexByName(Name));
+}
+
+int64 UEnum::GetValueByNameString(const FString& Name) const
+{
+	return GetValueByIndex(GetIndexByNameString(Name));
+}
+
+FName UEnum::GetNameByValue(int64 Value) const
+{
+	return GetNameByIndex(GetIndexByValue(Value));
+}
+
+FString UEnum::GetNameStringByValue(int64 Value) const
+{
+	return GetNameStringByIndex(GetIndexByValue(Value));
+}
+
+FText UEnum::GetDisplayNameTextByValue(int64 Value) const
+{
+	return GetDisplayNameTextByIndex(GetIndexByValue(Value));
+}
+
+int64 UEnum::GetMaxEnumValue() const
+{
+	int64 Largest = Entries.IsEmpty() ? 0 : Entries[0].Value;
+	for (const FEntry& Entry : Entries)
+	{
+		Largest = FMath::Max(Largest, Entry.Value);
+	}
+	return Largest;
+}
+
+bool UEnum::ContainsExistingMax() const
+{
+	return !Entries.IsEmpty()
+		&& GetNameStringByIndex(Entries.Num() - 1).EndsWith(TEXT("_MAX"), ESearchCase::IgnoreCase);
+}
+
+bool UEnum::HasMetaData(const TCHAR* Key, int32 Index) const
+{
+	if (!Entries.IsValidIndex(Index))
+	{
+		return false;
+	}
+	const FString Name(Key);
+	const bool bIsHidden = Entries[Index].bHidden && (Name == TEXT("Hidden") || Name == TEXT("Spacer"));
+	const bool bIsNamed = !Entries[Index].DisplayName.IsEmpty() && Name == TEXT("DisplayName");
+	return bIsHidden || bIsNamed;
+}
+
+FString UEnum::GetMetaData(const TCHAR* Key, int32 Index) const
+{
+	return HasMetaData(Key, Index) && FString(Key) == TEXT("DisplayName") ? Entries[Index].DisplayName : FString();
+}
+
+FString UEnum::GenerateFullEnumName(const TCHAR* InEnumName) const
+{
+	const bool bHasScope = CppForm == ECppForm::Regular || FStringView(InEnumName).Contains(TEXT("::"));
+	return bHasScope ? FString(InEnumName) : GetName() + TEXT("::") + InEnumName;
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "UObject/NativeClass.h"
+
+namespace NativeClass
+{
+/** The second half of Register, for a class object that exists. */
+void SetUp(UClass& Class, const FClassInfo& Info, UClass* Super);
+} // namespace NativeClass
