@@ -1,0 +1,51 @@
+#include "Boot/EditorModules.h"
+
+#include "AssetRegistry/AssetRegistryModule.h"
+#include "EngineClasses.h"
+#include "ISourceControlModule.h"
+#include "Modules/ModuleManager.h"
+#include "UObject/Catalogue.h"
+#include "UObject/ObjectProviders.h"
+#include "UObject/PackageText.h"
+
+IModuleInterface* CreateModule_MorvaneToolkit();
+IModuleInterface* CreateModule_MorvaneToolkit_Blueprint();
+
+namespace EditorModulesPrivate
+{
+void RegisterModules()
+{
+	FModuleManager& Modules = FModuleManager::Get();
+	Modules.RegisterStaticModule(TEXT("AssetRegistry"), &CreateModule_AssetRegistry);
+	Modules.RegisterStaticModule(TEXT("SourceControl"), &CreateModule_SourceControl);
+	Modules.RegisterStaticModule(TEXT("MorvaneToolkit"), &CreateModule_MorvaneToolkit);
+	Modules.RegisterStaticModule(TEXT("MorvaneToolkit_Blueprint"), &CreateModule_MorvaneToolkit_Blueprint);
+}
+} // namespace EditorModulesPrivate
+
+void EditorModules::StartTools()
+{
+	EditorModulesPrivate::RegisterModules();
+	FModuleManager::Get().LoadModule(TEXT("MorvaneToolkit"));
+	FModuleManager::Get().LoadModule(TEXT("MorvaneToolkit_Blueprint"));
+}
+
+void EditorModules::StartEditor()
+{
+	static bool bStarted = false;
+	if (bStarted)
+	{
+		return;
+	}
+	bStarted = true;
+	RegisterCoreUObjectClasses();
+	RegisterEngineClasses();
+	FCatalogue::Get().Install();
+	FPackageText::RegisterLoader();
+}
+
+void EditorModules::StopTools()
+{
+	FModuleManager::Get().UnloadModule(TEXT("MorvaneToolkit_Blueprint"));
+	FModuleManager::Get().UnloadModule(TEXT("MorvaneToolkit"));
+}
