@@ -58,7 +58,7 @@ std::string DescribeParameter(const UFunction& Function, const FProperty& Param)
 	AppendIf(Text, Param, CPF_ConstParm, "const ");
 	FString Extended;
 	const FString Type = Param.GetCPPType(&Extended);
-	Text += ToUtf8(Type + Extended) + " " + ToUtf8(Param.GetName());
+	Text += ToUtf8((Type + Extended).TrimEnd()) + " " + ToUtf8(Param.GetName());
 	const FString* const Default = Function.FindMetaData(FName(TEXT("CPP_Default_") + Param.GetName()));
 	return Default ? Text + " = " + ToUtf8(*Default) : Text;
 }

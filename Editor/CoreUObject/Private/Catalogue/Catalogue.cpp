@@ -128,7 +128,12 @@ void FLoadedImage::Discard()
 {
 	for (UObject* const Object : Made)
 	{
+		// The object system protects what is compiled in, which a project's data only poses as.
+		UPackage* const Package = Object->GetPackage();
+		const uint32 Flags = Package->PackageFlags;
+		Package->PackageFlags &= ~static_cast<uint32>(PKG_CompiledIn);
 		Object->MarkAsGarbage();
+		Package->PackageFlags = Flags;
 	}
 	Made.clear();
 }
