@@ -27,6 +27,12 @@ def include_folders():
     return [folder for folder in folders if os.path.isdir(folder)]
 
 
+@functools.lru_cache(maxsize=None)
+def private_folders():
+    """What only tests and benchmarks may reach, beside the module itself."""
+    return [folder[: -len("Public")] + "Private" for folder in include_folders() if folder.endswith("Public")]
+
+
 def sources(*suffixes):
     for top in ("Editor", "Source", "Host", "Tests", "Benchmarks"):
         for folder, names, files in os.walk(os.path.join(ROOT, top)):
@@ -47,7 +53,8 @@ def direct_includes(path):
     own_private = re.sub(r"/(Private|Public)/.*", "/Private", path)
     found = []
     for name in INCLUDE.findall(read(path)):
-        for folder in (os.path.dirname(path), own_private, *include_folders()):
+        inside = private_folders() if os.path.relpath(path, ROOT).startswith(("Tests", "Benchmarks")) else ()
+        for folder in (os.path.dirname(path), own_private, *include_folders(), *inside):
             candidate = os.path.normpath(os.path.join(folder, name.decode()))
             if os.path.isfile(candidate):
                 found.append(candidate)

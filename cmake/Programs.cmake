@@ -25,6 +25,10 @@ if(HOST_MAIN)
   morvane_fast_allocator(morvane)
 endif()
 
+# Tests and benchmarks may look inside a module; nothing else may.
+file(GLOB MORVANE_PRIVATE_FOLDERS CONFIGURE_DEPENDS LIST_DIRECTORIES true
+  "${CMAKE_SOURCE_DIR}/Source/*/Private" "${CMAKE_SOURCE_DIR}/Editor/*/Private")
+
 file(GLOB_RECURSE TEST_SOURCES CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/Tests/*.cpp")
 list(FILTER TEST_SOURCES EXCLUDE REGEX "/Tests/Fuzz/")
 if(TEST_SOURCES)
@@ -44,7 +48,7 @@ endif()
 file(GLOB_RECURSE BENCH_SOURCES CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/Benchmarks/*.cpp")
 if(BENCH_SOURCES)
   add_executable(MorvaneBench ${BENCH_SOURCES})
-  target_include_directories(MorvaneBench PRIVATE "${CMAKE_SOURCE_DIR}/Tests/Support" "${CMAKE_SOURCE_DIR}/Benchmarks")
+  target_include_directories(MorvaneBench PRIVATE "${CMAKE_SOURCE_DIR}/Tests/Support" "${CMAKE_SOURCE_DIR}/Benchmarks" ${MORVANE_PRIVATE_FOLDERS})
   target_compile_definitions(MorvaneBench PRIVATE MORVANE_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
   target_link_libraries(MorvaneBench PRIVATE MorvaneHost benchmark::benchmark_main benchmark::benchmark)
   morvane_precompile(MorvaneBench)
