@@ -1,0 +1,307 @@
+#include "BlueprintUtils.h"
+
+#include "AssetOperationBase.h"
+#include "AssetRegistry/AssetRegistryModule.h"
+#include "Blueprint/UserWidget.h"
+#include "Engine/Blueprint.h"
+#include "Engine/SimpleConstructionScript.h"
+#include "Factories/BlueprintFactory.h"
+#include "GameFramework/Actor.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "Kismet2/Kismet2NameValidators.h"
+#include "Kismet2/KismetEditorUtilities.h"
+#include "Misc/OutputDeviceRedirector.h"
+#include "Misc/PackageName.h"
+#include "Misc/Paths.h"
+#include "ToolResult.h"
+#include "UObject/Package.h"
+#include "UObject/SavePackage.h"
+#include "WidgetBlueprint.h"
+#include "WidgetBlueprintFactory.h"
+
+namespace BlueprintLoading
+{
+const IAssetRegistry& GetRegistry()
+{
+	return FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry")).Get();
+}
+
+/** The first asset of just this class whose name or path is the text, ignoring case. */
+FAssetData FindAssetByText(const UClass* Class, const FString& Text)
+{
+	TArray<FAssetData> Assets;
+	GetRegistry().GetAssetsByClass(Class->GetStructPathName(), Assets);
+	for (const FAssetData& Asset : Assets)
+	{
+		if (Asset.AssetName.ToString().Equals(Text, ESearchCase::IgnoreCase)
+			|| Asset.GetObjectPathString().Equals(Text, ESearchCase::IgnoreCase))
+		{
+			return Asset;
+		}
+	}
+	return FAssetData();
+}
+
+UBlueprint* LoadOfClass(const UClass* Class, const FString& Path)
+{
+	if (Path.IsEmpty())
+	{
+		return nullptr;
+	}
+	// Quiet: a miss is ordinary here, since each family is tried in turn.
+	UObject* Loaded = StaticLoadObject(Class, nullptr, *Path, nullptr, LOAD_Quiet | LOAD_NoWarn);
+	if (!Loaded)
+	{
+		const FAssetData Asset = FindAssetByText(Class, Path);
+		Loaded = Asset.IsValid() ? Asset.GetAsset() : nullptr;
+	}
+	return Loaded && Loaded->IsA(Class) ? Cast<UBlueprint>(Loaded) : nullptr;
+}
+
+/** Whether a file stands where the asset's own would. */
+bool HasFile(const FString& PackageName)
+{
+	if (!FPackageName::IsValidLongPackageName(PackageName))
+	{
+		return false;
+	}
+	return !FPackageName::FindPackageFile(PackageName).IsEmpty()
+		|| FPaths::FileExists(FPackageName::LongPackageNameToFilename(PackageName, TEXT(".uasset")));
+}
+
+/** What the loader has to say about a file that cannot be read; empty when there is no file. */
+FString AskWhyNotLoaded(const FString& Path)
+{
+	const FString PackageName = FPackageName::ObjectPathToPackageName(Path);
+	if (!HasFile(PackageName))
+	{
+		return FString();
+	}
+	FStringOutputDevice Heard;
+	FOutputDeviceRedirector::Get()->AddOutputDevice(&Heard);
+	LoadPackage(nullptr, *PackageName);
+	FOutputDeviceRedirector::Get()->RemoveOutputDevice(&Heard);
+	return Heard;
+}
+} // namespace BlueprintLoading
+
+namespace BlueprintMaking
+{
+/** The class that {"type", "parent_path"} means; false after an error in the result. Null is for the caller to judge.
+ */
+bool ReadParentClass(const FJsonObject& Json, Morvane::FToolResult& Result, FString& OutPath, UClass*& OutClass)
+{
+	FString Type;
+	if (!Json.TryGetStringField(TEXT("type"), Type))
+	{
+		Result.AddErrorMessage(TEXT("Missing required Parent class field: type"));
+		return false;
+	}
+	if (!Json.TryGetStringField(TEXT("parent_path"), OutPath))
+	{
+		// The text names the field as agents have known it; they match on it.
+		Result.AddErrorMessage(TEXT("Missing required Parent class field: name"));
+		return false;
+	}
+	OutClass = nullptr;
+	if (Type.Equals(TEXT("blueprint"), ESearchCase::IgnoreCase))
+	{
+		const UBlueprint* const Parent = FBlueprintUtils::LoadBlueprint(OutPath, Result);
+		OutClass = Parent ? Parent->GeneratedClass.Get() : nullptr;
+		return Parent != nullptr;
+	}
+	FTopLevelAssetPath ClassPath;
+	if (ClassPath.TrySetPath(OutPath))
+	{
+		OutClass = Cast<UClass>(StaticFindObject(UClass::StaticClass(), ClassPath));
+	}
+	return true;
+}
+
+template <class TFactory, class TBlueprint>
+UBlueprint* Make(const FString& Path, UClass* ParentClass, Morvane::FToolResult& Result)
+{
+	TFactory* const Factory = NewObject<TFactory>();
+	Factory->ParentClass = ParentClass;
+	UObject* const Asset = FAssetOperationBase::CreateAsset(
+		Path, FAssetOperationBase::GetAssetNameFromPath(Path), TBlueprint::StaticClass(), Result, Factory);
+	return Cast<UBlueprint>(Asset);
+}
+
+/** Of all kinds of Blueprint only the widget one has a factory of its own; the others differ by their parent class. */
+UBlueprint* MakeOfClass(const FString& Path, UClass* ParentClass, Morvane::FToolResult& Result)
+{
+	return ParentClass->IsChildOf(UUserWidget::StaticClass())
+		? Make<UWidgetBlueprintFactory, UWidgetBlueprint>(Path, ParentClass, Result)
+		: Make<UBlueprintFactory, UBlueprint>(Path, ParentClass, Result);
+}
+} // namespace BlueprintMaking
+
+UBlueprint* FBlueprintUtils::TryLoadBlueprint(const FString& Path)
+{
+	for (const UClass* const Class :
+		{UAnimBlueprint::StaticClass(), UWidgetBlueprint::StaticClass(), UBlueprint::StaticClass()})
+	{
+		if (UBlueprint* const Blueprint = BlueprintLoading::LoadOfClass(Class, Path))
+		{
+			return Blueprint;
+		}
+	}
+	return nullptr;
+}
+
+UBlueprint* FBlueprintUtils::LoadBlueprint(const FString& Path, Morvane::FToolResult& Result)
+{
+	UBlueprint* const Blueprint = TryLoadBlueprint(Path);
+	if (!Blueprint)
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Failed to find or load blueprint: %s"), *Path));
+		const FString Reason = BlueprintLoading::AskWhyNotLoaded(Path);
+		if (!Reason.IsEmpty())
+		{
+			Result.AddErrorMessage(Reason);
+		}
+	}
+	return Blueprint;
+}
+
+bool FBlueprintUtils::BlueprintExists(const FString& Path)
+{
+	// A package path stands for its asset here as everywhere.
+	return !Path.IsEmpty() && BlueprintLoading::GetRegistry().GetAssetByObjectPath(FSoftObjectPath(Path)).IsValid();
+}
+
+UBlueprint* FBlueprintUtils::CreateBlueprint(
+	const FString& Path, const TSharedPtr<FJsonObject>& ParentClassJson, Morvane::FToolResult& Result)
+{
+	FString ParentPath;
+	UClass* ParentClass = nullptr;
+	if (!BlueprintMaking::ReadParentClass(*ParentClassJson, Result, ParentPath, ParentClass))
+	{
+		return nullptr;
+	}
+	if (!FKismetEditorUtilities::CanCreateBlueprintOfClass(ParentClass))
+	{
+		Result.AddErrorMessage(
+			FString::Printf(TEXT("Parent class '%s' is not valid for Blueprint creation."), *ParentPath));
+		return nullptr;
+	}
+	return BlueprintMaking::MakeOfClass(Path, ParentClass, Result);
+}
+
+UBlueprint* FBlueprintUtils::CreateActorBlueprint(const FString& Path, FString& OutReason)
+{
+	Morvane::FToolResult Making(Morvane::FToolCommand(FString(), FString(), FString()));
+	UBlueprint* const Blueprint = BlueprintMaking::MakeOfClass(
+		FAssetOperationBase::NormalizeAssetPath(Path), AActor::StaticClass(), Making);
+	OutReason = Blueprint ? FString() : FString::Join(Making.GetErrorMessages(), TEXT("\n"));
+	return Blueprint;
+}
+
+bool FBlueprintUtils::SaveBlueprint(UBlueprint* Blueprint)
+{
+	UPackage* const Package = GetBlueprintPackage(Blueprint);
+	if (!Package)
+	{
+		return false;
+	}
+	const FString Filename = FPackageName::LongPackageNameToFilename(
+		Package->GetName(), FPackageName::GetAssetPackageExtension());
+	FSavePackageArgs Args;
+	Args.TopLevelFlags = static_cast<EObjectFlags>(RF_Public | RF_Standalone);
+	return UPackage::Save(Package, Blueprint, *Filename, Args).IsSuccessful();
+}
+
+void FBlueprintUtils::MarkBlueprintDirty(UBlueprint* Blueprint)
+{
+	if (Blueprint)
+	{
+		Blueprint->MarkPackageDirty();
+	}
+}
+
+FString FBlueprintUtils::GetBlueprintName(const FString& Path)
+{
+	FString Name = Path;
+	int32 Slash = INDEX_NONE;
+	if (Name.FindLastChar(TEXT('/'), Slash))
+	{
+		Name.RightChopInline(Slash + 1);
+	}
+	int32 Dot = INDEX_NONE;
+	if (Name.FindLastChar(TEXT('.'), Dot))
+	{
+		Name.LeftInline(Dot);
+	}
+	return Name;
+}
+
+UPackage* FBlueprintUtils::GetBlueprintPackage(UBlueprint* Blueprint)
+{
+	return Blueprint ? Blueprint->GetOutermost() : nullptr;
+}
+
+bool FBlueprintUtils::VerifyBlueprintVariableName(
+	UBlueprint* Blueprint, const FString& Name, Morvane::FToolResult& Result)
+{
+	if (!Blueprint)
+	{
+		Result.AddErrorMessage(TEXT("Invalid Blueprint provided"));
+		return false;
+	}
+	if (Name.IsEmpty())
+	{
+		Result.AddErrorMessage(TEXT("Variable name cannot be empty"));
+		return false;
+	}
+	const FName VariableName(*Name);
+	if (FBlueprintEditorUtils::FindNewVariableIndex(Blueprint, VariableName) != INDEX_NONE)
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("A variable with name '%s' already exists"), *Name));
+		return false;
+	}
+	TSet<FName> Functions;
+	FBlueprintEditorUtils::GetFunctionNameList(Blueprint, Functions);
+	if (Functions.Contains(VariableName))
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("A function with name '%s' already exists"), *Name));
+		return false;
+	}
+	if (Blueprint->SimpleConstructionScript && Blueprint->SimpleConstructionScript->FindSCSNode(VariableName))
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("A component with name '%s' already exists"), *Name));
+		return false;
+	}
+	if (Blueprint->ParentClass && Blueprint->ParentClass->FindPropertyByName(VariableName))
+	{
+		Result.AddErrorMessage(
+			FString::Printf(TEXT("A property with name '%s' already exists in the parent class"), *Name));
+		return false;
+	}
+	const EValidatorResult Verdict = FKismetNameValidator(Blueprint).IsValid(Name);
+	if (Verdict != EValidatorResult::Ok)
+	{
+		Result.AddErrorMessage(
+			FString::Printf(TEXT("%s for name '%s'"), *INameValidatorInterface::GetErrorString(Name, Verdict), *Name));
+		return false;
+	}
+	return true;
+}
+
+TArray<USCS_Node*> FBlueprintUtils::GetBlueprintComponentsFromSCS(const UBlueprint* Blueprint, bool bWithInherited)
+{
+	TArray<USCS_Node*> Nodes;
+	if (!Blueprint)
+	{
+		return Nodes;
+	}
+	if (bWithInherited)
+	{
+		Nodes = GetBlueprintComponentsFromSCS(UBlueprint::GetBlueprintFromClass(Blueprint->ParentClass));
+	}
+	if (Blueprint->SimpleConstructionScript)
+	{
+		Nodes.Append(Blueprint->SimpleConstructionScript->GetAllNodes());
+	}
+	return Nodes;
+}
