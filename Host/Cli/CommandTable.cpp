@@ -7,6 +7,7 @@ const std::vector<FCommandRow>& GetCommandTable()
 		{"call", "Call one tool and print its result", &MakeCallCommand},
 		{"run", "Call the tools of a script, one result a line", &MakeRunCommand},
 		{"tools", "List the tools", &MakeToolsCommand},
+		{"demo", "Play a session in a temporary project, printing each call and its result", &MakeDemoCommand},
 	};
 	return Rows;
 }

@@ -22,3 +22,4 @@ std::unique_ptr<ICommand> MakeServeCommand();
 std::unique_ptr<ICommand> MakeCallCommand();
 std::unique_ptr<ICommand> MakeRunCommand();
 std::unique_ptr<ICommand> MakeToolsCommand();
+std::unique_ptr<ICommand> MakeDemoCommand();

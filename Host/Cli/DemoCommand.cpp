@@ -1,0 +1,175 @@
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+#include <CLI/CLI.hpp>
+
+#include "Cli/CommandTable.h"
+#include "Cli/DemoSteps.h"
+#include "Containers/StringConv.h"
+#include "Dom/JsonObject.h"
+#include "Serialization/JsonUtf8.h"
+
+namespace DemoCommandPrivate
+{
+constexpr size_t MaxShownLines = 24;
+
+/** A folder that is gone with the demonstration. */
+class FTemporaryFolder
+{
+public:
+	FTemporaryFolder()
+	{
+		std::string Template = (std::filesystem::temp_directory_path() / "morvane-demo-XXXXXX").string();
+		Path = mkdtemp(Template.data()) ? Template : std::string();
+	}
+	~FTemporaryFolder()
+	{
+		std::error_code Ignored;
+		std::filesystem::remove_all(Path, Ignored);
+	}
+	std::string Path;
+};
+
+TSharedPtr<FJsonValue> Parse(const std::string& Json)
+{
+	TSharedPtr<FJsonValue> Value;
+	FString Ignored;
+	JsonUtf8::ParseValue(Json, Value, Ignored);
+	return Value;
+}
+
+std::string Pretty(const FJsonValue& Value)
+{
+	std::string Text;
+	JsonUtf8::WriteValue(Value, Text, true);
+	return Text;
+}
+
+/** At most so many lines, each moved to the right. */
+std::string Excerpt(const std::string& Text)
+{
+	std::string Shown;
+	size_t NumLines = 0;
+	for (size_t Start = 0; Start < Text.size(); ++NumLines)
+	{
+		const size_t End = std::min(Text.find('\n', Start), Text.size());
+		if (NumLines < MaxShownLines)
+		{
+			Shown.append("      ").append(Text, Start, End - Start).append("\n");
+		}
+		Start = End + 1;
+	}
+	if (NumLines > MaxShownLines)
+	{
+		Shown += "      ... and " + std::to_string(NumLines - MaxShownLines) + " more lines\n";
+	}
+	return Shown;
+}
+
+std::string Sentences(const FJsonObject& Result, const TCHAR* Name, const std::string& Mark)
+{
+	std::string Text;
+	for (const TSharedPtr<FJsonValue>& Message : Result.GetArrayField(Name))
+	{
+		Text += "   " + Mark + ToUtf8(Message->AsString()) + "\n";
+	}
+	return Text;
+}
+
+/** Tools set some values as JSON text; a person would rather see what it says. */
+std::string DescribeData(const FJsonObject& Data)
+{
+	std::string Text;
+	for (const auto& Pair : Data.Values)
+	{
+		const TSharedPtr<FJsonValue> Inner = Parse(ToUtf8(Pair.Value->AsString()));
+		Text += "   " + ToUtf8(Pair.Key) + ":\n" + Excerpt(Pretty(Inner ? *Inner : *Pair.Value));
+	}
+	return Text;
+}
+
+std::string DescribeResult(const FToolOutcome& Outcome)
+{
+	const TSharedPtr<FJsonValue> Value = Parse(Outcome.ResultJson);
+	const TSharedPtr<FJsonObject> Result = Value ? Value->AsObject() : nullptr;
+	if (!Result)
+	{
+		return Outcome.ResultJson + "\n";
+	}
+	std::string Text = Outcome.bSuccess ? "   -> success\n" : "   -> failure\n";
+	Text += Sentences(*Result, TEXT("errors"), "error: ");
+	Text += Sentences(*Result, TEXT("warnings"), "warning: ");
+	Text += Sentences(*Result, TEXT("messages"), "");
+	if (const TSharedPtr<FJsonObject> Data = Result->GetObjectField(TEXT("data")))
+	{
+		Text += DescribeData(*Data);
+	}
+	return Text;
+}
+
+std::string ListFiles(const std::string& Folder)
+{
+	std::vector<std::string> Lines;
+	std::error_code Ignored;
+	for (const auto& Entry : std::filesystem::recursive_directory_iterator(Folder, Ignored))
+	{
+		if (Entry.is_regular_file(Ignored) && Entry.path().filename().string().front() != '.')
+		{
+			Lines.push_back("   " + std::filesystem::relative(Entry.path(), Folder, Ignored).string() + "  "
+				+ std::to_string(Entry.file_size(Ignored)) + " bytes\n");
+		}
+	}
+	std::sort(Lines.begin(), Lines.end());
+	std::string Text = "== The project's files\n";
+	for (const std::string& Line : Lines)
+	{
+		Text += Line;
+	}
+	return Text;
+}
+} // namespace DemoCommandPrivate
+
+/** morvane demo */
+class FDemoCommand : public ICommand
+{
+public:
+	void Describe(CLI::App&) override {}
+
+	/** Without a project given, one in a temporary folder is made and thrown away. */
+	EExitStatus Run(const FCommandContext& Context) override
+	{
+		const DemoCommandPrivate::FTemporaryFolder Folder;
+		FHostOptions Options = Context.Options;
+		Options.ProjectDir = Options.ProjectDir.empty() ? Folder.Path : Options.ProjectDir;
+		const std::unique_ptr<IToolHost> Tools = Context.MakeToolHost(Options);
+		const std::vector<FToolListing> Listed = Tools->ListTools();
+		bool bAllSucceeded = true;
+		for (const FDemoStep& Step : GetDemoSteps())
+		{
+			const bool bKnown = std::any_of(
+				Listed.begin(), Listed.end(), [&Step](const FToolListing& Tool) { return Tool.Name == Step.Tool; });
+			if (bKnown)
+			{
+				bAllSucceeded = Play(Step, *Tools, Context) && bAllSucceeded;
+			}
+		}
+		Context.Output.WriteLine(DemoCommandPrivate::ListFiles(Options.ProjectDir));
+		return bAllSucceeded ? EExitStatus::Succeeded : EExitStatus::Failed;
+	}
+
+private:
+	static bool Play(const FDemoStep& Step, IToolHost& Tools, const FCommandContext& Context)
+	{
+		Context.Output.WriteLine(std::string("== ").append(Step.Story));
+		Context.Output.WriteLine(std::string("   ").append(Step.Tool).append(" ").append(Step.Arguments));
+		const FToolOutcome Outcome = Tools.CallTool(Step.Tool, Step.Arguments);
+		Context.Output.WriteLine(DemoCommandPrivate::DescribeResult(Outcome));
+		return Outcome.bSuccess;
+	}
+};
+
+std::unique_ptr<ICommand> MakeDemoCommand()
+{
+	return std::make_unique<FDemoCommand>();
+}
