@@ -16,10 +16,10 @@ enum class EToolKind : uint8
 /** One tool of this module. Everything that needs the list of tools walks the table. */
 struct FToolRow
 {
-	/** What reads, null for the other kinds. */
-	const TCHAR* SubOperation;
 	const TCHAR* Name;
 	EToolKind Kind;
+	/** What a read tool reads; null for the other kinds. */
+	const TCHAR* SubOperation;
 	const TCHAR* Parameters;
 	const TCHAR* Description;
 	/** Makes the tool object from its parameters, description and metadata texts. */

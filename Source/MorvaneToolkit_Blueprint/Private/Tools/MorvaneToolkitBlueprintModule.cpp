@@ -1,0 +1,92 @@
+#include "MorvaneToolkitBlueprintModule.h"
+
+#include "Dom/JsonObject.h"
+#include "ModificationReadRegistry.h"
+#include "MorvaneToolkitModule.h"
+#include "ToolInfo.h"
+#include "ToolTable.h"
+
+#if __has_include("BlueprintReadUtils.h")
+#include "BlueprintReadUtils.h"
+#endif
+
+namespace BlueprintReadTools
+{
+/** Reads with the parameters that a modification was tracked with; the tool's name in them tells what to read. */
+FModificationReadRegistry::FReader MakeReader(const FString& ToolName)
+{
+	return [ToolName](const TSharedPtr<FJsonObject>& Parameters, Morvane::FToolResult& Result)
+	{
+		Parameters->SetStringField(Morvane::ToolInfo::FieldName_ReadTool, ToolName);
+#if __has_include("BlueprintReadUtils.h")
+		return FBlueprintReadUtils::ReadBlueprint(Parameters, Result);
+#else
+		return FString(TEXT("{}"));
+#endif
+	};
+}
+
+void Register()
+{
+	for (const FToolRow& Row : ToolTable::GetRows())
+	{
+		if (Row.Kind == EToolKind::Read)
+		{
+			FModificationReadRegistry::Get().RegisterReadTool(
+				Row.Name, Morvane::ToolInfo::CategoryName_Blueprint, MakeReader(Row.Name));
+		}
+	}
+}
+
+void Unregister()
+{
+	for (const FToolRow& Row : ToolTable::GetRows())
+	{
+		if (Row.Kind == EToolKind::Read)
+		{
+			FModificationReadRegistry::Get().UnregisterReadTool(Row.Name);
+		}
+	}
+}
+} // namespace BlueprintReadTools
+
+void FMorvaneToolkitBlueprintModule::StartupModule()
+{
+	const TSharedPtr<IToolExecutor> Executor = FMorvaneToolkitModule::GetToolExecutor();
+	if (!Executor.IsValid())
+	{
+		return;
+	}
+	ToolHolders.Reset();
+	for (const FToolRow& Row : ToolTable::GetRows())
+	{
+		const TSharedPtr<ITool> Tool = ToolTable::MakeTool(Row);
+		ToolHolders.Add(Tool);
+		if (Executor->RegisterTool(Row.Name, Tool))
+		{
+			RegisteredTools.Add(Row.Name);
+		}
+	}
+	BlueprintReadTools::Register();
+}
+
+void FMorvaneToolkitBlueprintModule::ShutdownModule()
+{
+	const TSharedPtr<IToolExecutor> Executor = FMorvaneToolkitModule::GetToolExecutor();
+	if (!Executor.IsValid())
+	{
+		return;
+	}
+	BlueprintReadTools::Unregister();
+	for (const FString& Name : RegisteredTools)
+	{
+		Executor->UnregisterTool(Name);
+	}
+	RegisteredTools.Empty();
+	for (TSharedPtr<ITool>& Holder : ToolHolders)
+	{
+		Holder.Reset();
+	}
+}
+
+IMPLEMENT_MODULE(FMorvaneToolkitBlueprintModule, MorvaneToolkit_Blueprint);
