@@ -1,11 +1,11 @@
 #include "UObject/Catalogue.h"
 
+#include "Boot/EditorModules.h"
 #include "HAL/FileManager.h"
 #include "Misc/FileHelper.h"
 #include "Misc/Guid.h"
 #include "Misc/Paths.h"
 #include "UObject/Class.h"
-#include "UObject/ObjectProviders.h"
 #include "UObject/UnrealType.h"
 
 #include <gmock/gmock.h>
@@ -20,11 +20,8 @@ namespace ProjectCatalogueTests
 class ProjectCatalogue : public testing::Test
 {
 protected:
-	static void SetUpTestSuite()
-	{
-		RegisterCoreUObjectClasses();
-		FCatalogue::Get().Install();
-	}
+	// All of the editor: a native class must be known before data of its path is asked for.
+	static void SetUpTestSuite() { EditorModules::StartEditor(); }
 
 	void TearDown() override
 	{

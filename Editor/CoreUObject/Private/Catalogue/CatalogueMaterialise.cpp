@@ -19,30 +19,51 @@ const FString& True()
 	return Text;
 }
 
-EClassFlags ToClassFlags(uint32 Flags)
+/** A bit of a record and what stands for it in an object. */
+struct FFlagRow
 {
-	uint32 Result = CLASS_Native;
-	Result |= Flags & Owner_Abstract ? CLASS_Abstract : 0;
-	Result |= Flags & Owner_Interface ? CLASS_Interface | CLASS_Abstract : 0;
-	Result |= Flags & Owner_Const ? CLASS_Const : 0;
-	Result |= Flags & Owner_Deprecated ? CLASS_Deprecated | CLASS_NotPlaceable : 0;
-	Result |= Flags & (Owner_Component | Owner_Widget) ? CLASS_DefaultToInstanced : 0;
-	return static_cast<EClassFlags>(Result);
+	uint32 Record;
+	uint32 Object;
+};
+
+template <std::size_t NumRows>
+uint32 Translate(uint32 Record, const FFlagRow (&Rows)[NumRows])
+{
+	uint32 Result = 0;
+	for (const FFlagRow& Row : Rows)
+	{
+		Result |= Record & Row.Record ? Row.Object : 0U;
+	}
+	return Result;
 }
+
+constexpr FFlagRow ClassFlagRows[] = {
+	{Owner_Abstract, CLASS_Abstract},
+	{Owner_Interface, CLASS_Interface | CLASS_Abstract},
+	{Owner_Const, CLASS_Const},
+	{Owner_Deprecated, CLASS_Deprecated | CLASS_NotPlaceable},
+	{Owner_Component | Owner_Widget, CLASS_DefaultToInstanced},
+};
+
+constexpr FFlagRow FunctionFlagRows[] = {
+	{Function_Event | Function_NativeEvent, FUNC_Event | FUNC_BlueprintEvent},
+	{Function_NativeEvent, FUNC_Native},
+	{Function_Static, FUNC_Static | FUNC_Final},
+	{Function_Callable, FUNC_BlueprintCallable},
+	{Function_Pure, FUNC_BlueprintPure | FUNC_BlueprintCallable},
+	{Function_Const, FUNC_Const},
+};
 
 EFunctionFlags ToFunctionFlags(const FImageView& View, const FFunctionRecord& Record)
 {
-	uint32 Result = Record.Flags & Function_Protected ? FUNC_Protected : FUNC_Public;
-	Result |= Record.Flags & (Function_Event | Function_NativeEvent) ? FUNC_Event | FUNC_BlueprintEvent : FUNC_Native;
-	Result |= Record.Flags & Function_NativeEvent ? FUNC_Native : 0;
-	Result |= Record.Flags & Function_Static ? FUNC_Static | FUNC_Final : 0;
-	Result |= Record.Flags & Function_Callable ? FUNC_BlueprintCallable : 0;
-	Result |= Record.Flags & Function_Pure ? FUNC_BlueprintPure | FUNC_BlueprintCallable : 0;
-	Result |= Record.Flags & Function_Const ? FUNC_Const : 0;
+	uint32 Result = Translate(Record.Flags, FunctionFlagRows);
+	Result |= static_cast<uint32>(Record.Flags & Function_Protected ? FUNC_Protected : FUNC_Public);
+	Result |= Record.Flags & Function_Event ? 0U : static_cast<uint32>(FUNC_Native);
 	for (uint32 Index = 0; Index < Record.Params.Num; ++Index)
 	{
 		const uint32 Flags = View.Property(Record.Params.First + Index).Flags;
-		Result |= (Flags & (Property_Out | Property_Ref)) && !(Flags & Property_Return) ? FUNC_HasOutParms : 0;
+		const bool bComesBack = (Flags & (Property_Out | Property_Ref)) && !(Flags & Property_Return);
+		Result |= bComesBack ? static_cast<uint32>(FUNC_HasOutParms) : 0U;
 	}
 	return static_cast<EFunctionFlags>(Result);
 }
@@ -51,8 +72,9 @@ UClass* MakeClass(FLoadedImage& Image, const FOwnerRecord& Record, UObject* Oute
 {
 	UClass* const Parent = Image.Resolve<UClass>(Record.Parent);
 	UClass* const Class = NewObject<UClass>(Outer, Name, ReflectionFlags);
-	const uint32 Inherited = Parent ? Parent->ClassFlags & InheritedClassFlags : 0;
-	Class->ClassFlags = static_cast<EClassFlags>(ToClassFlags(Record.Flags) | Inherited);
+	const uint32 Inherited = Parent ? Parent->ClassFlags & InheritedClassFlags : 0U;
+	const uint32 Own = Translate(Record.Flags, ClassFlagRows) | CLASS_Native;
+	Class->ClassFlags = static_cast<EClassFlags>(Own | Inherited);
 	Class->SetSuperStruct(Parent ? Parent : UObject::StaticClass());
 	return Class;
 }
@@ -155,7 +177,7 @@ UEnum* MakeEnum(FLoadedImage& Image, const FOwnerRecord& Record, UObject* Outer,
 UDelegateFunction* MakeSignature(const FOwnerRecord& Record, UObject* Outer, FName Name)
 {
 	UDelegateFunction* const Signature = NewObject<UDelegateFunction>(Outer, Name, ReflectionFlags);
-	const uint32 Multicast = Record.Flags & Owner_Multicast ? FUNC_MulticastDelegate : 0;
+	const uint32 Multicast = Record.Flags & Owner_Multicast ? static_cast<uint32>(FUNC_MulticastDelegate) : 0U;
 	Signature->FunctionFlags = static_cast<EFunctionFlags>(FUNC_Public | FUNC_Delegate | Multicast);
 	Signature->NumParms = static_cast<int32>(Record.Properties.Num);
 	return Signature;
