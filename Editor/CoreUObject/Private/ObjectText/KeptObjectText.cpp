@@ -54,6 +54,18 @@ FKeptObjectText& FKeptObjectText::FindOrAdd(UObject* Object)
 	return Entry.Text;
 }
 
+const FKeptObjectText::FUnread* FKeptObjectText::FindUnread(FName Property, int32 Index) const
+{
+	for (const FUnread& Value : Unread)
+	{
+		if (Value.Property == Property && Value.Index == Index)
+		{
+			return &Value;
+		}
+	}
+	return nullptr;
+}
+
 void FKeptObjectText::Forget(const UObject* Object)
 {
 	KeptObjectText::Entries().erase(Object->GetInternalIndex());

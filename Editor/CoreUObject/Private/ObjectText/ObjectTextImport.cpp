@@ -220,6 +220,11 @@ void FObjectTextImport::ImportProperty(UObject* Object, const FObjectTextLine& L
 	ObjectTextImporting::FReasonDevice Reason;
 	if (!Property->ImportText_Direct(Text.c_str(), Value, Object, PPF_Delimited, &Reason))
 	{
+		FKeptObjectText::FUnread& Kept = FKeptObjectText::FindOrAdd(Object).Unread.emplace_back();
+		Kept.Property = FName(Line.Name);
+		Kept.Index = Line.Index;
+		Kept.Value = Line.Value;
+		Property->ExportTextItem_Direct(Kept.TextAfter, Value, nullptr, Object, PPF_Delimited);
 		Complain(Object, Line, Reason.Reason.IsEmpty() ? FString(TEXT("the value cannot be read")) : Reason.Reason);
 	}
 	WideScratch = MoveTemp(Text);

@@ -256,6 +256,7 @@ bool FObjectTextWriter::Properties(UObject& Object, int32 Level)
 {
 	const UObject* const Baseline = ObjectTextWriting::FindBaseline(Object);
 	const bool bIsDefault = Object.HasAnyFlags(RF_ClassDefaultObject);
+	const FKeptObjectText* const Kept = FKeptObjectText::Find(&Object);
 	for (TFieldIterator<FProperty> It(Object.GetClass()); It; ++It)
 	{
 		const FProperty& Property = **It;
@@ -270,19 +271,17 @@ bool FObjectTextWriter::Properties(UObject& Object, int32 Level)
 			&& Declarer->GetOutermost() == Options.OwnPackage;
 		const void* const Value = Property.GetValuePtr(&Object);
 		const void* const Default = bInBaseline ? Property.GetValuePtr(Baseline) : nullptr;
-		if ((bAlways || !Property.Identical(Value, Default, Options.PortFlags))
+		const bool bUnread = Kept && Kept->FindUnread(Property.GetFName(), INDEX_NONE);
+		if ((bAlways || bUnread || !Property.Identical(Value, Default, Options.PortFlags))
 			&& !WriteProperty(Object, Property, Value, Default, Level))
 		{
 			return false;
 		}
 	}
-	if (const FKeptObjectText* const Kept = FKeptObjectText::Find(&Object))
+	for (std::size_t Index = 0; Kept && Index < Kept->Lines.size(); ++Index)
 	{
-		for (const std::string& Line : Kept->Lines)
-		{
-			Indent(Level);
-			Out.append(Line).push_back('\n');
-		}
+		Indent(Level);
+		Out.append(Kept->Lines[Index]).push_back('\n');
 	}
 	return true;
 }
@@ -327,6 +326,11 @@ bool FObjectTextWriter::PropertyLine(UObject& Object, const FProperty& Named, co
 	const void* Value, const void* Default, int32 Index, int32 Level)
 {
 	LineStart(Named, Index, Level);
+	if (const std::string* const Unread = FindUnread(Object, Named, Property, Value, Index))
+	{
+		Out.append(*Unread).push_back('\n');
+		return true;
+	}
 	Scratch.Reset();
 	Property.ExportTextItem_Direct(
 		Scratch, Value, Default, &Object, static_cast<int32>(Options.PortFlags), Options.RootScope);
@@ -340,6 +344,20 @@ bool FObjectTextWriter::PropertyLine(UObject& Object, const FProperty& Named, co
 	}
 	Out.push_back('\n');
 	return true;
+}
+
+const std::string* FObjectTextWriter::FindUnread(
+	UObject& Object, const FProperty& Named, const FProperty& Property, const void* Value, int32 Index)
+{
+	const FKeptObjectText* const Kept = FKeptObjectText::Find(&Object);
+	const FKeptObjectText::FUnread* const Unread = Kept ? Kept->FindUnread(Named.GetFName(), Index) : nullptr;
+	if (!Unread)
+	{
+		return nullptr;
+	}
+	FString Now;
+	Property.ExportTextItem_Direct(Now, Value, nullptr, &Object, PPF_Delimited);
+	return Now.Equals(Unread->TextAfter) ? &Unread->Value : nullptr;
 }
 
 bool FObjectTextWriter::CustomProperties(UObject& Object, int32 Level)

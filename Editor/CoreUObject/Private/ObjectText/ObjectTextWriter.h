@@ -38,6 +38,9 @@ private:
 	bool PropertyLine(UObject& Object, const FProperty& Named, const FProperty& Property, const void* Value,
 		const void* Default, int32 Index, int32 Level);
 	void LineStart(const FProperty& Property, int32 Index, int32 Level);
+	/** What was read and not understood for a value that is still as it was then; null for every other. */
+	const std::string* FindUnread(
+		UObject& Object, const FProperty& Named, const FProperty& Property, const void* Value, int32 Index);
 	bool CustomProperties(UObject& Object, int32 Level);
 	void ForEachKept(const UObject& Object, TFunctionRef<void(const FObjectTextRecord&)> Visit);
 	void RecordHeader(const FObjectTextRecord& Record, int32 Level, bool bDeclare);

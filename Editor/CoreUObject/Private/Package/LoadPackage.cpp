@@ -128,6 +128,7 @@ public:
 			return false;
 		}
 		LoadClassesOfOthers();
+		GiveClassesTheirParent(TEXT("ParentClass"));
 		const std::size_t NumOutermost = Made.size();
 		for (std::size_t Index = 0; Index < NumOutermost; ++Index)
 		{
@@ -195,6 +196,30 @@ private:
 			if (Object && Object->GetName().Equals(Header.AssetName, ESearchCase::IgnoreCase))
 			{
 				Asset = Object;
+			}
+		}
+		GiveClassesTheirParent(TEXT("NativeParentClass"));
+	}
+
+	/**
+	 * A class shell needs a parent before it is rebuilt, so that a reference to it is one to a class of the right kind.
+	 * First the native one, which is always there, then the real one when its package was read.
+	 */
+	void GiveClassesTheirParent(const TCHAR* TagName)
+	{
+		const FString* const Tag = Header.FindTag(TagName);
+		UClass* Parent = Tag ? FindObject<UClass>(nullptr, FPackageName::ExportTextPathToObjectPath(*Tag)) : nullptr;
+		for (const FMade& Entry : Made)
+		{
+			UClass* const Shell = Entry.Object->GetOuter() == Package ? Cast<UClass>(Entry.Object) : nullptr;
+			const bool bCircular = Parent && Shell && Parent->IsChildOf(Shell);
+			if (Shell && Parent && !bCircular)
+			{
+				Shell->SetSuperStruct(Parent);
+			}
+			else if (Shell && !Shell->GetSuperClass())
+			{
+				Shell->SetSuperStruct(UObject::StaticClass());
 			}
 		}
 	}

@@ -155,7 +155,10 @@ public:
 		{
 			return EHeaderState::CutOff;
 		}
-		if (Line.substr(0, 9) != "Checksum="sv || !ParseNumber(Line.substr(9), 16, OutHeader.Checksum))
+		// Capital digits are refused too: one flipped bit makes them.
+		const std::string_view Digits = Line.substr(std::min<std::size_t>(9, Line.size()));
+		if (Line.substr(0, 9) != "Checksum="sv || Digits.find_first_of("ABCDEF") != std::string_view::npos
+			|| !ParseNumber(Digits, 16, OutHeader.Checksum))
 		{
 			return EHeaderState::Malformed;
 		}
@@ -377,6 +380,11 @@ bool FPackageText::CheckBytes(std::string_view Bytes, const FString& Filename, F
 		return false;
 	}
 	return true;
+}
+
+std::string FPackageText::MakeBytes(const FHeader& Header, std::string_view Body)
+{
+	return PackageFile::MakeHeader(Header, Body).append(Body);
 }
 
 FString FPackageText::FindEngineAsset(const FString& LongPackageName)

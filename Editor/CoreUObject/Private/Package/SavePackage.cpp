@@ -133,13 +133,11 @@ private:
 		{
 			return Refuse(*Reason);
 		}
-		if (const FKeptObjectText* const Kept = FKeptObjectText::Find(&Package))
+		const FKeptObjectText* const KeptOutermost = FKeptObjectText::Find(&Package);
+		FObjectTextWriter Writer(FObjectTextExport::Package(&Package), Body);
+		for (std::size_t Index = 0; KeptOutermost && Index < KeptOutermost->Objects.size(); ++Index)
 		{
-			FObjectTextWriter Writer(FObjectTextExport::Package(&Package), Body);
-			for (const std::string& Text : Kept->Objects)
-			{
-				Writer.WriteKept(Text);
-			}
+			Writer.WriteKept(KeptOutermost->Objects[Index]);
 		}
 		// Nothing reaches the disk that could not be read again.
 		FObjectTextTree Tree;
@@ -150,7 +148,9 @@ private:
 		}
 		Header.PackageName = Package.GetName();
 		Header.AssetName = Asset.GetName();
-		Header.AssetClassPath = Asset.GetClass()->GetPathName();
+		const FKeptObjectText* const Kept = FKeptObjectText::Find(&Asset);
+		Header.AssetClassPath = Kept && !Kept->ClassPath.empty() ? FromUtf8(Kept->ClassPath)
+																 : Asset.GetClass()->GetPathName();
 		Header.Tags = FPackageText::CollectTags(Asset);
 		return true;
 	}

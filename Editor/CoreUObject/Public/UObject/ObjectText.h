@@ -213,13 +213,25 @@ struct FKeptObjectText
 {
 	/** The class as read, when another class stands in for it. */
 	std::string ClassPath;
-	/** "Name=Value" lines. */
+	/** "Name=Value" lines of properties that the class does not have. */
 	std::vector<std::string> Lines;
+	/** A value that could not be read, as when it refers to an asset that is missing. It is written back as long as the
+	 * property is not changed. */
+	struct FUnread
+	{
+		FName Property;
+		int32 Index = INDEX_NONE;
+		std::string Value;
+		/** The property's text right after the attempt. */
+		FString TextAfter;
+	};
+	std::vector<FUnread> Unread;
 	/** Whole objects below this one, each as text. */
 	std::vector<std::string> Objects;
 
 	/** Null for most objects. */
 	static const FKeptObjectText* Find(const UObject* Object);
+	const FUnread* FindUnread(FName Property, int32 Index) const;
 	static FKeptObjectText& FindOrAdd(UObject* Object);
 	static void Forget(const UObject* Object);
 	/** The record with all below it, as one piece of text. */

@@ -51,6 +51,8 @@ public:
 	static bool ReadHeader(const FString& Filename, FHeader& OutHeader, FString& OutError);
 	/** The header of a whole package in memory, checked against it: length, checksum. Filename only words the error. */
 	static bool CheckBytes(std::string_view Bytes, const FString& Filename, FHeader& OutHeader, FString& OutError);
+	/** A whole package: the header's names and tags, the object text, and the length and checksum of it. */
+	static std::string MakeBytes(const FHeader& Header, std::string_view Body);
 	/** As Load, from bytes instead of a file. The package name is the header's. */
 	static UPackage* LoadFromBytes(std::string Bytes, const FString& Filename, FString& OutError);
 
