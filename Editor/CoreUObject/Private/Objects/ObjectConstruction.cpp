@@ -65,25 +65,33 @@ static void TakeOverOwnValues(UObject* New, const UObject* Old, const UObject* P
 	}
 }
 
-/** Gives the object a default sub-object for each that its archetype has, and points its references at its own ones. */
-static void InstanceSubobjects(UObject* Object, const UObject* Archetype)
+/**
+ * Gives the object a default sub-object for each that its archetype has, and points its references at its own ones. A
+ * sub-object that the constructor made takes the archetype's values too, unless the constructor gives them all.
+ */
+static void InstanceSubobjects(UObject* Object, const UObject* Archetype, bool bConstructorGivesAll)
 {
-	if (!Archetype->GetFirstInner())
-	{
-		return;
-	}
 	const bool bInTemplate = Object->IsTemplate();
 	for (UObject* Inner = Archetype->GetFirstInner(); Inner; Inner = Inner->GetNextInner())
 	{
-		if (Inner->HasAnyFlags(RF_DefaultSubObject) && !FObjectTable::Get().Find(Object, Inner->GetFName()))
+		if (!Inner->HasAnyFlags(RF_DefaultSubObject))
+		{
+			continue;
+		}
+		UObject* const Standing = FObjectTable::Get().Find(Object, Inner->GetFName());
+		if (!Standing)
 		{
 			const uint32 Flags = (Inner->GetFlags() & ~RF_ArchetypeObject)
 				| (bInTemplate ? RF_ArchetypeObject : RF_NoFlags);
 			StaticConstructObject_Internal(
 				Inner->GetClass(), Object, Inner->GetFName(), static_cast<EObjectFlags>(Flags), Inner);
 		}
+		else if (!bConstructorGivesAll)
+		{
+			CopyProperties(Standing, Inner, false);
+			InstanceSubobjects(Standing, Inner, false);
+		}
 	}
-	PointTreeAtCounterparts(Object, Archetype);
 }
 
 void CopyProperties(UObject* Target, const UObject* Source, bool bExtensionOnly)
@@ -140,7 +148,11 @@ static void InitializeFromArchetype(UObject* Object, UObject* Template)
 	{
 		CopyProperties(Object, Archetype, bConstructorGivesAll);
 	}
-	InstanceSubobjects(Object, Archetype);
+	if (Archetype->GetFirstInner())
+	{
+		InstanceSubobjects(Object, Archetype, bConstructorGivesAll);
+		PointTreeAtCounterparts(Object, Archetype);
+	}
 }
 } // namespace ObjectConstruction
 
@@ -180,12 +192,7 @@ UObject* UObject::CreateDefaultSubobject(
 	uint32 Flags = RF_Public | RF_DefaultSubObject;
 	Flags |= IsTemplate() ? RF_ArchetypeObject : RF_NoFlags;
 	Flags |= bIsTransient ? RF_Transient : RF_NoFlags;
-	const UObject* const Archetype = GetArchetype();
-	UObject* const Template = Archetype && Archetype != this ? FObjectTable::Get().Find(Archetype, SubobjectFName)
-															 : nullptr;
-	const bool bTemplateFits = Template && ClassToCreate->IsChildOf(Template->GetClass());
-	return StaticConstructObject_Internal(
-		ClassToCreate, this, SubobjectFName, static_cast<EObjectFlags>(Flags), bTemplateFits ? Template : nullptr);
+	return StaticConstructObject_Internal(ClassToCreate, this, SubobjectFName, static_cast<EObjectFlags>(Flags));
 }
 
 UObject* UClass::GetDefaultObject(bool bCreateIfNeeded) const
