@@ -5,27 +5,9 @@
 
 namespace AssetOperationKeywordText
 {
-/** "=printstring" of the words; an event's mark is left out, since authors leave it out, and so is a repeated word. */
-FString MakeWhole(const TArray<FString>& Words)
+bool IsOneOf(const FString& Word, std::initializer_list<const TCHAR*> Names)
 {
-	FString Whole(TEXT("="));
-	for (int32 Index = 0; Index < Words.Num(); ++Index)
-	{
-		const bool bEventMark = Index == 0 && Words.Num() > 1
-			&& Words[0].Equals(TEXT("event"), ESearchCase::CaseSensitive);
-		const bool bRepeated = Index > 0 && Words[Index].Equals(Words[Index - 1], ESearchCase::CaseSensitive);
-		if (!bEventMark && !bRepeated)
-		{
-			Whole += Words[Index];
-		}
-	}
-	return Whole;
-}
-
-bool IsOperatorWord(const FString& Word)
-{
-	for (const TCHAR* const Name : {TEXT("add"), TEXT("subtract"), TEXT("multiply"), TEXT("divide"), TEXT("modulo"),
-			 TEXT("equal"), TEXT("not"), TEXT("less"), TEXT("greater"), TEXT("and"), TEXT("or"), TEXT("power")})
+	for (const TCHAR* const Name : Names)
 	{
 		if (Word.Equals(Name, ESearchCase::CaseSensitive))
 		{
@@ -35,11 +17,39 @@ bool IsOperatorWord(const FString& Word)
 	return false;
 }
 
-/** "float <= float" as "Less Equal (float)" would be: the operator first. Empty when the words are no such term. */
+/** "=printstring" of the words. What marks an event in front is left out, since authors leave it out, and so is a
+ * repeated word. */
+FString MakeWhole(const TArray<FString>& Words)
+{
+	const bool bEventMark = Words.Num() > 1 && IsOneOf(Words[0], {TEXT("event"), TEXT("on")});
+	FString Whole(TEXT("="));
+	for (int32 Index = bEventMark ? 1 : 0; Index < Words.Num(); ++Index)
+	{
+		const bool bRepeated = Index > 0 && Words[Index].Equals(Words[Index - 1], ESearchCase::CaseSensitive);
+		Whole += bRepeated ? FString() : Words[Index];
+	}
+	return Whole;
+}
+
+bool IsOperatorWord(const FString& Word)
+{
+	return IsOneOf(Word,
+		{TEXT("add"), TEXT("subtract"), TEXT("multiply"), TEXT("divide"), TEXT("modulo"), TEXT("equal"), TEXT("not"),
+			TEXT("less"), TEXT("greater"), TEXT("and"), TEXT("or"), TEXT("power")});
+}
+
+/**
+ * "float <= float" as "Less Equal (float)" would be, and "integer to string" as "To String (Integer)" would be: the
+ * operator first. Empty when the words are no such term.
+ */
 TArray<FString> PutOperatorFirst(const TArray<FString>& Words)
 {
 	TArray<FString> Turned;
 	const int32 Last = Words.Num() - 1;
+	if (Last == 2 && IsOneOf(Words[1], {TEXT("to")}))
+	{
+		return {Words[1], Words[2], Words[0]};
+	}
 	if (Last < 2 || Last > 3)
 	{
 		return Turned;
@@ -57,57 +67,96 @@ TArray<FString> PutOperatorFirst(const TArray<FString>& Words)
 	return Turned;
 }
 
-/** The part of a title that names: what stands behind "Class::" or "Class." and before a remark in brackets. */
+/** "PrintString" of "UKismetSystemLibrary::PrintString" and "/Script/Engine.KismetSystemLibrary:PrintString". */
+FString StripQualifier(const FString& Text)
+{
+	int32 Blank = INDEX_NONE;
+	int32 Colon = INDEX_NONE;
+	int32 Dot = INDEX_NONE;
+	Text.FindLastChar(TEXT(':'), Colon);
+	Text.FindLastChar(TEXT('.'), Dot);
+	const int32 Qualifier = FMath::Max(Colon, Dot);
+	const bool bQualified = Qualifier > 0 && Qualifier + 1 < Text.Len() && !Text.FindChar(TEXT(' '), Blank);
+	return bQualified ? Text.RightChop(Qualifier + 1) : Text;
+}
+
+/** The part of a title that names: what stands before a remark in brackets. */
 FString GetNamingPart(const FString& Text)
 {
-	FString Name = Text;
 	int32 Bracket = INDEX_NONE;
-	if (Name.FindChar(TEXT('('), Bracket) && Bracket > 0)
+	return Text.FindChar(TEXT('('), Bracket) && Bracket > 0 ? Text.Left(Bracket) : Text;
+}
+
+/** The words that authors mean: shorthand spelled out, and no "convert" before "integer to string". */
+TArray<FString> GetWords(const FString& Text)
+{
+	TArray<FString> Words = KeywordWords::ExpandShorthand(KeywordWords::Split(Text));
+	if (Words.Num() == 4 && IsOneOf(Words[0], {TEXT("convert")}) && IsOneOf(Words[2], {TEXT("to")}))
 	{
-		Name.LeftInline(Bracket);
+		Words.RemoveAt(0);
 	}
-	int32 Qualifier = INDEX_NONE;
-	if ((Name.FindLastChar(TEXT(':'), Qualifier) || Name.FindLastChar(TEXT('.'), Qualifier))
-		&& Qualifier + 1 < Name.Len())
+	return Words;
+}
+
+void AddNodeClass(const FString& ClassName, TArray<FString>& InOutKeywords)
+{
+	InOutKeywords.AddUnique(ClassName.ToLower());
+	FAssetOperationBase::AppendKeywords(ClassName, InOutKeywords);
+	InOutKeywords.AddUnique(TEXT("=") + ClassName.ToLower());
+}
+
+/** Takes the names of node classes out of a text of several words; answers the rest. */
+FString TakeNodeClasses(const FString& Text, TArray<FString>& OutClasses)
+{
+	TArray<FString> Pieces;
+	Text.ParseIntoArrayWS(Pieces);
+	const auto IsNodeClass = [](const FString& Piece) { return KeywordWords::IsNodeClassName(Piece); };
+	if (!Pieces.ContainsByPredicate(IsNodeClass))
 	{
-		Name.RightChopInline(Qualifier + 1);
+		return Text;
 	}
-	return Name;
+	OutClasses = Pieces.FilterByPredicate(IsNodeClass);
+	Pieces.RemoveAll(IsNodeClass);
+	return FString::Join(Pieces, TEXT(" "));
 }
 } // namespace AssetOperationKeywordText
 
 TArray<FString> FAssetOperationBase::CreateKeywords(const FString& Text)
 {
+	using namespace AssetOperationKeywordText;
+
 	TArray<FString> Keywords;
-	const FString Trimmed = Text.TrimStartAndEnd();
-	if (Trimmed.IsEmpty())
+	TArray<FString> NodeClasses;
+	const FString Title = StripQualifier(TakeNodeClasses(Text, NodeClasses).TrimStartAndEnd());
+	if (!Title.IsEmpty())
 	{
-		return Keywords;
+		const TArray<FString> Words = GetWords(Title);
+		for (const FString& Word : Words)
+		{
+			Keywords.AddUnique(Word);
+		}
+		const FString NamingPart = GetNamingPart(Title);
+		if (NamingPart.Len() < Title.Len())
+		{
+			Keywords.AddUnique(MakeWhole(KeywordWords::Split(NamingPart)));
+		}
+		const TArray<FString> Turned = PutOperatorFirst(Words);
+		if (!Turned.IsEmpty())
+		{
+			Keywords.AddUnique(MakeWhole(Turned));
+		}
+		if (!Words.IsEmpty())
+		{
+			// "Get Components" is not "Get Component", where both are titles.
+			Keywords.AddUnique(MakeWhole(KeywordWords::Split(Title, true)));
+		}
+		// A text without any word still has a whole, so that it stands for itself.
+		Keywords.AddUnique(Words.IsEmpty() ? TEXT("=") + Title.ToLower() : MakeWhole(Words));
 	}
-	if (KeywordWords::IsNodeClassName(Trimmed))
+	for (const FString& NodeClass : NodeClasses)
 	{
-		Keywords.Add(Trimmed.ToLower());
-		AppendKeywords(Trimmed, Keywords);
-		Keywords.Add(TEXT("=") + Trimmed.ToLower());
-		return Keywords;
+		AddNodeClass(NodeClass, Keywords);
 	}
-	const TArray<FString> Words = KeywordWords::ExpandShorthand(KeywordWords::Split(Trimmed));
-	for (const FString& Word : Words)
-	{
-		Keywords.AddUnique(Word);
-	}
-	const FString NamingPart = AssetOperationKeywordText::GetNamingPart(Trimmed);
-	if (NamingPart.Len() < Trimmed.Len())
-	{
-		Keywords.AddUnique(AssetOperationKeywordText::MakeWhole(KeywordWords::Split(NamingPart)));
-	}
-	const TArray<FString> Turned = AssetOperationKeywordText::PutOperatorFirst(Words);
-	if (!Turned.IsEmpty())
-	{
-		Keywords.AddUnique(AssetOperationKeywordText::MakeWhole(Turned));
-	}
-	// A text without any word still has a whole, so that it stands for itself.
-	Keywords.AddUnique(Words.IsEmpty() ? TEXT("=") + Trimmed.ToLower() : AssetOperationKeywordText::MakeWhole(Words));
 	return Keywords;
 }
 

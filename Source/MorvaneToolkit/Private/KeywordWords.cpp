@@ -16,6 +16,8 @@ constexpr FSpelling Spellings[] = {
 	{TEXT("divided"), TEXT("divide")},
 	{TEXT("modulus"), TEXT("modulo")},
 	{TEXT("mod"), TEXT("modulo")},
+	{TEXT("abs"), TEXT("absolute")},
+	{TEXT("conv"), TEXT("convert")},
 	{TEXT("equality"), TEXT("equal")},
 	{TEXT("double"), TEXT("float")},
 	{TEXT("real"), TEXT("float")},
@@ -156,16 +158,24 @@ constexpr FSpelling Shorthands[] = {
 	{TEXT("gamestart"), TEXT("event begin play")},
 	{TEXT("onstart"), TEXT("event begin play")},
 	{TEXT("whengamestart"), TEXT("event begin play")},
-	{TEXT("self"), TEXT("get a reference to self")},
-	{TEXT("getself"), TEXT("get a reference to self")},
-	{TEXT("selfreference"), TEXT("get a reference to self")},
-	{TEXT("referencetoself"), TEXT("get a reference to self")},
-	{TEXT("thisactor"), TEXT("get a reference to self")},
+	{TEXT("self"), TEXT("get reference to self")},
+	{TEXT("getself"), TEXT("get reference to self")},
+	{TEXT("selfreference"), TEXT("get reference to self")},
+	{TEXT("referencetoself"), TEXT("get reference to self")},
+	{TEXT("thisactor"), TEXT("get reference to self")},
 	{TEXT("comment"), TEXT("add comment")},
 	{TEXT("commentbox"), TEXT("add comment")},
 	{TEXT("spawnactor"), TEXT("spawn actor from class")},
 	{TEXT("spawn"), TEXT("spawn actor from class")},
 	{TEXT("destroyself"), TEXT("destroy actor")},
+	{TEXT("and"), TEXT("and boolean")},
+	{TEXT("or"), TEXT("or boolean")},
+	{TEXT("not"), TEXT("not boolean")},
+	{TEXT("concat"), TEXT("append")},
+	{TEXT("concatenate"), TEXT("append")},
+	{TEXT("concatstring"), TEXT("append")},
+	{TEXT("concatenatestring"), TEXT("append")},
+	{TEXT("joinstring"), TEXT("append")},
 	{TEXT("teleportactor"), TEXT("teleport")},
 	{TEXT("custommathexpression"), TEXT("add math expression")},
 	{TEXT("mathexpression"), TEXT("add math expression")},
@@ -279,7 +289,7 @@ FString Singular(const FString& Word)
 }
 
 /** Adds a raw word in its one spelling. */
-void AddWord(FStringView Raw, TArray<FString>& OutWords)
+void AddWord(FStringView Raw, bool bKeepPlurals, TArray<FString>& OutWords)
 {
 	const FLookup& Lookup = FLookup::Get();
 	const FString Lower = FString(Raw).ToLower();
@@ -292,7 +302,7 @@ void AddWord(FStringView Raw, TArray<FString>& OutWords)
 		OutWords.Append(*Spelled);
 		return;
 	}
-	const FString Single = Singular(Lower);
+	const FString Single = bKeepPlurals ? Lower : Singular(Lower);
 	if (const TArray<FString>* const Spelled = Lookup.Spelling.Find(Single))
 	{
 		OutWords.Append(*Spelled);
@@ -329,12 +339,12 @@ bool IsWordBoundary(FStringView Run, int32 Index)
 	return FChar::IsUpper(At) && (FChar::IsLower(Before) || (FChar::IsUpper(Before) && bLowerFollows));
 }
 
-void SplitRun(FStringView Run, TArray<FString>& OutWords)
+void SplitRun(FStringView Run, bool bKeepPlurals, TArray<FString>& OutWords)
 {
 	const FString Lower = FString(Run).ToLower();
 	if (FLookup::Get().Spelling.Contains(Lower))
 	{
-		AddWord(Run, OutWords); // "FlipFlop" and "Int32" are known as they stand
+		AddWord(Run, bKeepPlurals, OutWords); // "FlipFlop" and "Int32" are known as they stand
 		return;
 	}
 	int32 Start = HasTypeLetter(Run) ? 1 : 0;
@@ -342,11 +352,11 @@ void SplitRun(FStringView Run, TArray<FString>& OutWords)
 	{
 		if (IsWordBoundary(Run, Index))
 		{
-			AddWord(Run.Mid(Start, Index - Start), OutWords);
+			AddWord(Run.Mid(Start, Index - Start), bKeepPlurals, OutWords);
 			Start = Index;
 		}
 	}
-	AddWord(Run.Mid(Start), OutWords);
+	AddWord(Run.Mid(Start), bKeepPlurals, OutWords);
 }
 
 /** Reads one sign and answers its length; what is no operator separates and has length one. */
@@ -394,7 +404,7 @@ FStringView GetNodeClassStem(FStringView Text)
 }
 } // namespace KeywordWordImpl
 
-TArray<FString> KeywordWords::Split(FStringView Text)
+TArray<FString> KeywordWords::Split(FStringView Text, bool bKeepPlurals)
 {
 	TArray<FString> Words;
 	int32 Index = Text.StartsWith(TEXT("K2_"), ESearchCase::CaseSensitive) ? 3 : 0;
@@ -410,7 +420,7 @@ TArray<FString> KeywordWords::Split(FStringView Text)
 		{
 			++Index;
 		}
-		KeywordWordImpl::SplitRun(Text.Mid(Start, Index - Start), Words);
+		KeywordWordImpl::SplitRun(Text.Mid(Start, Index - Start), bKeepPlurals, Words);
 	}
 	return Words;
 }

@@ -9,7 +9,7 @@ namespace KeywordWords
  * The words in order, repeats included: camel case, digits, signs and separators cut; lower case; plural endings off;
  * abbreviations and operator signs spelled out; filler words left out.
  */
-TArray<FString> Split(FStringView Text);
+TArray<FString> Split(FStringView Text, bool bKeepPlurals = false);
 
 /** The words that an author's shorthand stands for ("if", "wait 2 seconds"), or the given words when it is none. */
 TArray<FString> ExpandShorthand(TArray<FString> Words);
