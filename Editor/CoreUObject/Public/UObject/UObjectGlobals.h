@@ -9,8 +9,8 @@ class UPackage;
 template <class T>
 class TSubclassOf;
 
-/** Reserved outer argument of the find functions: any package. */
-#define ANY_PACKAGE (reinterpret_cast<UPackage*>(-1))
+/** Reserved outer argument of the find functions: any package. No object, but aligned like one. */
+#define ANY_PACKAGE (reinterpret_cast<UPackage*>(-16))
 
 enum ELoadFlags : uint32
 {
