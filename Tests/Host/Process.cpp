@@ -1,7 +1,6 @@
 #include "Host/Process.h"
 
 #include <csignal>
-#include <filesystem>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -57,7 +56,7 @@ std::string ReadAll(const int Handle)
 
 std::string GetMorvanePath()
 {
-	return std::filesystem::read_symlink("/proc/self/exe").parent_path() / "morvane";
+	return MORVANE_PROGRAM;
 }
 
 FProcessResult RunMorvane(const std::vector<std::string>& Words, const std::string& Input)

@@ -7,7 +7,7 @@
 
 #include "Server/FileDescriptor.h"
 
-/** The program under test, which the build puts beside the tests. */
+/** The program under test. */
 std::string GetMorvanePath();
 
 struct FProcessResult
