@@ -47,7 +47,7 @@ endif()
 
 file(GLOB_RECURSE BENCH_SOURCES CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/Benchmarks/*.cpp")
 if(BENCH_SOURCES)
-  add_executable(MorvaneBench ${BENCH_SOURCES})
+  add_executable(MorvaneBench ${BENCH_SOURCES} "${CMAKE_SOURCE_DIR}/Tests/Support/TestAssets.cpp")
   target_include_directories(MorvaneBench PRIVATE "${CMAKE_SOURCE_DIR}/Tests/Support" "${CMAKE_SOURCE_DIR}/Benchmarks" ${MORVANE_PRIVATE_FOLDERS})
   target_compile_definitions(MorvaneBench PRIVATE MORVANE_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
   target_link_libraries(MorvaneBench PRIVATE MorvaneHost benchmark::benchmark_main benchmark::benchmark)
