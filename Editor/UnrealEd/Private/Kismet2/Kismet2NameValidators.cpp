@@ -1,0 +1,82 @@
+#include "Kismet2/Kismet2NameValidators.h"
+
+#include "EdGraphSchema_K2.h"
+#include "K2Node_CustomEvent.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "UObject/Class.h"
+
+FString INameValidatorInterface::GetErrorString(const FString& Name, EValidatorResult ErrorCode)
+{
+	switch (ErrorCode)
+	{
+	case EValidatorResult::Ok:
+		return FString();
+	case EValidatorResult::AlreadyInUse:
+		return FString::Printf(TEXT("\"%s\" is already in use."), *Name);
+	case EValidatorResult::EmptyName:
+		return TEXT("Names cannot be left blank");
+	case EValidatorResult::TooLong:
+		return TEXT("Names must have fewer than 100 characters!");
+	case EValidatorResult::ContainsInvalidCharacters:
+		return FString::Printf(TEXT("\"%s\" contains characters that a name cannot have: . and line breaks"), *Name);
+	case EValidatorResult::ExistingName:
+		return TEXT("Name was not changed.");
+	case EValidatorResult::LocallyInUse:
+		return TEXT("Conflicts with another local variable or function parameter!");
+	}
+	return FString();
+}
+
+FKismetNameValidator::FKismetNameValidator(const UBlueprint* Blueprint, FName InExistingName, UStruct* InScope)
+	: ExistingName(InExistingName), BlueprintObject(Blueprint)
+{
+	if (Blueprint)
+	{
+		FBlueprintEditorUtils::GetClassVariableList(Blueprint, Names, true);
+		FBlueprintEditorUtils::GetFunctionNameList(Blueprint, Names);
+		FBlueprintEditorUtils::GetAllGraphNames(Blueprint, Names);
+		FBlueprintEditorUtils::GetSCSVariableNameList(Blueprint, Names);
+	}
+	if (InScope)
+	{
+		for (TFieldIterator<FProperty> It(InScope, EFieldIteratorFlags::IncludeSuper); It; ++It)
+		{
+			Names.Add(It->GetFName());
+		}
+	}
+}
+
+EValidatorResult FKismetNameValidator::IsValid(const FString& Name, bool)
+{
+	if (Name.IsEmpty())
+	{
+		return EValidatorResult::EmptyName;
+	}
+	if (Name.Len() > GetMaximumNameLength())
+	{
+		return EValidatorResult::TooLong;
+	}
+	int32 Place = INDEX_NONE;
+	for (const TCHAR Bad : {TEXT('.'), TEXT('\n'), TEXT('\r')})
+	{
+		if (Name.FindChar(Bad, Place))
+		{
+			return EValidatorResult::ContainsInvalidCharacters;
+		}
+	}
+	return IsValid(FName(Name));
+}
+
+EValidatorResult FKismetNameValidator::IsValid(const FName& Name, bool)
+{
+	if (Name.IsNone())
+	{
+		return EValidatorResult::EmptyName;
+	}
+	if (Name == ExistingName)
+	{
+		return EValidatorResult::Ok;
+	}
+	const bool bObjectStands = BlueprintObject && StaticFindObjectFast(nullptr, BlueprintObject, Name);
+	return Names.Contains(Name) || bObjectStands ? EValidatorResult::AlreadyInUse : EValidatorResult::Ok;
+}
