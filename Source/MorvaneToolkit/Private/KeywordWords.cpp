@@ -166,7 +166,6 @@ constexpr FSpelling Shorthands[] = {
 	{TEXT("comment"), TEXT("add comment")},
 	{TEXT("commentbox"), TEXT("add comment")},
 	{TEXT("spawnactor"), TEXT("spawn actor from class")},
-	{TEXT("spawn"), TEXT("spawn actor from class")},
 	{TEXT("destroyself"), TEXT("destroy actor")},
 	{TEXT("and"), TEXT("and boolean")},
 	{TEXT("or"), TEXT("or boolean")},
