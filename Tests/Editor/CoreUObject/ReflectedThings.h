@@ -155,11 +155,11 @@ FString ExportValue(UObject* Object, const TCHAR* PropertyName, int32 PortFlags 
 bool ImportValue(UObject* Object, const TCHAR* PropertyName, const TCHAR* Text, int32 PortFlags = PPF_Delimited,
 	FOutputDevice* ErrorText = nullptr);
 
-inline std::string ToUtf8(const FString& Text)
+inline std::string AsUtf8(const FString& Text)
 {
 	return std::string(reinterpret_cast<const char*>(FTCHARToUTF8(*Text).Get()));
 }
 inline std::ostream& operator<<(std::ostream& Out, const FString& Text)
 {
-	return Out << ToUtf8(Text);
+	return Out << AsUtf8(Text);
 }
