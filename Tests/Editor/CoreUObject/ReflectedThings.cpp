@@ -63,7 +63,8 @@ void UThing::DescribeClass(FClassDescriber& Class)
 	Class.Property(TEXT("ThingClass"), &UThing::ThingClass);
 	Class.Property(TEXT("Weak"), &UThing::Weak);
 	Class.Property(TEXT("Soft"), &UThing::Soft);
-	Class.Property(TEXT("Listener"), &UThing::Listener);
+	static_cast<FInterfaceProperty&>(Class.Property(TEXT("Listener"), &UThing::Listener))
+		.SetInterfaceClass(UThingListener::StaticClass());
 	Class.Property(TEXT("Delegate"), &UThing::Delegate);
 	Class.Property(TEXT("Event"), &UThing::Event);
 	Class.Property(TEXT("Numbers"), &UThing::Numbers);
