@@ -34,7 +34,7 @@ list(FILTER TEST_SOURCES EXCLUDE REGEX "/Tests/Fuzz/")
 if(TEST_SOURCES)
   add_executable(MorvaneTests ${TEST_SOURCES})
   target_include_directories(MorvaneTests PRIVATE "${CMAKE_SOURCE_DIR}/Tests" "${CMAKE_SOURCE_DIR}/Tests/Support"
-    "${CMAKE_SOURCE_DIR}/Source/MorvaneToolkit_Blueprint/Private")
+    ${MORVANE_PRIVATE_FOLDERS})
   target_compile_definitions(MorvaneTests PRIVATE MORVANE_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
   target_link_libraries(MorvaneTests PRIVATE MorvaneHost EditorTesting GTest::gmock_main GTest::gmock GTest::gtest)
   target_precompile_headers(MorvaneTests PRIVATE

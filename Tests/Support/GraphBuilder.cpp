@@ -1,13 +1,15 @@
 #include "GraphBuilder.h"
 
+#include "Boot/EditorModules.h"
 #include "EdGraphNode_Comment.h"
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
 #include "UObject/Package.h"
 
 FGraphBuilder::FGraphBuilder()
-	: Graph(NewObject<UEdGraph>(GetTransientPackage()))
 {
+	EditorModules::StartEditor();
+	Graph = NewObject<UEdGraph>(GetTransientPackage());
 	Graph->Schema = UEdGraphSchema_K2::StaticClass();
 }
 

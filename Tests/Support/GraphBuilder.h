@@ -81,7 +81,7 @@ public:
 private:
 	void AddDataInputs(UEdGraphNode* Node, int32 Count);
 
-	UEdGraph* Graph;
+	UEdGraph* Graph = nullptr;
 };
 
 /** What a failing expectation prints. */

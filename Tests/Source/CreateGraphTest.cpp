@@ -1,0 +1,298 @@
+#include "BlueprintBuilder.h"
+#include "BlueprintCreateModifyRemoveUtils.h"
+#include "BlueprintFunctionCreateOperation.h"
+#include "BlueprintGraphUtils.h"
+#include "BlueprintMatchingUtils.h"
+#include "EdGraphSchema_K2.h"
+#include "K2Node_Event.h"
+#include "K2Node_FunctionEntry.h"
+#include "K2Node_FunctionResult.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "ToolResults.h"
+#include "Utils/FunctionGraphs.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+namespace CreateGraphTest
+{
+/** One saved Blueprint and calls of the tool on it. */
+struct FCreating
+{
+	FBlueprintBuilder Blueprint;
+	Morvane::FToolResult Result = MakeResult();
+
+	Morvane::FToolResult& Create(const std::string& Functions)
+	{
+		Result = MakeResult();
+		const std::string Path = ToStd(Blueprint.Path());
+		FBlueprintFunctionCreateOperation::Execute(
+			*Json(R"({"path":")" + Path + R"(","functions":)" + Functions + "}"), Result);
+		return Result;
+	}
+
+	UEdGraph* Graph(const TCHAR* Name) const { return FBlueprintMatchingUtils::FindGraphByName(Blueprint.Get(), Name); }
+
+	std::string Data(const TCHAR* Key) const
+	{
+		return Result.GetDatas() ? ToStd(Result.GetDatas()->GetStringField(Key)) : "";
+	}
+
+	/** "tool names" for each tracked read. */
+	std::vector<std::string> Tracked() const
+	{
+		std::vector<std::string> Texts;
+		for (const Morvane::FTrackedModification& Modification : Result.GetModifications())
+		{
+			Texts.push_back(ToStd(Modification.ReadTool) + " " + JsonText(Modification.Parameters));
+		}
+		return Texts;
+	}
+};
+
+std::vector<std::string> PinNames(const UEdGraphNode* Node, EEdGraphPinDirection Direction)
+{
+	std::vector<std::string> Names;
+	for (const UEdGraphPin* const Pin : Node->Pins)
+	{
+		if (Pin->Direction == Direction && Pin->PinType.PinCategory != UEdGraphSchema_K2::PC_Exec)
+		{
+			Names.push_back(ToStd(Pin->GetName()));
+		}
+	}
+	return Names;
+}
+} // namespace CreateGraphTest
+
+using namespace CreateGraphTest;
+
+TEST(CreateGraph, AVoidFunctionHasAnEntryAndNoResult)
+{
+	FCreating Case;
+	Case.Create(R"([{"name":"Heal","parameters":[{"name":"Amount","type":{"category":"int"}}]}])");
+	EXPECT_THAT(Errors(Case.Result), IsEmpty());
+	EXPECT_THAT(Successes(Case.Result),
+		ElementsAre("Created new function graph: Heal, with graph_schema: EdGraphSchema_K2",
+			"Created or updated 1 function(s) and 0 delegate(s) in '/Game/Tests/BP_Test'"));
+	EXPECT_EQ(Case.Data(TEXT("functions_created")), "1");
+	EXPECT_THAT(Case.Tracked(),
+		ElementsAre(R"(read_blueprint_function {"path":"/Game/Tests/BP_Test","function_name":["Heal"]})"));
+
+	ASSERT_NE(Case.Blueprint.Reload(), nullptr);
+	UEdGraph* const Graph = Case.Graph(TEXT("heal"));
+	ASSERT_NE(Graph, nullptr) << "it was saved";
+	EXPECT_TRUE(FBlueprintGraphUtils::IsFunctionGraph(Case.Blueprint.Get(), Graph));
+	ASSERT_NE(FBlueprintGraphUtils::FindFunctionEntry(Graph), nullptr);
+	EXPECT_THAT(PinNames(FBlueprintGraphUtils::FindFunctionEntry(Graph), EGPD_Output), ElementsAre("Amount"));
+	EXPECT_EQ(FBlueprintGraphUtils::FindFunctionResult(Graph), nullptr);
+}
+
+TEST(CreateGraph, TheSameNameWithAReturnTypeGetsAResult)
+{
+	FCreating Case;
+	Case.Create(R"([{"name":"Heal"}])");
+	UEdGraph* const Graph = Case.Graph(TEXT("Heal"));
+	ASSERT_NE(Graph, nullptr);
+	UK2Node_FunctionEntry* const Entry = FBlueprintGraphUtils::FindFunctionEntry(Graph);
+	FGraphBuilder::Move(Entry, 120, -40);
+	Case.Create(R"([{"name":"HEAL","return_type":{"category":"bool"}}])");
+	EXPECT_THAT(Errors(Case.Result), IsEmpty());
+	EXPECT_EQ(Case.Blueprint->FunctionGraphs
+				  .FilterByPredicate([](const UEdGraph* Each) { return Each->GetName() == TEXT("Heal"); })
+				  .Num(),
+		1);
+	UK2Node_FunctionResult* const Returned = FBlueprintGraphUtils::FindFunctionResult(Graph);
+	ASSERT_NE(Returned, nullptr);
+	EXPECT_EQ(FNodeHandle{Returned}.At(), FIntPoint(520, -40));
+	EXPECT_THAT(PinNames(Returned, EGPD_Input), ElementsAre("ReturnValue"));
+}
+
+TEST(CreateGraph, AnUnreadableReturnTypeGivesAWarningAndAPlainResult)
+{
+	FCreating Case;
+	Case.Create(R"([{"name":"Heal","return_type":{"category":"nonsense"}}])");
+	EXPECT_THAT(Errors(Case.Result), IsEmpty());
+	EXPECT_THAT(Warnings(Case.Result),
+		ElementsAre(
+			"Function 'Heal' specified a return_type but the type could not be parsed; proceeding with default result node."));
+	UK2Node_FunctionResult* const Returned = FBlueprintGraphUtils::FindFunctionResult(Case.Graph(TEXT("Heal")));
+	ASSERT_NE(Returned, nullptr);
+	EXPECT_THAT(PinNames(Returned, EGPD_Input), IsEmpty());
+}
+
+TEST(CreateGraph, DirectionWords)
+{
+	// The word is the pin's own direction: the default makes a function input, "input" asks an entry for a pin it does
+	// not take.
+	FCreating Case;
+	Case.Create(R"([{"name":"F","parameters":[
+		{"name":"Default","type":{"category":"int"}},
+		{"name":"Out","direction":"output","type":{"category":"int"}},
+		{"name":"Odd","direction":"sideways","type":{"category":"int"}},
+		{"name":"In","direction":"INPUT","type":{"category":"int"}}]}])");
+	EXPECT_THAT(Errors(Case.Result), IsEmpty());
+	const UK2Node_FunctionEntry* const Entry = FBlueprintGraphUtils::FindFunctionEntry(Case.Graph(TEXT("F")));
+	EXPECT_THAT(PinNames(Entry, EGPD_Output), ElementsAre("Default", "Out", "Odd"));
+}
+
+TEST(CreateGraph, AParentEventBecomesAnEventAndNoFunction)
+{
+	FCreating Case;
+	const int32 NumFunctions = Case.Blueprint->FunctionGraphs.Num();
+	Case.Create(R"([{"name":"ReceiveAnyDamage"}])");
+	EXPECT_THAT(Errors(Case.Result), IsEmpty());
+	EXPECT_EQ(Case.Blueprint->FunctionGraphs.Num(), NumFunctions);
+	EXPECT_THAT(Successes(Case.Result)[0],
+		StartsWith(
+			"This graph is implemented as an Event on the parent class and must be an event on this blueprint as well."));
+	EXPECT_THAT(Successes(Case.Result)[0],
+		HasSubstr("was added as an override to Event ReceiveAnyDamage in parent class Actor."));
+	EXPECT_THAT(Case.Tracked(), IsEmpty());
+	EXPECT_EQ(Case.Data(TEXT("functions_created")), "0");
+
+	TArray<UK2Node_Event*> Events;
+	Case.Blueprint.EventGraph().Get()->GetNodesOfClass(Events);
+	const int32 NumEvents = Events.Num();
+	Case.Create(R"([{"name":"ReceiveAnyDamage"}])");
+	EXPECT_THAT(Warnings(Case.Result),
+		ElementsAre(StartsWith(
+			"The graph ReceiveAnyDamage already exists as an event on this blueprint's EventGraph, overriding the parent class: Actor. Instead")));
+	Events.Empty();
+	Case.Blueprint.EventGraph().Get()->GetNodesOfClass(Events);
+	EXPECT_EQ(Events.Num(), NumEvents);
+}
+
+TEST(CreateGraph, AnEventGraphKeepsItsName)
+{
+	FCreating Case;
+	Case.Create(R"([{"name":"eventgraph","return_type":{"category":"bool"}}])");
+	EXPECT_THAT(Errors(Case.Result), ElementsAre("Failed to create function graph: eventgraph"));
+	EXPECT_EQ(FBlueprintGraphUtils::FindFunctionEntry(Case.Blueprint.EventGraph().Get()), nullptr);
+}
+
+TEST(CreateGraph, NamesThatNoFunctionCanHaveAreRefused)
+{
+	FCreating Case;
+	Case.Blueprint.AddVariable(TEXT("Health"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Int));
+	const std::string Long(200, 'x');
+	for (const std::string& Name : {std::string("Health"), std::string("a.b"), Long})
+	{
+		Case.Create(R"([{"name":")" + Name + "\"}]");
+		EXPECT_THAT(Errors(Case.Result), ElementsAre("Failed to create function graph: " + Name));
+	}
+}
+
+TEST(CreateGraph, ADelegateGetsASignatureGraphWithPins)
+{
+	FCreating Case;
+	Case.Create(R"([{"name":"OnHit","is_delegate":true,"parameters":[{"name":"Damage","type":{"category":"real"}}]}])");
+	EXPECT_THAT(Errors(Case.Result), IsEmpty());
+	UEdGraph* const Graph = Case.Graph(TEXT("OnHit"));
+	ASSERT_NE(Graph, nullptr);
+	EXPECT_TRUE(FBlueprintGraphUtils::IsDelegateSignatureGraph(Case.Blueprint.Get(), Graph));
+	const UK2Node_FunctionEntry* const Entry = FBlueprintGraphUtils::FindFunctionEntry(Graph);
+	ASSERT_NE(Entry, nullptr);
+	EXPECT_TRUE(Entry->bIsEditable);
+	EXPECT_EQ(Entry->GetExtraFlags() & 0x0C020000, 0x0C020000);
+	EXPECT_THAT(PinNames(Entry, EGPD_Output), ElementsAre("Damage"));
+	EXPECT_THAT(Case.Tracked(),
+		ElementsAre(R"(read_blueprint_delegate {"path":"/Game/Tests/BP_Test","delegate_name":["OnHit"]})"));
+	EXPECT_THAT(Successes(Case.Result),
+		ElementsAre("Created or updated 0 function(s) and 1 delegate(s) in '/Game/Tests/BP_Test'"));
+}
+
+TEST(CreateGraph, ABadEntryStopsTheSaveAndNotTheOthers)
+{
+	FCreating Case;
+	Case.Create(R"([5,{"parameters":[]},{"name":"Good"},{"name":"","is_delegate":true}])");
+	EXPECT_THAT(Errors(Case.Result),
+		ElementsAre("Function at index 0 is not a valid object", "Invalid function specification for '' (index 1)",
+			"Invalid function specification for '' (index 3)"));
+	EXPECT_NE(Case.Graph(TEXT("Good")), nullptr);
+	EXPECT_EQ(Case.Data(TEXT("functions_created")), "1");
+	EXPECT_THAT(Case.Tracked(), IsEmpty());
+	ASSERT_NE(Case.Blueprint.Reload(), nullptr);
+	EXPECT_EQ(Case.Graph(TEXT("Good")), nullptr) << "nothing was saved";
+}
+
+TEST(CreateGraph, ArgumentsAreChecked)
+{
+	struct FCase
+	{
+		const char* Arguments;
+		const char* Message;
+	};
+	FBlueprintBuilder Blueprint;
+	for (const FCase& Case :
+		{FCase{"{}", "Missing required field 'path'"}, {R"({"path":5})", "Missing required field 'path'"},
+			{R"({"path":"/Game/X"})", "Missing required 'functions' array with at least one entry"},
+			{R"({"path":"/Game/X","functions":[]})", "Missing required 'functions' array with at least one entry"},
+			{R"({"path":"/Game/X","functions":{}})", "Missing required 'functions' array with at least one entry"}})
+	{
+		Morvane::FToolResult Result = MakeResult();
+		FBlueprintFunctionCreateOperation::Execute(*Json(Case.Arguments), Result);
+		EXPECT_THAT(Errors(Result), ElementsAre(Case.Message)) << Case.Arguments;
+		EXPECT_FALSE(Result.GetDatas());
+	}
+}
+
+TEST(CreateGraph, AMissingBlueprintIsMadeWithoutAWord)
+{
+	FBlueprintBuilder Blueprint;
+	Morvane::FToolResult Result = MakeResult();
+	FBlueprintFunctionCreateOperation::Execute(
+		*Json(R"({"path":"/Game/New/BP_Made","functions":[{"name":"F"}]})"), Result);
+	EXPECT_THAT(Errors(Result), IsEmpty());
+	EXPECT_TRUE(Blueprint.Folder().Exists("Content/New/BP_Made.uatext"));
+
+	Morvane::FToolResult Failed = MakeResult();
+	FBlueprintFunctionCreateOperation::Execute(*Json(R"({"path":"../out","functions":[{"name":"F"}]})"), Failed);
+	EXPECT_THAT(Errors(Failed),
+		ElementsAre(StartsWith("Failed to auto-create blueprint fixture: "), "Blueprint not found: ../out"));
+}
+
+TEST(GraphSignature, NeedsABlueprintAGraphAndAnEntry)
+{
+	FBlueprintBuilder Blueprint;
+	Morvane::FToolResult Result = MakeResult();
+	FGraphBuilder Empty;
+	UEdGraph* Graph = nullptr;
+	UK2Node_FunctionEntry* Entry = nullptr;
+	UK2Node_FunctionResult* Returned = nullptr;
+	EXPECT_FALSE(FBlueprintFunctionGraphUtils::ConfigureGraphSignature(Blueprint.Get(), nullptr, {}, Result));
+	EXPECT_FALSE(FBlueprintFunctionGraphUtils::ConfigureGraphSignature(Blueprint.Get(), Empty.Get(), {}, Result));
+	EXPECT_FALSE(FBlueprintFunctionGraphUtils::EnsureFunctionGraph(
+		Blueprint.Get(), TEXT(""), Graph, Entry, Returned, Result, false));
+	EXPECT_FALSE(FBlueprintFunctionGraphUtils::EnsureDelegateSignature(nullptr, TEXT("D"), Graph, Result));
+	EXPECT_FALSE(
+		FBlueprintFunctionGraphUtils::EnsureDelegateSignature(Blueprint.Get(), TEXT("EventGraph"), Graph, Result));
+	EXPECT_THAT(Errors(Result),
+		ElementsAre("Invalid parameters for ConfigureGraphSignature", "No FunctionEntry node found in function graph",
+			"Invalid Blueprint or FunctionName", "Invalid Blueprint or DelegateName",
+			"Failed to create delegate signature graph: EventGraph"));
+}
+
+TEST(FunctionUtils, CreateModifyRemoveOneFunction)
+{
+	FBlueprintBuilder Blueprint;
+	Morvane::FToolResult Result = MakeResult();
+	using FUtils = FBlueprintCreateModifyRemoveUtils;
+	EXPECT_FALSE(FUtils::CreateFunction(nullptr, *Json(R"({"name":"F"})"), Result));
+	EXPECT_FALSE(FUtils::CreateFunction(Blueprint.Get(), *Json("{}"), Result));
+	EXPECT_TRUE(FUtils::CreateFunction(Blueprint.Get(), *Json(R"({"name":"F"})"), Result));
+	EXPECT_FALSE(FUtils::CreateFunction(Blueprint.Get(), *Json(R"({"name":"f"})"), Result));
+	EXPECT_TRUE(FUtils::ModifyFunction(Blueprint.Get(), *Json(R"({"name":"f"})"), Result));
+	EXPECT_FALSE(FUtils::ModifyFunction(Blueprint.Get(), *Json(R"({"name":"g"})"), Result));
+	EXPECT_TRUE(FUtils::RemoveFunction(Blueprint.Get(), TEXT("f"), Result));
+	EXPECT_FALSE(FUtils::RemoveFunction(Blueprint.Get(), TEXT("f"), Result));
+	EXPECT_FALSE(FUtils::RemoveFunction(nullptr, TEXT("f"), Result));
+	EXPECT_EQ(FBlueprintMatchingUtils::FindGraphByName(Blueprint.Get(), TEXT("F")), nullptr);
+	EXPECT_THAT(Successes(Result), ElementsAre("Created function 'F'", "Removed function 'f'"));
+	EXPECT_THAT(Warnings(Result),
+		ElementsAre("Function modification not fully implemented. Consider removing and recreating the function."));
+	EXPECT_THAT(Errors(Result),
+		ElementsAre("Invalid Blueprint", "Missing required field 'name' for function", "Function 'f' already exists",
+			"Function 'g' not found", "Function 'f' not found", "Invalid Blueprint"));
+}
