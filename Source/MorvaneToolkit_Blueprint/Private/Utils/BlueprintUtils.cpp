@@ -191,7 +191,7 @@ UBlueprint* FBlueprintUtils::CreateBlueprint(
 
 UBlueprint* FBlueprintUtils::CreateActorBlueprint(const FString& Path, FString& OutReason)
 {
-	Morvane::FToolResult Making(Morvane::FToolCommand(FString(), FString(), FString()));
+	Morvane::FToolResult Making{Morvane::FToolCommand(FString(), FString(), FString())};
 	UBlueprint* const Blueprint = BlueprintMaking::MakeOfClass(
 		FAssetOperationBase::NormalizeAssetPath(Path), AActor::StaticClass(), Making);
 	OutReason = Blueprint ? FString() : FString::Join(Making.GetErrorMessages(), TEXT("\n"));
