@@ -1,12 +1,14 @@
 #include "Boot/EditorModules.h"
 
 #include "AssetRegistry/AssetRegistryModule.h"
+#include "BlueprintGraphClasses.h"
 #include "EngineClasses.h"
 #include "ISourceControlModule.h"
 #include "Modules/ModuleManager.h"
 #include "UObject/Catalogue.h"
 #include "UObject/ObjectProviders.h"
 #include "UObject/PackageText.h"
+#include "UnrealEdClasses.h"
 
 IModuleInterface* CreateModule_MorvaneToolkit();
 IModuleInterface* CreateModule_MorvaneToolkit_Blueprint();
@@ -40,6 +42,8 @@ void EditorModules::StartEditor()
 	bStarted = true;
 	RegisterCoreUObjectClasses();
 	RegisterEngineClasses();
+	RegisterBlueprintGraphClasses();
+	RegisterUnrealEdClasses();
 	FCatalogue::Get().Install();
 	FPackageText::RegisterLoader();
 }

@@ -20,7 +20,7 @@ const FToolSchema BpModifyGraphNodesSchema = {
 				"properties": {
 					"action": { "type": "string", "enum": ["modify", "remove"], "description": "Needed. New nodes are bp_populate_graph." },
 					"node_guid": { "type": "string", "description": "Id of the node: its full guid or the 7-digit short id that reads return." },
-					"menu_title": { "type": "string", "description": "A new title, for math expressions and custom events." },
+					"new_title": { "type": "string", "description": "A new title, for math expressions and custom events." },
 					"comment": { "type": "string", "description": "The node's comment." },
 					"position": {
 						"type": "object",
