@@ -3,6 +3,8 @@
 #include "ContentScan.h"
 #include "HAL/FileManager.h"
 #include "Misc/PackageName.h"
+#include "Misc/PathConfinement.h"
+#include "Misc/Paths.h"
 #include "UObject/Class.h"
 #include "UObject/Package.h"
 #include "UObject/PackageText.h"
@@ -269,7 +271,11 @@ public:
 		EnsureScanned();
 		for (const FString& File : Files)
 		{
-			ScanFile(File);
+			FString Ignored;
+			if (FPathConfinement::IsInside(FPaths::ConvertRelativePathToFull(File), Ignored))
+			{
+				ScanFile(FPaths::ConvertRelativePathToFull(File));
+			}
 		}
 	}
 
@@ -460,7 +466,10 @@ private:
 			return *Known;
 		}
 		const FString File = FPackageName::FindPackageFile(PackageName.ToString());
-		return !File.IsEmpty() && ScanFile(File) ? OnDisk.FindRef(PackageName) : FAssetData();
+		FString Ignored;
+		return !File.IsEmpty() && FPathConfinement::IsInside(File, Ignored) && ScanFile(File)
+			? OnDisk.FindRef(PackageName)
+			: FAssetData();
 	}
 
 	void ForEach(bool bOnlyOnDisk, TFunctionRef<void(const FAssetData&)> Visit) const

@@ -23,14 +23,12 @@ public:
 	void Folder(const std::string& Path, bool bIsLink)
 	{
 		struct stat Info;
-		FString Reason;
 		if (stat(Path.c_str(), &Info) != 0 || !S_ISDIR(Info.st_mode))
 		{
 			return;
 		}
-		if (bIsLink && !FPathConfinement::IsInside(FromUtf8(Path), Reason))
+		if (bIsLink && !LeadsInside(Path))
 		{
-			UE_LOG(LogAssetRegistry, Warning, TEXT("A folder is passed over: %s"), *Reason);
 			return;
 		}
 		// A link may lead to a folder above it.
@@ -48,6 +46,14 @@ private:
 		std::string Name;
 		unsigned char Type;
 	};
+
+	static bool LeadsInside(const std::string& Path)
+	{
+		FString Reason;
+		const bool bInside = FPathConfinement::IsInside(FromUtf8(Path), Reason);
+		UE_CLOG(!bInside, LogAssetRegistry, Warning, TEXT("A link is passed over: %s"), *Reason);
+		return bInside;
+	}
 
 	void Entries(const std::string& Path)
 	{
@@ -78,7 +84,10 @@ private:
 			&& Path.compare(Path.size() - Extension.size(), Extension.size(), Extension) == 0;
 		if (bIsPackage && Type != DT_DIR)
 		{
-			Files.push_back(Path);
+			if (Type == DT_REG || LeadsInside(Path))
+			{
+				Files.push_back(Path);
+			}
 		}
 		else if (Type == DT_DIR || Type == DT_LNK || Type == DT_UNKNOWN)
 		{
@@ -106,7 +115,7 @@ bool ReadAsset(const FString& Filename, FAssetData& OutAsset)
 {
 	FString Reason;
 	FPackageText::FHeader Header;
-	if (!FPathConfinement::IsInside(Filename, Reason) || !FPackageText::ReadHeader(Filename, Header, Reason))
+	if (!FPackageText::ReadHeader(Filename, Header, Reason))
 	{
 		UE_LOG(LogAssetRegistry, Warning, TEXT("An asset is passed over: %s"), *Reason);
 		return false;

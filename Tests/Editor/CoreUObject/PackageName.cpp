@@ -27,6 +27,15 @@ TEST_F(PackageName, NamesAndFilesConvertBothWays)
 	}
 }
 
+TEST_F(PackageName, TheInnermostOfNestedContentFoldersNamesAFile)
+{
+	FPackageName::RegisterMountPoint(TEXT("/Inner/"), Folder.Get("Plugins/Inner"));
+	EXPECT_EQ(ToUtf8(FPackageName::FilenameToLongPackageName(Folder.Get("Plugins/Inner/A.uatext"))), "/Inner/A");
+	EXPECT_EQ(ToUtf8(FPackageName::FilenameToLongPackageName(Folder.Get("Plugins/Innermost/A.uatext"))),
+		"/Pack/Plugins/Innermost/A");
+	FPackageName::UnRegisterMountPoint(TEXT("/Inner/"), FString());
+}
+
 TEST_F(PackageName, NamesThatWouldLeaveTheContentOrMeanNothingAreRefused)
 {
 	for (const TCHAR* const Name : {TEXT(""), TEXT("Thing"), TEXT("/Thing"), TEXT("/Pack/"), TEXT("//Pack/Thing"),

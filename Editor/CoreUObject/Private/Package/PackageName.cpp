@@ -58,6 +58,26 @@ bool FindMountOfName(FStringView Name, FMount& OutMount)
 	return false;
 }
 
+/** A content folder may lie inside another one; the innermost counts. */
+bool FindMountOfFile(const FString& Filename, FMount& OutMount)
+{
+	TArray<FMount> Candidates = Mounts();
+	const auto IsGame = [](const FMount& Mount) { return Mount.Root.Equals(GameRoot, ESearchCase::IgnoreCase); };
+	if (!Candidates.ContainsByPredicate(IsGame))
+	{
+		Candidates.Add(DefaultGameMount());
+	}
+	for (const FMount& Mount : Candidates)
+	{
+		if (Filename.StartsWith(Mount.Content, ESearchCase::CaseSensitive)
+			&& Mount.Content.Len() > OutMount.Content.Len())
+		{
+			OutMount = Mount;
+		}
+	}
+	return !OutMount.Root.IsEmpty();
+}
+
 void Explain(FText* OutReason, FString Reason)
 {
 	if (OutReason)
@@ -150,36 +170,31 @@ bool FPackageName::TryConvertFilenameToLongPackageName(
 {
 	FString Full = FPaths::ConvertRelativePathToFull(Filename);
 	FPaths::NormalizeFilename(Full);
-	TArray<PackageNames::FMount> Candidates = PackageNames::Mounts();
-	Candidates.Add(PackageNames::DefaultGameMount());
-	for (const PackageNames::FMount& Mount : Candidates)
+	PackageNames::FMount Mount;
+	if (!PackageNames::FindMountOfFile(Full, Mount))
 	{
-		if (!Full.StartsWith(Mount.Content, ESearchCase::CaseSensitive))
+		if (OutFailureReason)
 		{
-			continue;
+			*OutFailureReason = FString::Printf(TEXT("'%s' lies below no content folder"), *Filename);
 		}
-		FString Name = Mount.Root + Full.RightChop(Mount.Content.Len());
-		const FString Extension = FPaths::GetExtension(Name, true);
-		if (IsPackageExtension(*Extension))
-		{
-			Name.LeftChopInline(Extension.Len());
-		}
-		if (IsValidTextForLongPackageName(Name.EndsWith(TEXT("/")) ? Name.LeftChop(1) : Name))
-		{
-			OutPackageName = MoveTemp(Name);
-			return true;
-		}
+		return false;
+	}
+	FString Name = Mount.Root + Full.RightChop(Mount.Content.Len());
+	const FString Extension = FPaths::GetExtension(Name, true);
+	if (IsPackageExtension(*Extension))
+	{
+		Name.LeftChopInline(Extension.Len());
+	}
+	if (!IsValidTextForLongPackageName(Name.EndsWith(TEXT("/")) ? Name.LeftChop(1) : Name))
+	{
 		if (OutFailureReason)
 		{
 			*OutFailureReason = FString::Printf(TEXT("'%s' is no valid package name"), *Name);
 		}
 		return false;
 	}
-	if (OutFailureReason)
-	{
-		*OutFailureReason = FString::Printf(TEXT("'%s' lies below no content folder"), *Filename);
-	}
-	return false;
+	OutPackageName = MoveTemp(Name);
+	return true;
 }
 
 bool FPackageName::IsValidTextForLongPackageName(FStringView Name, FText* OutReason)
