@@ -415,6 +415,50 @@ TEST_F(Catalogue, ObjectsAndStructsStartWithTheRecordedValues)
 	EXPECT_EQ(*Time->ContainerPtrToValuePtr<float>(Hit->GetDefaultValue()), 1.0f);
 }
 
+/** Whether a value's text can be read, apart from the short forms that only pins know. */
+bool IsValue(const FProperty& Property, const FString& Text, UObject* Owner)
+{
+	const bool bPinForm = Property.IsA<FStructProperty>() && !Text.StartsWith(TEXT("("));
+	TArray<uint8> Memory;
+	Memory.SetNumZeroed(Property.GetElementSize() + 16);
+	void* const Value = reinterpret_cast<void*>(
+		(reinterpret_cast<UPTRINT>(Memory.GetData()) + 15) & ~static_cast<UPTRINT>(15));
+	Property.InitializeValue(Value);
+	const TCHAR* const End = bPinForm ? TEXT("") : Property.ImportText_Direct(*Text, Value, Owner, PPF_None);
+	Property.DestroyValue(Value);
+	return End && *End == TEXT('\0');
+}
+
+TEST_F(Catalogue, RecordedDefaultsAreValuesOfTheirTypes)
+{
+	FCatalogue::Get().ForEachPath(UStruct::StaticClass(),
+		[](const FString& Path, const FString&)
+		{
+			UStruct* const Struct = Cast<UStruct>(FCatalogue::Get().FindOrCreate(Path));
+			ASSERT_NE(Struct, nullptr);
+			if (const UScriptStruct* const ScriptStruct = Cast<UScriptStruct>(Struct))
+			{
+				for (const TPair<FName, FString>& Default : ScriptStruct->MemberDefaults)
+				{
+					EXPECT_TRUE(IsValue(*Struct->FindPropertyByName(Default.Key), Default.Value, Struct))
+						<< TCHAR_TO_UTF8(*Path) << " " << TCHAR_TO_UTF8(*Default.Key.ToString());
+				}
+			}
+			for (TFieldIterator<UFunction> Function(Struct, EFieldIteratorFlags::ExcludeSuper); Function; ++Function)
+			{
+				for (TFieldIterator<FProperty> Param(*Function, EFieldIteratorFlags::ExcludeSuper); Param; ++Param)
+				{
+					const FString* const Default = Function->FindMetaData(
+						FName(TEXT("CPP_Default_") + Param->GetName()));
+					// The engine itself writes this one with half of the scope.
+					const bool bKept = Default && *Default == TEXT("Type::No");
+					EXPECT_TRUE(!Default || bKept || IsValue(**Param, *Default, *Function))
+						<< TCHAR_TO_UTF8(*Param->GetPathName());
+				}
+			}
+		});
+}
+
 TEST_F(Catalogue, ActorsHaveTheirDefaultComponents)
 {
 	const UClass* const Character = Find<UClass>(TEXT("/Script/Engine.Character"));

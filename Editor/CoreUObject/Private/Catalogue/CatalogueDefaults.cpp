@@ -1,5 +1,7 @@
 #include "Catalogue/CatalogueObjects.h"
 
+DEFINE_LOG_CATEGORY_STATIC(LogCatalogue, Log, All);
+
 namespace Catalogue
 {
 namespace CatalogueDefaults
@@ -39,12 +41,14 @@ bool SetValues(FLoadedImage& Image, const FOwnerRecord& Record, UObject& Default
 		const FProperty* const Property = Row.Default == 0
 			? nullptr
 			: DefaultObject.GetClass()->FindPropertyByName(Image.Name(Row.Name));
-		if (Property)
+		if (!Property)
 		{
-			bChanged |= Property->ImportText_InContainer(
-							*Image.Text(Row.Default), &DefaultObject, &DefaultObject, PPF_None)
-				!= nullptr;
+			continue;
 		}
+		const FString Text = Image.Text(Row.Default);
+		const bool bRead = Property->ImportText_InContainer(*Text, &DefaultObject, &DefaultObject, PPF_None) != nullptr;
+		UE_CLOG(!bRead, LogCatalogue, Warning, TEXT("'%s' is no value of %s"), *Text, *Property->GetPathName());
+		bChanged |= bRead;
 	}
 	return bChanged;
 }
