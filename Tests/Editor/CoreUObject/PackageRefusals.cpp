@@ -65,6 +65,23 @@ TEST_F(PackageRefusals, FilesThatAreNoWholePackageAreNamedAndNeverOverwritten)
 	}
 }
 
+TEST_F(PackageRefusals, ProblemsAreCollectedOnceEachForWhoeverAsks)
+{
+	const std::string Good = SavedBytes();
+	FPackageText::TakeProblems();
+	LoadError(TEXT("/Pack/None"));
+	Folder.Write("Thing.uatext", Good.substr(0, 40));
+	LoadError(TEXT("/Pack/Thing"));
+	LoadError(TEXT("/Pack/Thing"));
+	TestAssets::Save(TestAssets::MakeAsset(TEXT("/Pack/Thing")));
+	TArray<FString> Problems = FPackageText::TakeProblems();
+	ASSERT_EQ(Problems.Num(), 2);
+	EXPECT_EQ(Relative(Problems[0]), "Thing.uatext: the file is truncated within its header");
+	EXPECT_EQ(Relative(Problems[1]),
+		"Cannot save '/Pack/Thing' to Thing.uatext: Thing.uatext: the file is truncated within its header");
+	EXPECT_TRUE(FPackageText::TakeProblems().IsEmpty());
+}
+
 TEST_F(PackageRefusals, EveryFlippedBitAndEveryCutIsNoticed)
 {
 	const std::string Good = SavedBytes();

@@ -444,12 +444,14 @@ UPackage* FindLoaded(const FString& PackageName)
 	return Package && (Package->GetFirstInner() || !Package->FileName.IsEmpty()) ? Package : nullptr;
 }
 
-FString FindFile(const FString& PackageName, FString& OutError)
+/** Empty, with a reason, when there is no file that may be read. */
+FString FindFile(const FString& PackageName, FString& OutError, bool& bOutMissing)
 {
 	const FString Filename = FPackageName::FindPackageFile(PackageName);
 	if (Filename.IsEmpty())
 	{
 		const FString EngineAsset = FPackageText::FindEngineAsset(PackageName);
+		bOutMissing = EngineAsset.IsEmpty();
 		OutError = EngineAsset.IsEmpty()
 			? FString::Printf(TEXT("There is no package '%s'"), *PackageName)
 			: FString::Printf(
@@ -460,14 +462,14 @@ FString FindFile(const FString& PackageName, FString& OutError)
 	return FPathConfinement::IsInside(Filename, OutError) ? Filename : FString();
 }
 
-UPackage* LoadFile(const FString& PackageName, FString& OutError)
+UPackage* LoadFile(const FString& PackageName, FString& OutError, bool& bOutMissing)
 {
 	if (GIsSavingPackage)
 	{
 		OutError = FString::Printf(TEXT("Cannot load '%s' while a package is being saved"), *PackageName);
 		return nullptr;
 	}
-	const FString Filename = FindFile(PackageName, OutError);
+	const FString Filename = FindFile(PackageName, OutError, bOutMissing);
 	std::string Bytes;
 	FString Reason;
 	if (Filename.IsEmpty() || !AtomicFile::Read(ToUtf8(Filename), Bytes, Reason))
@@ -490,17 +492,24 @@ UPackage* Load(const FString& PackageName, uint32 LoadFlags)
 		return Loaded;
 	}
 	FString Error;
-	UPackage* const Package = LoadFile(PackageName, Error);
+	bool bMissing = false;
+	UPackage* const Package = LoadFile(PackageName, Error, bMissing);
 	if (Package)
 	{
 		Errors().erase(ErrorKey(PackageName));
 		return Package;
 	}
-	Errors()[ErrorKey(PackageName)] = Error;
-	if (!(LoadFlags & (LOAD_Quiet | LOAD_NoWarn)))
+	// A caller that tries several kinds of asset asks for the same file again; once told is enough.
+	FString& LastError = Errors()[ErrorKey(PackageName)];
+	const bool bTold = LastError.Equals(Error, ESearchCase::CaseSensitive);
+	LastError = Error;
+	if (bMissing)
 	{
-		UE_LOG(LogPackage, Warning, TEXT("%s"), *Error);
+		UE_CLOG(!bTold, LogPackage, Verbose, TEXT("%s"), *Error);
+		return nullptr;
 	}
+	PackageFile::NoteProblem(Error);
+	UE_CLOG(!bTold && !(LoadFlags & (LOAD_Quiet | LOAD_NoWarn)), LogPackage, Warning, TEXT("%s"), *Error);
 	return nullptr;
 }
 

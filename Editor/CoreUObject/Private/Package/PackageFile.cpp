@@ -387,6 +387,39 @@ std::string FPackageText::MakeBytes(const FHeader& Header, std::string_view Body
 	return PackageFile::MakeHeader(Header, Body).append(Body);
 }
 
+namespace PackageFile
+{
+TArray<FString>& Problems()
+{
+	static TArray<FString> List;
+	return List;
+}
+
+void NoteProblem(const FString& Problem)
+{
+	constexpr int32 MaxKept = 64;
+	for (const FString& Known : Problems())
+	{
+		if (Known.Equals(Problem, ESearchCase::CaseSensitive))
+		{
+			return;
+		}
+	}
+	if (Problems().Num() >= MaxKept)
+	{
+		Problems().RemoveAt(0);
+	}
+	Problems().Add(Problem);
+}
+} // namespace PackageFile
+
+TArray<FString> FPackageText::TakeProblems()
+{
+	TArray<FString> Taken = MoveTemp(PackageFile::Problems());
+	PackageFile::Problems() = TArray<FString>();
+	return Taken;
+}
+
 FString FPackageText::FindEngineAsset(const FString& LongPackageName)
 {
 	for (const TCHAR* const Extension : {TEXT(".uasset"), TEXT(".umap")})

@@ -215,6 +215,7 @@ FSavePackageResultStruct UPackage::Save(
 		}
 		Result.ErrorMessage = Run.Error;
 	}
+	PackageFile::NoteProblem(Result.ErrorMessage);
 	if (SaveArgs.Error)
 	{
 		SaveArgs.Error->Log(ELogVerbosity::Error, Result.ErrorMessage);

@@ -63,6 +63,13 @@ public:
 	/** Why the last attempt to read the package failed; empty after a success and when nobody tried. */
 	static FString GetLastLoadError(const FString& LongPackageName);
 
+	/**
+	 * What went wrong with files since the last call: packages that are there and could not be read, and saves that
+	 * failed. Each text once. A missing package is no problem. For hosts that show the reasons beside a tool's own
+	 * answer.
+	 */
+	static TArray<FString> TakeProblems();
+
 	/** Tells the object system to read packages from files. Start-up calls it once; more calls do nothing. */
 	static void RegisterLoader();
 
