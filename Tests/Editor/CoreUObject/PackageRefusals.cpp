@@ -229,6 +229,7 @@ TEST_F(PackageRefusals, LinksOutOfTheProjectAreFollowedNeitherWay)
 	const std::string Reason = " leads out of the project folder '" + Folder.Path().string() + "'";
 	EXPECT_EQ(LoadError(TEXT("/Pack/Out/Thing")), "'Out/Thing.uatext'" + Reason);
 	EXPECT_EQ(LoadError(TEXT("/Pack/File")), "'File.uatext'" + Reason);
+	EXPECT_FALSE(FPackageName::DoesPackageExist(TEXT("/Pack/Out/Thing"))) << "who deletes by name must not reach it";
 	for (const TCHAR* const Name :
 		{TEXT("/Pack/Out/New"), TEXT("/Pack/Out/Deep/New"), TEXT("/Pack/File"), TEXT("/Pack/Dangling/New")})
 	{

@@ -447,7 +447,7 @@ UPackage* FindLoaded(const FString& PackageName)
 /** Empty, with a reason, when there is no file that may be read. */
 FString FindFile(const FString& PackageName, FString& OutError, bool& bOutMissing)
 {
-	const FString Filename = FPackageName::FindPackageFile(PackageName);
+	const FString Filename = PackageFile::FindOnDisk(PackageName);
 	if (Filename.IsEmpty())
 	{
 		const FString EngineAsset = FPackageText::FindEngineAsset(PackageName);

@@ -1,6 +1,8 @@
 #include "Misc/PackageName.h"
 
+#include "Misc/PathConfinement.h"
 #include "Misc/Paths.h"
+#include "Package/PackageFile.h"
 #include "UObject/Object.h"
 #include "UObject/Package.h"
 
@@ -331,14 +333,15 @@ bool FPackageName::DoesPackageExist(const FString& LongPackageName, FString* Out
 	return !Filename.IsEmpty();
 }
 
-FString FPackageName::FindPackageFile(const FString& LongPackageName)
+FString PackageFile::FindOnDisk(const FString& LongPackageName)
 {
 	PackageNames::FMount Mount;
-	if (!IsValidTextForLongPackageName(LongPackageName) || !PackageNames::FindMountOfName(LongPackageName, Mount))
+	if (!FPackageName::IsValidTextForLongPackageName(LongPackageName)
+		|| !PackageNames::FindMountOfName(LongPackageName, Mount))
 	{
 		return FString();
 	}
-	const FString Relative = LongPackageName.RightChop(Mount.Root.Len()) + GetAssetPackageExtension();
+	const FString Relative = LongPackageName.RightChop(Mount.Root.Len()) + FPackageName::GetAssetPackageExtension();
 	if (PackageNames::IsFile(Mount.Content + Relative))
 	{
 		return Mount.Content + Relative;
@@ -356,6 +359,13 @@ FString FPackageName::FindPackageFile(const FString& LongPackageName)
 		Path += TEXT("/") + Entry;
 	}
 	return PackageNames::IsFile(Path) ? Path : FString();
+}
+
+FString FPackageName::FindPackageFile(const FString& LongPackageName)
+{
+	const FString Filename = PackageFile::FindOnDisk(LongPackageName);
+	FString Ignored;
+	return !Filename.IsEmpty() && FPathConfinement::IsInside(Filename, Ignored) ? Filename : FString();
 }
 
 FString FPackageName::ObjectPathToPackageName(const FString& ObjectPath)

@@ -51,7 +51,8 @@ public:
 		const FString& LongPackageName, FString* OutFilename = nullptr, bool bAllowTextFormats = true);
 	/**
 	 * The file of a package as it stands on disk; its spelling may differ from the name's in case. Empty when there is
-	 * none.
+	 * none, and for one outside of the project behind a link. Not of the engine, which answers it as the
+	 * second result of DoesPackageExist.
 	 */
 	static FString FindPackageFile(const FString& LongPackageName);
 
