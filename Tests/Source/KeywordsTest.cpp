@@ -14,7 +14,6 @@ using testing::Ge;
 using testing::IsEmpty;
 using testing::IsSupersetOf;
 using testing::Lt;
-using testing::UnorderedElementsAre;
 
 namespace KeywordsTest
 {
