@@ -57,8 +57,8 @@ bool UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(const UFunction* InFunction)
 
 bool UEdGraphSchema_K2::FunctionCanBeUsedInDelegate(const UFunction* InFunction)
 {
-	if (!InFunction || InFunction->HasMetaData(FBlueprintMetadata::MD_Latent) ||
-		InFunction->HasAllFunctionFlags(FUNC_BlueprintPure))
+	if (!InFunction || InFunction->HasMetaData(FBlueprintMetadata::MD_Latent)
+		|| InFunction->HasAllFunctionFlags(FUNC_BlueprintPure))
 	{
 		return false;
 	}
@@ -67,17 +67,17 @@ bool UEdGraphSchema_K2::FunctionCanBeUsedInDelegate(const UFunction* InFunction)
 
 bool UEdGraphSchema_K2::CanKismetOverrideFunction(const UFunction* Function)
 {
-	return Function && Function->HasAllFunctionFlags(FUNC_BlueprintEvent) &&
-		!Function->GetBoolMetaData(FBlueprintMetadata::MD_BlueprintInternalUseOnly) &&
-		!Function->HasMetaData(FBlueprintMetadata::MD_DeprecatedFunction);
+	return Function && Function->HasAllFunctionFlags(FUNC_BlueprintEvent)
+		&& !Function->GetBoolMetaData(FBlueprintMetadata::MD_BlueprintInternalUseOnly)
+		&& !Function->HasMetaData(FBlueprintMetadata::MD_DeprecatedFunction);
 }
 
 bool UEdGraphSchema_K2::CanUserKismetCallFunction(const UFunction* Function)
 {
-	return Function && Function->HasAllFunctionFlags(FUNC_BlueprintCallable) &&
-		!Function->HasAllFunctionFlags(FUNC_Delegate) &&
-		!Function->GetBoolMetaData(FBlueprintMetadata::MD_BlueprintInternalUseOnly) &&
-		!Function->HasMetaData(FBlueprintMetadata::MD_DeprecatedFunction);
+	return Function && Function->HasAllFunctionFlags(FUNC_BlueprintCallable)
+		&& !Function->HasAllFunctionFlags(FUNC_Delegate)
+		&& !Function->GetBoolMetaData(FBlueprintMetadata::MD_BlueprintInternalUseOnly)
+		&& !Function->HasMetaData(FBlueprintMetadata::MD_DeprecatedFunction);
 }
 
 bool UEdGraphSchema_K2::CanUserKismetAccessVariable(
@@ -88,14 +88,15 @@ bool UEdGraphSchema_K2::CanUserKismetAccessVariable(
 	{
 		return false;
 	}
-	return Property->HasAnyPropertyFlags(CPF_BlueprintVisible) ||
-		(bIsDelegate && Property->HasAnyPropertyFlags(CPF_BlueprintAssignable | CPF_BlueprintCallable));
+	return Property->HasAnyPropertyFlags(CPF_BlueprintVisible)
+		|| (bIsDelegate && Property->HasAnyPropertyFlags(CPF_BlueprintAssignable | CPF_BlueprintCallable));
 }
 
 bool UEdGraphSchema_K2::CanFunctionBeUsedInGraph(const UClass* InClass, const UFunction* InFunction,
 	const UEdGraph* InDestGraph, uint32 InFunctionTypes, bool, FText* OutReason) const
 {
-	const auto Refuse = [OutReason](const TCHAR* Reason) {
+	const auto Refuse = [OutReason](const TCHAR* Reason)
+	{
 		if (OutReason)
 		{
 			*OutReason = FText::FromString(Reason);
@@ -116,7 +117,8 @@ bool UEdGraphSchema_K2::CanFunctionBeUsedInGraph(const UClass* InClass, const UF
 	{
 		return Refuse(TEXT("Latent functions are only allowed in event graphs and macros."));
 	}
-	if (!InFunction->HasAnyFunctionFlags(FUNC_Static) && InClass && !InFunction->GetOwnerClass()->IsChildOf(UObject::StaticClass()))
+	if (!InFunction->HasAnyFunctionFlags(FUNC_Static) && InClass
+		&& !InFunction->GetOwnerClass()->IsChildOf(UObject::StaticClass()))
 	{
 		return Refuse(TEXT("Function has no owning class."));
 	}
@@ -143,7 +145,9 @@ FText UEdGraphSchema_K2::GetFriendlySignatureName(const UFunction* Function)
 
 bool UEdGraphSchema_K2::IsPropertyExposedOnSpawn(const FProperty* Property)
 {
-	return Property && (Property->HasMetaData(FBlueprintMetadata::MD_ExposeOnSpawn) || Property->HasAnyPropertyFlags(CPF_ExposeOnSpawn));
+	return Property
+		&& (Property->HasMetaData(FBlueprintMetadata::MD_ExposeOnSpawn)
+			|| Property->HasAnyPropertyFlags(CPF_ExposeOnSpawn));
 }
 
 const UFunction* UEdGraphSchema_K2::GetCallableParentFunction(const UFunction* Function)

@@ -209,9 +209,9 @@ const TCHAR* ReferenceSuffix(FName Category, bool bWeak)
 
 bool IsReferenceCategory(FName Category)
 {
-	return Category == UEdGraphSchema_K2::PC_Object || Category == UEdGraphSchema_K2::PC_Class ||
-		Category == UEdGraphSchema_K2::PC_SoftObject || Category == UEdGraphSchema_K2::PC_SoftClass ||
-		Category == UEdGraphSchema_K2::PC_Interface;
+	return Category == UEdGraphSchema_K2::PC_Object || Category == UEdGraphSchema_K2::PC_Class
+		|| Category == UEdGraphSchema_K2::PC_SoftObject || Category == UEdGraphSchema_K2::PC_SoftClass
+		|| Category == UEdGraphSchema_K2::PC_Interface;
 }
 } // namespace SchemaTypes
 
@@ -269,7 +269,9 @@ FText UEdGraphSchema_K2::TerminalTypeToText(
 
 FText UEdGraphSchema_K2::TypeToText(const FEdGraphPinType& Type)
 {
-	const FString Terminal = TerminalTypeToText(Type.PinCategory, Type.PinSubCategory, Type.PinSubCategoryObject.Get(), Type.bIsWeakPointer).ToString();
+	const FString Terminal = TerminalTypeToText(
+		Type.PinCategory, Type.PinSubCategory, Type.PinSubCategoryObject.Get(), Type.bIsWeakPointer)
+								 .ToString();
 	FString Text = Terminal;
 	switch (Type.ContainerType)
 	{
@@ -279,7 +281,8 @@ FText UEdGraphSchema_K2::TypeToText(const FEdGraphPinType& Type)
 	case EPinContainerType::Set:
 		Text = FString::Printf(TEXT("Set of %ss"), *Terminal);
 		break;
-	case EPinContainerType::Map: {
+	case EPinContainerType::Map:
+	{
 		const FEdGraphTerminalType& Value = Type.PinValueType;
 		const FText ValueText = TerminalTypeToText(Value.TerminalCategory, Value.TerminalSubCategory,
 			Value.TerminalSubCategoryObject.Get(), Value.bTerminalIsWeakPointer);
@@ -295,7 +298,8 @@ FText UEdGraphSchema_K2::TypeToText(const FEdGraphPinType& Type)
 FText UEdGraphSchema_K2::TypeToText(const FProperty* Property)
 {
 	FEdGraphPinType Type;
-	return ConvertPropertyToPinTypeStatic(Property, Type) ? TypeToText(Type) : FText::FromString(Property->GetCPPType());
+	return ConvertPropertyToPinTypeStatic(Property, Type) ? TypeToText(Type)
+														  : FText::FromString(Property->GetCPPType());
 }
 
 FName UEdGraphSchema_K2::FixRealNumberSubCategory(FName SubCategory)
@@ -349,8 +353,8 @@ bool UEdGraphSchema_K2::IsAllowableBlueprintVariableType(const UClass* InClass, 
 	}
 	for (const UClass* Class = InClass; Class; Class = Class->GetSuperClass())
 	{
-		if (Class->GetBoolMetaData(FBlueprintMetadata::MD_AllowableBlueprintVariableType) ||
-			Class->HasMetaData(FBlueprintMetadata::MD_BlueprintSpawnableComponent))
+		if (Class->GetBoolMetaData(FBlueprintMetadata::MD_AllowableBlueprintVariableType)
+			|| Class->HasMetaData(FBlueprintMetadata::MD_BlueprintSpawnableComponent))
 		{
 			return true;
 		}

@@ -1,0 +1,241 @@
+// Which pin types go together as they are, without a node that converts.
+
+#include "EdGraphSchema_K2.h"
+
+#include "Engine/Blueprint.h"
+#include "Engine/MemberReference.h"
+#include "UObject/UnrealType.h"
+
+namespace PinTypeRules
+{
+using FSchema = UEdGraphSchema_K2;
+
+/** One value's type, whether it stands alone or inside a container. */
+struct FTerminal
+{
+	FName Category;
+	FName SubCategory;
+	UObject* Object = nullptr;
+	const FSimpleMemberReference* Signature = nullptr;
+};
+
+FTerminal TerminalOf(const FEdGraphPinType& Type)
+{
+	return {
+		Type.PinCategory, Type.PinSubCategory, Type.PinSubCategoryObject.Get(), &Type.PinSubCategoryMemberReference};
+}
+
+FTerminal TerminalOf(const FEdGraphTerminalType& Type)
+{
+	return {Type.TerminalCategory, Type.TerminalSubCategory, Type.TerminalSubCategoryObject.Get(), nullptr};
+}
+
+/** The class that a reference names; self means the class of the graph that asks. */
+const UClass* ClassOf(const FTerminal& Type, const UClass* Context)
+{
+	return Type.SubCategory == FSchema::PSC_Self ? Context : Cast<UClass>(Type.Object);
+}
+
+/** A Blueprint has two classes of which either may be the newer; any of them standing below the base is enough. */
+bool IsChild(const UClass* Class, const UClass* Base)
+{
+	if (!Class || !Base)
+	{
+		return false;
+	}
+	const UClass* const RealBase = Base->GetAuthoritativeClass();
+	return Class->IsChildOf(Base) || Class->IsChildOf(RealBase) || Class->GetAuthoritativeClass()->IsChildOf(RealBase);
+}
+
+/** Interfaces of the class, and those that its Blueprints were given since the last compile. */
+bool Implements(const UClass* Class, const UClass* Interface)
+{
+	if (!Class || !Interface)
+	{
+		return false;
+	}
+	const UClass* const Wanted = Interface->GetAuthoritativeClass();
+	for (const UClass* Step = Class; Step; Step = Step->GetSuperClass())
+	{
+		const UBlueprint* const Blueprint = Cast<UBlueprint>(Step->ClassGeneratedBy);
+		if (!Blueprint)
+		{
+			break;
+		}
+		for (const FBPInterfaceDescription& Given : Blueprint->ImplementedInterfaces)
+		{
+			if (IsChild(Given.Interface.Get(), Wanted))
+			{
+				return true;
+			}
+		}
+	}
+	return Class->ImplementsInterface(Wanted) || Class->GetAuthoritativeClass()->ImplementsInterface(Wanted);
+}
+
+bool IsIndexType(const FTerminal& Type)
+{
+	return Type.Category == FSchema::PC_Int || Type.Category == FSchema::PC_Boolean
+		|| Type.Category == FSchema::PC_Byte;
+}
+
+/** A wildcard takes any value; one that stands for an index takes what can be counted. Execution is no value. */
+bool FitsWildcard(const FTerminal& Wildcard, const FTerminal& Other)
+{
+	if (Other.Category == FSchema::PC_Wildcard)
+	{
+		return true;
+	}
+	if (Other.Category == FSchema::PC_Exec)
+	{
+		return false;
+	}
+	return Wildcard.SubCategory != FSchema::PSC_Index || IsIndexType(Other);
+}
+
+bool SignaturesFit(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
+{
+	UClass* const Scope = const_cast<UClass*>(Context);
+	const UFunction* const Out = Output.Signature
+		? FMemberReference::ResolveSimpleMemberReference(*Output.Signature, Scope)
+		: nullptr;
+	const UFunction* const In = Input.Signature
+		? FMemberReference::ResolveSimpleMemberReference(*Input.Signature, Scope)
+		: nullptr;
+	// One end without a signature is not bound yet and takes that of the other.
+	return !Out || !In || Out == In || Out->IsSignatureCompatibleWith(In);
+}
+
+bool ObjectsFit(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
+{
+	const UClass* const Out = ClassOf(Output, Context);
+	const UClass* const In = ClassOf(Input, Context);
+	if (Out && In)
+	{
+		return IsChild(Out, In);
+	}
+	// Self without a class to stand for is some object, and nothing more is known of it.
+	const bool bOutputIsOpenSelf = !Out && Output.SubCategory == FSchema::PSC_Self;
+	return (bOutputIsOpenSelf && In == UObject::StaticClass())
+		|| (!Out && !In && Output.SubCategory == Input.SubCategory);
+}
+
+bool StructsFit(const FTerminal& Output, const FTerminal& Input, bool bInContainer)
+{
+	const UScriptStruct* const Out = Cast<UScriptStruct>(Output.Object);
+	const UScriptStruct* const In = Cast<UScriptStruct>(Input.Object);
+	// Elements of a container lie side by side in memory, so there the larger child struct cannot stand for its parent.
+	return Out == In || (Out && In && !bInContainer && Out->IsChildOf(In));
+}
+
+bool SameCategoryFits(const FTerminal& Output, const FTerminal& Input, const UClass* Context, bool bInContainer)
+{
+	const FName Category = Output.Category;
+	if (Category == FSchema::PC_Byte || Category == FSchema::PC_Enum)
+	{
+		// Every enum is a byte; a byte is no enum, and no enum is another.
+		return !Input.Object || Output.Object == Input.Object;
+	}
+	if (Category == FSchema::PC_Struct)
+	{
+		return StructsFit(Output, Input, bInContainer);
+	}
+	if (Category == FSchema::PC_Object || Category == FSchema::PC_Class || Category == FSchema::PC_SoftObject
+		|| Category == FSchema::PC_SoftClass || Category == FSchema::PC_Interface)
+	{
+		return ObjectsFit(Output, Input, Context);
+	}
+	if (Category == FSchema::PC_Delegate || Category == FSchema::PC_MCDelegate)
+	{
+		return SignaturesFit(Output, Input, Context);
+	}
+	// Reals of both widths go together; the compiler casts between them.
+	return true;
+}
+
+bool TerminalFits(const FTerminal& Output, const FTerminal& Input, const UClass* Context, bool bInContainer)
+{
+	if (Output.Category == FSchema::PC_Wildcard)
+	{
+		return FitsWildcard(Output, Input);
+	}
+	if (Input.Category == FSchema::PC_Wildcard)
+	{
+		return FitsWildcard(Input, Output);
+	}
+	if (Output.Category == Input.Category)
+	{
+		return SameCategoryFits(Output, Input, Context, bInContainer);
+	}
+	if (Output.Category == FSchema::PC_Object && Input.Category == FSchema::PC_Interface)
+	{
+		return Implements(ClassOf(Output, Context), ClassOf(Input, Context));
+	}
+	if (Output.Category == FSchema::PC_Object && Input.Category == FSchema::PC_Class)
+	{
+		return Output.Object == UClass::StaticClass() && Input.Object == UObject::StaticClass();
+	}
+	// A class is an object too, but only those who ask for a class as an object get it.
+	return Output.Category == FSchema::PC_Class && Input.Category == FSchema::PC_Object
+		&& Input.Object == UClass::StaticClass();
+}
+
+/** An open wildcard may become a container; what is known to be single or of one kind stays so. */
+bool ContainersFit(const FEdGraphPinType& Output, const FEdGraphPinType& Input)
+{
+	return Output.ContainerType == Input.ContainerType
+		|| (Input.PinCategory == FSchema::PC_Wildcard && !Input.IsContainer());
+}
+} // namespace PinTypeRules
+
+bool UEdGraphSchema_K2::ArePinTypesCompatible(
+	const FEdGraphPinType& Output, const FEdGraphPinType& Input, const UClass* CallingContext, bool bIgnoreArray) const
+{
+	using namespace PinTypeRules;
+	if (!bIgnoreArray && !ContainersFit(Output, Input))
+	{
+		return false;
+	}
+	const bool bInContainer = Output.IsContainer() && Input.IsContainer();
+	if (Output.IsMap() && Input.IsMap()
+		&& !TerminalFits(TerminalOf(Output.PinValueType), TerminalOf(Input.PinValueType), CallingContext, true))
+	{
+		return false;
+	}
+	return TerminalFits(TerminalOf(Output), TerminalOf(Input), CallingContext, bInContainer);
+}
+
+bool UEdGraphSchema_K2::ArePinsCompatible(
+	const UEdGraphPin* PinA, const UEdGraphPin* PinB, const UClass* CallingContext, bool bIgnoreArray) const
+{
+	const UEdGraphPin* Input = nullptr;
+	const UEdGraphPin* Output = nullptr;
+	return CategorizePinsByDirection(PinA, PinB, Input, Output)
+		&& ArePinTypesCompatible(Output->PinType, Input->PinType, CallingContext, bIgnoreArray);
+}
+
+bool UEdGraphSchema_K2::ArePinTypesEquivalent(const FEdGraphPinType& PinA, const FEdGraphPinType& PinB) const
+{
+	if (PinA.PinCategory != PinB.PinCategory || PinA.PinSubCategory != PinB.PinSubCategory
+		|| PinA.ContainerType != PinB.ContainerType || PinA.PinSubCategoryObject != PinB.PinSubCategoryObject)
+	{
+		return false;
+	}
+	return !PinA.IsMap()
+		|| (PinA.PinValueType.TerminalCategory == PinB.PinValueType.TerminalCategory
+			&& PinA.PinValueType.TerminalSubCategory == PinB.PinValueType.TerminalSubCategory
+			&& PinA.PinValueType.TerminalSubCategoryObject == PinB.PinValueType.TerminalSubCategoryObject);
+}
+
+bool UEdGraphSchema_K2::DoesTypeHaveImplicitConversion(
+	const FEdGraphPinType& InputType, const FEdGraphPinType& OutputType) const
+{
+	return InputType.PinCategory == PC_Real && OutputType.PinCategory == PC_Real
+		&& InputType.ContainerType == OutputType.ContainerType && InputType.PinSubCategory != OutputType.PinSubCategory;
+}
+
+bool UEdGraphSchema_K2::CategorizePinsByDirection(
+	const UEdGraphPin* PinA, const UEdGraphPin* PinB, const UEdGraphPin*& InputPin, const UEdGraphPin*& OutputPin)
+{
+	return CategorizePinsByDirection<const UEdGraphPin>(PinA, PinB, InputPin, OutputPin);
+}
