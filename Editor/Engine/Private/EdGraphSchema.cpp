@@ -26,6 +26,9 @@ void LinkAfterBreaking(const UEdGraphSchema& Schema, UEdGraphPin* A, UEdGraphPin
 bool UEdGraphSchema::TryCreateConnection(UEdGraphPin* A, UEdGraphPin* B) const
 {
 	const FPinConnectionResponse Response = CanCreateConnection(A, B);
+	UEdGraphNode* const NodeA = A->GetOwningNode();
+	UEdGraphNode* const NodeB = B->GetOwningNode();
+	const FEdGraphPinReference HeldB(B);
 	bool bLinked = false;
 	switch (Response.Response)
 	{
@@ -57,10 +60,14 @@ bool UEdGraphSchema::TryCreateConnection(UEdGraphPin* A, UEdGraphPin* B) const
 	}
 	if (bLinked)
 	{
-		A->GetOwningNode()->PinConnectionListChanged(A);
-		B->GetOwningNode()->PinConnectionListChanged(B);
-		A->GetOwningNode()->NodeConnectionListChanged();
-		B->GetOwningNode()->NodeConnectionListChanged();
+		// A node that is told of a link may make its pins anew, and those of the other one with them.
+		NodeA->PinConnectionListChanged(A);
+		if (UEdGraphPin* const StandingB = HeldB.Get())
+		{
+			NodeB->PinConnectionListChanged(StandingB);
+		}
+		NodeA->NodeConnectionListChanged();
+		NodeB->NodeConnectionListChanged();
 	}
 	return bLinked;
 }
