@@ -101,7 +101,7 @@ UEdGraph* FBlueprintGraphUtils::EnsureEventGraph(
 		Result.AddErrorMessage(FString::Printf(TEXT("Failed to create event graph '%s'"), *GraphName));
 		return nullptr;
 	}
-	GetDefault<UEdGraphSchema_K2>()->CreateDefaultNodesForGraph(*Graph);
+	// It starts empty: the schema's default node is a function's entry, which no event graph may hold.
 	FBlueprintEditorUtils::AddUbergraphPage(Blueprint, Graph);
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
 	Result.AddSuccessMessage(FString::Printf(TEXT("Created event graph '%s'"), *Graph->GetName()));
