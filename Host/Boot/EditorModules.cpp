@@ -5,10 +5,11 @@
 #include "EngineClasses.h"
 #include "ISourceControlModule.h"
 #include "Modules/ModuleManager.h"
+#include "UMGClasses.h"
+#include "UnrealEdClasses.h"
 #include "UObject/Catalogue.h"
 #include "UObject/ObjectProviders.h"
 #include "UObject/PackageText.h"
-#include "UnrealEdClasses.h"
 
 IModuleInterface* CreateModule_MorvaneToolkit();
 IModuleInterface* CreateModule_MorvaneToolkit_Blueprint();
@@ -43,6 +44,7 @@ void EditorModules::StartEditor()
 	RegisterCoreUObjectClasses();
 	RegisterEngineClasses();
 	RegisterBlueprintGraphClasses();
+	RegisterUMGClasses();
 	RegisterUnrealEdClasses();
 	FCatalogue::Get().Install();
 	FPackageText::RegisterLoader();

@@ -9,7 +9,9 @@
 #include "MorvaneToolkitModule.h"
 #include "Projects/Project.h"
 #include "Serialization/JsonUtf8.h"
+#include "ToolResult.h"
 #include "UObject/Catalogue.h"
+#include "UObject/PackageText.h"
 #include "UObject/UObjectGlobals.h"
 
 namespace EditorSessionPrivate
@@ -105,14 +107,30 @@ FToolOutcome FEditorSession::CallTool(const std::string_view Name, const std::st
 	FMorvaneToolkitModule::GetToolExecutor()->ExecuteTool(
 		Command, Result, [](const TSharedPtr<Morvane::FToolResult>&) {});
 	Unsaved.EndCall(*Result);
-	for (const FString& Fault : CatalogueFaults)
-	{
-		Result->AddWarningMessage(Fault);
-	}
-	CatalogueFaults.Empty();
+	AddFileProblems(*Result);
 	FToolOutcome Outcome = {WriteResultText(*Result), Result->WasSuccessful()};
 	CollectGarbage();
 	return Outcome;
+}
+
+/**
+ * A tool says that an asset cannot be found or saved; here is why: the truncated file, the full disk. What the tool has
+ * quoted is not said twice.
+ */
+void FEditorSession::AddFileProblems(Morvane::FToolResult& Result)
+{
+	TArray<FString> Problems = MoveTemp(CatalogueFaults);
+	CatalogueFaults.Empty();
+	Problems.Append(FPackageText::TakeProblems());
+	for (const FString& Problem : Problems)
+	{
+		const bool bQuoted = Result.GetErrorMessages().ContainsByPredicate(
+			[&Problem](const FString& Error) { return Error.Contains(Problem, ESearchCase::CaseSensitive); });
+		if (!bQuoted)
+		{
+			Result.AddWarningMessage(Problem);
+		}
+	}
 }
 
 bool FEditorSession::OpenProject(FString& OutError)

@@ -32,6 +32,7 @@ public:
 
 private:
 	void LoadCatalogue(const FString& Directory);
+	void AddFileProblems(Morvane::FToolResult& Result);
 
 	const FString ProjectDir;
 	FUnsavedPackages Unsaved;
