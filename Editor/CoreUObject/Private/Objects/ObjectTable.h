@@ -86,8 +86,8 @@ private:
 	static std::size_t HashOf(FName Name) { return HashMix64(Name.GetComparisonIndex()); }
 	static std::size_t HashOf(const UObject* Outer, FName Name)
 	{
-		return HashMix64(
-			(reinterpret_cast<UPTRINT>(Outer) >> 4) ^ (static_cast<uint64>(Name.GetComparisonIndex()) << 40));
+		const uint64 NameBits = static_cast<uint64>(Name.GetComparisonIndex()) * 0xC2B2AE3D27D4EB4Full;
+		return HashMix64((reinterpret_cast<UPTRINT>(Outer) >> 4) ^ (NameBits >> 20));
 	}
 	std::size_t BucketMask() const { return PathBuckets.size() - 1; }
 	void GrowBuckets();
