@@ -6,7 +6,9 @@
 #include "Engine/BlueprintClassProvider.h"
 #include "Factories/BlueprintFactory.h"
 #include "Kismet2/BlueprintEditorUtils.h"
+#include "Kismet2/Kismet2NameValidators.h"
 #include "UObject/NativeClass.h"
+#include "WidgetBlueprintSetup.h"
 #include "WidgetBlueprintFactory.h"
 
 namespace UnrealEdClasses
@@ -18,6 +20,11 @@ void RegenerateOnLoad(UBlueprint* Blueprint)
 	Blueprint->Status = BS_UpToDate;
 	Blueprint->bHasBeenRegenerated = true;
 }
+
+TSharedPtr<INameValidatorInterface> MakeNameValidator(const UBlueprint* Blueprint, FName ExistingName)
+{
+	return MakeShared<FKismetNameValidator>(Blueprint, ExistingName);
+}
 } // namespace UnrealEdClasses
 
 void RegisterUnrealEdClasses()
@@ -27,5 +34,7 @@ void RegisterUnrealEdClasses()
 	BlueprintClassProvider::FFunctions Functions;
 	Functions.EnsureSkeletonIsUpToDate = &FBlueprintEditorUtils::EnsureSkeletonIsUpToDate;
 	Functions.RegenerateOnLoad = &UnrealEdClasses::RegenerateOnLoad;
+	Functions.MakeNameValidator = &UnrealEdClasses::MakeNameValidator;
 	BlueprintClassProvider::Set(Functions);
+	RegisterWidgetBlueprintKind();
 }

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "Components/PanelWidget.h"
+
+/** A panel for one child. */
+class UContentWidget : public UPanelWidget
+{
+	EDITOR_CLASS(UContentWidget, UPanelWidget)
+
+public:
+	UWidget* GetContent() const { return GetChildAt(0); }
+	UPanelSlot* SetContent(UWidget* Content)
+	{
+		ClearChildren();
+		return AddChild(Content);
+	}
+};

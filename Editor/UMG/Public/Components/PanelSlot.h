@@ -1,0 +1,14 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "Components/Widget.h"
+
+/** The place of one widget in one panel. Layout is properties that come from data. */
+class UPanelSlot : public UVisual
+{
+	EDITOR_CLASS(UPanelSlot, UVisual)
+
+public:
+	TObjectPtr<UPanelWidget> Parent;
+	TObjectPtr<UWidget> Content;
+};
