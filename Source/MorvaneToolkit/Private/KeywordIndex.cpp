@@ -141,7 +141,7 @@ TArray<FKeywordIndex::FNeighbour> FKeywordIndex::FindNeighbours(const FKeyword& 
 	{
 		Neighbours.Add({*Same, 0});
 	}
-	if (Keyword.Kind == EKeywordKind::Word && Text.Len() > 1)
+	if (Keyword.Kind == EKeywordKind::Word && !Keyword.bWellKnown && Text.Len() > 1)
 	{
 		FindSlips(Keyword, Text[0], Neighbours);
 		if (Text[1] != Text[0])

@@ -136,6 +136,7 @@ FKeyword::FKeyword(const FString& Keyword)
 	else
 	{
 		Weight = KeywordWords::GetWeight(Text);
+		bWellKnown = KeywordWords::IsWellKnown(Text);
 	}
 }
 
@@ -178,8 +179,9 @@ int32 KeywordMatch::CountEdits(const FKeyword& Request, const FKeyword& Candidat
 	{
 		return 0;
 	}
-	const bool bWords = Request.Kind == EKeywordKind::Word && Candidate.Kind == EKeywordKind::Word;
-	return bWords ? KeywordTypos::CountEdits(Request.Text, Candidate.Text) : INDEX_NONE;
+	const bool bMayBeSlip = Request.Kind == EKeywordKind::Word && Candidate.Kind == EKeywordKind::Word
+		&& !Request.bWellKnown;
+	return bMayBeSlip ? KeywordTypos::CountEdits(Request.Text, Candidate.Text) : INDEX_NONE;
 }
 
 KeywordMatch::FComparison KeywordMatch::Compare(const FKeywordSet& Request, const FKeywordSet& Candidate)

@@ -17,6 +17,11 @@ constexpr FSpelling Spellings[] = {
 	{TEXT("modulus"), TEXT("modulo")},
 	{TEXT("mod"), TEXT("modulo")},
 	{TEXT("abs"), TEXT("absolute")},
+	{TEXT("sqrt"), TEXT("square root")},
+	{TEXT("sine"), TEXT("sin")},
+	{TEXT("cosine"), TEXT("cos")},
+	{TEXT("tangent"), TEXT("tan")},
+	{TEXT("len"), TEXT("length")},
 	{TEXT("conv"), TEXT("convert")},
 	{TEXT("equality"), TEXT("equal")},
 	{TEXT("double"), TEXT("float")},
@@ -58,7 +63,8 @@ constexpr FSpelling Spellings[] = {
 	{TEXT("forloop"), TEXT("for loop")},
 	{TEXT("foreachloop"), TEXT("for each loop")},
 	{TEXT("flipflop"), TEXT("flip flop")},
-	{TEXT("finterp"), TEXT("interp")},
+	{TEXT("finterp"), TEXT("f interp")},
+	{TEXT("tinterp"), TEXT("t interp")},
 	{TEXT("vinterp"), TEXT("v interp")},
 	{TEXT("rinterp"), TEXT("r interp")},
 	{TEXT("doonce"), TEXT("do once")},
@@ -209,6 +215,36 @@ constexpr const TCHAR* CommonWords[] = {TEXT("get"), TEXT("set"), TEXT("event"),
 	TEXT("value"), TEXT("float"), TEXT("integer"), TEXT("64"), TEXT("boolean"), TEXT("vector"), TEXT("2d"),
 	TEXT("rotator"), TEXT("transform"), TEXT("string"), TEXT("name"), TEXT("text"), TEXT("byte"), TEXT("object"),
 	TEXT("class"), TEXT("struct"), TEXT("array"), TEXT("map"), TEXT("reference")};
+
+/** Words of the menu that have near neighbours in it ("point" and "print"): as they stand they are meant, never a slip.
+ */
+constexpr const TCHAR* WellKnown[] = {TEXT("absolute"), TEXT("action"), TEXT("actor"), TEXT("angle"), TEXT("animation"),
+	TEXT("array"), TEXT("attach"), TEXT("audio"), TEXT("axis"), TEXT("back"), TEXT("begin"), TEXT("blend"),
+	TEXT("bone"), TEXT("boolean"), TEXT("bottom"), TEXT("branch"), TEXT("break"), TEXT("button"), TEXT("byte"),
+	TEXT("camera"), TEXT("cast"), TEXT("center"), TEXT("channel"), TEXT("character"), TEXT("child"), TEXT("class"),
+	TEXT("clear"), TEXT("close"), TEXT("collision"), TEXT("color"), TEXT("component"), TEXT("controller"),
+	TEXT("count"), TEXT("create"), TEXT("curve"), TEXT("damage"), TEXT("data"), TEXT("debug"), TEXT("delay"),
+	TEXT("delegate"), TEXT("destroy"), TEXT("detach"), TEXT("direction"), TEXT("disable"), TEXT("distance"),
+	TEXT("draw"), TEXT("each"), TEXT("enable"), TEXT("enum"), TEXT("equal"), TEXT("event"), TEXT("field"),
+	TEXT("filter"), TEXT("find"), TEXT("finish"), TEXT("float"), TEXT("focus"), TEXT("force"), TEXT("forward"),
+	TEXT("frame"), TEXT("front"), TEXT("game"), TEXT("gate"), TEXT("greater"), TEXT("group"), TEXT("health"),
+	TEXT("height"), TEXT("image"), TEXT("impulse"), TEXT("index"), TEXT("input"), TEXT("instance"), TEXT("integer"),
+	TEXT("item"), TEXT("layer"), TEXT("left"), TEXT("length"), TEXT("less"), TEXT("level"), TEXT("light"),
+	TEXT("limit"), TEXT("line"), TEXT("link"), TEXT("list"), TEXT("load"), TEXT("local"), TEXT("location"),
+	TEXT("lock"), TEXT("loop"), TEXT("make"), TEXT("mass"), TEXT("material"), TEXT("mesh"), TEXT("mode"),
+	TEXT("montage"), TEXT("mouse"), TEXT("name"), TEXT("object"), TEXT("offset"), TEXT("owner"), TEXT("parameter"),
+	TEXT("parent"), TEXT("path"), TEXT("pause"), TEXT("pawn"), TEXT("play"), TEXT("player"), TEXT("point"),
+	TEXT("position"), TEXT("print"), TEXT("profile"), TEXT("radius"), TEXT("random"), TEXT("range"), TEXT("rate"),
+	TEXT("relative"), TEXT("remove"), TEXT("request"), TEXT("reset"), TEXT("result"), TEXT("right"), TEXT("root"),
+	TEXT("rotation"), TEXT("rotator"), TEXT("save"), TEXT("scale"), TEXT("scene"), TEXT("screen"), TEXT("select"),
+	TEXT("sequence"), TEXT("shape"), TEXT("size"), TEXT("slider"), TEXT("slot"), TEXT("socket"), TEXT("sound"),
+	TEXT("source"), TEXT("space"), TEXT("speed"), TEXT("sphere"), TEXT("spline"), TEXT("spring"), TEXT("sprint"),
+	TEXT("stage"), TEXT("start"), TEXT("state"), TEXT("static"), TEXT("status"), TEXT("stop"), TEXT("string"),
+	TEXT("struct"), TEXT("switch"), TEXT("table"), TEXT("target"), TEXT("task"), TEXT("text"), TEXT("texture"),
+	TEXT("tick"), TEXT("time"), TEXT("timer"), TEXT("touch"), TEXT("trace"), TEXT("track"), TEXT("transform"),
+	TEXT("tree"), TEXT("type"), TEXT("valid"), TEXT("value"), TEXT("variable"), TEXT("vector"), TEXT("velocity"),
+	TEXT("view"), TEXT("visibility"), TEXT("visible"), TEXT("volume"), TEXT("weight"), TEXT("widget"), TEXT("width"),
+	TEXT("world")};
 } // namespace KeywordWordTables
 
 namespace KeywordWordImpl
@@ -223,6 +259,7 @@ struct FLookup
 	TSet<FString> Filler;
 	TSet<FString> Family;
 	TMap<FString, float> Weight;
+	TSet<FString> Known;
 
 	static const FLookup& Get()
 	{
@@ -248,6 +285,10 @@ private:
 		for (const TCHAR* const ClassName : FamilyClasses)
 		{
 			Family.Add(ClassName);
+		}
+		for (const TCHAR* const Word : WellKnown)
+		{
+			Known.Add(Word);
 		}
 		for (const TCHAR* const Word : Connectors)
 		{
@@ -409,6 +450,11 @@ TArray<FString> KeywordWords::Split(FStringView Text, bool bKeepPlurals)
 	int32 Index = Text.StartsWith(TEXT("K2_"), ESearchCase::CaseSensitive) ? 3 : 0;
 	while (Index < Text.Len())
 	{
+		if (Text.Mid(Index, 2).Equals(TEXT("'s"), ESearchCase::IgnoreCase))
+		{
+			Index += 2; // "the actor's location"
+			continue;
+		}
 		if (!FChar::IsAlnum(Text[Index]))
 		{
 			Index += KeywordWordImpl::ReadSign(Text, Index, Words);
@@ -457,4 +503,9 @@ float KeywordWords::GetWeight(const FString& Word)
 {
 	const float* const Weight = KeywordWordImpl::FLookup::Get().Weight.Find(Word);
 	return Weight ? *Weight : 1.0f;
+}
+
+bool KeywordWords::IsWellKnown(const FString& Word)
+{
+	return KeywordWordImpl::FLookup::Get().Known.Contains(Word);
 }

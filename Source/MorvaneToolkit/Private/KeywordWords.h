@@ -28,4 +28,7 @@ bool IsFamilyClassName(FStringView ClassName);
 
 /** How much a word says about which node is meant: 1 for most, less for words that stand in hundreds of titles. */
 float GetWeight(const FString& Word);
+
+/** Whether the word is so common in the menu that it is never a slip for another one. */
+bool IsWellKnown(const FString& Word);
 } // namespace KeywordWords

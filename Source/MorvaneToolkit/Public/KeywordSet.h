@@ -23,6 +23,8 @@ struct FKeyword
 	FString Text;
 	EKeywordKind Kind = EKeywordKind::Word;
 	float Weight = 1.0f;
+	/** In a request, this word is meant as it stands. */
+	bool bWellKnown = false;
 };
 
 /** A list of keywords, prepared for comparison: each stands once, ignoring case. */
