@@ -8,7 +8,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/Kismet2NameValidators.h"
 #include "UObject/NativeClass.h"
-#include "WidgetBlueprintSetup.h"
+#include "BlueprintKindSetup.h"
 #include "WidgetBlueprintFactory.h"
 
 namespace UnrealEdClasses
@@ -36,5 +36,5 @@ void RegisterUnrealEdClasses()
 	Functions.RegenerateOnLoad = &UnrealEdClasses::RegenerateOnLoad;
 	Functions.MakeNameValidator = &UnrealEdClasses::MakeNameValidator;
 	BlueprintClassProvider::Set(Functions);
-	RegisterWidgetBlueprintKind();
+	RegisterBlueprintKinds();
 }

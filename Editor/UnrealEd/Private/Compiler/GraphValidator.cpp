@@ -107,7 +107,7 @@ void FGraphValidator::CheckEntry()
 	}
 	TArray<UK2Node_FunctionEntry*> Entries;
 	Graph.GetNodesOfClass(Entries);
-	if (Entries.IsEmpty() && Schema->IsA<UEdGraphSchema_K2>())
+	if (Entries.IsEmpty() && Schema->GetGraphType(&Graph) == GT_Function)
 	{
 		Log.Error(*FString::Printf(TEXT("Could not find a function entry node in the graph '%s'"), *Graph.GetName()));
 	}

@@ -68,7 +68,7 @@ UClass* GetBlueprintClass(const UClass* ParentClass)
 			return Kind.BlueprintClass;
 		}
 	}
-	return IsBelow(ParentClass, TEXT("/Script/Engine.AnimInstance")) ? UAnimBlueprint::StaticClass() : UBlueprint::StaticClass();
+	return UBlueprint::StaticClass();
 }
 
 TArray<FDefaultEvent> GetDefaultEvents(const UClass* ParentClass)

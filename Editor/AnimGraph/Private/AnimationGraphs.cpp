@@ -1,0 +1,148 @@
+// The graphs of animation Blueprints and the rules that each kind has.
+
+#include "AnimGraphClasses.h"
+#include "AnimGraphNode_Root.h"
+#include "AnimGraphNode_StateMachine.h"
+#include "AnimStateAliasNode.h"
+#include "AnimStateConduitNode.h"
+#include "AnimStateEntryNode.h"
+#include "AnimStateNode.h"
+#include "AnimStateTransitionNode.h"
+#include "AnimationGraph.h"
+#include "AnimationGraphSchema.h"
+#include "AnimationStateGraph.h"
+#include "AnimationStateMachineSchema.h"
+#include "AnimationTransitionGraph.h"
+#include "UObject/NativeClass.h"
+
+IMPLEMENT_EDITOR_CLASS(UAnimationGraph, "/Script/AnimGraph", CLASS_None)
+IMPLEMENT_EDITOR_CLASS(UAnimationStateGraph, "/Script/AnimGraph", CLASS_None)
+IMPLEMENT_EDITOR_CLASS(UAnimationTransitionGraph, "/Script/AnimGraph", CLASS_None)
+IMPLEMENT_EDITOR_CLASS(UAnimationStateMachineGraph, "/Script/AnimGraph", CLASS_None)
+IMPLEMENT_EDITOR_CLASS(UAnimationGraphSchema, "/Script/AnimGraph", CLASS_None)
+IMPLEMENT_EDITOR_CLASS(UAnimationStateGraphSchema, "/Script/AnimGraph", CLASS_None)
+IMPLEMENT_EDITOR_CLASS(UAnimationTransitionSchema, "/Script/AnimGraph", CLASS_None)
+IMPLEMENT_EDITOR_CLASS(UAnimationStateMachineSchema, "/Script/AnimGraph", CLASS_None)
+
+void UAnimationGraph::DescribeClass(FClassDescriber&) {}
+void UAnimationStateGraph::DescribeClass(FClassDescriber&) {}
+void UAnimationTransitionGraph::DescribeClass(FClassDescriber&) {}
+void UAnimationGraphSchema::DescribeClass(FClassDescriber&) {}
+void UAnimationStateGraphSchema::DescribeClass(FClassDescriber&) {}
+void UAnimationTransitionSchema::DescribeClass(FClassDescriber&) {}
+void UAnimationStateMachineSchema::DescribeClass(FClassDescriber&) {}
+
+void UAnimationStateMachineGraph::DescribeClass(FClassDescriber& Class)
+{
+	Class.Property(TEXT("EntryNode"), &UAnimationStateMachineGraph::EntryNode);
+	Class.Property(TEXT("OwnerAnimGraphNode"), &UAnimationStateMachineGraph::OwnerAnimGraphNode);
+}
+
+namespace AnimationGraphs
+{
+template <class T> T* CreateDefaultNode(UEdGraph& Graph)
+{
+	FGraphNodeCreator<T> Creator(Graph);
+	T* const Node = Creator.CreateNode();
+	Creator.Finalize();
+	return Node;
+}
+} // namespace AnimationGraphs
+
+UScriptStruct* UAnimationGraphSchema::GetPoseLinkStruct()
+{
+	return FindObject<UScriptStruct>(nullptr, TEXT("/Script/Engine.PoseLink"));
+}
+
+void UAnimationGraphSchema::CreateDefaultNodesForGraph(UEdGraph& Graph) const
+{
+	AnimationGraphs::CreateDefaultNode<UAnimGraphNode_Root>(Graph);
+}
+
+void UAnimationStateGraphSchema::CreateDefaultNodesForGraph(UEdGraph& Graph) const
+{
+	AnimationGraphs::CreateDefaultNode<UAnimGraphNode_StateResult>(Graph);
+}
+
+void UAnimationTransitionSchema::CreateDefaultNodesForGraph(UEdGraph& Graph) const
+{
+	AnimationGraphs::CreateDefaultNode<UAnimGraphNode_TransitionResult>(Graph);
+}
+
+void UAnimationStateMachineSchema::CreateDefaultNodesForGraph(UEdGraph& Graph) const
+{
+	UAnimStateEntryNode* const Entry = AnimationGraphs::CreateDefaultNode<UAnimStateEntryNode>(Graph);
+	if (UAnimationStateMachineGraph* const Machine = Cast<UAnimationStateMachineGraph>(&Graph))
+	{
+		Machine->EntryNode = Entry;
+	}
+}
+
+const FPinConnectionResponse UAnimationStateMachineSchema::CanCreateConnection(
+	const UEdGraphPin* A, const UEdGraphPin* B) const
+{
+	const UEdGraphNode* const NodeA = A->GetOwningNode();
+	const UEdGraphNode* const NodeB = B->GetOwningNode();
+	if (NodeA == NodeB)
+	{
+		return FPinConnectionResponse(CONNECT_RESPONSE_DISALLOW, TEXT("Both are on the same node"));
+	}
+	if (A->Direction == B->Direction)
+	{
+		return FPinConnectionResponse(CONNECT_RESPONSE_DISALLOW, A->Direction == EGPD_Input ? TEXT("Input is not compatible with another input") : TEXT("Output is not compatible with another output"));
+	}
+	if (NodeA->IsA<UAnimStateEntryNode>() || NodeB->IsA<UAnimStateEntryNode>())
+	{
+		const bool bEntryIsA = NodeA->IsA<UAnimStateEntryNode>();
+		const UEdGraphNode* const Other = bEntryIsA ? NodeB : NodeA;
+		if (!Other->IsA<UAnimStateNodeBase>() || Other->IsA<UAnimStateTransitionNode>())
+		{
+			return FPinConnectionResponse(CONNECT_RESPONSE_DISALLOW, TEXT("Entry must connect to a state node"));
+		}
+		return FPinConnectionResponse(bEntryIsA ? CONNECT_RESPONSE_BREAK_OTHERS_A : CONNECT_RESPONSE_BREAK_OTHERS_B, TEXT(""));
+	}
+	if (NodeA->IsA<UAnimStateTransitionNode>() || NodeB->IsA<UAnimStateTransitionNode>())
+	{
+		return FPinConnectionResponse(CONNECT_RESPONSE_DISALLOW, TEXT("Cannot wire directly to a transition node"));
+	}
+	return FPinConnectionResponse(CONNECT_RESPONSE_MAKE_WITH_CONVERSION_NODE, TEXT("Create a transition"));
+}
+
+bool UAnimationStateMachineSchema::TryCreateConnection(UEdGraphPin* A, UEdGraphPin* B) const
+{
+	if (A->Direction == EGPD_Input)
+	{
+		return Super::TryCreateConnection(B, A);
+	}
+	return Super::TryCreateConnection(A, B);
+}
+
+bool UAnimationStateMachineSchema::CreateAutomaticConversionNodeAndConnections(UEdGraphPin* A, UEdGraphPin* B) const
+{
+	UAnimStateNodeBase* const From = Cast<UAnimStateNodeBase>(A->GetOwningNode());
+	UAnimStateNodeBase* const To = Cast<UAnimStateNodeBase>(B->GetOwningNode());
+	if (!From || !To || !From->GetOutputPin() || !To->GetInputPin())
+	{
+		return false;
+	}
+	FGraphNodeCreator<UAnimStateTransitionNode> Creator(*From->GetGraph());
+	UAnimStateTransitionNode* const Transition = Creator.CreateNode();
+	Transition->NodePosX = (From->NodePosX + To->NodePosX) / 2;
+	Transition->NodePosY = (From->NodePosY + To->NodePosY) / 2;
+	Creator.Finalize();
+	Transition->CreateConnections(From, To);
+	return true;
+}
+
+void RegisterAnimGraphClasses()
+{
+	NativeClass::RegisterNativeClasses({&UAnimationGraph::StaticClass, &UAnimationStateGraph::StaticClass,
+		&UAnimationTransitionGraph::StaticClass, &UAnimationStateMachineGraph::StaticClass,
+		&UAnimationGraphSchema::StaticClass, &UAnimationStateGraphSchema::StaticClass,
+		&UAnimationTransitionSchema::StaticClass, &UAnimationStateMachineSchema::StaticClass,
+		&UAnimStateNodeBase::StaticClass, &UAnimStateNode::StaticClass, &UAnimStateConduitNode::StaticClass,
+		&UAnimStateAliasNode::StaticClass, &UAnimStateTransitionNode::StaticClass, &UAnimStateEntryNode::StaticClass,
+		&UAnimGraphNode_Base::StaticClass, &UAnimGraphNode_Root::StaticClass, &UAnimGraphNode_StateResult::StaticClass,
+		&UAnimGraphNode_TransitionResult::StaticClass, &UAnimGraphNode_StateMachineBase::StaticClass,
+		&UAnimGraphNode_StateMachine::StaticClass});
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "K2Node.h"
+
+/** A node of a graph of poses. */
+class UAnimGraphNode_Base : public UK2Node
+{
+	EDITOR_CLASS(UAnimGraphNode_Base, UK2Node)
+
+public:
+	bool IsNodePure() const override { return false; }
+	bool CanCreateUnderSpecifiedSchema(const UEdGraphSchema* Schema) const override;
+	FText GetMenuCategory() const override;
+
+protected:
+	UEdGraphPin* CreatePosePin(EEdGraphPinDirection Direction, const TCHAR* Name);
+};

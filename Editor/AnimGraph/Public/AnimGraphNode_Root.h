@@ -1,0 +1,31 @@
+#pragma once
+
+#include "AnimGraphNode_Base.h"
+
+/** The pose that a graph gives out. */
+class UAnimGraphNode_Root : public UAnimGraphNode_Base
+{
+	EDITOR_CLASS(UAnimGraphNode_Root, UAnimGraphNode_Base)
+
+public:
+	void AllocateDefaultPins() override;
+	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	bool CanUserDeleteNode() const override { return false; }
+};
+
+/** The pose that a state gives out. */
+class UAnimGraphNode_StateResult : public UAnimGraphNode_Root
+{
+	EDITOR_CLASS(UAnimGraphNode_StateResult, UAnimGraphNode_Root)
+};
+
+/** Whether a transition may be taken. */
+class UAnimGraphNode_TransitionResult : public UAnimGraphNode_Base
+{
+	EDITOR_CLASS(UAnimGraphNode_TransitionResult, UAnimGraphNode_Base)
+
+public:
+	void AllocateDefaultPins() override;
+	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	bool CanUserDeleteNode() const override { return false; }
+};

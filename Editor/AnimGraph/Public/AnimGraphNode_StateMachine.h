@@ -1,0 +1,30 @@
+#pragma once
+
+#include "AnimGraphNode_Base.h"
+#include "AnimationStateMachineGraph.h"
+
+class UAnimGraphNode_StateMachineBase : public UAnimGraphNode_Base
+{
+	EDITOR_CLASS(UAnimGraphNode_StateMachineBase, UAnimGraphNode_Base)
+
+public:
+	FString GetStateMachineName() const;
+	TArray<UEdGraph*> GetSubGraphs() const override;
+	void AllocateDefaultPins() override;
+	void PostPlacedNewNode() override;
+	void OnRenameNode(const FString& NewName) override;
+	void DestroyNode() override;
+	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	FText GetTooltipText() const override;
+
+	TObjectPtr<UAnimationStateMachineGraph> EditorStateMachineGraph;
+};
+
+/** A state machine as a node of a graph of poses. */
+class UAnimGraphNode_StateMachine : public UAnimGraphNode_StateMachineBase
+{
+	EDITOR_CLASS(UAnimGraphNode_StateMachine, UAnimGraphNode_StateMachineBase)
+
+public:
+	void GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const override;
+};

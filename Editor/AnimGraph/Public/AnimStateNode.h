@@ -1,0 +1,23 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "AnimStateNodeBase.h"
+
+/** A state: an animation graph that plays while the state is active. */
+class UAnimStateNode : public UAnimStateNodeBase
+{
+	EDITOR_CLASS(UAnimStateNode, UAnimStateNodeBase)
+
+public:
+	FString GetStateName() const override;
+	UEdGraphPin* GetInputPin() const override { return FindPin(TEXT("In"), EGPD_Input); }
+	UEdGraphPin* GetOutputPin() const override { return FindPin(TEXT("Out"), EGPD_Output); }
+	UEdGraph* GetBoundGraph() const override { return BoundGraph; }
+	void ClearBoundGraph() override { BoundGraph = nullptr; }
+	void AllocateDefaultPins() override;
+	void PostPlacedNewNode() override;
+	FText GetTooltipText() const override;
+
+	TObjectPtr<UEdGraph> BoundGraph;
+	bool bAlwaysResetOnEntry = false;
+};
