@@ -3,6 +3,7 @@
 #include "CoreMinimal.h"
 #include "EdGraph/EdGraphNode.h"
 #include "Engine/MemberReference.h"
+#include "Templates/SubclassOf.h"
 
 class FBlueprintActionDatabaseRegistrar;
 class FKismetCompilerContext;
@@ -94,6 +95,12 @@ public:
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
 	/** The pin type of a property, through the schema; false when no pin carries it. */
 	UEdGraphPin* CreatePinFromProperty(const FProperty* Property, EEdGraphPinDirection Direction, FName PinName);
+
+	/** The function or property that a member reference means for this node. Own members are looked up in the up to date class; members of other classes cost no rebuild of it. */
+	UFunction* ResolveFunction(const FMemberReference& Reference) const;
+	FProperty* ResolveProperty(const FMemberReference& Reference) const;
+	/** Whether a member of the class is the Blueprint's own or inherited one. Answered without building a class. */
+	bool IsSelfOrParentClass(const UClass* Class) const;
 
 	/** Whether the node is a fixed placeholder of its graph that an author may not remove. */
 	bool CanUserDeleteNode() const override;

@@ -2,6 +2,7 @@
 
 #include "CoreMinimal.h"
 #include "K2Node.h"
+#include "Templates/SubclassOf.h"
 
 /** Asks whether an object is of a class, and gives it as that. */
 class UK2Node_DynamicCast : public UK2Node
@@ -33,4 +34,6 @@ public:
 
 protected:
 	virtual FText GetCastTypeName() const;
+	void CreateExecPins();
+	void CreateSuccessPin();
 };

@@ -55,6 +55,8 @@ public:
 	virtual FKismetUserDeclaredFunctionMetadata* GetMetaDataPtr() { return nullptr; }
 	static FKismetUserDeclaredFunctionMetadata* GetGraphFunctionMetaData(const UEdGraph* InGraph);
 	bool IsEditable() const { return bIsEditable; }
+	/** Pins for the parameters of a signature: of the entry those that come in, of a result those that go out. False when one has no pin type. */
+	bool CreatePinsForFunctionEntryExit(const UFunction* Function, bool bForFunctionEntry);
 
 	void AllocateDefaultPins() override;
 	void PinDefaultValueChanged(UEdGraphPin* Pin) override;

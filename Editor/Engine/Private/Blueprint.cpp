@@ -293,4 +293,9 @@ UClass* GetSelfClass(const UBlueprint* Blueprint)
 	}
 	return Blueprint->GeneratedClass.Get() ? Blueprint->GeneratedClass.Get() : Blueprint->ParentClass.Get();
 }
+
+TSharedPtr<INameValidatorInterface> MakeNameValidator(const UBlueprint* Blueprint, FName ExistingName)
+{
+	return Blueprint && Current.MakeNameValidator ? Current.MakeNameValidator(Blueprint, ExistingName) : nullptr;
+}
 } // namespace BlueprintClassProvider

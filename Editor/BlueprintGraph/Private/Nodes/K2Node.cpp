@@ -26,8 +26,8 @@ void FOptionalPinFromProperty::DescribeStruct(FStructDescriber& Struct)
 
 bool UK2Node::CanSplitPin(const UEdGraphPin* Pin) const
 {
-	return Pin && Pin->GetOwningNode() == this && !Pin->bNotConnectable && Pin->LinkedTo.IsEmpty() &&
-		Pin->PinType.PinCategory == UEdGraphSchema_K2::PC_Struct && !Pin->PinType.IsContainer();
+	return Pin && Pin->GetOwningNode() == this && !Pin->bNotConnectable && Pin->LinkedTo.IsEmpty()
+		&& Pin->PinType.PinCategory == UEdGraphSchema_K2::PC_Struct && !Pin->PinType.IsContainer();
 }
 
 UBlueprint* UK2Node::GetBlueprint() const
@@ -38,6 +38,33 @@ UBlueprint* UK2Node::GetBlueprint() const
 UClass* UK2Node::GetBlueprintClassFromNode() const
 {
 	return BlueprintClassProvider::GetSelfClass(GetBlueprint());
+}
+
+UFunction* UK2Node::ResolveFunction(const FMemberReference& Reference) const
+{
+	return Reference.ResolveFunction(
+		Reference.IsSelfContext() || Reference.IsLocalScope() ? GetBlueprintClassFromNode() : nullptr);
+}
+
+FProperty* UK2Node::ResolveProperty(const FMemberReference& Reference) const
+{
+	return Reference.ResolveProperty(
+		Reference.IsSelfContext() || Reference.IsLocalScope() ? GetBlueprintClassFromNode() : nullptr);
+}
+
+bool UK2Node::IsSelfOrParentClass(const UClass* Class) const
+{
+	const UBlueprint* const Blueprint = GetBlueprint();
+	if (!Blueprint || !Class)
+	{
+		return false;
+	}
+	if (Class->ClassGeneratedBy == Blueprint)
+	{
+		return true;
+	}
+	const UClass* const Parent = Blueprint->ParentClass.Get();
+	return Parent && Parent->IsChildOf(Class);
 }
 
 const UEdGraphSchema_K2* UK2Node::GetK2Schema() const

@@ -148,9 +148,8 @@ FText UK2Node_CallFunction::GetFunctionContextString() const
 FText UK2Node_CallFunction::GetNodeTitle(ENodeTitleType::Type TitleType) const
 {
 	const UFunction* const Function = GetTargetFunction();
-	const FString Name = Function
-		? GetUserFacingFunctionName(Function).ToString()
-		: FName::NameToDisplayString(FunctionReference.GetMemberName().ToString(), false);
+	const FString Name = Function ? GetUserFacingFunctionName(Function).ToString()
+								  : FName::NameToDisplayString(FunctionReference.GetMemberName().ToString(), false);
 	if (TitleType != ENodeTitleType::FullTitle || !Function)
 	{
 		return FText::FromString(Name);
@@ -192,7 +191,8 @@ bool UK2Node_CallFunction::CanPasteHere(const UEdGraph* TargetGraph) const
 
 bool UK2Node_CallFunction::IsStructureWildcardProperty(const UFunction* InFunction, FName PropertyName)
 {
-	const FString* const Named = InFunction ? InFunction->FindMetaData(FBlueprintMetadata::MD_CustomStructureParam) : nullptr;
+	const FString* const Named = InFunction ? InFunction->FindMetaData(FBlueprintMetadata::MD_CustomStructureParam)
+											: nullptr;
 	if (!Named)
 	{
 		return false;
@@ -215,9 +215,11 @@ void UK2Node_CallFunction::ValidateNodeDuringCompilation(FCompilerResultsLog& Me
 	if (!Function)
 	{
 		const UClass* const Scope = FunctionReference.GetMemberParentClass(GetBlueprintClassFromNode());
-		MessageLog.Error(*FString::Printf(TEXT("Could not find a function named \"%s\" in '%s'.\nMake sure '%s' has been compiled for @@"),
-							 *GetFunctionName().ToString(), Scope ? *Scope->GetName() : TEXT("None"),
-							 Scope ? *Scope->GetName() : TEXT("None")),
+		MessageLog.Error(
+			*FString::Printf(
+				TEXT("Could not find a function named \"%s\" in '%s'.\nMake sure '%s' has been compiled for @@"),
+				*GetFunctionName().ToString(), Scope ? *Scope->GetName() : TEXT("None"),
+				Scope ? *Scope->GetName() : TEXT("None")),
 			this);
 		return;
 	}

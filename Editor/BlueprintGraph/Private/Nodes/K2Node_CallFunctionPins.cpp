@@ -1,5 +1,5 @@
-// The pins of a call: exec pins, target, parameters in the order of the C++ declaration, with what is hidden, advanced, by reference or
-// of a type that follows another pin.
+// The pins of a call: exec pins, target, parameters in the order of the C++ declaration, with what is hidden, advanced,
+// by reference or of a type that follows another pin.
 
 #include "K2Node_CallFunction.h"
 
@@ -11,11 +11,11 @@ namespace CallPins
 /** Classes below these have a world, so the caller itself serves as world context and the pin is not shown. */
 bool HasWorld(const UClass* Class)
 {
-	static const TCHAR* const Bases[] = {TEXT("Actor"), TEXT("ActorComponent"), TEXT("UserWidget"), TEXT("AnimInstance"),
-		TEXT("GameInstance"), TEXT("Subsystem"), TEXT("BTNode"), TEXT("GameplayAbility"), TEXT("GameplayTask"),
-		TEXT("BlueprintFunctionLibrary"), TEXT("AnimNotify"), TEXT("AnimNotifyState"), TEXT("CheatManagerExtension"),
-		TEXT("CheatManager"), TEXT("LevelScriptActor"), TEXT("EnvQueryGenerator"), TEXT("EnvQueryTest"),
-		TEXT("EnvQueryContext"), TEXT("StateTreeNodeBlueprintBase"), TEXT("Player")};
+	static const TCHAR* const Bases[] = {TEXT("Actor"), TEXT("ActorComponent"), TEXT("UserWidget"),
+		TEXT("AnimInstance"), TEXT("GameInstance"), TEXT("Subsystem"), TEXT("BTNode"), TEXT("GameplayAbility"),
+		TEXT("GameplayTask"), TEXT("BlueprintFunctionLibrary"), TEXT("AnimNotify"), TEXT("AnimNotifyState"),
+		TEXT("CheatManagerExtension"), TEXT("CheatManager"), TEXT("LevelScriptActor"), TEXT("EnvQueryGenerator"),
+		TEXT("EnvQueryTest"), TEXT("EnvQueryContext"), TEXT("StateTreeNodeBlueprintBase"), TEXT("Player")};
 	for (; Class; Class = Class->GetSuperClass())
 	{
 		for (const TCHAR* const Base : Bases)
@@ -75,8 +75,8 @@ UEnum* EnumOf(const FProperty* Param)
 
 bool IsInput(const FProperty* Param)
 {
-	return !Param->HasAnyPropertyFlags(CPF_ReturnParm) &&
-		(!Param->HasAnyPropertyFlags(CPF_OutParm) || Param->HasAnyPropertyFlags(CPF_ReferenceParm));
+	return !Param->HasAnyPropertyFlags(CPF_ReturnParm)
+		&& (!Param->HasAnyPropertyFlags(CPF_OutParm) || Param->HasAnyPropertyFlags(CPF_ReferenceParm));
 }
 } // namespace CallPins
 
@@ -126,8 +126,8 @@ bool UK2Node_CallFunction::CreateEnumExecPins(const UFunction* Function, EEdGrap
 	{
 		if (!Enum->HasMetaData(HiddenKey, Index))
 		{
-			UEdGraphPin* const Pin =
-				CreatePin(Direction, UEdGraphSchema_K2::PC_Exec, FName(Enum->GetNameStringByIndex(Index)));
+			UEdGraphPin* const Pin = CreatePin(
+				Direction, UEdGraphSchema_K2::PC_Exec, FName(Enum->GetNameStringByIndex(Index)));
 			Pin->PinFriendlyName = Enum->GetDisplayNameTextByIndex(Index);
 		}
 	}
@@ -173,9 +173,12 @@ UEdGraphPin* UK2Node_CallFunction::CreateSelfPin(UEdGraphNode* Node, const UFunc
 	const UBlueprint* const Blueprint = K2Node ? K2Node->GetBlueprint() : nullptr;
 	const bool bOwnedByBlueprint = Blueprint && Owner && Owner->ClassGeneratedBy == Blueprint;
 	UEdGraphPin* const Pin = bOwnedByBlueprint
-		? Node->CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Object, UEdGraphSchema_K2::PSC_Self, nullptr, UEdGraphSchema_K2::PN_Self)
-		: Node->CreatePin(EGPD_Input, Owner && Owner->HasAnyClassFlags(CLASS_Interface) ? UEdGraphSchema_K2::PC_Interface : UEdGraphSchema_K2::PC_Object,
-			  Owner ? Owner->GetAuthoritativeClass() : nullptr, UEdGraphSchema_K2::PN_Self);
+		? Node->CreatePin(
+			EGPD_Input, UEdGraphSchema_K2::PC_Object, UEdGraphSchema_K2::PSC_Self, nullptr, UEdGraphSchema_K2::PN_Self)
+		: Node->CreatePin(EGPD_Input,
+			Owner && Owner->HasAnyClassFlags(CLASS_Interface) ? UEdGraphSchema_K2::PC_Interface
+															  : UEdGraphSchema_K2::PC_Object,
+			Owner ? Owner->GetAuthoritativeClass() : nullptr, UEdGraphSchema_K2::PN_Self);
 	Pin->PinFriendlyName = NSLOCTEXT("K2Node", "Target", "Target");
 	if (Function->HasAnyFunctionFlags(FUNC_Static))
 	{
@@ -207,13 +210,14 @@ UEdGraphPin* UK2Node_CallFunction::CreateParameterPin(
 		Pin->PinType.PinSubCategory = NAME_None;
 		Pin->PinType.PinSubCategoryObject = nullptr;
 	}
-	const bool bAutoCreated = [&] {
+	const bool bAutoCreated = [&]
+	{
 		TSet<FName> Names;
 		CallPins::AddNames(*Function, FBlueprintMetadata::MD_AutoCreateRefTerm, Names);
 		return Names.Contains(Param->GetFName());
 	}();
-	Pin->bDefaultValueIsIgnored = bIsInput && Param->HasAnyPropertyFlags(CPF_ReferenceParm) &&
-		(!bAutoCreated || Pin->PinType.IsContainer());
+	Pin->bDefaultValueIsIgnored = bIsInput && Param->HasAnyPropertyFlags(CPF_ReferenceParm)
+		&& (!bAutoCreated || Pin->PinType.IsContainer());
 	Pin->bAdvancedView = Param->HasAnyPropertyFlags(CPF_AdvancedDisplay);
 	if (Pin->bAdvancedView && AdvancedPinDisplay == ENodeAdvancedPins::NoPins)
 	{
@@ -223,7 +227,9 @@ UEdGraphPin* UK2Node_CallFunction::CreateParameterPin(
 	{
 		Pin->PinFriendlyName = FText::FromString(*Display);
 	}
-	else if (const FString* const Return = Param->HasAnyPropertyFlags(CPF_ReturnParm) ? Function->FindMetaData(ReturnDisplayName) : nullptr)
+	else if (const FString* const Return = Param->HasAnyPropertyFlags(CPF_ReturnParm)
+			? Function->FindMetaData(ReturnDisplayName)
+			: nullptr)
 	{
 		Pin->PinFriendlyName = FText::FromString(*Return);
 	}
@@ -243,13 +249,15 @@ UEdGraphPin* UK2Node_CallFunction::CreateParameterPin(
 
 bool UK2Node_CallFunction::CreatePinsForFunctionCall(const UFunction* Function)
 {
-	bWantsEnumToExecExpansion = Function->HasMetaData(FBlueprintMetadata::MD_ExpandEnumAsExecs) ||
-		Function->HasMetaData(FBlueprintMetadata::MD_ExpandBoolAsExecs);
+	bWantsEnumToExecExpansion = Function->HasMetaData(FBlueprintMetadata::MD_ExpandEnumAsExecs)
+		|| Function->HasMetaData(FBlueprintMetadata::MD_ExpandBoolAsExecs);
 	CreateExecPinsForFunctionCall(Function);
 	CreateSelfPin(Function);
 	TSet<FName> Hidden = GetHiddenParameters(Function);
 	bool bIsBool = false;
-	if (const FProperty* const Expanded = bWantsEnumToExecExpansion && !IsNodePure() ? CallPins::ExpandedParameter(*Function, bIsBool) : nullptr)
+	if (const FProperty* const Expanded = bWantsEnumToExecExpansion && !IsNodePure()
+			? CallPins::ExpandedParameter(*Function, bIsBool)
+			: nullptr)
 	{
 		Hidden.Add(Expanded->GetFName());
 	}
@@ -349,8 +357,8 @@ bool IsObjectLike(const UEdGraphPin& Pin)
 {
 	using FSchema = UEdGraphSchema_K2;
 	const FName Category = Pin.PinType.PinCategory;
-	return Category == FSchema::PC_Object || Category == FSchema::PC_Interface || Category == FSchema::PC_Class ||
-		Category == FSchema::PC_SoftObject || Category == FSchema::PC_SoftClass;
+	return Category == FSchema::PC_Object || Category == FSchema::PC_Interface || Category == FSchema::PC_Class
+		|| Category == FSchema::PC_SoftObject || Category == FSchema::PC_SoftClass;
 }
 } // namespace CallPins
 
@@ -375,7 +383,8 @@ void UK2Node_CallFunction::ConformDynamicOutputs()
 		UEdGraphPin* const Output = FindPin(Name, EGPD_Output);
 		const FObjectPropertyBase* const Declared = FindFProperty<FObjectPropertyBase>(Function, Name);
 		const FArrayProperty* const DeclaredArray = FindFProperty<FArrayProperty>(Function, Name);
-		const FObjectPropertyBase* const Element = DeclaredArray ? CastField<FObjectPropertyBase>(DeclaredArray->Inner) : Declared;
+		const FObjectPropertyBase* const Element = DeclaredArray ? CastField<FObjectPropertyBase>(DeclaredArray->Inner)
+																 : Declared;
 		if (Output && Element && CallPins::IsObjectLike(*Output))
 		{
 			UClass* const Base = Element->PropertyClass;

@@ -10,7 +10,8 @@
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_Variable, "/Script/BlueprintGraph", CLASS_Abstract)
 
-template <> UEnum* StaticEnum<ESelfContextInfo>()
+template <>
+UEnum* StaticEnum<ESelfContextInfo>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("ESelfContextInfo"), TEXT("/Script/BlueprintGraph"),
 		UEnum::ECppForm::Namespaced, {{TEXT("Unspecified"), 0}, {TEXT("NotSelfContext"), 1}});
@@ -99,7 +100,8 @@ bool UK2Node_Variable::CreatePinForVariable(EEdGraphPinDirection Direction, FNam
 {
 	const FName PinName = InPinName.IsNone() ? GetVarName() : InPinName;
 	FEdGraphPinType Type;
-	if (const FBPVariableDescription* const Local = VariableReference.IsLocalScope() ? VariableNodes::FindLocal(*this) : nullptr)
+	if (const FBPVariableDescription* const Local = VariableReference.IsLocalScope() ? VariableNodes::FindLocal(*this)
+																					 : nullptr)
 	{
 		Type = Local->VarType;
 	}
@@ -137,11 +139,10 @@ UK2Node::ERedirectType UK2Node_Variable::DoPinsMatchForReconstruction(
 		return Base;
 	}
 	// A renamed variable: the value pin is whatever is neither exec nor self.
-	const auto IsValue = [](const UEdGraphPin* Pin) {
-		return !UEdGraphSchema_K2::IsExecPin(*Pin) && Pin->PinName != UEdGraphSchema_K2::PN_Self && !Pin->ParentPin;
-	};
-	return IsValue(NewPin) && IsValue(OldPin) && NewPin->PinName == GetVarName() &&
-			GetK2Schema()->ArePinTypesCompatible(NewPin->PinType, OldPin->PinType)
+	const auto IsValue = [](const UEdGraphPin* Pin)
+	{ return !UEdGraphSchema_K2::IsExecPin(*Pin) && Pin->PinName != UEdGraphSchema_K2::PN_Self && !Pin->ParentPin; };
+	return IsValue(NewPin) && IsValue(OldPin) && NewPin->PinName == GetVarName()
+			&& GetK2Schema()->ArePinTypesCompatible(NewPin->PinType, OldPin->PinType)
 		? ERedirectType_Name
 		: ERedirectType_None;
 }
@@ -153,8 +154,8 @@ void KeepOldValuePins(UK2Node_Variable& Node, const TArray<UEdGraphPin*>& OldPin
 {
 	for (const UEdGraphPin* const Old : OldPins)
 	{
-		if (!UEdGraphSchema_K2::IsExecPin(*Old) && !Node.FindPin(Old->PinName, Old->Direction) && !Old->ParentPin &&
-			!Old->bOrphanedPin)
+		if (!UEdGraphSchema_K2::IsExecPin(*Old) && !Node.FindPin(Old->PinName, Old->Direction) && !Old->ParentPin
+			&& !Old->bOrphanedPin)
 		{
 			UEdGraphPin* const Pin = Node.CreatePin(Old->Direction, Old->PinType, Old->PinName);
 			Pin->bHidden = Old->bHidden;
@@ -182,8 +183,11 @@ void UK2Node_Variable::ValidateNodeDuringCompilation(FCompilerResultsLog& Messag
 	if (!bKnown)
 	{
 		const UClass* const Scope = GetVariableSourceClass();
-		MessageLog.Error(*FString::Printf(TEXT("Could not find a variable named \"%s\" in '%s'.\nMake sure '%s' has been compiled for @@"),
-							 *GetVarNameString(), Scope ? *Scope->GetName() : TEXT("None"), Scope ? *Scope->GetName() : TEXT("None")),
+		MessageLog.Error(
+			*FString::Printf(
+				TEXT("Could not find a variable named \"%s\" in '%s'.\nMake sure '%s' has been compiled for @@"),
+				*GetVarNameString(), Scope ? *Scope->GetName() : TEXT("None"),
+				Scope ? *Scope->GetName() : TEXT("None")),
 			this);
 	}
 }
@@ -196,6 +200,8 @@ bool UK2Node_Variable::CanPasteHere(const UEdGraph* TargetGraph) const
 FText UK2Node_Variable::GetMenuCategory() const
 {
 	const FProperty* const Property = GetPropertyForVariable();
-	const FString* const Category = Property ? Property->FindMetaData(FBlueprintMetadata::MD_FunctionCategory) : nullptr;
-	return FText::FromString(Category && !Category->IsEmpty() ? TEXT("Variables|") + *Category : FString(TEXT("Variables")));
+	const FString* const Category = Property ? Property->FindMetaData(FBlueprintMetadata::MD_FunctionCategory)
+											 : nullptr;
+	return FText::FromString(
+		Category && !Category->IsEmpty() ? TEXT("Variables|") + *Category : FString(TEXT("Variables")));
 }

@@ -9,7 +9,8 @@
 IMPLEMENT_EDITOR_CLASS(UK2Node_VariableGet, "/Script/BlueprintGraph", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UK2Node_VariableSet, "/Script/BlueprintGraph", CLASS_None)
 
-template <> UEnum* StaticEnum<EGetNodeVariation>()
+template <>
+UEnum* StaticEnum<EGetNodeVariation>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("EGetNodeVariation"), TEXT("/Script/BlueprintGraph"),
 		UEnum::ECppForm::EnumClass, {{TEXT("Pure"), 0}, {TEXT("ValidatedObject"), 1}, {TEXT("Branch"), 2}});
@@ -33,7 +34,8 @@ FText Make(const UK2Node_Variable& Node, const TCHAR* Verb, ENodeTitleType::Type
 	const bool bIsBool = Property && Property->IsA<FBoolProperty>();
 	const FString Name = Display ? *Display : FName::NameToDisplayString(Node.GetVarNameString(), bIsBool);
 	FString Title = FString::Printf(TEXT("%s %s"), Verb, *Name);
-	if (TitleType == ENodeTitleType::FullTitle && !Node.VariableReference.IsSelfContext() && !Node.VariableReference.IsLocalScope())
+	if (TitleType == ENodeTitleType::FullTitle && !Node.VariableReference.IsSelfContext()
+		&& !Node.VariableReference.IsLocalScope())
 	{
 		if (const UClass* const Source = Node.GetVariableSourceClass())
 		{
@@ -65,8 +67,10 @@ void UK2Node_VariableGet::AllocateDefaultPins()
 		UEdGraphPin* const Valid = CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Then);
 		UEdGraphPin* const Invalid = CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Else);
 		const bool bBranch = CurrentVariation == EGetNodeVariation::Branch;
-		Valid->PinFriendlyName = bBranch ? NSLOCTEXT("K2Node", "True", "True") : NSLOCTEXT("K2Node", "IsValid", "Is Valid");
-		Invalid->PinFriendlyName = bBranch ? NSLOCTEXT("K2Node", "False", "False") : NSLOCTEXT("K2Node", "IsNotValid", "Is Not Valid");
+		Valid->PinFriendlyName = bBranch ? NSLOCTEXT("K2Node", "True", "True")
+										 : NSLOCTEXT("K2Node", "IsValid", "Is Valid");
+		Invalid->PinFriendlyName = bBranch ? NSLOCTEXT("K2Node", "False", "False")
+										   : NSLOCTEXT("K2Node", "IsNotValid", "Is Not Valid");
 	}
 	if (CreatePinForVariable(EGPD_Output))
 	{

@@ -2,6 +2,7 @@
 
 #include "CoreMinimal.h"
 
+class INameValidatorInterface;
 class UBlueprint;
 class UClass;
 
@@ -17,10 +18,14 @@ struct FFunctions
 	void (*EnsureSkeletonIsUpToDate)(UBlueprint* Blueprint) = nullptr;
 	/** Builds both classes of a Blueprint that was just read from its package. */
 	void (*RegenerateOnLoad)(UBlueprint* Blueprint) = nullptr;
+	/** A judge of names for a member of the Blueprint that has the given name now. */
+	TSharedPtr<INameValidatorInterface> (*MakeNameValidator)(const UBlueprint* Blueprint, FName ExistingName) = nullptr;
 };
 
 void Set(const FFunctions& Functions);
 const FFunctions& Get();
 /** The skeleton class, up to date, or the generated or parent class when there is no skeleton. Null for null. */
 UClass* GetSelfClass(const UBlueprint* Blueprint);
+/** Null without a Blueprint, or before the editor module has started. */
+TSharedPtr<INameValidatorInterface> MakeNameValidator(const UBlueprint* Blueprint, FName ExistingName);
 } // namespace BlueprintClassProvider

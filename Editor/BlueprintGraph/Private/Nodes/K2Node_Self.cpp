@@ -1,0 +1,56 @@
+#include "K2Node_Self.h"
+
+#include "BlueprintActionDatabaseRegistrar.h"
+#include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
+#include "Kismet2/CompilerResultsLog.h"
+#include "UObject/NativeClass.h"
+
+IMPLEMENT_EDITOR_CLASS(UK2Node_Self, "/Script/BlueprintGraph", CLASS_None)
+
+void UK2Node_Self::DescribeClass(FClassDescriber&) {}
+
+void UK2Node_Self::AllocateDefaultPins()
+{
+	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Object, UEdGraphSchema_K2::PSC_Self, UEdGraphSchema_K2::PN_Self);
+	Super::AllocateDefaultPins();
+}
+
+FText UK2Node_Self::GetNodeTitle(ENodeTitleType::Type TitleType) const
+{
+	if (TitleType == ENodeTitleType::FullTitle)
+	{
+		return NSLOCTEXT("K2Node", "SelfReferenceName_FullTitle", "Self-Reference");
+	}
+	return NSLOCTEXT("K2Node", "SelfReferenceName_ListView", "Get a reference to self");
+}
+
+FText UK2Node_Self::GetTooltipText() const
+{
+	return NSLOCTEXT("K2Node", "GetSelfReference", "The instance of this Blueprint that the graph runs in");
+}
+
+FText UK2Node_Self::GetKeywords() const
+{
+	return NSLOCTEXT("K2Node", "SelfKeywords", "This");
+}
+
+FText UK2Node_Self::GetMenuCategory() const
+{
+	return NSLOCTEXT("K2Node", "SelfCategory", "Variables");
+}
+
+void UK2Node_Self::GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const
+{
+	ActionRegistrar.AddBlueprintAction(UBlueprintNodeSpawner::Create(GetClass()));
+}
+
+void UK2Node_Self::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const
+{
+	Super::ValidateNodeDuringCompilation(MessageLog);
+	const UBlueprint* const Blueprint = GetBlueprint();
+	if (Blueprint && Blueprint->BlueprintType == BPTYPE_FunctionLibrary)
+	{
+		MessageLog.Warning(TEXT("Self node @@ cannot be used in a static function."), this);
+	}
+}

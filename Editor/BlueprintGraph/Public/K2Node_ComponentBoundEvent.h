@@ -1,0 +1,28 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "K2Node_Event.h"
+
+/** An event of one of the Blueprint's components or widgets. */
+class UK2Node_ComponentBoundEvent : public UK2Node_Event
+{
+	EDITOR_CLASS(UK2Node_ComponentBoundEvent, UK2Node_Event)
+
+public:
+	void InitializeComponentBoundEventParams(const FObjectProperty* InComponentProperty, const FMulticastDelegateProperty* InDelegateProperty);
+	bool IsUsedByAuthorityOnlyDelegate() const;
+	FMulticastDelegateProperty* GetTargetDelegateProperty() const;
+	FText GetTargetDelegateDisplayName() const;
+	FName GetComponentPropertyName() const { return ComponentPropertyName; }
+
+	bool CanDuplicateNode() const override { return false; }
+	void ReconstructNode() override;
+	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	FText GetTooltipText() const override;
+	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
+
+	FName DelegatePropertyName;
+	FText DelegatePropertyDisplayName;
+	TSubclassOf<UObject> DelegateOwnerClass;
+	FName ComponentPropertyName;
+};

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "K2Node.h"
+
+/** A reroute point: passes on whatever flows through it and takes its type. */
+class UK2Node_Knot : public UK2Node
+{
+	EDITOR_CLASS(UK2Node_Knot, UK2Node)
+
+public:
+	UEdGraphPin* GetInputPin() const { return Pins.Num() > 0 ? Pins[0] : nullptr; }
+	UEdGraphPin* GetOutputPin() const { return Pins.Num() > 1 ? Pins[1] : nullptr; }
+
+	bool IsNodeSafeToIgnore() const override { return true; }
+	bool IsNodePure() const override { return true; }
+	bool CanSplitPin(const UEdGraphPin*) const override { return false; }
+	bool GetCanRenameNode() const override { return true; }
+	void OnRenameNode(const FString& NewName) override { NodeComment = NewName; }
+	void AllocateDefaultPins() override;
+	void PostReconstructNode() override;
+	void PinConnectionListChanged(UEdGraphPin* Pin) override;
+	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	FText GetTooltipText() const override;
+	FText GetMenuCategory() const override;
+	void GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const override;
+	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
+
+private:
+	/** Takes the type of what is linked on either side, through any knots in between. */
+	void PropagatePinType();
+};
