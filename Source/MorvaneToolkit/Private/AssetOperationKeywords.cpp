@@ -108,6 +108,11 @@ void AddNodeClass(const FString& ClassName, TArray<FString>& InOutKeywords)
 /** Takes the names of node classes out of a text of several words; answers the rest. */
 FString TakeNodeClasses(const FString& Text, TArray<FString>& OutClasses)
 {
+	int32 Underscore = INDEX_NONE;
+	if (!Text.FindChar(TEXT('_'), Underscore))
+	{
+		return Text; // as nearly every title
+	}
 	TArray<FString> Pieces;
 	Text.ParseIntoArrayWS(Pieces);
 	const auto IsNodeClass = [](const FString& Piece) { return KeywordWords::IsNodeClassName(Piece); };
@@ -145,7 +150,7 @@ TArray<FString> FAssetOperationBase::CreateKeywords(const FString& Text)
 		{
 			Keywords.AddUnique(MakeWhole(Turned));
 		}
-		if (!Words.IsEmpty())
+		if (!Words.IsEmpty() && Title.Contains(TEXT("s"), ESearchCase::IgnoreCase))
 		{
 			// "Get Components" is not "Get Component", where both are titles.
 			Keywords.AddUnique(MakeWhole(KeywordWords::Split(Title, true)));

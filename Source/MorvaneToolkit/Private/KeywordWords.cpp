@@ -402,6 +402,11 @@ void SplitRun(FStringView Run, bool bKeepPlurals, TArray<FString>& OutWords)
 /** Reads one sign and answers its length; what is no operator separates and has length one. */
 int32 ReadSign(FStringView Text, int32 Index, TArray<FString>& OutWords)
 {
+	int32 Known = INDEX_NONE;
+	if (!FStringView(TEXT("<>-+=!&|*%/~^")).FindChar(Text[Index], Known))
+	{
+		return 1;
+	}
 	for (const FSign& Row : Signs)
 	{
 		const FStringView Sign(Row.Sign);
