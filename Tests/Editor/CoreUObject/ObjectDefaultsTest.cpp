@@ -182,6 +182,46 @@ TEST(ObjectDefaults, ReparentingToOtherCodeKeepsTheDefaultsThatFit)
 	CollectGarbage();
 }
 
+TEST(ObjectDefaults, ARebuildMayReparentInTheMiddle)
+{
+	const FThingPackage Package;
+	UClass* const OtherParent = Package.MakeClass(TEXT("Other_C"), UThing::StaticClass());
+	OtherParent->Link();
+	for (UClass* const NewParent : {OtherParent, UThingOwner::StaticClass()})
+	{
+		const FName Name(TEXT("BP_") + NewParent->GetName());
+		UClass* const Class = NewObject<UClass>(Package.Get(), Name);
+		Class->SetSuperStruct(UThing::StaticClass());
+		AddDataProperty<FString>(Class, TEXT("Own"));
+		Class->Link();
+		Class->GetDefaultObject<UThing>()->Number = 8;
+		UThing* const Instance = NewObject<UThing>(Package.Get(), Class);
+		UThing* const Dying = NewObject<UThing>(Package.Get(), Class);
+		const FString Long(TEXT("longer than any small string buffer is"));
+		ValueOf<FString>(Instance, TEXT("Own")) = Long;
+		ValueOf<FString>(Dying, TEXT("Own")) = Long;
+
+		Class->DestroyMembers();
+		Class->SetSuperStruct(NewParent);
+		Dying->MarkAsGarbage();
+		CollectGarbage();
+		AddDataProperty<int32>(Class, TEXT("New"));
+		AddDataProperty<FString>(Class, TEXT("Own"));
+		Class->Link();
+		Class->ResetDefaultObject();
+		EXPECT_EQ(Class->GetDefaultObject<UThing>()->Number, 8);
+		EXPECT_TRUE(Class->GetDefaultObject()->IsA(NewParent));
+		if (Instance->GetClass() == Class)
+		{
+			EXPECT_EQ(ValueOf<FString>(Instance, TEXT("Own")), Long);
+		}
+		else
+		{
+			EXPECT_EQ(NewParent, UThingOwner::StaticClass()) << "only other code makes it an object of the old parent";
+		}
+	}
+}
+
 TEST(ObjectDefaults, DataStructsKnowTheirDefaults)
 {
 	const FThingPackage Package;

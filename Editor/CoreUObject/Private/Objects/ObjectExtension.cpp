@@ -69,7 +69,10 @@ uint8* FObjectExtension::MakeBlock(const UStruct& Class)
 
 void FObjectExtension::FreeBlock(const FBlock& Block)
 {
-	ObjectExtensionBlocks::DestroyValues(ObjectExtensionBlocks::PropertiesInBlock(*Block.Class), Block.Data);
+	// Between DestroyMembers and Link blocks still have the layout of before.
+	const bool bRetired = Block.Class->RetiredSize > 0;
+	ObjectExtensionBlocks::DestroyValues(
+		bRetired ? Block.Class->RetiredProperties : ObjectExtensionBlocks::PropertiesInBlock(*Block.Class), Block.Data);
 	ObjectExtensionBlocks::Deallocate(Block.Data);
 }
 
@@ -81,10 +84,14 @@ void FObjectExtension::Match(UObject& Object)
 	{
 		Class->EnsureMembers();
 		Class->bInstanced = true;
-		if (Class->ExtensionSize > 0)
+		uint8* const Kept = Extension ? Extension->Find(Class) : nullptr;
+		if (Kept && (Class->ExtensionSize > 0 || Class->RetiredSize > 0))
 		{
-			uint8* const Kept = Extension ? Extension->Find(Class) : nullptr;
-			Matched.push_back({Class, Kept ? Kept : MakeBlock(*Class)});
+			Matched.push_back({Class, Kept});
+		}
+		else if (Class->ExtensionSize > 0)
+		{
+			Matched.push_back({Class, MakeBlock(*Class)});
 		}
 	}
 	if (Extension)
