@@ -20,9 +20,14 @@ protected:
 	void SetUp() override
 	{
 		TestAssets::Register();
+		HandlerBefore = FObjectTextImport::SetUnknownClassHandler(nullptr);
 		Package = CreatePackage(TEXT("/Temp/ObjectText"));
 	}
-	void TearDown() override { TestAssets::Unload(TEXT("/Temp/ObjectText")); }
+	void TearDown() override
+	{
+		TestAssets::Unload(TEXT("/Temp/ObjectText"));
+		FObjectTextImport::SetUnknownClassHandler(HandlerBefore);
+	}
 
 	static std::string Write(UObject* Object, FObjectTextExport Options = FObjectTextExport())
 	{
@@ -52,6 +57,7 @@ protected:
 	FObjectTextTree Tree;
 	FObjectTextError Error;
 	FWarnings Warnings;
+	FObjectTextImport::FUnknownClassHandler HandlerBefore = nullptr;
 };
 } // namespace ObjectTextTests
 

@@ -163,6 +163,40 @@ TEST_F(PackageRoundTrip, ObjectsOfUnknownClassesAreKeptInTheFile)
 	EXPECT_NE(Written.find("X=1"), std::string::npos);
 }
 
+/** A stand-in shows what it knows of the object and is written back under the class that it stands in for. */
+TEST_F(PackageRoundTrip, AStandInKeepsAnUnknownClassWhole)
+{
+	UTestAsset* const Asset = TestAssets::MakeAsset(TEXT("/Pack/Thing"));
+	UTestAsset* const Node = TestAssets::MakeInner(Asset, TEXT("Node"));
+	Node->Count = 9;
+	Node->Custom = {TEXT("Pin (A)")};
+	Asset->Link = Node;
+	FKeptObjectText::FindOrAdd(Node).ClassPath = "/Script/Gone.K2Node_Gone";
+	FKeptObjectText::FindOrAdd(Node).Lines = {"Odd(0)=1"};
+	ASSERT_EQ(Relative(TestAssets::Save(Asset)), "");
+	const std::string Written = Folder.Read("Thing.uatext");
+	EXPECT_NE(Written.find("Class=/Script/Gone.K2Node_Gone Name=\"Node\""), std::string::npos);
+
+	UnloadAll();
+	FObjectTextImport::SetUnknownClassHandler(
+		[](const FObjectTextRecord& Record, UObject* Outer) -> UObject*
+		{
+			return Record.ClassPath.find("K2Node_") == std::string_view::npos
+				? nullptr
+				: TestAssets::MakeInner(Outer, *Record.GetName());
+		});
+	UTestAsset* const Loaded = Load<UTestAsset>(TEXT("/Pack/Thing"));
+	FObjectTextImport::SetUnknownClassHandler(nullptr);
+	ASSERT_TRUE(Loaded);
+	const UTestAsset* const StandIn = FindObject<UTestAsset>(Loaded, TEXT("Node"));
+	ASSERT_TRUE(StandIn);
+	EXPECT_EQ(Loaded->Link, StandIn);
+	EXPECT_EQ(StandIn->Count, 9);
+	EXPECT_EQ(StandIn->Custom.Num(), 1);
+	ASSERT_EQ(Relative(TestAssets::Save(Loaded)), "");
+	EXPECT_EQ(Folder.Read("Thing.uatext"), Written);
+}
+
 TEST_F(PackageRoundTrip, ADifferentCaseFindsTheSamePackage)
 {
 	ASSERT_EQ(Relative(TestAssets::Save(TestAssets::MakeAsset(TEXT("/Pack/Dir/Thing")))), "");

@@ -4,6 +4,7 @@
 #include "Misc/Paths.h"
 #include "TemporaryFolder.h"
 #include "TestAssets.h"
+#include "UObject/ObjectText.h"
 #include "UObject/PackageText.h"
 
 #include <gtest/gtest.h>
@@ -15,10 +16,12 @@ protected:
 	void SetUp() override
 	{
 		TestAssets::Register();
+		HandlerBefore = FObjectTextImport::SetUnknownClassHandler(nullptr);
 		FPackageName::RegisterMountPoint(TEXT("/Pack/"), Folder.Get());
 	}
 	void TearDown() override
 	{
+		FObjectTextImport::SetUnknownClassHandler(HandlerBefore);
 		UnloadAll();
 		FPackageName::UnRegisterMountPoint(TEXT("/Pack/"), Folder.Get());
 	}
@@ -54,4 +57,7 @@ protected:
 	}
 
 	FTemporaryFolder Folder;
+
+private:
+	FObjectTextImport::FUnknownClassHandler HandlerBefore = nullptr;
 };

@@ -2,6 +2,8 @@
 #include "UObject/Object.h"
 #include "UObject/ObjectText.h"
 
+#include "Misc/FeedbackContext.h"
+
 namespace KeptObjectText
 {
 struct FEntry
@@ -69,6 +71,21 @@ const FKeptObjectText::FUnread* FKeptObjectText::FindUnread(FName Property, int3
 void FKeptObjectText::Forget(const UObject* Object)
 {
 	KeptObjectText::Entries().erase(Object->GetInternalIndex());
+}
+
+void FKeptObjectText::KeepRecord(const FObjectTextRecord& Record, UObject* Outer, FFeedbackContext& Warn)
+{
+	if (Record.ClassPath.empty())
+	{
+		Warn.Logf(TEXT("line %d: there is no object '%s' that could be filled; it is kept as text"), Record.LineNumber,
+			*Record.GetName());
+	}
+	else
+	{
+		Warn.Logf(TEXT("line %d: the class '%s' of '%s' is not known; the object is kept as text"), Record.LineNumber,
+			*Record.GetClassPath(), *Record.GetName());
+	}
+	FindOrAdd(Outer).Objects.push_back(TextOf(Record));
 }
 
 std::string FKeptObjectText::TextOf(const FObjectTextRecord& Record)

@@ -5,6 +5,8 @@
 
 #include "Misc/FeedbackContext.h"
 
+#include <utility>
+
 namespace ObjectTextImporting
 {
 thread_local const FObjectTextImport* Current = nullptr;
@@ -58,9 +60,9 @@ FObjectTextImport::FObjectTextImport(FFeedbackContext& InWarn, bool bInRedirect)
 
 FObjectTextImport::~FObjectTextImport() = default;
 
-void FObjectTextImport::SetUnknownClassHandler(FUnknownClassHandler Handler)
+FObjectTextImport::FUnknownClassHandler FObjectTextImport::SetUnknownClassHandler(FUnknownClassHandler Handler)
 {
-	ObjectTextImporting::UnknownClassHandler = Handler;
+	return std::exchange(ObjectTextImporting::UnknownClassHandler, Handler);
 }
 
 const FObjectTextImport* FObjectTextImport::GetCurrent()
@@ -117,9 +119,7 @@ UObject* FObjectTextImport::Create(const FObjectTextRecord& Record, UObject* Out
 			UObject* const Object = DefaultFactory(Wanted, Below);
 			if (!Object)
 			{
-				Warn.Logf(TEXT("line %d: the class '%s' of '%s' is not known; the object is kept as text"),
-					Wanted.LineNumber, *Wanted.GetClassPath(), *Wanted.GetName());
-				FKeptObjectText::FindOrAdd(Below).Objects.push_back(FKeptObjectText::TextOf(Wanted));
+				FKeptObjectText::KeepRecord(Wanted, Below, Warn);
 			}
 			return Object;
 		});

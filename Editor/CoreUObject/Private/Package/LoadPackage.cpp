@@ -239,9 +239,7 @@ private:
 				&& Record.GetName().Equals(Header.AssetName, ESearchCase::IgnoreCase);
 			if (!bIsAsset)
 			{
-				Warnings.Logf(TEXT("line %d: the class '%s' of '%s' is not known; the object is kept as text"),
-					Record.LineNumber, *Record.GetClassPath(), *Record.GetName());
-				FKeptObjectText::FindOrAdd(Outer).Objects.push_back(FKeptObjectText::TextOf(Record));
+				FKeptObjectText::KeepRecord(Record, Outer, Warnings);
 			}
 			return nullptr;
 		}

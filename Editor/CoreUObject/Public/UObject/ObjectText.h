@@ -171,7 +171,8 @@ public:
 	/** Makes a stand-in for an object whose class is not known; the class path is kept and written back. Null: no
 	 * handler. */
 	using FUnknownClassHandler = UObject* (*)(const FObjectTextRecord& Record, UObject* Outer);
-	static void SetUnknownClassHandler(FUnknownClassHandler Handler);
+	/** Answers the one before. */
+	static FUnknownClassHandler SetUnknownClassHandler(FUnknownClassHandler Handler);
 
 private:
 	struct FMadeKey
@@ -234,6 +235,8 @@ struct FKeptObjectText
 	const FUnread* FindUnread(FName Property, int32 Index) const;
 	static FKeptObjectText& FindOrAdd(UObject* Object);
 	static void Forget(const UObject* Object);
+	/** Keeps a record that no object could be made for with what would be its outer, and tells so. */
+	static void KeepRecord(const FObjectTextRecord& Record, UObject* Outer, FFeedbackContext& Warn);
 	/** The record with all below it, as one piece of text. */
 	static std::string TextOf(const FObjectTextRecord& Record);
 };
