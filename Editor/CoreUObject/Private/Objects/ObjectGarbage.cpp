@@ -121,7 +121,7 @@ void FObjectTable::MarkGarbage(UObject& Root)
 	}
 }
 
-bool FObjectTable::IsTypeUsedOutside(const std::vector<UObject*>& Roots, std::vector<UObject*>& OutUsedRoots) const
+std::vector<UObject*> FObjectTable::FindRootsInUse(const std::vector<UObject*>& Roots) const
 {
 	std::unordered_map<const UObject*, UObject*> RootOfType;
 	std::unordered_set<const UObject*> Dying;
@@ -157,22 +157,20 @@ bool FObjectTable::IsTypeUsedOutside(const std::vector<UObject*>& Roots, std::ve
 				}
 			});
 	}
-	OutUsedRoots.assign(Used.begin(), Used.end());
-	return !Used.empty();
+	return std::vector<UObject*>(Used.begin(), Used.end());
 }
 
 std::vector<UObject*> FObjectTable::TakeCollectableRoots()
 {
 	std::vector<UObject*> Roots;
 	Roots.swap(GarbageRoots);
-	std::vector<UObject*> UsedRoots;
 	// What is kept may use types of what is left, so this goes on until nothing more is kept.
-	while (IsTypeUsedOutside(Roots, UsedRoots))
+	for (std::vector<UObject*> Kept = FindRootsInUse(Roots); !Kept.empty(); Kept = FindRootsInUse(Roots))
 	{
-		for (UObject* const Used : UsedRoots)
+		for (UObject* const Root : Kept)
 		{
-			GarbageRoots.push_back(Used);
-			Roots.erase(std::find(Roots.begin(), Roots.end(), Used));
+			GarbageRoots.push_back(Root);
+			Roots.erase(std::find(Roots.begin(), Roots.end(), Root));
 		}
 	}
 	return Roots;

@@ -99,7 +99,8 @@ private:
 
 	/** The roots whose types nothing living uses; the others stay marked for a later collection. */
 	std::vector<UObject*> TakeCollectableRoots();
-	bool IsTypeUsedOutside(const std::vector<UObject*>& Roots, std::vector<UObject*>& OutUsedRoots) const;
+	/** Those of the roots that hold a type which an object outside of all of them needs. */
+	std::vector<UObject*> FindRootsInUse(const std::vector<UObject*>& Roots) const;
 	void ClearReferencesToGarbage() const;
 	void Free(UObject* Object);
 

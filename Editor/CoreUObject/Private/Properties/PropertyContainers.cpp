@@ -8,13 +8,6 @@
 
 namespace ContainerText
 {
-/** What a struct in a container is written against; other elements are written whole. */
-static const void* ElementDefault(const FProperty& Element)
-{
-	const FStructProperty* const Struct = CastField<FStructProperty>(&Element);
-	return Struct && Struct->Struct ? Struct->Struct->GetDefaultValue() : nullptr;
-}
-
 /** Behind the separator or the closing bracket; null when neither stands there. */
 static const TCHAR* NextElement(const TCHAR* Buffer, bool& bOutEnd)
 {
@@ -61,13 +54,6 @@ static const TCHAR* ReadList(const TCHAR* Buffer, const FProperty& Property, FOu
 		PropertyText::Report(ErrorText, TEXT("%s: Malformed list: %s"), *Property.GetName(), Buffer);
 	}
 	return Cursor;
-}
-
-static FString NestedCppType(const FProperty* Property)
-{
-	FString Extended;
-	const FString Type = Property ? Property->GetCPPType(&Extended) : FString();
-	return Type + Extended;
 }
 
 /** Visits a copy of a key; true when the visit changed it. */
@@ -170,7 +156,7 @@ void FArrayProperty::ExportTextItem_Direct(FString& ValueStr, const void* Proper
 {
 	// An empty array is written as nothing at all, as the engine does; import takes it back as such.
 	const FScriptArrayHelper Array(this, PropertyValue);
-	const void* const ElementDefault = ContainerText::ElementDefault(*Inner);
+	const void* const ElementDefault = PropertyText::ElementDefault(*Inner);
 	for (int32 Index = 0; Index < Array.Num(); ++Index)
 	{
 		ValueStr.AppendChar(Index == 0 ? TEXT('(') : TEXT(','));
@@ -201,7 +187,7 @@ FString FArrayProperty::GetCPPType(FString* ExtendedTypeText, uint32 CPPExportFl
 {
 	if (ExtendedTypeText)
 	{
-		*ExtendedTypeText = TEXT("<") + ContainerText::NestedCppType(Inner) + TEXT(">");
+		*ExtendedTypeText = TEXT("<") + PropertyText::NestedCppType(*Inner) + TEXT(">");
 	}
 	return TEXT("TArray");
 }
@@ -305,7 +291,7 @@ bool FSetProperty::Identical(const void* A, const void* B, uint32 PortFlags) con
 void FSetProperty::ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue,
 	UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const
 {
-	const void* const ElementDefault = ContainerText::ElementDefault(*ElementProp);
+	const void* const ElementDefault = PropertyText::ElementDefault(*ElementProp);
 	ValueStr.AppendChar(TEXT('('));
 	bool bFirst = true;
 	FScriptSetHelper(this, PropertyValue)
@@ -346,7 +332,7 @@ FString FSetProperty::GetCPPType(FString* ExtendedTypeText, uint32 CPPExportFlag
 {
 	if (ExtendedTypeText)
 	{
-		*ExtendedTypeText = TEXT("<") + ContainerText::NestedCppType(ElementProp) + TEXT(">");
+		*ExtendedTypeText = TEXT("<") + PropertyText::NestedCppType(*ElementProp) + TEXT(">");
 	}
 	return TEXT("TSet");
 }

@@ -8,19 +8,6 @@
 
 namespace MapText
 {
-static const void* DefaultOf(const FProperty& Property)
-{
-	const FStructProperty* const Struct = CastField<FStructProperty>(&Property);
-	return Struct && Struct->Struct ? Struct->Struct->GetDefaultValue() : nullptr;
-}
-
-static FString CppType(const FProperty* Property)
-{
-	FString Extended;
-	const FString Type = Property ? Property->GetCPPType(&Extended) : FString();
-	return Type + Extended;
-}
-
 /** Behind Expected and the blanks around it; null when it does not stand there. */
 static const TCHAR* Expect(const TCHAR* Buffer, TCHAR Expected)
 {
@@ -149,8 +136,8 @@ bool FMapProperty::Identical(const void* A, const void* B, uint32 PortFlags) con
 void FMapProperty::ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue,
 	UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const
 {
-	const void* const KeyDefault = MapText::DefaultOf(*KeyProp);
-	const void* const ValueDefault = MapText::DefaultOf(*ValueProp);
+	const void* const KeyDefault = PropertyText::ElementDefault(*KeyProp);
+	const void* const ValueDefault = PropertyText::ElementDefault(*ValueProp);
 	const int32 NestedFlags = PortFlags | PPF_Delimited;
 	ValueStr.AppendChar(TEXT('('));
 	bool bFirst = true;
@@ -209,7 +196,8 @@ FString FMapProperty::GetCPPType(FString* ExtendedTypeText, uint32 CPPExportFlag
 {
 	if (ExtendedTypeText)
 	{
-		*ExtendedTypeText = TEXT("<") + MapText::CppType(KeyProp) + TEXT(",") + MapText::CppType(ValueProp) + TEXT(">");
+		*ExtendedTypeText = TEXT("<") + PropertyText::NestedCppType(*KeyProp) + TEXT(",")
+			+ PropertyText::NestedCppType(*ValueProp) + TEXT(">");
 	}
 	return TEXT("TMap");
 }

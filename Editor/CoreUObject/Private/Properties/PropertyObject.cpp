@@ -51,12 +51,6 @@ static void Append(FString& Out, const UObject* Object, UObject* Parent, int32 P
 	}
 }
 
-/** Whether a word of the text for no object stands at Buffer; it must end there. */
-static bool IsNone(const FString& Path)
-{
-	return Path.Equals(TEXT("None"), ESearchCase::IgnoreCase);
-}
-
 /** Reads a reference of any spelling; null when it is malformed or names nothing of that class. */
 static const TCHAR* Read(const TCHAR* Buffer, const UClass* Class, const FProperty& Property, UObject* Owner,
 	int32 PortFlags, UObject*& OutObject, FOutputDevice* ErrorText)
@@ -75,7 +69,7 @@ static const TCHAR* Read(const TCHAR* Buffer, const UClass* Class, const FProper
 		PropertyText::Report(ErrorText, TEXT("%s: Malformed object reference: %s"), *Property.GetName(), Buffer);
 		return nullptr;
 	}
-	if (IsNone(Path) || Path.IsEmpty())
+	if (Path.IsEmpty() || Path.Equals(TEXT("None"), ESearchCase::IgnoreCase))
 	{
 		return End;
 	}
@@ -194,19 +188,7 @@ bool FSoftObjectProperty::Identical(const void* A, const void* B, uint32 PortFla
 void FSoftObjectProperty::ExportTextItem_Direct(FString& ValueStr, const void* PropertyValue, const void* DefaultValue,
 	UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const
 {
-	const FSoftObjectPath& Path = static_cast<const FSoftObjectPtr*>(PropertyValue)->Path;
-	if (Path.IsNull())
-	{
-		ValueStr += TEXT("None");
-	}
-	else if ((PortFlags & PPF_Delimited) != 0)
-	{
-		PropertyText::AppendQuoted(ValueStr, Path.ToString());
-	}
-	else
-	{
-		Path.AppendString(ValueStr);
-	}
+	PropertyText::AppendSoftPath(ValueStr, static_cast<const FSoftObjectPtr*>(PropertyValue)->Path, PortFlags);
 }
 
 const TCHAR* FSoftObjectProperty::ImportText_Direct(

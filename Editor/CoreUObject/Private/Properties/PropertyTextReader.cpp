@@ -121,6 +121,35 @@ void AppendQuoted(FString& Out, FStringView Text)
 	Out.AppendChar(TEXT('"'));
 }
 
+void AppendSoftPath(FString& Out, const FSoftObjectPath& Path, int32 PortFlags)
+{
+	if (Path.IsNull())
+	{
+		Out += TEXT("None");
+	}
+	else if ((PortFlags & PPF_Delimited) != 0)
+	{
+		AppendQuoted(Out, Path.ToString());
+	}
+	else
+	{
+		Path.AppendString(Out);
+	}
+}
+
+const void* ElementDefault(const FProperty& Element)
+{
+	const FStructProperty* const Struct = CastField<FStructProperty>(&Element);
+	return Struct && Struct->Struct ? Struct->Struct->GetDefaultValue() : nullptr;
+}
+
+FString NestedCppType(const FProperty& Element)
+{
+	FString Extended;
+	const FString Type = Element.GetCPPType(&Extended);
+	return Type + Extended;
+}
+
 /** From the opening quote of Class'Path' or Class'"Path"' to behind the closing one. */
 static const TCHAR* ReadQuotedPath(const TCHAR* Buffer, FString& OutPath)
 {

@@ -6,6 +6,7 @@ class UObject;
 class UClass;
 class UScriptStruct;
 class FProperty;
+struct FSoftObjectPath;
 
 /** Reading and writing the pieces that property texts are made of. Readers answer the first character behind, or null.
  */
@@ -39,6 +40,13 @@ const TCHAR* ReadReference(const TCHAR* Buffer, bool bToEnd, FString& OutPath);
 /** The object of a path from ReadReference, loaded when it must be. A path without '/' is looked for below the owner
  * and its outers first. */
 UObject* FindReferenced(const FString& Path, const UClass* Class, const UObject* Owner);
+
+/** A soft path as a value: None when null, in quotes when delimited. */
+void AppendSoftPath(FString& Out, const FSoftObjectPath& Path, int32 PortFlags);
+/** What a struct in a container is written against; null for other elements, which are written whole. */
+const void* ElementDefault(const FProperty& Element);
+/** The C++ type of a container's element, its own parameters included. */
+FString NestedCppType(const FProperty& Element);
 
 /**
  * Reads a value that stands in a list or struct. A reference to what does not exist is reported, reads as null and does

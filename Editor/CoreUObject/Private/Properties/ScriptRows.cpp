@@ -1,12 +1,6 @@
 #include "Properties/ScriptRows.h"
 
-namespace ScriptRowLayout
-{
-static int32 Align(int32 Offset, int32 Alignment)
-{
-	return (Offset + Alignment - 1) / Alignment * Alignment;
-}
-} // namespace ScriptRowLayout
+#include "Properties/MemoryLayout.h"
 
 FScriptRows::FScriptRows(const FProperty* InFirst, const FProperty* InSecond, void* InContainer)
 	: FirstProperty(InFirst)
@@ -17,11 +11,11 @@ FScriptRows::FScriptRows(const FProperty* InFirst, const FProperty* InSecond, vo
 	int32 Size = FirstProperty->GetElementSize();
 	if (SecondProperty)
 	{
-		SecondOffset = ScriptRowLayout::Align(Size, SecondProperty->GetMinAlignment());
+		SecondOffset = MemoryLayout::Align(Size, SecondProperty->GetMinAlignment());
 		Alignment = FMath::Max(Alignment, SecondProperty->GetMinAlignment());
 		Size = SecondOffset + SecondProperty->GetElementSize();
 	}
-	Stride = ScriptRowLayout::Align(Size, Alignment);
+	Stride = MemoryLayout::Align(Size, Alignment);
 }
 
 void FScriptRows::Construct(uint8* Row) const

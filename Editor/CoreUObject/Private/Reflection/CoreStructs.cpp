@@ -61,19 +61,7 @@ static void DescribeGuid(FStructDescriber& Struct)
 static bool ExportSoftPath(
 	FString& Out, const void* Value, const void* Default, UObject* Parent, int32 PortFlags, UObject* ExportRootScope)
 {
-	const FSoftObjectPath& Path = *static_cast<const FSoftObjectPath*>(Value);
-	if (Path.IsNull())
-	{
-		Out += TEXT("None");
-	}
-	else if ((PortFlags & PPF_Delimited) != 0)
-	{
-		PropertyText::AppendQuoted(Out, Path.ToString());
-	}
-	else
-	{
-		Path.AppendString(Out);
-	}
+	PropertyText::AppendSoftPath(Out, *static_cast<const FSoftObjectPath*>(Value), PortFlags);
 	return true;
 }
 

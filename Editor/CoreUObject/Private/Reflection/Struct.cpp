@@ -1,6 +1,7 @@
 #include "UObject/Class.h"
 
 #include "Objects/ObjectExtension.h"
+#include "Properties/MemoryLayout.h"
 #include "UObject/NativeClass.h"
 #include "UObject/ObjectProviders.h"
 #include "UObject/Package.h"
@@ -8,13 +9,8 @@
 
 DEFINE_LOG_CATEGORY_STATIC(LogStruct, Log, All);
 
-namespace StructLayout
+namespace StructMembers
 {
-static int32 Align(int32 Offset, int32 Alignment)
-{
-	return Alignment > 1 ? (Offset + Alignment - 1) / Alignment * Alignment : Offset;
-}
-
 static void DeleteAll(TArray<FProperty*>& Properties)
 {
 	for (const FProperty* const Property : Properties)
@@ -23,7 +19,7 @@ static void DeleteAll(TArray<FProperty*>& Properties)
 	}
 	Properties.Reset();
 }
-} // namespace StructLayout
+} // namespace StructMembers
 
 void UStruct::DescribeClass(FClassDescriber& Class) {}
 
@@ -35,7 +31,7 @@ UStruct::~UStruct()
 		delete Field;
 		Field = Next;
 	}
-	StructLayout::DeleteAll(RetiredProperties);
+	StructMembers::DeleteAll(RetiredProperties);
 }
 
 void UStruct::FillMembers() const
@@ -143,7 +139,7 @@ void UStruct::DestroyMembers()
 	}
 	else
 	{
-		StructLayout::DeleteAll(Dropped);
+		StructMembers::DeleteAll(Dropped);
 	}
 	ExtensionSize = 0;
 }
@@ -167,12 +163,12 @@ void UStruct::LinkProperties()
 		{
 			continue;
 		}
-		Property->Offset = StructLayout::Align(Size, Property->GetMinAlignment());
+		Property->Offset = MemoryLayout::Align(Size, Property->GetMinAlignment());
 		Property->bInExtension = bIsClass;
 		Property->bPlaced = true;
 		Size = Property->Offset + Property->GetElementSize();
 	}
-	ExtensionSize = bIsClass ? Size : StructLayout::Align(Size, LargestAlignment);
+	ExtensionSize = bIsClass ? Size : MemoryLayout::Align(Size, LargestAlignment);
 }
 
 void UStruct::Link()
@@ -204,7 +200,7 @@ void UStruct::Link()
 	}
 	if (bWasRetired)
 	{
-		StructLayout::DeleteAll(OldProperties);
+		StructMembers::DeleteAll(OldProperties);
 	}
 	RetiredProperties.Reset();
 	RetiredSize = 0;

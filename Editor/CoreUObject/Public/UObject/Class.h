@@ -246,6 +246,8 @@ class UUserDefinedStruct : public UScriptStruct
 	EDITOR_CLASS(UUserDefinedStruct, UScriptStruct)
 
 public:
+	bool IsAsset() const override { return UObject::IsAsset(); }
+
 	FGuid Guid;
 };
 
@@ -334,6 +336,9 @@ private:
 class UUserDefinedEnum : public UEnum
 {
 	EDITOR_CLASS(UUserDefinedEnum, UEnum)
+
+public:
+	bool IsAsset() const override { return UObject::IsAsset(); }
 };
 
 /** One interface that a class implements. */

@@ -653,8 +653,10 @@ constexpr uint8 None = 0, IncludeSuper = 1, IncludeDeprecated = 2, IncludeInterf
 				Default = IncludeSuper | IncludeDeprecated;
 }
 
-/** Walks the fields of a struct, own ones first, then the super's: properties (TFieldIterator<FProperty>) or functions
- * (TFieldIterator<UFunction>). */
+/**
+ * Walks the fields of a struct, own ones first, then the super's: properties (TFieldIterator<FProperty>) or functions
+ * (TFieldIterator<UFunction>). Interfaces are not walked, whatever the flags say.
+ */
 template <class T>
 class TFieldIterator
 {
@@ -664,6 +666,7 @@ public:
 		EFieldIteratorFlags InterfaceFlags = EFieldIteratorFlags::ExcludeInterfaces)
 		: Struct(InStruct)
 		, bIncludeSuper(SuperFlags == EFieldIteratorFlags::IncludeSuper)
+		, bIncludeDeprecated(DeprecatedFlags == EFieldIteratorFlags::IncludeDeprecated)
 	{
 		Field = Struct ? First(Struct) : nullptr;
 		Settle();
@@ -686,7 +689,7 @@ private:
 
 	static FLink* First(const UStruct* Of);
 	static const UStruct* SuperOf(const UStruct* Of);
-	static bool Fits(FLink* Link);
+	bool Fits(FLink* Link) const;
 	void Settle()
 	{
 		while (Struct)
@@ -707,6 +710,7 @@ private:
 	const UStruct* Struct;
 	FLink* Field = nullptr;
 	bool bIncludeSuper;
+	bool bIncludeDeprecated;
 };
 
 #include "UObject/Class.h"
@@ -729,11 +733,12 @@ const UStruct* TFieldIterator<T>::SuperOf(const UStruct* Of)
 	return Of->GetSuperStruct();
 }
 template <class T>
-bool TFieldIterator<T>::Fits(FLink* Link)
+bool TFieldIterator<T>::Fits(FLink* Link) const
 {
 	if constexpr (bIsProperty)
 	{
-		return Link->IsA(T::StaticClass());
+		const bool bHidden = !bIncludeDeprecated && static_cast<FProperty*>(Link)->HasAnyPropertyFlags(CPF_Deprecated);
+		return !bHidden && (std::is_same_v<T, FProperty> || Link->IsA(T::StaticClass()));
 	}
 	else
 	{
