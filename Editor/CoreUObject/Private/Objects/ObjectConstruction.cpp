@@ -207,11 +207,11 @@ UObject* UClass::GetDefaultObject(bool bCreateIfNeeded) const
 void UClass::CreateDefaultObject()
 {
 	EnsureMembers();
-	const UClass* const Super = GetSuperClass();
-	if (Super)
+	const UClass* const ParentClass = GetSuperClass();
+	if (ParentClass)
 	{
-		Super->GetDefaultObject();
-		bHasDataDefaults = Super->bHasDataDefaults;
+		ParentClass->GetDefaultObject();
+		bHasDataDefaults = ParentClass->bHasDataDefaults;
 	}
 	if (ClassDefaultObject)
 	{

@@ -40,11 +40,11 @@ const TCHAR* UClass::GetPrefixCPP() const
 	return TEXT("U");
 }
 
-UFunction* UClass::FindFunctionByName(FName Name, EIncludeSuperFlag IncludeSuper) const
+UFunction* UClass::FindFunctionByName(FName Name, EIncludeSuperFlag SuperFlag) const
 {
 	EnsureMembers();
 	UFunction* const* const Own = FunctionByName.Find(Name);
-	if (Own || IncludeSuper == ExcludeSuper)
+	if (Own || SuperFlag == ExcludeSuper)
 	{
 		return Own ? *Own : nullptr;
 	}
@@ -56,8 +56,8 @@ UFunction* UClass::FindFunctionByName(FName Name, EIncludeSuperFlag IncludeSuper
 			return Function;
 		}
 	}
-	const UClass* const Super = GetSuperClass();
-	return Super ? Super->FindFunctionByName(Name) : nullptr;
+	const UClass* const ParentClass = GetSuperClass();
+	return ParentClass ? ParentClass->FindFunctionByName(Name) : nullptr;
 }
 
 bool UClass::ImplementsInterface(const UClass* SomeInterface) const

@@ -58,8 +58,8 @@ int32 UScriptStruct::GetMinAlignment() const
 	{
 		return Ops->Alignment;
 	}
-	const UScriptStruct* const Super = Cast<UScriptStruct>(GetSuperStruct());
-	int32 Alignment = Super ? Super->GetMinAlignment() : 1;
+	const UScriptStruct* const ParentType = Cast<UScriptStruct>(GetSuperStruct());
+	int32 Alignment = ParentType ? ParentType->GetMinAlignment() : 1;
 	for (const FField* Field = GetChildProperties(); Field; Field = Field->Next)
 	{
 		Alignment = FMath::Max(Alignment, static_cast<const FProperty*>(Field)->GetMinAlignment());
@@ -74,9 +74,9 @@ void UScriptStruct::ConstructMembers(void* Dest, bool bWithDefaults) const
 		Ops->Construct(Dest);
 		return;
 	}
-	if (const UScriptStruct* const Super = Cast<UScriptStruct>(GetSuperStruct()))
+	if (const UScriptStruct* const ParentType = Cast<UScriptStruct>(GetSuperStruct()))
 	{
-		Super->ConstructMembers(Dest, bWithDefaults);
+		ParentType->ConstructMembers(Dest, bWithDefaults);
 	}
 	uint8* const Bytes = static_cast<uint8*>(Dest);
 	for (const FField* Field = GetChildProperties(); Field; Field = Field->Next)
@@ -135,9 +135,9 @@ void UScriptStruct::DestroyStruct(void* Dest) const
 		const FProperty* const Property = static_cast<const FProperty*>(Field);
 		Property->DestroyValue(static_cast<uint8*>(Dest) + Property->GetOffset_ForInternal());
 	}
-	if (const UScriptStruct* const Super = Cast<UScriptStruct>(GetSuperStruct()))
+	if (const UScriptStruct* const ParentType = Cast<UScriptStruct>(GetSuperStruct()))
 	{
-		Super->DestroyStruct(Dest);
+		ParentType->DestroyStruct(Dest);
 	}
 }
 
@@ -148,9 +148,9 @@ void UScriptStruct::CopyScriptStruct(void* Dest, const void* Src) const
 		Ops->Copy(Dest, Src);
 		return;
 	}
-	if (const UScriptStruct* const Super = Cast<UScriptStruct>(GetSuperStruct()))
+	if (const UScriptStruct* const ParentType = Cast<UScriptStruct>(GetSuperStruct()))
 	{
-		Super->CopyScriptStruct(Dest, Src);
+		ParentType->CopyScriptStruct(Dest, Src);
 	}
 	for (const FField* Field = GetChildProperties(); Field; Field = Field->Next)
 	{

@@ -27,9 +27,9 @@ UStruct::~UStruct()
 {
 	for (FField* Field = ChildProperties; Field;)
 	{
-		FField* const Next = Field->Next;
+		FField* const Following = Field->Next;
 		delete Field;
-		Field = Next;
+		Field = Following;
 	}
 	StructMembers::DeleteAll(RetiredProperties);
 }
