@@ -1,0 +1,151 @@
+// The reads that are not of one item by name: the whole Blueprint, an event, a widget tree.
+
+#include "BlueprintReadOperations.h"
+
+#include "AssetOperationBase.h"
+#include "BlueprintReadUtils.h"
+#include "Serialization/JsonReader.h"
+#include "Serialization/JsonSerializer.h"
+#include "ToolInfo.h"
+#include "ToolResult.h"
+
+namespace OtherReads
+{
+namespace ToolInfo = Morvane::ToolInfo;
+
+bool RequireStringField(const FJsonObject& Args, const TCHAR* Field, FString& OutValue, Morvane::FToolResult& Result)
+{
+	if (Args.TryGetStringField(Field, OutValue))
+	{
+		return true;
+	}
+	Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), Field));
+	return false;
+}
+
+TSharedPtr<FJsonObject> MakeCommand(const FString& Path, const TCHAR* ReadTool)
+{
+	const TSharedPtr<FJsonObject> Command = MakeShared<FJsonObject>();
+	Command->SetStringField(TEXT("path"), Path);
+	Command->SetStringField(ToolInfo::FieldName_ReadTool, ReadTool);
+	return Command;
+}
+
+bool IsEmptyRead(const FString& Text)
+{
+	return Text.IsEmpty() || Text == TEXT("{}");
+}
+
+/**
+ * Whether a flow at the top of the document says that the event is not there. Flows stand below "graphs", so nothing is found and the read
+ * of a missing event ends with its success text: the status is in the content, where an agent that asked for several events looks anyway.
+ */
+bool IsEventMissing(const FString& Text)
+{
+	TSharedPtr<FJsonObject> Document;
+	const TSharedRef<TJsonReader<TCHAR>> Reader = TJsonReaderFactory<TCHAR>::Create(Text);
+	const TArray<TSharedPtr<FJsonValue>>* Flows = nullptr;
+	const TSharedPtr<FJsonObject>* First = nullptr;
+	FString Status;
+	if (!FJsonSerializer::Deserialize(Reader, Document) || !Document || !Document->TryGetArrayField(TEXT("event_flows"), Flows) ||
+		Flows->IsEmpty() || !(*Flows)[0]->TryGetObject(First) || !(*First)->TryGetStringField(TEXT("status"), Status))
+	{
+		return false;
+	}
+	return Status.Equals(TEXT("deleted"), ESearchCase::IgnoreCase) || Status.Equals(TEXT("not_found"), ESearchCase::IgnoreCase);
+}
+} // namespace OtherReads
+
+void FBlueprintEventReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
+{
+	using namespace OtherReads;
+	FString Path;
+	FString GraphName;
+	FString EventName;
+	if (!RequireStringField(Args, TEXT("path"), Path, Result) || !RequireStringField(Args, TEXT("graph_name"), GraphName, Result) ||
+		!RequireStringField(Args, TEXT("event_name"), EventName, Result))
+	{
+		return;
+	}
+	Path = FAssetOperationBase::NormalizeAssetPath(Path);
+	const TSharedPtr<FJsonObject> Event = MakeShared<FJsonObject>();
+	Event->SetStringField(ToolInfo::FieldName_EventName, EventName);
+	// The graph's name goes along for the record; all event pages are searched.
+	const TSharedPtr<FJsonObject> Command = MakeCommand(Path, ToolInfo::ToolName_ReadBlueprintEvent);
+	Command->SetStringField(ToolInfo::FieldName_GraphName, GraphName);
+	Command->SetStringField(ToolInfo::FieldName_EventName, EventName);
+	Command->SetArrayField(ToolInfo::FieldName_Events, {MakeShared<FJsonValueObject>(Event)});
+	const FString AssetName = FAssetOperationBase::GetAssetNameFromPath(Path);
+	const FString Text = FBlueprintReadUtils::ReadBlueprint(Command, Result);
+	if (IsEmptyRead(Text))
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Failed to read event '%s' from graph '%s' in Blueprint: %s"), *EventName, *GraphName, *AssetName));
+		return;
+	}
+	Result.SetData(TEXT("content"), Text);
+	if (!Result.WasSuccessful())
+	{
+		return;
+	}
+	if (IsEventMissing(Text))
+	{
+		Result.AddWarningMessage(FString::Printf(TEXT("'%s' event does not exist in graph '%s' in Blueprint: %s"), *EventName, *GraphName, *AssetName));
+		return;
+	}
+	Result.AddSuccessMessage(FString::Printf(TEXT("Successfully read event '%s' from graph '%s' in Blueprint: %s"), *EventName, *GraphName, *AssetName));
+}
+
+void FBlueprintReadSchemaOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
+{
+	using namespace OtherReads;
+	FString Path;
+	if (!RequireStringField(Args, TEXT("path"), Path, Result))
+	{
+		return;
+	}
+	Path = FAssetOperationBase::NormalizeAssetPath(Path);
+	if (!FAssetOperationBase::AssetExists(Path))
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Blueprint does not exist: %s"), *Path));
+		Result.AddErrorMessage(TEXT("Cannot read schema for non-existent Blueprint. The asset may have been deleted."));
+		return;
+	}
+	const FString Text = FBlueprintReadUtils::ReadBlueprint(MakeCommand(Path, ToolInfo::ToolName_ReadBlueprintSchema), Result);
+	if (IsEmptyRead(Text))
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Failed to read schema at path: %s"), *Path));
+		return;
+	}
+	Result.SetData(TEXT("content"), Text);
+	Result.AddSuccessMessage(FString::Printf(TEXT("Successfully read schema for Blueprint: %s"), *FAssetOperationBase::GetAssetNameFromPath(Path)));
+}
+
+void FWidgetBlueprintWidgetTreeReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
+{
+	using namespace OtherReads;
+	FString Path;
+	if (!RequireStringField(Args, TEXT("path"), Path, Result))
+	{
+		return;
+	}
+	Path = FAssetOperationBase::NormalizeAssetPath(Path);
+	const TSharedPtr<FJsonObject> Command = MakeCommand(Path, ToolInfo::ToolName_ReadBlueprintWidgetTree);
+	FString WidgetName;
+	const TArray<TSharedPtr<FJsonValue>>* WidgetNames = nullptr;
+	if (Args.TryGetArrayField(TEXT("widget_name"), WidgetNames))
+	{
+		Command->SetArrayField(TEXT("widget_name"), *WidgetNames);
+	}
+	else if (Args.TryGetStringField(TEXT("widget_name"), WidgetName) && !WidgetName.IsEmpty())
+	{
+		Command->SetArrayField(TEXT("widget_name"), {MakeShared<FJsonValueString>(WidgetName)});
+	}
+	const FString Text = FBlueprintReadUtils::ReadBlueprint(Command, Result);
+	if (IsEmptyRead(Text))
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Failed to read widget_tree at path: %s"), *Path));
+		return;
+	}
+	Result.SetData(TEXT("content"), Text);
+	Result.AddSuccessMessage(FString::Printf(TEXT("Successfully read widget_tree from Widget Blueprint: %s"), *FAssetOperationBase::GetAssetNameFromPath(Path)));
+}

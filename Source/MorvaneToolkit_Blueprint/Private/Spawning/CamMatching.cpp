@@ -1,0 +1,205 @@
+#include "Spawning/CamMatching.h"
+
+#include "AssetOperationBase.h"
+#include "BlueprintActionMenuItem.h"
+#include "BlueprintActionMenuUtils.h"
+#include "BlueprintNodeSpawner.h"
+#include "EdGraph/EdGraph.h"
+#include "EdGraphSchema_K2.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "KeywordIndex.h"
+#include "ToolResult.h"
+#include "Utils/Records/GraphTelemetry.h"
+
+namespace CamMatching
+{
+FString GetNodeClassName(const FEdGraphSchemaAction& Action, const FString& Title)
+{
+	if (Action.GetTypeId() == FBlueprintActionMenuItem::StaticGetTypeId())
+	{
+		const UBlueprintNodeSpawner* const Spawner =
+			static_cast<const FBlueprintActionMenuItem&>(Action).GetRawAction();
+		return Spawner && Spawner->NodeClass ? Spawner->NodeClass->GetName() : FString();
+	}
+	if (Action.GetTypeId() == FEdGraphSchemaAction_NewNode::StaticGetTypeId())
+	{
+		// Known by their titles: what template a comment action carries is the schema's own business.
+		if (Title.Equals(TEXT("Create Comment from Selection"), ESearchCase::IgnoreCase)
+			|| Title.Equals(TEXT("Add Comment"), ESearchCase::IgnoreCase))
+		{
+			return TEXT("EdGraphNode_Comment");
+		}
+		const UEdGraphNode* const Template =
+			static_cast<const FEdGraphSchemaAction_NewNode&>(Action).NodeTemplateWeak.Get();
+		return Template ? Template->GetClass()->GetName() : FString();
+	}
+	return FString();
+}
+
+/**
+ * The keywords of the menu that was asked last. Menus of different runs are nearly the same, so what was learned about
+ * their texts is kept for the next; answers depend on the menu alone.
+ */
+class FMenuIndex
+{
+public:
+	static FMenuIndex& For(const FSharedActionMenu& Menu)
+	{
+		static FMenuIndex Index;
+		if (Index.Serial != Menu.GetSerial())
+		{
+			Index.Take(Menu);
+		}
+		return Index;
+	}
+
+	TArray<FKeywordHit> FindBest(const TArray<FString>& Request, const TArray<FString>& Title) const
+	{
+		return Keywords.FindBest(Request, Title, FBlueprintCamMatching::MaxShown);
+	}
+	/** The place in the menu: untitled actions are no entries. */
+	int32 GetActionIndex(int32 Entry) const { return ActionByEntry[Entry]; }
+
+private:
+	void Take(const FSharedActionMenu& Menu)
+	{
+		Keywords.Reset();
+		ActionByEntry.Reset();
+		for (int32 Index = 0; Index < Menu.GetNumActions(); ++Index)
+		{
+			const TSharedPtr<FEdGraphSchemaAction> Action = Menu.GetSchemaAction(Index);
+			const FString Title = Action ? Action->GetMenuDescription().ToString() : FString();
+			if (!Title.IsEmpty())
+			{
+				Keywords.Add(Title, Action->GetCategory().ToString(), GetNodeClassName(*Action, Title));
+				ActionByEntry.Add(Index);
+			}
+		}
+		Serial = Menu.GetSerial();
+	}
+
+	FKeywordIndex Keywords;
+	TArray<int32> ActionByEntry;
+	/** 0: no menu yet. */
+	uint64 Serial = 0;
+};
+
+/** Of the title, of what the class name means where it stands for a title, and of the class name itself. */
+TArray<FString> MakeRequestKeywords(const FBPNodeModification& Record)
+{
+	TArray<FString> Keywords = FAssetOperationBase::CreateKeywords(Record.MenuTitle);
+	const FString& ClassName = Record.ClassName;
+	const auto AddKeywordsOf = [&Keywords](const TCHAR* Title)
+	{
+		for (const FString& Keyword : FAssetOperationBase::CreateKeywords(Title))
+		{
+			Keywords.AddUnique(Keyword);
+		}
+	};
+	if (ClassName.Equals(TEXT("Self"), ESearchCase::IgnoreCase))
+	{
+		AddKeywordsOf(TEXT("Get a reference to self"));
+	}
+	if (ClassName.Equals(TEXT("MathExpression"), ESearchCase::IgnoreCase)
+		|| ClassName.Equals(TEXT("K2Node_MathExpression"), ESearchCase::IgnoreCase))
+	{
+		AddKeywordsOf(TEXT("Add Math Expression"));
+	}
+	if (!ClassName.IsEmpty())
+	{
+		Keywords.Add(ClassName);
+		FAssetOperationBase::AppendKeywords(ClassName, Keywords);
+	}
+	return Keywords;
+}
+
+TSharedRef<FJsonObject> ToJson(const FCamCandidate& Candidate)
+{
+	TArray<TSharedPtr<FJsonValue>> Common;
+	for (const FString& Keyword : Candidate.CommonKeywords.CommonKeywords)
+	{
+		Common.Add(MakeShared<FJsonValueString>(Keyword));
+	}
+	const TSharedRef<FJsonObject> Json = MakeShared<FJsonObject>();
+	Json->SetStringField(TEXT("menu_title"), Candidate.MenuTitle);
+	Json->SetStringField(TEXT("node_class"), Candidate.NodeClass);
+	Json->SetStringField(TEXT("menu_category"), Candidate.MenuCategory);
+	Json->SetNumberField(TEXT("confidence"), Candidate.Confidence);
+	Json->SetArrayField(TEXT("common_keywords"), MoveTemp(Common));
+	return Json;
+}
+
+uint64 MakeSerial()
+{
+	static uint64 Last = 0;
+	return ++Last;
+}
+} // namespace CamMatching
+
+FSharedActionMenu::FSharedActionMenu()
+	: Serial(CamMatching::MakeSerial())
+{
+}
+
+TSharedPtr<FSharedActionMenu> FBlueprintCamMatching::BuildSharedCAM(UEdGraph& Graph, Morvane::FToolResult& Result)
+{
+	const double Start = FPlatformTime::Seconds();
+	FBlueprintActionContext Context;
+	Context.Graphs.Add(&Graph);
+	if (UBlueprint* const Blueprint = FBlueprintEditorUtils::FindBlueprintForGraph(&Graph))
+	{
+		Context.Blueprints.Add(Blueprint);
+	}
+	const TSharedPtr<FSharedActionMenu> Menu = MakeShared<FSharedActionMenu>();
+	FBlueprintActionMenuUtils::MakeContextMenu(Context, false, EContextTargetFlags::ContextTargetFlagMask, *Menu);
+
+	// What the schema offers beside nodes of the database, such as comments, stands in the same list.
+	if (const UEdGraphSchema_K2* const Schema = Cast<UEdGraphSchema_K2>(Graph.GetSchema()))
+	{
+		FGraphContextMenuBuilder SchemaMenu(&Graph);
+		Schema->GetGraphContextActions(SchemaMenu);
+		Menu->Append(SchemaMenu);
+	}
+
+	const TSharedRef<FJsonObject> Telemetry = GraphTelemetry::Ensure(Result);
+	Telemetry->SetNumberField(TEXT("cam_build_time_ms"), (FPlatformTime::Seconds() - Start) * 1000.0);
+	Telemetry->SetNumberField(TEXT("cam_action_count"), Menu->GetNumActions());
+	Telemetry->SetBoolField(TEXT("context_sensitive"), false);
+	return Menu;
+}
+
+TArray<FCamCandidate> FBlueprintCamMatching::FindCamMatches(
+	const FBPNodeModification& Record, const FSharedActionMenu& Menu)
+{
+	const CamMatching::FMenuIndex& Index = CamMatching::FMenuIndex::For(Menu);
+	TArray<FCamCandidate> Candidates;
+	for (const FKeywordHit& Hit : Index.FindBest(
+			 CamMatching::MakeRequestKeywords(Record), FAssetOperationBase::CreateKeywords(Record.MenuTitle)))
+	{
+		FCamCandidate& Candidate = Candidates.AddDefaulted_GetRef();
+		Candidate.Action = Menu.GetSchemaAction(Index.GetActionIndex(Hit.Entry));
+		Candidate.MenuTitle = Candidate.Action->GetMenuDescription().ToString();
+		Candidate.MenuCategory = Candidate.Action->GetCategory().ToString();
+		Candidate.NodeClass = CamMatching::GetNodeClassName(*Candidate.Action, Candidate.MenuTitle);
+		Candidate.CommonKeywords = Hit.Similarity;
+		Candidate.Confidence = Hit.Confidence;
+	}
+	return Candidates;
+}
+
+void FBlueprintCamMatching::RecordCandidateMatches(
+	const TArray<FCamCandidate>& Candidates, Morvane::FToolResult& Result, const FString& Context)
+{
+	TArray<TSharedPtr<FJsonValue>> Values;
+	for (int32 Index = 0; Index < FMath::Min(Candidates.Num(), MaxShown); ++Index)
+	{
+		Values.Add(MakeShared<FJsonValueObject>(CamMatching::ToJson(Candidates[Index])));
+	}
+	const TSharedRef<FJsonObject> Entry = MakeShared<FJsonObject>();
+	if (!Context.IsEmpty())
+	{
+		Entry->SetStringField(TEXT("context"), Context);
+	}
+	Entry->SetArrayField(TEXT("candidates"), MoveTemp(Values));
+	GraphTelemetry::Append(Result, TEXT("candidate_matches"), Entry);
+}

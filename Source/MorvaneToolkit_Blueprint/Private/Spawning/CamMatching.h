@@ -1,0 +1,61 @@
+#pragma once
+
+#include "BlueprintActionMenuBuilder.h"
+#include "CoreMinimal.h"
+#include "KeywordSimilarity.h"
+#include "Utils/Records/GraphRecords.h"
+
+class UEdGraph;
+
+namespace Morvane
+{
+class FToolResult;
+}
+
+/** An action of the menu as it fits one request. */
+struct FCamCandidate
+{
+	TSharedPtr<FEdGraphSchemaAction> Action;
+	FString MenuTitle;
+	FString MenuCategory;
+	/** Of the node that the action makes; may be empty. */
+	FString NodeClass;
+	FKeywordSimilarity CommonKeywords;
+	/** From 0 to 1. */
+	float Confidence = 0.0f;
+};
+
+/** The action menu of one run, built once and asked by all of its requests. */
+class FSharedActionMenu : public FBlueprintActionMenuBuilder
+{
+public:
+	FSharedActionMenu();
+
+	/** Tells this menu from any other of the process, gone ones included. */
+	uint64 GetSerial() const { return Serial; }
+
+private:
+	uint64 Serial;
+};
+
+/** Finds the actions that a request means in the menu that an author would see. Never spawns. */
+class FBlueprintCamMatching
+{
+public:
+	/** Never null. Writes the menu's telemetry. */
+	static TSharedPtr<FSharedActionMenu> BuildSharedCAM(UEdGraph& Graph, Morvane::FToolResult& Result);
+
+	/**
+	 * The best actions, best first, never more than are ever shown. Each titled action counts, however badly it fits,
+	 * so there is none only for an empty menu. Confidence is no part of the order: whether the first is good enough is
+	 * the caller's question.
+	 */
+	static TArray<FCamCandidate> FindCamMatches(const FBPNodeModification& Record, const FSharedActionMenu& Menu);
+
+	/** Adds what was on offer to the telemetry's "candidate_matches". The context names the request. */
+	static void RecordCandidateMatches(
+		const TArray<FCamCandidate>& Candidates, Morvane::FToolResult& Result, const FString& Context);
+
+	/** As many candidates as messages and telemetry show. */
+	static constexpr int32 MaxShown = 20;
+};

@@ -1,0 +1,355 @@
+// Whole graphs as JSON: any graph as a list of nodes, an event graph as flows.
+
+#include "BlueprintReadUtils.h"
+
+#include "AnimStateEntryNode.h"
+#include "AnimationStateMachineGraph.h"
+#include "EdGraph/EdGraph.h"
+#include "EdGraph/EdGraphSchema.h"
+#include "EdGraphNode_Comment.h"
+#include "EdGraphSchema_K2.h"
+#include "K2Node_ComponentBoundEvent.h"
+#include "K2Node_EventNodeInterface.h"
+#include "ToolInfo.h"
+
+namespace ReadGraph
+{
+constexpr int32 MaxDepth = 10;
+
+TSharedPtr<FJsonObject> MakeError(const FString& Text)
+{
+	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
+	Object->SetStringField(TEXT("error"), Text);
+	return Object;
+}
+
+TSharedPtr<FJsonObject> MakeDepthError(const FString& Text, int32 Depth)
+{
+	const TSharedPtr<FJsonObject> Object = MakeError(Text);
+	Object->SetNumberField(TEXT("recursion_depth"), Depth);
+	return Object;
+}
+
+bool IsTool(const FString& ReadTool, const TCHAR* Tool)
+{
+	return ReadTool.Equals(Tool, ESearchCase::IgnoreCase);
+}
+
+void SetHead(FJsonObject& Object, const UEdGraph& Graph)
+{
+	const UEdGraphSchema* const Schema = Graph.GetSchema();
+	Object.SetStringField(TEXT("name"), Graph.GetName());
+	Object.SetStringField(TEXT("class"), Graph.GetClass()->GetName());
+	Object.SetStringField(TEXT("schema"), Schema ? Schema->GetClass()->GetName() : FString(TEXT("Unknown")));
+}
+
+TSharedPtr<FJsonObject> ReadNodeWithPins(
+	const UEdGraphNode& Node, const TSharedPtr<FJsonObject>& Command, int32 Depth, TSet<const UEdGraph*>& Visited)
+{
+	const TSharedPtr<FJsonObject> Info = FBlueprintReadUtils::ReadNodeInfo(&Node, Command, Depth, Visited);
+	TArray<TSharedPtr<FJsonValue>> Pins;
+	Pins.Reserve(Node.Pins.Num());
+	for (const UEdGraphPin* const Pin : Node.Pins)
+	{
+		if (Pin)
+		{
+			Pins.Add(MakeShared<FJsonValueObject>(FBlueprintReadUtils::ReadPinInfo(Pin)));
+		}
+	}
+	Info->SetArrayField(TEXT("pins"), MoveTemp(Pins));
+	return Info;
+}
+
+TSharedPtr<FJsonObject> MakeStateMachineInfo(const UAnimationStateMachineGraph& Graph)
+{
+	const TSharedPtr<FJsonObject> Info = MakeShared<FJsonObject>();
+	if (const UAnimStateEntryNode* const Entry = Graph.EntryNode)
+	{
+		Info->SetStringField(TEXT("entry_node_title"), Entry->GetNodeTitle(ENodeTitleType::FullTitle).ToString());
+	}
+	return Info;
+}
+} // namespace ReadGraph
+
+TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEdGraph(const UEdGraph* Graph, const TSharedPtr<FJsonObject>& Command)
+{
+	TSet<const UEdGraph*> Visited;
+	return ReadEdGraph(Graph, Command, 0, Visited);
+}
+
+TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEdGraph(
+	const UEdGraph* Graph, const TSharedPtr<FJsonObject>& Command, int32 Depth, TSet<const UEdGraph*>& Visited)
+{
+	if (!Graph)
+	{
+		return ReadGraph::MakeError(TEXT("Invalid graph provided"));
+	}
+	FString ReadTool;
+	if (!Command || !Command->TryGetStringField(Morvane::ToolInfo::FieldName_ReadTool, ReadTool))
+	{
+		return ReadGraph::MakeError(FString::Printf(TEXT("Missing required field '%s'"), Morvane::ToolInfo::FieldName_ReadTool));
+	}
+	if (Depth > ReadGraph::MaxDepth)
+	{
+		return ReadGraph::MakeDepthError(TEXT("Maximum recursion depth exceeded"), Depth);
+	}
+	if (Visited.Contains(Graph))
+	{
+		return ReadGraph::MakeDepthError(TEXT("Graph already visited"), Depth);
+	}
+	Visited.Add(Graph);
+	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
+	ReadGraph::SetHead(*Object, *Graph);
+	Object->SetNumberField(TEXT("hierarchy_depth"), Depth);
+	Object->SetStringField(TEXT("graph_path"), Graph->GetPathName());
+	if (!ReadGraph::IsTool(ReadTool, Morvane::ToolInfo::ToolName_ReadBlueprintSchema))
+	{
+		TArray<TSharedPtr<FJsonValue>> Nodes;
+		Nodes.Reserve(Graph->Nodes.Num());
+		for (const UEdGraphNode* const Node : Graph->Nodes)
+		{
+			if (Node)
+			{
+				Nodes.Add(MakeShared<FJsonValueObject>(ReadGraph::ReadNodeWithPins(*Node, Command, Depth, Visited)));
+			}
+		}
+		Object->SetArrayField(TEXT("nodes"), MoveTemp(Nodes));
+		if (const UAnimationStateMachineGraph* const Machine = Cast<UAnimationStateMachineGraph>(Graph))
+		{
+			Object->SetObjectField(TEXT("state_machine_info"), ReadGraph::MakeStateMachineInfo(*Machine));
+		}
+	}
+	// A guard of the path from the top, not a memory: a graph that two siblings reach is read for both.
+	Visited.Remove(Graph);
+	return Object;
+}
+
+namespace ReadGraph
+{
+const TCHAR* const FloatingName = TEXT("nodes_not_attached_to_an_event");
+
+bool IsEvent(const UEdGraphNode* Node)
+{
+	return Cast<IK2Node_EventNodeInterface>(Node) || Node->IsA<UK2Node_ComponentBoundEvent>();
+}
+
+/** One event and the nodes that belong to it, the event first. */
+struct FFlow
+{
+	const UEdGraphNode* Event;
+	TArray<const UEdGraphNode*> Nodes;
+};
+
+/**
+ * Breadth first along every link but those that come into an execution input: what runs after a node, what takes its values, and what gives
+ * it values. Other events end the walk.
+ */
+FFlow WalkFlow(const UEdGraphNode* Event)
+{
+	FFlow Flow{Event, {Event}};
+	TSet<const UEdGraphNode*> Seen;
+	Seen.Add(Event);
+	for (int32 Next = 0; Next < Flow.Nodes.Num(); ++Next)
+	{
+		for (const UEdGraphPin* const Pin : Flow.Nodes[Next]->Pins)
+		{
+			if (!Pin || (Pin->Direction == EGPD_Input && Pin->PinType.PinCategory == UEdGraphSchema_K2::PC_Exec))
+			{
+				continue;
+			}
+			for (const UEdGraphPin* const Linked : Pin->LinkedTo)
+			{
+				const UEdGraphNode* const Owner = Linked ? Linked->GetOwningNodeUnchecked() : nullptr;
+				if (Owner && !Seen.Contains(Owner) && !IsEvent(Owner))
+				{
+					Seen.Add(Owner);
+					Flow.Nodes.Add(Owner);
+				}
+			}
+		}
+	}
+	return Flow;
+}
+
+/** The events that a command asks for, each with how often it was found. */
+class FRequestedEvents
+{
+public:
+	explicit FRequestedEvents(const FJsonObject& Command)
+	{
+		const TArray<TSharedPtr<FJsonValue>>* Entries = nullptr;
+		if (!Command.TryGetArrayField(Morvane::ToolInfo::FieldName_Events, Entries))
+		{
+			return;
+		}
+		for (const TSharedPtr<FJsonValue>& Entry : *Entries)
+		{
+			const TSharedPtr<FJsonObject>* Object = nullptr;
+			FString Name;
+			if (Entry && Entry->TryGetObject(Object) && (*Object)->TryGetStringField(Morvane::ToolInfo::FieldName_EventName, Name))
+			{
+				Names.Add(FWanted{Name, 0});
+			}
+		}
+	}
+
+	/** Containment in either direction, ignoring case. Counts the first name that fits. */
+	bool Match(const FString& Title)
+	{
+		for (FWanted& Row : Names)
+		{
+			if (Row.Name.Contains(Title, ESearchCase::IgnoreCase) || Title.Contains(Row.Name, ESearchCase::IgnoreCase))
+			{
+				++Row.Count;
+				return true;
+			}
+		}
+		return false;
+	}
+
+	TArray<FString> GetMissing() const
+	{
+		TArray<FString> Missing;
+		for (const FWanted& Row : Names)
+		{
+			if (Row.Count < 1 && !Row.Name.Equals(FloatingName, ESearchCase::IgnoreCase))
+			{
+				Missing.Add(Row.Name);
+			}
+		}
+		return Missing;
+	}
+
+private:
+	struct FWanted
+	{
+		FString Name;
+		int32 Count;
+	};
+	TArray<FWanted> Names;
+};
+
+/** One read of one event graph. */
+class FEventGraphRead
+{
+public:
+	FEventGraphRead(const UEdGraph& InGraph, const TSharedPtr<FJsonObject>& InCommand, const FString& ReadTool)
+		: Graph(InGraph), Command(InCommand), bFull(IsTool(ReadTool, Morvane::ToolInfo::ToolName_ReadBlueprintEvent)), Requested(*InCommand)
+	{
+		Command->TryGetBoolField(TEXT("finalize_modifications"), bFinalize);
+	}
+
+	TArray<TSharedPtr<FJsonValue>> Read(bool bRestrict, const TSet<FString>& ShortNodeIds)
+	{
+		for (const UEdGraphNode* const Node : Graph.Nodes)
+		{
+			if (Node && IsEvent(Node))
+			{
+				AddFlow(WalkFlow(Node), bRestrict, ShortNodeIds);
+			}
+		}
+		if (bFull)
+		{
+			AddMissing();
+		}
+		AddFloating();
+		return MoveTemp(Entries);
+	}
+
+private:
+	void AddFlow(const FFlow& Flow, bool bRestrict, const TSet<FString>& ShortNodeIds)
+	{
+		// Before all filters: a node of an event that is not shown is attached all the same.
+		for (const UEdGraphNode* const Node : Flow.Nodes)
+		{
+			Attached.Add(Node);
+		}
+		const auto IsWanted = [&ShortNodeIds](const UEdGraphNode* Node) {
+			return ShortNodeIds.Contains(FBlueprintReadUtils::GetShortNodeId(Node));
+		};
+		if (bRestrict && !Flow.Nodes.ContainsByPredicate(IsWanted))
+		{
+			return;
+		}
+		const FString Title = Flow.Event->GetNodeTitle(ENodeTitleType::FullTitle).ToString();
+		if (bFull && !Requested.Match(Title))
+		{
+			return;
+		}
+		const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
+		Entry->SetStringField(TEXT("event_type"), Flow.Event->GetClass()->GetName());
+		Entry->SetStringField(TEXT("event_title"), Title);
+		if (bFull)
+		{
+			Entry->SetArrayField(TEXT("nodes"), ReadNodes(Flow.Nodes));
+		}
+		Entries.Add(MakeShared<FJsonValueObject>(Entry));
+	}
+
+	void AddMissing()
+	{
+		for (const FString& Name : Requested.GetMissing())
+		{
+			const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
+			Entry->SetStringField(TEXT("event_title"), Name);
+			Entry->SetStringField(TEXT("status"), bFinalize ? TEXT("deleted") : TEXT("not_found"));
+			Entries.Add(MakeShared<FJsonValueObject>(Entry));
+		}
+	}
+
+	void AddFloating()
+	{
+		TArray<const UEdGraphNode*> Floating;
+		for (const UEdGraphNode* const Node : Graph.Nodes)
+		{
+			if (Node && !Node->IsA<UEdGraphNode_Comment>() && !Attached.Contains(Node))
+			{
+				Floating.Add(Node);
+			}
+		}
+		const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
+		Entry->SetStringField(TEXT("event_type"), FloatingName);
+		Entry->SetStringField(TEXT("event_title"), FloatingName);
+		Entry->SetArrayField(TEXT("nodes"), ReadNodes(Floating));
+		Entries.Add(MakeShared<FJsonValueObject>(Entry));
+	}
+
+	TArray<TSharedPtr<FJsonValue>> ReadNodes(const TArray<const UEdGraphNode*>& Nodes) const
+	{
+		TArray<TSharedPtr<FJsonValue>> Values;
+		Values.Reserve(Nodes.Num());
+		for (const UEdGraphNode* const Node : Nodes)
+		{
+			TSet<const UEdGraph*> Visited;
+			Values.Add(MakeShared<FJsonValueObject>(ReadNodeWithPins(*Node, Command, 0, Visited)));
+		}
+		return Values;
+	}
+
+	const UEdGraph& Graph;
+	const TSharedPtr<FJsonObject>& Command;
+	bool bFull;
+	bool bFinalize = false;
+	FRequestedEvents Requested;
+	TSet<const UEdGraphNode*> Attached;
+	TArray<TSharedPtr<FJsonValue>> Entries;
+};
+} // namespace ReadGraph
+
+TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEventGraph(
+	const UEdGraph* Graph, const TSharedPtr<FJsonObject>& Command, bool bRestrict, const TSet<FString>& ShortNodeIds)
+{
+	if (!Graph)
+	{
+		return ReadGraph::MakeError(TEXT("Invalid graph provided"));
+	}
+	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
+	FString ReadTool;
+	if (!Command || !Command->TryGetStringField(Morvane::ToolInfo::FieldName_ReadTool, ReadTool))
+	{
+		return Object;
+	}
+	ReadGraph::SetHead(*Object, *Graph);
+	Object->SetArrayField(TEXT("event_flows"), ReadGraph::FEventGraphRead(*Graph, Command, ReadTool).Read(bRestrict, ShortNodeIds));
+	return Object;
+}

@@ -1,0 +1,132 @@
+// A Widget Blueprint's tree as JSON: the skeleton of all widgets, details of those that are asked for.
+
+#include "WidgetBlueprintUtils.h"
+
+#include <cwctype>
+
+#include "Blueprint/WidgetTree.h"
+#include "Components/PanelSlot.h"
+#include "Components/PanelWidget.h"
+#include "ToolResult.h"
+#include "UObject/UnrealType.h"
+#include "WidgetBlueprint.h"
+
+namespace ReadWidgets
+{
+/** Every editable property that has a text, whatever its type, by name. */
+TSharedPtr<FJsonObject> ExportProperties(UObject& Object)
+{
+	const TSharedPtr<FJsonObject> Properties = MakeShared<FJsonObject>();
+	for (TFieldIterator<FProperty> It(Object.GetClass(), EFieldIteratorFlags::IncludeSuper); It; ++It)
+	{
+		if (It->HasAnyPropertyFlags(CPF_Transient | CPF_Deprecated) || !It->HasAnyPropertyFlags(CPF_Edit))
+		{
+			continue;
+		}
+		FString Text;
+		It->ExportText_Direct(Text, It->ContainerPtrToValuePtr<void>(&Object), nullptr, &Object, PPF_None);
+		if (!Text.IsEmpty())
+		{
+			Properties->SetStringField(It->GetName(), Text);
+		}
+	}
+	return Properties;
+}
+
+void SetHead(FJsonObject& Node, const UWidget& Widget)
+{
+	Node.SetStringField(TEXT("name"), Widget.GetName());
+	Node.SetStringField(TEXT("class"), Widget.GetClass()->GetName());
+	Node.SetBoolField(TEXT("is_variable"), Widget.bIsVariable);
+}
+
+void SetUnlessEmpty(FJsonObject& Details, const TCHAR* Key, const TSharedPtr<FJsonObject>& Object)
+{
+	if (Object && !Object->Values.IsEmpty())
+	{
+		Details.SetObjectField(Key, Object);
+	}
+}
+} // namespace ReadWidgets
+
+TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchy(UWidgetBlueprint* Blueprint)
+{
+	const TSharedPtr<FJsonObject> Hierarchy = MakeShared<FJsonObject>();
+	UWidget* const Root = Blueprint && Blueprint->WidgetTree ? Blueprint->WidgetTree->RootWidget.Get() : nullptr;
+	if (Root)
+	{
+		Hierarchy->SetObjectField(TEXT("root_widget"), SerializeWidgetHierarchyNode(Root, Blueprint));
+	}
+	return Hierarchy;
+}
+
+TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchyNode(UWidget* Widget, UWidgetBlueprint* Blueprint)
+{
+	if (!Widget)
+	{
+		return nullptr;
+	}
+	const TSharedPtr<FJsonObject> Node = MakeShared<FJsonObject>();
+	ReadWidgets::SetHead(*Node, *Widget);
+	const UPanelWidget* const Panel = Cast<UPanelWidget>(Widget);
+	TArray<TSharedPtr<FJsonValue>> Children;
+	for (int32 Index = 0; Panel && Index < Panel->GetChildrenCount(); ++Index)
+	{
+		if (UWidget* const Child = Panel->GetChildAt(Index))
+		{
+			Children.Add(MakeShared<FJsonValueObject>(SerializeWidgetHierarchyNode(Child, Blueprint)));
+		}
+	}
+	if (!Children.IsEmpty())
+	{
+		Node->SetArrayField(TEXT("children"), Children);
+	}
+	return Node;
+}
+
+TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetDetails(UWidget* Widget, UWidgetBlueprint*)
+{
+	if (!Widget)
+	{
+		return nullptr;
+	}
+	const TSharedPtr<FJsonObject> Details = MakeShared<FJsonObject>();
+	ReadWidgets::SetHead(*Details, *Widget);
+	if (const UPanelWidget* const Parent = Widget->GetParent())
+	{
+		Details->SetStringField(TEXT("parent"), Parent->GetName());
+	}
+	ReadWidgets::SetUnlessEmpty(*Details, TEXT("slot"), SerializeSlotProperties(Widget->Slot));
+	ReadWidgets::SetUnlessEmpty(*Details, TEXT("properties"), SerializeWidgetProperties(Widget));
+	return Details;
+}
+
+TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeSlotProperties(UPanelSlot* Slot)
+{
+	return Slot ? ReadWidgets::ExportProperties(*Slot) : nullptr;
+}
+
+TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetProperties(UWidget* Widget)
+{
+	return Widget ? ReadWidgets::ExportProperties(*Widget) : nullptr;
+}
+
+bool FWidgetBlueprintUtils::VerifyBlueprintVariableName(
+	UBlueprint* Blueprint, const FString& Name, Morvane::FToolResult& Result)
+{
+	if (!Blueprint)
+	{
+		return false;
+	}
+	if (Name.IsEmpty())
+	{
+		Result.AddWarningMessage(TEXT("Variable name cannot be empty"));
+		return false;
+	}
+	if (iswdigit(static_cast<wint_t>(Name[0])))
+	{
+		Result.AddWarningMessage(FString::Printf(TEXT("Invalid variable name '%s': Cannot start with a digit"), *Name));
+		return false;
+	}
+	return true;
+}
