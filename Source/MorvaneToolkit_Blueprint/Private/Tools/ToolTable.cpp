@@ -3,6 +3,7 @@
 #include "BlueprintCompileOperation.h"
 #include "BlueprintCreateOperation.h"
 #include "BlueprintGraphCreateOperation.h"
+#include "BlueprintReadOperations.h"
 #include "BlueprintRemoveOperation.h"
 #include "ToolAdapter.h"
 #include "ToolInfo.h"
@@ -20,6 +21,26 @@ constexpr FToolRow MakeRow(EToolKind Kind, const TCHAR* SubOperation, const TCHA
 // The order is that of registration, which the host shows. Descriptions are read by agents, word for word.
 // clang-format off
 constexpr FToolRow Rows[] = {
+	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintSchema, &FBlueprintReadSchemaOperation::Execute>(EToolKind::Read, TEXT("schema"), TEXT("{}"),
+		TEXT("Read comprehensive Blueprint schema including variables with types, components with classes, functions with signatures, interfaces with functions, event graphs with event nodes and signatures, timelines, delegates with parameters, and tags")),
+	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintVariable, &FBlueprintVariableReadOperation::Execute>(EToolKind::Read, TEXT("variable"), TEXT("{}"),
+		TEXT("Read a specific Blueprint variable with full details including type, default value, category, replication settings, and metadata")),
+	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintComponent, &FBlueprintComponentReadOperation::Execute>(EToolKind::Read, TEXT("component"), TEXT("{}"),
+		TEXT("Read a specific Blueprint component with full details including class, parent component, relative transform (location, rotation, scale), and hierarchy")),
+	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintFunction, &FBlueprintFunctionReadOperation::Execute>(EToolKind::Read, TEXT("function"), TEXT("{}"),
+		TEXT("Read a specific Blueprint function with full details including inputs, outputs, category, access specifier, and metadata")),
+	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintInterface, &FBlueprintInterfaceReadOperation::Execute>(EToolKind::Read, TEXT("interface"), TEXT("{}"),
+		TEXT("Read a specific Blueprint interface with full details including interface name, class path, and complete graph serialization with nodes and connections")),
+	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintEvent, &FBlueprintEventReadOperation::Execute>(EToolKind::Read, TEXT("event"), TEXT("{}"),
+		TEXT("Read a specific Blueprint event from an event graph with full details including event node, inputs, outputs, and connections")),
+	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintTimeline, &FBlueprintTimelineReadOperation::Execute>(EToolKind::Read, TEXT("timeline"), TEXT("{}"),
+		TEXT("Read a specific Blueprint timeline with comprehensive details including all track types (float, vector, event, color) with curve paths, external curve names, length mode, and playback settings")),
+	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintDelegate, &FBlueprintDelegateReadOperation::Execute>(EToolKind::Read, TEXT("delegate"), TEXT("{}"),
+		TEXT("Read a specific Blueprint delegate graph with full details including delegate name and parameter signatures")),
+	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintMacro, &FBlueprintMacroReadOperation::Execute>(EToolKind::Read, TEXT("macro"), TEXT("{}"),
+		TEXT("Read a specific Blueprint macro with full details including macro graph with nodes, connections, inputs, and outputs")),
+	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintWidgetTree, &FWidgetBlueprintWidgetTreeReadOperation::Execute>(EToolKind::Read, TEXT("widget_tree"), TEXT("{}"),
+		TEXT("Read Widget Blueprint widget tree. Returns widget_hierarchy (lightweight skeleton with names, classes, is_variable, and children structure) and optionally widgets dict with full details (properties, slots) for specific widget(s) if name parameter is provided.")),
 	MakeRow<Morvane::ToolInfo::ToolName_BPCreateGraph, &FBlueprintGraphCreateOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),
 		TEXT("[INTERNAL TOOL] Create or configure Blueprint functions and delegate signatures (no node operations). Accepts batched 'functions' array with optional parameters/return_type metadata. Use with bp_populate_graph for node/connection workflows to maintain separation of concerns.")),
 	MakeRow<Morvane::ToolInfo::ToolName_BPCreateAsset, &FBlueprintCreateOperation::Execute>(EToolKind::Create, nullptr, TEXT(""),
