@@ -1,7 +1,5 @@
+#include "Boot/EditorModules.h"
 #include "ReflectedThings.h"
-
-#include "UObject/Catalogue.h"
-#include "UObject/ObjectProviders.h"
 
 #include <gtest/gtest.h>
 
@@ -27,8 +25,8 @@ static void ExpectRoundTrip(const FProperty& Property, UObject* Object, UObject*
 
 TEST(CatalogueObjects, EveryClassHasADefaultObjectWhoseValuesAreReadAsWritten)
 {
+	EditorModules::StartEditor();
 	const FThingPackage Package;
-	FCatalogue::Get().Install();
 	TArray<UClass*> Classes;
 	GetDerivedClasses(UObject::StaticClass(), Classes);
 	ASSERT_GT(Classes.Num(), 1000);
@@ -54,8 +52,8 @@ TEST(CatalogueObjects, EveryClassHasADefaultObjectWhoseValuesAreReadAsWritten)
 
 TEST(CatalogueObjects, EveryStructHasAValueThatIsReadAsWritten)
 {
+	EditorModules::StartEditor();
 	const FThingPackage Package;
-	FCatalogue::Get().Install();
 	TArray<UObject*> Structs;
 	GetObjectsOfClass(UScriptStruct::StaticClass(), Structs);
 	ASSERT_GT(Structs.Num(), 500);

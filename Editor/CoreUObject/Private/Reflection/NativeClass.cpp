@@ -32,6 +32,7 @@ UClass* Register(const FClassInfo& Info)
 	UClass* const Super = Info.Super();
 	UClass* const Class = NewObject<UClass>(CreatePackage(Info.PackageName), NameWithoutPrefix(Info.CppName),
 		static_cast<EObjectFlags>(RF_Public | RF_MarkAsNative));
+	checkf(!Class->GetSuperClass(), TEXT("%s was known as data before its module was started"), *Class->GetPathName());
 	SetUp(*Class, Info, Super);
 	return Class;
 }
