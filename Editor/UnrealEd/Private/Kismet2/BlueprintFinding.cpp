@@ -2,6 +2,7 @@
 
 #include "Kismet2/BlueprintEditorUtils.h"
 
+#include "Components/ActorComponent.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/BlueprintClassProvider.h"
