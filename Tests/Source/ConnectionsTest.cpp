@@ -287,6 +287,7 @@ TEST(PinDefault, APinThatNeedsAWireGetsAHint)
 	FConnecting Case;
 	UEdGraphPin* const Pin = Case.K2(TEXT("name"), TEXT("int")).Input(TEXT("in"));
 	Pin->PinType.bIsReference = true;
+	Pin->bDefaultValueIsIgnored = true;
 	EXPECT_FALSE(FBlueprintPinUtils::SetPinDefaultValue(Pin, TEXT("Hips"), Case.Result));
 	EXPECT_THAT(Warnings(Case.Result),
 		ElementsAre(HasSubstr("must have an input wired into"),
@@ -295,6 +296,7 @@ TEST(PinDefault, APinThatNeedsAWireGetsAHint)
 
 TEST(PinTypeConversion, WordsBecomeAType)
 {
+	const FGraphBuilder Editor; // the object is looked up among the editor's classes
 	FBPPinType Record;
 	Record.Category = TEXT("object");
 	Record.SubCategoryObject = TEXT("/Script/Engine.EdGraph");

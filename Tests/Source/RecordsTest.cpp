@@ -121,6 +121,7 @@ TEST(ConnectionRecord, IdsHaveTwoNamesAndTheFirstWins)
 
 TEST(WholeRequest, RefusalsNameTheirReason)
 {
+	const FGraphBuilder Editor; // types are looked up among the editor's classes
 	struct FCase
 	{
 		std::string Text;
@@ -226,6 +227,7 @@ TEST(PinTypeRecord, ContainerHasTwoNamesAndTheFirstWins)
 
 TEST(FunctionRecord, KeepsWhetherAReturnTypeWasGivenAndWhetherItWasRead)
 {
+	const FGraphBuilder Editor; // types are looked up among the editor's classes
 	struct FCase
 	{
 		const char* Text;
@@ -247,6 +249,7 @@ TEST(FunctionRecord, KeepsWhetherAReturnTypeWasGivenAndWhetherItWasRead)
 
 TEST(FunctionRecord, NeedsANameAndDropsParametersWithoutAType)
 {
+	const FGraphBuilder Editor; // types are looked up among the editor's classes
 	FBPFunctionModification Record;
 	EXPECT_FALSE(PopulateRecords::ParseFunction(*Json(R"({"name":""})"), Record));
 	EXPECT_TRUE(PopulateRecords::ParseFunction(*Json(R"({"name":"F","is_delegate":true,"parameters":[

@@ -14,6 +14,7 @@
 
 FBlueprintBuilder::FBlueprintBuilder(UClass* ParentClass)
 {
+	EditorModules::StartTools();
 	EditorModules::StartEditor();
 	FString Error;
 	EXPECT_TRUE(FProject::Open(Project.Get(), Error)) << ToStd(Error);

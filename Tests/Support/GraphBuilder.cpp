@@ -8,6 +8,7 @@
 
 FGraphBuilder::FGraphBuilder()
 {
+	EditorModules::StartTools();
 	EditorModules::StartEditor();
 	Graph = NewObject<UEdGraph>(GetTransientPackage());
 	Graph->Schema = UEdGraphSchema_K2::StaticClass();

@@ -95,14 +95,20 @@ void ReadPosition(const FJsonObject& Json, FBPNodeModification& OutRecord)
 	{
 		return;
 	}
-	int32 Coordinate = 0;
+	// Cut toward zero, like every position that becomes whole, and no further than an int32 reaches.
+	const auto ToWhole = [](double Coordinate)
+	{
+		const double Limited = FMath::Clamp(Coordinate, static_cast<double>(MIN_int32), static_cast<double>(MAX_int32));
+		return static_cast<int32>(Limited);
+	};
+	double Coordinate = 0.0;
 	if ((*Position)->TryGetNumberField(TEXT("x"), Coordinate))
 	{
-		OutRecord.PositionX = Coordinate;
+		OutRecord.PositionX = ToWhole(Coordinate);
 	}
 	if ((*Position)->TryGetNumberField(TEXT("y"), Coordinate))
 	{
-		OutRecord.PositionY = Coordinate;
+		OutRecord.PositionY = ToWhole(Coordinate);
 	}
 }
 
