@@ -1,14 +1,11 @@
 #include "MorvaneToolkitBlueprintModule.h"
 
+#include "BlueprintReadUtils.h"
 #include "Dom/JsonObject.h"
 #include "ModificationReadRegistry.h"
 #include "MorvaneToolkitModule.h"
 #include "ToolInfo.h"
 #include "ToolTable.h"
-
-#if __has_include("BlueprintReadUtils.h")
-#include "BlueprintReadUtils.h"
-#endif
 
 namespace BlueprintReadTools
 {
@@ -18,11 +15,7 @@ FModificationReadRegistry::FReader MakeReader(const FString& ToolName)
 	return [ToolName](const TSharedPtr<FJsonObject>& Parameters, Morvane::FToolResult& Result)
 	{
 		Parameters->SetStringField(Morvane::ToolInfo::FieldName_ReadTool, ToolName);
-#if __has_include("BlueprintReadUtils.h")
 		return FBlueprintReadUtils::ReadBlueprint(Parameters, Result);
-#else
-		return FString(TEXT("{}"));
-#endif
 	};
 }
 
