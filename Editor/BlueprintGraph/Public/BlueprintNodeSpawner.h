@@ -3,6 +3,7 @@
 #include "CoreMinimal.h"
 #include "EdGraph/EdGraph.h"
 #include "Templates/SubclassOf.h"
+#include "UObject/WeakObjectPtr.h"
 
 class UEdGraph;
 class UEdGraphNode;
@@ -26,21 +27,36 @@ public:
 	using FCustomizeNodeDelegate = TFunction<void(UEdGraphNode* NewNode, bool bIsTemplateNode)>;
 	using FBindingSet = TSet<UObject*>;
 
-	static UBlueprintNodeSpawner* Create(const UClass* NodeClass, UObject* Outer = nullptr, FCustomizeNodeDelegate PostSpawnDelegate = nullptr);
-	template <class T> static UBlueprintNodeSpawner* Create(UObject* Outer = nullptr, FCustomizeNodeDelegate PostSpawnDelegate = nullptr) { return Create(T::StaticClass(), Outer, MoveTemp(PostSpawnDelegate)); }
+	static UBlueprintNodeSpawner* Create(
+		const UClass* NodeClass, UObject* Outer = nullptr, FCustomizeNodeDelegate PostSpawnDelegate = nullptr);
+	template <class T>
+	static UBlueprintNodeSpawner* Create(UObject* Outer = nullptr, FCustomizeNodeDelegate PostSpawnDelegate = nullptr)
+	{
+		return Create(T::StaticClass(), Outer, MoveTemp(PostSpawnDelegate));
+	}
 
 	/** Makes the node in the graph at a place; null when the graph cannot have it. */
 	virtual UEdGraphNode* Invoke(UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const;
-	UEdGraphNode* Invoke(UEdGraph* ParentGraph, const FVector2D Location) const { return Invoke(ParentGraph, FBindingSet(), Location); }
+	UEdGraphNode* Invoke(UEdGraph* ParentGraph, const FVector2D Location) const
+	{
+		return Invoke(ParentGraph, FBindingSet(), Location);
+	}
 	/** The menu's words; worked out once from the node itself when the spawner has none of its own. */
 	virtual FBlueprintActionUiSpec GetUiSpec() const;
-	/** A node of the kind that is in no real graph, to ask for its title and pins. */
+	/** A node of the kind that is in no real graph, to ask for its title and pins. Null where one cannot be made. */
 	UEdGraphNode* GetTemplateNode(UEdGraph* TargetGraph = nullptr) const;
+	/** The class that a menu must be for, or below it, to offer the action; null for any. */
+	virtual const UClass* GetRequiredClass() const { return nullptr; }
 
 	TSubclassOf<UEdGraphNode> NodeClass;
 	mutable FBlueprintActionUiSpec DefaultMenuSignature;
 	FCustomizeNodeDelegate CustomizeNodeDelegate;
 
 protected:
-	UEdGraphNode* SpawnEdGraphNode(const UClass* InNodeClass, UEdGraph* ParentGraph, const FBindingSet& Bindings, FVector2D Location, const FCustomizeNodeDelegate& PostSpawnDelegate) const;
+	/** Customize is called on the node before CustomizeNodeDelegate, to bind it to what the spawner is for. */
+	UEdGraphNode* SpawnEdGraphNode(const UClass* InNodeClass, UEdGraph* ParentGraph, const FBindingSet& Bindings,
+		FVector2D Location, const FCustomizeNodeDelegate& PostSpawnDelegate) const;
+
+private:
+	mutable TWeakObjectPtr<UEdGraphNode> TemplateNode;
 };

@@ -1,0 +1,259 @@
+#include "Menu/ActionSources.h"
+
+#include "BlueprintActionDatabaseRegistrar.h"
+#include "BlueprintDelegateNodeSpawner.h"
+#include "BlueprintEventNodeSpawner.h"
+#include "BlueprintFunctionNodeSpawner.h"
+#include "BlueprintVariableNodeSpawner.h"
+#include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
+#include "K2Node_AssignDelegate.h"
+#include "K2Node_CallDelegate.h"
+#include "K2Node_ClearDelegate.h"
+#include "K2Node_RemoveDelegate.h"
+#include "K2Node_VariableGet.h"
+#include "K2Node_VariableSet.h"
+#include "Menu/MenuWords.h"
+#include "UObject/UnrealType.h"
+
+namespace ActionSources
+{
+FBlueprintAction* Add(UBlueprintNodeSpawner* Spawner, FActionList& Out)
+{
+	if (!Spawner)
+	{
+		return nullptr;
+	}
+	FBlueprintActionUiSpec Words = Spawner->GetUiSpec();
+	if (Words.MenuName.IsEmpty())
+	{
+		return nullptr;
+	}
+	FBlueprintAction& Action = Out.AddDefaulted_GetRef();
+	Action.NodeClass = Spawner->NodeClass.Get();
+	Action.RequiredClass = Spawner->GetRequiredClass();
+	Action.Item = MakeShared<FBlueprintActionMenuItem>(
+		Spawner, MoveTemp(Words.Category), MoveTemp(Words.MenuName), MoveTemp(Words.Tooltip), MoveTemp(Words.Keywords));
+	return &Action;
+}
+
+/** The node classes of asynchronous tasks, by the class that such tasks derive from. */
+UClass* FindAsyncNode(const UClass& Class)
+{
+	struct FRow
+	{
+		UClass* Base;
+		UClass* Node;
+	};
+	static const auto Find = [](const TCHAR* Path) { return FindObject<UClass>(nullptr, Path); };
+	static const FRow Rows[] = {{Find(TEXT("/Script/Engine.BlueprintAsyncActionBase")),
+									Find(TEXT("/Script/BlueprintGraph.K2Node_AsyncAction"))},
+		{Find(TEXT("/Script/GameplayAbilities.AbilityTask")),
+			Find(TEXT("/Script/GameplayAbilitiesEditor.K2Node_LatentAbilityCall"))},
+		{Find(TEXT("/Script/GameplayTasks.GameplayTask")),
+			Find(TEXT("/Script/GameplayTasksEditor.K2Node_LatentGameplayTaskCall"))}};
+	for (const FRow& Row : Rows)
+	{
+		if (Row.Base && Row.Node && Class.IsChildOf(Row.Base))
+		{
+			return Row.Node;
+		}
+	}
+	return nullptr;
+}
+
+/** A static function of a task class that makes a task stands for the whole asynchronous node. */
+void AddAsync(const UFunction& Function, const UClass& Class, UClass& NodeClass, FActionList& Out)
+{
+	static const FName DedicatedKey(FBlueprintMetadata::MD_HasDedicatedAsyncNode);
+	const FObjectProperty* const Return = CastField<FObjectProperty>(Function.GetReturnProperty());
+	const bool bMakesTask = Return && Return->PropertyClass && Return->PropertyClass->IsChildOf(&Class);
+	if (!bMakesTask || !Function.HasAllFunctionFlags(static_cast<EFunctionFlags>(FUNC_Static | FUNC_BlueprintCallable))
+		|| Function.HasMetaData(FBlueprintMetadata::MD_DeprecatedFunction) || Class.HasMetaData(DedicatedKey))
+	{
+		return;
+	}
+	UClass* const Factory = const_cast<UClass*>(&Class);
+	UClass* const Proxy = Return->PropertyClass;
+	const FName Name = Function.GetFName();
+	UBlueprintNodeSpawner* const Spawner = UBlueprintNodeSpawner::Create(&NodeClass, nullptr,
+		[Factory, Proxy, Name](UEdGraphNode* Node, bool)
+		{
+			const UClass* const Type = Node->GetClass();
+			if (const FNameProperty* const Member = FindFProperty<FNameProperty>(
+					Type, TEXT("ProxyFactoryFunctionName")))
+			{
+				Member->SetPropertyValue_InContainer(Node, Name);
+			}
+			const TPair<const TCHAR*, UClass*> Classes[] = {
+				{TEXT("ProxyFactoryClass"), Factory}, {TEXT("ProxyClass"), Proxy}};
+			for (const TPair<const TCHAR*, UClass*>& Each : Classes)
+			{
+				if (const FObjectPropertyBase* const Member = FindFProperty<FObjectPropertyBase>(Type, Each.Key))
+				{
+					Member->SetObjectPropertyValue_InContainer(Node, Each.Value);
+				}
+			}
+		});
+	Spawner->DefaultMenuSignature.MenuName = UEdGraphSchema_K2::GetFriendlySignatureName(&Function);
+	Spawner->DefaultMenuSignature.Category = UBlueprintFunctionNodeSpawner::GetMenuCategory(&Function);
+	if (FBlueprintAction* const Action = Add(Spawner, Out))
+	{
+		Action->bIsLatent = true;
+	}
+}
+
+/** The one entry of an operator whose overloads are chosen by what is linked; others of its overloads add nothing. */
+void AddOperator(
+	UBlueprintFunctionNodeSpawner& Spawner, const UFunction& Function, TSet<FString>& InOutSeen, FActionList& Out)
+{
+	FString Operation;
+	Function.GetName().Split(TEXT("_"), &Operation, nullptr);
+	if (InOutSeen.Contains(Operation))
+	{
+		return;
+	}
+	InOutSeen.Add(Operation);
+	const FString Shown = Operation == TEXT("EqualEqual") ? FString(TEXT("Equal"))
+														  : FName::NameToDisplayString(Operation, false);
+	Spawner.DefaultMenuSignature.MenuName = FText::FromString(Shown);
+	Spawner.DefaultMenuSignature.Category = FText::FromString(TEXT("Utilities|Operators"));
+	Add(&Spawner, Out);
+}
+
+void AddFunctions(const UClass& Class, FActionList& Out)
+{
+	static UClass* const Promotable = FindObject<UClass>(
+		nullptr, TEXT("/Script/BlueprintGraph.K2Node_PromotableOperator"));
+	UClass* const AsyncNode = FindAsyncNode(Class);
+	TSet<FString> Operators;
+	for (TFieldIterator<UFunction> It(&Class, EFieldIteratorFlags::ExcludeSuper); It; ++It)
+	{
+		const UFunction& Function = **It;
+		if (AsyncNode && Function.HasAnyFunctionFlags(FUNC_Static))
+		{
+			AddAsync(Function, Class, *AsyncNode, Out);
+			continue;
+		}
+		// What a Blueprint's class overrides is called by its parent's entry.
+		const UFunction* const Inherited = Class.GetSuperClass()
+			? Class.GetSuperClass()->FindFunctionByName(Function.GetFName())
+			: nullptr;
+		if (UBlueprintFunctionNodeSpawner* const Spawner = Inherited ? nullptr
+																	 : UBlueprintFunctionNodeSpawner::Create(&Function))
+		{
+			if (Promotable && Spawner->NodeClass.Get() == Promotable)
+			{
+				AddOperator(*Spawner, Function, Operators, Out);
+			}
+			else if (FBlueprintAction* const Action = Add(Spawner, Out))
+			{
+				Action->MemberOf = Function.HasAnyFunctionFlags(FUNC_Static)
+					? nullptr
+					: MenuWords::LastingClass(Function.GetOwnerClass());
+				Action->bIsLatent = Function.HasMetaData(FBlueprintMetadata::MD_Latent);
+			}
+		}
+		if (!Inherited)
+		{
+			Add(UBlueprintEventNodeSpawner::Create(&Function), Out);
+		}
+	}
+}
+
+void AddDispatcher(const FMulticastDelegateProperty& Property, FActionList& Out)
+{
+	TArray<const UClass*> NodeClasses;
+	if (Property.HasAnyPropertyFlags(CPF_BlueprintAssignable))
+	{
+		NodeClasses = {UK2Node_AddDelegate::StaticClass(), UK2Node_AssignDelegate::StaticClass(),
+			UK2Node_RemoveDelegate::StaticClass(), UK2Node_ClearDelegate::StaticClass()};
+	}
+	if (Property.HasAnyPropertyFlags(CPF_BlueprintCallable))
+	{
+		NodeClasses.Add(UK2Node_CallDelegate::StaticClass());
+	}
+	for (const UClass* const NodeClass : NodeClasses)
+	{
+		if (FBlueprintAction* const Action = Add(UBlueprintDelegateNodeSpawner::Create(NodeClass, &Property), Out))
+		{
+			Action->MemberOf = MenuWords::LastingClass(Property.GetOwnerClass());
+		}
+	}
+}
+
+void AddVariable(const FProperty& Property, FActionList& Out)
+{
+	const UClass* const Nodes[] = {UK2Node_VariableGet::StaticClass(), UK2Node_VariableSet::StaticClass()};
+	const UClass* const Owner = MenuWords::LastingClass(Property.GetOwnerClass());
+	const bool bPrivate = Property.GetBoolMetaData(FBlueprintMetadata::MD_Private);
+	for (const UClass* const NodeClass : Nodes)
+	{
+		const bool bSets = NodeClass == Nodes[1];
+		if (bSets && Property.HasAnyPropertyFlags(CPF_BlueprintReadOnly) && !Owner->ClassGeneratedBy)
+		{
+			continue;
+		}
+		if (FBlueprintAction* const Action = Add(
+				UBlueprintVariableNodeSpawner::CreateFromMemberOrParam(NodeClass, &Property), Out))
+		{
+			Action->MemberOf = Owner;
+			Action->OnlyInBlueprint = bPrivate ? Cast<UBlueprint>(Owner->ClassGeneratedBy) : nullptr;
+		}
+	}
+}
+
+void AddMembers(const UClass& Class, FActionList& Out)
+{
+	if (Class.HasAnyClassFlags(CLASS_Deprecated))
+	{
+		return;
+	}
+	AddFunctions(Class, Out);
+	for (TFieldIterator<FProperty> It(&Class, EFieldIteratorFlags::ExcludeSuper); It; ++It)
+	{
+		if (It->HasAnyPropertyFlags(CPF_Deprecated))
+		{
+			continue;
+		}
+		if (const FMulticastDelegateProperty* const Dispatcher = CastField<FMulticastDelegateProperty>(*It))
+		{
+			AddDispatcher(*Dispatcher, Out);
+		}
+		else if (It->HasAnyPropertyFlags(CPF_BlueprintVisible))
+		{
+			AddVariable(**It, Out);
+		}
+	}
+}
+
+void AddNodeClasses(FActionList& Out)
+{
+	TArray<UClass*> Classes;
+	GetDerivedClasses(UK2Node::StaticClass(), Classes);
+	Classes.Sort([](const UClass& A, const UClass& B) { return A.GetPathName() < B.GetPathName(); });
+	TArray<UBlueprintNodeSpawner*> Spawners;
+	FBlueprintActionDatabaseRegistrar Registrar(Spawners);
+	for (const UClass* const Class : Classes)
+	{
+		if (!Class->HasAnyClassFlags(CLASS_Abstract))
+		{
+			Class->GetDefaultObject<UK2Node>()->GetMenuActions(Registrar);
+		}
+	}
+	for (UBlueprintNodeSpawner* const Spawner : Spawners)
+	{
+		Add(Spawner, Out);
+	}
+}
+} // namespace ActionSources
+
+bool FBlueprintActionDatabaseRegistrar::AddBlueprintAction(UBlueprintNodeSpawner* NodeSpawner)
+{
+	if (!NodeSpawner)
+	{
+		return false;
+	}
+	Actions.Add(NodeSpawner);
+	return true;
+}

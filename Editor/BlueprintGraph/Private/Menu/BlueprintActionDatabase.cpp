@@ -1,0 +1,192 @@
+#include "BlueprintActionDatabase.h"
+
+#include "Engine/Blueprint.h"
+#include "Menu/ActionSources.h"
+#include "UObject/Catalogue.h"
+#include "UObject/Package.h"
+
+namespace ActionDatabase
+{
+/** What the catalogue knows, in the order of modules and paths: first the members of all classes, then what types
+ * offer. */
+struct FTypes
+{
+	TArray<UClass*> Classes;
+	TArray<UScriptStruct*> Structs;
+	TArray<UEnum*> Enums;
+};
+
+/** The engine's types, which never go, or those of the project. */
+FTypes ReadTypes(bool bOfProject)
+{
+	FTypes Types;
+	const int32 NumEnginePaths = FCatalogue::Get().GetNumEnginePaths();
+	int32 Index = 0;
+	FCatalogue::Get().ForEachPath(UField::StaticClass(),
+		[&Types, &Index, NumEnginePaths, bOfProject](const FString& Path, const FString&)
+		{
+			const bool bIsOfProject = Index++ >= NumEnginePaths;
+			UObject* const Object = bIsOfProject == bOfProject ? FCatalogue::Get().FindOrCreate(Path) : nullptr;
+			if (UClass* const Class = Cast<UClass>(Object))
+			{
+				Types.Classes.Add(Class);
+			}
+			else if (UScriptStruct* const Struct = Cast<UScriptStruct>(Object))
+			{
+				Types.Structs.Add(Struct);
+			}
+			else if (UEnum* const Enum = Cast<UEnum>(Object))
+			{
+				Types.Enums.Add(Enum);
+			}
+		});
+	return Types;
+}
+
+void AddTypes(const FTypes& Types, TArray<FBlueprintAction>& Out)
+{
+	for (UClass* const Class : Types.Classes)
+	{
+		ActionSources::AddMembers(*Class, Out);
+	}
+	for (UClass* const Class : Types.Classes)
+	{
+		ActionSources::AddCasts(*Class, Out);
+	}
+	for (UScriptStruct* const Struct : Types.Structs)
+	{
+		ActionSources::AddStruct(*Struct, Out);
+	}
+	for (UEnum* const Enum : Types.Enums)
+	{
+		ActionSources::AddEnum(*Enum, Out);
+	}
+}
+
+/** The libraries of macros that the editor brings; read when they are not in memory. */
+void LoadMacroLibraries()
+{
+	for (const TCHAR* const Path : {TEXT("/Engine/EditorBlueprintResources/StandardMacros.StandardMacros"),
+			 TEXT("/Engine/EditorBlueprintResources/ActorMacros.ActorMacros"),
+			 TEXT("/Engine/EditorBlueprintResources/ActorComponentMacros.ActorComponentMacros")})
+	{
+		StaticLoadObject(UBlueprint::StaticClass(), nullptr, Path, nullptr, LOAD_Quiet | LOAD_NoWarn);
+	}
+}
+
+bool Lasts(const UBlueprint& Blueprint)
+{
+	return IsValid(&Blueprint) && !Blueprint.bBeingCompiled
+		&& !Blueprint.HasAnyFlags(RF_Transient | RF_ClassDefaultObject)
+		&& Blueprint.GetOutermost() != GetTransientPackage();
+}
+} // namespace ActionDatabase
+
+FBlueprintActionDatabase& FBlueprintActionDatabase::Get()
+{
+	// Entries name classes of static lifetime, so it is never destroyed.
+	static FBlueprintActionDatabase* const Instance = new FBlueprintActionDatabase;
+	return *Instance;
+}
+
+void FBlueprintActionDatabase::BuildCatalogue()
+{
+	const uint32 Generation = FCatalogue::Get().GetGeneration();
+	if (!bBuilt)
+	{
+		ActionSources::AddNodeClasses(NodeActions);
+		ActionSources::AddInputKeys(NodeActions);
+		ActionDatabase::AddTypes(ActionDatabase::ReadTypes(false), EngineActions);
+		ActionDatabase::LoadMacroLibraries();
+	}
+	if (!bBuilt || Generation != CatalogueGeneration)
+	{
+		ProjectActions.Empty();
+		ActionDatabase::AddTypes(ActionDatabase::ReadTypes(true), ProjectActions);
+	}
+	CatalogueGeneration = Generation;
+	bBuilt = true;
+}
+
+void FBlueprintActionDatabase::UpdateBlueprints()
+{
+	TArray<UObject*> Objects;
+	GetObjectsOfClass(UBlueprint::StaticClass(), Objects);
+	TMap<const UObject*, int32> Standing;
+	for (int32 Index = 0; Index < Blueprints.Num(); ++Index)
+	{
+		Standing.Add(Blueprints[Index].Blueprint.Get(), Index);
+	}
+	TArray<FBlueprintEntry> Updated;
+	for (UObject* const Object : Objects)
+	{
+		UBlueprint* const Blueprint = static_cast<UBlueprint*>(Object);
+		if (!ActionDatabase::Lasts(*Blueprint))
+		{
+			continue;
+		}
+		const int32* const Index = Standing.Find(Blueprint);
+		const uint32 Fingerprint = ActionSources::GetFingerprint(*Blueprint);
+		if (Index && Blueprints[*Index].Fingerprint == Fingerprint)
+		{
+			Updated.Add(MoveTemp(Blueprints[*Index]));
+			continue;
+		}
+		FBlueprintEntry& Entry = Updated.AddDefaulted_GetRef();
+		Entry.Blueprint = Blueprint;
+		Entry.Fingerprint = Fingerprint;
+		ActionSources::AddBlueprint(*Blueprint, Entry.Actions);
+	}
+	Updated.Sort([](const FBlueprintEntry& A, const FBlueprintEntry& B)
+		{ return A.Blueprint.Get()->GetPathName() < B.Blueprint.Get()->GetPathName(); });
+	Blueprints = MoveTemp(Updated);
+}
+
+void FBlueprintActionDatabase::Update()
+{
+	BuildCatalogue();
+	UpdateBlueprints();
+}
+
+void FBlueprintActionDatabase::ForEachAction(TFunctionRef<void(const FBlueprintAction&)> Visit)
+{
+	Update();
+	const auto VisitList = [&Visit](const FActionList& List)
+	{
+		for (const FBlueprintAction& Action : List)
+		{
+			Visit(Action);
+		}
+	};
+	VisitList(NodeActions);
+	for (const FBlueprintEntry& Entry : Blueprints)
+	{
+		VisitList(Entry.Actions);
+	}
+	VisitList(EngineActions);
+	VisitList(ProjectActions);
+}
+
+int32 FBlueprintActionDatabase::Num() const
+{
+	int32 Count = NodeActions.Num() + EngineActions.Num() + ProjectActions.Num();
+	for (const FBlueprintEntry& Entry : Blueprints)
+	{
+		Count += Entry.Actions.Num();
+	}
+	return Count;
+}
+
+void FBlueprintActionDatabase::RefreshAssetActions(const UObject* AssetObject)
+{
+	Blueprints.RemoveAll([AssetObject](const FBlueprintEntry& Entry) { return Entry.Blueprint.Get() == AssetObject; });
+}
+
+void FBlueprintActionDatabase::RefreshAll()
+{
+	NodeActions.Empty();
+	EngineActions.Empty();
+	ProjectActions.Empty();
+	Blueprints.Empty();
+	bBuilt = false;
+}

@@ -1,0 +1,85 @@
+#include "BlueprintDelegateNodeSpawner.h"
+
+#include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
+#include "Engine/BlueprintClassProvider.h"
+#include "K2Node_AssignDelegate.h"
+#include "K2Node_CallDelegate.h"
+#include "K2Node_ClearDelegate.h"
+#include "K2Node_RemoveDelegate.h"
+#include "Menu/MenuWords.h"
+#include "UObject/NativeClass.h"
+
+IMPLEMENT_EDITOR_CLASS(UBlueprintDelegateNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
+
+void UBlueprintDelegateNodeSpawner::DescribeClass(FClassDescriber&) {}
+
+namespace DelegateSpawners
+{
+const TCHAR* VerbOf(const UClass& NodeClass)
+{
+	if (NodeClass.IsChildOf(UK2Node_AssignDelegate::StaticClass()))
+	{
+		return TEXT("Assign ");
+	}
+	if (NodeClass.IsChildOf(UK2Node_AddDelegate::StaticClass()))
+	{
+		return TEXT("Bind Event to ");
+	}
+	if (NodeClass.IsChildOf(UK2Node_RemoveDelegate::StaticClass()))
+	{
+		return TEXT("Unbind Event from ");
+	}
+	return NodeClass.IsChildOf(UK2Node_ClearDelegate::StaticClass()) ? TEXT("Unbind all Events from ") : TEXT("Call ");
+}
+} // namespace DelegateSpawners
+
+UBlueprintDelegateNodeSpawner* UBlueprintDelegateNodeSpawner::Create(
+	const UClass* InNodeClass, const FMulticastDelegateProperty* Property, UObject* Outer)
+{
+	if (!InNodeClass || !Property || !Property->GetOwnerClass())
+	{
+		return nullptr;
+	}
+	UBlueprintDelegateNodeSpawner* const Spawner = NewObject<UBlueprintDelegateNodeSpawner>(
+		Outer ? Outer : GetTransientPackageAsObject());
+	Spawner->NodeClass = const_cast<UClass*>(InNodeClass);
+	Spawner->OwnerClass = MenuWords::LastingClass(Property->GetOwnerClass());
+	Spawner->PropertyName = Property->GetFName();
+	FBlueprintActionUiSpec& Words = Spawner->DefaultMenuSignature;
+	Words.MenuName = FText::FromString(
+		DelegateSpawners::VerbOf(*InNodeClass) + Property->GetDisplayNameText().ToString());
+	const FString Category = MenuWords::CategoryOf(
+		Property->FindMetaData(FBlueprintMetadata::MD_FunctionCategory), FString());
+	const bool bOwnCategory = !Category.IsEmpty() && Category != TEXT("Default");
+	Words.Category = FText::FromString(bOwnCategory ? Category : FString(TEXT("Event Dispatchers")));
+	Words.Keywords = FText::FromName(Spawner->PropertyName);
+	return Spawner;
+}
+
+const FMulticastDelegateProperty* UBlueprintDelegateNodeSpawner::GetDelegateProperty() const
+{
+	return FindFProperty<FMulticastDelegateProperty>(MenuWords::LookupClass(OwnerClass.Get()), PropertyName);
+}
+
+UEdGraphNode* UBlueprintDelegateNodeSpawner::Invoke(
+	UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const
+{
+	const FMulticastDelegateProperty* const Property = GetDelegateProperty();
+	if (!Property)
+	{
+		return nullptr;
+	}
+	return SpawnEdGraphNode(NodeClass.Get(), ParentGraph, Bindings, Location,
+		[this, Property](UEdGraphNode* NewNode, bool)
+		{
+			UK2Node_BaseMCDelegate* const Node = CastChecked<UK2Node_BaseMCDelegate>(NewNode);
+			const UBlueprint* const Blueprint = Node->GetBlueprint();
+			const UClass* const Self = BlueprintClassProvider::GetSelfClass(Blueprint);
+			UClass* const Owner = OwnerClass.Get();
+			const bool bSelfContext = Self
+				&& (Self->IsChildOf(Owner) || Self->GetAuthoritativeClass()->IsChildOf(Owner)
+					|| Owner->ClassGeneratedBy == Blueprint);
+			Node->SetFromProperty(Property, bSelfContext, Owner);
+		});
+}

@@ -1,0 +1,152 @@
+#include "BlueprintFunctionNodeSpawner.h"
+
+#include "EdGraphSchema_K2.h"
+#include "K2Node_CallFunction.h"
+#include "K2Node_PromotableOperator.h"
+#include "Menu/MenuWords.h"
+#include "UObject/NativeClass.h"
+
+IMPLEMENT_EDITOR_CLASS(UBlueprintFunctionNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
+
+void UBlueprintFunctionNodeSpawner::DescribeClass(FClassDescriber&) {}
+
+namespace FunctionSpawners
+{
+/** A node class of the module, the plain call where a process does not know it. */
+UClass* ClassNamed(const TCHAR* Name)
+{
+	UClass* const Found = FindObject<UClass>(nullptr, FString(TEXT("/Script/BlueprintGraph.")) + Name);
+	return Found && Found->IsChildOf(UK2Node_CallFunction::StaticClass()) ? Found : UK2Node_CallFunction::StaticClass();
+}
+
+struct FClasses
+{
+	UClass* Plain = UK2Node_CallFunction::StaticClass();
+	UClass* Operator = ClassNamed(TEXT("K2Node_CommutativeAssociativeBinaryOperator"));
+	UClass* Promotable = ClassNamed(TEXT("K2Node_PromotableOperator"));
+	UClass* Array = ClassNamed(TEXT("K2Node_CallArrayFunction"));
+	UClass* DataTable = ClassNamed(TEXT("K2Node_CallDataTableFunction"));
+	UClass* MaterialCollection = ClassNamed(TEXT("K2Node_CallMaterialParameterCollectionFunction"));
+	UClass* Message = ClassNamed(TEXT("K2Node_Message"));
+};
+
+const FClasses& Classes()
+{
+	static const FClasses Known;
+	return Known;
+}
+
+bool IsPromotable(const UFunction& Function)
+{
+	static const FName Library(TEXT("KismetMathLibrary"));
+	static const TSet<FString> Operations = {TEXT("Add"), TEXT("Subtract"), TEXT("Multiply"), TEXT("Divide"),
+		TEXT("Greater"), TEXT("GreaterEqual"), TEXT("Less"), TEXT("LessEqual"), TEXT("EqualEqual"), TEXT("NotEqual")};
+	const UClass* const Owner = Function.GetOwnerClass();
+	FString Operation;
+	FString Types;
+	return Owner && Owner->GetFName() == Library && Function.HasAnyFunctionFlags(FUNC_BlueprintPure)
+		&& Function.GetName().Split(TEXT("_"), &Operation, &Types) && Operations.Contains(Operation);
+}
+} // namespace FunctionSpawners
+
+UClass* UBlueprintFunctionNodeSpawner::GetNodeClassForFunction(const UFunction* Function)
+{
+	using namespace FunctionSpawners;
+	static const FName MaterialCollectionKey(TEXT("MaterialParameterCollectionFunction"));
+	static const FName DataTableKey(TEXT("DataTablePin"));
+	const FClasses& Known = Classes();
+	if (!Function)
+	{
+		return nullptr;
+	}
+	if (IsPromotable(*Function))
+	{
+		return Known.Promotable;
+	}
+	if (Function->HasMetaData(FBlueprintMetadata::MD_CommutativeAssociativeBinaryOperator))
+	{
+		return Known.Operator;
+	}
+	if (Function->HasMetaData(MaterialCollectionKey))
+	{
+		return Known.MaterialCollection;
+	}
+	if (Function->HasMetaData(DataTableKey))
+	{
+		return Known.DataTable;
+	}
+	const UClass* const Owner = Function->GetOwnerClass();
+	if (Owner && Owner->HasAnyClassFlags(CLASS_Interface))
+	{
+		return Known.Message;
+	}
+	return Function->HasMetaData(FBlueprintMetadata::MD_ArrayParam) ? Known.Array : Known.Plain;
+}
+
+FText UBlueprintFunctionNodeSpawner::GetMenuCategory(const UFunction* Function)
+{
+	const UClass* const Owner = Function->GetOwnerClass();
+	FString Fallback = TEXT("Call Function");
+	if (Owner && Owner->HasAnyClassFlags(CLASS_Interface))
+	{
+		Fallback = TEXT("Interface Messages");
+	}
+	else if (Owner && !Owner->ClassGeneratedBy)
+	{
+		Fallback = TEXT("Class|") + MenuWords::ClassName(*Owner);
+	}
+	const FString* const Given = Function->FindMetaData(FBlueprintMetadata::MD_FunctionCategory);
+	return FText::FromString(MenuWords::CategoryOf(Given, Fallback));
+}
+
+UBlueprintFunctionNodeSpawner* UBlueprintFunctionNodeSpawner::Create(const UFunction* Function, UObject* Outer)
+{
+	if (!Function || !UEdGraphSchema_K2::CanUserKismetCallFunction(Function))
+	{
+		return nullptr;
+	}
+	return Create(GetNodeClassForFunction(Function), Function, Outer);
+}
+
+UBlueprintFunctionNodeSpawner* UBlueprintFunctionNodeSpawner::Create(
+	TSubclassOf<UEdGraphNode> InNodeClass, const UFunction* Function, UObject* Outer)
+{
+	if (!Function || !InNodeClass.Get() || !Function->GetOwnerClass())
+	{
+		return nullptr;
+	}
+	UBlueprintFunctionNodeSpawner* const Spawner = NewObject<UBlueprintFunctionNodeSpawner>(
+		Outer ? Outer : GetTransientPackageAsObject());
+	Spawner->NodeClass = InNodeClass;
+	Spawner->FunctionOwner = MenuWords::LastingClass(Function->GetOwnerClass());
+	Spawner->FunctionName = Function->GetFName();
+	FBlueprintActionUiSpec& Words = Spawner->DefaultMenuSignature;
+	Words.MenuName = UK2Node_CallFunction::GetUserFacingFunctionName(Function);
+	if (InNodeClass.Get() == FunctionSpawners::Classes().Message
+		&& Function->GetOwnerClass()->HasAnyClassFlags(CLASS_Interface))
+	{
+		Words.MenuName = FText::FromString(Words.MenuName.ToString() + TEXT(" (Message)"));
+	}
+	Words.Category = GetMenuCategory(Function);
+	Words.Keywords = UK2Node_CallFunction::GetKeywordsForFunction(Function);
+	Words.Tooltip = Function->GetToolTipText();
+	return Spawner;
+}
+
+const UFunction* UBlueprintFunctionNodeSpawner::GetFunction() const
+{
+	const UClass* const Class = MenuWords::LookupClass(FunctionOwner.Get());
+	return Class ? Class->FindFunctionByName(FunctionName) : nullptr;
+}
+
+UEdGraphNode* UBlueprintFunctionNodeSpawner::Invoke(
+	UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const
+{
+	const UFunction* const Function = GetFunction();
+	if (!Function)
+	{
+		return nullptr;
+	}
+	return SpawnEdGraphNode(NodeClass.Get(), ParentGraph, Bindings, Location,
+		[Function](UEdGraphNode* Node, bool) { CastChecked<UK2Node_CallFunction>(Node)->SetFromFunction(Function); });
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "BlueprintNodeSpawner.h"
+#include "CoreMinimal.h"
+
+class FMulticastDelegateProperty;
+
+/** Spawns a node about an event dispatcher: bind, unbind, clear, call or assign. */
+class UBlueprintDelegateNodeSpawner : public UBlueprintNodeSpawner
+{
+	EDITOR_CLASS(UBlueprintDelegateNodeSpawner, UBlueprintNodeSpawner)
+
+public:
+	static UBlueprintDelegateNodeSpawner* Create(
+		const UClass* NodeClass, const FMulticastDelegateProperty* Property, UObject* Outer = nullptr);
+	const FMulticastDelegateProperty* GetDelegateProperty() const;
+	UEdGraphNode* Invoke(UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const override;
+	using UBlueprintNodeSpawner::Invoke;
+
+private:
+	TWeakObjectPtr<UClass> OwnerClass;
+	FName PropertyName;
+};
