@@ -354,6 +354,11 @@ void FCatalogue::ForEachPath(
 		});
 }
 
+int32 FCatalogue::GetNumEnginePaths() const
+{
+	return static_cast<int32>(Engine->GetView().NumOwners());
+}
+
 bool FCatalogue::LoadProjectCatalogue(const FString& ProjectFolder, TArray<FString>& OutErrors)
 {
 	using namespace Catalogue;
@@ -369,6 +374,7 @@ bool FCatalogue::LoadProjectCatalogue(const FString& ProjectFolder, TArray<FStri
 	{
 		Project = MakeUnique<FLoadedImage>(CatalogueState::NextProjectId++, MoveTemp(Bytes));
 		CatalogueState::ProjectImage = Project.Get();
+		++Generation;
 	}
 	return OutErrors.Num() == NumErrorsBefore;
 }
@@ -380,6 +386,7 @@ void FCatalogue::UnloadProjectCatalogue()
 	{
 		Project->Discard();
 		Project.Reset();
+		++Generation;
 	}
 }
 

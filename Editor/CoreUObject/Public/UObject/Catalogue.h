@@ -41,6 +41,9 @@ public:
 	void ForEachPath(
 		const UClass* Kind, TFunctionRef<void(const FString& Path, const FString& ParentPath)> Visit) const;
 
+	/** How many of the paths that ForEachPath gives for all kinds (UField) are the engine's: those that never go. */
+	int32 GetNumEnginePaths() const;
+
 	/**
 	 * Reads the .jsonl files below Config/Catalogue of a project folder, in order of name, in place of those of the
 	 * project before. A file with a fault is left out whole, with one "file:line: reason" for each fault in OutErrors;
@@ -53,6 +56,9 @@ public:
 	 */
 	void UnloadProjectCatalogue();
 
+	/** Another number after each change of the project's entries; tells caches that theirs may be gone. */
+	uint32 GetGeneration() const { return Generation; }
+
 	/** How many classes and structs have had their members read; tells tests and benchmarks that nothing was read in
 	 * vain. */
 	int32 GetNumFilled() const;
@@ -62,5 +68,6 @@ private:
 
 	TUniquePtr<Catalogue::FLoadedImage> Engine;
 	TUniquePtr<Catalogue::FLoadedImage> Project;
+	uint32 Generation = 0;
 	bool bInstalled = false;
 };
