@@ -124,8 +124,6 @@ TEST(CreateGraph, AnUnreadableReturnTypeGivesAWarningAndAPlainResult)
 
 TEST(CreateGraph, DirectionWords)
 {
-	// The word is the pin's own direction: the default makes a function input, "input" asks an entry for a pin it does
-	// not take.
 	FCreating Case;
 	Case.Create(R"([{"name":"F","parameters":[
 		{"name":"Default","type":{"category":"int"}},
@@ -134,7 +132,15 @@ TEST(CreateGraph, DirectionWords)
 		{"name":"In","direction":"INPUT","type":{"category":"int"}}]}])");
 	EXPECT_THAT(Errors(Case.Result), IsEmpty());
 	const UK2Node_FunctionEntry* const Entry = FBlueprintGraphUtils::FindFunctionEntry(Case.Graph(TEXT("F")));
-	EXPECT_THAT(PinNames(Entry, EGPD_Output), ElementsAre("Default", "Out", "Odd"));
+	ASSERT_NE(Entry, nullptr);
+	std::vector<std::string> Asked;
+	for (const TSharedPtr<FUserPinInfo>& Pin : Entry->UserDefinedPins)
+	{
+		Asked.push_back(ToStd(Pin->PinName.ToString()) + (Pin->DesiredPinDirection == EGPD_Input ? " in" : " out"));
+	}
+	EXPECT_THAT(Asked, ElementsAre("Default out", "Out out", "Odd out", "In in")) << "only the word input passes input";
+	EXPECT_THAT(PinNames(Entry, EGPD_Output), ElementsAre("Default", "Out", "Odd", "In"))
+		<< "an entry has outputs only";
 }
 
 TEST(CreateGraph, AParentEventBecomesAnEventAndNoFunction)

@@ -241,9 +241,9 @@ bool FBlueprintFunctionGraphUtils::ConfigureGraphSignature(
 	}
 	for (const FBPParameterModification& Parameter : Request.Parameters)
 	{
-		// The word is the pin's own direction on the entry node, where a function's inputs are outputs. So the default
-		// makes a function input, and "input" asks for a pin that an entry does not take. Held by
-		// CreateGraph.DirectionWords.
+		// The word is the pin's own direction on the entry node, where a function's inputs are outputs. So it is the
+		// default, and not the word "input", that asks for a function input; what an entry makes of the other wish is
+		// its own affair. Held by CreateGraph.DirectionWords.
 		const bool bInput = Parameter.Direction.Equals(TEXT("input"), ESearchCase::IgnoreCase);
 		FunctionGraphs::AddPin(*Entry, FName(*Parameter.Name), Parameter.Type, bInput ? EGPD_Input : EGPD_Output);
 	}
