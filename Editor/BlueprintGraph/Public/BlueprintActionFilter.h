@@ -5,6 +5,7 @@
 class UBlueprint;
 class UEdGraph;
 class UEdGraphPin;
+class UObject;
 
 /** Where a menu is asked for. */
 struct FBlueprintActionContext
@@ -28,7 +29,10 @@ public:
 		BPFILTER_RejectNonImportedFields = 8,
 	};
 
-	explicit FBlueprintActionFilter(uint32 InFlags = BPFILTER_NoFlags) : Flags(InFlags) {}
+	explicit FBlueprintActionFilter(uint32 InFlags = BPFILTER_NoFlags)
+		: Flags(InFlags)
+	{
+	}
 
 	FBlueprintActionContext Context;
 	bool bContextSensitive = false;

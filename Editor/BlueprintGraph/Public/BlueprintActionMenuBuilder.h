@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CoreMinimal.h"
 #include "BlueprintActionFilter.h"
+#include "CoreMinimal.h"
 #include "EdGraph/EdGraphSchema.h"
 
 /** The list of Blueprint actions that a context offers. */
@@ -10,7 +10,8 @@ class FBlueprintActionMenuBuilder : public FGraphActionListBuilderBase
 public:
 	FBlueprintActionMenuBuilder() = default;
 	/** Adds what the database holds and the filter lets through, in the database's order. */
-	void AddMenuSection(const FBlueprintActionFilter& Filter, const FText& Heading = FText(), int32 MenuOrder = 0, uint32 Flags = 0);
+	void AddMenuSection(
+		const FBlueprintActionFilter& Filter, const FText& Heading = FText(), int32 MenuOrder = 0, uint32 Flags = 0);
 	void RebuildActionList();
 	void Empty();
 

@@ -15,13 +15,20 @@ struct FBlueprintActionMenuItem : FEdGraphSchemaAction
 	}
 	FName GetTypeId() const override { return StaticGetTypeId(); }
 
-	explicit FBlueprintActionMenuItem(const UBlueprintNodeSpawner* InAction) : Action(InAction) {}
-	FBlueprintActionMenuItem(const UBlueprintNodeSpawner* InAction, FText InCategory, FText InTitle, FText InTooltip, FText InKeywords, int32 InGrouping = 0)
-		: FEdGraphSchemaAction(MoveTemp(InCategory), MoveTemp(InTitle), MoveTemp(InTooltip), InGrouping, MoveTemp(InKeywords)), Action(InAction)
+	explicit FBlueprintActionMenuItem(const UBlueprintNodeSpawner* InAction)
+		: Action(InAction)
+	{
+	}
+	FBlueprintActionMenuItem(const UBlueprintNodeSpawner* InAction, FText InCategory, FText InTitle, FText InTooltip,
+		FText InKeywords, int32 InGrouping = 0)
+		: FEdGraphSchemaAction(
+			MoveTemp(InCategory), MoveTemp(InTitle), MoveTemp(InTooltip), InGrouping, MoveTemp(InKeywords))
+		, Action(InAction)
 	{
 	}
 	const UBlueprintNodeSpawner* GetRawAction() const { return Action; }
-	UEdGraphNode* PerformAction(UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool bSelectNewNode = true) override;
+	UEdGraphNode* PerformAction(
+		UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool bSelectNewNode = true) override;
 
 private:
 	const UBlueprintNodeSpawner* Action;

@@ -1,17 +1,18 @@
 #pragma once
 
-#include "CoreMinimal.h"
 #include "BlueprintActionFilter.h"
 #include "BlueprintActionMenuBuilder.h"
+#include "CoreMinimal.h"
 
 /** Fills menu builders. */
 struct FBlueprintActionMenuUtils
 {
 	/**
-	 * All actions that fit. Not context-sensitive: everything the graph's kind of Blueprint could be offered, whatever is selected or dragged from.
-	 * ClassTargetMask: EContextTargetFlags, 127 for all.
+	 * All actions that fit. Not context-sensitive: everything the graph's kind of Blueprint could be offered, whatever
+	 * is selected or dragged from. ClassTargetMask: EContextTargetFlags, 127 for all.
 	 */
-	static void MakeContextMenu(const FBlueprintActionContext& Context, bool bIsContextSensitive, uint32 ClassTargetMask, FBlueprintActionMenuBuilder& MenuOut);
+	static void MakeContextMenu(const FBlueprintActionContext& Context, bool bIsContextSensitive,
+		uint32 ClassTargetMask, FBlueprintActionMenuBuilder& MenuOut);
 };
 
 namespace EContextTargetFlags
