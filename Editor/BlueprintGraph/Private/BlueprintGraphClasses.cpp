@@ -1,6 +1,9 @@
 #include "BlueprintGraphClasses.h"
 
+#include "BlueprintDelegateNodeSpawner.h"
+#include "BlueprintEventNodeSpawner.h"
 #include "BlueprintFunctionNodeSpawner.h"
+#include "BlueprintVariableNodeSpawner.h"
 #include "EdGraphSchema_K2.h"
 #include "K2Node_ActorBoundEvent.h"
 #include "K2Node_AssignDelegate.h"
@@ -29,7 +32,9 @@
 void RegisterBlueprintGraphClasses()
 {
 	NativeClass::RegisterNativeClasses({&UEdGraphSchema_K2::StaticClass, &UBlueprintNodeSpawner::StaticClass,
-		&UBlueprintFunctionNodeSpawner::StaticClass, &UK2Node::StaticClass, &UK2Node_EditablePinBase::StaticClass,
+		&UBlueprintFunctionNodeSpawner::StaticClass, &UBlueprintVariableNodeSpawner::StaticClass,
+		&UBlueprintEventNodeSpawner::StaticClass, &UBlueprintBoundEventNodeSpawner::StaticClass,
+		&UBlueprintDelegateNodeSpawner::StaticClass, &UK2Node::StaticClass, &UK2Node_EditablePinBase::StaticClass,
 		&UK2Node_FunctionTerminator::StaticClass, &UK2Node_FunctionEntry::StaticClass,
 		&UK2Node_FunctionResult::StaticClass, &UK2Node_Variable::StaticClass, &UK2Node_VariableGet::StaticClass,
 		&UK2Node_VariableSet::StaticClass, &UK2Node_CallFunction::StaticClass, &UK2Node_CallParentFunction::StaticClass,
