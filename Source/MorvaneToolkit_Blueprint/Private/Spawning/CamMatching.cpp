@@ -6,8 +6,8 @@
 #include "BlueprintNodeSpawner.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
-#include "Kismet2/BlueprintEditorUtils.h"
 #include "KeywordIndex.h"
+#include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
 #include "Utils/Records/GraphTelemetry.h"
 
@@ -173,8 +173,8 @@ TArray<FCamCandidate> FBlueprintCamMatching::FindCamMatches(
 {
 	const CamMatching::FMenuIndex& Index = CamMatching::FMenuIndex::For(Menu);
 	TArray<FCamCandidate> Candidates;
-	for (const FKeywordHit& Hit : Index.FindBest(
-			 CamMatching::MakeRequestKeywords(Record), FAssetOperationBase::CreateKeywords(Record.MenuTitle)))
+	for (const FKeywordHit& Hit :
+		Index.FindBest(CamMatching::MakeRequestKeywords(Record), FAssetOperationBase::CreateKeywords(Record.MenuTitle)))
 	{
 		FCamCandidate& Candidate = Candidates.AddDefaulted_GetRef();
 		Candidate.Action = Menu.GetSchemaAction(Index.GetActionIndex(Hit.Entry));

@@ -73,9 +73,8 @@ UClass* FindOrLoadFirst(const TArray<FString>& Variants)
 	{
 		UObject* Found = StaticFindObject(UClass::StaticClass(), nullptr, *Variant);
 		// Quiet: a miss is ordinary here, since each variant is tried in turn.
-		Found = Found
-			? Found
-			: StaticLoadObject(UClass::StaticClass(), nullptr, *Variant, nullptr, LOAD_Quiet | LOAD_NoWarn);
+		Found = Found ? Found
+					  : StaticLoadObject(UClass::StaticClass(), nullptr, *Variant, nullptr, LOAD_Quiet | LOAD_NoWarn);
 		if (UClass* const Class = Cast<UClass>(Found))
 		{
 			return Class;
@@ -88,8 +87,8 @@ UClass* FindInMemory(const FString& Name)
 {
 	for (const TCHAR* const Prefix : {TEXT(""), TEXT("U"), TEXT("A")})
 	{
-		UObject* const Found = StaticFindFirstObject(UClass::StaticClass(), *(Prefix + Name),
-			EFindFirstObjectOptions::None, 3, TEXT("BlueprintNodeSpawning"));
+		UObject* const Found = StaticFindFirstObject(
+			UClass::StaticClass(), *(Prefix + Name), EFindFirstObjectOptions::None, 3, TEXT("BlueprintNodeSpawning"));
 		if (UClass* const Class = Cast<UClass>(Found))
 		{
 			return Class;
@@ -115,8 +114,8 @@ TArray<FAssetData> FindBlueprintsByName(const FString& Name)
 	Filter.bRecursiveClasses = true;
 	TArray<FAssetData> Blueprints;
 	FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry")).Get().GetAssets(Filter, Blueprints);
-	Blueprints.RemoveAll([&Name](const FAssetData& Asset)
-		{ return !Asset.AssetName.ToString().Equals(Name, ESearchCase::IgnoreCase); });
+	Blueprints.RemoveAll(
+		[&Name](const FAssetData& Asset) { return !Asset.AssetName.ToString().Equals(Name, ESearchCase::IgnoreCase); });
 	return Blueprints;
 }
 } // namespace ClassResolutionImpl
@@ -165,8 +164,8 @@ FClassResolution ClassResolution::Resolve(const FString& ClassText)
 
 UClass* ClassResolution::ResolveBlueprintClassByName(const FString& Name, FString& OutError)
 {
-	const TArray<FAssetData> Matches =
-		ClassResolutionImpl::FindBlueprintsByName(ClassResolutionImpl::GetAssetName(Name));
+	const TArray<FAssetData> Matches = ClassResolutionImpl::FindBlueprintsByName(
+		ClassResolutionImpl::GetAssetName(Name));
 	if (Matches.Num() > 1)
 	{
 		TArray<FString> Paths;

@@ -128,8 +128,8 @@ private:
 					*ClassResolution::DescribeVariants(Resolution.Variants)));
 			return false;
 		}
-		GraphTelemetry::SetString(Result,
-			FString::Printf(TEXT("class_resolution_method_%s"), *Record.TargetClass), Resolution.Method);
+		GraphTelemetry::SetString(
+			Result, FString::Printf(TEXT("class_resolution_method_%s"), *Record.TargetClass), Resolution.Method);
 		GraphTelemetry::SetString(Result, TEXT("resolved_class_path"), Class->GetPathName());
 		GraphTelemetry::SetString(Result, TEXT("original_class_input"), Record.TargetClass);
 		if (Resolution.Method.Equals(TEXT("asset_registry"), ESearchCase::CaseSensitive))
@@ -346,14 +346,14 @@ UFunction* FBlueprintDeterministicSpawn::ChooseOverload(
 	{
 		return Overloads[0];
 	}
-	if (UFunction* const Titled =
-			MenuTitle.IsEmpty() ? nullptr : DeterministicSpawn::ChooseByTitle(Overloads, MenuTitle))
+	if (UFunction* const Titled = MenuTitle.IsEmpty() ? nullptr
+													  : DeterministicSpawn::ChooseByTitle(Overloads, MenuTitle))
 	{
 		return Titled;
 	}
 	// A function of just this name is meant, whatever other functions are called in menus.
-	UFunction* const* const Named = Overloads.FindByPredicate([&FunctionName](const UFunction* Candidate)
-		{ return DeterministicSpawn::HasName(*Candidate, FunctionName); });
+	UFunction* const* const Named = Overloads.FindByPredicate(
+		[&FunctionName](const UFunction* Candidate) { return DeterministicSpawn::HasName(*Candidate, FunctionName); });
 	return Named ? *Named : nullptr;
 }
 

@@ -39,8 +39,8 @@ public:
 	 * validation failures alone; the warning is the caller's. True with a null node: class and function stand, and yet
 	 * no node came of it, which is an error in the result.
 	 */
-	static bool SpawnDeterministicNode(UEdGraph& Graph, const FBPNodeModification& Record,
-		Morvane::FToolResult& Result, FSpawnLookups& Lookups, UEdGraphNode*& OutNode);
+	static bool SpawnDeterministicNode(UEdGraph& Graph, const FBPNodeModification& Record, Morvane::FToolResult& Result,
+		FSpawnLookups& Lookups, UEdGraphNode*& OutNode);
 
 	/**
 	 * The function of the class or its supers that a name means. Names and display names count, whatever their case and

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "Spawning/CamMatching.h"
+#include "Utils/Records/GraphRecords.h"
+#include "Utils/Records/GraphSession.h"
+
+class FSpawnLookups;
+class UBlueprint;
+class UClass;
+class UEdGraph;
+class UEdGraphNode;
+class UEdGraphPin;
+class UFunction;
+
+namespace Morvane
+{
+class FToolResult;
+}
+
+/** One request on its way down the roads. Each road answers its node, or null after it has reported. */
+class FSpawnAttempt
+{
+public:
+	FSpawnAttempt(UEdGraph& InGraph, const FBPNodeModification& InRecord, UBlueprint& InBlueprint,
+		const TSharedPtr<FSharedActionMenu>& InMenu, Morvane::FToolResult& InResult, FSpawnLookups& InLookups,
+		const FBPGraphSession::FNodeByRequestId* InCreatedNodes);
+
+	UEdGraphNode* Run();
+
+private:
+	bool IsEventRequest() const;
+	bool IsVariableRequest() const;
+	bool IsParentCallRequest() const;
+
+	// The roads.
+	UEdGraphNode* SpawnVariable();
+	UEdGraphNode* SpawnEvent();
+	UEdGraphNode* SpawnParentCall();
+	UEdGraphNode* SpawnDeterministic();
+	UEdGraphNode* SpawnFromMenu();
+
+	// The menu road.
+	UEdGraphNode* PerformBestAction();
+	FString DescribeTopCandidates() const;
+
+	// The variable road: a variable of the Blueprint itself, or one of another object.
+	UEdGraphNode* SpawnOwnVariable();
+	UEdGraphNode* SpawnCrossObjectVariable();
+	UEdGraphNode* FindOwnerNode(FString& OutMethod) const;
+	/** Null, silently, when the path names no class; what the loader has to say is a warning of its own. */
+	UClass* LoadSourceClass(const FString& Path);
+	void ReportMissingSourceClass(const FString& Path);
+	bool IsGetRequest() const;
+
+	// The parent call road.
+	/** Empty after a report. */
+	FString GetParentFunctionName();
+	UEdGraphNode* SpawnParentCallOf(UFunction& Function);
+
+	/** The record's own position where it has one; only some roads honour it, since layout moves the others' nodes. */
+	FVector2D GetRequestedPosition() const;
+	/** What candidates are recorded for. */
+	FString GetContext() const;
+	UEdGraphNode* Fail(const FString& Text);
+
+	UEdGraph& Graph;
+	const FBPNodeModification& Record;
+	UBlueprint& Blueprint;
+	const TSharedPtr<FSharedActionMenu>& Menu;
+	Morvane::FToolResult& Result;
+	FSpawnLookups& Lookups;
+	const FBPGraphSession::FNodeByRequestId* CreatedNodes;
+	float MinimumConfidence;
+	/** Best first; filled by the menu road. */
+	TArray<FCamCandidate> Candidates;
+	/** Where the node goes; set by the roads whose nodes are validated. */
+	FVector2D Position = FVector2D(0.0, 0.0);
+};
+
+namespace SpawnReport
+{
+/** A node-level failure: to the telemetry first, then as a warning, so that one bad node fails no run. */
+void Report(Morvane::FToolResult& Result, const FString& Text);
+} // namespace SpawnReport
