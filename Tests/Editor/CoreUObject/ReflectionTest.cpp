@@ -64,7 +64,7 @@ TEST(Reflection, FunctionsComeFromTheClassItsInterfacesAndItsLine)
 	EXPECT_EQ(Child->FindFunctionByName(TEXT("Run")), ChildRun);
 	EXPECT_EQ(ChildRun->GetSuperFunction(), ParentRun);
 	EXPECT_EQ(Child->FindFunctionByName(TEXT("Ask")), Asked);
-	EXPECT_EQ(Child->FindFunctionByName(TEXT("Ask"), UClass::ExcludeSuper), nullptr);
+	EXPECT_EQ(Child->FindFunctionByName(TEXT("Ask"), EIncludeSuperFlag::ExcludeSuper), nullptr);
 	EXPECT_TRUE(Child->ImplementsInterface(Interface));
 	EXPECT_FALSE(UThing::StaticClass()->ImplementsInterface(Interface));
 	EXPECT_TRUE(UThingOwner::StaticClass()->ImplementsInterface(UThingListener::StaticClass()));

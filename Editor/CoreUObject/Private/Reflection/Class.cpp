@@ -40,11 +40,11 @@ const TCHAR* UClass::GetPrefixCPP() const
 	return TEXT("U");
 }
 
-UFunction* UClass::FindFunctionByName(FName Name, EIncludeSuperFlag SuperFlag) const
+UFunction* UClass::FindFunctionByName(FName Name, EIncludeSuperFlag::Type SuperFlag) const
 {
 	EnsureMembers();
 	UFunction* const* const Own = FunctionByName.Find(Name);
-	if (Own || SuperFlag == ExcludeSuper)
+	if (Own || SuperFlag == EIncludeSuperFlag::ExcludeSuper)
 	{
 		return Own ? *Own : nullptr;
 	}

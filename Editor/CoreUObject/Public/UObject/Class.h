@@ -341,6 +341,15 @@ public:
 	bool IsAsset() const override { return UObject::IsAsset(); }
 };
 
+namespace EIncludeSuperFlag
+{
+enum Type
+{
+	ExcludeSuper,
+	IncludeSuper,
+};
+}
+
 /** One interface that a class implements. */
 struct FImplementedInterface
 {
@@ -363,12 +372,8 @@ public:
 	void SetSuperStruct(UStruct* NewSuper) override;
 
 	/** Own, then interfaces' and inherited ones when asked; names compare ignoring case. */
-	enum EIncludeSuperFlag
-	{
-		ExcludeSuper,
-		IncludeSuper,
-	};
-	UFunction* FindFunctionByName(FName Name, EIncludeSuperFlag IncludeSuperFlag = IncludeSuper) const;
+	UFunction* FindFunctionByName(
+		FName Name, EIncludeSuperFlag::Type IncludeSuper = EIncludeSuperFlag::IncludeSuper) const;
 	bool ImplementsInterface(const UClass* SomeInterface) const;
 
 	/** The class default object, made on first use unless bCreateIfNeeded is false. */

@@ -184,7 +184,7 @@ private:
 
 	UFunction* AddFunction(FName Name, uint32 Flags, UClass* FunctionClass = UFunction::StaticClass())
 	{
-		if (Name.IsNone() || Class.FindFunctionByName(Name, UClass::ExcludeSuper))
+		if (Name.IsNone() || Class.FindFunctionByName(Name, EIncludeSuperFlag::ExcludeSuper))
 		{
 			return nullptr;
 		}

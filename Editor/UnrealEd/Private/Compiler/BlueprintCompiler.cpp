@@ -233,7 +233,7 @@ private:
 			for (TFieldIterator<UFunction> It(Interface.Interface.Get(), EFieldIteratorFlags::IncludeSuper); It; ++It)
 			{
 				const bool bNeedsGraph = UEdGraphSchema_K2::CanKismetOverrideFunction(*It) && !UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(*It);
-				if (bNeedsGraph && !Class->FindFunctionByName(It->GetFName(), UClass::ExcludeSuper))
+				if (bNeedsGraph && !Class->FindFunctionByName(It->GetFName(), EIncludeSuperFlag::ExcludeSuper))
 				{
 					Log.Error(*FString::Printf(TEXT("Interface function '%s' of '%s' is not implemented"), *It->GetName(), *Interface.Interface.Get()->GetName()));
 				}
