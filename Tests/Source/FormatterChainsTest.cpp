@@ -86,6 +86,31 @@ TEST(FormatterChains, BranchesGoDown)
 	EXPECT_EQ(False.At(), FIntPoint(500, Snap(H(True) + 200)));
 }
 
+TEST(FormatterChains, RowsAdvanceFromTheWishAndNotFromWhereAnObstaclePushedTo)
+{
+	FGraphBuilder Graph;
+	const FNodeHandle Branch = Graph.Exec(2);
+	const FNodeHandle Pushed = Graph.Exec();
+	const FNodeHandle Next = Graph.Exec();
+	Graph.Link(Branch.Output(TEXT("then")), Pushed.Input(TEXT("execute")));
+	Graph.Link(Branch.Output(TEXT("then1")), Next.Input(TEXT("execute")));
+	Graph.Comment(700, -400, 50, 420); // its padded box ends at 50
+	Format(Graph, {Branch, Pushed, Next});
+	EXPECT_EQ(Pushed.At(), FIntPoint(500, 100));
+	EXPECT_EQ(Next.At(), FIntPoint(500, Snap(H(Pushed) + 200)));
+}
+
+TEST(FormatterChains, AChainEndsARowBelowItsLastChild)
+{
+	FGraphBuilder Graph;
+	const FNodeHandle A = Graph.Event();
+	const FNodeHandle B = Graph.Exec();
+	const FNodeHandle Second = Graph.Event();
+	Graph.Then(A, B);
+	Format(Graph, {A, B, Second});
+	EXPECT_EQ(Second.At(), FIntPoint(0, Snap(H(B) + 200 + 200)));
+}
+
 TEST(FormatterChains, AJoinStaysWithTheFirstBranchAndPushesTheNextChildDown)
 {
 	FGraphBuilder Graph;
