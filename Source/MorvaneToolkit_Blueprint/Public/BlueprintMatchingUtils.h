@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreMinimal.h"
+#include "Misc/Guid.h"
 
 class UBlueprint;
 class UEdGraph;
@@ -22,4 +23,20 @@ public:
 	 */
 	static UEdGraph* FindGraphByName(
 		const UBlueprint* Blueprint, const FString& Name, UEdGraph** OutTopGraph = nullptr);
+};
+
+/**
+ * FBlueprintMatchingUtils::FindNodeByGuid for many ids of one graph: the same answers, in constant time. It knows the
+ * nodes that stood when it was made.
+ */
+class FNodeIdIndex
+{
+public:
+	explicit FNodeIdIndex(const UEdGraph& Graph);
+	UEdGraphNode* Find(const FString& Id) const;
+
+private:
+	TMap<FGuid, UEdGraphNode*> NodeByGuid;
+	/** By the number that a short id's digits write. */
+	TMap<uint32, UEdGraphNode*> NodeByShortId;
 };

@@ -3,6 +3,7 @@
 #include "BlueprintCompileOperation.h"
 #include "BlueprintCreateOperation.h"
 #include "BlueprintGraphCreateOperation.h"
+#include "BlueprintGraphModifyOperation.h"
 #include "BlueprintReadOperations.h"
 #include "BlueprintRemoveOperation.h"
 #include "ToolAdapter.h"
@@ -41,6 +42,8 @@ constexpr FToolRow Rows[] = {
 		TEXT("Read a specific Blueprint macro with full details including macro graph with nodes, connections, inputs, and outputs")),
 	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintWidgetTree, &FWidgetBlueprintWidgetTreeReadOperation::Execute>(EToolKind::Read, TEXT("widget_tree"), TEXT("{}"),
 		TEXT("Read Widget Blueprint widget tree. Returns widget_hierarchy (lightweight skeleton with names, classes, is_variable, and children structure) and optionally widgets dict with full details (properties, slots) for specific widget(s) if name parameter is provided.")),
+	MakeRow<Morvane::ToolInfo::ToolName_BPPopulateGraph, &FBlueprintGraphModifyOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),
+		TEXT("[INTERNAL TOOL] Create/modify Blueprint graph nodes with waterfall spawning (deterministic → CAM context → CAM global). For manual testing via console commands and automation tests. Supports target_class/target_function for exact node creation, class_name/menu_title/menu_category for CAM filtering.")),
 	MakeRow<Morvane::ToolInfo::ToolName_BPCreateGraph, &FBlueprintGraphCreateOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),
 		TEXT("[INTERNAL TOOL] Create or configure Blueprint functions and delegate signatures (no node operations). Accepts batched 'functions' array with optional parameters/return_type metadata. Use with bp_populate_graph for node/connection workflows to maintain separation of concerns.")),
 	MakeRow<Morvane::ToolInfo::ToolName_BPCreateAsset, &FBlueprintCreateOperation::Execute>(EToolKind::Create, nullptr, TEXT(""),

@@ -26,6 +26,40 @@ TOptional<uint32> ReadHex(FStringView Text)
 	return Value;
 }
 
+/** What an id means: a guid, or the number of a short id. Neither is set for text that is no id. */
+struct FNodeId
+{
+	explicit FNodeId(const FString& Text)
+	{
+		if (Text.Len() == ShortIdDigits)
+		{
+			ShortId = ReadHex(Text);
+			return;
+		}
+		if (Text.Len() != GuidDigits)
+		{
+			return;
+		}
+		uint32 Parts[4] = {};
+		for (int32 Index = 0; Index < 4; ++Index)
+		{
+			const TOptional<uint32> Part = ReadHex(FStringView(Text).Mid(Index * 8, 8));
+			if (!Part)
+			{
+				return;
+			}
+			Parts[Index] = *Part;
+		}
+		Guid = FGuid(Parts[0], Parts[1], Parts[2], Parts[3]);
+	}
+
+	bool Matches(const FGuid& Of) const { return ShortId ? GetShortId(Of) == *ShortId : Guid && *Guid == Of; }
+	static uint32 GetShortId(const FGuid& Of) { return Of.A >> 4; }
+
+	TOptional<uint32> ShortId;
+	TOptional<FGuid> Guid;
+};
+
 UEdGraph* FindNested(UEdGraph* Graph, const FString& Name, TSet<const UEdGraph*>& Visited)
 {
 	if (!Graph || Visited.Contains(Graph))
@@ -60,36 +94,43 @@ UEdGraph* GetTopGraph(UEdGraph* Graph)
 
 UEdGraphNode* FBlueprintMatchingUtils::FindNodeByGuid(const UEdGraph* Graph, const FString& Id)
 {
-	using namespace BlueprintMatchingUtils;
-	// Numbers are compared and no texts: a run over a large graph asks this for each of its links.
-	const bool bShort = Id.Len() == ShortIdDigits;
-	if (!Graph || (!bShort && Id.Len() != GuidDigits))
+	// Numbers are compared and no texts: graphs are large.
+	const BlueprintMatchingUtils::FNodeId Wanted(Id);
+	if (!Graph || (!Wanted.ShortId && !Wanted.Guid))
 	{
 		return nullptr;
 	}
-	TOptional<uint32> Parts[4];
-	for (int32 Index = 0; Index < (bShort ? 1 : 4); ++Index)
-	{
-		Parts[Index] = ReadHex(bShort ? FStringView(Id) : FStringView(Id).Mid(Index * 8, 8));
-		if (!Parts[Index])
-		{
-			return nullptr;
-		}
-	}
 	for (UEdGraphNode* const Node : Graph->Nodes)
 	{
-		if (!Node)
-		{
-			continue;
-		}
-		const FGuid& Guid = Node->NodeGuid;
-		if (bShort ? Guid.A >> 4 == *Parts[0]
-				   : Guid.A == *Parts[0] && Guid.B == *Parts[1] && Guid.C == *Parts[2] && Guid.D == *Parts[3])
+		if (Node && Wanted.Matches(Node->NodeGuid))
 		{
 			return Node;
 		}
 	}
 	return nullptr;
+}
+
+FNodeIdIndex::FNodeIdIndex(const UEdGraph& Graph)
+{
+	for (UEdGraphNode* const Node : Graph.Nodes)
+	{
+		if (Node)
+		{
+			// The first in the graph's order keeps an id that several have.
+			NodeByGuid.FindOrAdd(Node->NodeGuid, Node);
+			NodeByShortId.FindOrAdd(BlueprintMatchingUtils::FNodeId::GetShortId(Node->NodeGuid), Node);
+		}
+	}
+}
+
+UEdGraphNode* FNodeIdIndex::Find(const FString& Id) const
+{
+	const BlueprintMatchingUtils::FNodeId Wanted(Id);
+	if (Wanted.ShortId)
+	{
+		return NodeByShortId.FindRef(*Wanted.ShortId);
+	}
+	return Wanted.Guid ? NodeByGuid.FindRef(*Wanted.Guid) : nullptr;
 }
 
 UEdGraph* FBlueprintMatchingUtils::FindGraphByName(

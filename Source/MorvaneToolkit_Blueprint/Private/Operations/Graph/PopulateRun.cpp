@@ -1,0 +1,352 @@
+#include "PopulateRun.h"
+
+#include "AssetOperationBase.h"
+#include "BlueprintGraphUtils.h"
+#include "BlueprintMatchingUtils.h"
+#include "BlueprintUtils.h"
+#include "EdGraph/EdGraph.h"
+#include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
+#include "ToolInfo.h"
+#include "ToolResult.h"
+#include "Utils/FunctionGraphs.h"
+#include "Utils/LocalVariables.h"
+#include "Utils/PinConnections.h"
+#include "Utils/Records/PopulateRecords.h"
+
+// The steps that change the Blueprint. What is said about them stands in PopulateRunReport.cpp.
+
+namespace PopulateRun
+{
+/** An array of another type, and an empty one, is none. */
+const TArray<TSharedPtr<FJsonValue>>* FindArray(const FJsonObject& Json, const TCHAR* Key)
+{
+	const TArray<TSharedPtr<FJsonValue>>* Values = nullptr;
+	return Json.TryGetArrayField(Key, Values) && !Values->IsEmpty() ? Values : nullptr;
+}
+
+bool IsMainEventGraph(const FString& Name)
+{
+	return Name.Equals(UEdGraphSchema_K2::GN_EventGraph.ToString(), ESearchCase::IgnoreCase);
+}
+} // namespace PopulateRun
+
+FPopulateRun::FPopulateRun(const FJsonObject& InArgs, Morvane::FToolResult& InResult)
+	: Args(InArgs)
+	, Result(InResult)
+	, Session(InResult)
+{
+}
+
+FPopulateRun::~FPopulateRun() = default;
+
+bool FPopulateRun::ReadArguments()
+{
+	using namespace Morvane;
+	if (!Args.TryGetStringField(ToolInfo::FieldName_Path, Path))
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), ToolInfo::FieldName_Path));
+		return false;
+	}
+	if (!Args.TryGetStringField(TEXT("graph_name"), GraphName))
+	{
+		Result.AddErrorMessage(TEXT("Missing required field 'graph_name'"));
+		return false;
+	}
+	FString GraphType = TEXT("function");
+	Args.TryGetStringField(TEXT("graph_type"), GraphType);
+	bIsEventGraph = GraphType.Equals(TEXT("event"), ESearchCase::IgnoreCase)
+		|| PopulateRun::IsMainEventGraph(GraphName);
+	NodeValues = PopulateRun::FindArray(Args, TEXT("nodes"));
+	ConnectionValues = PopulateRun::FindArray(Args, TEXT("connections"));
+	if (Args.HasField(TEXT("functions")))
+	{
+		Result.AddErrorMessage(TEXT(
+			"'functions' array is no longer supported in bp_populate_graph. Use bp_create_graph for function/delegate creation."));
+		return false;
+	}
+	if (!NodeValues && !ConnectionValues)
+	{
+		Result.AddErrorMessage(TEXT("No operations specified - must provide 'nodes' or 'connections' array"));
+		return false;
+	}
+	return true;
+}
+
+bool FPopulateRun::LoadOrCreateBlueprint()
+{
+	Blueprint = FBlueprintUtils::TryLoadBlueprint(Path);
+	if (!Blueprint)
+	{
+		Blueprint = CreateBlueprint();
+		return Blueprint != nullptr;
+	}
+	FString Error;
+	if (!FAssetOperationBase::CheckOutAssetForModify(Path, Error))
+	{
+		Result.AddErrorMessage(
+			FString::Printf(TEXT("Cannot modify Blueprint - source control checkout failed:\n%s"), *Error));
+		return false;
+	}
+	return true;
+}
+
+UBlueprint* FPopulateRun::CreateBlueprint()
+{
+	// The look-up that failed leaves no word: a run that makes its Blueprint is a clean run.
+	FString Reason;
+	UBlueprint* const Created = FBlueprintUtils::CreateActorBlueprint(Path, Reason);
+	if (Created && (bIsEventGraph || CreateFunction(*Created, Reason)))
+	{
+		Created->MarkPackageDirty();
+		return Created;
+	}
+	if (!Reason.IsEmpty())
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Failed to auto-create blueprint fixture: %s"), *Reason));
+	}
+	Result.AddErrorMessage(FString::Printf(TEXT("Blueprint not found: %s"), *Path));
+	return nullptr;
+}
+
+bool FPopulateRun::CreateFunction(UBlueprint& InBlueprint, FString& OutReason) const
+{
+	// A result of its own: what becomes of the graph is a detail of the creation, told by its reason alone.
+	Morvane::FToolResult Creation(Result.GetCommand());
+	UEdGraph* FunctionGraph = nullptr;
+	UK2Node_FunctionEntry* Entry = nullptr;
+	UK2Node_FunctionResult* ResultNode = nullptr;
+	if (FBlueprintFunctionGraphUtils::EnsureFunctionGraph(
+			&InBlueprint, GraphName, FunctionGraph, Entry, ResultNode, Creation, false))
+	{
+		return true;
+	}
+	OutReason = FString::Join(Creation.GetErrorMessages(), TEXT(" "));
+	return false;
+}
+
+bool FPopulateRun::FindGraph()
+{
+	if (bIsEventGraph)
+	{
+		Graph = FBlueprintGraphUtils::EnsureEventGraph(Blueprint, GraphName, Result);
+		GraphName = Graph ? Graph->GetName() : GraphName;
+		return Graph != nullptr;
+	}
+	Graph = FBlueprintMatchingUtils::FindGraphByName(Blueprint, GraphName);
+	if (!Graph)
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Graph '%s' not found in blueprint"), *GraphName));
+	}
+	return Graph != nullptr;
+}
+
+void FPopulateRun::OpenForEdit()
+{
+	bIsFunctionGraph = FBlueprintGraphUtils::IsFunctionGraph(Blueprint, Graph);
+	Blueprint->Modify();
+	Graph->Modify();
+}
+
+void FPopulateRun::BuildMenu()
+{
+	if (NodeValues)
+	{
+		Menu = FBlueprintCamMatching::BuildSharedCAM(*Graph, Result);
+	}
+}
+
+bool FPopulateRun::ReadLocalVariables()
+{
+	return FBlueprintLocalVariableUtils::Parse(Args.TryGetField(TEXT("local_variables")), LocalVariables, Result);
+}
+
+void FPopulateRun::ReadNodes()
+{
+	if (!NodeValues)
+	{
+		return;
+	}
+	Nodes.Reserve(NodeValues->Num());
+	for (const TSharedPtr<FJsonValue>& Value : *NodeValues)
+	{
+		FBPNodeModification Record;
+		if (PopulateRecords::ParseNode(Value, Record))
+		{
+			Nodes.Add(MoveTemp(Record));
+		}
+	}
+}
+
+bool FPopulateRun::ApplyLocalVariables()
+{
+	if (LocalVariables.IsEmpty())
+	{
+		return true;
+	}
+	FBPLocalVariableOutcome Outcome;
+	if (!FBlueprintLocalVariableUtils::Apply(Blueprint, Graph, LocalVariables, Outcome, Result))
+	{
+		return false;
+	}
+	FBlueprintLocalVariableUtils::WriteTelemetry(Outcome, Result);
+	return true;
+}
+
+bool FPopulateRun::IsCustomEventRequest(const FBPNodeModification& Record)
+{
+	return Record.Action == EBPNodeAction::Add
+		&& Record.ClassName.Equals(TEXT("K2Node_CustomEvent"), ESearchCase::IgnoreCase);
+}
+
+void FPopulateRun::SpawnCustomEvents()
+{
+	for (const FBPNodeModification& Record : Nodes)
+	{
+		const UEdGraphNode* const Node = IsCustomEventRequest(Record) ? SpawnNode(Record) : nullptr;
+		if (Node)
+		{
+			AvailableEvents.Add(Node->GetNodeTitle(ENodeTitleType::FullTitle).ToString());
+		}
+	}
+}
+
+void FPopulateRun::SpawnOtherNodes()
+{
+	for (const FBPNodeModification& Record : Nodes)
+	{
+		if (Record.Action == EBPNodeAction::Add && !IsCustomEventRequest(Record))
+		{
+			SpawnNode(Record);
+		}
+	}
+}
+
+UEdGraphNode* FPopulateRun::SpawnNode(const FBPNodeModification& Record)
+{
+	UEdGraphNode* const Node = FBlueprintSpawnWaterfall::CreateNodeFromRecord(
+		Graph, Record, Blueprint, Menu, Result, Lookups, &Session.GetCreatedNodesByRequestId());
+	if (!Node)
+	{
+		Session.RecordFailedId(Record.NodeGuid);
+		return nullptr;
+	}
+	Session.RecordCreatedNode(Record.NodeGuid, Node);
+	LastNode = Node;
+	SetPinValues(*Node, Record);
+	return Node;
+}
+
+void FPopulateRun::SetPinValues(UEdGraphNode& Node, const FBPNodeModification& Record)
+{
+	for (const FBPPinModification& Pin : Record.Pins)
+	{
+		if (Pin.Action == EBPNodeAction::Modify && !Pin.Value.IsEmpty())
+		{
+			// Silent for a pin that is not there.
+			FBlueprintPinUtils::SetPinDefaultValue(
+				FBlueprintPinUtils::FindPinWithAliases(&Node, Pin.Name, EGPD_Input, &Session), Pin.Value, Result);
+		}
+	}
+}
+
+void FPopulateRun::ReadConnections()
+{
+	if (!ConnectionValues)
+	{
+		return;
+	}
+	for (const TSharedPtr<FJsonValue>& Value : *ConnectionValues)
+	{
+		FBPConnectionModification Connection;
+		if (PopulateRecords::ParseConnection(Value, Connection) && Connection.Action == EBPConnectionAction::Add)
+		{
+			Connections.Add(MoveTemp(Connection));
+		}
+	}
+}
+
+void FPopulateRun::ConnectPins()
+{
+	ReadConnections();
+	for (const FBPConnectionModification& Connection : Connections)
+	{
+		Connect(Connection);
+	}
+}
+
+void FPopulateRun::Connect(const FBPConnectionModification& Connection)
+{
+	// Both ends before the test: a connection without either is blocked twice.
+	UEdGraphNode* const Source = ResolveEnd(TEXT("Source"), Connection.SourceNodeGuid, Connection);
+	UEdGraphNode* const Target = ResolveEnd(TEXT("Target"), Connection.TargetNodeGuid, Connection);
+	if (!Source || !Target)
+	{
+		return;
+	}
+	if (FBlueprintPinUtils::ConnectPins(
+			Graph, Source, Connection.SourcePinName, Target, Connection.TargetPinName, Result, &Session))
+	{
+		++NumConnected;
+		Session.RecordExistingNode(Source);
+		Session.RecordExistingNode(Target);
+	}
+}
+
+UEdGraphNode* FPopulateRun::ResolveEnd(
+	const TCHAR* Label, const FString& Id, const FBPConnectionModification& Connection)
+{
+	if (UEdGraphNode* const Created = Session.FindNode(Id))
+	{
+		return Created;
+	}
+	if (!NodeIds)
+	{
+		NodeIds = MakeUnique<FNodeIdIndex>(*Graph);
+	}
+	if (UEdGraphNode* const Existing = NodeIds->Find(Id))
+	{
+		return Existing;
+	}
+	// A node that failed to spawn and an id that was never right read alike.
+	const FString Text = FString::Printf(TEXT("Connection blocked: %s node '%s' not found (%s.%s -> %s.%s)"), Label,
+		*Id, *Connection.SourceNodeGuid, *Connection.SourcePinName, *Connection.TargetNodeGuid,
+		*Connection.TargetPinName);
+	Session.AddBlockedOperation(Text);
+	Result.AddWarningMessage(Text);
+	return nullptr;
+}
+
+void FPopulateRun::TraceTouchedNodes()
+{
+	TArray<UEdGraphNode*> Touched = Session.GetCreatedNodes();
+	Touched.Append(Session.GetExistingModifiedNodes());
+	if (Touched.IsEmpty())
+	{
+		return;
+	}
+	if (!bIsEventGraph)
+	{
+		(bIsFunctionGraph ? TouchedFunctions : TouchedDelegates).Add(GraphName);
+		return;
+	}
+	// One trace for all of them, now that the last link stands.
+	Trace = MakeUnique<FEventTrace>(*Graph);
+	for (const UEdGraphNode* const Node : Touched)
+	{
+		TraceNode(*Node);
+	}
+}
+
+void FPopulateRun::TraceNode(const UEdGraphNode& Node)
+{
+	const TArray<UEdGraphNode*>& Events = Trace->EventsOf(&Node);
+	for (const UEdGraphNode* const Event : Events)
+	{
+		AvailableEvents.Add(Event->GetNodeTitle(ENodeTitleType::FullTitle).ToString());
+	}
+	if (Events.IsEmpty())
+	{
+		FloatingNodes.Add(Node.GetNodeTitle(ENodeTitleType::FullTitle).ToString());
+	}
+}

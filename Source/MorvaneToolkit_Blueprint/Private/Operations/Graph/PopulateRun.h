@@ -1,0 +1,113 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "Dom/JsonObject.h"
+#include "Spawning/DeterministicSpawn.h"
+#include "Spawning/SpawnWaterfall.h"
+#include "Utils/EventTracing.h"
+#include "Utils/Records/GraphRecords.h"
+#include "Utils/Records/GraphSession.h"
+
+class FNodeIdIndex;
+class UBlueprint;
+class UEdGraph;
+class UEdGraphNode;
+
+namespace Morvane
+{
+class FToolResult;
+}
+
+/** One populate call, walked once from top to bottom. Steps that can end the run answer false, having reported. */
+class FPopulateRun
+{
+public:
+	FPopulateRun(const FJsonObject& InArgs, Morvane::FToolResult& InResult);
+	~FPopulateRun();
+
+	bool ReadArguments();
+	bool LoadOrCreateBlueprint();
+	bool FindGraph();
+	void OpenForEdit();
+	/** Once for the whole batch, and only when there are nodes: it is the slow step. */
+	void BuildMenu();
+	bool ReadLocalVariables();
+	/** What is no node record is dropped in silence and counts nowhere. */
+	void ReadNodes();
+	bool ApplyLocalVariables();
+
+	void SpawnCustomEvents();
+	void SpawnOtherNodes();
+	void ConnectPins();
+	/** Learns which events, functions or delegates this run touched. */
+	void TraceTouchedNodes();
+	void ReportHalfConnectedNodes();
+	void SummarizeSession();
+	void FormatNodes();
+	void DescribeCreatedNodes();
+
+	void MarkModified();
+	void TrackChanges();
+	void ReportCounts();
+	void ListCreatedNodes();
+	void Save();
+
+private:
+	/** Null after a report. */
+	UBlueprint* CreateBlueprint();
+	/** A function graph of the graph's name in a new Blueprint; false with a reason. */
+	bool CreateFunction(UBlueprint& InBlueprint, FString& OutReason) const;
+
+	static bool IsCustomEventRequest(const FBPNodeModification& Record);
+	/** Spawns and records; null for a node that failed. */
+	UEdGraphNode* SpawnNode(const FBPNodeModification& Record);
+	void SetPinValues(UEdGraphNode& Node, const FBPNodeModification& Record);
+	void ReadConnections();
+	void Connect(const FBPConnectionModification& Connection);
+	/** Null after the connection was blocked. */
+	UEdGraphNode* ResolveEnd(const TCHAR* Label, const FString& Id, const FBPConnectionModification& Connection);
+	void TraceNode(const UEdGraphNode& Node);
+
+	TSharedRef<FJsonObject> DescribeNode(const FBPCreatedNodeRecord& Record) const;
+	void TrackEvents(const TCHAR* NameField, const TSet<FString>& Names);
+	void TrackNames(const TCHAR* ReadTool, const TCHAR* NameField, const TSet<FString>& Names);
+
+	const FJsonObject& Args;
+	Morvane::FToolResult& Result;
+
+	// Valid once the arguments are read.
+	FString Path;
+	/** Where an event graph of another name took the place of the one asked for, the name of that one. */
+	FString GraphName;
+	bool bIsEventGraph = false;
+	/** Null when there are none. */
+	const TArray<TSharedPtr<FJsonValue>>* NodeValues = nullptr;
+	const TArray<TSharedPtr<FJsonValue>>* ConnectionValues = nullptr;
+
+	// Valid once found.
+	UBlueprint* Blueprint = nullptr;
+	UEdGraph* Graph = nullptr;
+	bool bIsFunctionGraph = false;
+
+	/** Null in a run without nodes. */
+	TSharedPtr<FSharedActionMenu> Menu;
+	FSpawnLookups Lookups;
+	TArray<FBPLocalVariableModification> LocalVariables;
+	TArray<FBPNodeModification> Nodes;
+	/** Those that ask for a link. */
+	TArray<FBPConnectionModification> Connections;
+	/** The graph's nodes by id, made when a connection first names one that this run did not spawn. */
+	TUniquePtr<FNodeIdIndex> NodeIds;
+
+	FBPGraphSession Session;
+	/** Made when the last link stands; null in a graph without events. */
+	TUniquePtr<FEventTrace> Trace;
+	int32 NumConnected = 0;
+	UEdGraphNode* LastNode = nullptr;
+
+	// What the caller may want to read again.
+	TSet<FString> AvailableEvents;
+	TSet<FString> FloatingNodes;
+	TSet<FString> TouchedFunctions;
+	TSet<FString> TouchedDelegates;
+};
