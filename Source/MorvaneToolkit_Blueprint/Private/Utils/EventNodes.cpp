@@ -39,8 +39,12 @@ UK2Node_CustomEvent* FindCustomEvent(const UEdGraph& Graph, const FString& Event
 {
 	for (UEdGraphNode* const Node : Graph.Nodes)
 	{
-		UK2Node_CustomEvent* const Event = Cast<UK2Node_CustomEvent>(Node);
-		if (Event && Event->GetFunctionName() == *EventName)
+		if (!Node || !Node->IsA(UK2Node_CustomEvent::StaticClass()))
+		{
+			continue;
+		}
+		UK2Node_CustomEvent* const Event = CastChecked<UK2Node_CustomEvent>(Node);
+		if (Event->GetFunctionName() == *EventName)
 		{
 			return Event;
 		}
@@ -119,6 +123,35 @@ UEdGraphNode* CreateOverride(UBlueprint& Blueprint, UEdGraph& Graph, const FStri
 	return Event;
 }
 
+/** The class that knows most: the skeleton has what was declared since the last compile. */
+const UClass* GetKnownClass(const UBlueprint& Blueprint)
+{
+	const UClass* Class = Blueprint.SkeletonGeneratedClass;
+	Class = Class ? Class : Blueprint.GeneratedClass.Get();
+	return Class ? Class : Blueprint.ParentClass.Get();
+}
+
+TArray<UWidget*> GetWidgets(const UBlueprint& Blueprint)
+{
+	TArray<UWidget*> Widgets;
+	const UWidgetBlueprint* const WidgetBlueprint = Cast<UWidgetBlueprint>(&Blueprint);
+	if (WidgetBlueprint && WidgetBlueprint->WidgetTree)
+	{
+		WidgetBlueprint->WidgetTree->GetAllWidgets(Widgets);
+	}
+	return Widgets;
+}
+
+bool IsKnownName(const UBlueprint& Blueprint, const FString& Name)
+{
+	const UClass* const Class = GetKnownClass(Blueprint);
+	return Blueprint.NewVariables.ContainsByPredicate(
+			   [&Name](const FBPVariableDescription& Variable) { return Variable.VarName == *Name; })
+		|| (Class && Class->FindPropertyByName(FName(*Name, FNAME_Find)))
+		|| GetWidgets(Blueprint).ContainsByPredicate(
+			[&Name](const UWidget* Widget) { return Widget->GetFName() == *Name; });
+}
+
 /** Each name once, ignoring case, in the order in which the sources are asked. */
 TArray<FString> CollectKnownNames(const UBlueprint& Blueprint)
 {
@@ -127,26 +160,16 @@ TArray<FString> CollectKnownNames(const UBlueprint& Blueprint)
 	{
 		Names.FindOrAdd(Variable.VarName.ToString());
 	}
-	// The skeleton class knows what was declared since the last compile.
-	const UClass* Class = Blueprint.SkeletonGeneratedClass;
-	Class = Class ? Class : Blueprint.GeneratedClass.Get();
-	Class = Class ? Class : Blueprint.ParentClass.Get();
-	if (Class)
+	if (const UClass* const Class = GetKnownClass(Blueprint))
 	{
 		for (TFieldIterator<FProperty> It(Class); It; ++It)
 		{
 			Names.FindOrAdd(It->GetName());
 		}
 	}
-	const UWidgetBlueprint* const WidgetBlueprint = Cast<UWidgetBlueprint>(&Blueprint);
-	if (WidgetBlueprint && WidgetBlueprint->WidgetTree)
+	for (const UWidget* const Widget : GetWidgets(Blueprint))
 	{
-		TArray<UWidget*> Widgets;
-		WidgetBlueprint->WidgetTree->GetAllWidgets(Widgets);
-		for (const UWidget* const Widget : Widgets)
-		{
-			Names.FindOrAdd(Widget->GetName());
-		}
+		Names.FindOrAdd(Widget->GetName());
 	}
 	TArray<FString> Ordered;
 	Ordered.Append(Names);
@@ -207,13 +230,12 @@ bool FBlueprintEventNodeUtils::ValidateVariableExists(
 		OutError = TEXT("Blueprint is null");
 		return false;
 	}
-	const TArray<FString> Known = EventNodes::CollectKnownNames(*Blueprint);
-	if (Known.ContainsByPredicate(
-			[&VariableName](const FString& Name) { return Name.Equals(VariableName, ESearchCase::IgnoreCase); }))
+	if (EventNodes::IsKnownName(*Blueprint, VariableName))
 	{
 		return true;
 	}
 
+	const TArray<FString> Known = EventNodes::CollectKnownNames(*Blueprint);
 	OutError = FString::Printf(
 		TEXT("Variable '%s' does not exist in blueprint. Create the variable first and then try again."),
 		*VariableName);
