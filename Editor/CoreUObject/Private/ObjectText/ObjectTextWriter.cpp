@@ -440,6 +440,8 @@ FObjectTextExport FObjectTextExport::Package(UPackage* Package)
 {
 	FObjectTextExport Result;
 	Result.bFlags = true;
+	// A file is all that stays of a number.
+	Result.PortFlags = PPF_Delimited | PPF_ExactNumbers;
 	Result.OwnPackage = Package;
 	return Result;
 }
