@@ -1,5 +1,6 @@
 #include "Boot/EditorModules.h"
 
+#include "AnimGraphClasses.h"
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "BlueprintGraphClasses.h"
 #include "EngineClasses.h"
@@ -45,6 +46,7 @@ void EditorModules::StartEditor()
 	RegisterEngineClasses();
 	RegisterBlueprintGraphClasses();
 	RegisterUMGClasses();
+	RegisterAnimGraphClasses();
 	RegisterUnrealEdClasses();
 	FCatalogue::Get().Install();
 	FPackageText::RegisterLoader();

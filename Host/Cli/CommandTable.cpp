@@ -7,6 +7,8 @@ const std::vector<FCommandRow>& GetCommandTable()
 		{"call", "Call one tool and print its result", &MakeCallCommand},
 		{"run", "Call the tools of a script, one result a line", &MakeRunCommand},
 		{"tools", "List the tools", &MakeToolsCommand},
+		{"copy", "Print a graph's nodes as text that the editor can paste", &MakeCopyCommand},
+		{"paste", "Paste nodes from text on standard input into a graph and save the asset", &MakePasteCommand},
 		{"demo", "Play a session in a temporary project, printing each call and its result", &MakeDemoCommand},
 	};
 	return Rows;

@@ -22,4 +22,6 @@ std::unique_ptr<ICommand> MakeServeCommand();
 std::unique_ptr<ICommand> MakeCallCommand();
 std::unique_ptr<ICommand> MakeRunCommand();
 std::unique_ptr<ICommand> MakeToolsCommand();
+std::unique_ptr<ICommand> MakeCopyCommand();
+std::unique_ptr<ICommand> MakePasteCommand();
 std::unique_ptr<ICommand> MakeDemoCommand();

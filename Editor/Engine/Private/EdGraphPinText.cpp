@@ -8,7 +8,8 @@
 
 namespace PinText
 {
-/** The properties of the pin type, looked up once: object and struct values of pins have the same text as those of objects. */
+/** The properties of the pin type, looked up once: object and struct values of pins have the same text as those of
+ * objects. */
 struct FTypeProperties
 {
 	FProperty* SubCategoryObject;
@@ -18,7 +19,8 @@ struct FTypeProperties
 
 	static const FTypeProperties& Get()
 	{
-		static const FTypeProperties Properties = [] {
+		static const FTypeProperties Properties = []
+		{
 			const UScriptStruct* const Type = FEdGraphPinType::StaticStruct();
 			FObjectProperty* const Object = new FObjectProperty(FFieldVariant(Type), TEXT("DefaultObject"));
 			Object->PropertyClass = UObject::StaticClass();
@@ -61,7 +63,11 @@ void AppendQuoted(FString& Out, FStringView Text)
 class FWriter
 {
 public:
-	explicit FWriter(FString& InOut) : Out(InOut) {}
+	FWriter(FString& InOut, const TArray<UEdGraphPin::FKeptField>& InKept)
+		: Out(InOut)
+		, Kept(InKept)
+	{
+	}
 
 	void Key(FStringView Name)
 	{
@@ -105,7 +111,8 @@ public:
 		Out.Append(Value.ToString());
 		End();
 	}
-	void Value(FStringView KeyName, const FProperty* Property, const void* Data, UObject* Parent, bool bMembersOnly = false)
+	void Value(
+		FStringView KeyName, const FProperty* Property, const void* Data, UObject* Parent, bool bMembersOnly = false)
 	{
 		Key(KeyName);
 		const int32 Before = Out.Len();
@@ -114,7 +121,37 @@ public:
 		{
 			Out.Append(FStringView(TEXT("()")));
 		}
+		const FStringView Now = FStringView(Out).Mid(Before);
+		if (const UEdGraphPin::FKeptField* const Field = FindKept(KeyName);
+			Field && FStringView(Field->TextAfter) == Now)
+		{
+			Out.LeftInline(Before);
+			Out.Append(Field->Value);
+		}
 		End();
+	}
+	/** A field of which the pin has nothing, if the text had one. */
+	void KeptValue(FStringView KeyName)
+	{
+		if (const UEdGraphPin::FKeptField* const Field = FindKept(KeyName))
+		{
+			Key(KeyName);
+			Out.Append(Field->Value);
+			End();
+		}
+	}
+	/** What is of no key that is known here. */
+	void UnknownFields()
+	{
+		for (const UEdGraphPin::FKeptField& Field : Kept)
+		{
+			if (Field.TextAfter.IsEmpty())
+			{
+				Key(Field.Key);
+				Out.Append(Field.Value);
+				End();
+			}
+		}
 	}
 	void PinReference(const UEdGraphPin* Pin)
 	{
@@ -141,7 +178,14 @@ public:
 	}
 
 private:
+	const UEdGraphPin::FKeptField* FindKept(FStringView KeyName) const
+	{
+		return Kept.FindByPredicate(
+			[KeyName](const UEdGraphPin::FKeptField& Field) { return FStringView(Field.Key) == KeyName; });
+	}
+
 	FString& Out;
+	const TArray<UEdGraphPin::FKeptField>& Kept;
 };
 
 const TCHAR* ContainerName(EPinContainerType Type)
@@ -165,7 +209,8 @@ void WriteType(FWriter& Writer, FString& Out, const FEdGraphPinType& Type, UObje
 	const FTypeProperties& Properties = FTypeProperties::Get();
 	Writer.Name(TEXT("PinType.PinCategory"), Type.PinCategory);
 	Writer.Name(TEXT("PinType.PinSubCategory"), Type.PinSubCategory);
-	Writer.Value(TEXT("PinType.PinSubCategoryObject"), Properties.SubCategoryObject, &Type.PinSubCategoryObject, Parent);
+	Writer.Value(
+		TEXT("PinType.PinSubCategoryObject"), Properties.SubCategoryObject, &Type.PinSubCategoryObject, Parent);
 	Writer.Value(TEXT("PinType.PinSubCategoryMemberReference"), Properties.MemberReference,
 		&Type.PinSubCategoryMemberReference, Parent, true);
 	Writer.Value(TEXT("PinType.PinValueType"), Properties.ValueType, &Type.PinValueType, Parent, true);
@@ -183,7 +228,10 @@ void WriteType(FWriter& Writer, FString& Out, const FEdGraphPinType& Type, UObje
 class FFieldReader
 {
 public:
-	explicit FFieldReader(const TCHAR* InCursor) : Cursor(InCursor) {}
+	explicit FFieldReader(const TCHAR* InCursor)
+		: Cursor(InCursor)
+	{
+	}
 
 	bool Open()
 	{
@@ -367,7 +415,9 @@ class FPinImporter
 {
 public:
 	FPinImporter(UEdGraphPin& InPin, UObject* InParent, FOutputDevice* InErrorText)
-		: Pin(InPin), Parent(InParent), ErrorText(InErrorText)
+		: Pin(InPin)
+		, Parent(InParent)
+		, ErrorText(InErrorText)
 	{
 	}
 
@@ -378,9 +428,9 @@ public:
 		{
 			ReadType(Key.Mid(TypePrefix.Len()), Value);
 		}
-		else if (!ReadIdentity(Key, Value) && !ReadReferences(Key, Value))
+		else if (!ReadIdentity(Key, Value) && !ReadReferences(Key, Value) && !ReadFlag(Key, Value))
 		{
-			ReadFlag(Key, Value);
+			Pin.KeptFields.Add(UEdGraphPin::FKeptField{FString(Key), FString(Value), FString()});
 		}
 	}
 
@@ -436,7 +486,7 @@ private:
 		}
 		else if (Is(Key, TEXT("DefaultObject")))
 		{
-			ReadValue(FTypeProperties::Get().DefaultObject, &Pin.DefaultObject, Value);
+			ReadValue(Key, FTypeProperties::Get().DefaultObject, &Pin.DefaultObject, Value);
 		}
 		else if (Is(Key, TEXT("DefaultTextValue")))
 		{
@@ -478,28 +528,27 @@ private:
 		return true;
 	}
 
-	/** Keys that nobody knows are passed over: texts of other versions have some. */
-	void ReadFlag(FStringView Key, FStringView Value)
+	bool ReadFlag(FStringView Key, FStringView Value)
 	{
 		struct FFlag
 		{
 			FStringView Key;
-			bool UEdGraphPin::* Member;
+			bool UEdGraphPin::*Member;
 		};
 		static const FFlag Flags[] = {{TEXT("bHidden"), &UEdGraphPin::bHidden},
 			{TEXT("bNotConnectable"), &UEdGraphPin::bNotConnectable},
 			{TEXT("bDefaultValueIsReadOnly"), &UEdGraphPin::bDefaultValueIsReadOnly},
 			{TEXT("bDefaultValueIsIgnored"), &UEdGraphPin::bDefaultValueIsIgnored},
-			{TEXT("bAdvancedView"), &UEdGraphPin::bAdvancedView},
-			{TEXT("bOrphanedPin"), &UEdGraphPin::bOrphanedPin}};
+			{TEXT("bAdvancedView"), &UEdGraphPin::bAdvancedView}, {TEXT("bOrphanedPin"), &UEdGraphPin::bOrphanedPin}};
 		for (const FFlag& Flag : Flags)
 		{
 			if (Key == Flag.Key)
 			{
 				Pin.*Flag.Member = ToBool(Value);
-				return;
+				return true;
 			}
 		}
+		return false;
 	}
 
 	void ReadType(FStringView Key, FStringView Value)
@@ -516,15 +565,17 @@ private:
 		}
 		else if (Is(Key, TEXT("PinSubCategoryObject")))
 		{
-			ReadValue(Properties.SubCategoryObject, &Type.PinSubCategoryObject, Value);
+			ReadValue(
+				TEXT("PinType.PinSubCategoryObject"), Properties.SubCategoryObject, &Type.PinSubCategoryObject, Value);
 		}
 		else if (Is(Key, TEXT("PinSubCategoryMemberReference")))
 		{
-			ReadValue(Properties.MemberReference, &Type.PinSubCategoryMemberReference, Value);
+			ReadValue(TEXT("PinType.PinSubCategoryMemberReference"), Properties.MemberReference,
+				&Type.PinSubCategoryMemberReference, Value);
 		}
 		else if (Is(Key, TEXT("PinValueType")))
 		{
-			ReadValue(Properties.ValueType, &Type.PinValueType, Value);
+			ReadValue(TEXT("PinType.PinValueType"), Properties.ValueType, &Type.PinValueType, Value);
 		}
 		else if (Is(Key, TEXT("ContainerType")))
 		{
@@ -573,7 +624,7 @@ private:
 		return Text;
 	}
 
-	void ReadValue(const FProperty* Property, void* Data, FStringView Value) const
+	void ReadValue(FStringView Key, const FProperty* Property, void* Data, FStringView Value) const
 	{
 		static const FStringView None(TEXT("None"));
 		static const FStringView Empty(TEXT("()"));
@@ -582,7 +633,15 @@ private:
 			return;
 		}
 		const FString Terminated(Value);
-		Property->ImportText_Direct(*Terminated, Data, Parent, PPF_Delimited, ErrorText);
+		if (!Property->ImportText_Direct(*Terminated, Data, Parent, PPF_Delimited, ErrorText))
+		{
+			UEdGraphPin::FKeptField& Field = Pin.KeptFields.Add_GetRef({FString(Key), Terminated, FString()});
+			Property->ExportTextItem_Direct(Field.TextAfter, Data, nullptr, Parent, PPF_Delimited);
+			if (Field.TextAfter.IsEmpty())
+			{
+				Field.TextAfter = TEXT("()");
+			}
+		}
 	}
 
 	UEdGraphPin::FPendingReferences& Pending()
@@ -604,7 +663,7 @@ private:
 
 bool UEdGraphPin::ExportTextItem(FString& ValueStr, int32 PortFlags) const
 {
-	PinText::FWriter Writer(ValueStr);
+	PinText::FWriter Writer(ValueStr, KeptFields);
 	ValueStr.AppendChar(TEXT('('));
 	Writer.Guid(TEXT("PinId"), PinId);
 	if (!PinName.IsNone())
@@ -623,6 +682,10 @@ bool UEdGraphPin::ExportTextItem(FString& ValueStr, int32 PortFlags) const
 	if (DefaultObject)
 	{
 		Writer.Text(TEXT("DefaultObject"), DefaultObject->GetPathName());
+	}
+	else
+	{
+		Writer.KeptValue(TEXT("DefaultObject"));
 	}
 	Writer.LocalizedText(TEXT("DefaultTextValue"), DefaultTextValue);
 	Writer.PinList(TEXT("LinkedTo"), LinkedTo);
@@ -646,6 +709,7 @@ bool UEdGraphPin::ExportTextItem(FString& ValueStr, int32 PortFlags) const
 	Writer.Bool(TEXT("bDefaultValueIsIgnored"), bDefaultValueIsIgnored);
 	Writer.Bool(TEXT("bAdvancedView"), bAdvancedView);
 	Writer.Bool(TEXT("bOrphanedPin"), bOrphanedPin);
+	Writer.UnknownFields();
 	ValueStr.AppendChar(TEXT(')'));
 	return true;
 }

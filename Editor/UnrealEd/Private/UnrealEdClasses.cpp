@@ -1,14 +1,17 @@
 #include "UnrealEdClasses.h"
 
+#include "BlueprintKindSetup.h"
 #include "Compiler/BlueprintClassBuilder.h"
+#include "EdGraph/EdGraph.h"
 #include "EdGraphNode_Comment.h"
+#include "EdGraphNode_Placeholder.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintClassProvider.h"
 #include "Factories/BlueprintFactory.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/Kismet2NameValidators.h"
 #include "UObject/NativeClass.h"
-#include "BlueprintKindSetup.h"
+#include "UObject/ObjectText.h"
 #include "WidgetBlueprintFactory.h"
 
 namespace UnrealEdClasses
@@ -25,12 +28,30 @@ TSharedPtr<INameValidatorInterface> MakeNameValidator(const UBlueprint* Blueprin
 {
 	return MakeShared<FKismetNameValidator>(Blueprint, ExistingName);
 }
+
+/** Nodes alone are worth a stand-in: they have places and links. Other objects stay as text with their owner. */
+UObject* MakePlaceholder(const FObjectTextRecord& Record, UObject* Outer)
+{
+	UEdGraph* const Graph = Cast<UEdGraph>(Outer);
+	if (!Graph)
+	{
+		return nullptr;
+	}
+	FName Name(Record.GetName());
+	if (Name.IsNone() || !IsUniqueObjectName(Name, Graph))
+	{
+		Name = MakeUniqueObjectName(Graph, UEdGraphNode_Placeholder::StaticClass());
+	}
+	return NewObject<UEdGraphNode_Placeholder>(Graph, Name, static_cast<EObjectFlags>(Record.Flags | RF_Transactional));
+}
 } // namespace UnrealEdClasses
 
 void RegisterUnrealEdClasses()
 {
-	NativeClass::RegisterNativeClasses({&UFactory::StaticClass, &UBlueprintFactory::StaticClass,
-		&UWidgetBlueprintFactory::StaticClass, &UEdGraphNode_Comment::StaticClass});
+	NativeClass::RegisterNativeClasses(
+		{&UFactory::StaticClass, &UBlueprintFactory::StaticClass, &UWidgetBlueprintFactory::StaticClass,
+			&UEdGraphNode_Comment::StaticClass, &UEdGraphNode_Placeholder::StaticClass});
+	FObjectTextImport::SetUnknownClassHandler(&UnrealEdClasses::MakePlaceholder);
 	BlueprintClassProvider::FFunctions Functions;
 	Functions.EnsureSkeletonIsUpToDate = &FBlueprintEditorUtils::EnsureSkeletonIsUpToDate;
 	Functions.RegenerateOnLoad = &UnrealEdClasses::RegenerateOnLoad;

@@ -63,8 +63,14 @@ struct FEdGraphPinType
 	EDITOR_STRUCT(FEdGraphPinType)
 
 	FEdGraphPinType() = default;
-	FEdGraphPinType(FName InPinCategory, FName InPinSubCategory, UObject* InPinSubCategoryObject, EPinContainerType InContainerType, bool bInIsReference, const FEdGraphTerminalType& InValueTerminalType)
-		: PinCategory(InPinCategory), PinSubCategory(InPinSubCategory), PinSubCategoryObject(InPinSubCategoryObject), PinValueType(InValueTerminalType), ContainerType(InContainerType), bIsReference(bInIsReference)
+	FEdGraphPinType(FName InPinCategory, FName InPinSubCategory, UObject* InPinSubCategoryObject,
+		EPinContainerType InContainerType, bool bInIsReference, const FEdGraphTerminalType& InValueTerminalType)
+		: PinCategory(InPinCategory)
+		, PinSubCategory(InPinSubCategory)
+		, PinSubCategoryObject(InPinSubCategoryObject)
+		, PinValueType(InValueTerminalType)
+		, ContainerType(InContainerType)
+		, bIsReference(bInIsReference)
 	{
 	}
 
@@ -97,7 +103,8 @@ enum EBlueprintPinStyleType : int
 };
 
 /**
- * A pin of a node. No object: the node owns it and destroys it. Links are kept on both ends and are always made and broken in pairs.
+ * A pin of a node. No object: the node owns it and destroys it. Links are kept on both ends and are always made and
+ * broken in pairs.
  */
 class UEdGraphPin
 {
@@ -196,8 +203,23 @@ public:
 	/** Set by ImportTextItem, taken by whoever resolves; null otherwise. */
 	TUniquePtr<FPendingReferences> Pending;
 
+	/** A field of the text that nothing here understands: of another version, or naming something that is missing. */
+	struct FKeptField
+	{
+		FString Key;
+		FString Value;
+		/** The field's text as this pin would write it right after reading; the kept text stands as long as that does.
+		 */
+		FString TextAfter;
+	};
+	/** Written back unchanged. */
+	TArray<FKeptField> KeptFields;
+
 private:
-	explicit UEdGraphPin(UEdGraphNode* InOwningNode) : OwningNode(InOwningNode) {}
+	explicit UEdGraphPin(UEdGraphNode* InOwningNode)
+		: OwningNode(InOwningNode)
+	{
+	}
 
 	UEdGraphNode* OwningNode = nullptr;
 	bool bWasTrashed = false;

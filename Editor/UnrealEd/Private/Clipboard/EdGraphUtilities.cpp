@@ -1,0 +1,235 @@
+#include "EdGraphUtilities.h"
+
+#include "Clipboard/PastedNodes.h"
+#include "EdGraph/EdGraph.h"
+#include "EdGraph/EdGraphSchema.h"
+#include "K2Node.h"
+#include "Misc/FeedbackContext.h"
+#include "UObject/ObjectText.h"
+
+namespace GraphClipboard
+{
+/** Whether the graph's rules allow a node of the class at all. */
+bool IsClassAllowed(const UClass& Class, const UEdGraph& Graph)
+{
+	if (!Class.IsChildOf(UEdGraphNode::StaticClass()) || Class.HasAnyClassFlags(CLASS_Abstract))
+	{
+		return false;
+	}
+	return static_cast<const UEdGraphNode*>(Class.GetDefaultObject())->CanCreateUnderSpecifiedSchema(Graph.GetSchema());
+}
+
+/** Makes a node of the text; names that are taken in the graph give way to new ones. */
+UObject* MakeNode(const FObjectTextRecord& Record, UEdGraph& Graph, FFeedbackContext& Warn)
+{
+	const UClass* const Class = FObjectTextImport::FindClass(Record.ClassPath);
+	if (!Class)
+	{
+		return FObjectTextImport::DefaultFactory(Record, &Graph);
+	}
+	if (!IsClassAllowed(*Class, Graph))
+	{
+		Warn.Logf(TEXT("line %d: '%s' is left out, since the graph '%s' takes no '%s'"), Record.LineNumber,
+			*Record.GetName(), *Graph.GetName(), *Class->GetName());
+		return nullptr;
+	}
+	FName Name(Record.GetName());
+	if (Name.IsNone() || !IsUniqueObjectName(Name, &Graph))
+	{
+		Name = MakeUniqueObjectName(&Graph, Class);
+	}
+	return NewObject<UEdGraphNode>(&Graph, Class, Name, RF_Transactional);
+}
+
+/** Pins name the nodes that they are linked to as the text does; the nodes have other names by now. */
+void RenameReferences(UEdGraphNode& Node, const FObjectTextImport& Import, const UObject* TextOuter)
+{
+	const auto Rename = [&Import, TextOuter](UEdGraphPin::FPendingReference& Reference)
+	{
+		const UObject* const Made = Import.FindMade(ToUtf8(Reference.NodeName), TextOuter);
+		Reference.NodeName = Made ? Made->GetName() : FString();
+	};
+	for (UEdGraphPin* const Pin : Node.Pins)
+	{
+		if (!Pin->Pending)
+		{
+			continue;
+		}
+		for (UEdGraphPin::FPendingReference& Reference : Pin->Pending->LinkedTo)
+		{
+			Rename(Reference);
+		}
+		for (UEdGraphPin::FPendingReference& Reference : Pin->Pending->SubPins)
+		{
+			Rename(Reference);
+		}
+		if (Pin->Pending->PassThrough)
+		{
+			Rename(*Pin->Pending->PassThrough);
+		}
+	}
+}
+
+void RenewIds(UEdGraphNode& Node)
+{
+	Node.CreateNewGuid();
+	for (UEdGraphPin* const Pin : Node.Pins)
+	{
+		Pin->PinId = FGuid::NewGuid();
+	}
+}
+
+/** Links the nodes of one graph of the text among themselves. */
+void FinishNodes(const TArray<UEdGraphNode*>& Nodes, const FObjectTextImport& Import, const UObject* TextOuter)
+{
+	for (UEdGraphNode* const Node : Nodes)
+	{
+		RenameReferences(*Node, Import, TextOuter);
+	}
+	UEdGraphNode::ResolvePinReferences(Nodes);
+	for (UEdGraphNode* const Node : Nodes)
+	{
+		RenewIds(*Node);
+	}
+}
+
+void FinishInnerGraphs(const FObjectTextImport& Import)
+{
+	for (const FObjectTextImport::FMade& Made : Import.GetMade())
+	{
+		UEdGraph* const Graph = Cast<UEdGraph>(Made.Object);
+		if (!Graph)
+		{
+			continue;
+		}
+		Graph->GraphGuid = FGuid::NewGuid();
+		TArray<UEdGraphNode*> Nodes;
+		for (UEdGraphNode* const Node : Graph->Nodes)
+		{
+			if (Node)
+			{
+				Nodes.Add(Node);
+			}
+		}
+		FinishNodes(Nodes, Import, Graph);
+	}
+}
+
+bool Parse(const FString& Text, FObjectTextTree& OutTree, FFeedbackContext& Warn)
+{
+	FObjectTextError Error;
+	if (OutTree.Parse(FStringView(Text), Error))
+	{
+		return true;
+	}
+	Warn.Logf(TEXT("%s"), *Error.ToString());
+	return false;
+}
+
+class FDroppedWarnings final : public FFeedbackContext
+{
+public:
+	void Serialize(const TCHAR*, ELogVerbosity::Type, const FName&) override {}
+};
+} // namespace GraphClipboard
+
+void FEdGraphUtilities::ExportNodesToText(TSet<UObject*> NodesToExport, FString& ExportedText)
+{
+	TArray<UObject*> Nodes;
+	UObject* Scope = nullptr;
+	for (UObject* const Object : NodesToExport)
+	{
+		if (UEdGraphNode* const Node = Cast<UEdGraphNode>(Object))
+		{
+			Node->PrepareForCopying();
+			Scope = Node->GetOuter();
+			Nodes.Add(Node);
+		}
+	}
+	ExportedText = FObjectTextExport::Clipboard(Scope).ToString(Nodes);
+}
+
+void FEdGraphUtilities::ImportNodesFromText(UEdGraph* DestinationGraph, const FString& TextToImport,
+	TSet<UEdGraphNode*>& ImportedNodeSet, FFeedbackContext* Warn)
+{
+	FFeedbackContext& Warnings = Warn ? *Warn : *GWarn;
+	FObjectTextTree Tree;
+	if (!DestinationGraph || !GraphClipboard::Parse(TextToImport, Tree, Warnings))
+	{
+		return;
+	}
+	DestinationGraph->Modify();
+	FObjectTextImport Import(Warnings);
+	TArray<UEdGraphNode*> Nodes;
+	for (const FObjectTextRecord& Record : Tree.Objects)
+	{
+		UObject* const Made = Import.Create(Record, DestinationGraph,
+			[&](const FObjectTextRecord& Wanted, UObject* Outer) -> UObject*
+			{
+				if (Outer == DestinationGraph)
+				{
+					return GraphClipboard::MakeNode(Wanted, *DestinationGraph, Warnings);
+				}
+				UObject* const Inner = FObjectTextImport::DefaultFactory(Wanted, Outer);
+				if (!Inner)
+				{
+					FKeptObjectText::KeepRecord(Wanted, Outer, Warnings);
+				}
+				return Inner;
+			});
+		if (UEdGraphNode* const Node = Cast<UEdGraphNode>(Made))
+		{
+			DestinationGraph->AddNode(Node, true);
+			Nodes.Add(Node);
+			ImportedNodeSet.Add(Node);
+		}
+	}
+	Import.ImportProperties();
+	GraphClipboard::FinishNodes(Nodes, Import, nullptr);
+	GraphClipboard::FinishInnerGraphs(Import);
+	for (UEdGraphNode* const Node : Nodes)
+	{
+		Node->PostEditImport();
+		// What another compiler said about the node is not known to be true here.
+		Node->ErrorType = 0;
+		Node->ErrorMsg.Empty();
+	}
+	DestinationGraph->NotifyGraphChanged();
+}
+
+bool FEdGraphUtilities::CanImportNodesFromText(const UEdGraph* DestinationGraph, const FString& TextToImport)
+{
+	GraphClipboard::FDroppedWarnings Dropped;
+	FObjectTextTree Tree;
+	if (!DestinationGraph || !GraphClipboard::Parse(TextToImport, Tree, Dropped))
+	{
+		return false;
+	}
+	for (const FObjectTextRecord& Record : Tree.Objects)
+	{
+		const UClass* const Class = FObjectTextImport::FindClass(Record.ClassPath);
+		if (!Class || GraphClipboard::IsClassAllowed(*Class, *DestinationGraph))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
+void FEdGraphUtilities::PostProcessPastedNodes(TSet<UEdGraphNode*>& SpawnedNodes, FFeedbackContext* Warn)
+{
+	FFeedbackContext& Warnings = Warn ? *Warn : *GWarn;
+	const TArray<UEdGraphNode*> Nodes = SpawnedNodes.Array();
+	for (UEdGraphNode* const Node : Nodes)
+	{
+		PastedNodes::RepairTypes(*Node);
+		if (!PastedNodes::Settle(*Node, Warnings))
+		{
+			SpawnedNodes.Remove(Node);
+			Node->DestroyNode();
+			continue;
+		}
+		Node->PostPasteNode();
+		Node->SetFlags(RF_Transactional);
+	}
+}
