@@ -1,0 +1,100 @@
+#include "SchemaPins.h"
+
+#include "GraphBuilder.h"
+
+#include <gtest/gtest.h>
+
+namespace SchemaSplitPins
+{
+static FString NamesOf(const UEdGraphPin& Pin)
+{
+	TArray<FString> Names;
+	for (const UEdGraphPin* const SubPin : Pin.SubPins)
+	{
+		Names.Add(SubPin->PinName.ToString() + TEXT("=") + SubPin->DefaultValue);
+	}
+	return FString::Join(Names, TEXT(" "));
+}
+
+struct FRow
+{
+	const TCHAR* Type;
+	const TCHAR* Default;
+	const TCHAR* Parts;
+	/** After a part was given another value and all were put together. */
+	const TCHAR* Part;
+	const TCHAR* Value;
+	const TCHAR* Together;
+};
+
+TEST(SchemaSplitPins, DefaultsGoToThePartsAndBack)
+{
+	static const FRow Rows[] = {
+		{TEXT("s:Vector"), TEXT("1,2,3"), TEXT("In_X=1 In_Y=2 In_Z=3"), TEXT("In_Y"), TEXT("5"), TEXT("1,5,3")},
+		{TEXT("s:Rotator"), TEXT("10,20,30"), TEXT("In_Roll=30 In_Pitch=10 In_Yaw=20"), TEXT("In_Roll"), TEXT("7"),
+			TEXT("10,20,7")},
+		{TEXT("s:Vector2D"), TEXT("(X=1.000000,Y=2.000000)"), TEXT("In_X=1.000000 In_Y=2.000000"), TEXT("In_X"),
+			TEXT("4.0"), TEXT("(X=4.0,Y=2.000000)")}};
+	for (const FRow& Row : Rows)
+	{
+		SCOPED_TRACE(ToStd(Row.Type));
+		const FPinPair Pair(TEXT("int"), Row.Type);
+		Pair.Schema->TrySetDefaultValue(*Pair.Input, Row.Default);
+		ASSERT_TRUE(Pair.Schema->CanSplitStructPin(*Pair.Input));
+		Pair.Schema->SplitPin(Pair.Input);
+		EXPECT_TRUE(Pair.Input->bHidden);
+		EXPECT_EQ(NamesOf(*Pair.Input), FString(Row.Parts));
+		UEdGraphPin* const Part = Pair.InputNode->FindPin(Row.Part);
+		ASSERT_NE(Part, nullptr);
+		Pair.Schema->TrySetDefaultValue(*Part, Row.Value);
+		ASSERT_TRUE(Pair.Schema->CanRecombineStructPin(*Part));
+		Pair.Schema->RecombinePin(Part);
+		EXPECT_FALSE(Pair.Input->bHidden);
+		EXPECT_EQ(Pair.InputNode->Pins.Num(), 1);
+		EXPECT_TRUE(Pair.Input->DefaultValue.Equals(Row.Together)) << ToStd(Pair.Input->DefaultValue);
+	}
+}
+
+TEST(SchemaSplitPins, AnOutputGivesThePartsOfItsBreakFunctionBehindIt)
+{
+	const FPinPair Pair(TEXT("s:HitResult"), TEXT("s:Vector"));
+	Pair.OutputNode->CreatePin(EGPD_Output, ReadPinType(TEXT("int")), TEXT("Last"));
+	Pair.Schema->SplitPin(Pair.Output);
+	UEdGraphPin* const Location = Pair.OutputNode->FindPin(TEXT("Out_Location"));
+	ASSERT_NE(Location, nullptr);
+	EXPECT_EQ(Location->ParentPin, Pair.Output);
+	EXPECT_EQ(Location->PinFriendlyName.ToString(), FString(TEXT("Out Location")));
+	EXPECT_EQ(Pair.OutputNode->Pins[1], Pair.Output->SubPins[0]);
+	EXPECT_EQ(Pair.OutputNode->Pins.Last()->PinName, FName(TEXT("Last")));
+	EXPECT_EQ(Pair.Schema->CanCreateConnection(Location, Pair.Input).Response, CONNECT_RESPONSE_MAKE);
+
+	// The whole is not linked any more as long as it is in parts.
+	const FPinPair Whole(TEXT("s:Vector"), TEXT("s:Vector"));
+	Whole.Schema->SplitPin(Whole.Output);
+	EXPECT_EQ(Whole.Ask(), CONNECT_RESPONSE_DISALLOW);
+	EXPECT_NE(Whole.Words().find("split"), std::string::npos);
+}
+
+TEST(SchemaSplitPins, RecombiningBreaksTheLinksOfTheParts)
+{
+	const FPinPair Pair(TEXT("double"), TEXT("s:Vector"));
+	Pair.Schema->SplitPin(Pair.Input);
+	UEdGraphPin* const X = Pair.InputNode->FindPin(TEXT("In_X"));
+	ASSERT_NE(X, nullptr);
+	ASSERT_TRUE(Pair.Schema->TryCreateConnection(Pair.Output, X));
+	Pair.Schema->RecombinePin(X);
+	EXPECT_TRUE(Pair.Output->LinkedTo.IsEmpty());
+	EXPECT_TRUE(Pair.Input->SubPins.IsEmpty());
+}
+
+TEST(SchemaSplitPins, OnlyUnlinkedSingleStructsSplit)
+{
+	EXPECT_FALSE(
+		FPinPair(TEXT("int"), TEXT("int")).Schema->CanSplitStructPin(*FPinPair(TEXT("int"), TEXT("int")).Input));
+	const FPinPair Array(TEXT("int"), TEXT("s:Vector[]"));
+	EXPECT_FALSE(Array.Schema->CanSplitStructPin(*Array.Input));
+	const FPinPair Linked(TEXT("s:Vector"), TEXT("s:Vector"));
+	ASSERT_TRUE(Linked.Schema->TryCreateConnection(Linked.Output, Linked.Input));
+	EXPECT_FALSE(Linked.Schema->CanSplitStructPin(*Linked.Input));
+}
+} // namespace SchemaSplitPins
