@@ -114,7 +114,7 @@ bool Import(const UScriptStruct& Struct, const FString& Text, const FStructValue
 {
 	FFirstFault Faults;
 	const TCHAR* const End = Struct.ImportText(*Text, Value.Get(), nullptr, PPF_None, &Faults, Struct.GetName());
-	if (End && !*FString(End).TrimStart())
+	if (End && FString(End).TrimStart().IsEmpty())
 	{
 		OutFault = Faults.Fault;
 		return OutFault.IsEmpty();
