@@ -142,3 +142,5 @@ void UK2Node::AutowireNewNode(UEdGraphPin* FromPin)
 		}
 	}
 }
+
+void UK2Node::ValidateNodeDuringCompilation(FCompilerResultsLog&) const {}
