@@ -22,6 +22,10 @@ bool FSafeAssetLoader::AssetExistsInRegistry(const FString& Path)
 	}
 	const FString ObjectPath = FPackageName::ExportTextPathToObjectPath(Path.TrimStartAndEnd());
 	const FString PackageName = FPackageName::ObjectPathToPackageName(ObjectPath);
+	if (FPackageName::IsScriptPackage(PackageName))
+	{
+		return false; // classes in memory are no assets
+	}
 	const FAssetRegistryModule& Module = FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry"));
 	TArray<FAssetData> Assets;
 	return Module.Get().GetAssetsByPackageName(FName(*PackageName), Assets);

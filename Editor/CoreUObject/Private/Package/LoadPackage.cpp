@@ -1,6 +1,7 @@
 #include "UObject/PackageText.h"
 
 #include "Misc/FeedbackContext.h"
+#include "Misc/OutputDeviceRedirector.h"
 #include "Misc/PackageName.h"
 #include "Misc/PathConfinement.h"
 #include "Package/AtomicFile.h"
@@ -497,9 +498,11 @@ UPackage* Load(const FString& PackageName, uint32 LoadFlags)
 		Errors().erase(ErrorKey(PackageName));
 		return Package;
 	}
-	// A caller that tries several kinds of asset asks for the same file again; once told is enough.
+	// A caller that tries several kinds of asset asks for the same file again; once told is enough, unless somebody
+	// listens just now.
 	FString& LastError = Errors()[ErrorKey(PackageName)];
-	const bool bTold = LastError.Equals(Error, ESearchCase::CaseSensitive);
+	const bool bTold =
+		LastError.Equals(Error, ESearchCase::CaseSensitive) && !FOutputDeviceRedirector::Get()->HasOutputDevices();
 	LastError = Error;
 	if (bMissing)
 	{
