@@ -8,10 +8,13 @@
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "Kismet2/BlueprintEditorUtils.h"
+#include "Testing/EditorFaults.h"
 #include "ToolResults.h"
 #include "Utils/FunctionGraphs.h"
 
+using testing::AllOf;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
@@ -21,6 +24,11 @@ namespace CreateGraphTest
 /** One saved Blueprint and calls of the tool on it. */
 struct FCreating
 {
+	explicit FCreating(const TCHAR* ParentPath = nullptr)
+		: Blueprint(ParentPath)
+	{
+	}
+
 	FBlueprintBuilder Blueprint;
 	Morvane::FToolResult Result = MakeResult();
 
@@ -168,6 +176,64 @@ TEST(CreateGraph, AParentEventBecomesAnEventAndNoFunction)
 	Events.Empty();
 	Case.Blueprint.EventGraph().Get()->GetNodesOfClass(Events);
 	EXPECT_EQ(Events.Num(), NumEvents);
+}
+
+TEST(CreateGraph, AParentFunctionWithAResultIsOverriddenWithTheParentsPins)
+{
+	FCreating Case(TEXT("/Script/Engine.GameModeBase"));
+	Case.Create(R"([{"name":"CanSpectate","return_type":{"category":"bool"},"parameters":[
+		{"name":"Viewer","type":{"category":"object","sub_category_object":"/Script/Engine.PlayerController"}}]}])");
+	EXPECT_THAT(Errors(Case.Result), IsEmpty());
+	EXPECT_EQ(Successes(Case.Result)[0], "Overriding function: CanSpectate in parent class: GameModeBase");
+	UEdGraph* const Graph = Case.Graph(TEXT("CanSpectate"));
+	UK2Node_FunctionEntry* const Entry = FBlueprintGraphUtils::FindFunctionEntry(Graph);
+	ASSERT_NE(Entry, nullptr);
+	EXPECT_FALSE(Entry->bIsEditable) << "not created by a user";
+	EXPECT_THAT(PinNames(Entry, EGPD_Output), ElementsAre("Viewer", "ViewTarget"));
+	ASSERT_NE(FBlueprintGraphUtils::FindFunctionResult(Graph), nullptr);
+	EXPECT_THAT(PinNames(FBlueprintGraphUtils::FindFunctionResult(Graph), EGPD_Input), ElementsAre("ReturnValue"));
+	EXPECT_TRUE(Case.Blueprint.Compiles());
+}
+
+TEST(CreateGraph, WhatItMakesCompiles)
+{
+	FCreating Case;
+	Case.Create(R"([{"name":"Heal","return_type":{"category":"real","sub_category":"double"},"parameters":[
+			{"name":"Amount","type":{"category":"float"}},{"name":"Tags","type":{"category":"name","container":"array"}}]},
+		{"name":"OnHit","is_delegate":true},{"name":"ReceiveDestroyed"}])");
+	EXPECT_THAT(Errors(Case.Result), IsEmpty());
+	EXPECT_TRUE(Case.Blueprint.Compiles());
+	const UFunction* const Heal = Case.Blueprint->GeneratedClass->FindFunctionByName(TEXT("Heal"));
+	ASSERT_NE(Heal, nullptr);
+	EXPECT_NE(Heal->GetReturnProperty(), nullptr);
+	EXPECT_NE(Heal->FindPropertyByName(TEXT("Tags")), nullptr);
+}
+
+TEST(CreateGraph, AFailedSaveIsNoSuccessAndFinalisesNothing)
+{
+	FCreating Case;
+	{
+		const EditorFaults::FFailSaves Fault(TEXT("the disk is full"));
+		Case.Create(R"([{"name":"Heal"}])");
+	}
+	EXPECT_FALSE(Errors(Case.Result).empty());
+	EXPECT_THAT(Successes(Case.Result), ElementsAre(StartsWith("Created new function graph: Heal")));
+	ASSERT_EQ(Case.Result.GetModifications().Num(), 1);
+	EXPECT_TRUE(Case.Result.GetModifications()[0].Content.IsEmpty());
+	EXPECT_NE(Case.Graph(TEXT("Heal")), nullptr) << "there is no undo";
+}
+
+TEST(CreateGraph, SourceControlThatTakesNoFileIsAWarning)
+{
+	FCreating Case;
+	const EditorFaults::FRefuseMarkForAdd Fault(TEXT("no room"));
+	Case.Create(R"([{"name":"Heal"}])");
+	EXPECT_THAT(Errors(Case.Result), IsEmpty());
+	ASSERT_EQ(Warnings(Case.Result).size(), 1u);
+	EXPECT_THAT(Warnings(Case.Result)[0],
+		AllOf(StartsWith("Blueprint modified successfully, but could not add to source control:\n"),
+			HasSubstr("no room"), EndsWith("\nPlease manually add the asset in your source control client.")));
+	EXPECT_FALSE(Case.Result.GetModifications()[0].Content.IsEmpty()) << "finalised all the same";
 }
 
 TEST(CreateGraph, AnEventGraphKeepsItsName)

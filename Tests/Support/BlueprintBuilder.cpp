@@ -2,9 +2,10 @@
 
 #include "Boot/EditorModules.h"
 #include "EdGraphSchema_K2.h"
-#include "GameFramework/Actor.h"
 #include "Kismet2/BlueprintEditorUtils.h"
+#include "Kismet2/CompilerResultsLog.h"
 #include "Kismet2/KismetEditorUtilities.h"
+#include "Logging/TokenizedMessage.h"
 #include "Misc/PackageName.h"
 #include "Projects/Project.h"
 #include "UObject/Package.h"
@@ -12,13 +13,16 @@
 
 #include <gtest/gtest.h>
 
-FBlueprintBuilder::FBlueprintBuilder(UClass* ParentClass)
+#include <iostream>
+
+FBlueprintBuilder::FBlueprintBuilder(const TCHAR* ParentPath)
 {
 	EditorModules::StartTools();
 	EditorModules::StartEditor();
 	FString Error;
 	EXPECT_TRUE(FProject::Open(Project.Get(), Error)) << ToStd(Error);
-	UClass* const Parent = ParentClass ? ParentClass : AActor::StaticClass();
+	UClass* const Parent = FindObject<UClass>(nullptr, ParentPath ? ParentPath : TEXT("/Script/Engine.Actor"));
+	EXPECT_NE(Parent, nullptr);
 	UPackage* const Package = CreatePackage(TEXT("/Game/Tests/BP_Test"));
 	Blueprint = FKismetEditorUtilities::CreateBlueprint(Parent, Package, TEXT("BP_Test"), BPTYPE_Normal);
 	EXPECT_TRUE(Save());
@@ -63,6 +67,20 @@ bool FBlueprintBuilder::Save() const
 	Args.TopLevelFlags = static_cast<EObjectFlags>(RF_Public | RF_Standalone);
 	const FString Filename = FPackageName::LongPackageNameToFilename(Path(), FPackageName::GetAssetPackageExtension());
 	return UPackage::Save(Blueprint->GetOutermost(), Blueprint, *Filename, Args).IsSuccessful();
+}
+
+bool FBlueprintBuilder::Compiles() const
+{
+	FCompilerResultsLog Log;
+	FKismetEditorUtilities::CompileBlueprint(Blueprint, EBlueprintCompileOptions::None, &Log);
+	for (const TSharedRef<FTokenizedMessage>& Message : Log.Messages)
+	{
+		if (Message->GetSeverity() == EMessageSeverity::Error)
+		{
+			std::cerr << ToStd(Message->ToText().ToString()) << '\n';
+		}
+	}
+	return Log.NumErrors == 0;
 }
 
 UBlueprint* FBlueprintBuilder::Reload()

@@ -12,7 +12,8 @@
 class FBlueprintBuilder
 {
 public:
-	explicit FBlueprintBuilder(UClass* ParentClass = nullptr);
+	/** The parent by its class path; null for an Actor. */
+	explicit FBlueprintBuilder(const TCHAR* ParentPath = nullptr);
 	~FBlueprintBuilder();
 
 	UBlueprint* Get() const { return Blueprint; }
@@ -27,6 +28,8 @@ public:
 	void AddVariable(const TCHAR* Name, const FEdGraphPinType& Type) const;
 	/** False when the save failed. */
 	bool Save() const;
+	/** Compiles, prints what the compiler says when it is an error, and answers whether there was none. */
+	bool Compiles() const;
 	/** Drops everything from memory and reads the Blueprint again, to see what the file holds. Null when there is none.
 	 */
 	UBlueprint* Reload();
