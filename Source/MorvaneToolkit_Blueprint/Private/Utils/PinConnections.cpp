@@ -43,11 +43,12 @@ const TArray<FString>* FindAliases(const FString& Requested)
 	return nullptr;
 }
 
+/** Names compare ignoring case, as FName does. */
 UEdGraphPin* FindPin(const UEdGraphNode& Node, const FString& PinName, EEdGraphPinDirection Direction)
 {
 	for (UEdGraphPin* const Pin : Node.Pins)
 	{
-		if (Pin && Pin->Direction == Direction && Pin->GetName().Equals(PinName, ESearchCase::IgnoreCase))
+		if (Pin && Pin->Direction == Direction && Pin->PinName == *PinName)
 		{
 			return Pin;
 		}
