@@ -56,7 +56,14 @@ private:
 		FActionList Actions;
 	};
 
+	struct FAssetEntry
+	{
+		FString Path;
+		FActionList Actions;
+	};
+
 	void BuildCatalogue();
+	void UpdateAssets();
 	void UpdateBlueprints();
 
 	FActionList NodeActions;
@@ -64,6 +71,8 @@ private:
 	FActionList ProjectActions;
 	/** In the order of the assets' paths. */
 	TArray<FBlueprintEntry> Blueprints;
+	/** Of assets that are not in memory or are no Blueprints, in the registry's order. */
+	TArray<FAssetEntry> Assets;
 	uint32 CatalogueGeneration = 0;
 	bool bBuilt = false;
 };

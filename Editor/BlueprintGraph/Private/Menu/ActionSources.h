@@ -6,6 +6,7 @@
 class UBlueprint;
 class UEnum;
 class UScriptStruct;
+struct FAssetData;
 
 /** Where the actions of the database come from. Each function appends to the list, in an order that does not change
  * from run to run. */
@@ -27,6 +28,8 @@ void AddStruct(UScriptStruct& Struct, FActionList& Out);
 void AddEnum(UEnum& Enum, FActionList& Out);
 /** Members, casts, macros, component events and local variables of a Blueprint. */
 void AddBlueprint(UBlueprint& Blueprint, FActionList& Out);
+/** What the registry alone can offer of an asset: a cast to a Blueprint, the event of an input action. */
+void AddAsset(const FAssetData& Asset, FActionList& Out);
 /** A number that changes when what AddBlueprint would say changes. */
 uint32 GetFingerprint(const UBlueprint& Blueprint);
 } // namespace ActionSources

@@ -1,5 +1,6 @@
 #include "BlueprintActionDatabase.h"
 
+#include "AssetRegistry/IAssetRegistry.h"
 #include "Engine/Blueprint.h"
 #include "Menu/ActionSources.h"
 #include "UObject/Catalogue.h"
@@ -74,6 +75,20 @@ void LoadMacroLibraries()
 	}
 }
 
+/** Assets that the registry alone speaks for. */
+TArray<FAssetData> ListAssets()
+{
+	TArray<FAssetData> Listed;
+	if (const IAssetRegistry* const Registry = IAssetRegistry::Get())
+	{
+		TArray<FAssetData> Blueprints;
+		Registry->GetAssetsByClass(FTopLevelAssetPath(TEXT("/Script/Engine"), TEXT("Blueprint")), Blueprints, true);
+		Listed = Blueprints.FilterByPredicate([](const FAssetData& Asset) { return !Asset.IsAssetLoaded(); });
+		Registry->GetAssetsByClass(FTopLevelAssetPath(TEXT("/Script/EnhancedInput"), TEXT("InputAction")), Listed);
+	}
+	return Listed;
+}
+
 bool Lasts(const UBlueprint& Blueprint)
 {
 	return IsValid(&Blueprint) && !Blueprint.bBeingCompiled
@@ -142,10 +157,35 @@ void FBlueprintActionDatabase::UpdateBlueprints()
 	Blueprints = MoveTemp(Updated);
 }
 
+void FBlueprintActionDatabase::UpdateAssets()
+{
+	TMap<FString, int32> Standing;
+	for (int32 Index = 0; Index < Assets.Num(); ++Index)
+	{
+		Standing.Add(Assets[Index].Path, Index);
+	}
+	TArray<FAssetEntry> Updated;
+	for (const FAssetData& Asset : ActionDatabase::ListAssets())
+	{
+		FString Path = Asset.GetObjectPathString();
+		const int32* const Index = Standing.Find(Path);
+		if (Index && !Assets[*Index].Path.IsEmpty())
+		{
+			Updated.Add(MoveTemp(Assets[*Index]));
+			continue;
+		}
+		FAssetEntry& Entry = Updated.AddDefaulted_GetRef();
+		Entry.Path = MoveTemp(Path);
+		ActionSources::AddAsset(Asset, Entry.Actions);
+	}
+	Assets = MoveTemp(Updated);
+}
+
 void FBlueprintActionDatabase::Update()
 {
 	BuildCatalogue();
 	UpdateBlueprints();
+	UpdateAssets();
 }
 
 void FBlueprintActionDatabase::ForEachAction(TFunctionRef<void(const FBlueprintAction&)> Visit)
@@ -163,6 +203,10 @@ void FBlueprintActionDatabase::ForEachAction(TFunctionRef<void(const FBlueprintA
 	{
 		VisitList(Entry.Actions);
 	}
+	for (const FAssetEntry& Entry : Assets)
+	{
+		VisitList(Entry.Actions);
+	}
 	VisitList(EngineActions);
 	VisitList(ProjectActions);
 }
@@ -171,6 +215,10 @@ int32 FBlueprintActionDatabase::Num() const
 {
 	int32 Count = NodeActions.Num() + EngineActions.Num() + ProjectActions.Num();
 	for (const FBlueprintEntry& Entry : Blueprints)
+	{
+		Count += Entry.Actions.Num();
+	}
+	for (const FAssetEntry& Entry : Assets)
 	{
 		Count += Entry.Actions.Num();
 	}
@@ -188,5 +236,6 @@ void FBlueprintActionDatabase::RefreshAll()
 	EngineActions.Empty();
 	ProjectActions.Empty();
 	Blueprints.Empty();
+	Assets.Empty();
 	bBuilt = false;
 }

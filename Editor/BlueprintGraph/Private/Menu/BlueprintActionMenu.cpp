@@ -90,6 +90,11 @@ bool FitsGraph(const UClass& NodeClass, const FAudience& Audience)
 
 bool IsFor(const FBlueprintAction& Action, const FAudience& Audience)
 {
+	// A menu for nobody lists everything there is.
+	if (!Audience.Blueprint && !Audience.Graph)
+	{
+		return true;
+	}
 	const bool bOthers = (Action.OnlyInBlueprint && Action.OnlyInBlueprint != Audience.Blueprint)
 		|| (Action.OnlyInGraph && Action.OnlyInGraph != Audience.Graph);
 	if (bOthers || (Action.bIsLatent && Audience.GraphType == GT_Function))
