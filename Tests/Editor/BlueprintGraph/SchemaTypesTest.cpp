@@ -314,6 +314,21 @@ TEST(SchemaTypes, ARefusalNamesBothTypes)
 	EXPECT_EQ(Conversion, "Convert Integer to String");
 }
 
+TEST(SchemaTypes, TypesReadAsTheEditorSaysThem)
+{
+	static const TPair<const TCHAR*, const char*> Texts[] = {{TEXT("o:Object"), "Object Reference"},
+		{TEXT("o:KismetStringLibrary"), "Kismet String Library Object Reference"}, {TEXT("int"), "Integer"},
+		{TEXT("float"), "Float (single-precision)"}, {TEXT("double"), "Float (double-precision)"},
+		{TEXT("text&"), "Text (by ref)"}, {TEXT("s:LinearColor"), "Linear Color Structure"},
+		{TEXT("e:EAppReturnType"), "EAppReturnType Enum"}, {TEXT("c:Actor"), "Actor Class Reference"},
+		{TEXT("so:Actor"), "Actor Soft Object Reference"}, {TEXT("int->string"), "Map of Integers to Strings"}};
+	for (const TPair<const TCHAR*, const char*>& Row : Texts)
+	{
+		const FPinPair Pair(TEXT("int"), Row.Key);
+		EXPECT_EQ(ToStd(UEdGraphSchema_K2::TypeToText(Pair.Input->PinType).ToString()), Row.Value);
+	}
+}
+
 TEST(SchemaTypes, EquivalenceIsNarrowerThanCompatibility)
 {
 	const UEdGraphSchema_K2* const Schema = FPinPair(TEXT("int"), TEXT("int")).Schema;

@@ -252,17 +252,22 @@ FText UEdGraphSchema_K2::TerminalTypeToText(
 	{
 		return FText::FromString(TEXT("Self Reference"));
 	}
-	if (SubCategoryObject && Category != PC_Byte && SchemaTypes::IsReferenceCategory(Category))
+	// Of the root class every object is one, so only the kind of reference is told.
+	if (SubCategoryObject && SubCategoryObject != UObject::StaticClass() && SchemaTypes::IsReferenceCategory(Category))
 	{
 		const UField* const Field = Cast<UField>(SubCategoryObject);
 		const FString Name = Field ? Field->GetDisplayNameText().ToString() : SubCategoryObject->GetName();
 		return FText::FromString(Name + TEXT(" ") + SchemaTypes::ReferenceSuffix(Category, bIsWeakPtr));
 	}
-	if (SubCategoryObject && (Category == PC_Struct || Category == PC_Byte || Category == PC_Enum))
+	if (SubCategoryObject && Category == PC_Struct)
 	{
 		const UField* const Field = Cast<UField>(SubCategoryObject);
 		const FString Name = Field ? Field->GetDisplayNameText().ToString() : SubCategoryObject->GetName();
-		return FText::FromString(Category == PC_Struct ? Name + TEXT(" Structure") : Name + TEXT(" Enum"));
+		return FText::FromString(Name + TEXT(" Structure"));
+	}
+	if (SubCategoryObject && (Category == PC_Byte || Category == PC_Enum))
+	{
+		return FText::FromString(SubCategoryObject->GetName() + TEXT(" Enum"));
 	}
 	return GetCategoryText(Category, SubCategory);
 }
