@@ -205,6 +205,10 @@ public:
 			return FAssetData();
 		}
 		const FAssetData Asset = FindInPackage(ObjectPath.GetLongPackageFName(), bIncludeOnlyOnDiskAssets);
+		if (!Asset.IsValid())
+		{
+			FPackageText::NoteWhyUnknown(ObjectPath.GetLongPackageName());
+		}
 		return Asset.AssetName == ObjectPath.GetAssetPath().GetAssetName() ? Asset : FAssetData();
 	}
 

@@ -533,6 +533,18 @@ FString FPackageText::GetLastLoadError(const FString& LongPackageName)
 	return Found == PackageLoading::Errors().end() ? FString() : Found->second;
 }
 
+void FPackageText::NoteWhyUnknown(const FString& LongPackageName)
+{
+	FString Error;
+	FHeader Header;
+	bool bMissing = false;
+	const FString Filename = PackageLoading::FindFile(LongPackageName, Error, bMissing);
+	if (!bMissing && (Filename.IsEmpty() || !ReadHeader(Filename, Header, Error)))
+	{
+		PackageFile::NoteProblem(Error);
+	}
+}
+
 UPackage* FPackageText::LoadFromBytes(std::string Bytes, const FString& Filename, FString& OutError)
 {
 	return PackageLoading::RunLoad(

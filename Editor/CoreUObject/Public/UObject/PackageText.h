@@ -69,6 +69,8 @@ public:
 	 * answer.
 	 */
 	static TArray<FString> TakeProblems();
+	/** Keeps for TakeProblems why a package that nobody knows is none although a file stands in its place. */
+	static void NoteWhyUnknown(const FString& LongPackageName);
 
 	/** Tells the object system to read packages from files. Start-up calls it once; more calls do nothing. */
 	static void RegisterLoader();
