@@ -12,7 +12,7 @@
 
 namespace DemoCommandPrivate
 {
-constexpr size_t MaxShownLines = 24;
+constexpr size_t MaxShownLines = 12;
 
 /** A folder that is gone with the demonstration. */
 class FTemporaryFolder

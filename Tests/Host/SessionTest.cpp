@@ -1,5 +1,7 @@
 #include <csignal>
 
+#include <sys/mount.h>
+
 #include <gtest/gtest.h>
 
 #include "Dom/JsonObject.h"
@@ -152,20 +154,51 @@ TEST(Session, FailedCallWritesNothing)
 	EXPECT_FALSE(Project.Exists("Content"));
 }
 
-TEST(Session, ReadOnlyPlaceMakesTheCallAFailure)
+TEST(Session, AssetThatCannotBeWrittenMakesTheCallAFailureAndIsNamedAtTheEnd)
 {
-	if (geteuid() == 0)
-	{
-		GTEST_SKIP() << "nothing is read-only for root";
-	}
 	const FTemporaryFolder Project;
-	Project.Write("Content/keep", "");
-	chmod((Project.Path() / "Content").c_str(), 0555);
+	Project.Write("Content", "a file where a folder should be");
 	const FProcessResult Run = SessionTest::Call(Project, "bp_create_asset", SessionTest::Door);
-	chmod((Project.Path() / "Content").c_str(), 0755);
 	EXPECT_EQ(Run.Status, 1) << Run.Output;
-	EXPECT_NE(SessionTest::ErrorsOf(Run.Output), "");
-	EXPECT_NE(Run.Errors.find("/Game/Doors/BP_Door"), std::string::npos) << Run.Errors;
+	EXPECT_EQ(SessionTest::ErrorsOf(Run.Output).find("Failed to save asset '/Game/Doors/BP_Door': "), 0u) << Run.Output;
+	EXPECT_NE(Run.Errors.find("Not saved and lost: /Game/Doors/BP_Door"), std::string::npos) << Run.Errors;
+	EXPECT_EQ(Project.Read("Content"), "a file where a folder should be");
+}
+
+TEST(Session, FullDiskLosesTheNewAssetOnly)
+{
+	const FTemporaryFolder Project;
+	if (mount("none", Project.Path().c_str(), "tmpfs", 0, "size=64k") != 0)
+	{
+		GTEST_SKIP() << "needs the right to mount a file system";
+	}
+	const FProcessResult First = SessionTest::Call(Project, "bp_create_asset", SessionTest::Door);
+	EXPECT_EQ(First.Status, 0) << First.Output;
+	const std::string Before = Project.Read(SessionTest::DoorFile);
+	std::string Filler(64u << 10, 'x');
+	while (!Filler.empty() && Project.Read("filler").size() != Filler.size())
+	{
+		Project.Write("filler", Filler);
+		Filler.resize(Filler.size() - 4096);
+	}
+	const FProcessResult Second = SessionTest::Call(Project, "bp_create_asset",
+		R"({"path":"/Game/BP_Other","blueprint_parent_class":{"type":"blueprint","parent_path":"BP_Door"}})");
+	EXPECT_EQ(Second.Status, 1) << Second.Output;
+	EXPECT_NE(SessionTest::ErrorsOf(Second.Output).find("No space left"), std::string::npos) << Second.Output;
+	EXPECT_FALSE(Project.Exists("Content/BP_Other.uatext"));
+	EXPECT_EQ(Project.Read(SessionTest::DoorFile), Before);
+	EXPECT_EQ(umount(Project.Path().c_str()), 0);
+}
+
+TEST(Session, DamagedFileIsExplainedAndLeftAlone)
+{
+	const FTemporaryFolder Project;
+	Project.Write(SessionTest::DoorFile, "uatext 1\nChecksum=0\n");
+	const FProcessResult Read = SessionTest::Call(
+		Project, "read_blueprint_variable", R"({"path":"/Game/Doors/BP_Door","variable_name":"X"})");
+	EXPECT_EQ(Read.Status, 1) << Read.Output;
+	EXPECT_NE(Read.Output.find("BP_Door.uatext"), std::string::npos) << Read.Output;
+	EXPECT_EQ(Project.Read(SessionTest::DoorFile), "uatext 1\nChecksum=0\n");
 }
 
 TEST(Session, ServerStartsWithoutTouchingTheProject)
