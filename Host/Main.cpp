@@ -1,13 +1,8 @@
-#include <string>
-#include <vector>
-
 #include "Boot/EditorSession.h"
 #include "Cli/CommandLine.h"
-#include "Server/ResultOutput.h"
 
-int main(int ArgumentCount, char** Arguments)
+int main(int NumWords, char** Words)
 {
 	const FResultOutput Output;
-	const std::vector<std::string> Words(Arguments + 1, Arguments + ArgumentCount);
-	return RunCommandLine(Words, Output, &MakeEditorSession);
+	return RunCommandLine(std::vector<std::string>(Words + 1, Words + NumWords), Output, &MakeEditorSession);
 }
