@@ -31,7 +31,7 @@ public:
 	FName CustomGeneratedFunctionName;
 	FKismetUserDeclaredFunctionMetadata MetaData;
 	TArray<FBPVariableDescription> LocalVariables;
-	bool bEnforceConstCorrectness = false;
+	bool bEnforceConstCorrectness = true;
 	int32 ExtraFlags = 0;
 
 protected:

@@ -633,8 +633,16 @@ private:
 			return;
 		}
 		const FString Terminated(Value);
-		if (!Property->ImportText_Direct(*Terminated, Data, Parent, PPF_Delimited, ErrorText))
+		FStringOutputDevice Complaints;
+		const bool bRead = Property->ImportText_Direct(*Terminated, Data, Parent, PPF_Delimited, &Complaints)
+			!= nullptr;
+		// A struct goes on after a member that it cannot read; the whole text is kept for that member's sake.
+		if (!bRead || !Complaints.IsEmpty())
 		{
+			if (ErrorText)
+			{
+				ErrorText->Logf(TEXT("pin '%s': %s"), *Pin.PinName.ToString(), *Complaints);
+			}
 			UEdGraphPin::FKeptField& Field = Pin.KeptFields.Add_GetRef({FString(Key), Terminated, FString()});
 			Property->ExportTextItem_Direct(Field.TextAfter, Data, nullptr, Parent, PPF_Delimited);
 			if (Field.TextAfter.IsEmpty())

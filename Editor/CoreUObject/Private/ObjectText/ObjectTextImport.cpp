@@ -218,7 +218,9 @@ void FObjectTextImport::ImportProperty(UObject* Object, const FObjectTextLine& L
 	Text.clear();
 	FUTF8::AppendLossy(Text, bLook ? RedirectReferences(Line.Value) : Line.Value);
 	ObjectTextImporting::FReasonDevice Reason;
-	if (!Property->ImportText_Direct(Text.c_str(), Value, Object, PPF_Delimited, &Reason))
+	const bool bRead = Property->ImportText_Direct(Text.c_str(), Value, Object, PPF_Delimited, &Reason) != nullptr;
+	// A struct goes on after a member that it cannot read; the whole text is kept for that member's sake.
+	if (!bRead || !Reason.Reason.IsEmpty())
 	{
 		FKeptObjectText::FUnread& Kept = FKeptObjectText::FindOrAdd(Object).Unread.emplace_back();
 		Kept.Property = FName(Line.Name);

@@ -91,7 +91,9 @@ bool SettleEntry(UK2Node_FunctionEntry& Pasted, FFeedbackContext& Warn)
 	Pasted.GetGraph()->GetNodesOfClass(Entries);
 	UK2Node_FunctionEntry* const* const Found = Entries.FindByPredicate(
 		[&Pasted](const UK2Node_FunctionEntry* Entry) { return Entry != &Pasted; });
-	if (!Found)
+	const UEdGraphSchema* const Schema = Pasted.GetSchema();
+	// Elsewhere an entry stands for nothing; the compile says so.
+	if (!Found || !Schema || Schema->GetGraphType(Pasted.GetGraph()) != GT_Function)
 	{
 		return true;
 	}
