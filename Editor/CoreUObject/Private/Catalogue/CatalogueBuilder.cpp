@@ -169,7 +169,10 @@ FRange FImageBuilder::AddFunctions(const FSourceOwner& Owner)
 		Record.Flags = Source.Flags;
 		Record.Params = AddProperties(Source.Params, "");
 		Record.Display = AddText(Source.Display);
-		Record.Category = AddText(Source.Category.empty() ? Owner.Category : Source.Category);
+		// Events stand together in menus unless they name a category themselves.
+		const bool bEventOnly =
+			(Source.Flags & (Function_Event | Function_NativeEvent)) != 0 && (Source.Flags & Function_Callable) == 0;
+		Record.Category = AddText(Source.Category.empty() && !bEventOnly ? Owner.Category : Source.Category);
 		Record.Compact = AddText(Source.Compact);
 		Record.Keywords = AddText(Source.Keywords);
 		Record.WorldContext = AddText(Source.WorldContext);
