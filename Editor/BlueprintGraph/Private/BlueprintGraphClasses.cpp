@@ -12,6 +12,7 @@
 #include "K2Node_CallParentFunction.h"
 #include "K2Node_ClassDynamicCast.h"
 #include "K2Node_ClearDelegate.h"
+#include "K2Node_CommutativeAssociativeBinaryOperator.h"
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_Composite.h"
 #include "K2Node_CreateDelegate.h"
@@ -23,8 +24,10 @@
 #include "K2Node_Knot.h"
 #include "K2Node_Literal.h"
 #include "K2Node_MacroInstance.h"
+#include "K2Node_PromotableOperator.h"
 #include "K2Node_RemoveDelegate.h"
 #include "K2Node_Self.h"
+#include "K2Node_Timeline.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
 #include "UObject/NativeClass.h"
@@ -46,7 +49,8 @@ void RegisterBlueprintGraphClasses()
 		&UK2Node_IfThenElse::StaticClass, &UK2Node_ExecutionSequence::StaticClass, &UK2Node_Literal::StaticClass,
 		&UK2Node_CreateDelegate::StaticClass, &UK2Node_BaseMCDelegate::StaticClass, &UK2Node_AddDelegate::StaticClass,
 		&UK2Node_RemoveDelegate::StaticClass, &UK2Node_ClearDelegate::StaticClass, &UK2Node_CallDelegate::StaticClass,
-		&UK2Node_AssignDelegate::StaticClass});
+		&UK2Node_AssignDelegate::StaticClass, &UK2Node_CommutativeAssociativeBinaryOperator::StaticClass,
+		&UK2Node_PromotableOperator::StaticClass, &UK2Node_Timeline::StaticClass});
 	FUserPinInfo::StaticStruct();
 	FKismetUserDeclaredFunctionMetadata::StaticStruct();
 	FOptionalPinFromProperty::StaticStruct();

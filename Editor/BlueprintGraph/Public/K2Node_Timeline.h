@@ -5,28 +5,39 @@
 
 class UTimelineTemplate;
 
-/** A timeline of the Blueprint as a node: what controls it, what it raises, and one output for each track. */
+/** A timeline of the Blueprint: its controls and its tracks. */
 class UK2Node_Timeline : public UK2Node
 {
 	EDITOR_CLASS(UK2Node_Timeline, UK2Node)
 
 public:
-	/** The template that the Blueprint holds under the node's timeline name; null when it is gone. */
+	UEdGraphPin* GetPlayPin() const;
+	UEdGraphPin* GetPlayFromStartPin() const;
+	UEdGraphPin* GetStopPin() const;
+	UEdGraphPin* GetUpdatePin() const;
+	UEdGraphPin* GetReversePin() const;
+	UEdGraphPin* GetReverseFromEndPin() const;
+	UEdGraphPin* GetFinishedPin() const;
+	UEdGraphPin* GetNewTimePin() const;
+	UEdGraphPin* GetSetNewTimePin() const;
+	UEdGraphPin* GetDirectionPin() const;
+	UEdGraphPin* GetTrackPin(const FName TrackName) const { return FindPin(TrackName, EGPD_Output); }
+	/** The timeline's settings and tracks; null when they are gone. */
 	UTimelineTemplate* GetTimelineTemplate() const;
-	UEdGraphPin* GetPlayPin() const { return FindPin(TEXT("Play")); }
-	UEdGraphPin* GetUpdatePin() const { return FindPin(TEXT("Update")); }
-	UEdGraphPin* GetFinishedPin() const { return FindPin(TEXT("Finished")); }
-	UEdGraphPin* GetDirectionPin() const { return FindPin(TEXT("Direction")); }
+	/** Gives node and template another name; false when that is taken. */
+	bool RenameTimeline(const FString& NewName);
 
 	void AllocateDefaultPins() override;
-	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
+	void PostPasteNode() override;
+	void PostPlacedNewNode() override;
+	void OnRenameNode(const FString& NewName) override;
+	bool NodeCausesStructuralBlueprintChange() const override { return true; }
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	FText GetMenuCategory() const override;
-	bool NodeCausesStructuralBlueprintChange() const override { return true; }
-	bool IsCompatibleWithGraph(const UEdGraph* TargetGraph) const override;
-	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
+	bool IsCompatibleWithGraph(const UEdGraph* Graph) const override;
 	void GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const override;
+	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
 
 	FName TimelineName;
 	FGuid TimelineGuid;
@@ -34,4 +45,7 @@ public:
 	bool bLoop = false;
 	bool bReplicated = false;
 	bool bIgnoreTimeDilation = false;
+
+private:
+	void CreateTrackPins(const UTimelineTemplate& Timeline);
 };

@@ -2,10 +2,10 @@
 
 #include "BlueprintActionDatabaseRegistrar.h"
 #include "EdGraph/EdGraph.h"
+#include "EdGraph/EdGraphSchema.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Engine/TimelineTemplate.h"
-#include "GameFramework/Actor.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "UObject/NativeClass.h"
 
@@ -14,11 +14,75 @@ IMPLEMENT_EDITOR_CLASS(UK2Node_Timeline, "/Script/BlueprintGraph", CLASS_None)
 void UK2Node_Timeline::DescribeClass(FClassDescriber& Class)
 {
 	Class.Property(TEXT("TimelineName"), &UK2Node_Timeline::TimelineName);
+	Class.Property(TEXT("TimelineGuid"), &UK2Node_Timeline::TimelineGuid);
 	Class.Property(TEXT("bAutoPlay"), &UK2Node_Timeline::bAutoPlay);
 	Class.Property(TEXT("bLoop"), &UK2Node_Timeline::bLoop);
 	Class.Property(TEXT("bReplicated"), &UK2Node_Timeline::bReplicated);
 	Class.Property(TEXT("bIgnoreTimeDilation"), &UK2Node_Timeline::bIgnoreTimeDilation);
-	Class.Property(TEXT("TimelineGuid"), &UK2Node_Timeline::TimelineGuid);
+}
+
+namespace TimelineNodes
+{
+const FName Play(TEXT("Play"));
+const FName PlayFromStart(TEXT("PlayFromStart"));
+const FName Stop(TEXT("Stop"));
+const FName Reverse(TEXT("Reverse"));
+const FName ReverseFromEnd(TEXT("ReverseFromEnd"));
+const FName Update(TEXT("Update"));
+const FName Finished(TEXT("Finished"));
+const FName SetNewTime(TEXT("SetNewTime"));
+const FName NewTime(TEXT("NewTime"));
+const FName Direction(TEXT("Direction"));
+} // namespace TimelineNodes
+
+UEdGraphPin* UK2Node_Timeline::GetPlayPin() const
+{
+	return FindPin(TimelineNodes::Play);
+}
+
+UEdGraphPin* UK2Node_Timeline::GetPlayFromStartPin() const
+{
+	return FindPin(TimelineNodes::PlayFromStart);
+}
+
+UEdGraphPin* UK2Node_Timeline::GetStopPin() const
+{
+	return FindPin(TimelineNodes::Stop);
+}
+
+UEdGraphPin* UK2Node_Timeline::GetUpdatePin() const
+{
+	return FindPin(TimelineNodes::Update);
+}
+
+UEdGraphPin* UK2Node_Timeline::GetReversePin() const
+{
+	return FindPin(TimelineNodes::Reverse);
+}
+
+UEdGraphPin* UK2Node_Timeline::GetReverseFromEndPin() const
+{
+	return FindPin(TimelineNodes::ReverseFromEnd);
+}
+
+UEdGraphPin* UK2Node_Timeline::GetFinishedPin() const
+{
+	return FindPin(TimelineNodes::Finished);
+}
+
+UEdGraphPin* UK2Node_Timeline::GetNewTimePin() const
+{
+	return FindPin(TimelineNodes::NewTime);
+}
+
+UEdGraphPin* UK2Node_Timeline::GetSetNewTimePin() const
+{
+	return FindPin(TimelineNodes::SetNewTime);
+}
+
+UEdGraphPin* UK2Node_Timeline::GetDirectionPin() const
+{
+	return FindPin(TimelineNodes::Direction);
 }
 
 UTimelineTemplate* UK2Node_Timeline::GetTimelineTemplate() const
@@ -27,88 +91,123 @@ UTimelineTemplate* UK2Node_Timeline::GetTimelineTemplate() const
 	return Blueprint ? Blueprint->FindTimelineTemplateByVariableName(TimelineName) : nullptr;
 }
 
-namespace TimelineNode
+void UK2Node_Timeline::CreateTrackPins(const UTimelineTemplate& Timeline)
 {
-void CreateTrackPins(UK2Node_Timeline& Node, const UTimelineTemplate& Timeline)
-{
-	using FSchema = UEdGraphSchema_K2;
-	for (const FTTEventTrack& Track : Timeline.EventTracks)
-	{
-		Node.CreatePin(EGPD_Output, FSchema::PC_Exec, Track.GetTrackName());
-	}
 	for (const FTTFloatTrack& Track : Timeline.FloatTracks)
 	{
-		Node.CreatePin(EGPD_Output, FSchema::PC_Real, FSchema::PC_Float, Track.GetTrackName());
+		CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Real, UEdGraphSchema_K2::PC_Float, Track.GetTrackName());
 	}
 	for (const FTTVectorTrack& Track : Timeline.VectorTracks)
 	{
-		Node.CreatePin(EGPD_Output, FSchema::PC_Struct, TBaseStructure<FVector>::Get(), Track.GetTrackName());
+		CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Struct, static_cast<UObject*>(TBaseStructure<FVector>::Get()), Track.GetTrackName());
 	}
 	for (const FTTLinearColorTrack& Track : Timeline.LinearColorTracks)
 	{
-		Node.CreatePin(EGPD_Output, FSchema::PC_Struct, TBaseStructure<FLinearColor>::Get(), Track.GetTrackName());
+		CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Struct, static_cast<UObject*>(TBaseStructure<FLinearColor>::Get()), Track.GetTrackName());
+	}
+	for (const FTTEventTrack& Track : Timeline.EventTracks)
+	{
+		CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, Track.GetTrackName());
 	}
 }
-
-UEnum* DirectionEnum()
-{
-	return FindObject<UEnum>(nullptr, TEXT("/Script/Engine.ETimelineDirection"));
-}
-} // namespace TimelineNode
 
 void UK2Node_Timeline::AllocateDefaultPins()
 {
-	using FSchema = UEdGraphSchema_K2;
-	for (const TCHAR* const Name : {TEXT("Play"), TEXT("PlayFromStart"), TEXT("Stop"), TEXT("Reverse"), TEXT("ReverseFromEnd")})
+	bCanRenameNode = true;
+	for (const FName Name : {TimelineNodes::Play, TimelineNodes::PlayFromStart, TimelineNodes::Stop, TimelineNodes::Reverse, TimelineNodes::ReverseFromEnd})
 	{
-		CreatePin(EGPD_Input, FSchema::PC_Exec, FName(Name));
+		CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Exec, Name);
 	}
-	CreatePin(EGPD_Output, FSchema::PC_Exec, TEXT("Update"));
-	CreatePin(EGPD_Output, FSchema::PC_Exec, TEXT("Finished"));
-	CreatePin(EGPD_Input, FSchema::PC_Exec, TEXT("SetNewTime"));
-	UEdGraphPin* const NewTime = CreatePin(EGPD_Input, FSchema::PC_Real, FSchema::PC_Float, FName(TEXT("NewTime")));
+	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, TimelineNodes::Update);
+	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, TimelineNodes::Finished);
+	CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Exec, TimelineNodes::SetNewTime);
+	UEdGraphPin* const NewTime = CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Real, UEdGraphSchema_K2::PC_Float, TimelineNodes::NewTime);
 	GetK2Schema()->SetPinAutogeneratedDefaultValue(NewTime, TEXT("0.0"));
-	CreatePin(EGPD_Output, FSchema::PC_Byte, TimelineNode::DirectionEnum(), TEXT("Direction"));
+	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Byte, FindObject<UEnum>(nullptr, TEXT("/Script/Engine.ETimelineDirection")), TimelineNodes::Direction);
 	if (const UTimelineTemplate* const Timeline = GetTimelineTemplate())
 	{
+		TimelineGuid = Timeline->TimelineGuid;
 		bAutoPlay = Timeline->bAutoPlay;
 		bLoop = Timeline->bLoop;
 		bReplicated = Timeline->bReplicated;
 		bIgnoreTimeDilation = Timeline->bIgnoreTimeDilation;
-		TimelineGuid = Timeline->TimelineGuid;
-		TimelineNode::CreateTrackPins(*this, *Timeline);
+		CreateTrackPins(*Timeline);
 	}
+	Super::AllocateDefaultPins();
 }
 
-void UK2Node_Timeline::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
+namespace TimelineNodes
 {
-	AllocateDefaultPins();
-	if (!GetTimelineTemplate())
+bool IsNameTaken(UBlueprint& Blueprint, FName Name)
+{
+	const bool bVariable = Blueprint.NewVariables.ContainsByPredicate(
+		[Name](const FBPVariableDescription& Variable) { return Variable.VarName == Name; });
+	const UClass* const Parent = Blueprint.ParentClass.Get();
+	return bVariable || Blueprint.FindTimelineTemplateByVariableName(Name) || (Parent && Parent->FindPropertyByName(Name));
+}
+} // namespace TimelineNodes
+
+void UK2Node_Timeline::PostPlacedNewNode()
+{
+	Super::PostPlacedNewNode();
+	UBlueprint* const Blueprint = GetBlueprint();
+	if (!Blueprint || !TimelineName.IsNone())
 	{
-		// A node that was pasted without its timeline keeps the outputs of its tracks.
-		for (const UEdGraphPin* const Old : OldPins)
-		{
-			if (!Old->ParentPin && !FindPin(Old->PinName, Old->Direction))
-			{
-				CreatePin(Old->Direction, Old->PinType, Old->PinName);
-			}
-		}
+		return;
 	}
-	RestoreSplitPins(OldPins);
+	int32 Number = 0;
+	do
+	{
+		TimelineName = FName(FString::Printf(TEXT("Timeline_%d"), Number));
+		++Number;
+	} while (TimelineNodes::IsNameTaken(*Blueprint, TimelineName));
+	UObject* const Owner = Blueprint->GeneratedClass.Get() ? static_cast<UObject*>(Blueprint->GeneratedClass.Get()) : Blueprint;
+	const FName TemplateName(UTimelineTemplate::TimelineVariableNameToTemplateName(TimelineName));
+	UTimelineTemplate* const Timeline = NewObject<UTimelineTemplate>(Owner, TemplateName, RF_Transactional);
+	Timeline->TimelineGuid = FGuid::NewGuid();
+	Timeline->UpdateCachedNames();
+	Blueprint->Timelines.Add(Timeline);
+	TimelineGuid = Timeline->TimelineGuid;
+}
+
+void UK2Node_Timeline::PostPasteNode()
+{
+	Super::PostPasteNode();
+}
+
+bool UK2Node_Timeline::RenameTimeline(const FString& NewName)
+{
+	UBlueprint* const Blueprint = GetBlueprint();
+	const FName Name(NewName);
+	UTimelineTemplate* const Timeline = GetTimelineTemplate();
+	if (!Blueprint || !Timeline || TimelineNodes::IsNameTaken(*Blueprint, Name))
+	{
+		return false;
+	}
+	Blueprint->Modify();
+	Timeline->Rename(*UTimelineTemplate::TimelineVariableNameToTemplateName(Name), Timeline->GetOuter());
+	Timeline->UpdateCachedNames();
+	TimelineName = Name;
+	return true;
+}
+
+void UK2Node_Timeline::OnRenameNode(const FString& NewName)
+{
+	RenameTimeline(NewName);
 }
 
 FText UK2Node_Timeline::GetNodeTitle(ENodeTitleType::Type TitleType) const
 {
-	if (TitleType == ENodeTitleType::MenuTitle)
+	if (TitleType == ENodeTitleType::MenuTitle && TimelineName.IsNone())
 	{
-		return NSLOCTEXT("K2Node", "AddTimelineTitle", "Add Timeline...");
+		return NSLOCTEXT("K2Node_Timeline", "TimelineMenuTitle", "Add Timeline...");
 	}
 	return FText::FromName(TimelineName);
 }
 
 FText UK2Node_Timeline::GetTooltipText() const
 {
-	return NSLOCTEXT("K2Node", "TimelineTooltip", "Plays curves over time and raises events along the way");
+	return NSLOCTEXT("K2Node_Timeline", "TimelineTooltip", "Plays values over time along curves");
 }
 
 FText UK2Node_Timeline::GetMenuCategory() const
@@ -116,12 +215,18 @@ FText UK2Node_Timeline::GetMenuCategory() const
 	return FText::GetEmpty();
 }
 
-bool UK2Node_Timeline::IsCompatibleWithGraph(const UEdGraph* TargetGraph) const
+bool UK2Node_Timeline::IsCompatibleWithGraph(const UEdGraph* Graph) const
 {
-	const UBlueprint* const Blueprint = TargetGraph ? TargetGraph->GetTypedOuter<UBlueprint>() : nullptr;
+	const UBlueprint* const Blueprint = Graph ? Graph->GetTypedOuter<UBlueprint>() : nullptr;
 	const UClass* const Parent = Blueprint ? Blueprint->ParentClass.Get() : nullptr;
-	return Parent && Parent->IsChildOf(AActor::StaticClass()) && TargetGraph->GetSchema() &&
-		TargetGraph->GetSchema()->GetGraphType(TargetGraph) == GT_Ubergraph;
+	const UClass* const Actor = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
+	return Graph && Graph->GetSchema() && Graph->GetSchema()->GetGraphType(Graph) == GT_Ubergraph && Parent && Actor &&
+		Parent->IsChildOf(Actor) && Super::IsCompatibleWithGraph(Graph);
+}
+
+void UK2Node_Timeline::GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const
+{
+	ActionRegistrar.AddBlueprintAction(UBlueprintNodeSpawner::Create(GetClass()));
 }
 
 void UK2Node_Timeline::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const
@@ -129,11 +234,6 @@ void UK2Node_Timeline::ValidateNodeDuringCompilation(FCompilerResultsLog& Messag
 	Super::ValidateNodeDuringCompilation(MessageLog);
 	if (!GetTimelineTemplate())
 	{
-		MessageLog.Error(TEXT("The timeline of @@ is gone: the Blueprint has none of that name"), this);
+		MessageLog.Error(TEXT("Timeline node @@ has no template. Delete it and make it again."), this);
 	}
-}
-
-void UK2Node_Timeline::GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const
-{
-	ActionRegistrar.AddBlueprintAction(UBlueprintNodeSpawner::Create(GetClass()));
 }
