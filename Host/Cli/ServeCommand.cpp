@@ -23,8 +23,10 @@ public:
 			Complain("Streamable HTTP is not available yet. Run without --http to serve on standard input and output.");
 			return EExitStatus::Misused;
 		}
+		// Before the tools and after them: a signal at any moment ends the process in order.
+		const FStopSignal Stop;
 		const std::unique_ptr<IToolHost> Tools = Context.MakeToolHost(Context.Options);
-		FStdioServer(*Tools, STDIN_FILENO, Context.Output.GetDescriptor()).Run();
+		FStdioServer(*Tools, Stop, STDIN_FILENO, Context.Output.GetDescriptor()).Run();
 		return EExitStatus::Succeeded;
 	}
 

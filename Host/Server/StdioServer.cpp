@@ -11,7 +11,6 @@
 #include "Server/Dispatcher.h"
 #include "Server/LineReader.h"
 #include "Server/LineWriter.h"
-#include "Server/StopSignal.h"
 
 namespace StdioServerPrivate
 {
@@ -65,8 +64,9 @@ EReadEnd ReadMessages(const int Input, const int Output, const FStopSignal& Stop
 }
 } // namespace StdioServerPrivate
 
-FStdioServer::FStdioServer(IToolHost& InTools, const int InInput, const int InOutput)
+FStdioServer::FStdioServer(IToolHost& InTools, const FStopSignal& InStop, const int InInput, const int InOutput)
 	: Tools(InTools)
+	, Stop(InStop)
 	, Input(InInput)
 	, Output(InOutput)
 {
@@ -74,7 +74,6 @@ FStdioServer::FStdioServer(IToolHost& InTools, const int InInput, const int InOu
 
 void FStdioServer::Run()
 {
-	const FStopSignal Stop;
 	FCallQueue Queue;
 	FDispatcher Dispatcher(Tools, Queue);
 	const auto Writer = std::make_shared<FLineWriter>(Output, Stop.GetDescriptor());

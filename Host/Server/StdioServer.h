@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 
+#include "Server/StopSignal.h"
 #include "Server/ToolHost.h"
 
 /** Longest message that is read; a longer line is skipped and answered with an error. */
@@ -19,13 +20,14 @@ constexpr size_t MaxMessageBytes = 64u << 20;
 class FStdioServer
 {
 public:
-	/** Neither descriptor is closed. */
-	FStdioServer(IToolHost& InTools, int InInput, int InOutput);
+	/** Everything given must outlive the server; neither descriptor is closed. */
+	FStdioServer(IToolHost& InTools, const FStopSignal& InStop, int InInput, int InOutput);
 
 	void Run();
 
 private:
 	IToolHost& Tools;
+	const FStopSignal& Stop;
 	const int Input;
 	const int Output;
 };

@@ -10,7 +10,12 @@
 
 namespace StopSignalPrivate
 {
-std::atomic<int> WakeDescriptor = -1;
+/**
+ * Opened once and never closed: a handler may still run on another thread when the signals are given back, and must not
+ * write into whatever has got its descriptor by then.
+ */
+int ReadEnd = -1;
+std::atomic<int> WriteEnd = -1;
 
 struct sigaction OldTerminate;
 struct sigaction OldInterrupt;
@@ -21,7 +26,7 @@ void Wake(int)
 {
 	const int SavedError = errno;
 	const char Byte = 1;
-	[[maybe_unused]] const ssize_t Written = write(WakeDescriptor, &Byte, 1);
+	[[maybe_unused]] const ssize_t Written = write(WriteEnd, &Byte, 1);
 	errno = SavedError;
 }
 
@@ -32,17 +37,26 @@ void Install(const int Signal, void (*Handler)(int), struct sigaction* Old)
 	Action.sa_flags = SA_RESTART;
 	sigaction(Signal, &Action, Old);
 }
+
+/** Opens the pipe, or empties it of the signals of an earlier watch. */
+void PreparePipe()
+{
+	int Ends[2] = {-1, -1};
+	if (ReadEnd < 0 && pipe2(Ends, O_CLOEXEC | O_NONBLOCK) == 0)
+	{
+		ReadEnd = Ends[0];
+		WriteEnd = Ends[1];
+	}
+	char Byte = 0;
+	while (read(ReadEnd, &Byte, 1) > 0)
+	{
+	}
+}
 } // namespace StopSignalPrivate
 
 FStopSignal::FStopSignal()
 {
-	int Ends[2] = {-1, -1};
-	if (pipe2(Ends, O_CLOEXEC | O_NONBLOCK) == 0)
-	{
-		ReadEnd = FFileDescriptor(Ends[0]);
-		WriteEnd = FFileDescriptor(Ends[1]);
-	}
-	StopSignalPrivate::WakeDescriptor = WriteEnd.Get();
+	StopSignalPrivate::PreparePipe();
 	StopSignalPrivate::Install(SIGTERM, StopSignalPrivate::Wake, &StopSignalPrivate::OldTerminate);
 	StopSignalPrivate::Install(SIGINT, StopSignalPrivate::Wake, &StopSignalPrivate::OldInterrupt);
 	StopSignalPrivate::Install(SIGPIPE, SIG_IGN, &StopSignalPrivate::OldPipe);
@@ -53,16 +67,15 @@ FStopSignal::~FStopSignal()
 	sigaction(SIGTERM, &StopSignalPrivate::OldTerminate, nullptr);
 	sigaction(SIGINT, &StopSignalPrivate::OldInterrupt, nullptr);
 	sigaction(SIGPIPE, &StopSignalPrivate::OldPipe, nullptr);
-	StopSignalPrivate::WakeDescriptor = -1;
+}
+
+int FStopSignal::GetDescriptor() const
+{
+	return StopSignalPrivate::ReadEnd;
 }
 
 bool FStopSignal::IsRaised() const
 {
-	pollfd Poll = {ReadEnd.Get(), POLLIN, 0};
+	pollfd Poll = {GetDescriptor(), POLLIN, 0};
 	return poll(&Poll, 1, 0) > 0;
-}
-
-void FStopSignal::Raise()
-{
-	StopSignalPrivate::Wake(SIGTERM);
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Server/FileDescriptor.h"
-
 /**
  * Turns SIGTERM and SIGINT into a descriptor that becomes readable and stays so, and ignores SIGPIPE. One may exist at
  * a time. The handlers are put back when it goes.
@@ -15,14 +13,7 @@ public:
 	FStopSignal& operator=(const FStopSignal&) = delete;
 
 	/** Readable once the process was asked to stop. */
-	int GetDescriptor() const { return ReadEnd.Get(); }
+	int GetDescriptor() const;
 
 	bool IsRaised() const;
-
-	/** As if the signal had come. */
-	static void Raise();
-
-private:
-	FFileDescriptor ReadEnd;
-	FFileDescriptor WriteEnd;
 };

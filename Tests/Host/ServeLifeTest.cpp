@@ -40,7 +40,7 @@ public:
 		ToServer = FFileDescriptor(In[1]);
 		FromServer = FFileDescriptor(Out[0]);
 		ServerOut = FFileDescriptor(Out[1]);
-		Thread = std::thread([this, &Tools] { FStdioServer(Tools, ServerIn.Get(), ServerOut.Get()).Run(); });
+		Thread = std::thread([this, &Tools] { FStdioServer(Tools, Stop, ServerIn.Get(), ServerOut.Get()).Run(); });
 	}
 	~FServer()
 	{
@@ -91,6 +91,7 @@ public:
 	}
 
 private:
+	const FStopSignal Stop;
 	FFileDescriptor ServerIn;
 	FFileDescriptor ToServer;
 	FFileDescriptor FromServer;
@@ -216,7 +217,11 @@ TEST(ServeLife, ClientThatIsGoneEndsTheServer)
 	ServeLifeTest::FServer Idle(Tools);
 	Idle.StopReading();
 	Idle.Join();
+}
 
+TEST(ServeLife, ClientThatLeavesDuringACallEndsTheServerAfterIt)
+{
+	FFakeToolHost Tools;
 	ServeLifeTest::FSlowTool Slow(Tools);
 	ServeLifeTest::FServer Busy(Tools);
 	Busy.Send(ServeLifeTest::Call(1, "slow") + ServeLifeTest::Call(2, "echo"));

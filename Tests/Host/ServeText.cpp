@@ -38,7 +38,8 @@ std::vector<std::string> ServeText(IToolHost& Tools, const std::string_view Inpu
 {
 	const FFileDescriptor In(OpenTextFile(Input));
 	const FFileDescriptor Out(memfd_create("answers", MFD_CLOEXEC));
-	FStdioServer(Tools, In.Get(), Out.Get()).Run();
+	const FStopSignal Stop;
+	FStdioServer(Tools, Stop, In.Get(), Out.Get()).Run();
 	return ServeTextPrivate::ReadLines(Out.Get());
 }
 
