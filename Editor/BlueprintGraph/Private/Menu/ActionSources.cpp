@@ -37,72 +37,6 @@ FBlueprintAction* Add(UBlueprintNodeSpawner* Spawner, FActionList& Out)
 	return &Action;
 }
 
-/** The node classes of asynchronous tasks, by the class that such tasks derive from. */
-UClass* FindAsyncNode(const UClass& Class)
-{
-	struct FRow
-	{
-		UClass* Base;
-		UClass* Node;
-	};
-	static const auto Find = [](const TCHAR* Path) { return FindObject<UClass>(nullptr, Path); };
-	static const FRow Rows[] = {{Find(TEXT("/Script/Engine.BlueprintAsyncActionBase")),
-									Find(TEXT("/Script/BlueprintGraph.K2Node_AsyncAction"))},
-		{Find(TEXT("/Script/GameplayAbilities.AbilityTask")),
-			Find(TEXT("/Script/GameplayAbilitiesEditor.K2Node_LatentAbilityCall"))},
-		{Find(TEXT("/Script/GameplayTasks.GameplayTask")),
-			Find(TEXT("/Script/GameplayTasksEditor.K2Node_LatentGameplayTaskCall"))}};
-	for (const FRow& Row : Rows)
-	{
-		if (Row.Base && Row.Node && Class.IsChildOf(Row.Base))
-		{
-			return Row.Node;
-		}
-	}
-	return nullptr;
-}
-
-/** A static function of a task class that makes a task stands for the whole asynchronous node. */
-void AddAsync(const UFunction& Function, const UClass& Class, UClass& NodeClass, FActionList& Out)
-{
-	static const FName DedicatedKey(FBlueprintMetadata::MD_HasDedicatedAsyncNode);
-	const FObjectProperty* const Return = CastField<FObjectProperty>(Function.GetReturnProperty());
-	const bool bMakesTask = Return && Return->PropertyClass && Return->PropertyClass->IsChildOf(&Class);
-	if (!bMakesTask || !Function.HasAllFunctionFlags(static_cast<EFunctionFlags>(FUNC_Static | FUNC_BlueprintCallable))
-		|| Function.HasMetaData(FBlueprintMetadata::MD_DeprecatedFunction) || Class.HasMetaData(DedicatedKey))
-	{
-		return;
-	}
-	UClass* const Factory = const_cast<UClass*>(&Class);
-	UClass* const Proxy = Return->PropertyClass;
-	const FName Name = Function.GetFName();
-	UBlueprintNodeSpawner* const Spawner = UBlueprintNodeSpawner::Create(&NodeClass, nullptr,
-		[Factory, Proxy, Name](UEdGraphNode* Node, bool)
-		{
-			const UClass* const Type = Node->GetClass();
-			if (const FNameProperty* const Member = FindFProperty<FNameProperty>(
-					Type, TEXT("ProxyFactoryFunctionName")))
-			{
-				Member->SetPropertyValue_InContainer(Node, Name);
-			}
-			const TPair<const TCHAR*, UClass*> Classes[] = {
-				{TEXT("ProxyFactoryClass"), Factory}, {TEXT("ProxyClass"), Proxy}};
-			for (const TPair<const TCHAR*, UClass*>& Each : Classes)
-			{
-				if (const FObjectPropertyBase* const Member = FindFProperty<FObjectPropertyBase>(Type, Each.Key))
-				{
-					Member->SetObjectPropertyValue_InContainer(Node, Each.Value);
-				}
-			}
-		});
-	Spawner->DefaultMenuSignature.MenuName = UEdGraphSchema_K2::GetFriendlySignatureName(&Function);
-	Spawner->DefaultMenuSignature.Category = UBlueprintFunctionNodeSpawner::GetMenuCategory(&Function);
-	if (FBlueprintAction* const Action = Add(Spawner, Out))
-	{
-		Action->bIsLatent = true;
-	}
-}
-
 /** The one entry of an operator whose overloads are chosen by what is linked; others of its overloads add nothing. */
 void AddOperator(
 	UBlueprintFunctionNodeSpawner& Spawner, const UFunction& Function, TSet<FString>& InOutSeen, FActionList& Out)
@@ -125,16 +59,10 @@ void AddFunctions(const UClass& Class, FActionList& Out)
 {
 	static UClass* const Promotable = FindObject<UClass>(
 		nullptr, TEXT("/Script/BlueprintGraph.K2Node_PromotableOperator"));
-	UClass* const AsyncNode = FindAsyncNode(Class);
 	TSet<FString> Operators;
 	for (TFieldIterator<UFunction> It(&Class, EFieldIteratorFlags::ExcludeSuper); It; ++It)
 	{
 		const UFunction& Function = **It;
-		if (AsyncNode && Function.HasAnyFunctionFlags(FUNC_Static))
-		{
-			AddAsync(Function, Class, *AsyncNode, Out);
-			continue;
-		}
 		// What a Blueprint's class overrides is called by its parent's entry.
 		const UFunction* const Inherited = Class.GetSuperClass()
 			? Class.GetSuperClass()->FindFunctionByName(Function.GetFName())

@@ -4,7 +4,6 @@
 #include "CoreMinimal.h"
 
 class UBlueprint;
-class UEnum;
 class UScriptStruct;
 struct FAssetData;
 
@@ -18,14 +17,12 @@ using FActionList = TArray<FBlueprintAction>;
  * or null. */
 FBlueprintAction* Add(UBlueprintNodeSpawner* Spawner, FActionList& Out);
 
-/** What node classes offer by themselves, and input keys. */
+/** What node classes offer by themselves. */
 void AddNodeClasses(FActionList& Out);
-void AddInputKeys(FActionList& Out);
 /** Functions, events, variables and dispatchers that the class itself declares. */
 void AddMembers(const UClass& Class, FActionList& Out);
 void AddCasts(UClass& Class, FActionList& Out);
 void AddStruct(UScriptStruct& Struct, FActionList& Out);
-void AddEnum(UEnum& Enum, FActionList& Out);
 /** Members, casts, macros, component events and local variables of a Blueprint. */
 void AddBlueprint(UBlueprint& Blueprint, FActionList& Out);
 /** What the registry alone can offer of an asset: a cast to a Blueprint, the event of an input action. */

@@ -1,4 +1,4 @@
-// Actions about types: casts, structs and enums.
+// Actions about types: casts and structs.
 
 #include "Menu/ActionSources.h"
 
@@ -95,22 +95,5 @@ void AddStruct(UScriptStruct& Struct, FActionList& Out)
 		AddTypeNode(Break, Struct, TEXT("Break ") + Name, Category, Out);
 	}
 	AddTypeNode(SetFields, Struct, TEXT("Set members in ") + Name, Category, Out);
-}
-
-void AddEnum(UEnum& Enum, FActionList& Out)
-{
-	static const FTypeNode Switch(TEXT("K2Node_SwitchEnum"), TEXT("Enum"));
-	static const FTypeNode Literal(TEXT("K2Node_EnumLiteral"), TEXT("Enum"));
-	static const FTypeNode ForEach(TEXT("K2Node_ForEachElementInEnum"), TEXT("Enum"));
-	static const FTypeNode FromByte(TEXT("K2Node_CastByteToEnum"), TEXT("Enum"));
-	if (!UEdGraphSchema_K2::IsAllowableBlueprintVariableType(&Enum))
-	{
-		return;
-	}
-	const FString Name = Enum.GetName();
-	AddTypeNode(Switch, Enum, TEXT("Switch on ") + Name, TEXT("Utilities|Flow Control|Switch"), Out);
-	AddTypeNode(Literal, Enum, TEXT("Literal enum ") + Name, TEXT("Utilities|Enum"), Out);
-	AddTypeNode(ForEach, Enum, TEXT("ForEach ") + Name, TEXT("Utilities|Enum"), Out);
-	AddTypeNode(FromByte, Enum, TEXT("Byte to Enum ") + Name, TEXT("Utilities|Enum"), Out);
 }
 } // namespace ActionSources

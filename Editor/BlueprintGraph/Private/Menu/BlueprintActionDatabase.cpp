@@ -14,7 +14,6 @@ struct FTypes
 {
 	TArray<UClass*> Classes;
 	TArray<UScriptStruct*> Structs;
-	TArray<UEnum*> Enums;
 };
 
 /** The engine's types, which never go, or those of the project. */
@@ -36,10 +35,6 @@ FTypes ReadTypes(bool bOfProject)
 			{
 				Types.Structs.Add(Struct);
 			}
-			else if (UEnum* const Enum = Cast<UEnum>(Object))
-			{
-				Types.Enums.Add(Enum);
-			}
 		});
 	return Types;
 }
@@ -57,10 +52,6 @@ void AddTypes(const FTypes& Types, TArray<FBlueprintAction>& Out)
 	for (UScriptStruct* const Struct : Types.Structs)
 	{
 		ActionSources::AddStruct(*Struct, Out);
-	}
-	for (UEnum* const Enum : Types.Enums)
-	{
-		ActionSources::AddEnum(*Enum, Out);
 	}
 }
 
@@ -109,13 +100,14 @@ void FBlueprintActionDatabase::BuildCatalogue()
 	const uint32 Generation = FCatalogue::Get().GetGeneration();
 	if (!bBuilt)
 	{
-		ActionSources::AddNodeClasses(NodeActions);
-		ActionSources::AddInputKeys(NodeActions);
 		ActionDatabase::AddTypes(ActionDatabase::ReadTypes(false), EngineActions);
 		ActionDatabase::LoadMacroLibraries();
 	}
 	if (!bBuilt || Generation != CatalogueGeneration)
 	{
+		// Node classes offer one entry for each enum or task class, the project's among them.
+		NodeActions.Empty();
+		ActionSources::AddNodeClasses(NodeActions);
 		ProjectActions.Empty();
 		ActionDatabase::AddTypes(ActionDatabase::ReadTypes(true), ProjectActions);
 	}

@@ -1,5 +1,6 @@
 #include "BlueprintFunctionNodeSpawner.h"
 
+#include "BlueprintTypePromotion.h"
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_PromotableOperator.h"
@@ -35,18 +36,6 @@ const FClasses& Classes()
 	static const FClasses Known;
 	return Known;
 }
-
-bool IsPromotable(const UFunction& Function)
-{
-	static const FName Library(TEXT("KismetMathLibrary"));
-	static const TSet<FString> Operations = {TEXT("Add"), TEXT("Subtract"), TEXT("Multiply"), TEXT("Divide"),
-		TEXT("Greater"), TEXT("GreaterEqual"), TEXT("Less"), TEXT("LessEqual"), TEXT("EqualEqual"), TEXT("NotEqual")};
-	const UClass* const Owner = Function.GetOwnerClass();
-	FString Operation;
-	FString Types;
-	return Owner && Owner->GetFName() == Library && Function.HasAnyFunctionFlags(FUNC_BlueprintPure)
-		&& Function.GetName().Split(TEXT("_"), &Operation, &Types) && Operations.Contains(Operation);
-}
 } // namespace FunctionSpawners
 
 UClass* UBlueprintFunctionNodeSpawner::GetNodeClassForFunction(const UFunction* Function)
@@ -59,7 +48,7 @@ UClass* UBlueprintFunctionNodeSpawner::GetNodeClassForFunction(const UFunction* 
 	{
 		return nullptr;
 	}
-	if (IsPromotable(*Function))
+	if (FTypePromotion::IsFunctionPromotionReady(Function))
 	{
 		return Known.Promotable;
 	}

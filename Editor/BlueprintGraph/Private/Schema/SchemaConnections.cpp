@@ -2,6 +2,7 @@
 
 #include "EdGraphSchema_K2.h"
 
+#include "BlueprintTypePromotion.h"
 #include "Engine/Blueprint.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_PromotableOperator.h"
@@ -203,6 +204,28 @@ bool HasMixedOverload(const UK2Node_PromotableOperator& Operator, const FEdGraph
 			|| Library->FindFunctionByName(FName(Name + TEXT("Int"))));
 }
 
+/** Whether an overload takes what is linked to the operator, with the new value in the place of the operand. */
+bool TakesOperands(const UFunction& Overload, const UK2Node_PromotableOperator& Operator, const UEdGraphPin& Output,
+	const UEdGraphPin& Operand)
+{
+	int32 Place = 0;
+	for (const UEdGraphPin* const Pin : Operator.GetInputPins())
+	{
+		// Further operands join the result of the first two, so they are of the second one's type.
+		const FEdGraphPinType Param = FTypePromotion::GetParamType(Overload, FMath::Min(Place++, 1));
+		const UEdGraphPin* const Source = Pin == &Operand ? &Output
+			: Pin->LinkedTo.IsEmpty()					  ? nullptr
+														  : Pin->LinkedTo[0];
+		if (Source && Source->PinType.PinCategory != FSchema::PC_Wildcard
+			&& !GetDefault<FSchema>()->ArePinTypesCompatible(Source->PinType, Param)
+			&& !FTypePromotion::IsValidPromotion(Source->PinType, Param))
+		{
+			return false;
+		}
+	}
+	return true;
+}
+
 /** Whether the operand can take the other type by the operator choosing another overload. */
 bool CanPromote(const UEdGraphPin& Output, const UEdGraphPin& Input)
 {
@@ -211,11 +234,14 @@ bool CanPromote(const UEdGraphPin& Output, const UEdGraphPin& Input)
 	{
 		return false;
 	}
-	if (NumericRank(Output.PinType) != INDEX_NONE && NumericRank(Input.PinType) != INDEX_NONE)
+	for (const UFunction* const Overload : FTypePromotion::GetAllFuncsForOp(Operator->GetOperationName()))
 	{
-		return true;
+		if (TakesOperands(*Overload, *Operator, Output, Input))
+		{
+			return true;
+		}
 	}
-	return HasMixedOverload(*Operator, Output.PinType, Input.PinType);
+	return false;
 }
 
 FString TypeName(const UEdGraphPin& Pin)
