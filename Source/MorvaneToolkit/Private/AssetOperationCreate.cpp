@@ -90,7 +90,7 @@ bool CheckFree(const FString& Path, const FString& Name, Morvane::FToolResult& R
 	const FAssetData Existing = Module.Get().GetAssetByObjectPath(FSoftObjectPath(Path + TEXT(".") + Name));
 	if (Existing.IsValid())
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Cannot create asset: '%s' already exists (it is a %s)."), *Path,
+		Result.AddErrorMessage(FString::Printf(TEXT("Cannot create asset: '%s' already exists (class %s)."), *Path,
 			*Existing.AssetClassPath.GetAssetName().ToString()));
 		return false;
 	}

@@ -35,7 +35,7 @@ FAssetData FindAsset(const FString& Path, const FString& TypeWord, Morvane::FToo
 	const UClass* const Class = FindObject<UClass>(Asset.AssetClassPath);
 	if (!Class || !Class->IsChildOf(UBlueprint::StaticClass()))
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Asset '%s' is not a %s (it is a %s)"), *Path, *TypeWord,
+		Result.AddErrorMessage(FString::Printf(TEXT("Asset '%s' is not a %s (class %s)"), *Path, *TypeWord,
 			*Asset.AssetClassPath.GetAssetName().ToString()));
 		return FAssetData();
 	}

@@ -20,14 +20,23 @@ FString StripExtension(const FString& Path)
 	return Path;
 }
 
-/** Slashes only forward, none doubled, none at the end. */
+/** Slashes only forward, none doubled. */
 FString CleanSlashes(const FString& Path)
 {
 	FString Clean = Path.Replace(TEXT("\\"), TEXT("/"));
 	while (Clean.ReplaceInline(TEXT("//"), TEXT("/")) > 0)
 	{
 	}
-	return Clean.Len() > 1 && Clean.EndsWith(TEXT("/")) ? Clean.LeftChop(1) : Clean;
+	return Clean;
+}
+
+/** "/Game/A/BP_X.BP_X" of "/Game/A/BP_X.BP_X:EventGraph". A colon that follows no object is left for the error. */
+FString StripSubObject(const FString& Path)
+{
+	int32 Colon = INDEX_NONE;
+	int32 Dot = INDEX_NONE;
+	const bool bBehindObject = Path.FindChar(TEXT(':'), Colon) && Path.FindChar(TEXT('.'), Dot) && Dot < Colon;
+	return bBehindObject ? Path.Left(Colon) : Path;
 }
 
 /** The path below a mounted root, with the root in front and in its own spelling. */
@@ -71,7 +80,8 @@ FAssetData FindAsset(const FString& PackageName)
 	return Module.Get().GetAssetByObjectPath(FSoftObjectPath(ObjectPath));
 }
 
-/** The asset's own name where one is known under this name, ignoring case, or under this name without "_C". */
+/** The asset's own name where one is known under this name, ignoring case, or under this name without "_C" or a slash.
+ */
 FString GetKnownSpelling(const FString& PackageName)
 {
 	const FAssetData Asset = FindAsset(PackageName);
@@ -79,12 +89,14 @@ FString GetKnownSpelling(const FString& PackageName)
 	{
 		return Asset.PackageName.ToString();
 	}
-	if (PackageName.EndsWith(TEXT("_C"), ESearchCase::CaseSensitive))
+	for (const TCHAR* const Suffix : {TEXT("_C"), TEXT("/")})
 	{
-		const FAssetData OfClass = FindAsset(PackageName.LeftChop(2));
-		if (OfClass.IsValid())
+		const FAssetData Stripped = PackageName.EndsWith(Suffix, ESearchCase::CaseSensitive)
+			? FindAsset(PackageName.LeftChop(FCString::Strlen(Suffix)))
+			: FAssetData();
+		if (Stripped.IsValid())
 		{
-			return OfClass.PackageName.ToString();
+			return Stripped.PackageName.ToString();
 		}
 	}
 	return PackageName;
@@ -147,12 +159,7 @@ FString FAssetOperationBase::NormalizeAssetPath(const FString& Path)
 	{
 		return GetKnownSpelling(PackageName);
 	}
-	int32 SubObject = INDEX_NONE;
-	if (Clean.FindChar(TEXT(':'), SubObject))
-	{
-		Clean.LeftInline(SubObject);
-	}
-	Clean = StripExtension(Clean);
+	Clean = StripExtension(StripSubObject(Clean));
 	if (!Clean.Contains(TEXT("/")))
 	{
 		return GetBareName(Clean);
