@@ -19,7 +19,8 @@ FEdGraphToken::FEdGraphToken(const UObject* InObject, const UEdGraphPin* InPin)
 	{
 		PinBeingReferenced.SetPin(InPin);
 		const FText Name = InPin->GetDisplayName();
-		CachedText = Name.IsEmpty() ? NSLOCTEXT("KismetCompiler", "UnnamedPin", "<Unnamed>") : Name;
+		// Execution pins show no name of their own; a reader still has to know which one is meant.
+		CachedText = Name.ToString().TrimStartAndEnd().IsEmpty() ? FText::FromName(InPin->PinName) : Name;
 	}
 	else if (const UEdGraphNode* const Node = Cast<UEdGraphNode>(InObject))
 	{

@@ -23,7 +23,11 @@ using FSchema = UEdGraphSchema_K2;
 class FBuild
 {
 public:
-	FBuild(UBlueprint& InBlueprint, UBlueprintGeneratedClass& InClass) : Blueprint(InBlueprint), Class(InClass) {}
+	FBuild(UBlueprint& InBlueprint, UBlueprintGeneratedClass& InClass)
+		: Blueprint(InBlueprint)
+		, Class(InClass)
+	{
+	}
 
 	void Run()
 	{
@@ -51,7 +55,8 @@ private:
 		uint32 Flags = CLASS_CompiledFromBlueprint;
 		if (Parent)
 		{
-			constexpr uint32 Inherited = CLASS_Interface | CLASS_Const | CLASS_DefaultToInstanced | CLASS_EditInlineNew | CLASS_NotPlaceable;
+			constexpr uint32 Inherited = CLASS_Interface | CLASS_Const | CLASS_DefaultToInstanced | CLASS_EditInlineNew
+				| CLASS_NotPlaceable;
 			Flags |= Parent->ClassFlags & Inherited;
 		}
 		Flags |= Blueprint.bGenerateAbstractClass ? CLASS_Abstract : 0;
@@ -68,7 +73,8 @@ private:
 		}
 		Class.SetMetaData(FBlueprintMetadata::MD_IsBlueprintBase, TEXT("true"));
 		Class.SetMetaData(FBlueprintMetadata::MD_BlueprintType, TEXT("true"));
-		FString DisplayName = Blueprint.BlueprintDisplayName.IsEmpty() ? Blueprint.GetName() : Blueprint.BlueprintDisplayName;
+		FString DisplayName = Blueprint.BlueprintDisplayName.IsEmpty() ? Blueprint.GetName()
+																	   : Blueprint.BlueprintDisplayName;
 		Class.SetMetaData(FBlueprintMetadata::MD_DisplayName, DisplayName);
 		Class.SimpleConstructionScript = Blueprint.SimpleConstructionScript;
 		Class.Timelines = Blueprint.Timelines;
@@ -95,7 +101,8 @@ private:
 
 	FProperty* AddObjectProperty(FName Name, UClass* ObjectClass)
 	{
-		FEdGraphPinType Type(FSchema::PC_Object, NAME_None, ObjectClass, EPinContainerType::None, false, FEdGraphTerminalType());
+		FEdGraphPinType Type(
+			FSchema::PC_Object, NAME_None, ObjectClass, EPinContainerType::None, false, FEdGraphTerminalType());
 		return AddProperty(Name, Type);
 	}
 
@@ -108,7 +115,8 @@ private:
 			if (bIsDispatcher)
 			{
 				Type.PinSubCategoryMemberReference.MemberParent = &Class;
-				Type.PinSubCategoryMemberReference.MemberName = FBlueprintClassBuilder::DelegateSignatureName(Variable.VarName);
+				Type.PinSubCategoryMemberReference.MemberName = FBlueprintClassBuilder::DelegateSignatureName(
+					Variable.VarName);
 			}
 			FProperty* const Property = AddProperty(Variable.VarName, Type);
 			if (!Property)
@@ -176,7 +184,8 @@ private:
 		{
 			if (FProperty* const Property = AddObjectProperty(Widget.Name, Widget.Class))
 			{
-				Property->SetPropertyFlags(CPF_BlueprintVisible | CPF_BlueprintReadOnly | CPF_RepSkip | CPF_PersistentInstance);
+				Property->SetPropertyFlags(
+					CPF_BlueprintVisible | CPF_BlueprintReadOnly | CPF_RepSkip | CPF_PersistentInstance);
 				Property->SetMetaData(FBlueprintMetadata::MD_FunctionCategory, Blueprint.GetName());
 			}
 		}
@@ -188,7 +197,8 @@ private:
 		{
 			return nullptr;
 		}
-		UFunction* const Function = NewObject<UFunction>(&Class, FunctionClass, Name, static_cast<EObjectFlags>(RF_Public | RF_Transient));
+		UFunction* const Function = NewObject<UFunction>(
+			&Class, FunctionClass, Name, static_cast<EObjectFlags>(RF_Public | RF_Transient));
 		Function->FunctionFlags = static_cast<EFunctionFlags>(Flags);
 		if (UClass* const Super = Class.GetSuperClass())
 		{
@@ -229,8 +239,8 @@ private:
 		for (const UEdGraphPin* const Pin : Node.Pins)
 		{
 			const FName Category = Pin->PinType.PinCategory;
-			if (Pin->Direction != EGPD_Output || Category == FSchema::PC_Exec || Pin->ParentPin || Pin->bOrphanedPin ||
-				Pin->PinName == UK2Node_Event::DelegateOutputName)
+			if (Pin->Direction != EGPD_Output || Category == FSchema::PC_Exec || Pin->ParentPin || Pin->bOrphanedPin
+				|| Pin->PinName == UK2Node_Event::DelegateOutputName)
 			{
 				continue;
 			}
@@ -246,7 +256,8 @@ private:
 	{
 		for (const UEdGraphPin* const Pin : Result.Pins)
 		{
-			if (Pin->Direction != EGPD_Input || Pin->PinType.PinCategory == FSchema::PC_Exec || Pin->ParentPin || Pin->bOrphanedPin)
+			if (Pin->Direction != EGPD_Input || Pin->PinType.PinCategory == FSchema::PC_Exec || Pin->ParentPin
+				|| Pin->bOrphanedPin)
 			{
 				continue;
 			}
@@ -265,7 +276,8 @@ private:
 			{
 				continue;
 			}
-			if (FProperty* const Property = PinTypeProperty::Create(FFieldVariant(&Function), Local.VarName, Local.VarType))
+			if (FProperty* const Property = PinTypeProperty::Create(
+					FFieldVariant(&Function), Local.VarName, Local.VarType))
 			{
 				Property->SetPropertyFlags(CPF_BlueprintVisible);
 				Function.AddProperty(Property);
@@ -275,7 +287,8 @@ private:
 
 	static void SetMetaData(UFunction& Function, const FKismetUserDeclaredFunctionMetadata& MetaData)
 	{
-		const auto Set = [&Function](FName Key, const FText& Value) {
+		const auto Set = [&Function](FName Key, const FText& Value)
+		{
 			if (!Value.IsEmpty())
 			{
 				Function.SetMetaData(Key, Value.ToString());
@@ -307,7 +320,8 @@ private:
 		}
 	}
 
-	UFunction* AddGraphFunction(const UEdGraph& Graph, FName Name, uint32 Flags, UClass* FunctionClass = UFunction::StaticClass())
+	UFunction* AddGraphFunction(
+		const UEdGraph& Graph, FName Name, uint32 Flags, UClass* FunctionClass = UFunction::StaticClass())
 	{
 		UK2Node_FunctionEntry* Entry = nullptr;
 		UK2Node_FunctionResult* Result = nullptr;
@@ -364,7 +378,8 @@ private:
 		{
 			if (Graph)
 			{
-				AddGraphFunction(*Graph, Graph->GetFName(), FUNC_BlueprintCallable | FUNC_BlueprintEvent | LibraryFlags);
+				AddGraphFunction(
+					*Graph, Graph->GetFName(), FUNC_BlueprintCallable | FUNC_BlueprintEvent | LibraryFlags);
 			}
 		}
 		for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
@@ -373,7 +388,8 @@ private:
 			{
 				if (Graph)
 				{
-					AddGraphFunction(*Graph, Graph->GetFName(), FUNC_BlueprintCallable | FUNC_BlueprintEvent | FUNC_Public);
+					AddGraphFunction(
+						*Graph, Graph->GetFName(), FUNC_BlueprintCallable | FUNC_BlueprintEvent | FUNC_Public);
 				}
 			}
 		}
@@ -434,7 +450,9 @@ private:
 		UObject* const Default = Class.GetDefaultObject();
 		for (const FBPVariableDescription& Variable : Blueprint.NewVariables)
 		{
-			const FProperty* const Property = Variable.DefaultValue.IsEmpty() ? nullptr : Class.FindPropertyByName(Variable.VarName);
+			const FProperty* const Property = Variable.DefaultValue.IsEmpty()
+				? nullptr
+				: Class.FindPropertyByName(Variable.VarName);
 			if (Property && Property->GetOwnerStruct() == &Class)
 			{
 				Property->ImportText_InContainer(*Variable.DefaultValue, Default, Default, PPF_None);
@@ -459,7 +477,8 @@ UBlueprintGeneratedClass* FBlueprintClassBuilder::EnsureClass(UBlueprint& Bluepr
 	if (!Class)
 	{
 		const FName ClassName(Blueprint.GetName() + TEXT("_C"));
-		Class = Cast<UBlueprintGeneratedClass>(StaticFindObjectFast(UBlueprintGeneratedClass::StaticClass(), Blueprint.GetOuter(), ClassName));
+		Class = Cast<UBlueprintGeneratedClass>(
+			StaticFindObjectFast(UBlueprintGeneratedClass::StaticClass(), Blueprint.GetOuter(), ClassName));
 	}
 	if (!Class)
 	{

@@ -6,11 +6,11 @@ class UBlueprint;
 class UBlueprintGeneratedClass;
 
 /**
- * Makes a Blueprint's class out of its declarations: variables, timelines, components, widgets, functions, events, delegate signatures,
- * interfaces. Checks nothing; the compiler does that.
+ * Makes a Blueprint's class out of its declarations: variables, timelines, components, widgets, functions, events,
+ * delegate signatures, interfaces. Checks nothing; the compiler does that.
  *
- * One class object serves as skeleton and as generated class. It keeps its address and is refilled, so that references to it
- * stay good; what the default object holds beyond the parent's values is carried over by name.
+ * One class object serves as skeleton and as generated class. It keeps its address and is refilled, so that references
+ * to it stay good; what the default object holds beyond the parent's values is carried over by name.
  */
 class FBlueprintClassBuilder
 {

@@ -20,7 +20,11 @@ namespace BlueprintCompilation
 class FRun
 {
 public:
-	FRun(UBlueprint& InBlueprint, FCompilerResultsLog& InLog) : Blueprint(InBlueprint), Log(InLog) {}
+	FRun(UBlueprint& InBlueprint, FCompilerResultsLog& InLog)
+		: Blueprint(InBlueprint)
+		, Log(InLog)
+	{
+	}
 
 	void Run()
 	{
@@ -64,7 +68,8 @@ private:
 		{
 			return true;
 		}
-		Log.Error(*FString::Printf(TEXT("Blueprint '%s' has no parent class: the class it was derived from is gone"), *Blueprint.GetName()));
+		Log.Error(*FString::Printf(
+			TEXT("Blueprint '%s' has no parent class: the class it was derived from is gone"), *Blueprint.GetName()));
 		return false;
 	}
 
@@ -109,8 +114,11 @@ private:
 			Claimed.Add(Name, Kind);
 			return;
 		}
-		const FString Text = FString::Printf(TEXT("The name '%s' is used by a %s and by a %s; every member of a Blueprint needs a name of its own"),
-			*Name.ToString(), **Known, Kind);
+		const FString Users = *Known == Kind ? FString::Printf(TEXT("more than one %s"), Kind)
+											 : FString::Printf(TEXT("a %s and by a %s"), **Known, Kind);
+		const FString Text = FString::Printf(
+			TEXT("The name '%s' is used by %s; every member of a Blueprint needs a name of its own"), *Name.ToString(),
+			*Users);
 		if (Where)
 		{
 			Log.Error(*(Text + TEXT(": @@")), Where);
@@ -186,13 +194,15 @@ private:
 			const FProperty* const Property = Class->FindPropertyByName(Variable.VarName);
 			if (Parent->FindPropertyByName(Variable.VarName))
 			{
-				Log.Error(*FString::Printf(TEXT("The variable '%s' has the name of a variable of the parent class '%s'"), *Name, *Parent->GetName()));
+				Log.Error(
+					*FString::Printf(TEXT("The variable '%s' has the name of a variable of the parent class '%s'"),
+						*Name, *Parent->GetName()));
 				continue;
 			}
 			if (!Property)
 			{
-				Log.Error(*FString::Printf(TEXT("The variable '%s' declared in '%s' has an invalid type: %s"), *Name, *Blueprint.GetName(),
-					*UEdGraphSchema_K2::TypeToText(Variable.VarType).ToString()));
+				Log.Error(*FString::Printf(TEXT("The variable '%s' declared in '%s' has an invalid type: %s"), *Name,
+					*Blueprint.GetName(), *UEdGraphSchema_K2::TypeToText(Variable.VarType).ToString()));
 				continue;
 			}
 			CheckDefault(Variable, *Property);
@@ -211,12 +221,14 @@ private:
 		const UPTRINT Alignment = static_cast<UPTRINT>(Property.GetMinAlignment());
 		Value += (Alignment - reinterpret_cast<UPTRINT>(Value) % Alignment) % Alignment;
 		Property.InitializeValue(Value);
-		const TCHAR* const End = Property.ImportText_Direct(*Variable.DefaultValue, Value, Blueprint.GeneratedClass.Get(), PPF_None);
+		const TCHAR* const End = Property.ImportText_Direct(
+			*Variable.DefaultValue, Value, Blueprint.GeneratedClass.Get(), PPF_None);
 		Property.DestroyValue(Value);
 		if (!End)
 		{
-			Log.Warning(*FString::Printf(TEXT("The default value '%s' of the variable '%s' is not a valid %s"), *Variable.DefaultValue,
-				*Variable.VarName.ToString(), *UEdGraphSchema_K2::TypeToText(Variable.VarType).ToString()));
+			Log.Warning(*FString::Printf(TEXT("The default value '%s' of the variable '%s' is not a valid %s"),
+				*Variable.DefaultValue, *Variable.VarName.ToString(),
+				*UEdGraphSchema_K2::TypeToText(Variable.VarType).ToString()));
 		}
 	}
 
@@ -227,15 +239,18 @@ private:
 		{
 			if (!Interface.Interface.Get())
 			{
-				Log.Error(*FString::Printf(TEXT("Blueprint '%s' implements an interface that is gone"), *Blueprint.GetName()));
+				Log.Error(*FString::Printf(
+					TEXT("Blueprint '%s' implements an interface that is gone"), *Blueprint.GetName()));
 				continue;
 			}
 			for (TFieldIterator<UFunction> It(Interface.Interface.Get(), EFieldIteratorFlags::IncludeSuper); It; ++It)
 			{
-				const bool bNeedsGraph = UEdGraphSchema_K2::CanKismetOverrideFunction(*It) && !UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(*It);
+				const bool bNeedsGraph = UEdGraphSchema_K2::CanKismetOverrideFunction(*It)
+					&& !UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(*It);
 				if (bNeedsGraph && !Class->FindFunctionByName(It->GetFName(), EIncludeSuperFlag::ExcludeSuper))
 				{
-					Log.Error(*FString::Printf(TEXT("Interface function '%s' of '%s' is not implemented"), *It->GetName(), *Interface.Interface.Get()->GetName()));
+					Log.Error(*FString::Printf(TEXT("Interface function '%s' of '%s' is not implemented"),
+						*It->GetName(), *Interface.Interface.Get()->GetName()));
 				}
 			}
 		}

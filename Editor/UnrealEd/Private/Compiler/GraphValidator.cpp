@@ -68,14 +68,32 @@ UEdGraphPin* FirstExecInput(const UEdGraphNode& Node)
 
 bool HasLinkedExecInput(const UEdGraphNode& Node)
 {
-	return Node.Pins.ContainsByPredicate([](const UEdGraphPin* Pin) {
-		return Pin->Direction == EGPD_Input && FSchema::IsExecPin(*Pin) && !Pin->LinkedTo.IsEmpty();
-	});
+	return Node.Pins.ContainsByPredicate([](const UEdGraphPin* Pin)
+		{ return Pin->Direction == EGPD_Input && FSchema::IsExecPin(*Pin) && !Pin->LinkedTo.IsEmpty(); });
+}
+
+/** A function that calls back needs somebody to call, unless it says that nobody is fine too. */
+bool NeedsDelegate(const UEdGraphNode& Node, const UEdGraphPin& Pin)
+{
+	static const FName AutoCreate(TEXT("AutoCreateRefTerm"));
+	const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node);
+	const UFunction* const Function = Call ? Call->GetTargetFunction() : nullptr;
+	if (!Function)
+	{
+		return false;
+	}
+	TArray<FString> Optional;
+	Function->GetMetaData(AutoCreate).ParseIntoArray(Optional, TEXT(","));
+	return !Optional.ContainsByPredicate(
+		[&Pin](const FString& Name) { return Name.TrimStartAndEnd() == Pin.PinName.ToString(); });
 }
 } // namespace GraphValidation
 
 FGraphValidator::FGraphValidator(UBlueprint& InBlueprint, UEdGraph& InGraph, FCompilerResultsLog& InLog)
-	: Blueprint(InBlueprint), Graph(InGraph), Log(InLog), Schema(InGraph.GetSchema())
+	: Blueprint(InBlueprint)
+	, Graph(InGraph)
+	, Log(InLog)
+	, Schema(InGraph.GetSchema())
 {
 }
 
@@ -113,13 +131,17 @@ void FGraphValidator::CheckEntry()
 	}
 	for (int32 Index = 1; Index < Entries.Num(); ++Index)
 	{
-		Log.Error(TEXT("Expected only one function entry node in the graph, but found both @@ and @@"), Entries[0], Entries[Index]);
+		Log.Error(TEXT("Expected only one function entry node in the graph, but found both @@ and @@"), Entries[0],
+			Entries[Index]);
 	}
 }
 
 void FGraphValidator::CheckNode(UEdGraphNode& Node)
 {
+	const int32 ErrorsBefore = Log.NumErrors;
 	Node.ValidateNodeDuringCompilation(Log);
+	// What the node knows to be wrong is not told once more for its pins.
+	bNodeComplained = Log.NumErrors > ErrorsBefore;
 	CheckPlacement(Node);
 	for (int32 Index = 0; Index < Node.Pins.Num(); ++Index)
 	{
@@ -130,9 +152,14 @@ void FGraphValidator::CheckNode(UEdGraphNode& Node)
 void FGraphValidator::CheckPlacement(UEdGraphNode& Node)
 {
 	const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node);
+	if (Node.IsA<UK2Node_FunctionEntry>() && Schema->GetGraphType(&Graph) != GT_Function)
+	{
+		Log.Error(TEXT("@@ starts a function and can only stand in the graph of one"), &Node);
+	}
 	if (Call && Call->IsLatentFunction() && Schema->GetGraphType(&Graph) == GT_Function)
 	{
-		Log.Error(TEXT("@@ is a latent action, which can only be used in an event graph or a macro, not in a function"), &Node);
+		Log.Error(TEXT("@@ is a latent action, which can only be used in an event graph or a macro, not in a function"),
+			&Node);
 	}
 }
 
@@ -142,11 +169,16 @@ void FGraphValidator::CheckPin(UEdGraphNode& Node, UEdGraphPin& Pin)
 	{
 		if (!Pin.LinkedTo.IsEmpty())
 		{
-			Log.Error(TEXT("In use pin @@ no longer exists on node @@. Please refresh node or break links to remove pin."), &Pin, &Node);
+			Log.Error(
+				TEXT("In use pin @@ no longer exists on node @@. Please refresh node or break links to remove pin."),
+				&Pin, &Node);
 		}
 		else
 		{
-			Log.Warning(TEXT("Input pin @@ specifying non-default value no longer exists on node @@. Please refresh node or reset pin to default value to remove pin."), &Pin, &Node);
+			Log.Warning(
+				TEXT(
+					"Input pin @@ specifying non-default value no longer exists on node @@. Please refresh node or reset pin to default value to remove pin."),
+				&Pin, &Node);
 		}
 		return;
 	}
@@ -159,9 +191,10 @@ void FGraphValidator::CheckPin(UEdGraphNode& Node, UEdGraphPin& Pin)
 		CheckUnlinkedInput(Node, Pin);
 	}
 	const bool bWildcard = Pin.PinType.PinCategory == GraphValidation::FSchema::PC_Wildcard;
-	if (bWildcard && !Pin.bHidden && !Node.IsA<UK2Node_Tunnel>())
+	if (bWildcard && !bNodeComplained && !Pin.bHidden && !Node.IsA<UK2Node_Tunnel>())
 	{
-		Log.Error(TEXT("The type of @@ is undetermined.  Connect something to @@ to imply a specific type."), &Pin, &Node);
+		Log.Error(
+			TEXT("The type of @@ is undetermined. Connect something to @@ to imply a specific type."), &Pin, &Node);
 	}
 }
 
@@ -185,7 +218,9 @@ void FGraphValidator::CheckLinks(UEdGraphPin& Pin)
 		{
 			const FString From = UEdGraphSchema_K2::TypeToText(Pin.PinType).ToString();
 			const FString To = UEdGraphSchema_K2::TypeToText(Other->PinType).ToString();
-			Log.Error(*FString::Printf(TEXT("Can't connect pins @@ and @@: %s is not compatible with %s."), *From, *To), &Pin, Other);
+			Log.Error(
+				*FString::Printf(TEXT("@@ can't be connected to @@ since %s is not compatible with %s."), *From, *To),
+				&Pin, Other);
 		}
 	}
 }
@@ -201,6 +236,11 @@ void FGraphValidator::CheckUnlinkedInput(UEdGraphNode& Node, UEdGraphPin& Pin)
 	const bool bSubPinsSpeak = !Pin.SubPins.IsEmpty();
 	if (Pin.bHidden || bSubPinsSpeak || Pin.PinType.PinCategory == FSchema::PC_Wildcard || Node.IsA<UK2Node_Tunnel>())
 	{
+		return;
+	}
+	if (Pin.PinType.PinCategory == FSchema::PC_Delegate && GraphValidation::NeedsDelegate(Node, Pin))
+	{
+		Log.Error(TEXT("@@ of @@ must be connected to the event that is to be called"), &Pin, &Node);
 		return;
 	}
 	const FString Problem = Schema->IsCurrentPinDefaultValid(&Pin);
@@ -228,19 +268,11 @@ void FGraphValidator::CheckTarget(UEdGraphNode& Node, UEdGraphPin& Self)
 		&Self);
 }
 
-void FGraphValidator::CheckReachability()
+namespace GraphValidation
 {
-	using namespace GraphValidation;
-	TSet<const UEdGraphNode*> Reached;
-	TArray<const UEdGraphNode*> Queue;
-	for (const UEdGraphNode* const Node : Graph.Nodes)
-	{
-		if (IsChecked(Node) && StartsExecution(*Node))
-		{
-			Reached.Add(Node);
-			Queue.Add(Node);
-		}
-	}
+/** Follows execution from the nodes given, adding what is reached. */
+void Spread(TArray<const UEdGraphNode*> Queue, TSet<const UEdGraphNode*>& InOutReached)
+{
 	for (int32 Next = 0; Next < Queue.Num(); ++Next)
 	{
 		for (const UEdGraphPin* const Pin : Queue[Next]->Pins)
@@ -252,24 +284,56 @@ void FGraphValidator::CheckReachability()
 			for (const UEdGraphPin* const Linked : Pin->LinkedTo)
 			{
 				const UEdGraphNode* const Node = Linked->GetOwningNode();
-				if (!Reached.Contains(Node))
+				if (!InOutReached.Contains(Node))
 				{
-					Reached.Add(Node);
+					InOutReached.Add(Node);
 					Queue.Add(Node);
 				}
 			}
 		}
 	}
+}
+
+/** A node that somebody has to execute, and that is not wrong already. */
+bool WaitsForExecution(const UEdGraphNode* Node)
+{
+	if (!IsChecked(Node) || Node->IsA<UK2Node_FunctionResult>() || Node->IsA<UK2Node_Tunnel>()
+		|| !FirstExecInput(*Node))
+	{
+		return false;
+	}
+	return !Node->bHasCompilerMessage || Node->ErrorType != EMessageSeverity::Error;
+}
+} // namespace GraphValidation
+
+void FGraphValidator::CheckReachability()
+{
+	using namespace GraphValidation;
+	TSet<const UEdGraphNode*> Reached;
+	TArray<const UEdGraphNode*> Starts;
 	for (const UEdGraphNode* const Node : Graph.Nodes)
 	{
-		if (!IsChecked(Node) || Reached.Contains(Node) || Node->IsA<UK2Node_FunctionResult>() || Node->IsA<UK2Node_Tunnel>())
+		if (IsChecked(Node) && StartsExecution(*Node))
 		{
-			continue;
+			Reached.Add(Node);
+			Starts.Add(Node);
 		}
-		const UEdGraphPin* const ExecInput = FirstExecInput(*Node);
-		if (ExecInput && !HasLinkedExecInput(*Node))
+	}
+	Spread(MoveTemp(Starts), Reached);
+	// First those that nothing leads to; what is left then goes round in rings, each told once.
+	for (const bool bRings : {false, true})
+	{
+		for (const UEdGraphNode* const Node : Graph.Nodes)
 		{
-			Log.Warning(TEXT("@@ is never executed: nothing is connected to @@"), Node, ExecInput);
+			if (Reached.Contains(Node) || !WaitsForExecution(Node) || (!bRings && HasLinkedExecInput(*Node)))
+			{
+				continue;
+			}
+			Log.Warning(bRings ? TEXT("@@ is never executed: nothing starts the ring that leads to @@")
+							   : TEXT("@@ is never executed: nothing is connected to @@"),
+				Node, FirstExecInput(*Node));
+			Reached.Add(Node);
+			Spread({Node}, Reached);
 		}
 	}
 }

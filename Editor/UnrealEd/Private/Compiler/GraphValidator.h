@@ -11,8 +11,9 @@ class UEdGraphPin;
 class UEdGraphSchema;
 
 /**
- * Checks one graph of a Blueprint whose class has just been rebuilt: that it starts somewhere, that each node stands for something, that links join
- * types that go together, that unlinked inputs have a value they can have, and that nothing executes in vain. Changes nothing.
+ * Checks one graph of a Blueprint whose class has just been rebuilt: that it starts somewhere, that each node stands
+ * for something, that links join types that go together, that unlinked inputs have a value they can have, and that
+ * nothing executes in vain. Changes nothing.
  */
 class FGraphValidator
 {
@@ -37,4 +38,6 @@ private:
 	UEdGraph& Graph;
 	FCompilerResultsLog& Log;
 	const UEdGraphSchema* Schema;
+	/** Whether the node that is being checked told of an error by itself. */
+	bool bNodeComplained = false;
 };

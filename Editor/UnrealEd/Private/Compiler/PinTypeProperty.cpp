@@ -89,7 +89,8 @@ FProperty* CreateDelegate(FFieldVariant Owner, FName Name, const FEdGraphPinType
 	return Property;
 }
 
-template <class T> FProperty* Make(FFieldVariant Owner, FName Name)
+template <class T>
+FProperty* Make(FFieldVariant Owner, FName Name)
 {
 	return new T(Owner, Name);
 }
@@ -107,7 +108,8 @@ FProperty* CreatePlain(FFieldVariant Owner, FName Name, FName Category, FName Su
 		{FSchema::PC_FieldPath, &Make<FFieldPathProperty>}};
 	if (Category == FSchema::PC_Real)
 	{
-		return SubCategory == FSchema::PC_Float ? Make<FFloatProperty>(Owner, Name) : Make<FDoubleProperty>(Owner, Name);
+		return SubCategory == FSchema::PC_Float ? Make<FFloatProperty>(Owner, Name)
+												: Make<FDoubleProperty>(Owner, Name);
 	}
 	for (const FRow& Row : Rows)
 	{
@@ -152,7 +154,8 @@ FProperty* CreateMap(FFieldVariant Owner, FName Name, const FEdGraphPinType& Typ
 {
 	FMapProperty* const Map = new FMapProperty(Owner, Name);
 	Map->KeyProp = CreateTerminal(FFieldVariant(Map), FName(Name.ToString() + TEXT("_Key")), Type);
-	Map->ValueProp = CreateTerminal(FFieldVariant(Map), Name, FEdGraphPinType::GetPinTypeForTerminalType(Type.PinValueType));
+	Map->ValueProp = CreateTerminal(
+		FFieldVariant(Map), Name, FEdGraphPinType::GetPinTypeForTerminalType(Type.PinValueType));
 	if (!Map->KeyProp || !Map->ValueProp)
 	{
 		delete Map;

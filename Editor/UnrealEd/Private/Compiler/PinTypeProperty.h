@@ -10,8 +10,8 @@ struct FEdGraphPinType;
 namespace PinTypeProperty
 {
 /**
- * A property that carries the type, owned by the caller until it is added to a struct; null when no property does (exec,
- * wildcard, a struct or enum that is gone).
+ * A property that carries the type, owned by the caller until it is added to a struct; null when no property does
+ * (exec, wildcard, a struct or enum that is gone).
  */
 FProperty* Create(FFieldVariant Owner, FName Name, const FEdGraphPinType& Type);
 } // namespace PinTypeProperty
