@@ -57,7 +57,7 @@ const std::vector<FDemoStep>& GetDemoSteps()
        "properties": {"Text": "Open the door", "Font.Size": 18}}]}})"},
 		{"Compile both", "compile_blueprint", R"({"blueprint_paths": ["/Game/Doors/BP_Door", "/Game/UI/WBP_Prompt"]})"},
 		{"Read the event back", "read_blueprint_event",
-			R"({"path": "/Game/Doors/BP_Door", "graph_name": "EventGraph", "event_name": "ReceiveBeginPlay"})"},
+			R"({"path": "/Game/Doors/BP_Door", "graph_name": "EventGraph", "event_name": "BeginPlay"})"},
 		{"Read the whole door", "read_blueprint_schema", R"({"path": "/Game/Doors/BP_Door"})"},
 		{"Delete the heavy door", "delete_blueprint", R"({"path": "/Game/Doors/BP_HeavyDoor"})"},
 	};

@@ -57,7 +57,7 @@ const FToolSchema ReadBlueprintEventSchema = {"read_blueprint_event", "Read even
 		"graph_name": { "type": "string", "description": "The event graph, usually EventGraph. Needed, though all event graphs are searched." },
 		"event_name": {
 			"type": "string",
-			"description": "The event, by its title as read_blueprint_schema shows it or by its function, such as ReceiveBeginPlay. The answer holds every node that the event reaches."
+			"description": "The event's title as read_blueprint_schema shows it, or a part of it: Event BeginPlay, or BeginPlay, but not the function's name ReceiveBeginPlay. The answer holds every node that the event reaches, and the nodes that no event reaches."
 		}
 	},
 	"required": ["path", "graph_name", "event_name"]

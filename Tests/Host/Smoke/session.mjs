@@ -17,6 +17,15 @@ const MODES = [
     ['--era', 'modern', '--in-place'],
 ];
 const DOOR = { path: '/Game/Doors/BP_Door', blueprint_parent_class: { type: 'native', parent_path: '/Script/Engine.Actor' } };
+const GREETING = {
+    nodes: [
+        { node_guid: 'begin', class_name: 'K2Node_Event', node_metadata: { event_name: 'ReceiveBeginPlay' } },
+        { node_guid: 'print', class_name: 'K2Node_CallFunction', target_class: 'KismetSystemLibrary', target_function: 'PrintString' },
+    ],
+    connections: [
+        { source_node_guid: 'begin', source_pin_name: 'then', target_node_guid: 'print', target_pin_name: 'execute' },
+    ],
+};
 
 // Tool, arguments, and whether the tool is expected to succeed.
 const CALLS = [
@@ -24,6 +33,11 @@ const CALLS = [
     ['bp_create_asset', DOOR, false],
     ['bp_create_asset', { path: '/Game/../Outside', blueprint_parent_class: DOOR.blueprint_parent_class }, false],
     ['bp_create_asset', {}, false],
+    ['bp_create_graph', { path: DOOR.path, functions: [{ name: 'CanOpen', return_type: { category: 'bool' } }] }, true],
+    ['bp_populate_graph', { path: DOOR.path, graph_name: 'EventGraph', nodes: GREETING.nodes, connections: GREETING.connections }, true],
+    ['bp_populate_graph', { path: DOOR.path, graph_name: 'EventGraph' }, false],
+    ['compile_blueprint', { blueprint_paths: [DOOR.path] }, true],
+    ['read_blueprint_event', { path: DOOR.path, graph_name: 'EventGraph', event_name: 'BeginPlay' }, true],
     ['delete_blueprint', { path: 'nowhere' }, false],
     ['delete_blueprint', { path: DOOR.path }, true],
 ];
