@@ -32,8 +32,8 @@ public:
 	static UEdGraph* EnsureEventGraph(UBlueprint* Blueprint, const FString& Name, Morvane::FToolResult& Result);
 
 	/**
-	 * Whether the graph is whole: no node, pin or link is missing. Appends every problem that it finds. It judges the structure
-	 * alone, not what a compile would say.
+	 * Whether the graph is whole: no node, pin or link is missing. Appends every problem that it finds. It judges the
+	 * structure alone, not what a compile would say.
 	 */
 	static bool ValidateGraph(const UEdGraph* Graph, TArray<FString>& OutErrors);
 };
