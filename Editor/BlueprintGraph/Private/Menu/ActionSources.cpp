@@ -4,6 +4,7 @@
 #include "BlueprintDelegateNodeSpawner.h"
 #include "BlueprintEventNodeSpawner.h"
 #include "BlueprintFunctionNodeSpawner.h"
+#include "BlueprintTypePromotion.h"
 #include "BlueprintVariableNodeSpawner.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
@@ -37,29 +38,22 @@ FBlueprintAction* Add(UBlueprintNodeSpawner* Spawner, FActionList& Out)
 	return &Action;
 }
 
-/** The one entry of an operator whose overloads are chosen by what is linked; others of its overloads add nothing. */
-void AddOperator(
-	UBlueprintFunctionNodeSpawner& Spawner, const UFunction& Function, TSet<FString>& InOutSeen, FActionList& Out)
+/** The one entry of an operator, whose overloads are chosen by what is linked: it stands where its first overload
+ * would. */
+void AddOperator(UBlueprintFunctionNodeSpawner& Spawner, const UFunction& Function, FActionList& Out)
 {
-	FString Operation;
-	Function.GetName().Split(TEXT("_"), &Operation, nullptr);
-	if (InOutSeen.Contains(Operation))
+	const FName Operation = FTypePromotion::GetOpNameFromFunction(&Function);
+	if (FTypePromotion::GetDefaultFuncForOp(Operation) == &Function)
 	{
-		return;
+		Spawner.DefaultMenuSignature.MenuName = FTypePromotion::GetUserFacingOperatorName(Operation);
+		Spawner.DefaultMenuSignature.Category = FText::FromString(TEXT("Utilities|Operators"));
+		Spawner.DefaultMenuSignature.Keywords = FTypePromotion::GetKeywordsForOperator(Operation);
+		Add(&Spawner, Out);
 	}
-	InOutSeen.Add(Operation);
-	const FString Shown = Operation == TEXT("EqualEqual") ? FString(TEXT("Equal"))
-														  : FName::NameToDisplayString(Operation, false);
-	Spawner.DefaultMenuSignature.MenuName = FText::FromString(Shown);
-	Spawner.DefaultMenuSignature.Category = FText::FromString(TEXT("Utilities|Operators"));
-	Add(&Spawner, Out);
 }
 
 void AddFunctions(const UClass& Class, FActionList& Out)
 {
-	static UClass* const Promotable = FindObject<UClass>(
-		nullptr, TEXT("/Script/BlueprintGraph.K2Node_PromotableOperator"));
-	TSet<FString> Operators;
 	for (TFieldIterator<UFunction> It(&Class, EFieldIteratorFlags::ExcludeSuper); It; ++It)
 	{
 		const UFunction& Function = **It;
@@ -70,9 +64,9 @@ void AddFunctions(const UClass& Class, FActionList& Out)
 		if (UBlueprintFunctionNodeSpawner* const Spawner = Inherited ? nullptr
 																	 : UBlueprintFunctionNodeSpawner::Create(&Function))
 		{
-			if (Promotable && Spawner->NodeClass.Get() == Promotable)
+			if (FTypePromotion::IsFunctionPromotionReady(&Function))
 			{
-				AddOperator(*Spawner, Function, Operators, Out);
+				AddOperator(*Spawner, Function, Out);
 			}
 			else if (FBlueprintAction* const Action = Add(Spawner, Out))
 			{
