@@ -5,25 +5,53 @@
 
 class UFunction;
 
-/** The operators whose operands take the type of what is linked, and the functions that do the work for each pair of types. */
+/** The names of the operators, as the overloads' names start. */
+namespace OperatorNames
+{
+extern const FName Add;
+extern const FName Multiply;
+extern const FName Subtract;
+extern const FName Divide;
+extern const FName Greater;
+extern const FName GreaterEq;
+extern const FName Less;
+extern const FName LessEq;
+extern const FName NotEq;
+extern const FName Equal;
+} // namespace OperatorNames
+
+/**
+ * Which overload of an operator fits its operands. The table is made once from the function libraries: every pure function of two operands whose name is an
+ * operator's, an underscore and the operands' types.
+ */
 class FTypePromotion
 {
 public:
-	/** "Add" of "Add_IntInt"; None for a function that is no overload of an operator. */
-	static FName GetOpNameFromFunction(const UFunction* Function);
-	static bool IsFunctionPromotionReady(const UFunction* Function) { return !GetOpNameFromFunction(Function).IsNone(); }
-	/** Operators that answer a bool whatever they compare. */
-	static bool IsComparisonOpName(FName OpName);
-	/** Operators that may take more than two operands. */
-	static bool TakesMoreOperands(FName OpName);
-	/** The operator's sign, as its node shows it. */
-	static FText GetKeywordsAndSign(FName OpName);
+	enum class ETypeComparisonResult : uint8
+	{
+		TypeAHigher,
+		TypeBHigher,
+		TypesEqual,
+		InvalidComparison,
+	};
 
-	/**
-	 * The overload whose operands take the given types in order with the least conversion; null when none does. An open type fits
-	 * anything.
-	 */
-	static const UFunction* FindBestMatchingFunc(FName OpName, TConstArrayView<FEdGraphPinType> Operands);
-	/** How far a value must be converted to be the other: 0 for none, -1 for never. */
-	static int32 GetPromotionCost(const FEdGraphPinType& From, const FEdGraphPinType& To);
+	static bool IsFunctionPromotionReady(const UFunction* FuncToConsider);
+	/** "Add" of Add_IntInt; none for a function that is no operator. */
+	static FName GetOpNameFromFunction(const UFunction* Func);
+	static bool IsComparisonOpName(FName OpName);
+	static bool IsComparisonFunc(const UFunction* Func) { return IsComparisonOpName(GetOpNameFromFunction(Func)); }
+	static const TArray<FName>& GetAllOpNames();
+	/** All overloads, those of the math library first. */
+	static const TArray<const UFunction*>& GetAllFuncsForOp(FName Operation);
+	/** The overload that a new operator is bound to until its operands are known. */
+	static const UFunction* GetDefaultFuncForOp(FName Operation);
+	/** The overload whose operands take the pins' types with the least promotion; null when there is none. Pins of open type fit anything. */
+	static const UFunction* FindBestMatchingFunc(FName Operation, const TArray<UEdGraphPin*>& PinsToConsider);
+	/** The higher of two types: what both can be promoted to. */
+	static ETypeComparisonResult GetHigherType(const FEdGraphPinType& A, const FEdGraphPinType& B);
+	static bool IsValidPromotion(const FEdGraphPinType& From, const FEdGraphPinType& To);
+	static FText GetUserFacingOperatorName(FName OpName);
+	static const FText& GetKeywordsForOperator(FName OpName);
+	/** The operands' types of an overload, and its result's. */
+	static FEdGraphPinType GetParamType(const UFunction& Func, int32 Index);
 };

@@ -15,10 +15,14 @@ public:
 	UEdGraphPin* GetInputPin(int32 InputPinIndex) const;
 	FEdGraphPinType GetType() const;
 	void AllocateDefaultPins() override;
+	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 	void AddInputPin() override;
 	bool CanAddPin() const override { return NumAdditionalInputs + 2 < GetMaxInputPinsNum(); }
 	bool CanRemovePin(const UEdGraphPin* Pin) const override;
 	void RemoveInputPin(UEdGraphPin* Pin) override;
 
 	int32 NumAdditionalInputs = 0;
+
+private:
+	UEdGraphPin* AddInputPinInner(int32 AdditionalPinIndex);
 };

@@ -33,10 +33,23 @@ public:
 	bool CanRemovePin(const UEdGraphPin* Pin) const override;
 	void RemoveInputPin(UEdGraphPin* Pin) override;
 
+	bool CreatePinsForFunctionCall(const UFunction* Function) override;
+	FText GetTooltipText() const override;
+	FText GetMenuCategory() const override;
+	FText GetKeywords() const override;
+	bool ShouldDrawCompact() const override { return true; }
+	FText GetCompactNodeTitle() const override;
+	void PinDefaultValueChanged(UEdGraphPin* Pin) override;
+	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
+	/** Gives the operands the types of the bound overload, as after a link that asked for it. */
+	void TakeTypesOfFunction();
+
 	FName OperationName;
 	int32 NumAdditionalInputs = 0;
 
 private:
 	bool UpdateOpName(const UFunction* Function);
 	void UpdateFromBestMatchingFunction();
+	/** The hidden pin of a comparison that is exact. */
+	void CreateTolerancePin(const UFunction* Function);
 };

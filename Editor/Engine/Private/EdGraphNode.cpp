@@ -34,6 +34,7 @@ void UEdGraphNode::DescribeClass(FClassDescriber& Class)
 	Class.Property(TEXT("bUserSetEnabledState"), &UEdGraphNode::bUserSetEnabledState, CPF_TextExportTransient);
 	Class.Property(TEXT("bCommentBubblePinned"), &UEdGraphNode::bCommentBubblePinned);
 	Class.Property(TEXT("bCommentBubbleVisible"), &UEdGraphNode::bCommentBubbleVisible);
+	Class.Property(TEXT("bCanRenameNode"), &UEdGraphNode::bCanRenameNode);
 	Class.Property(TEXT("NodeComment"), &UEdGraphNode::NodeComment);
 	Class.Property(TEXT("ErrorType"), &UEdGraphNode::ErrorType);
 	Class.Property(TEXT("ErrorMsg"), &UEdGraphNode::ErrorMsg);

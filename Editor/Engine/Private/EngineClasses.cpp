@@ -9,6 +9,7 @@
 #include "Engine/SimpleConstructionScript.h"
 #include "Engine/TimelineTemplate.h"
 #include "GameFramework/Actor.h"
+#include "InputCoreTypes.h"
 #include "UObject/NativeClass.h"
 
 void RegisterEngineClasses()
@@ -20,6 +21,7 @@ void RegisterEngineClasses()
 		&AActor::StaticClass, &UActorComponent::StaticClass, &USceneComponent::StaticClass,
 		&UTimelineTemplate::StaticClass, &UCurveBase::StaticClass, &UCurveFloat::StaticClass,
 		&UCurveVector::StaticClass, &UCurveLinearColor::StaticClass});
+	FKey::StaticStruct();
 	FMemberReference::StaticStruct();
 	FEdGraphPinType::StaticStruct();
 	StaticEnum<EComponentMobility::Type>();

@@ -1,195 +1,303 @@
 #include "BlueprintTypePromotion.h"
 
 #include "EdGraphSchema_K2.h"
-#include "Nodes/WildcardTypes.h"
+#include "UObject/Class.h"
 #include "UObject/UnrealType.h"
+#include "WildcardTypes.h"
+
+namespace OperatorNames
+{
+const FName Add(TEXT("Add"));
+const FName Multiply(TEXT("Multiply"));
+const FName Subtract(TEXT("Subtract"));
+const FName Divide(TEXT("Divide"));
+const FName Greater(TEXT("Greater"));
+const FName GreaterEq(TEXT("GreaterEqual"));
+const FName Less(TEXT("Less"));
+const FName LessEq(TEXT("LessEqual"));
+const FName NotEq(TEXT("NotEqual"));
+const FName Equal(TEXT("EqualEqual"));
+} // namespace OperatorNames
 
 namespace TypePromotion
 {
-using FSchema = UEdGraphSchema_K2;
+const FName IgnoreKey(TEXT("IgnoreTypePromotion"));
+const FName ToleranceParam(TEXT("ErrorTolerance"));
 
-struct FOperator
+/** The operands: inputs in order, a comparison's tolerance left out. */
+TArray<const FProperty*> OperandsOf(const UFunction& Function)
 {
-	FName Name;
-	const TCHAR* Sign;
-	bool bCompares;
-	bool bTakesMore;
-};
-
-const TArray<FOperator>& Operators()
-{
-	static const TArray<FOperator> All = {{TEXT("Add"), TEXT("+"), false, true},
-		{TEXT("Subtract"), TEXT("-"), false, false}, {TEXT("Multiply"), TEXT("*"), false, true},
-		{TEXT("Divide"), TEXT("/"), false, false}, {TEXT("Greater"), TEXT(">"), true, false},
-		{TEXT("GreaterEqual"), TEXT(">="), true, false}, {TEXT("Less"), TEXT("<"), true, false},
-		{TEXT("LessEqual"), TEXT("<="), true, false}, {TEXT("EqualEqual"), TEXT("=="), true, false},
-		{TEXT("NotEqual"), TEXT("!="), true, false}};
-	return All;
-}
-
-const FOperator* Find(FName Name)
-{
-	return Operators().FindByPredicate([Name](const FOperator& Row) { return Row.Name == Name; });
-}
-
-/** One function, with its operands' types at hand. */
-struct FOverload
-{
-	const UFunction* Function;
-	TArray<FEdGraphPinType> Operands;
-};
-
-FOverload Describe(const UFunction& Function)
-{
-	FOverload Overload{&Function, {}};
+	TArray<const FProperty*> Operands;
 	for (TFieldIterator<FProperty> It(&Function, EFieldIteratorFlags::ExcludeSuper); It; ++It)
 	{
-		FEdGraphPinType Type;
-		const bool bIsOperand = It->HasAnyPropertyFlags(CPF_Parm) && !It->HasAnyPropertyFlags(CPF_ReturnParm)
-			&& It->GetFName() != TEXT("ErrorTolerance");
-		if (bIsOperand && FSchema::ConvertPropertyToPinTypeStatic(*It, Type))
+		const bool bInput = It->HasAnyPropertyFlags(CPF_Parm) && !It->HasAnyPropertyFlags(CPF_ReturnParm)
+			&& (!It->HasAnyPropertyFlags(CPF_OutParm) || It->HasAnyPropertyFlags(CPF_ReferenceParm));
+		if (bInput && It->GetFName() != ToleranceParam)
 		{
-			Overload.Operands.Add(Type);
+			Operands.Add(*It);
 		}
 	}
-	return Overload;
+	return Operands;
 }
 
-using FTable = TMap<FName, TArray<FOverload>>;
+using FTable = TMap<FName, TArray<const UFunction*>>;
 
-/** The overloads of each operator, in the library's order. Built on first use: the library's functions never change. */
-const FTable& Table()
+void AddFunctionsOf(const UClass& Class, FTable& Table)
 {
-	static const FTable Built = []
+	for (TFieldIterator<UFunction> It(&Class, EFieldIteratorFlags::ExcludeSuper); It; ++It)
+	{
+		if (FTypePromotion::IsFunctionPromotionReady(*It))
+		{
+			Table.FindOrAdd(FTypePromotion::GetOpNameFromFunction(*It)).Add(*It);
+		}
+	}
+}
+
+const FTable& GetTable()
+{
+	static const FTable Table = []
 	{
 		FTable Made;
-		const UClass* const Library = FindObject<UClass>(nullptr, TEXT("/Script/Engine.KismetMathLibrary"));
-		for (TFieldIterator<UFunction> It(Library, EFieldIteratorFlags::ExcludeSuper); It; ++It)
+		const UClass* const Math = FindObject<UClass>(nullptr, TEXT("/Script/Engine.KismetMathLibrary"));
+		if (Math)
 		{
-			const FName Name = FTypePromotion::GetOpNameFromFunction(*It);
-			if (!Name.IsNone())
+			AddFunctionsOf(*Math, Made);
+		}
+		TArray<UClass*> Libraries;
+		if (const UClass* const Base = FindObject<UClass>(nullptr, TEXT("/Script/Engine.BlueprintFunctionLibrary")))
+		{
+			GetDerivedClasses(Base, Libraries);
+		}
+		for (const UClass* const Library : Libraries)
+		{
+			// Blueprint libraries come and go; operators are a native matter.
+			if (Library != Math && !Library->ClassGeneratedBy)
 			{
-				Made.FindOrAdd(Name).Add(Describe(**It));
+				AddFunctionsOf(*Library, Made);
 			}
 		}
 		return Made;
 	}();
-	return Built;
+	return Table;
 }
 
-/** Place of a number in the order in which one becomes the next without loss. */
-int32 NumericRank(const FEdGraphPinType& Type)
+/** The place of a number in the order in which numbers are promoted; -1 for anything else. */
+int32 NumberRank(const FEdGraphPinType& Type)
 {
 	if (Type.IsContainer())
 	{
-		return INDEX_NONE;
+		return -1;
 	}
-	if (Type.PinCategory == FSchema::PC_Byte)
+	if (Type.PinCategory == UEdGraphSchema_K2::PC_Byte)
 	{
-		return Type.PinSubCategoryObject.IsValid() ? INDEX_NONE : 0;
+		return Type.PinSubCategoryObject.Get() ? -1 : 0;
 	}
-	if (Type.PinCategory == FSchema::PC_Int)
+	if (Type.PinCategory == UEdGraphSchema_K2::PC_Int)
 	{
 		return 1;
 	}
-	if (Type.PinCategory == FSchema::PC_Int64)
+	if (Type.PinCategory == UEdGraphSchema_K2::PC_Int64)
 	{
 		return 2;
 	}
-	if (Type.PinCategory == FSchema::PC_Real)
+	return Type.PinCategory == UEdGraphSchema_K2::PC_Real ? 3 : -1;
+}
+
+bool IsSame(const FEdGraphPinType& A, const FEdGraphPinType& B)
+{
+	const bool bSameCategory = A.PinCategory == B.PinCategory && A.ContainerType == B.ContainerType;
+	return bSameCategory && A.PinSubCategoryObject == B.PinSubCategoryObject;
+}
+
+/** How far the pin is from the operand: 0 the same, more for a promotion, -1 when it does not fit. */
+int32 Distance(const FEdGraphPinType& From, const FEdGraphPinType& To)
+{
+	if (IsSame(From, To))
 	{
-		return Type.PinSubCategory == FSchema::PC_Float ? 3 : 4;
+		// Single and double precision are one kind of number here; the exact one is a little better.
+		return From.PinSubCategory == To.PinSubCategory ? 0 : 1;
 	}
-	return INDEX_NONE;
+	const int32 FromRank = NumberRank(From);
+	const int32 ToRank = NumberRank(To);
+	if (FromRank >= 0 && ToRank >= 0)
+	{
+		return FromRank < ToRank ? 2 * (ToRank - FromRank) : -1;
+	}
+	const UClass* const FromClass = Cast<UClass>(From.PinSubCategoryObject.Get());
+	const UClass* const ToClass = Cast<UClass>(To.PinSubCategoryObject.Get());
+	if (From.PinCategory == To.PinCategory && FromClass && ToClass && FromClass->IsChildOf(ToClass))
+	{
+		return 4;
+	}
+	// An entry of an enum compares as the number it is.
+	return From.PinCategory == UEdGraphSchema_K2::PC_Byte && To.PinCategory == UEdGraphSchema_K2::PC_Byte
+			&& !To.PinSubCategoryObject.Get()
+		? 4
+		: -1;
 }
 } // namespace TypePromotion
 
-FName FTypePromotion::GetOpNameFromFunction(const UFunction* Function)
+const TArray<FName>& FTypePromotion::GetAllOpNames()
 {
-	if (!Function || !Function->HasAnyFunctionFlags(FUNC_BlueprintPure) || !Function->HasAnyFunctionFlags(FUNC_Static))
+	static const TArray<FName> Names = {OperatorNames::Add, OperatorNames::Multiply, OperatorNames::Subtract,
+		OperatorNames::Divide, OperatorNames::Greater, OperatorNames::GreaterEq, OperatorNames::Less,
+		OperatorNames::LessEq, OperatorNames::NotEq, OperatorNames::Equal};
+	return Names;
+}
+
+FName FTypePromotion::GetOpNameFromFunction(const UFunction* Func)
+{
+	if (!Func)
 	{
 		return NAME_None;
 	}
-	FString Operation;
-	FString Types;
-	if (!Function->GetName().Split(TEXT("_"), &Operation, &Types))
+	const FString Name = Func->GetName();
+	const int32 Underscore = Name.Find(TEXT("_"), ESearchCase::CaseSensitive);
+	const FName Candidate(Underscore == INDEX_NONE ? Name : Name.Left(Underscore));
+	return GetAllOpNames().Contains(Candidate) ? Candidate : FName();
+}
+
+bool FTypePromotion::IsFunctionPromotionReady(const UFunction* FuncToConsider)
+{
+	if (!FuncToConsider || !FuncToConsider->HasAllFunctionFlags(FUNC_BlueprintPure)
+		|| !FuncToConsider->HasAnyFunctionFlags(FUNC_Static) || GetOpNameFromFunction(FuncToConsider).IsNone()
+		|| FuncToConsider->HasMetaData(TypePromotion::IgnoreKey))
 	{
-		return NAME_None;
+		return false;
 	}
-	const FName Name(Operation);
-	return TypePromotion::Find(Name) ? Name : FName();
+	return FuncToConsider->GetReturnProperty() && TypePromotion::OperandsOf(*FuncToConsider).Num() == 2;
 }
 
 bool FTypePromotion::IsComparisonOpName(FName OpName)
 {
-	const TypePromotion::FOperator* const Operator = TypePromotion::Find(OpName);
-	return Operator && Operator->bCompares;
+	return OpName == OperatorNames::Greater || OpName == OperatorNames::GreaterEq || OpName == OperatorNames::Less
+		|| OpName == OperatorNames::LessEq || OpName == OperatorNames::NotEq || OpName == OperatorNames::Equal;
 }
 
-bool FTypePromotion::TakesMoreOperands(FName OpName)
+const TArray<const UFunction*>& FTypePromotion::GetAllFuncsForOp(FName Operation)
 {
-	const TypePromotion::FOperator* const Operator = TypePromotion::Find(OpName);
-	return Operator && Operator->bTakesMore;
+	static const TArray<const UFunction*> None;
+	const TArray<const UFunction*>* const Found = TypePromotion::GetTable().Find(Operation);
+	return Found ? *Found : None;
 }
 
-FText FTypePromotion::GetKeywordsAndSign(FName OpName)
+FEdGraphPinType FTypePromotion::GetParamType(const UFunction& Func, int32 Index)
 {
-	const TypePromotion::FOperator* const Operator = TypePromotion::Find(OpName);
-	return Operator ? FText::FromString(Operator->Sign) : FText::GetEmpty();
+	const TArray<const FProperty*> Operands = TypePromotion::OperandsOf(Func);
+	FEdGraphPinType Type;
+	const FProperty* const Property = Operands.IsValidIndex(Index) ? Operands[Index] : Func.GetReturnProperty();
+	UEdGraphSchema_K2::ConvertPropertyToPinTypeStatic(Property, Type);
+	Type.bIsReference = false;
+	Type.bIsConst = false;
+	return Type;
 }
 
-int32 FTypePromotion::GetPromotionCost(const FEdGraphPinType& From, const FEdGraphPinType& To)
+const UFunction* FTypePromotion::GetDefaultFuncForOp(FName Operation)
 {
-	if (WildcardTypes::IsOpen(From) || WildcardTypes::IsOpen(To))
+	const TArray<const UFunction*>& Functions = GetAllFuncsForOp(Operation);
+	for (const UFunction* const Function : Functions)
 	{
-		return 0;
-	}
-	if (From.ContainerType != To.ContainerType)
-	{
-		return -1;
-	}
-	const int32 FromRank = TypePromotion::NumericRank(From);
-	const int32 ToRank = TypePromotion::NumericRank(To);
-	if (FromRank != INDEX_NONE && ToRank != INDEX_NONE)
-	{
-		return FromRank <= ToRank ? ToRank - FromRank : -1;
-	}
-	if (From.PinCategory != To.PinCategory)
-	{
-		return -1;
-	}
-	const UStruct* const FromStruct = Cast<UStruct>(From.PinSubCategoryObject.Get());
-	const UStruct* const ToStruct = Cast<UStruct>(To.PinSubCategoryObject.Get());
-	if (FromStruct == ToStruct)
-	{
-		return 0;
-	}
-	return FromStruct && ToStruct && FromStruct->IsChildOf(ToStruct) ? 1 : -1;
-}
-
-const UFunction* FTypePromotion::FindBestMatchingFunc(FName OpName, TConstArrayView<FEdGraphPinType> Operands)
-{
-	const TArray<TypePromotion::FOverload>* const Overloads = TypePromotion::Table().Find(OpName);
-	if (!Overloads)
-	{
-		return nullptr;
-	}
-	const UFunction* Best = nullptr;
-	int32 BestCost = MAX_int32;
-	for (const TypePromotion::FOverload& Overload : *Overloads)
-	{
-		int32 Cost = Overload.Operands.IsEmpty() ? -1 : 0;
-		for (int32 Index = 0; Index < Operands.Num() && Cost >= 0; ++Index)
+		if (GetParamType(*Function, 0).PinCategory == UEdGraphSchema_K2::PC_Real
+			&& GetParamType(*Function, 1).PinCategory == UEdGraphSchema_K2::PC_Real)
 		{
-			const int32 Place = FMath::Min(Index, Overload.Operands.Num() - 1);
-			const int32 Step = GetPromotionCost(Operands[Index], Overload.Operands[Place]);
-			Cost = Step < 0 ? -1 : Cost + Step;
+			return Function;
 		}
-		if (Cost >= 0 && Cost < BestCost)
+	}
+	return Functions.IsEmpty() ? nullptr : Functions[0];
+}
+
+const UFunction* FTypePromotion::FindBestMatchingFunc(FName Operation, const TArray<UEdGraphPin*>& PinsToConsider)
+{
+	const UFunction* Best = nullptr;
+	int32 BestDistance = MAX_int32;
+	for (const UFunction* const Function : GetAllFuncsForOp(Operation))
+	{
+		int32 Total = 0;
+		bool bFits = true;
+		int32 Operand = 0;
+		for (const UEdGraphPin* const Pin : PinsToConsider)
 		{
-			Best = Overload.Function;
-			BestCost = Cost;
+			const bool bOutput = Pin->Direction == EGPD_Output;
+			const int32 Index = bOutput ? 2 : FMath::Min(Operand++, 1);
+			if (WildcardTypes::IsOpen(Pin->PinType))
+			{
+				continue;
+			}
+			const FEdGraphPinType Param = GetParamType(*Function, Index);
+			const int32 Step = bOutput ? TypePromotion::Distance(Param, Pin->PinType)
+									   : TypePromotion::Distance(Pin->PinType, Param);
+			bFits &= Step >= 0;
+			Total += Step;
+		}
+		if (bFits && Total < BestDistance)
+		{
+			Best = Function;
+			BestDistance = Total;
 		}
 	}
 	return Best;
+}
+
+bool FTypePromotion::IsValidPromotion(const FEdGraphPinType& From, const FEdGraphPinType& To)
+{
+	const int32 FromRank = TypePromotion::NumberRank(From);
+	return FromRank >= 0 && FromRank < TypePromotion::NumberRank(To);
+}
+
+FTypePromotion::ETypeComparisonResult FTypePromotion::GetHigherType(const FEdGraphPinType& A, const FEdGraphPinType& B)
+{
+	if (TypePromotion::IsSame(A, B))
+	{
+		return ETypeComparisonResult::TypesEqual;
+	}
+	if (IsValidPromotion(A, B))
+	{
+		return ETypeComparisonResult::TypeBHigher;
+	}
+	return IsValidPromotion(B, A) ? ETypeComparisonResult::TypeAHigher : ETypeComparisonResult::InvalidComparison;
+}
+
+FText FTypePromotion::GetUserFacingOperatorName(FName OpName)
+{
+	struct FRow
+	{
+		FName Op;
+		const TCHAR* Shown;
+	};
+	static const FRow Rows[] = {{OperatorNames::Add, TEXT("Add")}, {OperatorNames::Multiply, TEXT("Multiply")},
+		{OperatorNames::Subtract, TEXT("Subtract")}, {OperatorNames::Divide, TEXT("Divide")},
+		{OperatorNames::Greater, TEXT("Greater (>)")}, {OperatorNames::GreaterEq, TEXT("Greater Equal (>=)")},
+		{OperatorNames::Less, TEXT("Less (<)")}, {OperatorNames::LessEq, TEXT("Less Equal (<=)")},
+		{OperatorNames::NotEq, TEXT("Not Equal (!=)")}, {OperatorNames::Equal, TEXT("Equal (==)")}};
+	for (const FRow& Row : Rows)
+	{
+		if (Row.Op == OpName)
+		{
+			return FText::FromString(Row.Shown);
+		}
+	}
+	return FText::FromName(OpName);
+}
+
+const FText& FTypePromotion::GetKeywordsForOperator(FName OpName)
+{
+	static const TMap<FName, FText> Keywords = []
+	{
+		TMap<FName, FText> Made;
+		const auto Put = [&Made](FName Op, const TCHAR* Words) { Made.Add(Op, FText::FromString(Words)); };
+		Put(OperatorNames::Add, TEXT("+ add plus sum"));
+		Put(OperatorNames::Multiply, TEXT("* multiply times product"));
+		Put(OperatorNames::Subtract, TEXT("- subtract minus"));
+		Put(OperatorNames::Divide, TEXT("/ divide division"));
+		Put(OperatorNames::Greater, TEXT("> greater"));
+		Put(OperatorNames::GreaterEq, TEXT(">= greater equal"));
+		Put(OperatorNames::Less, TEXT("< less"));
+		Put(OperatorNames::LessEq, TEXT("<= less equal"));
+		Put(OperatorNames::NotEq, TEXT("!= not equal"));
+		Put(OperatorNames::Equal, TEXT("== equal"));
+		return Made;
+	}();
+	static const FText None;
+	const FText* const Found = Keywords.Find(OpName);
+	return Found ? *Found : None;
 }

@@ -3,6 +3,7 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "FunctionPins.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "UObject/NativeClass.h"
 
@@ -26,7 +27,7 @@ void UK2Node_CallFunction::SetFromFunction(const UFunction* Function)
 		return;
 	}
 	bDefaultsToPureFunc = Function->HasAnyFunctionFlags(FUNC_BlueprintPure);
-	FunctionReference.SetFromField(Function, GetBlueprintClassFromNode());
+	FunctionReference.SetFromField(Function, IsSelfOrParentClass(Function->GetOwnerClass()));
 	static const FName DevelopmentOnly(TEXT("DevelopmentOnly"));
 	if (Function->HasMetaData(DevelopmentOnly))
 	{
@@ -36,7 +37,7 @@ void UK2Node_CallFunction::SetFromFunction(const UFunction* Function)
 
 UFunction* UK2Node_CallFunction::GetTargetFunction() const
 {
-	return FunctionReference.ResolveFunction(GetBlueprintClassFromNode());
+	return ResolveFunction(FunctionReference);
 }
 
 UFunction* UK2Node_CallFunction::GetTargetFunctionFromSkeletonClass() const
@@ -191,16 +192,7 @@ bool UK2Node_CallFunction::CanPasteHere(const UEdGraph* TargetGraph) const
 
 bool UK2Node_CallFunction::IsStructureWildcardProperty(const UFunction* InFunction, FName PropertyName)
 {
-	const FString* const Named = InFunction ? InFunction->FindMetaData(FBlueprintMetadata::MD_CustomStructureParam)
-											: nullptr;
-	if (!Named)
-	{
-		return false;
-	}
-	TArray<FString> Names;
-	Named->ParseIntoArray(Names, TEXT(","));
-	return Names.ContainsByPredicate(
-		[PropertyName](const FString& Name) { return PropertyName == *Name.TrimStartAndEnd(); });
+	return InFunction && FunctionPins::Get(*InFunction).CustomStructures.Contains(PropertyName);
 }
 
 bool UK2Node_CallFunction::IsWildcardProperty(const UFunction* InFunction, const FProperty* InProperty)

@@ -5,64 +5,11 @@
 
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "EnumPins.h"
+#include "FunctionPins.h"
 
 namespace CallPins
 {
-/** Classes below these have a world, so the caller itself serves as world context and the pin is not shown. */
-bool HasWorld(const UClass* Class)
-{
-	static const TCHAR* const Bases[] = {TEXT("Actor"), TEXT("ActorComponent"), TEXT("UserWidget"),
-		TEXT("AnimInstance"), TEXT("GameInstance"), TEXT("Subsystem"), TEXT("BTNode"), TEXT("GameplayAbility"),
-		TEXT("GameplayTask"), TEXT("BlueprintFunctionLibrary"), TEXT("AnimNotify"), TEXT("AnimNotifyState"),
-		TEXT("CheatManagerExtension"), TEXT("CheatManager"), TEXT("LevelScriptActor"), TEXT("EnvQueryGenerator"),
-		TEXT("EnvQueryTest"), TEXT("EnvQueryContext"), TEXT("StateTreeNodeBlueprintBase"), TEXT("Player")};
-	for (; Class; Class = Class->GetSuperClass())
-	{
-		for (const TCHAR* const Base : Bases)
-		{
-			if (Class->GetFName() == Base)
-			{
-				return true;
-			}
-		}
-	}
-	return false;
-}
-
-void AddNames(const UFunction& Function, FName Key, TSet<FName>& Out)
-{
-	const FString* const List = Function.FindMetaData(Key);
-	if (!List)
-	{
-		return;
-	}
-	TArray<FString> Names;
-	List->ParseIntoArray(Names, TEXT(","));
-	for (const FString& Name : Names)
-	{
-		Out.Add(FName(Name.TrimStartAndEnd()));
-	}
-}
-
-/** The parameter that metadata names for exec expansion, if it is an enum or a bool. */
-const FProperty* ExpandedParameter(const UFunction& Function, bool& bOutIsBool)
-{
-	for (const FName Key : {FBlueprintMetadata::MD_ExpandEnumAsExecs, FBlueprintMetadata::MD_ExpandBoolAsExecs})
-	{
-		TSet<FName> Names;
-		AddNames(Function, Key, Names);
-		for (const FName Name : Names)
-		{
-			if (const FProperty* const Param = Function.FindPropertyByName(Name))
-			{
-				bOutIsBool = Param->IsA<FBoolProperty>();
-				return Param;
-			}
-		}
-	}
-	return nullptr;
-}
-
 UEnum* EnumOf(const FProperty* Param)
 {
 	if (const FByteProperty* const Byte = CastField<FByteProperty>(Param))
@@ -82,32 +29,23 @@ bool IsInput(const FProperty* Param)
 
 TSet<FName> UK2Node_CallFunction::GetHiddenParameters(const UFunction* Function) const
 {
-	static const FName LatentInfo(TEXT("LatentInfo"));
-	TSet<FName> Hidden;
-	CallPins::AddNames(*Function, LatentInfo, Hidden);
-	CallPins::AddNames(*Function, FBlueprintMetadata::MD_HidePin, Hidden);
-	CallPins::AddNames(*Function, FBlueprintMetadata::MD_InternalUseParam, Hidden);
-	if (const FString* const Context = Function->FindMetaData(FBlueprintMetadata::MD_WorldContext))
+	const FFunctionPinFacts& Facts = FunctionPins::Get(*Function);
+	TSet<FName> Hidden = Facts.HiddenByMetaData;
+	if (FunctionPins::IsWorldContextHidden(*Function, GetBlueprint()))
 	{
-		const UBlueprint* const Blueprint = GetBlueprint();
-		const UClass* const Self = Blueprint ? Blueprint->ParentClass.Get() : nullptr;
-		if (!Self || (CallPins::HasWorld(Self) && !Self->HasMetaData(FBlueprintMetadata::MD_ShowWorldContextPin)))
-		{
-			Hidden.Add(FName(*Context));
-		}
+		Hidden.Add(Facts.WorldContext);
 	}
 	return Hidden;
 }
 
 bool UK2Node_CallFunction::CreateEnumExecPins(const UFunction* Function, EEdGraphPinDirection Direction)
 {
-	bool bIsBool = false;
-	const FProperty* const Param = CallPins::ExpandedParameter(*Function, bIsBool);
+	const FProperty* const Param = FunctionPins::Get(*Function).Expanded;
 	if (!Param || (CallPins::IsInput(Param) ? EGPD_Input : EGPD_Output) != Direction)
 	{
 		return false;
 	}
-	if (bIsBool)
+	if (Param->IsA<FBoolProperty>())
 	{
 		for (const TCHAR* const Name : {TEXT("True"), TEXT("False")})
 		{
@@ -120,16 +58,11 @@ bool UK2Node_CallFunction::CreateEnumExecPins(const UFunction* Function, EEdGrap
 	{
 		return false;
 	}
-	static const TCHAR* const HiddenKey = TEXT("Hidden");
-	const int32 Count = Enum->NumEnums() - (Enum->ContainsExistingMax() ? 1 : 0);
-	for (int32 Index = 0; Index < Count; ++Index)
+	for (const int32 Index : EnumPins::VisibleEntries(*Enum))
 	{
-		if (!Enum->HasMetaData(HiddenKey, Index))
-		{
-			UEdGraphPin* const Pin = CreatePin(
-				Direction, UEdGraphSchema_K2::PC_Exec, FName(Enum->GetNameStringByIndex(Index)));
-			Pin->PinFriendlyName = Enum->GetDisplayNameTextByIndex(Index);
-		}
+		UEdGraphPin* const Pin = CreatePin(
+			Direction, UEdGraphSchema_K2::PC_Exec, FName(Enum->GetNameStringByIndex(Index)));
+		Pin->PinFriendlyName = Enum->GetDisplayNameTextByIndex(Index);
 	}
 	return true;
 }
@@ -154,7 +87,7 @@ void UK2Node_CallFunction::CreateExecPinsForFunctionCall(const UFunction* Functi
 	if (!bOutputExpanded)
 	{
 		UEdGraphPin* const Then = CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Then);
-		if (Function->HasMetaData(FBlueprintMetadata::MD_Latent))
+		if (FunctionPins::Get(*Function).bLatent)
 		{
 			Then->PinFriendlyName = FText::FromString(UEdGraphSchema_K2::PN_Completed.ToString());
 		}
@@ -210,12 +143,7 @@ UEdGraphPin* UK2Node_CallFunction::CreateParameterPin(
 		Pin->PinType.PinSubCategory = NAME_None;
 		Pin->PinType.PinSubCategoryObject = nullptr;
 	}
-	const bool bAutoCreated = [&]
-	{
-		TSet<FName> Names;
-		CallPins::AddNames(*Function, FBlueprintMetadata::MD_AutoCreateRefTerm, Names);
-		return Names.Contains(Param->GetFName());
-	}();
+	const bool bAutoCreated = FunctionPins::Get(*Function).AutoCreated.Contains(Param->GetFName());
 	Pin->bDefaultValueIsIgnored = bIsInput && Param->HasAnyPropertyFlags(CPF_ReferenceParm)
 		&& (!bAutoCreated || Pin->PinType.IsContainer());
 	Pin->bAdvancedView = Param->HasAnyPropertyFlags(CPF_AdvancedDisplay);
@@ -249,17 +177,14 @@ UEdGraphPin* UK2Node_CallFunction::CreateParameterPin(
 
 bool UK2Node_CallFunction::CreatePinsForFunctionCall(const UFunction* Function)
 {
-	bWantsEnumToExecExpansion = Function->HasMetaData(FBlueprintMetadata::MD_ExpandEnumAsExecs)
-		|| Function->HasMetaData(FBlueprintMetadata::MD_ExpandBoolAsExecs);
+	const FFunctionPinFacts& Facts = FunctionPins::Get(*Function);
+	bWantsEnumToExecExpansion = Facts.bWantsExpansion;
 	CreateExecPinsForFunctionCall(Function);
 	CreateSelfPin(Function);
 	TSet<FName> Hidden = GetHiddenParameters(Function);
-	bool bIsBool = false;
-	if (const FProperty* const Expanded = bWantsEnumToExecExpansion && !IsNodePure()
-			? CallPins::ExpandedParameter(*Function, bIsBool)
-			: nullptr)
+	if (bWantsEnumToExecExpansion && !IsNodePure() && Facts.Expanded)
 	{
-		Hidden.Add(Expanded->GetFName());
+		Hidden.Add(Facts.Expanded->GetFName());
 	}
 	bool bAllPinsGood = true;
 	for (TFieldIterator<FProperty> It(Function, EFieldIteratorFlags::ExcludeSuper); It; ++It)
@@ -365,20 +290,18 @@ bool IsObjectLike(const UEdGraphPin& Pin)
 void UK2Node_CallFunction::ConformDynamicOutputs()
 {
 	const UFunction* const Function = GetTargetFunction();
-	const FString* const Picker = Function ? Function->FindMetaData(FBlueprintMetadata::MD_DynamicOutputType) : nullptr;
-	const UEdGraphPin* const PickerPin = Picker ? FindPin(FName(*Picker), EGPD_Input) : nullptr;
+	if (!Function || FunctionPins::Get(*Function).DynamicTypePicker.IsNone())
+	{
+		return;
+	}
+	const FFunctionPinFacts& Facts = FunctionPins::Get(*Function);
+	const UEdGraphPin* const PickerPin = FindPin(Facts.DynamicTypePicker, EGPD_Input);
 	if (!PickerPin || !CallPins::IsObjectLike(*PickerPin))
 	{
 		return;
 	}
-	TSet<FName> Outputs;
-	CallPins::AddNames(*Function, FBlueprintMetadata::MD_DynamicOutputParam, Outputs);
-	if (Outputs.IsEmpty())
-	{
-		Outputs.Add(UEdGraphSchema_K2::PN_ReturnValue);
-	}
 	UClass* const Chosen = CallPins::ChosenClass(*PickerPin);
-	for (const FName Name : Outputs)
+	for (const FName Name : Facts.DynamicOutputs)
 	{
 		UEdGraphPin* const Output = FindPin(Name, EGPD_Output);
 		const FObjectPropertyBase* const Declared = FindFProperty<FObjectPropertyBase>(Function, Name);
@@ -461,7 +384,7 @@ void ConformElements(const TArray<UEdGraphPin*>& Pins, const FEdGraphPinType* Kn
 void UK2Node_CallFunction::ConformContainerPins()
 {
 	const UFunction* const Function = GetTargetFunction();
-	if (!Function)
+	if (!Function || !FunctionPins::Get(*Function).bHasContainerParams)
 	{
 		return;
 	}

@@ -185,7 +185,6 @@ void UK2Node_CustomEvent::PostPlacedNewNode()
 {
 	Super::PostPlacedNewNode();
 	bIsEditable = true;
-	bCanRenameNode = true;
 	if (CustomFunctionName.IsNone())
 	{
 		const UBlueprint* const Blueprint = GetBlueprint();

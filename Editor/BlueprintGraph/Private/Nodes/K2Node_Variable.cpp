@@ -37,7 +37,9 @@ UEdGraphPin* UK2Node_Variable::GetValuePin() const
 
 UClass* UK2Node_Variable::GetVariableSourceClass() const
 {
-	return VariableReference.GetMemberParentClass(GetBlueprintClassFromNode());
+	return VariableReference.IsSelfContext() || VariableReference.IsLocalScope()
+		? GetBlueprintClassFromNode()
+		: VariableReference.GetMemberParentClass();
 }
 
 namespace VariableNodes
@@ -67,7 +69,7 @@ const FBPVariableDescription* FindLocal(const UK2Node_Variable& Node)
 
 FProperty* UK2Node_Variable::GetPropertyForVariable() const
 {
-	return VariableReference.ResolveProperty(GetBlueprintClassFromNode());
+	return ResolveProperty(VariableReference);
 }
 
 void UK2Node_Variable::CreatePinForSelf()

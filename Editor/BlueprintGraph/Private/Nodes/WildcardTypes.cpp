@@ -41,9 +41,9 @@ bool FindLinkedType(const TArray<UEdGraphPin*>& Pins, FEdGraphPinType& OutType)
 bool SetTerminal(UEdGraphPin& Pin, const FEdGraphPinType& Type)
 {
 	FEdGraphPinType& Mine = Pin.PinType;
-	if (Mine.PinCategory == Type.PinCategory && Mine.PinSubCategory == Type.PinSubCategory &&
-		Mine.PinSubCategoryObject == Type.PinSubCategoryObject &&
-		Mine.PinSubCategoryMemberReference == Type.PinSubCategoryMemberReference)
+	if (Mine.PinCategory == Type.PinCategory && Mine.PinSubCategory == Type.PinSubCategory
+		&& Mine.PinSubCategoryObject == Type.PinSubCategoryObject
+		&& Mine.PinSubCategoryMemberReference == Type.PinSubCategoryMemberReference)
 	{
 		return false;
 	}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "UObject/Class.h"
+
+class UBlueprint;
+
+/** What a function's metadata says about the pins of its call, worked out once for each function. */
+struct FFunctionPinFacts
+{
+	/** Latent info and what the metadata hides; the world context is told apart, as it depends on the caller. */
+	TSet<FName> HiddenByMetaData;
+	TSet<FName> AutoCreated;
+	TSet<FName> CustomStructures;
+	FName WorldContext;
+	/** The enum or bool that becomes exec pins; null when there is none. */
+	const FProperty* Expanded = nullptr;
+	bool bLatent = false;
+	bool bWantsExpansion = false;
+	/** The class pin that types the outputs, and those outputs. */
+	FName DynamicTypePicker;
+	TArray<FName> DynamicOutputs;
+	bool bHasContainerParams = false;
+};
+
+namespace FunctionPins
+{
+/** Facts of native functions are kept; a Blueprint's function may change, so its facts are worked out again when its
+ * members were rebuilt. */
+const FFunctionPinFacts& Get(const UFunction& Function);
+/** The names of a comma separated list in the function's metadata. */
+TSet<FName> NamesInMetaData(const UFunction& Function, FName Key);
+/** Whether the calling object serves as world context, so that the pin is not shown. */
+bool IsWorldContextHidden(const UFunction& Function, const UBlueprint* Caller);
+} // namespace FunctionPins

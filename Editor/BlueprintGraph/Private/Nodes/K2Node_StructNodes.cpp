@@ -1,0 +1,339 @@
+// Make, break and change structs by their members.
+
+#include "K2Node_BreakStruct.h"
+#include "K2Node_SetFieldsInStruct.h"
+
+#include "EdGraphSchema_K2.h"
+#include "Kismet2/CompilerResultsLog.h"
+#include "UObject/NativeClass.h"
+
+IMPLEMENT_EDITOR_CLASS(UK2Node_StructOperation, "/Script/BlueprintGraph", CLASS_Abstract)
+IMPLEMENT_EDITOR_CLASS(UK2Node_StructMemberGet, "/Script/BlueprintGraph", CLASS_Abstract)
+IMPLEMENT_EDITOR_CLASS(UK2Node_StructMemberSet, "/Script/BlueprintGraph", CLASS_Abstract)
+IMPLEMENT_EDITOR_CLASS(UK2Node_BreakStruct, "/Script/BlueprintGraph", CLASS_None)
+IMPLEMENT_EDITOR_CLASS(UK2Node_MakeStruct, "/Script/BlueprintGraph", CLASS_None)
+IMPLEMENT_EDITOR_CLASS(UK2Node_SetFieldsInStruct, "/Script/BlueprintGraph", CLASS_None)
+
+void UK2Node_StructOperation::DescribeClass(FClassDescriber& Class)
+{
+	Class.Property(TEXT("ShowPinForProperties"), &UK2Node_StructOperation::ShowPinForProperties);
+	Class.Property(TEXT("StructType"), &UK2Node_StructOperation::StructType);
+}
+
+void UK2Node_StructMemberGet::DescribeClass(FClassDescriber&) {}
+void UK2Node_StructMemberSet::DescribeClass(FClassDescriber&) {}
+void UK2Node_SetFieldsInStruct::DescribeClass(FClassDescriber&) {}
+
+void UK2Node_BreakStruct::DescribeClass(FClassDescriber& Class)
+{
+	Class.Property(TEXT("bMadeAfterOverridePinRemoval"), &UK2Node_BreakStruct::bMadeAfterOverridePinRemoval);
+}
+
+void UK2Node_MakeStruct::DescribeClass(FClassDescriber& Class)
+{
+	Class.Property(TEXT("bMadeAfterOverridePinRemoval"), &UK2Node_MakeStruct::bMadeAfterOverridePinRemoval);
+}
+
+bool UK2Node_StructMemberGet::IsMemberUsable(const FProperty& Property) const
+{
+	FEdGraphPinType Type;
+	return Property.HasAnyPropertyFlags(CPF_BlueprintVisible)
+		&& UEdGraphSchema_K2::ConvertPropertyToPinTypeStatic(&Property, Type);
+}
+
+bool UK2Node_StructMemberSet::IsMemberUsable(const FProperty& Property) const
+{
+	FEdGraphPinType Type;
+	return Property.HasAnyPropertyFlags(CPF_BlueprintVisible) && !Property.HasAnyPropertyFlags(CPF_BlueprintReadOnly)
+		&& UEdGraphSchema_K2::ConvertPropertyToPinTypeStatic(&Property, Type);
+}
+
+bool UK2Node_StructOperation::HasExternalDependencies(TArray<UStruct*>* OptionalOutput) const
+{
+	if (StructType && OptionalOutput)
+	{
+		OptionalOutput->AddUnique(StructType.Get());
+	}
+	return StructType != nullptr || Super::HasExternalDependencies(OptionalOutput);
+}
+
+FString UK2Node_StructOperation::GetStructDisplayName() const
+{
+	return StructType ? StructType->GetDisplayNameText().ToString() : FString(TEXT("<unknown struct>"));
+}
+
+void UK2Node_StructOperation::RebuildPropertyList()
+{
+	if (!StructType)
+	{
+		return;
+	}
+	TArray<FOptionalPinFromProperty> Old = MoveTemp(ShowPinForProperties);
+	ShowPinForProperties.Empty();
+	for (TFieldIterator<FProperty> It(StructType.Get(), EFieldIteratorFlags::IncludeSuper); It; ++It)
+	{
+		if (!IsMemberUsable(**It))
+		{
+			continue;
+		}
+		const FName Name = It->GetFName();
+		FOptionalPinFromProperty Record;
+		const FOptionalPinFromProperty* const Before = Old.FindByPredicate(
+			[Name](const FOptionalPinFromProperty& Candidate) { return Candidate.PropertyName == Name; });
+		Record.PropertyName = Name;
+		Record.PropertyFriendlyName = It->GetDisplayNameText().ToString();
+		Record.PropertyTooltip = It->GetToolTipText();
+		const FString* const Category = It->FindMetaData(FBlueprintMetadata::MD_FunctionCategory);
+		Record.CategoryName = Category ? FName(*Category) : FName();
+		Record.bShowPin = Before ? Before->bShowPin : true;
+		Record.bCanToggleVisibility = true;
+		Record.bIsMarkedForAdvancedDisplay = It->HasAnyPropertyFlags(CPF_AdvancedDisplay);
+		ShowPinForProperties.Add(MoveTemp(Record));
+	}
+}
+
+FString UK2Node_StructOperation::GetMemberDefault(const FProperty& Property) const
+{
+	static const FName DefaultKey(TEXT("MakeStructureDefaultValue"));
+	if (const FString* const Given = Property.FindMetaData(DefaultKey))
+	{
+		return *Given;
+	}
+	const uint8* const Sample = static_cast<const uint8*>(StructType->GetDefaultValue());
+	FString Text;
+	if (Sample)
+	{
+		Property.ExportText_InContainer(0, Text, Sample, nullptr, nullptr, PPF_None);
+	}
+	return Text;
+}
+
+void UK2Node_StructOperation::CreateMemberPins(EEdGraphPinDirection Direction)
+{
+	const UEdGraphSchema_K2* const Schema = GetK2Schema();
+	for (const FOptionalPinFromProperty& Record : ShowPinForProperties)
+	{
+		const FProperty* const Property = Record.bShowPin ? StructType->FindPropertyByName(Record.PropertyName)
+														  : nullptr;
+		UEdGraphPin* const Pin = Property ? CreatePinFromProperty(Property, Direction, Record.PropertyName) : nullptr;
+		if (!Pin)
+		{
+			continue;
+		}
+		// The member itself is not passed by reference, whatever its own declaration says.
+		Pin->PinType.bIsReference = false;
+		Pin->PinType.bIsConst = false;
+		Pin->PinFriendlyName = FText::FromString(Record.PropertyFriendlyName);
+		Pin->bAdvancedView = Property->HasAnyPropertyFlags(CPF_AdvancedDisplay);
+		if (Direction == EGPD_Output)
+		{
+			continue;
+		}
+		Pin->bDefaultValueIsIgnored = Pin->PinType.IsContainer();
+		const FString Default = Pin->PinType.IsContainer() ? FString() : GetMemberDefault(*Property);
+		if (!Default.IsEmpty() && Schema->IsPinDefaultValid(Pin, Default, nullptr, FText::GetEmpty()).IsEmpty())
+		{
+			Schema->SetPinAutogeneratedDefaultValue(Pin, Default);
+		}
+		else
+		{
+			Schema->SetPinAutogeneratedDefaultValueBasedOnType(Pin);
+		}
+	}
+}
+
+void UK2Node_StructOperation::FoldManyMembers()
+{
+	static constexpr int32 MostPinsUnfolded = 5;
+	static constexpr int32 FirstFolded = 3;
+	bool bAnyFolded = Pins.ContainsByPredicate([](const UEdGraphPin* Pin) { return Pin->bAdvancedView; });
+	for (int32 Index = FirstFolded; Pins.Num() > MostPinsUnfolded && Index < Pins.Num(); ++Index)
+	{
+		Pins[Index]->bAdvancedView = true;
+		bAnyFolded = true;
+	}
+	if (bAnyFolded && AdvancedPinDisplay == ENodeAdvancedPins::NoPins)
+	{
+		AdvancedPinDisplay = ENodeAdvancedPins::Hidden;
+	}
+}
+
+void UK2Node_StructOperation::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
+{
+	if (StructType)
+	{
+		AllocateDefaultPins();
+		RestoreSplitPins(OldPins);
+		return;
+	}
+	// Without its struct the node keeps what it had.
+	for (const UEdGraphPin* const Old : OldPins)
+	{
+		if (!Old->ParentPin)
+		{
+			UEdGraphPin* const Pin = CreatePin(Old->Direction, Old->PinType, Old->PinName);
+			Pin->PinFriendlyName = Old->PinFriendlyName;
+		}
+	}
+}
+
+UK2Node::ERedirectType UK2Node_StructOperation::DoPinsMatchForReconstruction(
+	const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const
+{
+	const ERedirectType Base = UK2Node::DoPinsMatchForReconstruction(NewPin, NewPinIndex, OldPin, OldPinIndex);
+	if (Base != ERedirectType_None || NewPin->Direction != OldPin->Direction
+		|| !NewPin->PinType.PinSubCategoryObject.Get())
+	{
+		return Base;
+	}
+	// The struct's own pin is called after the struct, which may have been renamed.
+	const bool bBothTheStruct = NewPin->PinType.PinSubCategoryObject == OldPin->PinType.PinSubCategoryObject
+		&& NewPin->PinType.PinSubCategoryObject.Get() == StructType.Get() && NewPinIndex == OldPinIndex;
+	return bBothTheStruct ? ERedirectType_Name : ERedirectType_None;
+}
+
+void UK2Node_StructOperation::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const
+{
+	UK2Node::ValidateNodeDuringCompilation(MessageLog);
+	if (!StructType)
+	{
+		MessageLog.Error(TEXT("Unknown structure at @@ "), this);
+	}
+}
+
+FText UK2Node_StructOperation::GetMenuCategory() const
+{
+	return NSLOCTEXT("K2Node", "StructCategory", "Utilities|Struct");
+}
+
+bool UK2Node_BreakStruct::CanBeBroken(const UScriptStruct* Struct, bool bForInternalUse)
+{
+	return Struct && !Struct->HasMetaData(FBlueprintMetadata::MD_NativeBreakFunction)
+		&& UEdGraphSchema_K2::IsAllowableBlueprintVariableType(Struct, bForInternalUse);
+}
+
+void UK2Node_BreakStruct::AllocateDefaultPins()
+{
+	if (!StructType)
+	{
+		return;
+	}
+	FCreatePinParams Params;
+	Params.bIsConst = true;
+	Params.bIsReference = true;
+	CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Struct, StructType.Get(), StructType->GetFName(), Params);
+	RebuildPropertyList();
+	CreateMemberPins(EGPD_Output);
+	FoldManyMembers();
+}
+
+void UK2Node_BreakStruct::PostPlacedNewNode()
+{
+	Super::PostPlacedNewNode();
+	bMadeAfterOverridePinRemoval = true;
+}
+
+FText UK2Node_BreakStruct::GetNodeTitle(ENodeTitleType::Type TitleType) const
+{
+	if (!StructType)
+	{
+		return NSLOCTEXT("K2Node", "BreakNullStruct_Title", "Break <unknown struct>");
+	}
+	return FText::FromString(FString::Printf(TEXT("Break %s"), *GetStructDisplayName()));
+}
+
+FText UK2Node_BreakStruct::GetTooltipText() const
+{
+	return FText::FromString(FString::Printf(TEXT("Gives the members of a %s one by one"), *GetStructDisplayName()));
+}
+
+bool UK2Node_MakeStruct::CanBeMade(const UScriptStruct* Struct, bool bForInternalUse)
+{
+	return Struct && !Struct->HasMetaData(FBlueprintMetadata::MD_NativeMakeFunction)
+		&& UEdGraphSchema_K2::IsAllowableBlueprintVariableType(Struct, bForInternalUse);
+}
+
+void UK2Node_MakeStruct::AllocateDefaultPins()
+{
+	if (!StructType)
+	{
+		return;
+	}
+	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Struct, StructType.Get(), StructType->GetFName());
+	RebuildPropertyList();
+	CreateMemberPins(EGPD_Input);
+	FoldManyMembers();
+}
+
+void UK2Node_MakeStruct::PostPlacedNewNode()
+{
+	Super::PostPlacedNewNode();
+	bMadeAfterOverridePinRemoval = true;
+}
+
+FText UK2Node_MakeStruct::GetNodeTitle(ENodeTitleType::Type) const
+{
+	if (!StructType)
+	{
+		return NSLOCTEXT("K2Node", "MakeNullStructTitle", "Make <unknown struct>");
+	}
+	return FText::FromString(FString::Printf(TEXT("Make %s"), *GetStructDisplayName()));
+}
+
+FText UK2Node_MakeStruct::GetTooltipText() const
+{
+	return FText::FromString(FString::Printf(TEXT("Puts a %s together from its members"), *GetStructDisplayName()));
+}
+
+void UK2Node_SetFieldsInStruct::AllocateDefaultPins()
+{
+	if (!StructType)
+	{
+		return;
+	}
+	CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Execute);
+	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Then);
+	FCreatePinParams Params;
+	Params.bIsReference = true;
+	UEdGraphPin* const In = CreatePin(
+		EGPD_Input, UEdGraphSchema_K2::PC_Struct, StructType.Get(), FName(TEXT("StructRef")), Params);
+	In->PinFriendlyName = NSLOCTEXT("K2Node", "SetFields_Ref", "Struct Ref");
+	In->bDefaultValueIsIgnored = true;
+	UEdGraphPin* const Out = CreatePin(
+		EGPD_Output, UEdGraphSchema_K2::PC_Struct, StructType.Get(), FName(TEXT("StructOut")), Params);
+	Out->PinFriendlyName = NSLOCTEXT("K2Node", "SetFields_Out", "Struct Out");
+	// Members stay untouched until an author picks them.
+	const bool bFirstTime = ShowPinForProperties.IsEmpty();
+	RebuildPropertyList();
+	for (FOptionalPinFromProperty& Record : ShowPinForProperties)
+	{
+		Record.bShowPin &= !bFirstTime;
+	}
+	CreateMemberPins(EGPD_Input);
+}
+
+void UK2Node_SetFieldsInStruct::PostPlacedNewNode()
+{
+	Super::PostPlacedNewNode();
+}
+
+FText UK2Node_SetFieldsInStruct::GetNodeTitle(ENodeTitleType::Type) const
+{
+	return FText::FromString(FString::Printf(TEXT("Set members in %s"), *GetStructDisplayName()));
+}
+
+FText UK2Node_SetFieldsInStruct::GetTooltipText() const
+{
+	return FText::FromString(FString::Printf(
+		TEXT("Changes the shown members of a %s that is passed by reference"), *GetStructDisplayName()));
+}
+
+void UK2Node_SetFieldsInStruct::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const
+{
+	Super::ValidateNodeDuringCompilation(MessageLog);
+	const UEdGraphPin* const In = FindPin(TEXT("StructRef"), EGPD_Input);
+	if (In && In->LinkedTo.IsEmpty())
+	{
+		MessageLog.Error(TEXT("@@ needs a struct to change: connect @@"), this, In);
+	}
+}

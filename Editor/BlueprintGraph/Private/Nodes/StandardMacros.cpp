@@ -1,0 +1,259 @@
+#include "StandardMacros.h"
+
+#include "EdGraph/EdGraph.h"
+#include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
+#include "K2Node_Tunnel.h"
+#include "StandardMacroBodies.h"
+#include "UObject/ObjectProviders.h"
+#include "UObject/Package.h"
+
+namespace StandardMacros
+{
+const TCHAR* const PackageName = TEXT("/Engine/EditorBlueprintResources/StandardMacros");
+
+namespace
+{
+enum class EPin : uint8
+{
+	Exec,
+	Bool,
+	Int,
+	Real,
+	Object,
+	Wildcard,
+	WildcardArray,
+};
+
+struct FPinRow
+{
+	const TCHAR* Name;
+	EPin Type;
+	bool bReference = false;
+	const TCHAR* Default = TEXT("");
+};
+
+struct FMacroRow
+{
+	const TCHAR* Name;
+	const TCHAR* Guid;
+	const TCHAR* Category;
+	const TCHAR* Tooltip;
+	const TCHAR* CompactTitle;
+	std::initializer_list<FPinRow> Inputs;
+	std::initializer_list<FPinRow> Outputs;
+	FMacroBody Body;
+};
+
+// The identifiers, names and orders are those of the editor's own library: pasted graphs refer to them.
+const std::initializer_list<FMacroRow>& GetRows()
+{
+	static const std::initializer_list<FMacroRow> Rows = {
+		{TEXT("ForLoop"), TEXT("55C904AF4B45FE1761FB55A8DB9FB801"), TEXT("Utilities|Flow Control"),
+			TEXT("Runs the body for each index from first to last"), TEXT(""),
+			{{TEXT("execute"), EPin::Exec}, {TEXT("FirstIndex"), EPin::Int}, {TEXT("LastIndex"), EPin::Int}},
+			{{TEXT("LoopBody"), EPin::Exec}, {TEXT("Index"), EPin::Int}, {TEXT("Completed"), EPin::Exec}},
+			&StandardMacroBodies::ForLoop},
+		{TEXT("ForLoopWithBreak"), TEXT("1FCFFE2843C702031581E5A273BD4C6B"), TEXT("Utilities|Flow Control"),
+			TEXT("Runs the body for each index from first to last, or until break"), TEXT(""),
+			{{TEXT("Execute"), EPin::Exec}, {TEXT("FirstIndex"), EPin::Int}, {TEXT("LastIndex"), EPin::Int},
+				{TEXT("Break"), EPin::Exec}},
+			{{TEXT("LoopBody"), EPin::Exec}, {TEXT("Index"), EPin::Int}, {TEXT("Completed"), EPin::Exec}},
+			&StandardMacroBodies::ForLoop},
+		{TEXT("ForEachLoop"), TEXT("99DBFD5540A796041F72A5A9DA655026"), TEXT("Utilities|Array"),
+			TEXT("Runs the body for each element of the array"), TEXT(""),
+			{{TEXT("Exec"), EPin::Exec}, {TEXT("Array"), EPin::WildcardArray}},
+			{{TEXT("LoopBody"), EPin::Exec}, {TEXT("Array Element"), EPin::Wildcard}, {TEXT("Array Index"), EPin::Int},
+				{TEXT("Completed"), EPin::Exec}},
+			&StandardMacroBodies::ForEachLoop},
+		{TEXT("ForEachLoopWithBreak"), TEXT("F07560274C5742E391E84B8F394CFB36"), TEXT("Utilities|Array"),
+			TEXT("Runs the body for each element of the array, or until break"), TEXT(""),
+			{{TEXT("Exec"), EPin::Exec}, {TEXT("Array"), EPin::WildcardArray}, {TEXT("Break"), EPin::Exec}},
+			{{TEXT("LoopBody"), EPin::Exec}, {TEXT("Array Element"), EPin::Wildcard}, {TEXT("Array Index"), EPin::Int},
+				{TEXT("Completed"), EPin::Exec}},
+			&StandardMacroBodies::ForEachLoop},
+		{TEXT("ReverseForEachLoop"), TEXT("6DB5FE084A27CDF3569C7980D75D7E14"), TEXT("Utilities|Array"),
+			TEXT("Runs the body for each element of the array, the last one first"), TEXT(""),
+			{{TEXT("Exec"), EPin::Exec}, {TEXT("Array"), EPin::WildcardArray}},
+			{{TEXT("LoopBody"), EPin::Exec}, {TEXT("ArrayIndex"), EPin::Int}, {TEXT("ArrayElement"), EPin::Wildcard},
+				{TEXT("Completed"), EPin::Exec}},
+			&StandardMacroBodies::ReverseForEachLoop},
+		{TEXT("WhileLoop"), TEXT("FA93B260444755CD702C21A123E9A987"), TEXT("Utilities|Flow Control"),
+			TEXT("Runs the body as long as the condition holds"), TEXT(""),
+			{{TEXT("execute"), EPin::Exec}, {TEXT("Condition"), EPin::Bool}},
+			{{TEXT("LoopBody"), EPin::Exec}, {TEXT("Completed"), EPin::Exec}}, &StandardMacroBodies::WhileLoop},
+		{TEXT("DoOnce"), TEXT("1281F54248A2ECB5B8B2C5B24AE6FDF4"), TEXT("Utilities|Flow Control"),
+			TEXT("Goes on once, until it is reset"), TEXT(""),
+			{{TEXT("execute"), EPin::Exec}, {TEXT("Reset"), EPin::Exec}, {TEXT("Start Closed"), EPin::Bool}},
+			{{TEXT("Completed"), EPin::Exec}}, &StandardMacroBodies::DoOnce},
+		{TEXT("Do N"), TEXT("E8C56B2F4535DC8B7DB8469140DCA455"), TEXT("Utilities|Flow Control"),
+			TEXT("Goes on N times, until it is reset"), TEXT(""),
+			{{TEXT("Enter"), EPin::Exec}, {TEXT("n"), EPin::Int}, {TEXT("Reset"), EPin::Exec}},
+			{{TEXT("Exit"), EPin::Exec}, {TEXT("Counter"), EPin::Int}}, &StandardMacroBodies::DoN},
+		{TEXT("Gate"), TEXT("5FD0ADDB41B99E726A411F8E87B5F37C"), TEXT("Utilities|Flow Control"),
+			TEXT("Goes on while it is open"), TEXT(""),
+			{{TEXT("Enter"), EPin::Exec}, {TEXT("Open"), EPin::Exec}, {TEXT("Close"), EPin::Exec},
+				{TEXT("Toggle"), EPin::Exec}, {TEXT("bStartClosed"), EPin::Bool, false, TEXT("true")}},
+			{{TEXT("Exit"), EPin::Exec}}, &StandardMacroBodies::Gate},
+		{TEXT("FlipFlop"), TEXT("BFFFAAE4434E166F549665AD1AA89B60"), TEXT("Utilities|Flow Control"),
+			TEXT("Goes on at A and at B by turns"), TEXT(""), {{TEXT(""), EPin::Exec}},
+			{{TEXT("A"), EPin::Exec}, {TEXT("B"), EPin::Exec}, {TEXT("IsA"), EPin::Bool}},
+			&StandardMacroBodies::FlipFlop},
+		{TEXT("IsValid"), TEXT("64422BCD430703FF5CAEA8B79A32AA65"), TEXT("Utilities"),
+			TEXT("Tells whether there is an object, and one that is alive"), TEXT("?"),
+			{{TEXT("exec"), EPin::Exec}, {TEXT("InputObject"), EPin::Object}},
+			{{TEXT("Is Valid"), EPin::Exec}, {TEXT("Is Not Valid"), EPin::Exec}}, &StandardMacroBodies::IsValid},
+		{TEXT("IncrementInt"), TEXT("ABF609A74436C3ED7357E59E21A41B9A"), TEXT("Math|Integer"),
+			TEXT("Adds 1 to the integer and stores it"), TEXT("++"),
+			{{TEXT(" "), EPin::Exec}, {TEXT("Value"), EPin::Int, true}},
+			{{TEXT("  "), EPin::Exec}, {TEXT("Result"), EPin::Int}}, &StandardMacroBodies::IncrementInt},
+		{TEXT("DecrementInt"), TEXT("313497C74768FD0B41B3D18DA5D1DAA4"), TEXT("Math|Integer"),
+			TEXT("Takes 1 from the integer and stores it"), TEXT("--"),
+			{{TEXT(" "), EPin::Exec}, {TEXT("Value"), EPin::Int, true}},
+			{{TEXT("  "), EPin::Exec}, {TEXT("Result"), EPin::Int}}, &StandardMacroBodies::DecrementInt},
+		{TEXT("IncrementFloat"), TEXT("70854B89453748898717A58553B9112D"), TEXT("Math|Float"),
+			TEXT("Adds 1 to the float and stores it"), TEXT("++"),
+			{{TEXT(" "), EPin::Exec}, {TEXT("Value"), EPin::Real, true}},
+			{{TEXT("  "), EPin::Exec}, {TEXT("Result"), EPin::Real}}, &StandardMacroBodies::IncrementFloat},
+		{TEXT("DecrementFloat"), TEXT("C72D7612414C8F7153EE1FA375F0EC9C"), TEXT("Math|Float"),
+			TEXT("Takes 1 from the float and stores it"), TEXT("--"),
+			{{TEXT(" "), EPin::Exec}, {TEXT("Value"), EPin::Real, true}},
+			{{TEXT("  "), EPin::Exec}, {TEXT("Result"), EPin::Real}}, &StandardMacroBodies::DecrementFloat}};
+	return Rows;
+}
+
+FEdGraphPinType TypeOf(const FPinRow& Row)
+{
+	FEdGraphPinType Type;
+	switch (Row.Type)
+	{
+	case EPin::Exec:
+		Type.PinCategory = UEdGraphSchema_K2::PC_Exec;
+		break;
+	case EPin::Bool:
+		Type.PinCategory = UEdGraphSchema_K2::PC_Boolean;
+		break;
+	case EPin::Int:
+		Type.PinCategory = UEdGraphSchema_K2::PC_Int;
+		break;
+	case EPin::Real:
+		Type.PinCategory = UEdGraphSchema_K2::PC_Real;
+		Type.PinSubCategory = UEdGraphSchema_K2::PC_Double;
+		break;
+	case EPin::Object:
+		Type.PinCategory = UEdGraphSchema_K2::PC_Object;
+		Type.PinSubCategoryObject = UObject::StaticClass();
+		break;
+	case EPin::WildcardArray:
+		Type.ContainerType = EPinContainerType::Array;
+		[[fallthrough]];
+	case EPin::Wildcard:
+		Type.PinCategory = UEdGraphSchema_K2::PC_Wildcard;
+		break;
+	}
+	Type.bIsReference = Row.bReference;
+	return Type;
+}
+
+UK2Node_Tunnel* MakeTunnel(UEdGraph& Graph, const std::initializer_list<FPinRow>& Pins, bool bEntry)
+{
+	FGraphNodeCreator<UK2Node_Tunnel> Creator(Graph);
+	UK2Node_Tunnel* const Tunnel = Creator.CreateNode();
+	Tunnel->bCanHaveOutputs = bEntry;
+	Tunnel->bCanHaveInputs = !bEntry;
+	Tunnel->bIsEditable = true;
+	Tunnel->NodePosX = bEntry ? -400 : 800;
+	Creator.Finalize();
+	for (const FPinRow& Row : Pins)
+	{
+		const FName Name = *Row.Name ? FName(Row.Name) : FName();
+		UEdGraphPin* const Pin = Tunnel->CreateUserDefinedPin(
+			Name, TypeOf(Row), bEntry ? EGPD_Output : EGPD_Input, false);
+		Pin->AutogeneratedDefaultValue = Row.Default;
+		Pin->DefaultValue = Row.Default;
+		Tunnel->UserDefinedPins.Last()->PinDefaultValue = Row.Default;
+	}
+	return Tunnel;
+}
+
+void MakeMacro(UBlueprint& Library, const FMacroRow& Row)
+{
+	UEdGraph* const Graph = NewObject<UEdGraph>(&Library, FName(Row.Name), RF_Transient);
+	Graph->Schema = TSubclassOf<UEdGraphSchema>(UEdGraphSchema_K2::StaticClass());
+	FGuid::Parse(Row.Guid, Graph->GraphGuid);
+	Graph->bEditable = false;
+	Graph->bAllowDeletion = false;
+	Graph->bAllowRenaming = false;
+	Library.MacroGraphs.Add(Graph);
+	UK2Node_Tunnel* const Entry = MakeTunnel(*Graph, Row.Inputs, true);
+	UK2Node_Tunnel* const Exit = MakeTunnel(*Graph, Row.Outputs, false);
+	Entry->MetaData.Category = FText::FromString(Row.Category);
+	Entry->MetaData.ToolTip = FText::FromString(Row.Tooltip);
+	Entry->MetaData.CompactNodeTitle = FText::FromString(Row.CompactTitle);
+	Row.Body(*Graph, *Entry, *Exit);
+}
+
+UBlueprint* MakeLibrary()
+{
+	UPackage* const Package = CreatePackage(PackageName);
+	Package->SetFlags(RF_Transient);
+	UBlueprint* const Library = NewObject<UBlueprint>(
+		Package, FName(TEXT("StandardMacros")), static_cast<EObjectFlags>(RF_Public | RF_Transient));
+	Library->BlueprintType = BPTYPE_MacroLibrary;
+	Library->ParentClass = TSubclassOf<UObject>(UObject::StaticClass());
+	Library->Status = BS_UpToDate;
+	for (const FMacroRow& Row : GetRows())
+	{
+		MakeMacro(*Library, Row);
+	}
+	Package->SetDirtyFlag(false);
+	return Library;
+}
+
+ObjectProviders::FPackageLoader Next;
+
+UPackage* LoadLibraryOrNext(FStringView LongPackageName, uint32 LoadFlags)
+{
+	if (FString(LongPackageName) == PackageName)
+	{
+		return GetLibrary()->GetPackage();
+	}
+	return Next.Load ? Next.Load(LongPackageName, LoadFlags) : nullptr;
+}
+} // namespace
+
+UBlueprint* GetLibrary()
+{
+	static TWeakObjectPtr<UBlueprint> Library;
+	if (!Library.Get())
+	{
+		Library = MakeLibrary();
+	}
+	return Library.Get();
+}
+
+UEdGraph* FindMacro(FName Name)
+{
+	for (UEdGraph* const Graph : GetLibrary()->MacroGraphs)
+	{
+		if (Graph->GetFName() == Name)
+		{
+			return Graph;
+		}
+	}
+	return nullptr;
+}
+
+void Install()
+{
+	const ObjectProviders::FPackageLoader Current = ObjectProviders::GetPackageLoader();
+	if (Current.Load == &LoadLibraryOrNext)
+	{
+		return;
+	}
+	Next = Current;
+	ObjectProviders::FPackageLoader Mine;
+	Mine.Load = &LoadLibraryOrNext;
+	ObjectProviders::SetPackageLoader(Mine);
+}
+} // namespace StandardMacros

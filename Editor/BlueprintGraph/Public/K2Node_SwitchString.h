@@ -1,0 +1,26 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "K2Node_Switch.h"
+
+/** Switch on String. */
+class UK2Node_SwitchString : public UK2Node_Switch
+{
+	EDITOR_CLASS(UK2Node_SwitchString, UK2Node_Switch)
+
+public:
+	UK2Node_SwitchString();
+	FName GetUniquePinName() override;
+	FEdGraphPinType GetPinType() const override;
+	void AddPinToSwitchNode() override;
+	void RemovePinFromSwitchNode(UEdGraphPin* TargetPin) override;
+	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	FText GetTooltipText() const override;
+
+	TArray<FName> PinNames;
+	bool bIsCaseSensitive = false;
+
+protected:
+	void CreateSelectionPin() override;
+	void CreateCasePins() override;
+};
