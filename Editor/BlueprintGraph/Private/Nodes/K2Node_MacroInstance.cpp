@@ -227,24 +227,24 @@ FText UK2Node_MacroInstance::GetNodeTitle(ENodeTitleType::Type TitleType) const
 
 FText UK2Node_MacroInstance::GetTooltipText() const
 {
-	const FKismetUserDeclaredFunctionMetadata* const MetaData = GetAssociatedGraphMetadata(GetMacroGraph());
-	if (MetaData && !MetaData->ToolTip.IsEmpty())
+	const FKismetUserDeclaredFunctionMetadata* const GraphMetaData = GetAssociatedGraphMetadata(GetMacroGraph());
+	if (GraphMetaData && !GraphMetaData->ToolTip.IsEmpty())
 	{
-		return MetaData->ToolTip;
+		return GraphMetaData->ToolTip;
 	}
 	return GetNodeTitle(ENodeTitleType::FullTitle);
 }
 
 FText UK2Node_MacroInstance::GetKeywords() const
 {
-	const FKismetUserDeclaredFunctionMetadata* const MetaData = GetAssociatedGraphMetadata(GetMacroGraph());
-	return MetaData ? MetaData->Keywords : FText::GetEmpty();
+	const FKismetUserDeclaredFunctionMetadata* const GraphMetaData = GetAssociatedGraphMetadata(GetMacroGraph());
+	return GraphMetaData ? GraphMetaData->Keywords : FText::GetEmpty();
 }
 
 FText UK2Node_MacroInstance::GetMenuCategory() const
 {
-	const FKismetUserDeclaredFunctionMetadata* const MetaData = GetAssociatedGraphMetadata(GetMacroGraph());
-	return MetaData ? MetaData->Category : FText::GetEmpty();
+	const FKismetUserDeclaredFunctionMetadata* const GraphMetaData = GetAssociatedGraphMetadata(GetMacroGraph());
+	return GraphMetaData ? GraphMetaData->Category : FText::GetEmpty();
 }
 
 bool UK2Node_MacroInstance::ShouldDrawCompact() const
@@ -254,8 +254,8 @@ bool UK2Node_MacroInstance::ShouldDrawCompact() const
 
 FText UK2Node_MacroInstance::GetCompactNodeTitle() const
 {
-	const FKismetUserDeclaredFunctionMetadata* const MetaData = GetAssociatedGraphMetadata(GetMacroGraph());
-	return MetaData ? MetaData->CompactNodeTitle : FText::GetEmpty();
+	const FKismetUserDeclaredFunctionMetadata* const GraphMetaData = GetAssociatedGraphMetadata(GetMacroGraph());
+	return GraphMetaData ? GraphMetaData->CompactNodeTitle : FText::GetEmpty();
 }
 
 bool UK2Node_MacroInstance::IsCompatibleWithGraph(const UEdGraph* Graph) const
