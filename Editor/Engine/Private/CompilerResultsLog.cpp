@@ -9,7 +9,7 @@ TSharedRef<IMessageToken> FEdGraphToken::Create(const UObject* InObject)
 
 TSharedRef<IMessageToken> FEdGraphToken::Create(const UEdGraphPin* InPin)
 {
-	return MakeShareable(new FEdGraphToken(InPin ? InPin->GetOwningNode() : nullptr, InPin));
+	return MakeShareable(new FEdGraphToken(nullptr, InPin));
 }
 
 FEdGraphToken::FEdGraphToken(const UObject* InObject, const UEdGraphPin* InPin)

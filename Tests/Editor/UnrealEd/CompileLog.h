@@ -19,7 +19,8 @@ inline std::string DescribeMessage(const FTokenizedMessage& Message)
 			continue;
 		}
 		const FEdGraphToken& Graph = static_cast<const FEdGraphToken&>(*Token);
-		const UEdGraphNode* const Node = Cast<UEdGraphNode>(Graph.GetGraphObject());
+		const UEdGraphNode* const Node = Graph.GetPin() ? Graph.GetPin()->GetOwningNode()
+														: Cast<UEdGraphNode>(Graph.GetGraphObject());
 		Targets += Targets.empty() ? "" : "; ";
 		Targets += Node ? ToStd(Node->GetNodeTitle(ENodeTitleType::ListView).ToString()) : "no node";
 		Targets += Graph.GetPin() ? "." + ToStd(Graph.GetPin()->GetName()) : "";

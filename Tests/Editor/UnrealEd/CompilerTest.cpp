@@ -256,7 +256,7 @@ const FFault Faults[] = {
 			FGraphBuilder::Then(First, Second);
 			FGraphBuilder::Then(Second, First);
 		},
-		{"warning: Print String is never executed: nothing starts the ring that leads to execute {Print String; Print String.execute}"}},
+		{"warning: Print String is never executed: nothing that is executed leads to execute {Print String; Print String.execute}"}},
 	{"LatentInFunction",
 		[](const FBlueprintBuilder& Blueprint)
 		{

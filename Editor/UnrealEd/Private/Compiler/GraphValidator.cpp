@@ -320,7 +320,8 @@ void FGraphValidator::CheckReachability()
 		}
 	}
 	Spread(MoveTemp(Starts), Reached);
-	// First those that nothing leads to; what is left then goes round in rings, each told once.
+	// First those that nothing leads to; what is left then goes round in rings or hangs on what is
+	// disabled, each told once.
 	for (const bool bRings : {false, true})
 	{
 		for (const UEdGraphNode* const Node : Graph.Nodes)
@@ -329,7 +330,7 @@ void FGraphValidator::CheckReachability()
 			{
 				continue;
 			}
-			Log.Warning(bRings ? TEXT("@@ is never executed: nothing starts the ring that leads to @@")
+			Log.Warning(bRings ? TEXT("@@ is never executed: nothing that is executed leads to @@")
 							   : TEXT("@@ is never executed: nothing is connected to @@"),
 				Node, FirstExecInput(*Node));
 			Reached.Add(Node);
