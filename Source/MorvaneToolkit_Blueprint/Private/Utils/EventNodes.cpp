@@ -89,6 +89,21 @@ UEdGraphNode* CreateCustomEvent(UBlueprint& Blueprint, UEdGraph& Graph, const FS
 	return Event;
 }
 
+/** A default event that nobody has used is disabled and says so; who asks for it wants it to run. */
+void Enable(UBlueprint& Blueprint, UK2Node_Event& Event)
+{
+	if (!Event.IsAutomaticallyPlacedGhostNode())
+	{
+		return;
+	}
+	Event.Modify();
+	Event.SetEnabledState(ENodeEnabledState::Enabled, false);
+	Event.NodeComment.Empty();
+	Event.bCommentBubblePinned = false;
+	Event.bCommentBubbleVisible = false;
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
+}
+
 UEdGraphNode* CreateOverride(UBlueprint& Blueprint, UEdGraph& Graph, const FString& EventName,
 	const FBPNodeModification& Record, Morvane::FToolResult& Result)
 {
@@ -105,6 +120,7 @@ UEdGraphNode* CreateOverride(UBlueprint& Blueprint, UEdGraph& Graph, const FStri
 	if (UK2Node_Event* const Existing = FBlueprintEditorUtils::FindOverrideForFunction(
 			&Blueprint, SignatureClass, Function->GetFName()))
 	{
+		Enable(Blueprint, *Existing);
 		Result.AddWarningMessage(
 			FString::Printf(TEXT("[Warning] Event '%s' already exists in EventGraph; reusing node %s"), *EventName,
 				*FBlueprintNodeUtils::GetShortNodeId(Existing)));
