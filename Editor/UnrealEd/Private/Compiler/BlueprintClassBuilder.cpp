@@ -59,9 +59,9 @@ private:
 				| CLASS_NotPlaceable;
 			Flags |= Parent->ClassFlags & Inherited;
 		}
-		Flags |= Blueprint.bGenerateAbstractClass ? CLASS_Abstract : 0;
-		Flags |= Blueprint.bGenerateConstClass ? CLASS_Const : 0;
-		Flags |= Blueprint.bDeprecate ? CLASS_Deprecated : 0;
+		Flags |= Blueprint.bGenerateAbstractClass ? CLASS_Abstract : CLASS_None;
+		Flags |= Blueprint.bGenerateConstClass ? CLASS_Const : CLASS_None;
+		Flags |= Blueprint.bDeprecate ? CLASS_Deprecated : CLASS_None;
 		Class.ClassFlags = static_cast<EClassFlags>(Flags);
 		Class.Interfaces.Empty();
 		for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
@@ -373,7 +373,7 @@ private:
 
 	void AddFunctions()
 	{
-		const uint32 LibraryFlags = Blueprint.BlueprintType == BPTYPE_FunctionLibrary ? FUNC_Static : 0;
+		const uint32 LibraryFlags = Blueprint.BlueprintType == BPTYPE_FunctionLibrary ? FUNC_Static : FUNC_None;
 		for (const UEdGraph* const Graph : Blueprint.FunctionGraphs)
 		{
 			if (Graph)
