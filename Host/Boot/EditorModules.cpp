@@ -6,6 +6,7 @@
 #include "EngineClasses.h"
 #include "ISourceControlModule.h"
 #include "Modules/ModuleManager.h"
+#include "StandardMacros.h"
 #include "UMGClasses.h"
 #include "UnrealEdClasses.h"
 #include "UObject/Catalogue.h"
@@ -50,6 +51,7 @@ void EditorModules::StartEditor()
 	RegisterUnrealEdClasses();
 	FCatalogue::Get().Install();
 	FPackageText::RegisterLoader();
+	StandardMacros::Install();
 }
 
 void EditorModules::StopTools()

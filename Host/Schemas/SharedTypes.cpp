@@ -8,7 +8,7 @@ namespace SharedTypesPrivate
 {
 constexpr std::string_view AssetPath = R"json({
 	"type": "string",
-	"description": "Path of the Blueprint asset, such as /Game/Doors/BP_Door. /Game/ is the project's Content folder. A bare asset name such as BP_Door is found too when it is unique."
+	"description": "Path of the Blueprint asset, such as /Game/Doors/BP_Door. /Game/ is the project's Content folder. Give the whole path; not every tool takes a bare name."
 })json";
 
 constexpr std::string_view PinType = R"json({
