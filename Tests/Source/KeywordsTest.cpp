@@ -171,15 +171,22 @@ TEST(Keywords, SplitAtCaseDigitsAndSigns)
 {
 	const std::vector<std::pair<const TCHAR*, std::vector<std::string>>> Cases = {
 		{TEXT("AIMoveTo"), {"ai", "move", "to", "=aimoveto"}},
-		{TEXT("float <= float"), {"float", "less", "equal", "=lessequalfloat", "=floatlessequalfloat"}},
-		{TEXT("float - float"), {"float", "subtract", "=subtractfloat", "=floatsubtractfloat"}},
+		{TEXT("float <= float"), {"float", "less", "equal", "=lessequal", "=lessequalfloat", "=floatlessequalfloat"}},
+		{TEXT("float - float"), {"float", "subtract", "=subtract", "=subtractfloat", "=floatsubtractfloat"}},
 		{TEXT("non-uniform"), {"non", "uniform", "=nonuniform"}},
-		{TEXT("EqualEqual_IntInt"), {"equal", "integer", "=equalinteger"}},
-		{TEXT("Int64"), {"integer", "64", "=integer64"}},
+		{TEXT("EqualEqual_IntInt"), {"equal", "integer", "=equal", "=equalinteger"}},
+		{TEXT("Int64"), {"integer64", "=integer64"}},
 		{TEXT("Event Tick"), {"event", "tick", "=tick"}},
 		{TEXT("SetText (Text)"), {"set", "text", "=settext"}},
 		{TEXT("???"), {"=???"}},
-		{TEXT("K2Node_IfThenElse"), {"k2node_ifthenelse", "branch", "then", "else", "=k2node_ifthenelse"}},
+		// Words between others that only join them say nothing; what is cast to is one word.
+		{TEXT("Add to Viewport"), {"add", "view", "port", "=addtoviewport"}},
+		{TEXT("integer to string"), {"integer", "to", "string", "=tostringinteger", "=integertostring"}},
+		{TEXT("Cast To CharacterMovementComponent"),
+			{"cast", "to", "charactermovementcomponent", "=casttocharactermovementcomponent"}},
+		// What is done to a container is titled without it.
+		{TEXT("Array_Add"), {"array", "add", "=add", "=arrayadd"}},
+		{TEXT("K2Node_IfThenElse"), {"k2node_ifthenelse", "if", "then", "else", "=k2node_ifthenelse"}},
 		// The words of a class that serves hundreds of titles would outvote the title.
 		{TEXT("K2Node_CallFunction"), {"k2node_callfunction", "=k2node_callfunction"}},
 	};
@@ -225,7 +232,7 @@ TEST(KeywordSimilarity, SlipsCountAsCommonButLieFurtherAway)
 	const FKeywordSimilarity Exact = FAssetOperationBase::CalculateKeywordSimilarity(Right, Menu);
 	const FKeywordSimilarity Close = FAssetOperationBase::CalculateKeywordSimilarity(Slip, Menu);
 	EXPECT_EQ(Exact.CommonCount, 4);
-	EXPECT_EQ(Exact.Distance, 0);
+	EXPECT_LT(Exact.Distance, 4); // what a menu has without being asked counts 4 or more
 	EXPECT_EQ(Close.CommonCount, 3);
 	EXPECT_EQ(ToStd(FString::Join(Close.CommonKeywords, TEXT(" "))), "set actor lcoation");
 	EXPECT_GT(Close.Distance, Exact.Distance);

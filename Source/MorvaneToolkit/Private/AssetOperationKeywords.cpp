@@ -67,6 +67,62 @@ TArray<FString> PutOperatorFirst(const TArray<FString>& Words)
 	return Turned;
 }
 
+/**
+ * "add" of "float + float" and "Add (Vector)": operators take operands of any type, so the type is no part of their
+ * title; strings and texts have operators of their own. Empty when there are other words than operators and types.
+ */
+TArray<FString> GetBareOperator(const TArray<FString>& Words)
+{
+	TArray<FString> Operator;
+	for (const FString& Word : Words)
+	{
+		if (IsOperatorWord(Word))
+		{
+			Operator.Add(Word);
+		}
+		else if (!IsOneOf(Word, {TEXT("two"), TEXT("both")}) && !KeywordWords::IsTypeWord(Word))
+		{
+			return TArray<FString>();
+		}
+		else if (IsOneOf(Word, {TEXT("string"), TEXT("text")}))
+		{
+			return TArray<FString>();
+		}
+	}
+	return Operator.Num() < Words.Num() ? Operator : TArray<FString>();
+}
+
+/**
+ * "add" of "Array_Add" and of "add item to array": what is done to a container is titled without it. The container
+ * itself is among the words. Empty when the words are no such request.
+ */
+TArray<TArray<FString>> GetContainerOperations(const TArray<FString>& Words)
+{
+	const auto IsContainer = [](const FString& Word) { return IsOneOf(Word, {TEXT("array"), TEXT("map")}); };
+	TArray<FString> Operation;
+	if (Words.Num() > 1 && IsContainer(Words[0]))
+	{
+		Operation = Words;
+		Operation.RemoveAt(0);
+	}
+	else if (Words.Num() > 2 && IsContainer(Words.Last()) && KeywordWords::IsJoint(Words[Words.Num() - 2]))
+	{
+		Operation = Words;
+		Operation.SetNum(Words.Num() - 2);
+	}
+	TArray<TArray<FString>> Operations;
+	const bool bOnItem = Operation.Num() == 2 && IsOneOf(Operation[1], {TEXT("item"), TEXT("element")});
+	if (!Operation.IsEmpty() && !(bOnItem && IsOneOf(Operation[0], {TEXT("add"), TEXT("insert")})))
+	{
+		Operations.Add(Operation);
+	}
+	if (bOnItem)
+	{
+		Operations.Add({Operation[0]});
+	}
+	return Operations;
+}
+
 /** "PrintString" of "UKismetSystemLibrary::PrintString" and "/Script/Engine.KismetSystemLibrary:PrintString". */
 FString StripQualifier(const FString& Text)
 {
@@ -87,6 +143,32 @@ FString GetNamingPart(const FString& Text)
 	return Text.FindChar(TEXT('('), Bracket) && Bracket > 0 ? Text.Left(Bracket) : Text;
 }
 
+/**
+ * "cast to charactermovementcomponent": a class that is cast to is one word, so that a cast is found by its class and
+ * not by every request that shares a word with the class's name.
+ */
+TArray<FString> JoinCastTarget(const TArray<FString>& Words)
+{
+	const bool bJoined = Words.Num() > 1 && IsOneOf(Words[1], {TEXT("to"), TEXT("as"), TEXT("into")});
+	const int32 First = bJoined ? 2 : 1;
+	if (Words.Num() <= First || !IsOneOf(Words[0], {TEXT("cast")}))
+	{
+		return Words;
+	}
+	const bool bOfClass = Words.Num() > First + 1 && IsOneOf(Words.Last(), {TEXT("class")});
+	FString Target;
+	for (int32 Index = First; Index < Words.Num() - (bOfClass ? 1 : 0); ++Index)
+	{
+		Target += Words[Index];
+	}
+	TArray<FString> Joined = {TEXT("cast"), TEXT("to"), Target};
+	if (bOfClass)
+	{
+		Joined.Add(TEXT("class"));
+	}
+	return Joined;
+}
+
 /** The words that authors mean: shorthand spelled out, and no "convert" before "integer to string". */
 TArray<FString> GetWords(const FString& Text)
 {
@@ -95,7 +177,30 @@ TArray<FString> GetWords(const FString& Text)
 	{
 		Words.RemoveAt(0);
 	}
-	return Words;
+	return JoinCastTarget(Words);
+}
+
+/** "to string" and "integer to string": here the joint is what the node does. */
+bool IsConversion(const TArray<FString>& Words, int32 To)
+{
+	const bool bFromType = To == 1 && KeywordWords::IsTypeWord(Words[0]);
+	const bool bToType = To + 2 == Words.Num() && KeywordWords::IsTypeWord(Words[To + 1]);
+	return IsOneOf(Words[To], {TEXT("to")}) && (bFromType || bToType || IsOneOf(Words[0], {TEXT("cast")}));
+}
+
+/** The words without those that only join others. */
+TArray<FString> DropJoints(const TArray<FString>& Words)
+{
+	TArray<FString> Kept;
+	for (int32 Index = 0; Index < Words.Num(); ++Index)
+	{
+		if (Index == 0 || Index + 1 == Words.Num() || !KeywordWords::IsJoint(Words[Index])
+			|| IsConversion(Words, Index))
+		{
+			Kept.Add(Words[Index]);
+		}
+	}
+	return Kept;
 }
 
 void AddNodeClass(const FString& ClassName, TArray<FString>& InOutKeywords)
@@ -136,21 +241,33 @@ TArray<FString> FAssetOperationBase::CreateKeywords(const FString& Text)
 	if (!Title.IsEmpty())
 	{
 		const TArray<FString> Words = GetWords(Title);
-		for (const FString& Word : Words)
+		for (const FString& Word : DropJoints(Words))
 		{
 			Keywords.AddUnique(Word);
 		}
 		const FString NamingPart = GetNamingPart(Title);
-		if (NamingPart.Len() < Title.Len())
+		const bool bOwnOperator = Words.Num() > 1 && IsOperatorWord(Words[0])
+			&& IsOneOf(Words.Last(), {TEXT("string"), TEXT("text")});
+		if (NamingPart.Len() < Title.Len() && !bOwnOperator)
 		{
 			Keywords.AddUnique(MakeWhole(KeywordWords::Split(NamingPart)));
+		}
+		for (const TArray<FString>& OnContainer : GetContainerOperations(Words))
+		{
+			Keywords.AddUnique(MakeWhole(OnContainer));
+		}
+		const TArray<FString> Operator = GetBareOperator(Words);
+		if (!Operator.IsEmpty())
+		{
+			Keywords.AddUnique(MakeWhole(Operator));
 		}
 		const TArray<FString> Turned = PutOperatorFirst(Words);
 		if (!Turned.IsEmpty())
 		{
 			Keywords.AddUnique(MakeWhole(Turned));
 		}
-		if (!Words.IsEmpty() && Title.Contains(TEXT("s"), ESearchCase::IgnoreCase))
+		const bool bShorthand = KeywordWords::IsShorthand(KeywordWords::Split(Title));
+		if (!Words.IsEmpty() && !bShorthand && Title.Contains(TEXT("s"), ESearchCase::IgnoreCase))
 		{
 			// "Get Components" is not "Get Component", where both are titles.
 			Keywords.AddUnique(MakeWhole(KeywordWords::Split(Title, true)));

@@ -58,6 +58,7 @@ int32 FKeywordIndex::Add(const FString& Title, const FString& Category, const FS
 	{
 		FVocable& Vocable = Vocables[Entry.Keywords[Index]];
 		(Index < Entry.TitleCount ? Vocable.InTitle : Vocable.Elsewhere).Add(Number);
+		Entry.Prior += Vocable.Keyword.Prior;
 	}
 	Entries.Add(MoveTemp(Entry));
 	return Number;
@@ -78,8 +79,8 @@ TArray<FKeywordHit> FKeywordIndex::FindBest(
 	for (int32 Number = 0; Number < Entries.Num(); ++Number)
 	{
 		const FScore& Score = Scores[Number];
-		const int32 Distance = KeywordMatch::GetDistance(
-			Entries[Number].Keywords.Num(), Entries[Number].TitleCount, Score.Common, Score.InTitle, Score.Edits);
+		const int32 Distance = KeywordMatch::GetDistance(Entries[Number].Keywords.Num(), Entries[Number].TitleCount,
+			Score.Common, Score.InTitle, Score.Edits, Entries[Number].Prior);
 		Ranks.Emplace(-Score.Common, -Score.TitleCommon, Distance, Number);
 	}
 	const int32 Count = FMath::Clamp(MaxCount, 0, Ranks.Num());
@@ -106,6 +107,7 @@ int32 FKeywordIndex::FindOrAddVocable(const FString& Keyword)
 	if (Vocable.Keyword.Kind == EKeywordKind::Word)
 	{
 		WordsByLetter.FindOrAdd(Keyword[0]).Add(Vocables.Num() - 1);
+		WordsBySense.FindOrAdd(Vocable.Keyword.Sense).Add(Vocables.Num() - 1);
 	}
 	return Vocables.Num() - 1;
 }
@@ -141,6 +143,10 @@ TArray<FKeywordIndex::FNeighbour> FKeywordIndex::FindNeighbours(const FKeyword& 
 	{
 		Neighbours.Add({*Same, 0});
 	}
+	if (Keyword.Kind == EKeywordKind::Word)
+	{
+		FindKin(Keyword, Neighbours);
+	}
 	if (Keyword.Kind == EKeywordKind::Word && !Keyword.bWellKnown && Text.Len() > 1)
 	{
 		FindSlips(Keyword, Text[0], Neighbours);
@@ -151,6 +157,18 @@ TArray<FKeywordIndex::FNeighbour> FKeywordIndex::FindNeighbours(const FKeyword& 
 	}
 	Neighbours.StableSort([](const FNeighbour& Left, const FNeighbour& Right) { return Left.Edits < Right.Edits; });
 	return Neighbours;
+}
+
+void FKeywordIndex::FindKin(const FKeyword& Keyword, TArray<FNeighbour>& OutNeighbours) const
+{
+	const TArray<int32>* const Words = WordsBySense.Find(Keyword.Sense);
+	for (const int32 Index : Words ? *Words : TArray<int32>())
+	{
+		if (!Vocables[Index].Keyword.Text.Equals(Keyword.Text, ESearchCase::CaseSensitive))
+		{
+			OutNeighbours.Add({Index, 1});
+		}
+	}
 }
 
 void FKeywordIndex::FindSlips(const FKeyword& Keyword, TCHAR FirstLetter, TArray<FNeighbour>& OutNeighbours) const

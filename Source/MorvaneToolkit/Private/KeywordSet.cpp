@@ -1,5 +1,6 @@
 #include "KeywordSet.h"
 
+#include "KeywordSenses.h"
 #include "KeywordTypos.h"
 #include "KeywordWords.h"
 
@@ -20,6 +21,8 @@ constexpr float CoverageExponent = 1.5f;
 /** Share of the confidence that unasked words of the title can take away. Small: short requests for long titles are
  * usual. */
 constexpr float PrecisionShare = 0.15f;
+/** Where less of a title than this was asked for, confidence falls with it. */
+constexpr float ChancePrecision = 0.4f;
 /** The best that anything but the whole title reaches. */
 constexpr float PartialMax = 0.95f;
 /** The whole title was named, but with another node class: the title counts. */
@@ -137,7 +140,9 @@ FKeyword::FKeyword(const FString& Keyword)
 	{
 		Weight = KeywordWords::GetWeight(Text);
 		bWellKnown = KeywordWords::IsWellKnown(Text);
+		Sense = KeywordSenses::GetSense(Text);
 	}
+	Prior = KeywordWords::GetPrior(Text);
 }
 
 FKeywordSet::FKeywordSet(const TArray<FString>& InKeywords)
@@ -173,15 +178,31 @@ int32 FKeywordSet::GetTitleCount() const
 	return Keywords.Num();
 }
 
+int32 FKeywordSet::GetPrior() const
+{
+	int32 Sum = 0;
+	for (const FKeyword& Keyword : Keywords)
+	{
+		Sum += Keyword.Prior;
+	}
+	return Sum;
+}
+
 int32 KeywordMatch::CountEdits(const FKeyword& Request, const FKeyword& Candidate)
 {
 	if (Request.Text.Equals(Candidate.Text, ESearchCase::CaseSensitive))
 	{
 		return 0;
 	}
-	const bool bMayBeSlip = Request.Kind == EKeywordKind::Word && Candidate.Kind == EKeywordKind::Word
-		&& !Request.bWellKnown;
-	return bMayBeSlip ? KeywordTypos::CountEdits(Request.Text, Candidate.Text) : INDEX_NONE;
+	if (Request.Kind != EKeywordKind::Word || Candidate.Kind != EKeywordKind::Word)
+	{
+		return INDEX_NONE;
+	}
+	if (Request.Sense.Equals(Candidate.Sense, ESearchCase::CaseSensitive))
+	{
+		return 1;
+	}
+	return !Request.bWellKnown ? KeywordTypos::CountEdits(Request.Text, Candidate.Text) : INDEX_NONE;
 }
 
 KeywordMatch::FComparison KeywordMatch::Compare(const FKeywordSet& Request, const FKeywordSet& Candidate)
@@ -211,13 +232,13 @@ KeywordMatch::FComparison KeywordMatch::Compare(const FKeywordSet& Request, cons
 }
 
 int32 KeywordMatch::GetDistance(
-	int32 CandidateCount, int32 CandidateTitleCount, int32 CommonCount, int32 InTitleCount, int32 Edits)
+	int32 CandidateCount, int32 CandidateTitleCount, int32 CommonCount, int32 InTitleCount, int32 Edits, int32 Prior)
 {
 	// Two words of a request may hit the same word of the candidate, hence the lower bounds.
 	const int32 UnaskedInTitle = FMath::Max(0, CandidateTitleCount - InTitleCount);
 	const int32 Unasked = FMath::Max(0, CandidateCount - CandidateTitleCount - (CommonCount - InTitleCount));
 	return UnaskedInTitle * KeywordTuning::UnaskedTitleWord + Unasked * KeywordTuning::UnaskedOtherWord
-		+ Edits * KeywordTuning::Slip;
+		+ Edits * KeywordTuning::Slip + Prior;
 }
 
 FKeywordSimilarity KeywordMatch::MakeSimilarity(
@@ -236,8 +257,8 @@ FKeywordSimilarity KeywordMatch::MakeSimilarity(
 		}
 	}
 	Similarity.CommonCount = Comparison.CommonCount;
-	Similarity.Distance = GetDistance(
-		Candidate.Num(), Candidate.GetTitleCount(), Comparison.CommonCount, Comparison.InTitleCount, Comparison.Edits);
+	Similarity.Distance = GetDistance(Candidate.Num(), Candidate.GetTitleCount(), Comparison.CommonCount,
+		Comparison.InTitleCount, Comparison.Edits, Candidate.GetPrior());
 	return Similarity;
 }
 
@@ -267,6 +288,8 @@ float KeywordMatch::GetConfidence(const FKeywordSet& Request, const FKeywordSet&
 	const float Precision = KeywordSetImpl::GetPrecision(Candidate.GetKeywords(), TitleCount, Comparison);
 	float Confidence = KeywordTuning::PartialMax * FMath::Pow(Coverage, KeywordTuning::CoverageExponent)
 		* (1.0f - KeywordTuning::PrecisionShare * (1.0f - Precision));
+	// A title that is mostly about something else has the words by chance.
+	Confidence *= FMath::Min(1.0f, Precision / KeywordTuning::ChancePrecision);
 	if (TotalWeight < KeywordTuning::VagueWeight)
 	{
 		Confidence = FMath::Min(Confidence, KeywordTuning::VagueMax);

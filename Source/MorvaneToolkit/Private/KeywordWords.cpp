@@ -21,15 +21,30 @@ constexpr FSpelling Spellings[] = {
 	{TEXT("sine"), TEXT("sin")},
 	{TEXT("cosine"), TEXT("cos")},
 	{TEXT("tangent"), TEXT("tan")},
-	{TEXT("len"), TEXT("length")},
 	{TEXT("conv"), TEXT("convert")},
 	{TEXT("equality"), TEXT("equal")},
 	{TEXT("double"), TEXT("float")},
 	{TEXT("real"), TEXT("float")},
 	{TEXT("int"), TEXT("integer")},
 	{TEXT("int32"), TEXT("integer")},
+	{TEXT("int64"), TEXT("integer64")},
+	{TEXT("integer64"), TEXT("integer64")},
+	{TEXT("frand"), TEXT("random float")},
 	{TEXT("bool"), TEXT("boolean")},
 	{TEXT("str"), TEXT("string")},
+	{TEXT("strstr"), TEXT("string")},
+	{TEXT("prebool"), TEXT("boolean")},
+	{TEXT("concat"), TEXT("append")},
+	{TEXT("concatenate"), TEXT("append")},
+	{TEXT("receive"), TEXT("event")},
+	{TEXT("fclamp"), TEXT("clamp float")},
+	{TEXT("fmin"), TEXT("min float")},
+	{TEXT("fmax"), TEXT("max float")},
+	{TEXT("vlerp"), TEXT("lerp vector")},
+	{TEXT("rlerp"), TEXT("lerp rotator")},
+	{TEXT("tlerp"), TEXT("lerp transform")},
+	{TEXT("vsize"), TEXT("vector length")},
+	{TEXT("actors"), TEXT("actor")},
 	{TEXT("vec"), TEXT("vector")},
 	{TEXT("obj"), TEXT("object")},
 	{TEXT("ref"), TEXT("reference")},
@@ -55,7 +70,6 @@ constexpr FSpelling Spellings[] = {
 	{TEXT("grey"), TEXT("gray")},
 	{TEXT("centre"), TEXT("center")},
 	{TEXT("behaviour"), TEXT("behavior")},
-	{TEXT("if"), TEXT("branch")},
 	{TEXT("lookat"), TEXT("look at")},
 	{TEXT("beginplay"), TEXT("begin play")},
 	{TEXT("endplay"), TEXT("end play")},
@@ -112,13 +126,124 @@ constexpr FSign Signs[] = {
 
 /** Words that no title needs to be told apart. */
 constexpr const TCHAR* Fillers[] = {TEXT("the"), TEXT("a"), TEXT("an"), TEXT("my"), TEXT("your"), TEXT("our"),
-	TEXT("its"), TEXT("please"), TEXT("node"), TEXT("some"), TEXT("operator")};
+	TEXT("its"), TEXT("please"), TEXT("node"), TEXT("some"), TEXT("operator"), TEXT("than")};
 
 /**
  * What authors say for a node whose title shares no word with it, or too few: the whole request, in words as Split
  * leaves them, without numbers and blanks. None of them may be a title of the menu, since titles pass through here too.
  */
 constexpr FSpelling Shorthands[] = {
+	{TEXT("if"), TEXT("branch")},
+	{TEXT("ifelse"), TEXT("branch")},
+	{TEXT("ifthen"), TEXT("branch")},
+	{TEXT("ifthenelse"), TEXT("branch")},
+	{TEXT("ifstatement"), TEXT("branch")},
+	{TEXT("ifcondition"), TEXT("branch")},
+	{TEXT("ifbranch"), TEXT("branch")},
+	{TEXT("iftrue"), TEXT("branch")},
+	{TEXT("checkcondition"), TEXT("branch")},
+	{TEXT("branchif"), TEXT("branch")},
+	{TEXT("conditional"), TEXT("branch")},
+	{TEXT("conditionalbranch"), TEXT("branch")},
+	{TEXT("checkvalid"), TEXT("is valid")},
+	{TEXT("checkifvalid"), TEXT("is valid")},
+	{TEXT("checkisvalid"), TEXT("is valid")},
+	{TEXT("isobjectvalid"), TEXT("is valid")},
+	{TEXT("isvalidobject"), TEXT("is valid")},
+	{TEXT("isactorvalid"), TEXT("is valid")},
+	{TEXT("nullcheck"), TEXT("is valid")},
+	{TEXT("isnotnull"), TEXT("is valid")},
+	{TEXT("foreachactorinarray"), TEXT("for each loop")},
+	{TEXT("foreachitem"), TEXT("for each loop")},
+	{TEXT("foreachelement"), TEXT("for each loop")},
+	{TEXT("foreachiteminarray"), TEXT("for each loop")},
+	{TEXT("foreachelementinarray"), TEXT("for each loop")},
+	{TEXT("foreacharray"), TEXT("for each loop")},
+	{TEXT("foreach"), TEXT("for each loop")},
+	{TEXT("arrayloop"), TEXT("for each loop")},
+	{TEXT("loopoverarray"), TEXT("for each loop")},
+	{TEXT("loopforeach"), TEXT("for each loop")},
+	{TEXT("iteratethrougharray"), TEXT("for each loop")},
+	{TEXT("forloopwithindex"), TEXT("for loop")},
+	{TEXT("linetracesingle"), TEXT("line trace by channel")},
+	{TEXT("linetracesinglebychannel"), TEXT("line trace by channel")},
+	{TEXT("linetracemulti"), TEXT("multi line trace by channel")},
+	{TEXT("linetrace"), TEXT("line trace by channel")},
+	{TEXT("raycast"), TEXT("line trace by channel")},
+	{TEXT("castray"), TEXT("line trace by channel")},
+	{TEXT("linetracesingleforobject"), TEXT("line trace for object")},
+	{TEXT("linetraceforobjecttype"), TEXT("line trace for object")},
+	{TEXT("spheretracesingle"), TEXT("sphere trace by channel")},
+	{TEXT("spheretracemulti"), TEXT("multi sphere trace by channel")},
+	{TEXT("spheretrace"), TEXT("sphere trace by channel")},
+	{TEXT("spheretracesingleforobject"), TEXT("sphere trace for object")},
+	{TEXT("boxtracesingle"), TEXT("box trace by channel")},
+	{TEXT("boxtrace"), TEXT("box trace by channel")},
+	{TEXT("capsuletracesingle"), TEXT("capsule trace by channel")},
+	{TEXT("capsuletrace"), TEXT("capsule trace by channel")},
+	{TEXT("deltatime"), TEXT("get world delta second")},
+	{TEXT("deltasecond"), TEXT("get world delta second")},
+	{TEXT("getcomponentlocation"), TEXT("get world location")},
+	{TEXT("getcomponentrotation"), TEXT("get world rotation")},
+	{TEXT("getcomponenttransform"), TEXT("get world transform")},
+	{TEXT("naturallog"), TEXT("log")},
+	{TEXT("ceiltointeger"), TEXT("ceil")},
+	{TEXT("floortointeger"), TEXT("floor")},
+	{TEXT("roundtointeger"), TEXT("round")},
+	{TEXT("roundtonearestinteger"), TEXT("round")},
+	{TEXT("truncatetointeger"), TEXT("truncate")},
+	{TEXT("findcomponentbyclass"), TEXT("get component by class")},
+	{TEXT("findactorofclass"), TEXT("get actor of class")},
+	{TEXT("findactorbyclass"), TEXT("get actor of class")},
+	{TEXT("findallactorofclass"), TEXT("get all actor of class")},
+	{TEXT("getdistancetoactor"), TEXT("get distance to")},
+	{TEXT("distancetoactor"), TEXT("get distance to")},
+	{TEXT("distancebetweenactor"), TEXT("get distance to")},
+	{TEXT("addwidgettoviewport"), TEXT("add to view port")},
+	{TEXT("charactermovement"), TEXT("get character movement")},
+	{TEXT("charactermovementcomponent"), TEXT("get character movement")},
+	{TEXT("getcharactermovementcomponent"), TEXT("get character movement")},
+	{TEXT("tolowercase"), TEXT("to lower")},
+	{TEXT("touppercase"), TEXT("to upper")},
+	{TEXT("lowercase"), TEXT("to lower")},
+	{TEXT("uppercase"), TEXT("to upper")},
+	{TEXT("stringlength"), TEXT("len")},
+	{TEXT("getstringlength"), TEXT("len")},
+	{TEXT("lengthofstring"), TEXT("len")},
+	{TEXT("containssubstring"), TEXT("contain string")},
+	{TEXT("containsubstring"), TEXT("contain string")},
+	{TEXT("stringcontain"), TEXT("contain string")},
+	{TEXT("arrayget"), TEXT("get copy array")},
+	{TEXT("getarrayelement"), TEXT("get copy array")},
+	{TEXT("getarrayitem"), TEXT("get copy array")},
+	{TEXT("getfromarray"), TEXT("get copy array")},
+	{TEXT("getitemfromarray"), TEXT("get copy array")},
+	{TEXT("percentintegerinteger"), TEXT("modulo integer")},
+	{TEXT("percentfloatfloat"), TEXT("modulo float")},
+	{TEXT("createcustomevent"), TEXT("add custom event")},
+	{TEXT("customevent"), TEXT("add custom event")},
+	{TEXT("newcustomevent"), TEXT("add custom event")},
+	{TEXT("getrefself"), TEXT("get reference to self")},
+	{TEXT("getreferenceself"), TEXT("get reference to self")},
+	{TEXT("this"), TEXT("get reference to self")},
+	{TEXT("spawnobjectactor"), TEXT("spawn actor from class")},
+	{TEXT("createactor"), TEXT("spawn actor from class")},
+	{TEXT("spawnblueprint"), TEXT("spawn actor from class")},
+	{TEXT("instantiateactor"), TEXT("spawn actor from class")},
+	{TEXT("addwidgettoscreen"), TEXT("add to view port")},
+	{TEXT("addtoscreen"), TEXT("add to view port")},
+	{TEXT("showwidget"), TEXT("add to view port")},
+	{TEXT("reroutenode"), TEXT("add reroute")},
+	{TEXT("reroute"), TEXT("add reroute")},
+	{TEXT("timeline"), TEXT("add timeline")},
+	{TEXT("createtimeline"), TEXT("add timeline")},
+	{TEXT("executesequence"), TEXT("sequence")},
+	{TEXT("executionsequence"), TEXT("sequence")},
+	{TEXT("thensequence"), TEXT("sequence")},
+	{TEXT("createwidgetblueprint"), TEXT("create widget")},
+	{TEXT("lerpfloat"), TEXT("lerp")},
+	{TEXT("linearinterpolate"), TEXT("lerp")},
+	{TEXT("linearinterpolation"), TEXT("lerp")},
 	{TEXT("branchelse"), TEXT("branch")},
 	{TEXT("branchthen"), TEXT("branch")},
 	{TEXT("branchthenelse"), TEXT("branch")},
@@ -202,17 +327,86 @@ constexpr const TCHAR* FamilyClasses[] = {TEXT("CallFunction"), TEXT("CallArrayF
 
 constexpr float ConnectorWeight = 0.15f;
 constexpr float CommonWeight = 0.35f;
+constexpr float OwnerWeight = 0.5f;
 
 /** Words that join others. */
 constexpr const TCHAR* Connectors[] = {TEXT("of"), TEXT("on"), TEXT("in"), TEXT("at"), TEXT("by"), TEXT("for"),
-	TEXT("from"), TEXT("with"), TEXT("as"), TEXT("and"), TEXT("into"), TEXT("onto"), TEXT("function"), TEXT("call"),
-	TEXT("when"), TEXT("this"), TEXT("that"), TEXT("current"), TEXT("one"), TEXT("second")};
+	TEXT("from"), TEXT("with"), TEXT("as"), TEXT("and"), TEXT("into"), TEXT("onto"), TEXT("call"), TEXT("when"),
+	TEXT("this"), TEXT("that"), TEXT("current"), TEXT("one"), TEXT("second"), TEXT("if"), TEXT("new"), TEXT("using"),
+	TEXT("use"), TEXT("via"), TEXT("it"), TEXT("all"), TEXT("two"), TEXT("both")};
+
+/** Words that say whose the thing is, in hundreds of titles as well. */
+constexpr const TCHAR* Owners[] = {TEXT("actor"), TEXT("component"), TEXT("widget"), TEXT("function")};
+
+/** Between other words these say nothing. */
+constexpr const TCHAR* Joints[] = {TEXT("of"), TEXT("on"), TEXT("in"), TEXT("at"), TEXT("by"), TEXT("for"),
+	TEXT("from"), TEXT("with"), TEXT("as"), TEXT("into"), TEXT("onto"), TEXT("to"), TEXT("this"), TEXT("that"),
+	TEXT("using")};
+
+constexpr const TCHAR* TypeWords[] = {TEXT("float"), TEXT("integer"), TEXT("integer64"), TEXT("boolean"),
+	TEXT("vector"), TEXT("2d"), TEXT("rotator"), TEXT("transform"), TEXT("string"), TEXT("name"), TEXT("text"),
+	TEXT("byte"), TEXT("object"), TEXT("color"), TEXT("class")};
+
+struct FPrior
+{
+	const TCHAR* Keyword;
+	int32 Prior;
+};
+
+/** Words that are not here count one. */
+constexpr FPrior Priors[] = {
+	{TEXT("utility"), 0},
+	{TEXT("math"), 0},
+	{TEXT("float"), 0},
+	{TEXT("array"), 0},
+	{TEXT("string"), 0},
+	{TEXT("game"), 0},
+	{TEXT("transformation"), 0},
+	{TEXT("actor"), 0},
+	{TEXT("development"), 0},
+	{TEXT("flow"), 0},
+	{TEXT("control"), 0},
+	{TEXT("component"), 0},
+	{TEXT("vector"), 0},
+	{TEXT("boolean"), 0},
+	{TEXT("get"), -2},
+	{TEXT("integer"), 1},
+	{TEXT("rotator"), 1},
+	{TEXT("map"), 2},
+	{TEXT("byte"), 3},
+	{TEXT("integer64"), 3},
+	{TEXT("2d"), 3},
+	{TEXT("4"), 3},
+	{TEXT("transform"), 2},
+	{TEXT("quat"), 4},
+	{TEXT("class"), 2},
+	{TEXT("editor"), 6},
+	{TEXT("scripting"), 6},
+	{TEXT("niagara"), 6},
+	{TEXT("cheat"), 8},
+	{TEXT("canvas"), 4},
+	{TEXT("sequencer"), 6},
+	{TEXT("upgrade"), 8},
+	{TEXT("rig"), 6},
+	{TEXT("hierarchy"), 6},
+	{TEXT("sprite"), 6},
+	{TEXT("asset"), 3},
+	{TEXT("registry"), 6},
+	{TEXT("k2node_variableget"), 2},
+	{TEXT("k2node_variableset"), 3},
+	{TEXT("k2node_dynamiccast"), 6},
+	{TEXT("k2node_classdynamiccast"), 8},
+	{TEXT("k2node_latentgameplaytaskcall"), 12},
+	{TEXT("k2node_inputkey"), 6},
+	{TEXT("k2node_callfunction"), 0},
+	{TEXT("k2node_macroinstance"), 0},
+};
 
 /** Words of hundreds of titles; the types among them only say which of several like nodes is meant. */
 constexpr const TCHAR* CommonWords[] = {TEXT("get"), TEXT("set"), TEXT("event"), TEXT("is"), TEXT("to"), TEXT("has"),
 	TEXT("ha"), TEXT("can"), TEXT("do"), TEXT("or"), TEXT("not"), TEXT("kismet"), TEXT("library"), TEXT("system"),
 	TEXT("utility"), TEXT("target"), TEXT("make"), TEXT("break"), TEXT("then"), TEXT("else"), TEXT("self"),
-	TEXT("value"), TEXT("float"), TEXT("integer"), TEXT("64"), TEXT("boolean"), TEXT("vector"), TEXT("2d"),
+	TEXT("value"), TEXT("float"), TEXT("integer"), TEXT("integer64"), TEXT("boolean"), TEXT("vector"), TEXT("2d"),
 	TEXT("rotator"), TEXT("transform"), TEXT("string"), TEXT("name"), TEXT("text"), TEXT("byte"), TEXT("object"),
 	TEXT("class"), TEXT("struct"), TEXT("array"), TEXT("map"), TEXT("reference")};
 
@@ -259,6 +453,9 @@ struct FLookup
 	TSet<FString> Filler;
 	TSet<FString> Family;
 	TMap<FString, float> Weight;
+	TMap<FString, int32> Prior;
+	TSet<FString> Joint;
+	TSet<FString> Type;
 	TSet<FString> Known;
 
 	static const FLookup& Get()
@@ -289,6 +486,22 @@ private:
 		for (const TCHAR* const Word : WellKnown)
 		{
 			Known.Add(Word);
+		}
+		for (const FPrior& Row : Priors)
+		{
+			Prior.Add(Row.Keyword, Row.Prior);
+		}
+		for (const TCHAR* const Word : Joints)
+		{
+			Joint.Add(Word);
+		}
+		for (const TCHAR* const Word : TypeWords)
+		{
+			Type.Add(Word);
+		}
+		for (const TCHAR* const Word : Owners)
+		{
+			Weight.Add(Word, OwnerWeight);
 		}
 		for (const TCHAR* const Word : Connectors)
 		{
@@ -447,6 +660,20 @@ FStringView GetNodeClassStem(FStringView Text)
 	}
 	return Text.Mid(Underscore + 1);
 }
+
+/** What the words as a whole stand for, whatever numbers are among them; null when they are no shorthand. */
+const TArray<FString>* FindShorthand(const TArray<FString>& Words)
+{
+	FString Joined;
+	for (const FString& Word : Words)
+	{
+		if (!Word.IsNumeric())
+		{
+			Joined += Word;
+		}
+	}
+	return FLookup::Get().Shorthand.Find(Joined);
+}
 } // namespace KeywordWordImpl
 
 TArray<FString> KeywordWords::Split(FStringView Text, bool bKeepPlurals)
@@ -477,16 +704,13 @@ TArray<FString> KeywordWords::Split(FStringView Text, bool bKeepPlurals)
 
 TArray<FString> KeywordWords::ExpandShorthand(TArray<FString> Words)
 {
-	FString Joined;
-	for (const FString& Word : Words)
-	{
-		if (!Word.IsNumeric())
-		{
-			Joined += Word;
-		}
-	}
-	const TArray<FString>* const Meaning = KeywordWordImpl::FLookup::Get().Shorthand.Find(Joined);
+	const TArray<FString>* const Meaning = KeywordWordImpl::FindShorthand(Words);
 	return Meaning ? *Meaning : MoveTemp(Words);
+}
+
+bool KeywordWords::IsShorthand(const TArray<FString>& Words)
+{
+	return KeywordWordImpl::FindShorthand(Words) != nullptr;
 }
 
 bool KeywordWords::IsNodeClassName(FStringView Text)
@@ -508,6 +732,26 @@ float KeywordWords::GetWeight(const FString& Word)
 {
 	const float* const Weight = KeywordWordImpl::FLookup::Get().Weight.Find(Word);
 	return Weight ? *Weight : 1.0f;
+}
+
+int32 KeywordWords::GetPrior(const FString& Keyword)
+{
+	if (Keyword.StartsWith(TEXT("="), ESearchCase::CaseSensitive))
+	{
+		return 0;
+	}
+	const int32* const Prior = KeywordWordImpl::FLookup::Get().Prior.Find(Keyword);
+	return Prior ? *Prior : 1;
+}
+
+bool KeywordWords::IsJoint(const FString& Word)
+{
+	return KeywordWordImpl::FLookup::Get().Joint.Contains(Word);
+}
+
+bool KeywordWords::IsTypeWord(const FString& Word)
+{
+	return KeywordWordImpl::FLookup::Get().Type.Contains(Word);
 }
 
 bool KeywordWords::IsWellKnown(const FString& Word)

@@ -14,6 +14,9 @@ TArray<FString> Split(FStringView Text, bool bKeepPlurals = false);
 /** The words that an author's shorthand stands for ("if", "wait 2 seconds"), or the given words when it is none. */
 TArray<FString> ExpandShorthand(TArray<FString> Words);
 
+/** Whether ExpandShorthand knows the words. */
+bool IsShorthand(const TArray<FString>& Words);
+
 /** Whether the text is the name of a node class, such as "K2Node_IfThenElse". */
 bool IsNodeClassName(FStringView Text);
 
@@ -28,6 +31,18 @@ bool IsFamilyClassName(FStringView ClassName);
 
 /** How much a word says about which node is meant: 1 for most, less for words that stand in hundreds of titles. */
 float GetWeight(const FString& Word);
+
+/**
+ * How unusual what the word describes is: authors who do not say mean floats before bytes, arrays before maps, and game
+ * code before editor scripting. Only says something between candidates that fit a request equally well.
+ */
+int32 GetPrior(const FString& Keyword);
+
+/** Words that join others ("of", "by"). Between other words they say nothing about which node is meant. */
+bool IsJoint(const FString& Word);
+
+/** Words that name a type ("float", "string"). */
+bool IsTypeWord(const FString& Word);
 
 /** Whether the word is so common in the menu that it is never a slip for another one. */
 bool IsWellKnown(const FString& Word);

@@ -52,6 +52,7 @@ private:
 	{
 		FKeywordIds Keywords;
 		int32 TitleCount = 0;
+		int32 Prior = 0;
 	};
 
 	/** A keyword and the entries that have it, in title or elsewhere. */
@@ -89,6 +90,8 @@ private:
 	const FKeywordIds& GetIds(TByText<FKeywordIds>& Memory, const FString& Text, bool bTitle);
 	/** By rising number of edits. */
 	TArray<FNeighbour> FindNeighbours(const FKeyword& Keyword) const;
+	/** Other words of the keyword's sense. */
+	void FindKin(const FKeyword& Keyword, TArray<FNeighbour>& OutNeighbours) const;
 	void FindSlips(const FKeyword& Keyword, TCHAR FirstLetter, TArray<FNeighbour>& OutNeighbours) const;
 	void ScoreRequest(const FKeywordSet& Request, TArray<FScore>& Scores) const;
 	void ScoreTitle(const FKeywordSet& Title, TArray<FScore>& Scores) const;
@@ -99,6 +102,7 @@ private:
 	TByText<int32> VocableByText;
 	/** The words among the vocables by their first letter: a slip leaves it alone or swaps it with the second. */
 	TMap<TCHAR, TArray<int32>> WordsByLetter;
+	TByText<TArray<int32>> WordsBySense;
 	TByText<FKeywordIds> TitleIds;
 	TByText<FKeywordIds> CategoryIds;
 };

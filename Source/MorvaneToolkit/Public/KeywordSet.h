@@ -25,6 +25,10 @@ struct FKeyword
 	float Weight = 1.0f;
 	/** In a request, this word is meant as it stands. */
 	bool bWellKnown = false;
+	/** What the word means, for words: two of one sense are as near as words a slip apart. */
+	FString Sense;
+	/** How far a candidate that has the keyword is from what authors mean when they do not say. */
+	int32 Prior = 0;
 };
 
 /** A list of keywords, prepared for comparison: each stands once, ignoring case. */
@@ -42,6 +46,8 @@ public:
 	 * stand behind its words. What follows only describes. A list without a keyword for the whole is all title.
 	 */
 	int32 GetTitleCount() const;
+	/** Of two candidates that fit a request as well, the one with the smaller sum is the usual one. */
+	int32 GetPrior() const;
 
 private:
 	TArray<FKeyword> Keywords;
@@ -68,11 +74,12 @@ struct FComparison
 	int32 Edits = 0;
 };
 
-/** INDEX_NONE unless the two are the same keyword (0) or words a slip apart. */
+/** INDEX_NONE unless the two are the same keyword (0), words of one sense (1) or words a slip apart. */
 int32 CountEdits(const FKeyword& Request, const FKeyword& Candidate);
 FComparison Compare(const FKeywordSet& Request, const FKeywordSet& Candidate);
-/** Smaller is better; says something at equal common counts. */
-int32 GetDistance(int32 CandidateCount, int32 CandidateTitleCount, int32 CommonCount, int32 InTitleCount, int32 Edits);
+/** Smaller is better; says something at equal common counts. Prior is the candidate's. */
+int32 GetDistance(
+	int32 CandidateCount, int32 CandidateTitleCount, int32 CommonCount, int32 InTitleCount, int32 Edits, int32 Prior);
 FKeywordSimilarity MakeSimilarity(
 	const TArray<FString>& Request, const FKeywordSet& RequestSet, const FKeywordSet& Candidate);
 /** From 0 to 1: how sure it is that the candidate is what the request means. */

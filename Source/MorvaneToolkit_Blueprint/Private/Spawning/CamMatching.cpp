@@ -57,6 +57,31 @@ public:
 	{
 		return Keywords.FindBest(Request, Title, FBlueprintCamMatching::MaxShown);
 	}
+	/**
+	 * The title of the action whose function or event has this name, which agents know better than titles; empty when
+	 * there is none.
+	 */
+	FString FindTitleOfMember(const FString& Name, const FSharedActionMenu& Menu)
+	{
+		if (TitleByMember.IsEmpty())
+		{
+			for (const int32 Index : ActionByEntry)
+			{
+				const FEdGraphSchemaAction& Action = *Menu.GetSchemaAction(Index);
+				// The search words of a member begin with its name.
+				FString Member = Action.GetKeywords().ToString();
+				int32 Blank = INDEX_NONE;
+				Member = Member.FindChar(TEXT(' '), Blank) ? Member.Left(Blank) : Member;
+				TitleByMember.FindOrAdd(WithoutPrefix(Member), Action.GetMenuDescription().ToString());
+			}
+		}
+		int32 Separator = INDEX_NONE;
+		FString Bare = Name.Replace(TEXT(" "), TEXT(""), ESearchCase::CaseSensitive);
+		Bare = Bare.FindLastChar(TEXT(':'), Separator) ? Bare.RightChop(Separator + 1) : Bare;
+		Bare = Bare.FindLastChar(TEXT('.'), Separator) ? Bare.RightChop(Separator + 1) : Bare;
+		const FString* const Title = Bare.IsEmpty() ? nullptr : TitleByMember.Find(WithoutPrefix(Bare));
+		return Title ? *Title : FString();
+	}
 	/** The place in the menu: untitled actions are no entries. */
 	int32 GetActionIndex(int32 Entry) const { return ActionByEntry[Entry]; }
 
@@ -65,6 +90,7 @@ private:
 	{
 		Keywords.Reset();
 		ActionByEntry.Reset();
+		TitleByMember.Reset();
 		for (int32 Index = 0; Index < Menu.GetNumActions(); ++Index)
 		{
 			const TSharedPtr<FEdGraphSchemaAction> Action = Menu.GetSchemaAction(Index);
@@ -78,17 +104,23 @@ private:
 		Serial = Menu.GetSerial();
 	}
 
+	static FString WithoutPrefix(const FString& Member)
+	{
+		return Member.StartsWith(TEXT("K2_"), ESearchCase::IgnoreCase) ? Member.RightChop(3) : Member;
+	}
+
 	FKeywordIndex Keywords;
 	TArray<int32> ActionByEntry;
+	/** Of the first action that has the member; made when first asked for. */
+	TMap<FString, FString> TitleByMember;
 	/** 0: no menu yet. */
 	uint64 Serial = 0;
 };
 
 /** Of the title, of what the class name means where it stands for a title, and of the class name itself. */
-TArray<FString> MakeRequestKeywords(const FBPNodeModification& Record)
+TArray<FString> MakeRequestKeywords(const FString& MenuTitle, const FString& ClassName)
 {
-	TArray<FString> Keywords = FAssetOperationBase::CreateKeywords(Record.MenuTitle);
-	const FString& ClassName = Record.ClassName;
+	TArray<FString> Keywords = FAssetOperationBase::CreateKeywords(MenuTitle);
 	const auto AddKeywordsOf = [&Keywords](const TCHAR* Title)
 	{
 		for (const FString& Keyword : FAssetOperationBase::CreateKeywords(Title))
@@ -111,6 +143,11 @@ TArray<FString> MakeRequestKeywords(const FBPNodeModification& Record)
 		FAssetOperationBase::AppendKeywords(ClassName, Keywords);
 	}
 	return Keywords;
+}
+
+TArray<FKeywordHit> FindHits(FMenuIndex& Index, const FString& MenuTitle, const FString& ClassName)
+{
+	return Index.FindBest(MakeRequestKeywords(MenuTitle, ClassName), FAssetOperationBase::CreateKeywords(MenuTitle));
 }
 
 TSharedRef<FJsonObject> ToJson(const FCamCandidate& Candidate)
@@ -171,10 +208,15 @@ TSharedPtr<FSharedActionMenu> FBlueprintCamMatching::BuildSharedCAM(UEdGraph& Gr
 TArray<FCamCandidate> FBlueprintCamMatching::FindCamMatches(
 	const FBPNodeModification& Record, const FSharedActionMenu& Menu)
 {
-	const CamMatching::FMenuIndex& Index = CamMatching::FMenuIndex::For(Menu);
+	CamMatching::FMenuIndex& Index = CamMatching::FMenuIndex::For(Menu);
+	TArray<FKeywordHit> Hits = CamMatching::FindHits(Index, Record.MenuTitle, Record.ClassName);
+	if (!Hits.IsEmpty() && Hits[0].Confidence < 1.0f)
+	{
+		const FString Title = Index.FindTitleOfMember(Record.MenuTitle, Menu);
+		Hits = Title.IsEmpty() ? Hits : CamMatching::FindHits(Index, Title, Record.ClassName);
+	}
 	TArray<FCamCandidate> Candidates;
-	for (const FKeywordHit& Hit :
-		Index.FindBest(CamMatching::MakeRequestKeywords(Record), FAssetOperationBase::CreateKeywords(Record.MenuTitle)))
+	for (const FKeywordHit& Hit : Hits)
 	{
 		FCamCandidate& Candidate = Candidates.AddDefaulted_GetRef();
 		Candidate.Action = Menu.GetSchemaAction(Index.GetActionIndex(Hit.Entry));

@@ -1,0 +1,213 @@
+#include "AssetOperationBase.h"
+#include "BlueprintActionMenuItem.h"
+#include "BlueprintNodeSpawner.h"
+#include "K2Node_Self.h"
+#include "MatchingRequests.h"
+#include "Populating.h"
+#include "Spawning/CamMatching.h"
+
+#include <algorithm>
+#include <chrono>
+#include <random>
+#include <sstream>
+#include <tuple>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+namespace MatchingTest
+{
+/** The menu of an Actor Blueprint's event graph. */
+struct FMenu
+{
+	FMenu() { Menu = FBlueprintCamMatching::BuildSharedCAM(*Blueprint.EventGraph().Get(), Result); }
+
+	FBlueprintBuilder Blueprint;
+	Morvane::FToolResult Result = MakeResult();
+	TSharedPtr<FSharedActionMenu> Menu;
+
+	TArray<FCamCandidate> Find(const char* MenuTitle, const char* ClassName = "") const
+	{
+		FBPNodeModification Record;
+		Record.MenuTitle = UTF8_TO_TCHAR(MenuTitle);
+		Record.ClassName = UTF8_TO_TCHAR(ClassName);
+		return FBlueprintCamMatching::FindCamMatches(Record, *Menu);
+	}
+};
+
+bool IsOneOf(const FString& Title, const std::string& Expected)
+{
+	std::istringstream Titles(Expected);
+	for (std::string One; std::getline(Titles, One, '|');)
+	{
+		if (Title.Equals(UTF8_TO_TCHAR(One.c_str()), ESearchCase::IgnoreCase))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
+std::string Describe(const TArray<FCamCandidate>& Candidates)
+{
+	std::ostringstream Text;
+	for (int32 Index = 0; Index < FMath::Min(Candidates.Num(), 2); ++Index)
+	{
+		const FCamCandidate& Candidate = Candidates[Index];
+		Text << (Index ? ", " : "") << ToStd(Candidate.MenuTitle) << " [" << ToStd(Candidate.MenuCategory) << "] "
+			 << Candidate.Confidence;
+	}
+	return Text.str();
+}
+
+constexpr float Threshold = 0.6f;
+
+/** An action's keywords as each of them would be scored alone. */
+TArray<FString> ActionKeywords(const FCamCandidate& Candidate)
+{
+	TArray<FString> Keywords = FAssetOperationBase::CreateKeywords(Candidate.MenuTitle);
+	FAssetOperationBase::AppendKeywords(Candidate.MenuCategory, Keywords);
+	for (const FString& Keyword : FAssetOperationBase::CreateKeywords(Candidate.NodeClass))
+	{
+		Keywords.AddUnique(Keyword);
+	}
+	return Keywords;
+}
+} // namespace MatchingTest
+
+using namespace MatchingTest;
+
+TEST(Matching, LooseRequestsFindWhatAnAuthorMeans)
+{
+	const FMenu Menu;
+	int32 Right = 0;
+	std::string Missed;
+	for (const MatchingRequests::FRequest& Request : MatchingRequests::Meant)
+	{
+		const TArray<FCamCandidate> Found = Menu.Find(Request.MenuTitle, Request.ClassName);
+		ASSERT_FALSE(Found.IsEmpty());
+		if (IsOneOf(Found[0].MenuTitle, Request.Expected) && Found[0].Confidence >= Threshold)
+		{
+			++Right;
+			continue;
+		}
+		Missed += std::string("\n  ") + Request.MenuTitle + " -> " + Describe(Found);
+	}
+	const int32 Total = static_cast<int32>(std::size(MatchingRequests::Meant));
+	RecordProperty("right", Right);
+	RecordProperty("total", Total);
+	EXPECT_GE(Right * 100, Total * 95) << Right << " of " << Total << Missed;
+}
+
+TEST(Matching, NonsenseStaysBelowTheThreshold)
+{
+	const FMenu Menu;
+	int32 Wrong = 0;
+	int32 Total = 0;
+	std::string Spawned;
+	for (const char* const Title : MatchingRequests::Nonsense)
+	{
+		for (const char* const ClassName : {"", "K2Node_CallFunction"})
+		{
+			const TArray<FCamCandidate> Found = Menu.Find(Title, ClassName);
+			++Total;
+			if (Found[0].Confidence >= Threshold)
+			{
+				++Wrong;
+				Spawned += std::string("\n  ") + Title + " -> " + Describe(Found);
+			}
+		}
+	}
+	EXPECT_LT(Wrong * 100, Total * 2) << Wrong << " of " << Total << Spawned;
+}
+
+TEST(Matching, TheBestIsWhatScoringEveryActionAloneGives)
+{
+	const FMenu Menu;
+	std::vector<FCamCandidate> Actions;
+	for (int32 Index = 0; Index < Menu.Menu->GetNumActions(); Index += 7)
+	{
+		const TSharedPtr<FEdGraphSchemaAction> Action = Menu.Menu->GetSchemaAction(Index);
+		FCamCandidate Candidate;
+		Candidate.MenuTitle = Action->GetMenuDescription().ToString();
+		Candidate.MenuCategory = Action->GetCategory().ToString();
+		if (Action->GetTypeId() == FBlueprintActionMenuItem::StaticGetTypeId())
+		{
+			const auto& Item = static_cast<const FBlueprintActionMenuItem&>(*Action);
+			Candidate.NodeClass = Item.GetRawAction()->NodeClass->GetName();
+		}
+		Actions.push_back(Candidate);
+	}
+	for (const char* const Title : {"Set Actor Lcoation", "hide mesh component", "get random float in range please"})
+	{
+		const TArray<FString> Request = FAssetOperationBase::CreateKeywords(UTF8_TO_TCHAR(Title));
+		const FCamCandidate Best = Menu.Find(Title)[0];
+		for (const FCamCandidate& Action : Actions)
+		{
+			const auto Rank = [&Request](const FCamCandidate& Of)
+			{
+				const FKeywordSimilarity All = FAssetOperationBase::CalculateKeywordSimilarity(
+					Request, ActionKeywords(Of));
+				const FKeywordSimilarity InTitle = FAssetOperationBase::CalculateKeywordSimilarity(
+					Request, FAssetOperationBase::CreateKeywords(Of.MenuTitle));
+				return std::tuple(-All.CommonCount, -InTitle.CommonCount, All.Distance);
+			};
+			ASSERT_LE(Rank(Best), Rank(Action)) << Title << ": " << ToStd(Action.MenuTitle);
+		}
+	}
+}
+
+TEST(Matching, MoreCommonWordsGoBeforeMoreConfidence)
+{
+	const FMenu Menu;
+	const TArray<FCamCandidate> Found = Menu.Find("set light brightness");
+	ASSERT_THAT(Found, SizeIs(FBlueprintCamMatching::MaxShown));
+	for (int32 Index = 1; Index < Found.Num(); ++Index)
+	{
+		EXPECT_GE(Found[Index - 1].CommonKeywords.CommonCount, Found[Index].CommonKeywords.CommonCount);
+	}
+	const auto IsMoreConfident = [&Found](int32 Index)
+	{ return Found[Index].Confidence > Found[Index - 1].Confidence; };
+	bool bAny = false;
+	for (int32 Index = 1; Index < Found.Num(); ++Index)
+	{
+		bAny |= IsMoreConfident(Index);
+	}
+	EXPECT_TRUE(bAny) << "confidence is no sort key";
+}
+
+TEST(Matching, SchemaActionsStandInTheMenuWithTheirClass)
+{
+	const FMenu Menu;
+	const FCamCandidate Comment = Menu.Find("Add Comment")[0];
+	EXPECT_EQ(ToStd(Comment.MenuTitle), "Add Comment");
+	EXPECT_EQ(ToStd(Comment.NodeClass), "EdGraphNode_Comment");
+	EXPECT_EQ(Telemetry(Menu.Result).find(R"({"cam_build_time_ms":)"), 0u);
+	EXPECT_NE(Telemetry(Menu.Result).find(R"("context_sensitive":false)"), std::string::npos);
+}
+
+TEST(Matching, AnEmptyMenuHasNoCandidates)
+{
+	const FSharedActionMenu Empty;
+	EXPECT_TRUE(FBlueprintCamMatching::FindCamMatches(FBPNodeModification(), Empty).IsEmpty());
+}
+
+TEST(Matching, CandidatesAreToldOncePerFailedRequest)
+{
+	Morvane::FToolResult Result = MakeResult();
+	TArray<FCamCandidate> Many;
+	Many.SetNum(25);
+	Many[0].MenuTitle = TEXT("Delay");
+	Many[0].CommonKeywords.CommonKeywords = {TEXT("delay")};
+	FBlueprintCamMatching::RecordCandidateMatches(Many, Result, TEXT("n1"));
+	FBlueprintCamMatching::RecordCandidateMatches({}, Result, TEXT(""));
+	const TArray<TSharedPtr<FJsonValue>>& Entries =
+		Result.GetDatas()->GetObjectField(TEXT("telemetry"))->GetArrayField(TEXT("candidate_matches"));
+	ASSERT_EQ(Entries.Num(), 2);
+	const TArray<TSharedPtr<FJsonValue>>& Told = Entries[0]->AsObject()->GetArrayField(TEXT("candidates"));
+	EXPECT_EQ(Told.Num(), 20);
+	EXPECT_EQ(JsonText(Told[0]->AsObject()),
+		R"({"menu_title":"Delay","node_class":"","menu_category":"","confidence":0,"common_keywords":["delay"]})");
+	EXPECT_EQ(JsonText(Entries[1]->AsObject()), R"({"candidates":[]})");
+}
