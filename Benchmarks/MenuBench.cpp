@@ -1,0 +1,77 @@
+#include "BlueprintActionDatabase.h"
+#include "BlueprintActionMenuUtils.h"
+#include "Boot/EditorModules.h"
+#include "EdGraphSchema_K2.h"
+
+#include <benchmark/benchmark.h>
+
+namespace MenuBench
+{
+UEdGraph* MakeGraph()
+{
+	EditorModules::StartTools();
+	EditorModules::StartEditor();
+	UEdGraph* const Graph = NewObject<UEdGraph>(GetTransientPackageAsObject());
+	Graph->Schema = UEdGraphSchema_K2::StaticClass();
+	return Graph;
+}
+
+int32 BuildMenu(UEdGraph* Graph)
+{
+	FBlueprintActionContext Context;
+	Context.Graphs.Add(Graph);
+	FBlueprintActionMenuBuilder Menu;
+	FBlueprintActionMenuUtils::MakeContextMenu(Context, false, EContextTargetFlags::ContextTargetFlagMask, Menu);
+	return Menu.GetNumActions();
+}
+
+// The first menu of a process reads the catalogue and makes all actions, so it is one iteration and stands first.
+void MenuCold(benchmark::State& State)
+{
+	UEdGraph* const Graph = MakeGraph();
+	for (auto _ : State)
+	{
+		State.counters["actions"] = BuildMenu(Graph);
+	}
+	Graph->MarkAsGarbage();
+}
+BENCHMARK(MenuCold)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+void MenuWarm(benchmark::State& State)
+{
+	UEdGraph* const Graph = MakeGraph();
+	BuildMenu(Graph);
+	for (auto _ : State)
+	{
+		State.counters["actions"] = BuildMenu(Graph);
+	}
+	Graph->MarkAsGarbage();
+}
+BENCHMARK(MenuWarm)->Unit(benchmark::kMillisecond);
+
+/** Every action of a sample placed and thrown away: what a populate run pays for a node. */
+void MenuSpawn(benchmark::State& State)
+{
+	UEdGraph* Graph = MakeGraph();
+	FBlueprintActionContext Context;
+	Context.Graphs.Add(Graph);
+	FBlueprintActionMenuBuilder Menu;
+	FBlueprintActionMenuUtils::MakeContextMenu(Context, false, EContextTargetFlags::ContextTargetFlagMask, Menu);
+	const int32 Step = Menu.GetNumActions() / static_cast<int32>(State.range(0));
+	for (auto _ : State)
+	{
+		for (int32 Index = 0; Index < static_cast<int32>(State.range(0)); ++Index)
+		{
+			Menu.GetSchemaAction(Index * Step)->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+		}
+		State.PauseTiming();
+		Graph->MarkAsGarbage();
+		CollectGarbage();
+		Graph = MakeGraph();
+		State.ResumeTiming();
+	}
+	State.SetComplexityN(State.range(0));
+	Graph->MarkAsGarbage();
+}
+BENCHMARK(MenuSpawn)->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond)->Complexity(benchmark::oN);
+} // namespace MenuBench
