@@ -171,8 +171,8 @@ ENode FindReferenceNode(const FEdGraphPinType& From, const FEdGraphPinType& To)
 
 ENode FindNode(const FSchema& Schema, const FEdGraphPinType& From, const FEdGraphPinType& To)
 {
-	if (!From.IsContainer() && To.IsArray() && From.PinCategory != FSchema::PC_Exec
-		&& From.PinCategory != FSchema::PC_Wildcard)
+	if (!From.IsContainer() && To.IsArray() && To.PinCategory != FSchema::PC_Wildcard
+		&& From.PinCategory != FSchema::PC_Exec && From.PinCategory != FSchema::PC_Wildcard)
 	{
 		return Schema.ArePinTypesCompatible(From, To, nullptr, true) ? ENode::MakeArray : ENode::None;
 	}
