@@ -4,8 +4,7 @@
 
 #include "AssetOperationBase.h"
 #include "BlueprintReadUtils.h"
-#include "Serialization/JsonReader.h"
-#include "Serialization/JsonSerializer.h"
+#include "Operations/Read/ReadStatus.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
 
@@ -32,22 +31,6 @@ struct FItemRead
 	const TCHAR* Section;
 	EFailureWording FailureWording;
 };
-
-/** Whether the first entry of the section says that the item is not there. */
-bool IsMissing(const FString& Text, const TCHAR* Section)
-{
-	TSharedPtr<FJsonObject> Document;
-	const TSharedRef<TJsonReader<TCHAR>> Reader = TJsonReaderFactory<TCHAR>::Create(Text);
-	const TArray<TSharedPtr<FJsonValue>>* Entries = nullptr;
-	const TSharedPtr<FJsonObject>* First = nullptr;
-	FString Status;
-	if (!FJsonSerializer::Deserialize(Reader, Document) || !Document || !Document->TryGetArrayField(Section, Entries) ||
-		Entries->IsEmpty() || !(*Entries)[0]->TryGetObject(First) || !(*First)->TryGetStringField(TEXT("status"), Status))
-	{
-		return false;
-	}
-	return Status.Equals(TEXT("deleted"), ESearchCase::IgnoreCase) || Status.Equals(TEXT("not_found"), ESearchCase::IgnoreCase);
-}
 
 void AddFailure(const FItemRead& Item, const FString& Name, const FString& Path, FToolResult& Result)
 {
@@ -91,21 +74,30 @@ void Read(const FItemRead& Item, const FJsonObject& Args, FToolResult& Result)
 		return;
 	}
 	const FString AssetName = FAssetOperationBase::GetAssetNameFromPath(Path);
-	if (IsMissing(Text, Item.Section))
+	if (ReadStatus::IsFirstMissing(Text, Item.Section))
 	{
-		Result.AddWarningMessage(FString::Printf(TEXT("'%s' %s does not exist in Blueprint: %s"), *Name, Item.Word, *AssetName));
+		Result.AddWarningMessage(
+			FString::Printf(TEXT("'%s' %s does not exist in Blueprint: %s"), *Name, Item.Word, *AssetName));
 		return;
 	}
-	Result.AddSuccessMessage(FString::Printf(TEXT("Successfully read %s '%s' from Blueprint: %s"), Item.Word, *Name, *AssetName));
+	Result.AddSuccessMessage(
+		FString::Printf(TEXT("Successfully read %s '%s' from Blueprint: %s"), Item.Word, *Name, *AssetName));
 }
 
-constexpr FItemRead Variable{TEXT("variable"), ToolInfo::FieldName_VariableName, ToolInfo::ToolName_ReadBlueprintVariable, TEXT("variables"), EFailureWording::AtPath};
-constexpr FItemRead Component{TEXT("component"), ToolInfo::FieldName_ComponentName, ToolInfo::ToolName_ReadBlueprintComponent, TEXT("components"), EFailureWording::AtPath};
-constexpr FItemRead Function{TEXT("function"), ToolInfo::FieldName_FunctionName, ToolInfo::ToolName_ReadBlueprintFunction, TEXT("functions"), EFailureWording::FromBlueprint};
-constexpr FItemRead Interface{TEXT("interface"), ToolInfo::FieldName_InterfaceName, ToolInfo::ToolName_ReadBlueprintInterface, TEXT("interfaces"), EFailureWording::AtPath};
-constexpr FItemRead Timeline{TEXT("timeline"), ToolInfo::FieldName_TimelineName, ToolInfo::ToolName_ReadBlueprintTimeline, TEXT("timelines"), EFailureWording::AtPath};
-constexpr FItemRead Delegate{TEXT("delegate"), ToolInfo::FieldName_DelegateName, ToolInfo::ToolName_ReadBlueprintDelegate, TEXT("delegates"), EFailureWording::AtPath};
-constexpr FItemRead Macro{TEXT("macro"), ToolInfo::FieldName_MacroName, ToolInfo::ToolName_ReadBlueprintMacro, TEXT("macros"), EFailureWording::FromBlueprint};
+constexpr FItemRead Variable{TEXT("variable"), ToolInfo::FieldName_VariableName,
+	ToolInfo::ToolName_ReadBlueprintVariable, TEXT("variables"), EFailureWording::AtPath};
+constexpr FItemRead Component{TEXT("component"), ToolInfo::FieldName_ComponentName,
+	ToolInfo::ToolName_ReadBlueprintComponent, TEXT("components"), EFailureWording::AtPath};
+constexpr FItemRead Function{TEXT("function"), ToolInfo::FieldName_FunctionName,
+	ToolInfo::ToolName_ReadBlueprintFunction, TEXT("functions"), EFailureWording::FromBlueprint};
+constexpr FItemRead Interface{TEXT("interface"), ToolInfo::FieldName_InterfaceName,
+	ToolInfo::ToolName_ReadBlueprintInterface, TEXT("interfaces"), EFailureWording::AtPath};
+constexpr FItemRead Timeline{TEXT("timeline"), ToolInfo::FieldName_TimelineName,
+	ToolInfo::ToolName_ReadBlueprintTimeline, TEXT("timelines"), EFailureWording::AtPath};
+constexpr FItemRead Delegate{TEXT("delegate"), ToolInfo::FieldName_DelegateName,
+	ToolInfo::ToolName_ReadBlueprintDelegate, TEXT("delegates"), EFailureWording::AtPath};
+constexpr FItemRead Macro{TEXT("macro"), ToolInfo::FieldName_MacroName, ToolInfo::ToolName_ReadBlueprintMacro,
+	TEXT("macros"), EFailureWording::FromBlueprint};
 } // namespace ItemReads
 
 void FBlueprintVariableReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)

@@ -4,8 +4,7 @@
 
 #include "AssetOperationBase.h"
 #include "BlueprintReadUtils.h"
-#include "Serialization/JsonReader.h"
-#include "Serialization/JsonSerializer.h"
+#include "Operations/Read/ReadStatus.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
 
@@ -35,25 +34,6 @@ bool IsEmptyRead(const FString& Text)
 {
 	return Text.IsEmpty() || Text == TEXT("{}");
 }
-
-/**
- * Whether a flow at the top of the document says that the event is not there. Flows stand below "graphs", so nothing is found and the read
- * of a missing event ends with its success text: the status is in the content, where an agent that asked for several events looks anyway.
- */
-bool IsEventMissing(const FString& Text)
-{
-	TSharedPtr<FJsonObject> Document;
-	const TSharedRef<TJsonReader<TCHAR>> Reader = TJsonReaderFactory<TCHAR>::Create(Text);
-	const TArray<TSharedPtr<FJsonValue>>* Flows = nullptr;
-	const TSharedPtr<FJsonObject>* First = nullptr;
-	FString Status;
-	if (!FJsonSerializer::Deserialize(Reader, Document) || !Document || !Document->TryGetArrayField(TEXT("event_flows"), Flows) ||
-		Flows->IsEmpty() || !(*Flows)[0]->TryGetObject(First) || !(*First)->TryGetStringField(TEXT("status"), Status))
-	{
-		return false;
-	}
-	return Status.Equals(TEXT("deleted"), ESearchCase::IgnoreCase) || Status.Equals(TEXT("not_found"), ESearchCase::IgnoreCase);
-}
 } // namespace OtherReads
 
 void FBlueprintEventReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
@@ -62,8 +42,9 @@ void FBlueprintEventReadOperation::Execute(const FJsonObject& Args, Morvane::FTo
 	FString Path;
 	FString GraphName;
 	FString EventName;
-	if (!RequireStringField(Args, TEXT("path"), Path, Result) || !RequireStringField(Args, TEXT("graph_name"), GraphName, Result) ||
-		!RequireStringField(Args, TEXT("event_name"), EventName, Result))
+	if (!RequireStringField(Args, TEXT("path"), Path, Result)
+		|| !RequireStringField(Args, TEXT("graph_name"), GraphName, Result)
+		|| !RequireStringField(Args, TEXT("event_name"), EventName, Result))
 	{
 		return;
 	}
@@ -79,7 +60,8 @@ void FBlueprintEventReadOperation::Execute(const FJsonObject& Args, Morvane::FTo
 	const FString Text = FBlueprintReadUtils::ReadBlueprint(Command, Result);
 	if (IsEmptyRead(Text))
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Failed to read event '%s' from graph '%s' in Blueprint: %s"), *EventName, *GraphName, *AssetName));
+		Result.AddErrorMessage(FString::Printf(
+			TEXT("Failed to read event '%s' from graph '%s' in Blueprint: %s"), *EventName, *GraphName, *AssetName));
 		return;
 	}
 	Result.SetData(TEXT("content"), Text);
@@ -87,12 +69,16 @@ void FBlueprintEventReadOperation::Execute(const FJsonObject& Args, Morvane::FTo
 	{
 		return;
 	}
-	if (IsEventMissing(Text))
+	// Looks for flows at the top of the document. They stand below "graphs", so the read of a missing event ends with
+	// its success text: the status is in the content, where an agent that asked for several events looks anyway.
+	if (ReadStatus::IsFirstMissing(Text, TEXT("event_flows")))
 	{
-		Result.AddWarningMessage(FString::Printf(TEXT("'%s' event does not exist in graph '%s' in Blueprint: %s"), *EventName, *GraphName, *AssetName));
+		Result.AddWarningMessage(FString::Printf(
+			TEXT("'%s' event does not exist in graph '%s' in Blueprint: %s"), *EventName, *GraphName, *AssetName));
 		return;
 	}
-	Result.AddSuccessMessage(FString::Printf(TEXT("Successfully read event '%s' from graph '%s' in Blueprint: %s"), *EventName, *GraphName, *AssetName));
+	Result.AddSuccessMessage(FString::Printf(
+		TEXT("Successfully read event '%s' from graph '%s' in Blueprint: %s"), *EventName, *GraphName, *AssetName));
 }
 
 void FBlueprintReadSchemaOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
@@ -110,14 +96,16 @@ void FBlueprintReadSchemaOperation::Execute(const FJsonObject& Args, Morvane::FT
 		Result.AddErrorMessage(TEXT("Cannot read schema for non-existent Blueprint. The asset may have been deleted."));
 		return;
 	}
-	const FString Text = FBlueprintReadUtils::ReadBlueprint(MakeCommand(Path, ToolInfo::ToolName_ReadBlueprintSchema), Result);
+	const FString Text = FBlueprintReadUtils::ReadBlueprint(
+		MakeCommand(Path, ToolInfo::ToolName_ReadBlueprintSchema), Result);
 	if (IsEmptyRead(Text))
 	{
 		Result.AddErrorMessage(FString::Printf(TEXT("Failed to read schema at path: %s"), *Path));
 		return;
 	}
 	Result.SetData(TEXT("content"), Text);
-	Result.AddSuccessMessage(FString::Printf(TEXT("Successfully read schema for Blueprint: %s"), *FAssetOperationBase::GetAssetNameFromPath(Path)));
+	Result.AddSuccessMessage(FString::Printf(
+		TEXT("Successfully read schema for Blueprint: %s"), *FAssetOperationBase::GetAssetNameFromPath(Path)));
 }
 
 void FWidgetBlueprintWidgetTreeReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
@@ -147,5 +135,6 @@ void FWidgetBlueprintWidgetTreeReadOperation::Execute(const FJsonObject& Args, M
 		return;
 	}
 	Result.SetData(TEXT("content"), Text);
-	Result.AddSuccessMessage(FString::Printf(TEXT("Successfully read widget_tree from Widget Blueprint: %s"), *FAssetOperationBase::GetAssetNameFromPath(Path)));
+	Result.AddSuccessMessage(FString::Printf(TEXT("Successfully read widget_tree from Widget Blueprint: %s"),
+		*FAssetOperationBase::GetAssetNameFromPath(Path)));
 }

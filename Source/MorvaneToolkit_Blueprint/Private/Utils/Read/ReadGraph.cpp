@@ -2,8 +2,8 @@
 
 #include "BlueprintReadUtils.h"
 
-#include "AnimStateEntryNode.h"
 #include "AnimationStateMachineGraph.h"
+#include "AnimStateEntryNode.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphNode_Comment.h"
@@ -87,7 +87,8 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEdGraph(
 	FString ReadTool;
 	if (!Command || !Command->TryGetStringField(Morvane::ToolInfo::FieldName_ReadTool, ReadTool))
 	{
-		return ReadGraph::MakeError(FString::Printf(TEXT("Missing required field '%s'"), Morvane::ToolInfo::FieldName_ReadTool));
+		return ReadGraph::MakeError(
+			FString::Printf(TEXT("Missing required field '%s'"), Morvane::ToolInfo::FieldName_ReadTool));
 	}
 	if (Depth > ReadGraph::MaxDepth)
 	{
@@ -141,8 +142,8 @@ struct FFlow
 };
 
 /**
- * Breadth first along every link but those that come into an execution input: what runs after a node, what takes its values, and what gives
- * it values. Other events end the walk.
+ * Breadth first along every link but those that come into an execution input: what runs after a node, what takes its
+ * values, and what gives it values. Other events end the walk.
  */
 FFlow WalkFlow(const UEdGraphNode* Event)
 {
@@ -186,9 +187,11 @@ public:
 		{
 			const TSharedPtr<FJsonObject>* Object = nullptr;
 			FString Name;
-			if (Entry && Entry->TryGetObject(Object) && (*Object)->TryGetStringField(Morvane::ToolInfo::FieldName_EventName, Name))
+			if (Entry && Entry->TryGetObject(Object)
+				&& (*Object)->TryGetStringField(Morvane::ToolInfo::FieldName_EventName, Name))
 			{
-				Names.Add(FWanted{Name, 0});
+				// A name that is asked for twice is found once, for both.
+				Counts.FindOrAdd(Name);
 			}
 		}
 	}
@@ -196,11 +199,12 @@ public:
 	/** Containment in either direction, ignoring case. Counts the first name that fits. */
 	bool Match(const FString& Title)
 	{
-		for (FWanted& Row : Names)
+		for (auto& Pair : Counts)
 		{
-			if (Row.Name.Contains(Title, ESearchCase::IgnoreCase) || Title.Contains(Row.Name, ESearchCase::IgnoreCase))
+			const FString& Name = Pair.Key;
+			if (Name.Contains(Title, ESearchCase::IgnoreCase) || Title.Contains(Name, ESearchCase::IgnoreCase))
 			{
-				++Row.Count;
+				++Pair.Value;
 				return true;
 			}
 		}
@@ -210,23 +214,18 @@ public:
 	TArray<FString> GetMissing() const
 	{
 		TArray<FString> Missing;
-		for (const FWanted& Row : Names)
+		for (const auto& Pair : Counts)
 		{
-			if (Row.Count < 1 && !Row.Name.Equals(FloatingName, ESearchCase::IgnoreCase))
+			if (Pair.Value < 1 && !Pair.Key.Equals(FloatingName, ESearchCase::IgnoreCase))
 			{
-				Missing.Add(Row.Name);
+				Missing.Add(Pair.Key);
 			}
 		}
 		return Missing;
 	}
 
 private:
-	struct FWanted
-	{
-		FString Name;
-		int32 Count;
-	};
-	TArray<FWanted> Names;
+	TMap<FString, int32> Counts;
 };
 
 /** One read of one event graph. */
@@ -234,7 +233,10 @@ class FEventGraphRead
 {
 public:
 	FEventGraphRead(const UEdGraph& InGraph, const TSharedPtr<FJsonObject>& InCommand, const FString& ReadTool)
-		: Graph(InGraph), Command(InCommand), bFull(IsTool(ReadTool, Morvane::ToolInfo::ToolName_ReadBlueprintEvent)), Requested(*InCommand)
+		: Graph(InGraph)
+		, Command(InCommand)
+		, bFull(IsTool(ReadTool, Morvane::ToolInfo::ToolName_ReadBlueprintEvent))
+		, Requested(*InCommand)
 	{
 		Command->TryGetBoolField(TEXT("finalize_modifications"), bFinalize);
 	}
@@ -264,9 +266,8 @@ private:
 		{
 			Attached.Add(Node);
 		}
-		const auto IsWanted = [&ShortNodeIds](const UEdGraphNode* Node) {
-			return ShortNodeIds.Contains(FBlueprintReadUtils::GetShortNodeId(Node));
-		};
+		const auto IsWanted = [&ShortNodeIds](const UEdGraphNode* Node)
+		{ return ShortNodeIds.Contains(FBlueprintReadUtils::GetShortNodeId(Node)); };
 		if (bRestrict && !Flow.Nodes.ContainsByPredicate(IsWanted))
 		{
 			return;
@@ -350,6 +351,7 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEventGraph(
 		return Object;
 	}
 	ReadGraph::SetHead(*Object, *Graph);
-	Object->SetArrayField(TEXT("event_flows"), ReadGraph::FEventGraphRead(*Graph, Command, ReadTool).Read(bRestrict, ShortNodeIds));
+	Object->SetArrayField(
+		TEXT("event_flows"), ReadGraph::FEventGraphRead(*Graph, Command, ReadTool).Read(bRestrict, ShortNodeIds));
 	return Object;
 }

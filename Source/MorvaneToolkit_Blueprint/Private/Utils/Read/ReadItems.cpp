@@ -43,3 +43,24 @@ void FRequestedNames::AddMissing(TArray<TSharedPtr<FJsonValue>>& Entries, bool b
 		Entries.Add(MakeShared<FJsonValueObject>(Entry));
 	}
 }
+
+bool FReadSection::Stands(const FString& Name)
+{
+	return !bFull || Requested.Take(Name);
+}
+
+TSharedPtr<FJsonObject> FReadSection::AddEntry(const FString& Name)
+{
+	const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
+	Entry->SetStringField(TEXT("name"), Name);
+	Entries.Add(MakeShared<FJsonValueObject>(Entry));
+	return Entry;
+}
+
+void ReadSections::SetUnlessEmpty(FJsonObject& Object, const TCHAR* Key, TArray<TSharedPtr<FJsonValue>>&& Values)
+{
+	if (!Values.IsEmpty())
+	{
+		Object.SetArrayField(Key, MoveTemp(Values));
+	}
+}

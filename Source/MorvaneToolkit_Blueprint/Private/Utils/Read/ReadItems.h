@@ -3,7 +3,11 @@
 #include "CoreMinimal.h"
 #include "Dom/JsonObject.h"
 
-/** The names that a one-item read asks for, each with how often an item of it was found. Names compare ignoring case. */
+class UBlueprint;
+class UBlueprintGeneratedClass;
+
+/** The names that a one-item read asks for, each with how often an item of it was found. Names compare ignoring case.
+ */
 class FRequestedNames
 {
 public:
@@ -17,3 +21,35 @@ public:
 private:
 	TMap<FString, int32> Counts;
 };
+
+/** One section of the document while it is made: items of one kind of one Blueprint. */
+struct FReadSection
+{
+	UBlueprint& Blueprint;
+	UBlueprintGeneratedClass& Class;
+	const TSharedPtr<FJsonObject>& Command;
+	/** The items are asked for by name and shown in full; otherwise all of them in overview. */
+	bool bFull = false;
+	FRequestedNames Requested;
+	TArray<TSharedPtr<FJsonValue>> Entries;
+
+	/** Whether the item of this name belongs into the section. Call it once for each item: it counts. */
+	bool Stands(const FString& Name);
+	/** A new entry that holds its name so far. */
+	TSharedPtr<FJsonObject> AddEntry(const FString& Name);
+};
+
+/** What fills the sections, one for each kind of item. */
+namespace ReadSections
+{
+void AddInterfaces(FReadSection& Section);
+void AddVariables(FReadSection& Section);
+void AddComponents(FReadSection& Section);
+void AddFunctions(FReadSection& Section);
+void AddMacros(FReadSection& Section);
+void AddDelegates(FReadSection& Section);
+void AddTimelines(FReadSection& Section);
+
+/** Sets the array unless it is empty: what has nothing to say is left out. */
+void SetUnlessEmpty(FJsonObject& Object, const TCHAR* Key, TArray<TSharedPtr<FJsonValue>>&& Values);
+} // namespace ReadSections

@@ -109,8 +109,8 @@ void SetLinkedStates(FJsonObject& Object, const UAnimStateTransitionNode& Transi
 	{
 		for (const UEdGraphPin* const Linked : Pin ? Pin->LinkedTo : TArray<UEdGraphPin*>())
 		{
-			const UAnimStateNodeBase* const State =
-				Linked ? Cast<UAnimStateNodeBase>(Linked->GetOwningNodeUnchecked()) : nullptr;
+			const UAnimStateNodeBase* const State = Linked ? Cast<UAnimStateNodeBase>(Linked->GetOwningNodeUnchecked())
+														   : nullptr;
 			if (State)
 			{
 				TArray<TSharedPtr<FJsonValue>>& List = Pin->Direction == EGPD_Input ? From : To;
@@ -165,7 +165,8 @@ struct FMachineContents
 	}
 };
 
-void AddToMachine(FMachineContents& Contents, const UEdGraphNode& Node, const UAnimGraphNode_StateMachine& Machine, const FContext& Context)
+void AddToMachine(FMachineContents& Contents, const UEdGraphNode& Node, const UAnimGraphNode_StateMachine& Machine,
+	const FContext& Context)
 {
 	if (const UAnimGraphNode_StateMachine* const Nested = Cast<UAnimGraphNode_StateMachine>(&Node))
 	{
@@ -199,7 +200,8 @@ void AddToMachine(FMachineContents& Contents, const UEdGraphNode& Node, const UA
 		SetLinkedStates(*Object, *Transition);
 		Contents.Add(Contents.Transitions, Object);
 	}
-	else if (const UEdGraphNode* const Tested = &Machine; const UK2Node_Composite* const Composite = Cast<UK2Node_Composite>(Tested))
+	else if (const UEdGraphNode* const Tested = &Machine;
+			 const UK2Node_Composite* const Composite = Cast<UK2Node_Composite>(Tested))
 	{
 		// The machine itself is tested, not the node of the walk, so this never holds and no composite is listed here:
 		// a collapsed graph of a state machine shows through the machine's own graph, once.
@@ -225,7 +227,8 @@ void SetStateMachine(FJsonObject& Properties, const UAnimGraphNode_StateMachine&
 			AddToMachine(Contents, *Node, Machine, Context);
 		}
 	}
-	const auto SetList = [&Properties](const TCHAR* Key, const TArray<TSharedPtr<FJsonValue>>& List) {
+	const auto SetList = [&Properties](const TCHAR* Key, const TArray<TSharedPtr<FJsonValue>>& List)
+	{
 		if (!List.IsEmpty())
 		{
 			Properties.SetArrayField(Key, List);
@@ -253,36 +256,45 @@ void SetAnimationProperties(FJsonObject& Properties, const UEdGraphNode& Node, c
 	}
 	else if (const UAnimStateNode* const State = Cast<UAnimStateNode>(&Node))
 	{
-		SetInfo(Properties, TEXT("anim_state_info"), [&](FJsonObject& Info) {
-			Info.SetStringField(TEXT("state_name"), State->GetStateName());
-			SetBoundGraph(Info, State->BoundGraph, Context);
-		});
+		SetInfo(Properties, TEXT("anim_state_info"),
+			[&](FJsonObject& Info)
+			{
+				Info.SetStringField(TEXT("state_name"), State->GetStateName());
+				SetBoundGraph(Info, State->BoundGraph, Context);
+			});
 	}
 	else if (const UAnimStateConduitNode* const Conduit = Cast<UAnimStateConduitNode>(&Node))
 	{
-		SetInfo(Properties, TEXT("anim_conduit_info"), [&](FJsonObject& Info) {
-			SetHead(Info, Node);
-			SetBoundGraph(Info, Conduit->BoundGraph, Context);
-		});
+		SetInfo(Properties, TEXT("anim_conduit_info"),
+			[&](FJsonObject& Info)
+			{
+				SetHead(Info, Node);
+				SetBoundGraph(Info, Conduit->BoundGraph, Context);
+			});
 	}
 	else if (const UAnimStateAliasNode* const Alias = Cast<UAnimStateAliasNode>(&Node))
 	{
-		SetInfo(Properties, TEXT("anim_alias_info"), [&](FJsonObject& Info) {
-			SetHead(Info, Node);
-			SetAliasedStates(Info, *Alias);
-		});
+		SetInfo(Properties, TEXT("anim_alias_info"),
+			[&](FJsonObject& Info)
+			{
+				SetHead(Info, Node);
+				SetAliasedStates(Info, *Alias);
+			});
 	}
 	else if (const UAnimStateTransitionNode* const Transition = Cast<UAnimStateTransitionNode>(&Node))
 	{
-		SetInfo(Properties, TEXT("transition_info"), [&](FJsonObject& Info) {
-			SetTransition(Info, *Transition);
-			SetBoundGraph(Info, Transition->BoundGraph, Context);
-			SetLinkedStates(Info, *Transition);
-		});
+		SetInfo(Properties, TEXT("transition_info"),
+			[&](FJsonObject& Info)
+			{
+				SetTransition(Info, *Transition);
+				SetBoundGraph(Info, Transition->BoundGraph, Context);
+				SetLinkedStates(Info, *Transition);
+			});
 	}
 	else if (const UK2Node_Composite* const Composite = Cast<UK2Node_Composite>(&Node))
 	{
-		SetInfo(Properties, TEXT("composite_info"), [&](FJsonObject& Info) { SetBoundGraph(Info, Composite->BoundGraph, Context); });
+		SetInfo(Properties, TEXT("composite_info"),
+			[&](FJsonObject& Info) { SetBoundGraph(Info, Composite->BoundGraph, Context); });
 	}
 }
 
@@ -339,7 +351,8 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadNodeInfo(
 		return nullptr;
 	}
 	const FString FullTitle = Node->GetNodeTitle(ENodeTitleType::FullTitle).ToString();
-	// Worked out and not shown: the JSON stays small, and a reader of this code who needs the class finds the place for it.
+	// Worked out and not shown: the JSON stays small, and a reader of this code who needs the class finds the place for
+	// it.
 	FString TargetClass;
 	ExtractTitleTargetClass(FullTitle, TargetClass);
 	if (TargetClass.IsEmpty())

@@ -23,8 +23,10 @@ TSharedPtr<FJsonObject> ExportProperties(UObject& Object)
 		{
 			continue;
 		}
+		// Against itself as the default: a value tells all of its members, and none is left out for being zero.
 		FString Text;
-		It->ExportText_Direct(Text, It->ContainerPtrToValuePtr<void>(&Object), nullptr, &Object, PPF_None);
+		const void* const Value = It->ContainerPtrToValuePtr<void>(&Object);
+		It->ExportText_Direct(Text, Value, Value, &Object, PPF_None);
 		if (!Text.IsEmpty())
 		{
 			Properties->SetStringField(It->GetName(), Text);
@@ -60,7 +62,8 @@ TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchy(UWidgetB
 	return Hierarchy;
 }
 
-TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchyNode(UWidget* Widget, UWidgetBlueprint* Blueprint)
+TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchyNode(
+	UWidget* Widget, UWidgetBlueprint* Blueprint)
 {
 	if (!Widget)
 	{

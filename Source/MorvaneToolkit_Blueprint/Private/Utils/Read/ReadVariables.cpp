@@ -1,0 +1,100 @@
+// Member variables of a Blueprint and of those above it.
+
+#include "AssetOperationBase.h"
+#include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
+#include "Engine/BlueprintGeneratedClass.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "UObject/UnrealType.h"
+#include "Utils/Read/ReadItems.h"
+
+namespace ReadVariables
+{
+/** The description of a variable in the first of the Blueprints that has one. */
+const FBPVariableDescription* FindDescription(const TArray<UBlueprint*>& Blueprints, FName Name)
+{
+	for (const UBlueprint* const Blueprint : Blueprints)
+	{
+		const int32 Index = FBlueprintEditorUtils::FindNewVariableIndex(Blueprint, Name);
+		if (Index != INDEX_NONE)
+		{
+			return &Blueprint->NewVariables[Index];
+		}
+	}
+	return nullptr;
+}
+
+bool HasTrueMetaData(const FBPVariableDescription& Variable, FName Key)
+{
+	return Variable.HasMetaData(Key) && Variable.GetMetaData(Key).Equals(TEXT("true"), ESearchCase::IgnoreCase);
+}
+
+TSharedPtr<FJsonObject> MakeReplication(const FBPVariableDescription& Variable)
+{
+	const TSharedPtr<FJsonObject> Replication = MakeShared<FJsonObject>();
+	if (!Variable.RepNotifyFunc.IsNone())
+	{
+		Replication->SetStringField(TEXT("mode"), TEXT("rep_notify"));
+		Replication->SetStringField(TEXT("notify_function"), Variable.RepNotifyFunc.ToString());
+	}
+	else
+	{
+		Replication->SetStringField(TEXT("mode"), Variable.PropertyFlags & CPF_Net ? TEXT("replicated") : TEXT("none"));
+	}
+	return Replication;
+}
+
+void AddVariable(FReadSection& Section, const FString& Name, const FBPVariableDescription& Variable,
+	const FEdGraphPinType& Type, const FString& DefaultValue)
+{
+	const TSharedPtr<FJsonObject> Entry = Section.AddEntry(Name);
+	Entry->SetObjectField(TEXT("type"), FAssetOperationBase::ConvertEdGraphPinTypeToJson(Type));
+	if (Section.bFull)
+	{
+		Entry->SetStringField(TEXT("default_variable_value"), DefaultValue);
+	}
+	Entry->SetObjectField(TEXT("replication"), MakeReplication(Variable));
+	Entry->SetStringField(TEXT("category"), Variable.Category.ToString());
+	const bool bHasTooltip = Variable.HasMetaData(FBlueprintMetadata::MD_Tooltip);
+	if (bHasTooltip && !Variable.GetMetaData(FBlueprintMetadata::MD_Tooltip).IsEmpty())
+	{
+		Entry->SetStringField(TEXT("tooltip"), Variable.GetMetaData(FBlueprintMetadata::MD_Tooltip));
+	}
+	const uint64 Flags = Variable.PropertyFlags;
+	Entry->SetBoolField(TEXT("instance_editable"), (Flags & CPF_DisableEditOnInstance) == 0);
+	Entry->SetBoolField(TEXT("expose_on_spawn"), HasTrueMetaData(Variable, FBlueprintMetadata::MD_ExposeOnSpawn));
+	Entry->SetBoolField(TEXT("private"), HasTrueMetaData(Variable, FBlueprintMetadata::MD_Private));
+	Entry->SetBoolField(TEXT("save_game"), (Flags & CPF_SaveGame) != 0);
+	Entry->SetBoolField(TEXT("blueprint_read_only"), (Flags & CPF_BlueprintReadOnly) != 0);
+	Entry->SetBoolField(TEXT("config"), (Flags & CPF_Config) != 0);
+}
+} // namespace ReadVariables
+
+void ReadSections::AddVariables(FReadSection& Section)
+{
+	TSet<FName> Listed;
+	TArray<UBlueprint*> Blueprints;
+	UBlueprint::GetBlueprintHierarchyFromClass(&Section.Class, Blueprints);
+	const UObject* const Default = Section.Class.GetDefaultObject();
+	for (TFieldIterator<FProperty> It(&Section.Class, EFieldIteratorFlags::IncludeSuper); It; ++It)
+	{
+		const FBPVariableDescription* const Variable = ReadVariables::FindDescription(Blueprints, It->GetFName());
+		if (Variable && Section.Stands(It->GetName()))
+		{
+			FEdGraphPinType Type;
+			FAssetOperationBase::ConvertPropertyToEdGraphPinType(*It, Type);
+			const FString Value = FAssetOperationBase::GetPropertyValueAsString(Default, *It);
+			ReadVariables::AddVariable(Section, It->GetName(), *Variable, Type, Value);
+			Listed.Add(It->GetFName());
+		}
+	}
+	// What was declared since the class was made.
+	for (const FBPVariableDescription& Variable : Section.Blueprint.NewVariables)
+	{
+		const FString Name = Variable.VarName.ToString();
+		if (!Listed.Contains(Variable.VarName) && Section.Stands(Name))
+		{
+			ReadVariables::AddVariable(Section, Name, Variable, Variable.VarType, Variable.DefaultValue);
+		}
+	}
+}
