@@ -59,9 +59,9 @@ private:
 				| CLASS_NotPlaceable;
 			Flags |= Parent->ClassFlags & Inherited;
 		}
-		Flags |= Blueprint.bGenerateAbstractClass ? CLASS_Abstract : CLASS_None;
-		Flags |= Blueprint.bGenerateConstClass ? CLASS_Const : CLASS_None;
-		Flags |= Blueprint.bDeprecate ? CLASS_Deprecated : CLASS_None;
+		Flags |= Blueprint.bGenerateAbstractClass ? CLASS_Abstract : 0u;
+		Flags |= Blueprint.bGenerateConstClass ? CLASS_Const : 0u;
+		Flags |= Blueprint.bDeprecate ? CLASS_Deprecated : 0u;
 		Class.ClassFlags = static_cast<EClassFlags>(Flags);
 		Class.Interfaces.Empty();
 		for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
@@ -373,7 +373,7 @@ private:
 
 	void AddFunctions()
 	{
-		const uint32 LibraryFlags = Blueprint.BlueprintType == BPTYPE_FunctionLibrary ? FUNC_Static : FUNC_None;
+		const uint32 LibraryFlags = Blueprint.BlueprintType == BPTYPE_FunctionLibrary ? FUNC_Static : 0u;
 		for (const UEdGraph* const Graph : Blueprint.FunctionGraphs)
 		{
 			if (Graph)
