@@ -233,6 +233,12 @@ bool FPostSpawnValidation::HasExistingVariable()
 	{
 		return true;
 	}
+	// A local variable belongs to its function; the Blueprint's variables say nothing about it.
+	const bool bLocal = Variable->VariableReference.IsLocalScope() && Variable->GetPropertyForVariable();
+	if (bLocal)
+	{
+		return true;
+	}
 	FString Error;
 	const FString Name = Variable->VariableReference.GetMemberName().ToString();
 	return FBlueprintEventNodeUtils::ValidateVariableExists(&Blueprint, Name, Error)

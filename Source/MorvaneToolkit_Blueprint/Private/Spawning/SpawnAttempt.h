@@ -54,8 +54,8 @@ private:
 	bool IsGetRequest() const;
 
 	// The parent call road.
-	/** Empty after a report. */
-	FString GetParentFunctionName();
+	/** False after a report. The name may be one that no function has, even an empty one. */
+	bool ReadParentFunctionName(FString& OutName);
 	UEdGraphNode* SpawnParentCallOf(UFunction& Function);
 
 	/** The record's own position where it has one; only some roads honour it, since layout moves the others' nodes. */

@@ -13,8 +13,8 @@ bool FSpawnAttempt::IsParentCallRequest() const
 
 UEdGraphNode* FSpawnAttempt::SpawnParentCall()
 {
-	const FString FunctionName = GetParentFunctionName();
-	if (FunctionName.IsEmpty())
+	FString FunctionName;
+	if (!ReadParentFunctionName(FunctionName))
 	{
 		return nullptr;
 	}
@@ -38,18 +38,21 @@ UEdGraphNode* FSpawnAttempt::SpawnParentCall()
 			*FunctionName, *ParentClass->GetName(), *FString::Join(Names, TEXT(", "))));
 }
 
-FString FSpawnAttempt::GetParentFunctionName()
+bool FSpawnAttempt::ReadParentFunctionName(FString& OutName)
 {
 	static const FString TitlePrefix = TEXT("Parent: ");
-	FString Name = Record.TargetFunction.IsEmpty() ? Record.MenuTitle : Record.TargetFunction;
-	if (Name.IsEmpty())
+	OutName = Record.TargetFunction.IsEmpty() ? Record.MenuTitle : Record.TargetFunction;
+	if (OutName.IsEmpty())
 	{
 		Fail(TEXT(
 			"[Failure] K2Node_CallParentFunction requires either target_function or menu_title with 'Parent: FunctionName' format"));
-		return FString();
+		return false;
 	}
-	const bool bHasPrefix = Record.TargetFunction.IsEmpty() && Name.StartsWith(TitlePrefix, ESearchCase::IgnoreCase);
-	return bHasPrefix ? Name.RightChop(TitlePrefix.Len()) : Name;
+	if (Record.TargetFunction.IsEmpty() && OutName.StartsWith(TitlePrefix, ESearchCase::IgnoreCase))
+	{
+		OutName.RightChopInline(TitlePrefix.Len());
+	}
+	return true;
 }
 
 UEdGraphNode* FSpawnAttempt::SpawnParentCallOf(UFunction& Function)

@@ -94,30 +94,32 @@ void FPopulateRun::SummarizeSession()
 
 void FPopulateRun::FormatNodes()
 {
-	TArray<UEdGraphNode*> ToFormat = Session.GetCreatedNodes();
-	const int32 NumCreated = ToFormat.Num();
-	ToFormat.Append(Session.GetExistingModifiedNodes());
-	const int32 NumTouched = ToFormat.Num();
-	if (NumTouched == 0)
+	TArray<UEdGraphNode*> Touched = Session.GetCreatedNodes();
+	const int32 NumCreated = Touched.Num();
+	Touched.Append(Session.GetExistingModifiedNodes());
+	if (Touched.IsEmpty())
 	{
 		return;
 	}
+	// Nothing is excluded: whoever is linked to a touched node counts as a neighbour, touched itself or not.
+	const TSet<UEdGraphNode*> Neighbors = FBlueprintFormatterService::CollectNeighbors(Touched, {});
+	TSet<UEdGraphNode*> Allowed;
+	Allowed.Append(Touched);
+	Allowed.Append(Neighbors);
+	TArray<UEdGraphNode*> ToFormat;
+	ToFormat.Append(Allowed);
+
 	const double Start = FPlatformTime::Seconds();
-	TSet<UEdGraphNode*> Touched;
-	Touched.Append(ToFormat);
-	for (UEdGraphNode* const Neighbor : FBlueprintFormatterService::CollectNeighbors(ToFormat, Touched))
-	{
-		ToFormat.Add(Neighbor);
-	}
 	FBlueprintFormatterService::FormatGraph(Graph, ToFormat);
+	const double Duration = FPlatformTime::Seconds() - Start;
 
 	if (const TSharedPtr<FJsonObject> Telemetry = GraphTelemetry::Find(Result))
 	{
-		Telemetry->SetNumberField(TEXT("format_time_ms"), (FPlatformTime::Seconds() - Start) * 1000.0);
+		Telemetry->SetNumberField(TEXT("format_time_ms"), Duration * 1000.0);
 		Telemetry->SetNumberField(TEXT("nodes_formatted"), ToFormat.Num());
 		Telemetry->SetNumberField(TEXT("nodes_created"), NumCreated);
-		Telemetry->SetNumberField(TEXT("nodes_existing_modified"), NumTouched - NumCreated);
-		Telemetry->SetNumberField(TEXT("neighbors_included"), ToFormat.Num() - NumTouched);
+		Telemetry->SetNumberField(TEXT("nodes_existing_modified"), Touched.Num() - NumCreated);
+		Telemetry->SetNumberField(TEXT("neighbors_included"), Neighbors.Num());
 	}
 }
 
