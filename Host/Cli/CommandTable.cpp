@@ -8,6 +8,7 @@ const std::vector<FCommandRow>& GetCommandTable()
 		{"run", "Call the tools of a script, one result a line", &MakeRunCommand},
 		{"tools", "List the tools", &MakeToolsCommand},
 		{"menu", "List every action of the graph menu: title, category, node class", &MakeMenuCommand},
+		{"node", "Print the pins of a node that is given by its identity as JSON", &MakeNodeCommand},
 		{"copy", "Print a graph's nodes as text that the editor can paste", &MakeCopyCommand},
 		{"paste", "Paste nodes from text on standard input into a graph and save the asset", &MakePasteCommand},
 		{"demo", "Play a session in a temporary project, printing each call and its result", &MakeDemoCommand},

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "Dom/JsonObject.h"
+
+class UEdGraphNode;
+
+/** How an identity's members become a node's properties. */
+namespace IdentityBinding
+{
+/** Sets the property lines of "props" and "keys", as text import does. A line that does not fit is left out. */
+void ApplyPropertyLines(UEdGraphNode& Node, const FJsonObject& Identity);
+/** Binds the node to what the other members name, where the property lines left it open. */
+void ApplyFields(UEdGraphNode& Node, const FJsonObject& Identity);
+/** A sentence about what the node is bound to and nobody knows; empty when all is there. */
+FString FindMissing(const UEdGraphNode& Node, const FJsonObject& Identity);
+} // namespace IdentityBinding
