@@ -143,6 +143,8 @@ TEST_F(Catalogue, NamesParentsAndKindsAreKnownWithoutReadingMembers)
 	const UClass* const Spot = Find<UClass>(TEXT("/Script/Engine.SpotLightComponent"));
 	const UClass* const Scene = Find<UClass>(TEXT("/Script/Engine.SceneComponent"));
 	ASSERT_TRUE(Spot && Scene);
+	// Another test of the same process may have asked for them already.
+	const bool bWasPending = Spot->HasPendingMembers();
 	EXPECT_TRUE(Spot->IsChildOf(Scene));
 	TArray<UClass*> Derived;
 	GetDerivedClasses(Scene, Derived);
@@ -152,7 +154,7 @@ TEST_F(Catalogue, NamesParentsAndKindsAreKnownWithoutReadingMembers)
 		UField::StaticClass(), [&NumVisited](const FString&, const FString&) { ++NumVisited; });
 	EXPECT_GT(NumVisited, 2000);
 	EXPECT_EQ(FCatalogue::Get().GetNumFilled(), NumFilled);
-	EXPECT_TRUE(Spot->HasPendingMembers());
+	EXPECT_EQ(Spot->HasPendingMembers(), bWasPending);
 	EXPECT_NE(Spot->FindFunctionByName(TEXT("SetInnerConeAngle")), nullptr);
 	EXPECT_FALSE(Spot->HasPendingMembers());
 }
