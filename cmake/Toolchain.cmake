@@ -17,7 +17,7 @@ add_cxx_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wno-unused
 
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # These four report library internals of inlined std::wstring and std::function, not our code.
-  add_cxx_options(-Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-maybe-uninitialized)
+  add_cxx_options(-Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-maybe-uninitialized)
 else()
   # UE_LOG and friends may be called without arguments after the format: C++20 allows it, this clang still objects.
   add_cxx_options(-Wno-gnu-zero-variadic-macro-arguments)
