@@ -36,8 +36,8 @@ public:
 		posix_spawn_file_actions_init(&Actions);
 		posix_spawn_file_actions_adddup2(&Actions, TheirInput.Get(), STDIN_FILENO);
 		posix_spawn_file_actions_adddup2(&Actions, TheirOutput.Get(), STDOUT_FILENO);
-		Words.insert(Words.begin(), MORVANE_PROGRAM);
-		std::vector<char*> Arguments;
+		std::string Program = MORVANE_PROGRAM;
+		std::vector<char*> Arguments = {Program.data()};
 		for (std::string& Word : Words)
 		{
 			Arguments.push_back(Word.data());
