@@ -183,7 +183,8 @@ TEST(Keywords, SplitAtCaseDigitsAndSigns)
 		{TEXT("Add to Viewport"), {"add", "view", "port", "=addtoviewport"}},
 		{TEXT("integer to string"), {"integer", "to", "string", "=tostringinteger", "=integertostring"}},
 		{TEXT("Cast To CharacterMovementComponent"),
-			{"cast", "to", "charactermovementcomponent", "=casttocharactermovementcomponent"}},
+			{"cast", "to", "charactermovementcomponent", "=tocharactermovementcomponentcast",
+				"=casttocharactermovementcomponent"}},
 		// What is done to a container is titled without it.
 		{TEXT("Array_Add"), {"array", "add", "=add", "=arrayadd"}},
 		{TEXT("K2Node_IfThenElse"), {"k2node_ifthenelse", "if", "then", "else", "=k2node_ifthenelse"}},

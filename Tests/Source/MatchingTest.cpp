@@ -1,7 +1,6 @@
 #include "AssetOperationBase.h"
 #include "BlueprintActionMenuItem.h"
 #include "BlueprintNodeSpawner.h"
-#include "K2Node_Self.h"
 #include "MatchingRequests.h"
 #include "Populating.h"
 #include "Spawning/CamMatching.h"
@@ -12,9 +11,6 @@
 #include <sstream>
 #include <tuple>
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 namespace MatchingTest
 {
@@ -162,7 +158,7 @@ TEST(Matching, MoreCommonWordsGoBeforeMoreConfidence)
 {
 	const FMenu Menu;
 	const TArray<FCamCandidate> Found = Menu.Find("set light brightness");
-	ASSERT_THAT(Found, SizeIs(FBlueprintCamMatching::MaxShown));
+	ASSERT_EQ(Found.Num(), int32(FBlueprintCamMatching::MaxShown));
 	for (int32 Index = 1; Index < Found.Num(); ++Index)
 	{
 		EXPECT_GE(Found[Index - 1].CommonKeywords.CommonCount, Found[Index].CommonKeywords.CommonCount);

@@ -21,8 +21,8 @@ inline TSharedPtr<Morvane::FToolResult> RunTool(const TCHAR* Tool, const std::st
 /** One saved Blueprint, and populate calls on it. */
 struct FPopulating
 {
-	explicit FPopulating(UClass* ParentClass = nullptr)
-		: Blueprint(ParentClass)
+	explicit FPopulating(const TCHAR* ParentPath = nullptr)
+		: Blueprint(ParentPath)
 	{
 	}
 
