@@ -160,6 +160,23 @@ TEST(ActionMenu, AnEventStandsOnceInABlueprint)
 	EXPECT_TRUE(First->FindPin(TEXT("HitLocation")));
 }
 
+TEST(ActionMenu, ComponentsOfferTheirEventsToTheirBlueprintAlone)
+{
+	const FBlueprintBuilder Character(TEXT("/Script/Engine.Character"));
+	UEdGraph* const Graph = Character.EventGraph().Get();
+	const TCHAR* const Title = TEXT("Add On Component Begin Overlap (CapsuleComponent)");
+	const TSharedPtr<FEdGraphSchemaAction> Action = Find(MenuFor(Graph), Title);
+	ASSERT_TRUE(Action);
+	const UEdGraphNode* const Event = Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+	ASSERT_NE(Event, nullptr);
+	EXPECT_EQ(Event->GetClass()->GetName(), FString(TEXT("K2Node_ComponentBoundEvent")));
+	EXPECT_TRUE(Event->FindPin(TEXT("OtherActor"), EGPD_Output));
+	EXPECT_EQ(Action->PerformAction(Graph, nullptr, FVector2D(9.0, 9.0)), Event);
+	UEdGraph* const Loose = NewObject<UEdGraph>(GetTransientPackageAsObject());
+	Loose->Schema = UEdGraphSchema_K2::StaticClass();
+	EXPECT_FALSE(Find(MenuFor(Loose), Title));
+}
+
 TEST(ActionMenu, ANodeDraggedFromAPinIsWiredToIt)
 {
 	const FBlueprintBuilder Blueprint;
