@@ -620,7 +620,7 @@ private:
 	{
 		const FString Terminated(Value);
 		FText Text;
-		FTextStringHelper::ReadFromBuffer(*Terminated, Text);
+		FTextStringHelper::ReadFromBuffer(*Terminated, Text, nullptr, nullptr, Terminated.StartsWith(TEXT("\"")));
 		return Text;
 	}
 
