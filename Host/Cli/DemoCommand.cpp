@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <map>
 
 #include <CLI/CLI.hpp>
 
@@ -12,7 +13,7 @@
 
 namespace DemoCommandPrivate
 {
-constexpr size_t MaxShownLines = 12;
+constexpr size_t MaxShownLines = 40;
 
 /** A folder that is gone with the demonstration. */
 class FTemporaryFolder
@@ -76,6 +77,46 @@ std::string Sentences(const FJsonObject& Result, const TCHAR* Name, const std::s
 	}
 	return Text;
 }
+
+/** The ids that nodes were given, by the names under which a request asked for them. */
+class FNodeIds
+{
+public:
+	/** Takes them from the result of a call that made nodes. */
+	void Learn(const FToolOutcome& Outcome)
+	{
+		const TSharedPtr<FJsonValue> Result = Parse(Outcome.ResultJson);
+		const TSharedPtr<FJsonObject> Data = Result ? Result->AsObject()->GetObjectField(TEXT("data")) : nullptr;
+		FString Created;
+		if (!Data || !Data->TryGetStringField(TEXT("created_nodes_summary"), Created))
+		{
+			return;
+		}
+		const TSharedPtr<FJsonValue> Summary = Parse(ToUtf8(Created));
+		for (const TSharedPtr<FJsonValue>& Item : Summary->AsObject()->GetArrayField(TEXT("items")))
+		{
+			const FJsonObject& Node = *Item->AsObject();
+			Ids[ToUtf8(Node.GetStringField(TEXT("request_guid")))] = ToUtf8(Node.GetStringField(TEXT("node_guid")));
+		}
+	}
+
+	std::string Fill(std::string_view Arguments) const
+	{
+		std::string Text(Arguments);
+		for (const auto& [Name, Id] : Ids)
+		{
+			const std::string Place = "\"$" + Name + "\"";
+			for (size_t At = Text.find(Place); At != std::string::npos; At = Text.find(Place, At))
+			{
+				Text.replace(At, Place.size(), "\"" + Id + "\"");
+			}
+		}
+		return Text;
+	}
+
+private:
+	std::map<std::string, std::string> Ids;
+};
 
 /** Tools set some values as JSON text; a person would rather see what it says. */
 std::string DescribeData(const FJsonObject& Data)
@@ -143,27 +184,25 @@ public:
 		FHostOptions Options = Context.Options;
 		Options.ProjectDir = Options.ProjectDir.empty() ? Folder.Path : Options.ProjectDir;
 		const std::unique_ptr<IToolHost> Tools = Context.MakeToolHost(Options);
-		const std::vector<FToolListing> Listed = Tools->ListTools();
+		DemoCommandPrivate::FNodeIds NodeIds;
 		bool bAllSucceeded = true;
 		for (const FDemoStep& Step : GetDemoSteps())
 		{
-			const bool bKnown = std::any_of(
-				Listed.begin(), Listed.end(), [&Step](const FToolListing& Tool) { return Tool.Name == Step.Tool; });
-			if (bKnown)
-			{
-				bAllSucceeded = Play(Step, *Tools, Context) && bAllSucceeded;
-			}
+			bAllSucceeded = Play(Step, *Tools, NodeIds, Context) && bAllSucceeded;
 		}
 		Context.Output.WriteLine(DemoCommandPrivate::ListFiles(Options.ProjectDir));
 		return bAllSucceeded ? EExitStatus::Succeeded : EExitStatus::Failed;
 	}
 
 private:
-	static bool Play(const FDemoStep& Step, IToolHost& Tools, const FCommandContext& Context)
+	static bool Play(
+		const FDemoStep& Step, IToolHost& Tools, DemoCommandPrivate::FNodeIds& NodeIds, const FCommandContext& Context)
 	{
+		const std::string Arguments = NodeIds.Fill(Step.Arguments);
 		Context.Output.WriteLine(std::string("== ").append(Step.Story));
-		Context.Output.WriteLine(std::string("   ").append(Step.Tool).append(" ").append(Step.Arguments));
-		const FToolOutcome Outcome = Tools.CallTool(Step.Tool, Step.Arguments);
+		Context.Output.WriteLine(std::string("   ").append(Step.Tool).append(" ").append(Arguments));
+		const FToolOutcome Outcome = Tools.CallTool(Step.Tool, Arguments);
+		NodeIds.Learn(Outcome);
 		Context.Output.WriteLine(DemoCommandPrivate::DescribeResult(Outcome));
 		return Outcome.bSuccess;
 	}

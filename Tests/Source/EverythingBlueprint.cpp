@@ -13,15 +13,20 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Engine/TimelineTemplate.h"
+#include "GameFramework/Actor.h"
 #include "K2Node_CallFunction.h"
+#include "K2Node_ComponentBoundEvent.h"
+#include "K2Node_Composite.h"
 #include "K2Node_CustomEvent.h"
 #include "K2Node_Event.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "K2Node_IfThenElse.h"
+#include "K2Node_Literal.h"
 #include "K2Node_VariableGet.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Misc/GuidGenerator.h"
+#include "UObject/UnrealType.h"
 #include "WidgetBlueprint.h"
 
 namespace EverythingBlueprint
@@ -35,37 +40,73 @@ FEdGraphPinType Type(FName Category, FName SubCategory = NAME_None, UObject* Obj
 	return FEdGraphPinType(Category, SubCategory, Object, EPinContainerType::None, false, FEdGraphTerminalType());
 }
 
-void AddVariables(UBlueprint& Blueprint)
+/** A variable of each type, a default where one can be told as text. */
+void AddTypes(UBlueprint& Blueprint)
 {
+	UClass* const Actor = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
+	UClass* const Interface = FindObject<UClass>(nullptr, TEXT("/Script/MovieScene.MovieSceneEasingFunction"));
+	UEnum* const Enum = FindObject<UEnum>(nullptr, TEXT("/Script/Engine.EMovementMode"));
+	UScriptStruct* const Vector = TBaseStructure<FVector>::Get();
+	struct FRow
+	{
+		const TCHAR* Name;
+		FEdGraphPinType Type;
+		const TCHAR* Default;
+	};
+	for (const FRow& Row : {FRow{TEXT("AByte"), Type(FSchema::PC_Byte), TEXT("7")},
+			 FRow{TEXT("AnEnum"), Type(FSchema::PC_Byte, NAME_None, Enum), TEXT("MOVE_Falling")},
+			 FRow{TEXT("AnInt"), Type(FSchema::PC_Int), TEXT("-3")},
+			 FRow{TEXT("AnInt64"), Type(FSchema::PC_Int64), TEXT("5000000000")},
+			 FRow{TEXT("AFloat"), Type(FSchema::PC_Real, FSchema::PC_Float), TEXT("0.5")},
+			 FRow{TEXT("AName"), Type(FSchema::PC_Name), TEXT("North")},
+			 FRow{TEXT("AString"), Type(FSchema::PC_String), TEXT("say \"hi\"")},
+			 FRow{TEXT("AText"), Type(FSchema::PC_Text), TEXT("Welcome")},
+			 FRow{TEXT("AClass"), Type(FSchema::PC_Class, NAME_None, Actor), TEXT("/Script/Engine.Pawn")},
+			 FRow{TEXT("ASoftObject"), Type(FSchema::PC_SoftObject, NAME_None, Actor), TEXT("")},
+			 FRow{TEXT("ASoftClass"), Type(FSchema::PC_SoftClass, NAME_None, Actor), TEXT("")},
+			 FRow{TEXT("AnInterface"), Type(FSchema::PC_Interface, NAME_None, Interface), TEXT("")}})
+	{
+		FBlueprintEditorUtils::AddMemberVariable(&Blueprint, Row.Name, Row.Type, Row.Default);
+	}
 	FEdGraphPinType Map = Type(FSchema::PC_Name);
 	Map.ContainerType = EPinContainerType::Map;
-	Map.PinValueType.TerminalCategory = FSchema::PC_Int;
-	FEdGraphPinType Tags = Type(FSchema::PC_Name);
-	Tags.ContainerType = EPinContainerType::Array;
-	UClass* const Actor = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
+	Map.PinValueType.TerminalCategory = FSchema::PC_Struct;
+	Map.PinValueType.TerminalSubCategoryObject = Vector;
+	FEdGraphPinType Array = Type(FSchema::PC_Int);
+	Array.ContainerType = EPinContainerType::Array;
+	FEdGraphPinType Set = Type(FSchema::PC_String);
+	Set.ContainerType = EPinContainerType::Set;
+	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("AnArray"), Array, TEXT("(1,2,0)"));
+	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("ASet"), Set, TEXT("(\"a\",\"b\")"));
+	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("AMap"), Map);
+	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("AStruct"), Type(FSchema::PC_Struct, NAME_None, Vector),
+		TEXT("(X=1.000000,Y=2.000000,Z=0.000000)"));
+	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("AnObject"), Type(FSchema::PC_Object, NAME_None, Actor));
+}
+
+/** A variable for each flag and metadata that reads tell. */
+void AddFlaggedVariables(UBlueprint& Blueprint)
+{
 	FBlueprintEditorUtils::AddMemberVariable(
 		&Blueprint, TEXT("Health"), Type(FSchema::PC_Real, FSchema::PC_Double), TEXT("75.5"));
 	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("bOpen"), Type(FSchema::PC_Boolean), TEXT("true"));
-	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("Tags_"), Tags);
-	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("Counts"), Map);
-	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("Where"),
-		Type(FSchema::PC_Struct, NAME_None, TBaseStructure<FVector>::Get()),
-		TEXT("(X=1.000000,Y=2.000000,Z=3.000000)"));
-	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("Goal"), Type(FSchema::PC_Object, NAME_None, Actor));
+	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("Angle"), Type(FSchema::PC_Int));
+	FBlueprintEditorUtils::AddMemberVariable(&Blueprint, TEXT("Seed"), Type(FSchema::PC_Int));
 	FBlueprintEditorUtils::SetBlueprintOnlyEditableFlag(&Blueprint, TEXT("Health"), false);
 	FBlueprintEditorUtils::SetVariableSaveGameFlag(&Blueprint, TEXT("Health"), true);
-	FBlueprintEditorUtils::SetBlueprintPropertyReadOnlyFlag(&Blueprint, TEXT("Goal"), true);
-	FBlueprintEditorUtils::SetBlueprintVariableMetaData(
-		&Blueprint, TEXT("Health"), nullptr, FBlueprintMetadata::MD_Tooltip, TEXT("How much is left"));
-	FBlueprintEditorUtils::SetBlueprintVariableMetaData(
-		&Blueprint, TEXT("Goal"), nullptr, FBlueprintMetadata::MD_ExposeOnSpawn, TEXT("true"));
-	FBlueprintEditorUtils::SetBlueprintVariableMetaData(
-		&Blueprint, TEXT("bOpen"), nullptr, FBlueprintMetadata::MD_Private, TEXT("true"));
+	FBlueprintEditorUtils::SetBlueprintPropertyReadOnlyFlag(&Blueprint, TEXT("Seed"), true);
+	const auto SetMetaData = [&Blueprint](const TCHAR* Variable, FName Key, const TCHAR* Value)
+	{ FBlueprintEditorUtils::SetBlueprintVariableMetaData(&Blueprint, Variable, nullptr, Key, Value); };
+	SetMetaData(TEXT("Health"), FBlueprintMetadata::MD_Tooltip, TEXT("How much is left"));
+	SetMetaData(TEXT("Seed"), FBlueprintMetadata::MD_ExposeOnSpawn, TEXT("TRUE"));
+	SetMetaData(TEXT("Angle"), FBlueprintMetadata::MD_ExposeOnSpawn, TEXT("false"));
+	SetMetaData(TEXT("bOpen"), FBlueprintMetadata::MD_Private, TEXT("true"));
 	FBlueprintEditorUtils::SetBlueprintVariableCategory(
-		&Blueprint, TEXT("Health"), nullptr, FText::FromString(TEXT("Stats")));
+		&Blueprint, TEXT("Health"), nullptr, FText::FromString(TEXT("Stats|Life")));
 	*FBlueprintEditorUtils::GetBlueprintVariablePropertyFlags(&Blueprint, TEXT("bOpen")) |= CPF_Net | CPF_RepNotify;
 	FBlueprintEditorUtils::SetBlueprintVariableRepNotifyFunc(&Blueprint, TEXT("bOpen"), TEXT("OnRep_bOpen"));
-	*FBlueprintEditorUtils::GetBlueprintVariablePropertyFlags(&Blueprint, TEXT("Where")) |= CPF_Net;
+	*FBlueprintEditorUtils::GetBlueprintVariablePropertyFlags(&Blueprint, TEXT("Angle")) |= CPF_Net;
+	*FBlueprintEditorUtils::GetBlueprintVariablePropertyFlags(&Blueprint, TEXT("Seed")) |= CPF_Config;
 }
 
 void AddComponents(UBlueprint& Blueprint)
@@ -151,6 +192,13 @@ UK2Node_CallFunction* PlaceCall(UEdGraph* Graph, int32 X, int32 Y, const TCHAR* 
 		{ Node.SetFromFunction(FindObject<UClass>(nullptr, Class)->FindFunctionByName(Function)); });
 }
 
+/** The interface's function gives a value, so it is a graph and no event. */
+void AddInterface(UBlueprint& Blueprint)
+{
+	FBlueprintEditorUtils::ImplementNewInterface(
+		&Blueprint, FTopLevelAssetPath(TEXT("/Script/MovieScene.MovieSceneEasingFunction")));
+}
+
 /** A custom event that branches on a variable and prints; a comment; a call that nothing reaches. */
 void AddEvents(UBlueprint& Blueprint)
 {
@@ -174,6 +222,23 @@ void AddEvents(UBlueprint& Blueprint)
 	Schema.TryCreateConnection(Get->GetValuePin(), Branch->FindPin(FSchema::PN_Condition));
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
 }
+/** Nodes whose extras are their own: what a component tells, a reference to an object, a collapsed graph. */
+void AddSpecialNodes(UBlueprint& Blueprint)
+{
+	UEdGraph* const Page = FBlueprintEditorUtils::CreateNewGraph(
+		&Blueprint, TEXT("Special"), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
+	FBlueprintEditorUtils::AddUbergraphPage(&Blueprint, Page);
+	const UClass* const Class = FBlueprintEditorUtils::GetMostUpToDateClass(Blueprint.GeneratedClass);
+	const FObjectProperty* const Door = FindFProperty<FObjectProperty>(Class, TEXT("Door"));
+	const FMulticastDelegateProperty* const Hit = FindFProperty<FMulticastDelegateProperty>(
+		FindObject<UClass>(nullptr, TEXT("/Script/Engine.StaticMeshComponent")), TEXT("OnComponentHit"));
+	Place<UK2Node_ComponentBoundEvent>(
+		Page, 0, 0, [=](UK2Node_ComponentBoundEvent& Node) { Node.InitializeComponentBoundEventParams(Door, Hit); });
+	Place<UK2Node_Literal>(Page, 0, 300, [](UK2Node_Literal&) {});
+	UK2Node_Composite* const Composite = Place<UK2Node_Composite>(Page, 400, 300, [](UK2Node_Composite&) {});
+	PlaceCall(Composite->BoundGraph, 200, 0, TEXT("/Script/Engine.Actor"), TEXT("GetActorTimeDilation"));
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
+}
 } // namespace
 
 void SeedIds()
@@ -183,12 +248,39 @@ void SeedIds()
 
 void Fill(UBlueprint& Blueprint)
 {
-	AddVariables(Blueprint);
+	AddFlaggedVariables(Blueprint);
+	AddTypes(Blueprint);
 	AddComponents(Blueprint);
 	AddFunctions(Blueprint);
 	AddDispatcher(Blueprint);
 	AddTimeline(Blueprint);
+	AddInterface(Blueprint);
 	AddEvents(Blueprint);
+	AddSpecialNodes(Blueprint);
+}
+
+void FillCharacter(UBlueprint& Blueprint)
+{
+	USimpleConstructionScript& Script = *Blueprint.SimpleConstructionScript;
+	const USceneComponent* Mesh = nullptr;
+	TArray<UActorComponent*> Components;
+	static_cast<const AActor*>(Blueprint.GeneratedClass->GetDefaultObject())->GetComponents(Components);
+	for (const UActorComponent* const Component : Components)
+	{
+		Mesh = Component->GetName().Contains(TEXT("Mesh")) ? Cast<USceneComponent>(Component) : Mesh;
+	}
+	USCS_Node* const Sword = Script.CreateNode(
+		FindObject<UClass>(nullptr, TEXT("/Script/Engine.StaticMeshComponent")), TEXT("Sword"));
+	Sword->SetParent(Mesh);
+	Sword->AttachToName = TEXT("hand_r");
+	Script.AddNode(Sword);
+	Script.AddNode(
+		Script.CreateNode(FindObject<UClass>(nullptr, TEXT("/Script/Engine.RotatingMovementComponent")), TEXT("Spin")));
+	UEdGraph* const Jump = FBlueprintEditorUtils::CreateNewGraph(
+		&Blueprint, TEXT("CanJumpInternal"), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
+	FBlueprintEditorUtils::AddFunctionGraph<UClass>(
+		&Blueprint, Jump, false, FindObject<UClass>(nullptr, TEXT("/Script/Engine.Character")));
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
 }
 
 namespace

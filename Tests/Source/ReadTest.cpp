@@ -59,10 +59,6 @@ void ExpectRecorded(const std::string& Name, const std::string& Text)
 	EXPECT_EQ(Text, Recorded.str()) << File;
 }
 
-UClass* ClassOf(const TCHAR* Path)
-{
-	return FindObject<UClass>(nullptr, Path);
-}
 } // namespace
 
 struct FRecordedRead
@@ -94,21 +90,71 @@ TEST_P(RecordedReads, ShowEverythingTheSameWayAfterSaveAndReload)
 INSTANTIATE_TEST_SUITE_P(Reads, RecordedReads,
 	testing::Values(FRecordedRead{"Schema", &FBlueprintReadSchemaOperation::Execute, ""},
 		FRecordedRead{"Variable", &FBlueprintVariableReadOperation::Execute, R"("variable_name":"health")"},
-		FRecordedRead{"ReplicatedVariable", &FBlueprintVariableReadOperation::Execute, R"("variable_name":"bOpen")"},
-		FRecordedRead{"MapVariable", &FBlueprintVariableReadOperation::Execute, R"("variable_name":"Counts")"},
 		FRecordedRead{"Component", &FBlueprintComponentReadOperation::Execute, R"("component_name":"Lamp")"},
 		FRecordedRead{"Function", &FBlueprintFunctionReadOperation::Execute, R"("function_name":"OpenBy")"},
 		FRecordedRead{"EventFunction", &FBlueprintFunctionReadOperation::Execute, R"("function_name":"Knock")"},
+		FRecordedRead{
+			"Interface", &FBlueprintInterfaceReadOperation::Execute, R"("interface_name":"MovieSceneEasingFunction")"},
+		FRecordedRead{
+			"InterfaceFunction", &FBlueprintFunctionReadOperation::Execute, R"("function_name":"OnEvaluate")"},
+		FRecordedRead{"SpecialNodes", &FBlueprintEventReadOperation::Execute,
+			R"("graph_name":"Special","event_name":"On Component Hit")"},
 		FRecordedRead{"Macro", &FBlueprintMacroReadOperation::Execute, R"("macro_name":"Twice")"},
 		FRecordedRead{"Delegate", &FBlueprintDelegateReadOperation::Execute, R"("delegate_name":"OnOpened")"},
 		FRecordedRead{"Timeline", &FBlueprintTimelineReadOperation::Execute, R"("timeline_name":"Swing")"},
 		FRecordedRead{"Event", &FBlueprintEventReadOperation::Execute, R"("graph_name":"Doors","event_name":"Knock")"}),
 	[](const testing::TestParamInfo<FRecordedRead>& Info) { return Info.param.Name; });
 
+/** A read of several items at once, as after an edit of them. */
+std::string ReadItems(const FBlueprintBuilder& Blueprint, const char* Tool, const std::string& Names)
+{
+	const std::string Word = std::string(Tool).substr(std::string("read_blueprint_").size());
+	Morvane::FToolResult Result = MakeResult();
+	const FString Text = FBlueprintReadUtils::ReadBlueprint(
+		Json(WithPath(Blueprint, R"("read_tool":")" + std::string(Tool) + R"(",")" + Word + R"(_name":)" + Names)),
+		Result);
+	EXPECT_THAT(Errors(Result), testing::IsEmpty());
+	return Content(Result.SetData(TEXT("content"), Text));
+}
+
+TEST(ItemReads, EveryVariableWithItsTypeDefaultAndFlags)
+{
+	FBlueprintBuilder Blueprint;
+	EverythingBlueprint::Fill(*Blueprint.Get());
+	std::string Names;
+	for (const FBPVariableDescription& Variable : Blueprint->NewVariables)
+	{
+		Names += (Names.empty() ? "[\"" : ",\"") + ToStd(Variable.VarName.ToString()) + "\"";
+	}
+	const std::string Text = ReadItems(Blueprint, "read_blueprint_variable", Names + "]");
+	ExpectRecorded("Variables", Text);
+	ASSERT_TRUE(Blueprint.Save());
+	ASSERT_NE(Blueprint.Reload(), nullptr);
+	EXPECT_EQ(ReadItems(Blueprint, "read_blueprint_variable", Names + "]"), Text);
+}
+
+TEST(ItemReads, ComponentsHungOnNativeOnesAndOverridesOfFunctions)
+{
+	EverythingBlueprint::SeedIds();
+	FBlueprintBuilder Blueprint(TEXT("/Script/Engine.Character"));
+	EverythingBlueprint::FillCharacter(*Blueprint.Get());
+	const auto Read = [&Blueprint]
+	{
+		return ReadItems(Blueprint, "read_blueprint_component",
+				   R"(["CollisionCylinder","CharacterMesh0","CharMoveComp","Sword","Spin"])")
+			+ ReadItems(Blueprint, "read_blueprint_function", R"(["CanJumpInternal"])");
+	};
+	const std::string Text = Read();
+	ExpectRecorded("Character", Text);
+	ASSERT_TRUE(Blueprint.Save());
+	ASSERT_NE(Blueprint.Reload(), nullptr);
+	EXPECT_EQ(Read(), Text);
+}
+
 TEST(WidgetReads, HierarchyAlwaysAndDetailsOfNamedWidgets)
 {
 	EverythingBlueprint::SeedIds();
-	FBlueprintBuilder Blueprint(ClassOf(TEXT("/Script/UMG.UserWidget")));
+	FBlueprintBuilder Blueprint(TEXT("/Script/UMG.UserWidget"));
 	EverythingBlueprint::FillWidgets(*Blueprint.Get());
 	const FOperation Read = &FWidgetBlueprintWidgetTreeReadOperation::Execute;
 	ExpectRecorded("WidgetHierarchy", Content(RunRead(Read, WithPath(Blueprint))));
@@ -249,7 +295,7 @@ TEST(ReadGraph, GuardsStandWhereTheGraphWould)
 TEST(ReadGraph, StateMachinesReadToTheDepthLimit)
 {
 	EverythingBlueprint::SeedIds();
-	FBlueprintBuilder Blueprint(ClassOf(TEXT("/Script/Engine.AnimInstance")));
+	FBlueprintBuilder Blueprint(TEXT("/Script/Engine.AnimInstance"));
 	EverythingBlueprint::FillStateMachines(*Blueprint.Get(), 1);
 	ExpectRecorded("StateMachine",
 		Content(
@@ -258,7 +304,7 @@ TEST(ReadGraph, StateMachinesReadToTheDepthLimit)
 
 TEST(ReadGraph, NestingBeyondTheLimitIsCutOff)
 {
-	FBlueprintBuilder Blueprint(ClassOf(TEXT("/Script/Engine.AnimInstance")));
+	FBlueprintBuilder Blueprint(TEXT("/Script/Engine.AnimInstance"));
 	EverythingBlueprint::FillStateMachines(*Blueprint.Get(), 6);
 	const std::string Text = Content(
 		RunRead(&FBlueprintFunctionReadOperation::Execute, WithPath(Blueprint, R"("function_name":"AnimGraph")")));
