@@ -80,10 +80,10 @@ TArray<FAssetData> ListAssets()
 	return Listed;
 }
 
+/** Blueprints that are there to stay: assets, and libraries that are made in memory at a path of their own. */
 bool Lasts(const UBlueprint& Blueprint)
 {
-	return IsValid(&Blueprint) && !Blueprint.bBeingCompiled
-		&& !Blueprint.HasAnyFlags(RF_Transient | RF_ClassDefaultObject)
+	return IsValid(&Blueprint) && !Blueprint.bBeingCompiled && !Blueprint.HasAnyFlags(RF_ClassDefaultObject)
 		&& Blueprint.GetOutermost() != GetTransientPackage();
 }
 } // namespace ActionDatabase
