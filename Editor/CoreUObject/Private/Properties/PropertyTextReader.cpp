@@ -3,6 +3,7 @@
 #include "Misc/Parse.h"
 #include "Objects/ObjectPaths.h"
 #include "UObject/Class.h"
+#include "UObject/Package.h"
 #include "UObject/UnrealType.h"
 
 namespace PropertyText
@@ -212,6 +213,14 @@ UObject* FindReferenced(const FString& Path, const UClass* Class, const UObject*
 	if (Path.IsEmpty())
 	{
 		return nullptr;
+	}
+	// A native module is meant itself: delegates that stand outside of classes belong to it. Elsewhere a package's path
+	// is short for its asset.
+	int32 Dot = INDEX_NONE;
+	if (Path.StartsWith(TEXT("/Script/")) && !Path.FindChar(TEXT('.'), Dot))
+	{
+		UObject* const Module = FindPackage(nullptr, *Path);
+		return Module && (!Class || Module->IsA(Class)) ? Module : nullptr;
 	}
 	if (Path[0] == TEXT('/'))
 	{
