@@ -151,6 +151,19 @@ TEST(CreateGraph, DirectionWords)
 		<< "an entry has outputs only";
 }
 
+TEST(CreateGraph, AParameterWithoutAReadableTypeIsLeftOutAndTold)
+{
+	FCreating Case;
+	Case.Create(R"([{"name":"F","parameters":[
+		{"name":"Word","type":"float"},{"name":"Odd","type":{"category":"nonsense"}},{"name":"None"}]}])");
+	EXPECT_THAT(Errors(Case.Result), IsEmpty());
+	EXPECT_THAT(
+		PinNames(FBlueprintGraphUtils::FindFunctionEntry(Case.Graph(TEXT("F"))), EGPD_Output), ElementsAre("Word"));
+	EXPECT_THAT(Warnings(Case.Result),
+		ElementsAre("Parameter 'Odd' of function 'F' has a type that could not be parsed; it was left out.",
+			"Parameter 'None' of function 'F' has a type that could not be parsed; it was left out."));
+}
+
 TEST(CreateGraph, AParentEventBecomesAnEventAndNoFunction)
 {
 	FCreating Case;

@@ -61,14 +61,17 @@ TEST(NodeRecord, AKeyOfAWrongTypeLeavesTheDefault)
 	EXPECT_FALSE(Record.PositionX || Record.PositionY);
 }
 
-TEST(NodeRecord, KeysAreExactAndMetadataIsTextOnly)
+TEST(NodeRecord, KeysAreExactAndMetadataIsTextButForANumberAndAFlag)
 {
 	const FBPNodeModification Record = Node(
-		R"({"Menu_Title":"no","menu_title":"Print String","node_metadata":{"a":"1","b":2,"c":"","d":null}})");
+		R"({"Menu_Title":"no","menu_title":"Print String","node_metadata":
+			{"a":"1","b":2,"c":"","d":null,"allow_duplicate":true,"minimum_confidence":0.25}})");
 	EXPECT_EQ(Record.MenuTitle, TEXT("Print String"));
-	EXPECT_EQ(Record.Metadata.Num(), 2);
+	EXPECT_EQ(Record.Metadata.Num(), 4);
 	ASSERT_NE(Record.FindMetadata(TEXT("c")), nullptr) << "present and empty is not absent";
 	EXPECT_EQ(Record.FindMetadata(TEXT("b")), nullptr);
+	EXPECT_EQ(Record.GetMetadata(TEXT("allow_duplicate")), TEXT("true"));
+	EXPECT_EQ(Record.GetMetadata(TEXT("minimum_confidence")), TEXT("0.25"));
 }
 
 TEST(NodeRecord, PinsKeepTheirOrderAndWhatIsNoObjectIsDropped)

@@ -113,9 +113,12 @@ FEventTrace::FEventTrace(const UEdGraph& Graph)
 	}
 }
 
-const TArray<UEdGraphNode*>& FEventTrace::EventsOf(const UEdGraphNode* Node) const
+TArray<UEdGraphNode*> FEventTrace::EventsOf(UEdGraphNode* Node) const
 {
-	static const TArray<UEdGraphNode*> None;
-	const TArray<UEdGraphNode*>* const Events = EventsByNode.Find(Node);
-	return Events ? *Events : None;
+	if (const TArray<UEdGraphNode*>* const Events = EventsByNode.Find(Node))
+	{
+		return *Events;
+	}
+	// An event that a request was answered with may stand in another graph.
+	return EventTracing::IsEvent(Node) ? TArray<UEdGraphNode*>{Node} : TArray<UEdGraphNode*>();
 }

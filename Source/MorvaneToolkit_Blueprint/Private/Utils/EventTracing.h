@@ -30,8 +30,8 @@ class FEventTrace
 public:
 	explicit FEventTrace(const UEdGraph& Graph);
 
-	/** In graph order; empty for a floating node and for one that is not in the graph. */
-	const TArray<UEdGraphNode*>& EventsOf(const UEdGraphNode* Node) const;
+	/** In graph order; empty for a floating node. Of the nodes of other graphs only the events have one: themselves. */
+	TArray<UEdGraphNode*> EventsOf(UEdGraphNode* Node) const;
 
 private:
 	TMap<const UEdGraphNode*, TArray<UEdGraphNode*>> EventsByNode;

@@ -49,6 +49,12 @@ public:
 					"Function '%s' specified a return_type but the type could not be parsed; proceeding with default result node."),
 				*Request.Name));
 		}
+		for (const FString& Name : Request.UnreadableParameters)
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT("Parameter '%s' of function '%s' has a type that could not be parsed; it was left out."), *Name,
+				*Request.Name));
+		}
 		Request.bIsDelegate ? MakeDelegate(Request) : MakeFunction(Request);
 	}
 

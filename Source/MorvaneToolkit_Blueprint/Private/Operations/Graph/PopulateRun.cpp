@@ -332,15 +332,15 @@ void FPopulateRun::TraceTouchedNodes()
 	}
 	// One trace for all of them, now that the last link stands.
 	Trace = MakeUnique<FEventTrace>(*Graph);
-	for (const UEdGraphNode* const Node : Touched)
+	for (UEdGraphNode* const Node : Touched)
 	{
 		TraceNode(*Node);
 	}
 }
 
-void FPopulateRun::TraceNode(const UEdGraphNode& Node)
+void FPopulateRun::TraceNode(UEdGraphNode& Node)
 {
-	const TArray<UEdGraphNode*>& Events = Trace->EventsOf(&Node);
+	const TArray<UEdGraphNode*> Events = Trace->EventsOf(&Node);
 	for (const UEdGraphNode* const Event : Events)
 	{
 		AvailableEvents.Add(Event->GetNodeTitle(ENodeTitleType::FullTitle).ToString());

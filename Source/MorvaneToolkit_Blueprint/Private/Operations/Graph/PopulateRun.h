@@ -66,7 +66,7 @@ private:
 	void Connect(const FBPConnectionModification& Connection);
 	/** Null after the connection was blocked. */
 	UEdGraphNode* ResolveEnd(const TCHAR* Label, const FString& Id, const FBPConnectionModification& Connection);
-	void TraceNode(const UEdGraphNode& Node);
+	void TraceNode(UEdGraphNode& Node);
 
 	TSharedRef<FJsonObject> DescribeNode(const FBPCreatedNodeRecord& Record) const;
 	void TrackEvents(const TCHAR* NameField, const TSet<FString>& Names);

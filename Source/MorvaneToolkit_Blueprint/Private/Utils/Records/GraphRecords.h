@@ -100,6 +100,8 @@ struct FBPFunctionModification
 	bool bIsRepNotify = false;
 	FString ReplicatedProperty;
 	TArray<FBPParameterModification> Parameters;
+	/** Names of those whose type could not be read; they are no parameters. */
+	TArray<FString> UnreadableParameters;
 	/** A return type was given, readable or not. */
 	bool bHasReturnType = false;
 	/** Unset when it was not given or could not be read. */

@@ -21,15 +21,44 @@ FBPPinModification ParsePin(const FJsonObject& Json)
 	return Record;
 }
 
+/** Metadata is text, but for two keys that are a number and a flag by nature: agents write them as such. */
+TMap<FString, FString> ParseMetadata(const FJsonObject& Json)
+{
+	TMap<FString, FString> Metadata = RecordWords::ReadStringMap(Json, TEXT("node_metadata"));
+	const TSharedPtr<FJsonObject>* Object = nullptr;
+	if (Json.TryGetObjectField(TEXT("node_metadata"), Object))
+	{
+		if ((*Object)->HasTypedField<EJson::Number>(TEXT("minimum_confidence")))
+		{
+			Metadata.Add(TEXT("minimum_confidence"),
+				FString::SanitizeFloat((*Object)->GetNumberField(TEXT("minimum_confidence")), 0));
+		}
+		if ((*Object)->HasTypedField<EJson::Boolean>(TEXT("allow_duplicate")))
+		{
+			Metadata.Add(TEXT("allow_duplicate"),
+				(*Object)->GetBoolField(TEXT("allow_duplicate")) ? TEXT("true") : TEXT("false"));
+		}
+	}
+	return Metadata;
+}
+
 TOptional<FEdGraphPinType> ParseType(const FJsonObject& Json, const TCHAR* Key)
 {
-	const TSharedPtr<FJsonObject>* Type = nullptr;
-	FEdGraphPinType PinType;
-	if (Json.TryGetObjectField(Key, Type) && FAssetOperationBase::ConvertJsonToEdGraphPinType(**Type, PinType))
+	const TSharedPtr<FJsonObject>* Given = nullptr;
+	FString Category;
+	TSharedPtr<FJsonObject> Type;
+	if (Json.TryGetObjectField(Key, Given))
 	{
-		return PinType;
+		Type = *Given;
 	}
-	return {};
+	else if (Json.TryGetStringField(Key, Category))
+	{
+		// A bare word is a type that has nothing but its category.
+		Type = MakeShared<FJsonObject>();
+		Type->SetStringField(TEXT("category"), Category);
+	}
+	FEdGraphPinType PinType;
+	return FAssetOperationBase::ConvertJsonToEdGraphPinType(Type, PinType) ? PinType : TOptional<FEdGraphPinType>();
 }
 } // namespace PopulateRecordsParsing
 
@@ -54,7 +83,7 @@ bool ParseNode(const TSharedPtr<FJsonValue>& Value, FBPNodeModification& OutReco
 	RecordWords::ReadString(Json, TEXT("target_class"), OutRecord.TargetClass);
 	RecordWords::ReadString(Json, TEXT("target_function"), OutRecord.TargetFunction);
 	RecordWords::ReadString(Json, TEXT("menu_category"), OutRecord.MenuCategory);
-	OutRecord.Metadata = RecordWords::ReadStringMap(Json, TEXT("node_metadata"));
+	OutRecord.Metadata = ParseMetadata(Json);
 	RecordWords::ReadPosition(Json, OutRecord);
 
 	const TArray<TSharedPtr<FJsonValue>>* Pins = nullptr;
@@ -119,6 +148,10 @@ void ParseSignature(const FJsonObject& Json, FBPFunctionModification& OutRecord)
 			{
 				Parameter.Type = *Type;
 				OutRecord.Parameters.Add(Parameter);
+			}
+			else
+			{
+				OutRecord.UnreadableParameters.Add(Parameter.Name);
 			}
 		}
 	}
