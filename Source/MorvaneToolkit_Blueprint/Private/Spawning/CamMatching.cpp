@@ -36,6 +36,34 @@ FString GetNodeClassName(const FEdGraphSchemaAction& Action, const FString& Titl
 	return FString();
 }
 
+/** Of the title, of what the class name means where it stands for a title, and of the class name itself. */
+TArray<FString> MakeRequestKeywords(const FString& MenuTitle, const FString& ClassName)
+{
+	TArray<FString> Keywords = FAssetOperationBase::CreateKeywords(MenuTitle);
+	const auto AddKeywordsOf = [&Keywords](const TCHAR* Title)
+	{
+		for (const FString& Keyword : FAssetOperationBase::CreateKeywords(Title))
+		{
+			Keywords.AddUnique(Keyword);
+		}
+	};
+	if (ClassName.Equals(TEXT("Self"), ESearchCase::IgnoreCase))
+	{
+		AddKeywordsOf(TEXT("Get a reference to self"));
+	}
+	if (ClassName.Equals(TEXT("MathExpression"), ESearchCase::IgnoreCase)
+		|| ClassName.Equals(TEXT("K2Node_MathExpression"), ESearchCase::IgnoreCase))
+	{
+		AddKeywordsOf(TEXT("Add Math Expression"));
+	}
+	if (!ClassName.IsEmpty())
+	{
+		Keywords.Add(ClassName);
+		FAssetOperationBase::AppendKeywords(ClassName, Keywords);
+	}
+	return Keywords;
+}
+
 /**
  * The keywords of the menu that was asked last. Menus of different runs are nearly the same, so what was learned about
  * their texts is kept for the next; answers depend on the menu alone.
@@ -53,9 +81,21 @@ public:
 		return Index;
 	}
 
-	TArray<FKeywordHit> FindBest(const TArray<FString>& Request, const TArray<FString>& Title) const
+	/** Runs repeat their requests, so the answers to the last ones are kept. */
+	const TArray<FKeywordHit>& FindBest(const FString& MenuTitle, const FString& ClassName)
 	{
-		return Keywords.FindBest(Request, Title, FBlueprintCamMatching::MaxShown);
+		const FString Request = MenuTitle + TEXT("\n") + ClassName;
+		if (const TArray<FKeywordHit>* const Known = KnownHits.Find(Request))
+		{
+			return *Known;
+		}
+		if (KnownHits.Num() >= MaxKnownHits)
+		{
+			KnownHits.Reset();
+		}
+		return KnownHits.Add(Request,
+			Keywords.FindBest(MakeRequestKeywords(MenuTitle, ClassName), FAssetOperationBase::CreateKeywords(MenuTitle),
+				FBlueprintCamMatching::MaxShown));
 	}
 	/**
 	 * The title of the action whose function or event has this name, which agents know better than titles; empty when
@@ -89,6 +129,7 @@ private:
 	void Take(const FSharedActionMenu& Menu)
 	{
 		Keywords.Reset();
+		KnownHits.Reset();
 		ActionByEntry.Reset();
 		TitleByMember.Reset();
 		for (int32 Index = 0; Index < Menu.GetNumActions(); ++Index)
@@ -109,46 +150,17 @@ private:
 		return Member.StartsWith(TEXT("K2_"), ESearchCase::IgnoreCase) ? Member.RightChop(3) : Member;
 	}
 
+	static constexpr int32 MaxKnownHits = 1000;
+
 	FKeywordIndex Keywords;
+	/** By title and class name as they are spelled, since case tells where words begin. */
+	TMap<FString, TArray<FKeywordHit>, FDefaultSetAllocator, FKeywordTextKeyFuncs> KnownHits;
 	TArray<int32> ActionByEntry;
 	/** Of the first action that has the member; made when first asked for. */
 	TMap<FString, FString> TitleByMember;
 	/** 0: no menu yet. */
 	uint64 Serial = 0;
 };
-
-/** Of the title, of what the class name means where it stands for a title, and of the class name itself. */
-TArray<FString> MakeRequestKeywords(const FString& MenuTitle, const FString& ClassName)
-{
-	TArray<FString> Keywords = FAssetOperationBase::CreateKeywords(MenuTitle);
-	const auto AddKeywordsOf = [&Keywords](const TCHAR* Title)
-	{
-		for (const FString& Keyword : FAssetOperationBase::CreateKeywords(Title))
-		{
-			Keywords.AddUnique(Keyword);
-		}
-	};
-	if (ClassName.Equals(TEXT("Self"), ESearchCase::IgnoreCase))
-	{
-		AddKeywordsOf(TEXT("Get a reference to self"));
-	}
-	if (ClassName.Equals(TEXT("MathExpression"), ESearchCase::IgnoreCase)
-		|| ClassName.Equals(TEXT("K2Node_MathExpression"), ESearchCase::IgnoreCase))
-	{
-		AddKeywordsOf(TEXT("Add Math Expression"));
-	}
-	if (!ClassName.IsEmpty())
-	{
-		Keywords.Add(ClassName);
-		FAssetOperationBase::AppendKeywords(ClassName, Keywords);
-	}
-	return Keywords;
-}
-
-TArray<FKeywordHit> FindHits(FMenuIndex& Index, const FString& MenuTitle, const FString& ClassName)
-{
-	return Index.FindBest(MakeRequestKeywords(MenuTitle, ClassName), FAssetOperationBase::CreateKeywords(MenuTitle));
-}
 
 TSharedRef<FJsonObject> ToJson(const FCamCandidate& Candidate)
 {
@@ -209,11 +221,11 @@ TArray<FCamCandidate> FBlueprintCamMatching::FindCamMatches(
 	const FBPNodeModification& Record, const FSharedActionMenu& Menu)
 {
 	CamMatching::FMenuIndex& Index = CamMatching::FMenuIndex::For(Menu);
-	TArray<FKeywordHit> Hits = CamMatching::FindHits(Index, Record.MenuTitle, Record.ClassName);
+	TArray<FKeywordHit> Hits = Index.FindBest(Record.MenuTitle, Record.ClassName);
 	if (!Hits.IsEmpty() && Hits[0].Confidence < 1.0f)
 	{
 		const FString Title = Index.FindTitleOfMember(Record.MenuTitle, Menu);
-		Hits = Title.IsEmpty() ? Hits : CamMatching::FindHits(Index, Title, Record.ClassName);
+		Hits = Title.IsEmpty() ? Hits : Index.FindBest(Title, Record.ClassName);
 	}
 	TArray<FCamCandidate> Candidates;
 	for (const FKeywordHit& Hit : Hits)

@@ -11,6 +11,7 @@
 #include "K2Node_DynamicCast.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
+#include "K2Node_MathExpression.h"
 #include "K2Node_Variable.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
@@ -167,18 +168,19 @@ bool FPostSpawnValidation::TakesPosition()
 
 bool FPostSpawnValidation::TakesMathExpression()
 {
-	if (!Node || !Node->GetClass()->GetName().Equals(TEXT("K2Node_MathExpression"), ESearchCase::CaseSensitive))
+	UK2Node_MathExpression* const Expression = Cast<UK2Node_MathExpression>(Node);
+	if (!Expression)
 	{
 		return true;
 	}
 	// The title of the request is the expression itself.
-	Node->OnRenameNode(Record.MenuTitle);
-	if (!Node->bHasCompilerMessage || Node->ErrorType < 1)
+	Expression->OnRenameNode(Record.MenuTitle);
+	if (!Expression->bHasCompilerMessage || Expression->ErrorType < 1)
 	{
 		return true;
 	}
 	return Discard(
-		FString::Printf(TEXT("[Failure] Invalid math expression '%s': %s"), *Record.MenuTitle, *Node->ErrorMsg));
+		FString::Printf(TEXT("[Failure] Invalid math expression '%s': %s"), *Record.MenuTitle, *Expression->ErrorMsg));
 }
 
 bool FPostSpawnValidation::TakesFunctionPins()
