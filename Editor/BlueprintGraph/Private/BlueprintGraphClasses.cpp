@@ -5,6 +5,7 @@
 #include "BlueprintFunctionNodeSpawner.h"
 #include "BlueprintVariableNodeSpawner.h"
 #include "EdGraphSchema_K2.h"
+#include "GameplayTagsK2Node_SwitchGameplayTag.h"
 #include "K2Node.h"
 #include "K2Node_ActorBoundEvent.h"
 #include "K2Node_AddComponent.h"
@@ -78,6 +79,7 @@
 #include "K2Node_MakeMap.h"
 #include "K2Node_MakeSet.h"
 #include "K2Node_MakeStruct.h"
+#include "K2Node_MathExpression.h"
 #include "K2Node_Message.h"
 #include "K2Node_MultiGate.h"
 #include "K2Node_PromotableOperator.h"
@@ -151,7 +153,9 @@ void RegisterBlueprintGraphClasses()
 		&UK2Node_Timeline::StaticClass, &UK2Node_VariableGet::StaticClass, &UK2Node_VariableSet::StaticClass,
 		&UNodeDependingOnEnumInterface::StaticClass, &UBlueprintVariableNodeSpawner::StaticClass,
 		&UBlueprintEventNodeSpawner::StaticClass, &UBlueprintBoundEventNodeSpawner::StaticClass,
-		&UBlueprintDelegateNodeSpawner::StaticClass});
+		&UBlueprintDelegateNodeSpawner::StaticClass, &UK2Node_MathExpression::StaticClass,
+		&UGameplayTagsK2Node_SwitchGameplayTag::StaticClass,
+		&UGameplayTagsK2Node_SwitchGameplayTagContainer::StaticClass});
 	FUserPinInfo::StaticStruct();
 	FKismetUserDeclaredFunctionMetadata::StaticStruct();
 	FOptionalPinFromProperty::StaticStruct();

@@ -67,6 +67,8 @@ public:
 	bool bIsBeadFunction = false;
 
 private:
+	/** Purity and function names as versions before wrote them. */
+	void TakeOlderForm();
 	UEdGraphPin* CreateParameterPin(const UFunction* Function, const FProperty* Param, const TSet<FName>& Hidden);
 	/** Exec pins in the place of an enum parameter. Answers whether they take the place of the plain input or output. */
 	bool CreateEnumExecPins(const UFunction* Function, EEdGraphPinDirection Direction);

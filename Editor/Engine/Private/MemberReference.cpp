@@ -192,8 +192,7 @@ UFunction* FMemberReference::ResolveFunction(UClass* SelfScope) const
 {
 	if (UPackage* const Package = Cast<UPackage>(MemberParent))
 	{
-		return static_cast<UFunction*>(
-			StaticFindObject(UFunction::StaticClass(), Package, *MemberName.ToString()));
+		return FindObject<UFunction>(nullptr, Package->GetName() + TEXT(".") + MemberName.ToString());
 	}
 	UClass* const Scope = MemberReference::MostUpToDate(GetScope(SelfScope));
 	return Scope ? Scope->FindFunctionByName(MemberName) : nullptr;

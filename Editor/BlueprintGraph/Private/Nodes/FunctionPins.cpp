@@ -2,6 +2,7 @@
 
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "UObject/UnrealType.h"
 
 namespace FunctionPins
 {
@@ -37,6 +38,29 @@ const FProperty* FindExpanded(const UFunction& Function)
 	return nullptr;
 }
 
+/** Metadata names the parameters that fold away, or says how many stay in sight. */
+void AddAdvanced(const UFunction& Function, TSet<FName>& Out)
+{
+	const FString* const Value = Function.FindMetaData(FBlueprintMetadata::MD_AdvancedDisplay);
+	if (!Value || Value->IsEmpty())
+	{
+		return;
+	}
+	if (!Value->IsNumeric())
+	{
+		AddNames(Function, FBlueprintMetadata::MD_AdvancedDisplay, Out);
+		return;
+	}
+	int32 InSight = FCString::Atoi(**Value);
+	for (TFieldIterator<FProperty> It(&Function, EFieldIteratorFlags::ExcludeSuper); It; ++It)
+	{
+		if (It->HasAnyPropertyFlags(CPF_Parm) && !It->HasAnyPropertyFlags(CPF_ReturnParm) && InSight-- <= 0)
+		{
+			Out.Add(It->GetFName());
+		}
+	}
+}
+
 FFunctionPinFacts WorkOut(const UFunction& Function)
 {
 	static const FName LatentInfo(TEXT("LatentInfo"));
@@ -46,6 +70,7 @@ FFunctionPinFacts WorkOut(const UFunction& Function)
 	AddNames(Function, FBlueprintMetadata::MD_InternalUseParam, Facts.HiddenByMetaData);
 	AddNames(Function, FBlueprintMetadata::MD_AutoCreateRefTerm, Facts.AutoCreated);
 	AddNames(Function, FBlueprintMetadata::MD_CustomStructureParam, Facts.CustomStructures);
+	AddAdvanced(Function, Facts.Advanced);
 	if (const FString* const Context = Function.FindMetaData(FBlueprintMetadata::MD_WorldContext))
 	{
 		Facts.WorldContext = FName(*Context);

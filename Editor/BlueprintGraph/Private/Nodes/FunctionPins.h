@@ -12,6 +12,7 @@ struct FFunctionPinFacts
 	TSet<FName> HiddenByMetaData;
 	TSet<FName> AutoCreated;
 	TSet<FName> CustomStructures;
+	TSet<FName> Advanced;
 	FName WorldContext;
 	/** The enum or bool that becomes exec pins; null when there is none. */
 	const FProperty* Expanded = nullptr;

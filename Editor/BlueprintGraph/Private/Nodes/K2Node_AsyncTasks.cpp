@@ -121,7 +121,8 @@ void UK2Node_BaseAsyncTask::CreateFactoryPins(const UFunction& Function)
 		const bool bAutoCreated = FunctionPins::Get(Function).AutoCreated.Contains(It->GetFName());
 		Pin->bDefaultValueIsIgnored = It->HasAnyPropertyFlags(CPF_ReferenceParm)
 			&& (!bAutoCreated || Pin->PinType.IsContainer());
-		Pin->bAdvancedView = It->HasAnyPropertyFlags(CPF_AdvancedDisplay);
+		Pin->bAdvancedView = It->HasAnyPropertyFlags(CPF_AdvancedDisplay)
+			|| FunctionPins::Get(Function).Advanced.Contains(It->GetFName());
 		if (Pin->bAdvancedView && AdvancedPinDisplay == ENodeAdvancedPins::NoPins)
 		{
 			AdvancedPinDisplay = ENodeAdvancedPins::Hidden;

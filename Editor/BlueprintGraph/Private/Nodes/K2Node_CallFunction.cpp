@@ -61,20 +61,37 @@ bool UK2Node_CallFunction::IsLatentFunction() const
 	return Function && Function->HasMetaData(FBlueprintMetadata::MD_Latent);
 }
 
-void UK2Node_CallFunction::PostEditImport()
+void UK2Node_CallFunction::TakeOlderForm()
 {
-	Super::PostEditImport();
 	bDefaultsToPureFunc |= bIsPureFunc;
 	bIsPureFunc = false;
 	bIsConstFunc = false;
+	// The libraries' functions of single precision live on under the names of those of double precision.
+	static const FString Single(TEXT("Float"));
+	const FString Name = GetFunctionName().ToString();
+	const UClass* const Library = FunctionReference.GetMemberParentClass();
+	if (!Library || !Name.Contains(Single, ESearchCase::CaseSensitive)
+		|| Library->FindFunctionByName(GetFunctionName()))
+	{
+		return;
+	}
+	const FName Successor(Name.Replace(*Single, TEXT("Double"), ESearchCase::CaseSensitive));
+	if (Library->FindFunctionByName(Successor))
+	{
+		FunctionReference.SetMemberName(Successor);
+	}
+}
+
+void UK2Node_CallFunction::PostEditImport()
+{
+	Super::PostEditImport();
+	TakeOlderForm();
 }
 
 void UK2Node_CallFunction::PostLoad()
 {
 	Super::PostLoad();
-	bDefaultsToPureFunc |= bIsPureFunc;
-	bIsPureFunc = false;
-	bIsConstFunc = false;
+	TakeOlderForm();
 }
 
 FText UK2Node_CallFunction::GetUserFacingFunctionName(const UFunction* Function)

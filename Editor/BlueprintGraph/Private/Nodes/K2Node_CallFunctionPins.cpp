@@ -146,7 +146,8 @@ UEdGraphPin* UK2Node_CallFunction::CreateParameterPin(
 	const bool bAutoCreated = FunctionPins::Get(*Function).AutoCreated.Contains(Param->GetFName());
 	Pin->bDefaultValueIsIgnored = bIsInput && Param->HasAnyPropertyFlags(CPF_ReferenceParm)
 		&& (!bAutoCreated || Pin->PinType.IsContainer());
-	Pin->bAdvancedView = Param->HasAnyPropertyFlags(CPF_AdvancedDisplay);
+	Pin->bAdvancedView = Param->HasAnyPropertyFlags(CPF_AdvancedDisplay)
+		|| FunctionPins::Get(*Function).Advanced.Contains(Param->GetFName());
 	if (Pin->bAdvancedView && AdvancedPinDisplay == ENodeAdvancedPins::NoPins)
 	{
 		AdvancedPinDisplay = ENodeAdvancedPins::Hidden;
