@@ -3,6 +3,7 @@
 #include "AssetRegistry/IAssetRegistry.h"
 #include "Engine/Blueprint.h"
 #include "Menu/ActionSources.h"
+#include "StandardMacros.h"
 #include "UObject/Catalogue.h"
 #include "UObject/Package.h"
 
@@ -55,17 +56,6 @@ void AddTypes(const FTypes& Types, TArray<FBlueprintAction>& Out)
 	}
 }
 
-/** The libraries of macros that the editor brings; read when they are not in memory. */
-void LoadMacroLibraries()
-{
-	for (const TCHAR* const Path : {TEXT("/Engine/EditorBlueprintResources/StandardMacros.StandardMacros"),
-			 TEXT("/Engine/EditorBlueprintResources/ActorMacros.ActorMacros"),
-			 TEXT("/Engine/EditorBlueprintResources/ActorComponentMacros.ActorComponentMacros")})
-	{
-		StaticLoadObject(UBlueprint::StaticClass(), nullptr, Path, nullptr, LOAD_Quiet | LOAD_NoWarn);
-	}
-}
-
 /** Assets that the registry alone speaks for. */
 TArray<FAssetData> ListAssets()
 {
@@ -101,7 +91,6 @@ void FBlueprintActionDatabase::BuildCatalogue()
 	if (!bBuilt)
 	{
 		ActionDatabase::AddTypes(ActionDatabase::ReadTypes(false), EngineActions);
-		ActionDatabase::LoadMacroLibraries();
 	}
 	if (!bBuilt || Generation != CatalogueGeneration)
 	{
@@ -117,6 +106,8 @@ void FBlueprintActionDatabase::BuildCatalogue()
 
 void FBlueprintActionDatabase::UpdateBlueprints()
 {
+	// The library goes when a project's objects are dropped, and its macros are always offered.
+	StandardMacros::GetLibrary();
 	TArray<UObject*> Objects;
 	GetObjectsOfClass(UBlueprint::StaticClass(), Objects);
 	TMap<const UObject*, int32> Standing;
