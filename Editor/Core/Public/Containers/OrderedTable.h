@@ -148,6 +148,8 @@ private:
 		Index = static_cast<std::vector<int32>&&>(Other.Index);
 		NumLive = Other.NumLive;
 		FirstSlot = Other.FirstSlot;
+		IndexShift = Other.IndexShift;
+		NumUsed = Other.NumUsed;
 		Other.Clear();
 	}
 
