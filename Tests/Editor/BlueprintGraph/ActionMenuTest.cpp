@@ -64,7 +64,7 @@ TEST(ActionMenu, WhatAuthorsLookForStandsWhereTheyExpectIt)
 		{TEXT("For Each Loop"), nullptr, TEXT("K2Node_MacroInstance")},
 		{TEXT("Switch on ECollisionChannel"), TEXT("Utilities|Flow Control|Switch"), TEXT("K2Node_SwitchEnum")},
 		{TEXT("Space Bar"), TEXT("Input|Keyboard Events"), TEXT("K2Node_InputKey")},
-		{TEXT("Set members in Hit Result"), TEXT("Utilities|Struct"), TEXT("K2Node_SetFieldsInStruct")},
+		{TEXT("Set members in Post Process Settings"), TEXT("Utilities|Struct"), TEXT("K2Node_SetFieldsInStruct")},
 		{TEXT("Get a reference to self"), TEXT("Variables"), TEXT("K2Node_Self")},
 		{TEXT("Break Hit Result"), TEXT("Collision"), TEXT("K2Node_CallFunction")}};
 	const FBlueprintBuilder Blueprint;
