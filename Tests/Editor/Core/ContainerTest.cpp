@@ -15,6 +15,24 @@ static std::string KeysOf(const MapType& Map)
 	return ToUtf8(Joined);
 }
 
+TEST(Maps, AMovedMapFindsItsKeys)
+{
+	TMap<int32, int32> Large;
+	for (int32 Key = 0; Key < 100; ++Key)
+	{
+		Large.Add(Key, Key * Key);
+	}
+	TMap<int32, int32> Small;
+	Small = MoveTemp(Large);
+	const TMap<int32, int32> Made(MoveTemp(Small));
+	for (int32 Key = 0; Key < 100; ++Key)
+	{
+		ASSERT_NE(Made.Find(Key), nullptr) << Key;
+		EXPECT_EQ(*Made.Find(Key), Key * Key);
+	}
+	EXPECT_EQ(Made.Find(100), nullptr);
+}
+
 TEST(Arrays, RemovalsKeepOrderUnlessTheySwap)
 {
 	TArray<int32> Numbers{1, 2, 3, 2, 4, 2};

@@ -4,6 +4,7 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "FunctionPins.h"
+#include "K2Node_Event.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "UObject/NativeClass.h"
 
@@ -172,7 +173,9 @@ FText UK2Node_CallFunction::GetNodeTitle(ENodeTitleType::Type TitleType) const
 	{
 		return FText::FromString(Name);
 	}
-	return FText::FromString(Name + GetFunctionContextString().ToString());
+	// Where a replicated call runs matters to the reader as much as what it is called on.
+	const FString Net = UK2Node_Event::GetLocalizedNetString(static_cast<uint32>(Function->FunctionFlags), true).ToString();
+	return FText::FromString(Name + GetFunctionContextString().ToString() + (Net.IsEmpty() ? Net : TEXT("\n") + Net));
 }
 
 FText UK2Node_CallFunction::GetTooltipText() const

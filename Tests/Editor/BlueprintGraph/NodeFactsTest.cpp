@@ -1,0 +1,99 @@
+// Nodes made from their identity, against a table of what the editor's own nodes look like.
+
+#include "Boot/EditorModules.h"
+#include "GraphBuilder.h"
+#include "NodeByIdentity.h"
+#include "ToolResults.h"
+
+#include <gtest/gtest.h>
+
+namespace NodeFactsTests
+{
+struct FFact
+{
+	const char* Identity;
+	const char* Pins;
+};
+
+const FFact Facts[] = {
+#include "NodeFacts.inc"
+};
+
+std::string Container(const FJsonObject& Pin)
+{
+	const std::string Kind = ToStd(Pin.GetStringField(TEXT("container")));
+	return Kind == "Array" ? " []" : Kind == "Set" ? " {}" : Kind == "Map" ? " {:}" : "";
+}
+
+/** As the table writes a pin. Categories are names, whose spelling depends on who used them first. */
+std::string Describe(const FJsonObject& Pin)
+{
+	std::string Text = ToStd(Pin.GetStringField(TEXT("dir"))) == "out" ? ">" : "<";
+	Text += ToStd(Pin.GetStringField(TEXT("name"))) + ": " + ToStd(Pin.GetStringField(TEXT("cat")).ToLower());
+	const std::string Sub = ToStd(Pin.GetStringField(TEXT("sub")));
+	const std::string Object = ToStd(Pin.GetStringField(TEXT("obj")));
+	Text += Sub.empty() ? "" : "/" + Sub;
+	Text += Object.empty() ? "" : " " + Object;
+	Text += Container(Pin);
+	Text += Pin.GetBoolField(TEXT("hidden")) ? " hidden" : "";
+	Text += Pin.GetBoolField(TEXT("advanced")) ? " advanced" : "";
+	return Text;
+}
+
+std::string DescribePins(FNodeByIdentity& Nodes, const std::string& Identity)
+{
+	const TSharedRef<FJsonObject> Answer = Nodes.Describe(*Json(Identity));
+	if (Answer->HasField(TEXT("error")))
+	{
+		return "error: " + ToStd(Answer->GetStringField(TEXT("error")));
+	}
+	std::string Text;
+	for (const TSharedPtr<FJsonValue>& Pin : Answer->GetArrayField(TEXT("pins")))
+	{
+		Text += (Text.empty() ? "" : "; ") + Describe(*Pin->AsObject());
+	}
+	return Text;
+}
+
+std::string Folded(const std::string& Text)
+{
+	return ToStd(FString(FUTF8ToTCHAR(Text.c_str()).Get()).ToLower());
+}
+
+TEST(NodeFacts, PinsAreThoseOfTheEditor)
+{
+	EditorModules::StartEditor();
+	FNodeByIdentity Nodes;
+	for (const FFact& Fact : Facts)
+	{
+		EXPECT_EQ(Folded(DescribePins(Nodes, Fact.Identity)), Folded(Fact.Pins)) << Fact.Identity;
+	}
+}
+
+TEST(NodeFacts, WhatIsNotKnownIsNamed)
+{
+	EditorModules::StartEditor();
+	FNodeByIdentity Nodes;
+	const FFact Cases[] = {{R"({"node_class":"K2Node_Nothing"})", "error: There is no node class 'K2Node_Nothing'."},
+		{R"({"node_class":"K2Node_CallFunction","function":"Fly","function_parent":"/Script/Engine.Actor"})",
+			"error: The function 'Fly' is not known."},
+		{R"({"node_class":"K2Node_MacroInstance","macro":"/Game/Mine.Mine:Loop"})",
+			"error: The macro '/Game/Mine.Mine:Loop' is not known."},
+		{R"({"node_class":"K2Node_VariableGet","variable":"Mana","self_context":true})",
+			"error: The variable 'Mana' is not known."}};
+	for (const FFact& Case : Cases)
+	{
+		EXPECT_EQ(DescribePins(Nodes, Case.Identity), Case.Pins);
+	}
+}
+
+TEST(NodeFacts, OlderTextIsTakenInItsPresentForm)
+{
+	EditorModules::StartEditor();
+	FNodeByIdentity Nodes;
+	const std::string Pins = DescribePins(Nodes,
+		R"({"node_class":"K2Node_CallFunction","function":"Multiply_FloatFloat","function_parent":"/Script/Engine.KismetMathLibrary","props":{"bIsPureFunc":"True"}})");
+	EXPECT_EQ(Pins,
+		"<self: object /Script/Engine.KismetMathLibrary hidden; <A: real/double; <B: real/double; >ReturnValue: real/double");
+}
+} // namespace NodeFactsTests
