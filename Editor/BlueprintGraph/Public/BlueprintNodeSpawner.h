@@ -45,6 +45,8 @@ public:
 	virtual FBlueprintActionUiSpec GetUiSpec() const;
 	/** A node of the kind that is in no real graph, to ask for its title and pins. Null where one cannot be made. */
 	UEdGraphNode* GetTemplateNode(UEdGraph* TargetGraph = nullptr) const;
+	/** Lets the spawner and its template go with the next collection. For whoever made it, once no menu offers it. */
+	void Discard();
 	/** The class that a menu must be for, or below it, to offer the action; null for any. */
 	virtual const UClass* GetRequiredClass() const { return nullptr; }
 

@@ -1,6 +1,7 @@
 #include "BlueprintActionDatabase.h"
 
 #include "AssetRegistry/IAssetRegistry.h"
+#include "BlueprintNodeSpawner.h"
 #include "Engine/Blueprint.h"
 #include "Menu/ActionSources.h"
 #include "StandardMacros.h"
@@ -56,6 +57,17 @@ void AddTypes(const FTypes& Types, TArray<FBlueprintAction>& Out)
 	}
 }
 
+/** Empties a list. Menus that were made from it hold entries still, and live no longer than the call that made them. */
+void Drop(TArray<FBlueprintAction>& Actions)
+{
+	// The last one first: templates leave their graph from its end.
+	for (int32 Index = Actions.Num() - 1; Index >= 0; --Index)
+	{
+		const_cast<UBlueprintNodeSpawner*>(Actions[Index].Item->GetRawAction())->Discard();
+	}
+	Actions.Empty();
+}
+
 /** Assets that the registry alone speaks for. */
 TArray<FAssetData> ListAssets()
 {
@@ -95,9 +107,9 @@ void FBlueprintActionDatabase::BuildCatalogue()
 	if (!bBuilt || Generation != CatalogueGeneration)
 	{
 		// Node classes offer one entry for each enum or task class, the project's among them.
-		NodeActions.Empty();
+		ActionDatabase::Drop(NodeActions);
 		ActionSources::AddNodeClasses(NodeActions);
-		ProjectActions.Empty();
+		ActionDatabase::Drop(ProjectActions);
 		ActionDatabase::AddTypes(ActionDatabase::ReadTypes(true), ProjectActions);
 	}
 	CatalogueGeneration = Generation;
@@ -137,6 +149,10 @@ void FBlueprintActionDatabase::UpdateBlueprints()
 	}
 	Updated.Sort([](const FBlueprintEntry& A, const FBlueprintEntry& B)
 		{ return A.Blueprint.Get()->GetPathName() < B.Blueprint.Get()->GetPathName(); });
+	for (FBlueprintEntry& Left : Blueprints)
+	{
+		ActionDatabase::Drop(Left.Actions);
+	}
 	Blueprints = MoveTemp(Updated);
 }
 
@@ -160,6 +176,10 @@ void FBlueprintActionDatabase::UpdateAssets()
 		FAssetEntry& Entry = Updated.AddDefaulted_GetRef();
 		Entry.Path = MoveTemp(Path);
 		ActionSources::AddAsset(Asset, Entry.Actions);
+	}
+	for (FAssetEntry& Left : Assets)
+	{
+		ActionDatabase::Drop(Left.Actions);
 	}
 	Assets = MoveTemp(Updated);
 }
@@ -210,14 +230,29 @@ int32 FBlueprintActionDatabase::Num() const
 
 void FBlueprintActionDatabase::RefreshAssetActions(const UObject* AssetObject)
 {
-	Blueprints.RemoveAll([AssetObject](const FBlueprintEntry& Entry) { return Entry.Blueprint.Get() == AssetObject; });
+	for (FBlueprintEntry& Entry : Blueprints)
+	{
+		if (Entry.Blueprint.Get() == AssetObject)
+		{
+			// No Blueprint has this fingerprint by more than chance, and then its actions are made anew a change later.
+			Entry.Fingerprint = ~Entry.Fingerprint;
+		}
+	}
 }
 
 void FBlueprintActionDatabase::RefreshAll()
 {
-	NodeActions.Empty();
-	EngineActions.Empty();
-	ProjectActions.Empty();
+	ActionDatabase::Drop(NodeActions);
+	ActionDatabase::Drop(EngineActions);
+	ActionDatabase::Drop(ProjectActions);
+	for (FBlueprintEntry& Entry : Blueprints)
+	{
+		ActionDatabase::Drop(Entry.Actions);
+	}
+	for (FAssetEntry& Entry : Assets)
+	{
+		ActionDatabase::Drop(Entry.Actions);
+	}
 	Blueprints.Empty();
 	Assets.Empty();
 	bBuilt = false;

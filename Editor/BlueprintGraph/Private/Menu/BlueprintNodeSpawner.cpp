@@ -92,6 +92,15 @@ UEdGraphNode* UBlueprintNodeSpawner::GetTemplateNode(UEdGraph* TargetGraph) cons
 	return TemplateNode.Get();
 }
 
+void UBlueprintNodeSpawner::Discard()
+{
+	if (UEdGraphNode* const Template = TemplateNode.Get())
+	{
+		Template->DestroyNode();
+	}
+	MarkAsGarbage();
+}
+
 FBlueprintActionUiSpec UBlueprintNodeSpawner::GetUiSpec() const
 {
 	if (!DefaultMenuSignature.MenuName.IsEmpty())
