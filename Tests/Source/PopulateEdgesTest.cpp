@@ -60,3 +60,13 @@ TEST(PopulateEdges, AnEventThatStandsInAnotherGraphIsItsOwnEvent)
 	EXPECT_THAT(Warnings(*Case.Result), ElementsAre(HasSubstr("already exists in EventGraph; reusing node")));
 	EXPECT_THAT(Case.Data(TEXT("nodes_attached_to_events")), HasSubstr(R"("attached_to_events":["Event Hit"])"));
 }
+
+TEST(PopulateEdges, AListThatItsFunctionMakesNeedsNoWire)
+{
+	FPopulating Case;
+	Case.Populate(R"("nodes":[)" + EventNode("e", "ReceiveHit") + ","
+		+ CallNode("t", "KismetSystemLibrary", "LineTraceSingle") + R"(],"connections":[)"
+		+ Link("e", "then", "t", "execute") + "]");
+	EXPECT_THAT(Warnings(*Case.Result), IsEmpty());
+	EXPECT_TRUE(Case.Blueprint.Compiles());
+}

@@ -159,6 +159,8 @@ public:
 	TSharedPtr<FEdGraphSchemaAction> GetCreateCommentAction() const override;
 
 	// Pins.
+	/** Whether the function that the pin belongs to makes something to refer to where nothing is wired in. */
+	static bool IsAutoCreateRefTerm(const UEdGraphPin* Pin);
 	static bool IsExecPin(const UEdGraphPin& Pin) { return Pin.PinType.PinCategory == PC_Exec; }
 	static bool IsMetaPin(const UEdGraphPin& Pin) { return IsExecPin(Pin); }
 	/** Output to input of fitting type; a direction clash is told apart. */

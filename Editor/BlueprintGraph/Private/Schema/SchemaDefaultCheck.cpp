@@ -2,6 +2,7 @@
 
 #include "EdGraphSchema_K2.h"
 
+#include "K2Node_CallFunction.h"
 #include "K2Node_FunctionResult.h"
 #include "Misc/OutputDevice.h"
 #include "Schema/SchemaStructText.h"
@@ -202,6 +203,20 @@ bool UEdGraphSchema_K2::DefaultValueSimpleValidation(const FEdGraphPinType& PinT
 	return Message.IsEmpty();
 }
 
+bool UEdGraphSchema_K2::IsAutoCreateRefTerm(const UEdGraphPin* Pin)
+{
+	const UK2Node_CallFunction* const Call = Pin ? Cast<UK2Node_CallFunction>(Pin->GetOwningNodeUnchecked()) : nullptr;
+	const UFunction* const Function = Call ? Call->GetTargetFunction() : nullptr;
+	if (!Function || Pin->PinName.IsNone())
+	{
+		return false;
+	}
+	TArray<FString> Names;
+	Function->GetMetaData(FBlueprintMetadata::MD_AutoCreateRefTerm).ParseIntoArray(Names, TEXT(","));
+	return Names.ContainsByPredicate(
+		[Pin](const FString& Name) { return FName(*Name.TrimStartAndEnd()) == Pin->PinName; });
+}
+
 FString UEdGraphSchema_K2::IsPinDefaultValid(const UEdGraphPin* Pin, const FString& NewDefaultValue,
 	TObjectPtr<UObject> NewDefaultObject, const FText& InNewDefaultText) const
 {
@@ -210,7 +225,7 @@ FString UEdGraphSchema_K2::IsPinDefaultValid(const UEdGraphPin* Pin, const FStri
 	// A result that nothing is wired into keeps the value of its type.
 	const bool bIsResult = Node && Node->IsA<UK2Node_FunctionResult>();
 	const bool bNeedsLink = Pin->Direction == EGPD_Input && Pin->PinType.bIsReference && Pin->bDefaultValueIsIgnored
-		&& Pin->SubPins.IsEmpty() && !bIsResult && Pin->PinType.PinCategory != PC_Wildcard;
+		&& Pin->SubPins.IsEmpty() && !bIsResult && Pin->PinType.PinCategory != PC_Wildcard && !IsAutoCreateRefTerm(Pin);
 	if (bNeedsLink)
 	{
 		return FString::Printf(
