@@ -229,6 +229,13 @@ void FEdGraphUtilities::PostProcessPastedNodes(TSet<UEdGraphNode*>& SpawnedNodes
 			Node->DestroyNode();
 			continue;
 		}
+		for (UEdGraph* const Inner : Node->GetSubGraphs())
+		{
+			if (Inner)
+			{
+				Node->GetGraph()->SubGraphs.AddUnique(Inner);
+			}
+		}
 		Node->PostPasteNode();
 		Node->SetFlags(RF_Transactional);
 	}
