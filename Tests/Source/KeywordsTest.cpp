@@ -153,7 +153,7 @@ TEST(Keywords, TextsThatMeanTheSameGiveTheSame)
 		{TEXT("Get Actor Location"), TEXT("GetActorLocation"), TEXT("K2_GetActorLocation"), TEXT("get the actor loc")},
 		{TEXT("Play Sound 2D"), TEXT("PlaySound2D"), TEXT("play sound 2d")},
 		{TEXT("Add Vector2D"), TEXT("add vec 2D")},
-		{TEXT("Make FVector"), TEXT("Make Vector")},
+		{TEXT("Make Vector"), TEXT("Make FVector"), TEXT("MakeVector")},
 		{TEXT("For Each Loop"), TEXT("ForEachLoop"), TEXT("foreach loop")},
 		{TEXT("if"), TEXT("Branch"), TEXT("if then else")},
 		{TEXT("Delay"), TEXT("wait 2 seconds")},

@@ -11,7 +11,6 @@
 #include <sstream>
 #include <tuple>
 
-
 namespace MatchingTest
 {
 /** The menu of an Actor Blueprint's event graph. */
@@ -59,6 +58,75 @@ std::string Describe(const TArray<FCamCandidate>& Candidates)
 
 constexpr float Threshold = 0.6f;
 
+/** Titles of two words and more from all over the menu, no two of them alike. */
+std::vector<std::string> SampleTitles(const FSharedActionMenu& Menu, std::size_t Count)
+{
+	TSet<FString> Known;
+	std::vector<std::string> Titles;
+	for (int32 Index = 0; Index < Menu.GetNumActions() && Titles.size() < Count; Index += 61)
+	{
+		const FString Title = Menu.GetSchemaAction(Index)->GetMenuDescription().ToString();
+		const bool bPlain = Title.Contains(TEXT(" ")) && !Title.Contains(TEXT("(")) && !Title.Contains(TEXT("."));
+		const FString Category = Menu.GetSchemaAction(Index)->GetCategory().ToString();
+		if (bPlain && !Category.StartsWith(TEXT("Class|")) && !Known.Contains(Title))
+		{
+			Known.Add(Title);
+			Titles.push_back(ToStd(Title));
+		}
+	}
+	return Titles;
+}
+
+std::string ToLowerCase(std::string Title)
+{
+	std::transform(Title.begin(), Title.end(), Title.begin(), [](unsigned char Char) { return std::tolower(Char); });
+	return Title;
+}
+
+std::string ToSnakeCase(std::string Title)
+{
+	Title = ToLowerCase(Title);
+	std::replace(Title.begin(), Title.end(), ' ', '_');
+	return Title;
+}
+
+std::string ToCamelCase(std::string Title)
+{
+	std::string Joined;
+	bool bFirst = true;
+	for (const char Char : Title)
+	{
+		if (Char != ' ')
+		{
+			Joined += bFirst ? static_cast<char>(std::toupper(static_cast<unsigned char>(Char))) : Char;
+		}
+		bFirst = Char == ' ';
+	}
+	return Joined;
+}
+
+/** In the middle of the longest word. */
+std::string SwapTwoLetters(std::string Title)
+{
+	std::size_t Best = 0;
+	std::size_t BestLength = 0;
+	for (std::size_t Start = 0; Start < Title.size();)
+	{
+		const std::size_t End = std::min(Title.find(' ', Start), Title.size());
+		if (End - Start > BestLength)
+		{
+			Best = Start;
+			BestLength = End - Start;
+		}
+		Start = End + 1;
+	}
+	if (BestLength >= 5)
+	{
+		std::swap(Title[Best + BestLength / 2], Title[Best + BestLength / 2 - 1]);
+	}
+	return Title;
+}
+
 /** An action's keywords as each of them would be scored alone. */
 TArray<FString> ActionKeywords(const FCamCandidate& Candidate)
 {
@@ -94,6 +162,30 @@ TEST(Matching, LooseRequestsFindWhatAnAuthorMeans)
 	RecordProperty("right", Right);
 	RecordProperty("total", Total);
 	EXPECT_GE(Right * 100, Total * 95) << Right << " of " << Total << Missed;
+}
+
+TEST(Matching, OtherSpellingsOfATitleFindIt)
+{
+	const FMenu Menu;
+	const std::vector<std::pair<const char*, std::string (*)(std::string)>> Spellings = {{"lower case", &ToLowerCase},
+		{"joined", &ToCamelCase}, {"prefixed", [](std::string Title) { return "K2_" + ToCamelCase(Title); }},
+		{"underscores", &ToSnakeCase}, {"slip", &SwapTwoLetters},
+		{"node", [](std::string Title) { return "the " + Title + " node"; }}};
+	const std::vector<std::string> Titles = SampleTitles(*Menu.Menu, 80);
+	for (const auto& [Name, Spell] : Spellings)
+	{
+		int32 Right = 0;
+		std::string Missed;
+		for (const std::string& Title : Titles)
+		{
+			const std::string Request = Spell(Title);
+			const TArray<FCamCandidate> Found = Menu.Find(Request.c_str());
+			const bool bRight = IsOneOf(Found[0].MenuTitle, Title) && Found[0].Confidence >= Threshold;
+			Right += bRight ? 1 : 0;
+			Missed += bRight ? "" : "\n  " + Request + " -> " + Describe(Found);
+		}
+		EXPECT_GE(Right * 100, static_cast<int32>(Titles.size()) * 90) << Name << Missed;
+	}
 }
 
 TEST(Matching, NonsenseStaysBelowTheThreshold)

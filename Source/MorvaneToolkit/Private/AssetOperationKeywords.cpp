@@ -31,6 +31,20 @@ FString MakeWhole(const TArray<FString>& Words)
 	return Whole;
 }
 
+/** "=switchoneaxis" of "Switch on EAxis", letter by letter, for those who write it without capitals. */
+FString Squeeze(const FString& Text)
+{
+	FString Squeezed(TEXT("="));
+	for (const TCHAR Char : Text)
+	{
+		if (FChar::IsAlnum(Char))
+		{
+			Squeezed += FChar::ToLower(Char);
+		}
+	}
+	return Squeezed;
+}
+
 bool IsOperatorWord(const FString& Word)
 {
 	return IsOneOf(Word,
@@ -80,7 +94,8 @@ TArray<FString> GetBareOperator(const TArray<FString>& Words)
 		{
 			Operator.Add(Word);
 		}
-		else if (!IsOneOf(Word, {TEXT("two"), TEXT("both")}) && !KeywordWords::IsTypeWord(Word))
+		else if (!IsOneOf(Word, {TEXT("two"), TEXT("both")}) && !KeywordWords::IsJoint(Word)
+			&& !KeywordWords::IsTypeWord(Word))
 		{
 			return TArray<FString>();
 		}
@@ -173,9 +188,13 @@ TArray<FString> JoinCastTarget(const TArray<FString>& Words)
 TArray<FString> GetWords(const FString& Text)
 {
 	TArray<FString> Words = KeywordWords::ExpandShorthand(KeywordWords::Split(Text));
-	if (Words.Num() == 4 && IsOneOf(Words[0], {TEXT("convert")}) && IsOneOf(Words[2], {TEXT("to")}))
+	if (Words.Num() == 4 && IsOneOf(Words[0], {TEXT("convert"), TEXT("parse")}) && IsOneOf(Words[2], {TEXT("to")}))
 	{
 		Words.RemoveAt(0);
+	}
+	if (Words.Num() == 4 && IsOneOf(Words[1], {TEXT("to")}) && IsOneOf(Words[3], {TEXT("conversion")}))
+	{
+		Words.SetNum(3);
 	}
 	return JoinCastTarget(Words);
 }
@@ -256,6 +275,11 @@ TArray<FString> FAssetOperationBase::CreateKeywords(const FString& Text)
 		{
 			Keywords.AddUnique(MakeWhole(OnContainer));
 		}
+		if (Words.Num() > 1 && IsOneOf(Words.Last(), {TEXT("key")}))
+		{
+			// "W key": keys are titled without the word.
+			Keywords.AddUnique(MakeWhole(TArray<FString>(Words.GetData(), Words.Num() - 1)));
+		}
 		const TArray<FString> Operator = GetBareOperator(Words);
 		if (!Operator.IsEmpty())
 		{
@@ -271,6 +295,10 @@ TArray<FString> FAssetOperationBase::CreateKeywords(const FString& Text)
 		{
 			// "Get Components" is not "Get Component", where both are titles.
 			Keywords.AddUnique(MakeWhole(KeywordWords::Split(Title, true)));
+		}
+		if (KeywordWords::HasTypeLetter(Title))
+		{
+			Keywords.AddUnique(Squeeze(Title));
 		}
 		// A text without any word still has a whole, so that it stands for itself.
 		Keywords.AddUnique(Words.IsEmpty() ? TEXT("=") + Title.ToLower() : MakeWhole(Words));

@@ -37,6 +37,8 @@ constexpr FSpelling Spellings[] = {
 	{TEXT("concat"), TEXT("append")},
 	{TEXT("concatenate"), TEXT("append")},
 	{TEXT("receive"), TEXT("event")},
+	{TEXT("dynamiccast"), TEXT("cast to")},
+	{TEXT("bt"), TEXT("behavior tree")},
 	{TEXT("fclamp"), TEXT("clamp float")},
 	{TEXT("fmin"), TEXT("min float")},
 	{TEXT("fmax"), TEXT("max float")},
@@ -133,6 +135,75 @@ constexpr const TCHAR* Fillers[] = {TEXT("the"), TEXT("a"), TEXT("an"), TEXT("my
  * leaves them, without numbers and blanks. None of them may be a title of the menu, since titles pass through here too.
  */
 constexpr FSpelling Shorthands[] = {
+	{TEXT("sleepsecond"), TEXT("delay")},
+	{TEXT("sleepforsecond"), TEXT("delay")},
+	{TEXT("removeactor"), TEXT("destroy actor")},
+	{TEXT("deleteactor"), TEXT("destroy actor")},
+	{TEXT("killactor"), TEXT("destroy actor")},
+	{TEXT("destroythisactor"), TEXT("destroy actor")},
+	{TEXT("hideactor"), TEXT("set actor hidden in game")},
+	{TEXT("showactor"), TEXT("set actor hidden in game")},
+	{TEXT("setactorhidden"), TEXT("set actor hidden in game")},
+	{TEXT("setactorvisibility"), TEXT("set actor hidden in game")},
+	{TEXT("rotateactor"), TEXT("add actor local rotation")},
+	{TEXT("moveactor"), TEXT("set actor location")},
+	{TEXT("moveactortolocation"), TEXT("set actor location")},
+	{TEXT("teleportactortolocation"), TEXT("teleport")},
+	{TEXT("playmontage"), TEXT("play animation montage")},
+	{TEXT("settextblocktext"), TEXT("set text")},
+	{TEXT("settextoftextblock"), TEXT("set text")},
+	{TEXT("setprogressbarpercent"), TEXT("set percent")},
+	{TEXT("loadlevel"), TEXT("open level by name")},
+	{TEXT("changelevel"), TEXT("open level by name")},
+	{TEXT("switchlevel"), TEXT("open level by name")},
+	{TEXT("openlevel"), TEXT("open level by name")},
+	{TEXT("formatstring"), TEXT("format text")},
+	{TEXT("absolutevalue"), TEXT("absolute")},
+	{TEXT("getabsolutevalue"), TEXT("absolute")},
+	{TEXT("clampvalue"), TEXT("clamp")},
+	{TEXT("randomnumber"), TEXT("random float in range")},
+	{TEXT("randomnumberinrange"), TEXT("random float in range")},
+	{TEXT("randomfloatbetween"), TEXT("random float in range")},
+	{TEXT("randomintegerbetween"), TEXT("random integer in range")},
+	{TEXT("randomintegerbetweenand"), TEXT("random integer in range")},
+	{TEXT("randomfloatbetweenand"), TEXT("random float in range")},
+	{TEXT("randomnumberbetween"), TEXT("random float in range")},
+	{TEXT("distancebetweentwovector"), TEXT("distance vector")},
+	{TEXT("distancebetweenvector"), TEXT("distance vector")},
+	{TEXT("vectordistancebetween"), TEXT("distance vector")},
+	{TEXT("distancebetweenpoint"), TEXT("distance vector")},
+	{TEXT("getlengthofvector"), TEXT("vector length")},
+	{TEXT("lengthofvector"), TEXT("vector length")},
+	{TEXT("getvectorlength"), TEXT("vector length")},
+	{TEXT("getblackboardcomponent"), TEXT("get blackboard")},
+	{TEXT("getfirstplayercontroller"), TEXT("get player controller")},
+	{TEXT("getplayercameralocation"), TEXT("get camera location")},
+	{TEXT("debugprintstring"), TEXT("print string")},
+	{TEXT("starttimer"), TEXT("set timer by event")},
+	{TEXT("createtimer"), TEXT("set timer by event")},
+	{TEXT("stoptimer"), TEXT("clear timer by handle")},
+	{TEXT("canceltimer"), TEXT("clear timer by handle")},
+	{TEXT("createobject"), TEXT("construct object from class")},
+	{TEXT("newobject"), TEXT("construct object from class")},
+	{TEXT("constructobject"), TEXT("construct object from class")},
+	{TEXT("creatematerialinstance"), TEXT("create dynamic material instance")},
+	{TEXT("createmid"), TEXT("create dynamic material instance")},
+	{TEXT("getarrayitematindex"), TEXT("get copy array")},
+	{TEXT("getitematindex"), TEXT("get copy array")},
+	{TEXT("getelementatindex"), TEXT("get copy array")},
+	{TEXT("arrayappend"), TEXT("append array")},
+	{TEXT("getclassofobject"), TEXT("get class")},
+	{TEXT("getdisplaynameofobject"), TEXT("get display name")},
+	{TEXT("getnameofobject"), TEXT("get object name")},
+	{TEXT("dontime"), TEXT("do n")},
+	{TEXT("makecharacterjump"), TEXT("jump")},
+	{TEXT("characterjump"), TEXT("jump")},
+	{TEXT("disablecollision"), TEXT("set actor enable collision")},
+	{TEXT("enablecollision"), TEXT("set actor enable collision")},
+	{TEXT("getcurrentlocation"), TEXT("get actor location")},
+	{TEXT("getplayerlocation"), TEXT("get actor location")},
+	{TEXT("setmousecursorvisible"), TEXT("set show mouse cursor")},
+	{TEXT("enablemousecursor"), TEXT("set show mouse cursor")},
 	{TEXT("if"), TEXT("branch")},
 	{TEXT("ifelse"), TEXT("branch")},
 	{TEXT("ifthen"), TEXT("branch")},
@@ -398,6 +469,13 @@ constexpr FPrior Priors[] = {
 	{TEXT("k2node_classdynamiccast"), 8},
 	{TEXT("k2node_latentgameplaytaskcall"), 12},
 	{TEXT("k2node_inputkey"), 6},
+	{TEXT("k2node_inputdebugkey"), 12},
+	{TEXT("k2node_assigndelegate"), 10},
+	{TEXT("k2node_adddelegate"), 8},
+	{TEXT("k2node_removedelegate"), 10},
+	{TEXT("k2node_cleardelegate"), 10},
+	{TEXT("k2node_getnumenumentries"), 12},
+	{TEXT("k2node_event"), 0},
 	{TEXT("k2node_callfunction"), 0},
 	{TEXT("k2node_macroinstance"), 0},
 };
@@ -702,6 +780,19 @@ TArray<FString> KeywordWords::Split(FStringView Text, bool bKeepPlurals)
 	return Words;
 }
 
+bool KeywordWords::HasTypeLetter(FStringView Text)
+{
+	for (int32 Index = 0; Index < Text.Len(); ++Index)
+	{
+		const bool bBegins = FChar::IsAlnum(Text[Index]) && (Index == 0 || !FChar::IsAlnum(Text[Index - 1]));
+		if (bBegins && KeywordWordImpl::HasTypeLetter(Text.Mid(Index)))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
 TArray<FString> KeywordWords::ExpandShorthand(TArray<FString> Words)
 {
 	const TArray<FString>* const Meaning = KeywordWordImpl::FindShorthand(Words);
@@ -731,6 +822,10 @@ bool KeywordWords::IsFamilyClassName(FStringView ClassName)
 float KeywordWords::GetWeight(const FString& Word)
 {
 	const float* const Weight = KeywordWordImpl::FLookup::Get().Weight.Find(Word);
+	if (!Weight && Word.IsNumeric())
+	{
+		return KeywordWordTables::ConnectorWeight; // a value, for which there is a pin
+	}
 	return Weight ? *Weight : 1.0f;
 }
 
