@@ -9,6 +9,7 @@
 #include "K2Node_CustomEvent.h"
 #include "K2Node_Event.h"
 #include "K2Node_FunctionEntry.h"
+#include "K2Node_MacroInstance.h"
 #include "K2Node_VariableGet.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
@@ -120,6 +121,22 @@ INSTANTIATE_TEST_SUITE_P(All, FSampleGraph, testing::ValuesIn(Samples),
 		std::replace(Name.begin(), Name.end(), '-', '_');
 		return Name;
 	});
+
+TEST(Clipboard, StandardMacrosAreThere)
+{
+	const FBlueprintBuilder Blueprint;
+	for (UEdGraphNode* const Node :
+		Paste(Blueprint.EventGraph().Get(), ReadTestData("Graphs/function-reparent-loop.txt")))
+	{
+		if (const UK2Node_MacroInstance* const Macro = Cast<UK2Node_MacroInstance>(Node))
+		{
+			ASSERT_NE(Macro->GetMacroGraph(), nullptr);
+			EXPECT_EQ(Macro->GetMacroGraph()->GetName(), TEXT("ForEachLoop"));
+			return;
+		}
+	}
+	FAIL() << "the sample has a macro";
+}
 
 TEST(Clipboard, PastedNodesGetNewIdsAndKeepTheirLinks)
 {

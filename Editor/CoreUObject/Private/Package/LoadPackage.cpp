@@ -522,6 +522,11 @@ UPackage* LoadFromView(FStringView LongPackageName, uint32 LoadFlags)
 
 void FPackageText::RegisterLoader()
 {
+	// Others may have put theirs before this one by now.
+	if (ObjectProviders::GetPackageLoader().Load)
+	{
+		return;
+	}
 	ObjectProviders::FPackageLoader Loader;
 	Loader.Load = &PackageLoading::LoadFromView;
 	ObjectProviders::SetPackageLoader(Loader);
