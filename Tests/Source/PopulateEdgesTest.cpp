@@ -1,8 +1,6 @@
-#include "K2Node_Event.h"
-#include "K2Node_VariableGet.h"
+#include "BlueprintUtils.h"
 #include "Populating.h"
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -69,4 +67,17 @@ TEST(PopulateEdges, AListThatItsFunctionMakesNeedsNoWire)
 		+ Link("e", "then", "t", "execute") + "]");
 	EXPECT_THAT(Warnings(*Case.Result), IsEmpty());
 	EXPECT_TRUE(Case.Blueprint.Compiles());
+}
+
+TEST(PopulateEdges, ABlueprintWhoseGraphCannotBeMadeDoesNotStay)
+{
+	const FPopulating Case;
+	const std::string Call = R"({"path":"/Game/Fresh","graph_name":"Bad.Name","nodes":[{"menu_title":"Branch"}]})";
+	for (int32 Try = 0; Try < 2; ++Try)
+	{
+		EXPECT_THAT(Errors(*RunTool(Morvane::ToolInfo::ToolName_BPPopulateGraph, Call)),
+			ElementsAre("Failed to auto-create blueprint fixture: Failed to create function graph: Bad.Name",
+				"Blueprint not found: /Game/Fresh"));
+		EXPECT_FALSE(FBlueprintUtils::BlueprintExists(TEXT("/Game/Fresh")));
+	}
 }

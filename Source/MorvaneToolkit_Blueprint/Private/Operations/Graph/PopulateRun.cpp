@@ -1,6 +1,7 @@
 #include "PopulateRun.h"
 
 #include "AssetOperationBase.h"
+#include "AssetRegistry/AssetRegistryModule.h"
 #include "BlueprintGraphUtils.h"
 #include "BlueprintMatchingUtils.h"
 #include "BlueprintUtils.h"
@@ -9,6 +10,7 @@
 #include "Engine/Blueprint.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
+#include "UObject/Package.h"
 #include "Utils/FunctionGraphs.h"
 #include "Utils/LocalVariables.h"
 #include "Utils/PinConnections.h"
@@ -23,6 +25,15 @@ const TArray<TSharedPtr<FJsonValue>>* FindArray(const FJsonObject& Json, const T
 {
 	const TArray<TSharedPtr<FJsonValue>>* Values = nullptr;
 	return Json.TryGetArrayField(Key, Values) && !Values->IsEmpty() ? Values : nullptr;
+}
+
+/** Forgets an asset that has just been made and was never saved. */
+void Discard(UBlueprint& Blueprint)
+{
+	UPackage* const Package = Blueprint.GetOutermost();
+	FAssetRegistryModule::AssetDeleted(&Blueprint);
+	FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry")).Get().PackageDeleted(Package);
+	Package->MarkAsGarbage();
 }
 
 bool IsMainEventGraph(const FString& Name)
@@ -100,6 +111,10 @@ UBlueprint* FPopulateRun::CreateBlueprint()
 	{
 		Created->MarkPackageDirty();
 		return Created;
+	}
+	if (Created)
+	{
+		PopulateRun::Discard(*Created);
 	}
 	if (!Reason.IsEmpty())
 	{
