@@ -207,12 +207,12 @@ TEST_F(ObjectText, WhatIsNotKnownIsKeptAndWrittenBack)
 							 "      X=1\n"
 							 "      CustomProperties Pin (Z)\n"
 							 "   End Object\n"
+							 "   OldName=(Some,\"thing\")\n"
+							 "   \"Odd=Name\"(3)=4\n"
 							 "   Count=2\n"
 							 "   Link=\"/Script/Gone.Thing'/Game/Gone.Gone'\"\n"
 							 "   Links(0)=\"/Script/Tests.TestAsset'/Temp/ObjectText.A'\"\n"
 							 "   Links(1)=\"/Script/Gone.Thing'/Game/Gone.Gone'\"\n"
-							 "   OldName=(Some,\"thing\")\n"
-							 "   \"Odd=Name\"(3)=4\n"
 							 "End Object\n";
 	ASSERT_TRUE(Tree.Parse(Text, Error));
 	FObjectTextImport Import(Warnings);

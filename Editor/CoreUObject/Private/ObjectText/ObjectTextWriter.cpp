@@ -257,6 +257,13 @@ bool FObjectTextWriter::Properties(UObject& Object, int32 Level)
 	const UObject* const Baseline = ObjectTextWriting::FindBaseline(Object);
 	const bool bIsDefault = Object.HasAnyFlags(RF_ClassDefaultObject);
 	const FKeptObjectText* const Kept = FKeptObjectText::Find(&Object);
+	// First, as derived classes' properties stand before those of their parents: what a stand-in does not know is
+	// mostly of the class that it stands for.
+	for (std::size_t Index = 0; Kept && Index < Kept->Lines.size(); ++Index)
+	{
+		Indent(Level);
+		Out.append(Kept->Lines[Index]).push_back('\n');
+	}
 	for (TFieldIterator<FProperty> It(Object.GetClass()); It; ++It)
 	{
 		const FProperty& Property = **It;
@@ -277,11 +284,6 @@ bool FObjectTextWriter::Properties(UObject& Object, int32 Level)
 		{
 			return false;
 		}
-	}
-	for (std::size_t Index = 0; Kept && Index < Kept->Lines.size(); ++Index)
-	{
-		Indent(Level);
-		Out.append(Kept->Lines[Index]).push_back('\n');
 	}
 	return true;
 }

@@ -153,6 +153,7 @@ void RepairTypes(UEdGraphNode& Node)
 		if (bOwnVariable && Blueprint && Pin->PinName == FSchema::PN_Self)
 		{
 			Pin->PinType.PinSubCategoryObject = Blueprint->GeneratedClass.Get();
+			Pin->KeptFields.Empty();
 		}
 	}
 }
