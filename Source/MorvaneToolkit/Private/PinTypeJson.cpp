@@ -253,7 +253,8 @@ namespace PinTypeWriting
 {
 void WriteTerminal(FJsonObject& Json, FName Category, FName SubCategory, const UObject* Object)
 {
-	Json.SetStringField(TEXT("category"), Category.IsNone() ? FString() : Category.ToString());
+	// Moved, not copied: a read of a graph writes a type for each of its pins.
+	Json.SetField(TEXT("category"), MakeShared<FJsonValueString>(Category.IsNone() ? FString() : Category.ToString()));
 	if (!SubCategory.IsNone())
 	{
 		Json.SetStringField(TEXT("sub_category"), SubCategory.ToString());
