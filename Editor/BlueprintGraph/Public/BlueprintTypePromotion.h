@@ -21,8 +21,8 @@ extern const FName Equal;
 } // namespace OperatorNames
 
 /**
- * Which overload of an operator fits its operands. The table is made once from the function libraries: every pure function of two operands whose name is an
- * operator's, an underscore and the operands' types.
+ * Which overload of an operator fits its operands. The table is made once from the function libraries: every pure
+ * function of two operands whose name is an operator's, an underscore and the operands' types.
  */
 class FTypePromotion
 {
@@ -45,7 +45,8 @@ public:
 	static const TArray<const UFunction*>& GetAllFuncsForOp(FName Operation);
 	/** The overload that a new operator is bound to until its operands are known. */
 	static const UFunction* GetDefaultFuncForOp(FName Operation);
-	/** The overload whose operands take the pins' types with the least promotion; null when there is none. Pins of open type fit anything. */
+	/** The overload whose operands take the pins' types with the least promotion; null when there is none. Pins of open
+	 * type fit anything. */
 	static const UFunction* FindBestMatchingFunc(FName Operation, const TArray<UEdGraphPin*>& PinsToConsider);
 	/** The higher of two types: what both can be promoted to. */
 	static ETypeComparisonResult GetHigherType(const FEdGraphPinType& A, const FEdGraphPinType& B);

@@ -41,7 +41,10 @@ public:
 	virtual bool CanSplitPin(const UEdGraphPin* Pin) const;
 	virtual bool IsActionFilteredOut(const class FBlueprintActionFilter& Filter) { return false; }
 	virtual bool HasExternalDependencies(TArray<UStruct*>* OptionalOutput = nullptr) const { return false; }
-	virtual bool IsConnectionDisallowed(const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const { return false; }
+	virtual bool IsConnectionDisallowed(const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const
+	{
+		return false;
+	}
 	virtual void NotifyPinConnectionListChanged(UEdGraphPin* Pin) { PinConnectionListChanged(Pin); }
 	virtual bool CanPasteHere(const UEdGraph* TargetGraph) const { return true; }
 	virtual bool DrawNodeAsEntry() const { return false; }
@@ -61,8 +64,8 @@ public:
 	UEdGraphPin* GetThenPin() const;
 
 	/**
-	 * Makes the pins anew. Links and defaults go to new pins of the same name (or the redirected one); an old pin that is linked or changed and has no successor stays,
-	 * marked as orphaned, so that nothing is lost in silence.
+	 * Makes the pins anew. Links and defaults go to new pins of the same name (or the redirected one); an old pin that
+	 * is linked or changed and has no successor stays, marked as orphaned, so that nothing is lost in silence.
 	 */
 	void ReconstructNode() override;
 	/** Pins of the class, with the old ones at hand (split pins, wildcards). */
@@ -77,7 +80,8 @@ public:
 		ERedirectType_Custom,
 	};
 	/** Whether the old pin lives on as the new one. */
-	virtual ERedirectType DoPinsMatchForReconstruction(const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const;
+	virtual ERedirectType DoPinsMatchForReconstruction(
+		const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const;
 	void RewireOldPinsToNewPins(TArray<UEdGraphPin*>& InOldPins, TArray<UEdGraphPin*>& InNewPins);
 	void RestoreSplitPins(TArray<UEdGraphPin*>& OldPins);
 	/** Frees pins that belong to the node no longer. */
@@ -96,7 +100,8 @@ public:
 	/** The pin type of a property, through the schema; false when no pin carries it. */
 	UEdGraphPin* CreatePinFromProperty(const FProperty* Property, EEdGraphPinDirection Direction, FName PinName);
 
-	/** The function or property that a member reference means for this node. Own members are looked up in the up to date class; members of other classes cost no rebuild of it. */
+	/** The function or property that a member reference means for this node. Own members are looked up in the up to
+	 * date class; members of other classes cost no rebuild of it. */
 	UFunction* ResolveFunction(const FMemberReference& Reference) const;
 	FProperty* ResolveProperty(const FMemberReference& Reference) const;
 	/** Whether a member of the class is the Blueprint's own or inherited one. Answered without building a class. */

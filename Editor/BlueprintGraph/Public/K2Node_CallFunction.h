@@ -52,7 +52,8 @@ public:
 	void PostEditImport() override;
 	void PostLoad() override;
 
-	/** The parameters that the node does not show: latent info, world context where there is one, and what metadata names. */
+	/** The parameters that the node does not show: latent info, world context where there is one, and what metadata
+	 * names. */
 	TSet<FName> GetHiddenParameters(const UFunction* Function) const;
 
 	FMemberReference FunctionReference;
@@ -70,7 +71,8 @@ private:
 	/** Purity and function names as versions before wrote them. */
 	void TakeOlderForm();
 	UEdGraphPin* CreateParameterPin(const UFunction* Function, const FProperty* Param, const TSet<FName>& Hidden);
-	/** Exec pins in the place of an enum parameter. Answers whether they take the place of the plain input or output. */
+	/** Exec pins in the place of an enum parameter. Answers whether they take the place of the plain input or output.
+	 */
 	bool CreateEnumExecPins(const UFunction* Function, EEdGraphPinDirection Direction);
 	/** Gives outputs whose type follows a class pin the class that this pin chooses. */
 	void ConformDynamicOutputs();

@@ -9,7 +9,8 @@ class UK2Node_ComponentBoundEvent : public UK2Node_Event
 	EDITOR_CLASS(UK2Node_ComponentBoundEvent, UK2Node_Event)
 
 public:
-	void InitializeComponentBoundEventParams(const FObjectProperty* InComponentProperty, const FMulticastDelegateProperty* InDelegateProperty);
+	void InitializeComponentBoundEventParams(
+		const FObjectProperty* InComponentProperty, const FMulticastDelegateProperty* InDelegateProperty);
 	bool IsUsedByAuthorityOnlyDelegate() const;
 	FMulticastDelegateProperty* GetTargetDelegateProperty() const;
 	FText GetTargetDelegateDisplayName() const;

@@ -19,7 +19,8 @@ public:
 	FText GetTooltipText() const override;
 	FText GetMenuCategory() const override;
 	void GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const override;
-	bool IsConnectionDisallowed(const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
+	bool IsConnectionDisallowed(
+		const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
 
 private:
 	void RefreshPinTypes();

@@ -11,7 +11,8 @@ class UK2Node_CustomEvent : public UK2Node_Event
 public:
 	UK2Node_CustomEvent() { bCanRenameNode = true; }
 	/** A custom event with the signature of a function or delegate, placed at a point. */
-	static UK2Node_CustomEvent* CreateFromFunction(FVector2D GraphPosition, UEdGraph* ParentGraph, const FString& Name, const UFunction* Function, bool bSelectNewNode = true);
+	static UK2Node_CustomEvent* CreateFromFunction(FVector2D GraphPosition, UEdGraph* ParentGraph, const FString& Name,
+		const UFunction* Function, bool bSelectNewNode = true);
 	bool IsEditable() const;
 	/** Gives the event the name and renames what follows it. */
 	void RenameCustomEventCloseToName(int32 StartIndex = 1);
@@ -19,7 +20,8 @@ public:
 
 	void OnRenameNode(const FString& NewName) override;
 	TSharedPtr<INameValidatorInterface> MakeNameValidator() const override;
-	bool CanCreateUserDefinedPin(const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) override;
+	bool CanCreateUserDefinedPin(
+		const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) override;
 	FKismetUserDeclaredFunctionMetadata* GetMetaDataPtr() override { return &UserDefinedMetaData; }
 	void AllocateDefaultPins() override;
 	void ReconstructNode() override;

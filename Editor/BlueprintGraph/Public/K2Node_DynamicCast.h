@@ -23,9 +23,11 @@ public:
 	FText GetMenuCategory() const override;
 	void PinConnectionListChanged(UEdGraphPin* Pin) override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
-	ERedirectType DoPinsMatchForReconstruction(const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const override;
+	ERedirectType DoPinsMatchForReconstruction(
+		const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const override;
 	void PostPlacedNewNode() override;
-	bool IsConnectionDisallowed(const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
+	bool IsConnectionDisallowed(
+		const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
 	bool IsActionFilteredOut(const class FBlueprintActionFilter& Filter) override { return false; }
 

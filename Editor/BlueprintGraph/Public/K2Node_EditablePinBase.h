@@ -44,9 +44,15 @@ class UK2Node_EditablePinBase : public UK2Node
 public:
 	virtual bool ShouldUseConstRefParams() const { return false; }
 	/** Whether a pin of the type may be made; a refusal is told in OutErrorMessage. */
-	virtual bool CanCreateUserDefinedPin(const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) { return true; }
-	/** Adds a pin, asking nobody; with bUseUniqueName the name gets a number when taken. Which way the pin faces is the node's to say: an entry's always face out. */
-	UEdGraphPin* CreateUserDefinedPin(FName InPinName, const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, bool bUseUniqueName = true);
+	virtual bool CanCreateUserDefinedPin(
+		const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage)
+	{
+		return true;
+	}
+	/** Adds a pin, asking nobody; with bUseUniqueName the name gets a number when taken. Which way the pin faces is the
+	 * node's to say: an entry's always face out. */
+	UEdGraphPin* CreateUserDefinedPin(FName InPinName, const FEdGraphPinType& InPinType,
+		EEdGraphPinDirection InDesiredDirection, bool bUseUniqueName = true);
 	void RemoveUserDefinedPin(TSharedPtr<FUserPinInfo> PinToRemove);
 	void RemoveUserDefinedPinByName(FName PinName);
 	bool UserDefinedPinExists(FName PinName) const;
@@ -55,7 +61,8 @@ public:
 	virtual FKismetUserDeclaredFunctionMetadata* GetMetaDataPtr() { return nullptr; }
 	static FKismetUserDeclaredFunctionMetadata* GetGraphFunctionMetaData(const UEdGraph* InGraph);
 	bool IsEditable() const { return bIsEditable; }
-	/** Pins for the parameters of a signature: of the entry those that come in, of a result those that go out. False when one has no pin type. */
+	/** Pins for the parameters of a signature: of the entry those that come in, of a result those that go out. False
+	 * when one has no pin type. */
 	bool CreatePinsForFunctionEntryExit(const UFunction* Function, bool bForFunctionEntry);
 
 	void AllocateDefaultPins() override;

@@ -28,7 +28,8 @@ public:
 	bool CanAddPin() const override;
 	bool CanRemovePin(const UEdGraphPin* Pin) const override;
 	void RemoveInputPin(UEdGraphPin* Pin) override;
-	bool IsConnectionDisallowed(const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
+	bool IsConnectionDisallowed(
+		const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	FText GetMenuCategory() const override;

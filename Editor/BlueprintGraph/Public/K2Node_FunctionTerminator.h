@@ -14,7 +14,8 @@ public:
 	bool CanDuplicateNode() const override { return false; }
 	bool CanUserDeleteNode() const override { return false; }
 	bool NodeCausesStructuralBlueprintChange() const override { return true; }
-	bool CanCreateUserDefinedPin(const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) override;
+	bool CanCreateUserDefinedPin(
+		const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) override;
 	void PromoteFromInterfaceOverride(bool bIsPrimaryTerminator = true);
 
 	FMemberReference FunctionReference;

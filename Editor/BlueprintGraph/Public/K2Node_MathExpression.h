@@ -4,8 +4,9 @@
 #include "K2Node_Composite.h"
 
 /**
- * A formula as one node. Its name is the formula: renaming it builds the inner graph of calls anew, with an input for each variable and one output. What is wrong
- * with a formula is told on the node and again at compile; the graph is empty then.
+ * A formula as one node. Its name is the formula: renaming it builds the inner graph of calls anew, with an input for
+ * each variable and one output. What is wrong with a formula is told on the node and again at compile; the graph is
+ * empty then.
  */
 class UK2Node_MathExpression : public UK2Node_Composite
 {

@@ -4,7 +4,8 @@
 #include "K2Node_AddPinInterface.h"
 #include "K2Node_CallFunction.h"
 
-/** An operator whose operands take the type of what is linked: the overload that fits is chosen again after each change. */
+/** An operator whose operands take the type of what is linked: the overload that fits is chosen again after each
+ * change. */
 class UK2Node_PromotableOperator : public UK2Node_CallFunction, public IK2Node_AddPinInterface
 {
 	EDITOR_CLASS(UK2Node_PromotableOperator, UK2Node_CallFunction)
@@ -27,7 +28,8 @@ public:
 	void NodeConnectionListChanged() override;
 	void PinConnectionListChanged(UEdGraphPin* Pin) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
-	bool IsConnectionDisallowed(const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
+	bool IsConnectionDisallowed(
+		const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
 	void AddInputPin() override;
 	bool CanAddPin() const override;
 	bool CanRemovePin(const UEdGraphPin* Pin) const override;

@@ -35,7 +35,8 @@ public:
 	FText GetKeywords() const override;
 	FText GetMenuCategory() const override;
 	void GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const override;
-	bool IsConnectionDisallowed(const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
+	bool IsConnectionDisallowed(
+		const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
 
 	int32 NumOptionPins = 2;

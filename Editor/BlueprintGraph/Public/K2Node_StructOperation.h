@@ -11,7 +11,8 @@ class UK2Node_StructOperation : public UK2Node_Variable
 public:
 	bool HasExternalDependencies(TArray<UStruct*>* OptionalOutput = nullptr) const override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
-	ERedirectType DoPinsMatchForReconstruction(const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const override;
+	ERedirectType DoPinsMatchForReconstruction(
+		const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
 	FText GetMenuCategory() const override;
 

@@ -25,7 +25,10 @@ public:
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 	void AddInputPin() override { AddPinToSwitchNode(); }
 	bool CanAddPin() const override { return SupportsAddPinButton(); }
-	bool CanRemovePin(const UEdGraphPin* Pin) const override { return CanRemoveExecutionPin(const_cast<UEdGraphPin*>(Pin)); }
+	bool CanRemovePin(const UEdGraphPin* Pin) const override
+	{
+		return CanRemoveExecutionPin(const_cast<UEdGraphPin*>(Pin));
+	}
 	void RemoveInputPin(UEdGraphPin* Pin) override { RemovePinFromSwitchNode(Pin); }
 	virtual bool SupportsAddPinButton() const { return true; }
 	FText GetKeywords() const override;

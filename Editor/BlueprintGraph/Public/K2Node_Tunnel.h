@@ -12,7 +12,8 @@ public:
 	virtual UK2Node_Tunnel* GetInputSink() const { return InputSinkNode; }
 	virtual UK2Node_Tunnel* GetOutputSource() const { return OutputSourceNode; }
 	FKismetUserDeclaredFunctionMetadata* GetMetaDataPtr() override { return &MetaData; }
-	bool CanCreateUserDefinedPin(const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) override;
+	bool CanCreateUserDefinedPin(
+		const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) override;
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;

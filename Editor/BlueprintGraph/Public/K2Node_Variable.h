@@ -27,10 +27,15 @@ public:
 	FProperty* GetPropertyForVariableFromSkeleton() const { return GetPropertyForVariable(); }
 	void CreatePinForSelf();
 	bool CreatePinForVariable(EEdGraphPinDirection Direction, FName InPinName = NAME_None);
-	bool RemapRestrictedLinkReference(FName OldVariableName, FName NewVariableName, const UClass* MatchInVariableClass, const UClass* RemapIfLinkedToClass, bool bLogWarning) { return false; }
+	bool RemapRestrictedLinkReference(FName OldVariableName, FName NewVariableName, const UClass* MatchInVariableClass,
+		const UClass* RemapIfLinkedToClass, bool bLogWarning)
+	{
+		return false;
+	}
 	bool FunctionParameterExists(const UEdGraph* InFunctionGraph, const FName InParameterName);
 
-	ERedirectType DoPinsMatchForReconstruction(const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const override;
+	ERedirectType DoPinsMatchForReconstruction(
+		const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
 	bool CanPasteHere(const UEdGraph* TargetGraph) const override;
@@ -41,4 +46,5 @@ public:
 	ESelfContextInfo SelfContextInfo = Unspecified;
 };
 
-template <> UEnum* StaticEnum<ESelfContextInfo>();
+template <>
+UEnum* StaticEnum<ESelfContextInfo>();

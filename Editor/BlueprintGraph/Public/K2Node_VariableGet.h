@@ -27,4 +27,5 @@ public:
 	EGetNodeVariation CurrentVariation = EGetNodeVariation::Pure;
 };
 
-template <> UEnum* StaticEnum<EGetNodeVariation>();
+template <>
+UEnum* StaticEnum<EGetNodeVariation>();

@@ -6,8 +6,8 @@ class UBlueprint;
 class UEdGraph;
 
 /**
- * The macro library that every Blueprint may use: loops, gates, validity. A macro library of real graphs at the engine's path, made in memory when first asked
- * for and never saved.
+ * The macro library that every Blueprint may use: loops, gates, validity. A macro library of real graphs at the
+ * engine's path, made in memory when first asked for and never saved.
  */
 namespace StandardMacros
 {
@@ -18,6 +18,7 @@ extern const TCHAR* const PackageName;
 UBlueprint* GetLibrary();
 /** A macro by its graph's name; null when there is none. */
 UEdGraph* FindMacro(FName Name);
-/** Lets the library be loaded by path like an asset. Start-up calls it after the loader of packages is set; calling it again does nothing. */
+/** Lets the library be loaded by path like an asset. Start-up calls it after the loader of packages is set; calling it
+ * again does nothing. */
 void Install();
 } // namespace StandardMacros

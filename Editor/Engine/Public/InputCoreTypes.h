@@ -10,7 +10,10 @@ struct FKey
 	EDITOR_STRUCT(FKey)
 
 	FKey() = default;
-	FKey(const FName InName) : KeyName(InName) {}
+	FKey(const FName InName)
+		: KeyName(InName)
+	{
+	}
 	FName GetFName() const { return KeyName; }
 	FString ToString() const { return KeyName.ToString(); }
 	bool IsValid() const { return !KeyName.IsNone(); }
@@ -21,7 +24,8 @@ struct FKey
 	bool IsAxis3D() const;
 	/** All keys of keyboard, mouse, gamepad and touch screen. */
 	static const TArray<FKey>& GetAllKeys();
-	bool ExportTextItem(FString& ValueStr, const FKey& DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const;
+	bool ExportTextItem(
+		FString& ValueStr, const FKey& DefaultValue, UObject* Parent, int32 PortFlags, UObject* ExportRootScope) const;
 	bool ImportTextItem(const TCHAR*& Buffer, int32 PortFlags, UObject* Parent, FOutputDevice* ErrorText);
 	bool operator==(const FKey& Other) const { return KeyName == Other.KeyName; }
 

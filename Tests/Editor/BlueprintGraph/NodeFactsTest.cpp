@@ -3,22 +3,13 @@
 #include "Boot/EditorModules.h"
 #include "GraphBuilder.h"
 #include "NodeByIdentity.h"
+#include "NodeFactTable.h"
 #include "ToolResults.h"
 
 #include <gtest/gtest.h>
 
 namespace NodeFactsTests
 {
-struct FFact
-{
-	const char* Identity;
-	const char* Pins;
-};
-
-const FFact Facts[] = {
-#include "NodeFacts.inc"
-};
-
 std::string Container(const FJsonObject& Pin)
 {
 	const std::string Kind = ToStd(Pin.GetStringField(TEXT("container")));
@@ -64,7 +55,7 @@ TEST(NodeFacts, PinsAreThoseOfTheEditor)
 {
 	EditorModules::StartEditor();
 	FNodeByIdentity Nodes;
-	for (const FFact& Fact : Facts)
+	for (const FNodeFact& Fact : NodeFacts)
 	{
 		EXPECT_EQ(Folded(DescribePins(Nodes, Fact.Identity)), Folded(Fact.Pins)) << Fact.Identity;
 	}
@@ -74,14 +65,15 @@ TEST(NodeFacts, WhatIsNotKnownIsNamed)
 {
 	EditorModules::StartEditor();
 	FNodeByIdentity Nodes;
-	const FFact Cases[] = {{R"({"node_class":"K2Node_Nothing"})", "error: There is no node class 'K2Node_Nothing'."},
+	const FNodeFact Cases[] = {
+		{R"({"node_class":"K2Node_Nothing"})", "error: There is no node class 'K2Node_Nothing'."},
 		{R"({"node_class":"K2Node_CallFunction","function":"Fly","function_parent":"/Script/Engine.Actor"})",
 			"error: The function 'Fly' is not known."},
 		{R"({"node_class":"K2Node_MacroInstance","macro":"/Game/Mine.Mine:Loop"})",
 			"error: The macro '/Game/Mine.Mine:Loop' is not known."},
 		{R"({"node_class":"K2Node_VariableGet","variable":"Mana","self_context":true})",
 			"error: The variable 'Mana' is not known."}};
-	for (const FFact& Case : Cases)
+	for (const FNodeFact& Case : Cases)
 	{
 		EXPECT_EQ(DescribePins(Nodes, Case.Identity), Case.Pins);
 	}

@@ -147,7 +147,6 @@ void UK2Node_BaseAsyncTask::CreateFactoryPins(const UFunction& Function)
 void UK2Node_BaseAsyncTask::AllocateDefaultPins()
 {
 	static const FName HideThen(TEXT("HideThen"));
-	static const FName HideThenOfTask(TEXT("HideSpawnParms"));
 	CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Execute);
 	const UClass* const Class = ProxyClass.Get();
 	if (!Class || !Class->HasMetaData(HideThen))
@@ -237,7 +236,6 @@ namespace AsyncTasks
 /** Static functions that make an object of a class below Base. */
 void AddFactories(FBlueprintActionDatabaseRegistrar& ActionRegistrar, UClass* NodeClass, const UClass* Base)
 {
-	static const FName ExposedKey(TEXT("ExposedAsyncProxy"));
 	TArray<UClass*> Classes;
 	if (Base)
 	{

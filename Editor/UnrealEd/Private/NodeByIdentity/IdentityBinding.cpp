@@ -215,6 +215,13 @@ void ApplyFields(UEdGraphNode& Node, const FJsonObject& Identity)
 
 FString FindMissing(const UEdGraphNode& Node, const FJsonObject& Identity)
 {
+	bool bOfBlueprint = false;
+	const FString Named = Text(Identity, TEXT("variable")) + Text(Identity, TEXT("function"))
+		+ Text(Identity, TEXT("delegate"));
+	if (Identity.TryGetBoolField(TEXT("member_has_guid"), bOfBlueprint) && bOfBlueprint)
+	{
+		return FString::Printf(TEXT("The member '%s' belongs to a Blueprint that is not at hand."), *Named);
+	}
 	const auto Missing = [](const TCHAR* Kind, const FString& Name)
 	{ return FString::Printf(TEXT("The %s '%s' is not known."), Kind, *Name); };
 	if (const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node))

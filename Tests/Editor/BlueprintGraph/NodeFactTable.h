@@ -1,5 +1,16 @@
-// What nodes of the editor look like: an identity, and the pins in order as "<name: category/sub-category object container flags",
-// "<" for inputs and ">" for outputs.
+#pragma once
+
+/** What a node of the editor looks like. */
+struct FNodeFact
+{
+	/** As `morvane node` takes it. */
+	const char* Identity;
+	/** The pins in order: "<name: category/sub-category object container flags", "<" for inputs and ">" for outputs. */
+	const char* Pins;
+};
+
+// clang-format off
+inline constexpr FNodeFact NodeFacts[] = {
 {R"json({"node_class":"K2Node_AddDelegate","delegate":"OnActorHit","delegate_parent":"/Script/Engine.Actor"})json",
 	"<execute: exec; >then: exec; <self: object /Script/Engine.Actor; <Delegate: delegate"},
 {R"json({"node_class":"K2Node_AddDelegate","delegate":"OnPreInitializeDelegate","delegate_parent":"/Script/ControlRig.ControlRigComponent"})json",
@@ -182,3 +193,5 @@
 	">CharacterMovement: object /Script/Engine.CharacterMovementComponent; <self: object /Script/Engine.Character"},
 {R"json({"node_class":"K2Node_VariableSet","variable":"bEnabled","variable_parent":"/Script/Engine.PostProcessComponent","props":{"SelfContextInfo":"NotSelfContext"}})json",
 	"<execute: exec; >then: exec; <bEnabled: bool; >Output_Get: bool; <self: object /Script/Engine.PostProcessComponent"},
+};
+// clang-format on
