@@ -154,14 +154,14 @@ TEST(CreateGraph, DirectionWords)
 TEST(CreateGraph, AParameterWithoutAReadableTypeIsLeftOutAndTold)
 {
 	FCreating Case;
-	Case.Create(R"([{"name":"F","parameters":[
-		{"name":"Word","type":"float"},{"name":"Odd","type":{"category":"nonsense"}},{"name":"None"}]}])");
+	Case.Create(R"([{"name":"F","parameters":[{"name":"Word","type":"float"},
+		{"name":"Good","type":{"category":"float"}},{"name":"Odd","type":{"category":"nonsense"}}]}])");
 	EXPECT_THAT(Errors(Case.Result), IsEmpty());
 	EXPECT_THAT(
-		PinNames(FBlueprintGraphUtils::FindFunctionEntry(Case.Graph(TEXT("F"))), EGPD_Output), ElementsAre("Word"));
+		PinNames(FBlueprintGraphUtils::FindFunctionEntry(Case.Graph(TEXT("F"))), EGPD_Output), ElementsAre("Good"));
 	EXPECT_THAT(Warnings(Case.Result),
-		ElementsAre("Parameter 'Odd' of function 'F' has a type that could not be parsed; it was left out.",
-			"Parameter 'None' of function 'F' has a type that could not be parsed; it was left out."));
+		ElementsAre("Parameter 'Word' of function 'F' has a type that could not be parsed; it was left out.",
+			"Parameter 'Odd' of function 'F' has a type that could not be parsed; it was left out."));
 }
 
 TEST(CreateGraph, AParentEventBecomesAnEventAndNoFunction)

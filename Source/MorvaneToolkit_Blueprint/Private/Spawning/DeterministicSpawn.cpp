@@ -171,11 +171,19 @@ private:
 	{
 		Overloads = Lookups.FindOverloads(Class, Record.TargetFunction);
 		Function = FBlueprintDeterministicSpawn::ChooseOverload(Overloads, Record.TargetFunction, Record.MenuTitle);
-		return Function
-			|| Refuse(FString::Printf(
+		if (!Function)
+		{
+			return Refuse(FString::Printf(
 				TEXT(
 					"Deterministic spawn failed: Function '%s' not found in class '%s' (or overloads exist without menu_title). Returning failure to caller."),
 				*Record.TargetFunction, *Class->GetName()));
+		}
+		// Look-ups outlive single requests: what they hold may be gone by now.
+		return IsValid(Function)
+			|| Refuse(FString::Printf(
+				TEXT(
+					"Deterministic spawn failed: Function lookup returned null (unexpected - this should not happen).\n  Requested Function: %s::%s\n  Resolved Class: '%s'\n  Menu Title: '%s'\n  This is an internal consistency error. FindFunctionWithOverloadHandling returned success but Function is null."),
+				*Record.TargetClass, *Record.TargetFunction, *Class->GetName(), *Record.MenuTitle));
 	}
 
 	bool SpawnCall(UEdGraphNode*& OutNode)

@@ -44,21 +44,13 @@ TMap<FString, FString> ParseMetadata(const FJsonObject& Json)
 
 TOptional<FEdGraphPinType> ParseType(const FJsonObject& Json, const TCHAR* Key)
 {
-	const TSharedPtr<FJsonObject>* Given = nullptr;
-	FString Category;
-	TSharedPtr<FJsonObject> Type;
-	if (Json.TryGetObjectField(Key, Given))
-	{
-		Type = *Given;
-	}
-	else if (Json.TryGetStringField(Key, Category))
-	{
-		// A bare word is a type that has nothing but its category.
-		Type = MakeShared<FJsonObject>();
-		Type->SetStringField(TEXT("category"), Category);
-	}
+	const TSharedPtr<FJsonObject>* Type = nullptr;
 	FEdGraphPinType PinType;
-	return FAssetOperationBase::ConvertJsonToEdGraphPinType(Type, PinType) ? PinType : TOptional<FEdGraphPinType>();
+	if (Json.TryGetObjectField(Key, Type) && FAssetOperationBase::ConvertJsonToEdGraphPinType(**Type, PinType))
+	{
+		return PinType;
+	}
+	return {};
 }
 } // namespace PopulateRecordsParsing
 
