@@ -1,5 +1,5 @@
-// Pins refer to one another by node name and pin id while they are text. This turns all such references of a set of nodes into
-// pointers in one pass.
+// Pins refer to one another by node name and pin id while they are text. This turns all such references of a set of
+// nodes into pointers in one pass.
 
 #include "EdGraph/EdGraphNode.h"
 
@@ -36,12 +36,29 @@ private:
 	TMap<FKey, UEdGraphPin*> Pins;
 };
 
+/** Text of any origin may claim anything; pins of one node stay a forest. */
+bool CanBeBelow(const UEdGraphPin& SubPin, const UEdGraphPin& Parent)
+{
+	if (SubPin.GetOwningNode() != Parent.GetOwningNode() || SubPin.ParentPin)
+	{
+		return false;
+	}
+	for (const UEdGraphPin* Above = &Parent; Above; Above = Above->ParentPin)
+	{
+		if (Above == &SubPin)
+		{
+			return false;
+		}
+	}
+	return true;
+}
+
 void Resolve(UEdGraphPin& Pin, const UEdGraphPin::FPendingReferences& Pending, const FIndex& Index)
 {
 	for (const UEdGraphPin::FPendingReference& Reference : Pending.LinkedTo)
 	{
-		// Both ends name each other. The order of each end's own list is kept, since it is the order of execution and of
-		// layout; an end that the other side does not confirm is confirmed for it.
+		// Both ends name each other. The order of each end's own list is kept, since it is the order of execution and
+		// of layout; an end that the other side does not confirm is confirmed for it.
 		if (UEdGraphPin* const Other = Index.Find(Reference); Other && Other != &Pin)
 		{
 			Pin.LinkedTo.AddUnique(Other);
@@ -49,7 +66,7 @@ void Resolve(UEdGraphPin& Pin, const UEdGraphPin::FPendingReferences& Pending, c
 	}
 	for (const UEdGraphPin::FPendingReference& Reference : Pending.SubPins)
 	{
-		if (UEdGraphPin* const SubPin = Index.Find(Reference); SubPin && SubPin->GetOwningNode() == Pin.GetOwningNode())
+		if (UEdGraphPin* const SubPin = Index.Find(Reference); SubPin && CanBeBelow(*SubPin, Pin))
 		{
 			Pin.SubPins.AddUnique(SubPin);
 			SubPin->ParentPin = &Pin;

@@ -363,3 +363,24 @@ TEST(Clipboard, WhatIsNoGraphTextMakesNothing)
 		EXPECT_EQ(Graph->Nodes.Num(), Before) << Text;
 	}
 }
+
+TEST(Clipboard, PinsThatClaimToBeBelowEachOtherAreNot)
+{
+	const FBlueprintBuilder Blueprint;
+	const std::string Knot = "K2Node_Knot_0 000000000000000000000000000000";
+	const TArray<UEdGraphNode*> Nodes = Paste(Blueprint.EventGraph().Get(),
+		"Begin Object Class=/Script/BlueprintGraph.K2Node_Knot Name=\"K2Node_Knot_0\"\n"
+		"   CustomProperties Pin (PinId=0000000000000000000000000000000A,PinName=\"InputPin\",SubPins=("
+			+ Knot + "0A," + Knot + "0B,),LinkedTo=(" + Knot
+			+ "0A,),)\n"
+			  "   CustomProperties Pin (PinId=0000000000000000000000000000000B,PinName=\"OutputPin\",Direction=\"EGPD_Output\",SubPins=("
+			+ Knot + "0A,),)\nEnd Object\n");
+	ASSERT_EQ(Nodes.Num(), 1);
+	const UEdGraphPin* const Input = Nodes[0]->FindPin(TEXT("InputPin"));
+	const UEdGraphPin* const Output = Nodes[0]->FindPin(TEXT("OutputPin"));
+	EXPECT_EQ(Input->SubPins.Num(), 1);
+	EXPECT_EQ(Output->ParentPin, Input);
+	EXPECT_EQ(Input->ParentPin, nullptr);
+	EXPECT_TRUE(Output->SubPins.IsEmpty());
+	EXPECT_TRUE(Input->LinkedTo.IsEmpty());
+}

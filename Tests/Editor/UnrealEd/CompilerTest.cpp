@@ -7,6 +7,7 @@
 #include "K2Node_CallFunction.h"
 #include "K2Node_CustomEvent.h"
 #include "K2Node_DynamicCast.h"
+#include "K2Node_Event.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "K2Node_IfThenElse.h"
@@ -207,6 +208,29 @@ const FFault Faults[] = {
 			}
 		},
 		{"error: The name 'Ring' is used by more than one custom event; every member of a Blueprint needs a name of its own: Ring {Ring}"}},
+	{"TwoOverridesOfOneEvent",
+		[](const FBlueprintBuilder& Blueprint)
+		{
+			for (int32 Index = 0; Index < 2; ++Index)
+			{
+				FGraphNodeCreator<UK2Node_Event> Creator(*Blueprint.EventGraph().Get());
+				UK2Node_Event* const Event = Creator.CreateNode(false);
+				Event->EventReference.SetExternalMember(TEXT("ReceiveDestroyed"), FindObject<UClass>(nullptr, Actor));
+				Event->bOverrideFunction = true;
+				Creator.Finalize();
+			}
+		},
+		{"error: Found more than one function with the same name: Event Destroyed and Event Destroyed {Event Destroyed; Event "
+		 "Destroyed}"}},
+	{"InterfaceFunctionWithoutEntry",
+		[](const FBlueprintBuilder& Blueprint)
+		{
+			const UClass* const Interface = FindObject<UClass>(
+				nullptr, TEXT("/Script/MovieScene.MovieSceneEasingFunction"));
+			ASSERT_TRUE(FBlueprintEditorUtils::ImplementNewInterface(Blueprint.Get(), FTopLevelAssetPath(Interface)));
+			FBlueprintEditorUtils::GetEntryNode(Blueprint->ImplementedInterfaces[0].Graphs[0])->DestroyNode();
+		},
+		{"error: Interface function 'OnEvaluate' of 'MovieSceneEasingFunction' is not implemented"}},
 	{"EventNamedAsVariable",
 		[](const FBlueprintBuilder& Blueprint)
 		{
