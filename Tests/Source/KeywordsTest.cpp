@@ -1,6 +1,7 @@
 #include "AssetOperationBase.h"
 #include "GraphBuilder.h"
 #include "KeywordIndex.h"
+#include "KeywordSet.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -233,7 +234,7 @@ TEST(KeywordSimilarity, SlipsCountAsCommonButLieFurtherAway)
 	const FKeywordSimilarity Exact = FAssetOperationBase::CalculateKeywordSimilarity(Right, Menu);
 	const FKeywordSimilarity Close = FAssetOperationBase::CalculateKeywordSimilarity(Slip, Menu);
 	EXPECT_EQ(Exact.CommonCount, 4);
-	EXPECT_LT(Exact.Distance, 4); // what a menu has without being asked counts 4 or more
+	EXPECT_EQ(Exact.Distance, FKeywordSet(Menu).GetPrior()); // nothing is unasked and nothing slipped
 	EXPECT_EQ(Close.CommonCount, 3);
 	EXPECT_EQ(ToStd(FString::Join(Close.CommonKeywords, TEXT(" "))), "set actor lcoation");
 	EXPECT_GT(Close.Distance, Exact.Distance);

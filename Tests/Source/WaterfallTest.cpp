@@ -10,6 +10,7 @@
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "K2Node_IfThenElse.h"
+#include "K2Node_MathExpression.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
 #include "Kismet2/BlueprintEditorUtils.h"
@@ -434,6 +435,18 @@ TEST(PostSpawn, ANodeOfAnotherClassThanAskedForStays)
 	Case.Nodes(LooseNode("b", "Branch", R"("class_name":"K2Node_CallFunction")"));
 	EXPECT_EQ(Case.Data(TEXT("nodes_created")), "1");
 	EXPECT_TRUE(FPopulating::FindNode<UK2Node_IfThenElse>(Case.Blueprint.EventGraph().Get()));
+}
+
+TEST(PostSpawn, AMathExpressionIsTheTitle)
+{
+	FPopulating Case;
+	Case.Nodes(LooseNode("m", "(a + b) * 2", R"("class_name":"K2Node_MathExpression")") + ","
+		+ LooseNode("w", "a + * b)", R"("class_name":"MathExpression")"));
+	EXPECT_EQ(Case.Data(TEXT("nodes_created")), "1") << testing::PrintToString(Warnings(*Case.Result));
+	EXPECT_THAT(Warnings(*Case.Result), ElementsAre(StartsWith("[Failure] Invalid math expression 'a + * b)': ")));
+	const UEdGraphNode* const Node = FPopulating::FindNode<UK2Node_MathExpression>(Case.Blueprint.EventGraph().Get());
+	ASSERT_TRUE(Node);
+	EXPECT_TRUE(Node->FindPin(TEXT("a")) && Node->FindPin(TEXT("b")));
 }
 
 TEST(PostSpawn, TheFunctionOfTheMetadataMustBeTheOneSpawned)
