@@ -7,6 +7,21 @@ uint32 FJsonKeyFuncs::GetKeyHash(const FString& Key)
 	return static_cast<uint32>(std::hash<std::wstring>()(Key.ToStdWString()));
 }
 
+namespace JsonObjectPrivate
+{
+using FValues = decltype(FJsonObject::Values);
+
+/** Objects of one member are rare; most documents are made of many objects of a few. */
+FValues& MakeRoom(FValues& Values)
+{
+	if (Values.IsEmpty())
+	{
+		Values.Reserve(4);
+	}
+	return Values;
+}
+} // namespace JsonObjectPrivate
+
 TSharedPtr<FJsonValue> FJsonObject::MakeNull()
 {
 	return MakeShared<FJsonValueNull>();
@@ -20,12 +35,12 @@ TSharedPtr<FJsonValue> FJsonObject::TryGetField(const FStringView FieldName) con
 
 void FJsonObject::SetField(const FString& FieldName, const TSharedPtr<FJsonValue>& Value)
 {
-	Values.Add(FieldName, Value ? Value : MakeNull());
+	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, Value ? Value : MakeNull());
 }
 
 void FJsonObject::SetField(FString&& FieldName, const TSharedPtr<FJsonValue>& Value)
 {
-	Values.Add(MoveTemp(FieldName), Value ? Value : MakeNull());
+	JsonObjectPrivate::MakeRoom(Values).Add(MoveTemp(FieldName), Value ? Value : MakeNull());
 }
 
 void FJsonObject::RemoveField(const FStringView FieldName)
@@ -47,7 +62,7 @@ int32 FJsonObject::GetIntegerField(const FStringView FieldName) const
 
 void FJsonObject::SetNumberField(const FString& FieldName, const double Number)
 {
-	Values.Add(FieldName, MakeShared<FJsonValueNumber>(Number));
+	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueNumber>(Number));
 }
 
 FString FJsonObject::GetStringField(const FStringView FieldName) const
@@ -85,7 +100,7 @@ bool FJsonObject::TryGetStringArrayField(const FStringView FieldName, TArray<FSt
 
 void FJsonObject::SetStringField(const FString& FieldName, const FString& StringValue)
 {
-	Values.Add(FieldName, MakeShared<FJsonValueString>(StringValue));
+	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueString>(StringValue));
 }
 
 bool FJsonObject::GetBoolField(const FStringView FieldName) const
@@ -101,7 +116,7 @@ bool FJsonObject::TryGetBoolField(const FStringView FieldName, bool& bOutBool) c
 
 void FJsonObject::SetBoolField(const FString& FieldName, const bool bBool)
 {
-	Values.Add(FieldName, MakeShared<FJsonValueBoolean>(bBool));
+	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueBoolean>(bBool));
 }
 
 const TArray<TSharedPtr<FJsonValue>>& FJsonObject::GetArrayField(const FStringView FieldName) const
@@ -120,12 +135,12 @@ bool FJsonObject::TryGetArrayField(const FStringView FieldName, const TArray<TSh
 
 void FJsonObject::SetArrayField(const FString& FieldName, const TArray<TSharedPtr<FJsonValue>>& Array)
 {
-	Values.Add(FieldName, MakeShared<FJsonValueArray>(Array));
+	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueArray>(Array));
 }
 
 void FJsonObject::SetArrayField(const FString& FieldName, TArray<TSharedPtr<FJsonValue>>&& Array)
 {
-	Values.Add(FieldName, MakeShared<FJsonValueArray>(MoveTemp(Array)));
+	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueArray>(MoveTemp(Array)));
 }
 
 const TSharedPtr<FJsonObject>& FJsonObject::GetObjectField(const FStringView FieldName) const
@@ -144,7 +159,7 @@ bool FJsonObject::TryGetObjectField(const FStringView FieldName, const TSharedPt
 
 void FJsonObject::SetObjectField(const FString& FieldName, const TSharedPtr<FJsonObject>& JsonObject)
 {
-	Values.Add(FieldName, MakeShared<FJsonValueObject>(JsonObject));
+	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueObject>(JsonObject));
 }
 
 void FJsonObject::Duplicate(const TSharedPtr<const FJsonObject>& Source, TSharedPtr<FJsonObject>& OutCopy)

@@ -3,6 +3,8 @@
 #include "Containers/StringConv.h"
 #include "Dom/JsonObject.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <string_view>
@@ -13,6 +15,17 @@ bool NeedsEscape(const TCHAR Char)
 {
 	return Char < 0x20 || Char == TEXT('"') || Char == TEXT('\\');
 }
+
+/** Whether an ASCII character stands in a text as it is. */
+constexpr std::array<bool, 128> PlainAscii = []
+{
+	std::array<bool, 128> Plain{};
+	for (std::size_t Char = 0x20; Char < Plain.size(); ++Char)
+	{
+		Plain[Char] = Char != '"' && Char != '\\';
+	}
+	return Plain;
+}();
 
 /** Very large and very small numbers take an exponent, where %.17g does. */
 bool IsWrittenInFull(const double Value)
@@ -52,6 +65,43 @@ void AppendRun(std::string& Out, std::wstring_view Run)
 			Run.remove_prefix(Count);
 		}
 	}
+}
+/** Appends the beginning of Chars that needs no escape, or a part of it; answers how much that was. */
+std::size_t AppendPlain(std::wstring& Out, const std::wstring_view Chars)
+{
+	std::size_t Count = 0;
+	while (Count < Chars.size() && !NeedsEscape(Chars[Count]))
+	{
+		++Count;
+	}
+	Out.append(Chars.substr(0, Count));
+	return Count;
+}
+
+/** The same, in one pass that looks at each character and narrows it. */
+std::size_t AppendPlain(std::string& Out, const std::wstring_view Chars)
+{
+	constexpr std::size_t BlockSize = 256;
+	char Block[BlockSize];
+	const std::size_t End = std::min(Chars.size(), BlockSize);
+	std::size_t Count = 0;
+	while (
+		Count < End && static_cast<uint32>(Chars[Count]) < 0x80 && PlainAscii[static_cast<std::size_t>(Chars[Count])])
+	{
+		Block[Count] = static_cast<char>(Chars[Count]);
+		++Count;
+	}
+	Out.append(Block, Count);
+	if (Count > 0 || NeedsEscape(Chars.front()))
+	{
+		return Count;
+	}
+	while (Count < Chars.size() && static_cast<uint32>(Chars[Count]) >= 0x80)
+	{
+		++Count;
+	}
+	FUTF8::Append(Out, Chars.substr(0, Count));
+	return Count;
 }
 } // namespace JsonEmitterPrivate
 
@@ -172,18 +222,12 @@ void TJsonEmitter<CharType>::Quoted(const FStringView Chars)
 	std::wstring_view Rest = Chars.ToStdView();
 	while (!Rest.empty())
 	{
-		std::size_t Count = 0;
-		while (Count < Rest.size() && !JsonEmitterPrivate::NeedsEscape(Rest[Count]))
-		{
-			++Count;
-		}
-		JsonEmitterPrivate::AppendRun(Text, Rest.substr(0, Count));
-		Rest.remove_prefix(Count);
-		if (!Rest.empty())
+		const std::size_t Count = JsonEmitterPrivate::AppendPlain(Text, Rest);
+		if (Count == 0)
 		{
 			Escape(Rest.front());
-			Rest.remove_prefix(1);
 		}
+		Rest.remove_prefix(Count > 0 ? Count : 1);
 	}
 	Text += CharType('"');
 }

@@ -5,6 +5,19 @@
 #include "Serialization/JsonEmitter.h"
 #include "Serialization/JsonParser.h"
 
+/** Large texts are not copied when there is nothing to put them behind. */
+static void Append(std::string& OutText, std::string&& Text)
+{
+	if (OutText.empty())
+	{
+		OutText = MoveTemp(Text);
+	}
+	else
+	{
+		OutText += Text;
+	}
+}
+
 bool JsonUtf8::Check(const std::string_view Text, std::string& OutError)
 {
 	FJsonParseError Error;
@@ -47,12 +60,12 @@ void JsonUtf8::Write(const FJsonObject& Object, std::string& OutText, const bool
 {
 	TJsonEmitter<char> Emitter(bPretty);
 	Emitter.Object(Object);
-	OutText += Emitter.GetText();
+	Append(OutText, MoveTemp(Emitter.GetText()));
 }
 
 void JsonUtf8::WriteValue(const FJsonValue& Value, std::string& OutText, const bool bPretty)
 {
 	TJsonEmitter<char> Emitter(bPretty);
 	Emitter.Value(Value);
-	OutText += Emitter.GetText();
+	Append(OutText, MoveTemp(Emitter.GetText()));
 }

@@ -26,6 +26,12 @@ struct FContext
 	TSet<const UEdGraph*>& Visited;
 };
 
+/** For the leaves that a read has most of: moves name and text where SetStringField copies them. */
+void SetText(FJsonObject& Object, const TCHAR* Key, FString Text)
+{
+	Object.SetField(FString(Key), MakeShared<FJsonValueString>(MoveTemp(Text)));
+}
+
 void SetMember(FJsonObject& Properties, const TCHAR* NameKey, FName Name, const TCHAR* ClassKey, const UClass* Parent)
 {
 	Properties.SetStringField(NameKey, Name.ToString());
@@ -387,9 +393,12 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadPinInfo(const UEdGraphPin* Pin,
 		return nullptr;
 	}
 	const TSharedPtr<FJsonObject> Info = MakeShared<FJsonObject>();
-	Info->SetStringField(TEXT("name"), Pin->PinName.ToString());
-	Info->SetStringField(TEXT("value"), Pin->DefaultValue);
-	Info->SetStringField(TEXT("direction"), Pin->Direction == EGPD_Input ? TEXT("Input") : TEXT("Output"));
+	ReadNode::SetText(*Info, TEXT("name"), Pin->PinName.ToString());
+	ReadNode::SetText(*Info, TEXT("value"), Pin->DefaultValue);
+	// Values do not change, so all pins share these.
+	static const TSharedPtr<FJsonValue> Input = MakeShared<FJsonValueString>(TEXT("Input"));
+	static const TSharedPtr<FJsonValue> Output = MakeShared<FJsonValueString>(TEXT("Output"));
+	Info->SetField(TEXT("direction"), Pin->Direction == EGPD_Input ? Input : Output);
 	Info->SetObjectField(TEXT("type"), FAssetOperationBase::ConvertEdGraphPinTypeToJson(Pin->PinType));
 	TArray<TSharedPtr<FJsonValue>> Connections;
 	for (const UEdGraphPin* const Linked : Pin->LinkedTo)
@@ -400,14 +409,14 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadPinInfo(const UEdGraphPin* Pin,
 			continue;
 		}
 		const TSharedPtr<FJsonObject> Connection = MakeShared<FJsonObject>();
-		Connection->SetStringField(TEXT("node_title"), Node->GetNodeTitle(ENodeTitleType::MenuTitle).ToString());
-		Connection->SetStringField(TEXT("node_guid"), GetShortNodeId(Node));
-		Connection->SetStringField(TEXT("pin_name"), Linked->PinName.ToString());
+		ReadNode::SetText(*Connection, TEXT("node_title"), Node->GetNodeTitle(ENodeTitleType::MenuTitle).ToString());
+		ReadNode::SetText(*Connection, TEXT("node_guid"), GetShortNodeId(Node));
+		ReadNode::SetText(*Connection, TEXT("pin_name"), Linked->PinName.ToString());
 		Connections.Add(MakeShared<FJsonValueObject>(Connection));
 	}
 	if (!Connections.IsEmpty())
 	{
-		Info->SetArrayField(TEXT("connections"), Connections);
+		Info->SetArrayField(TEXT("connections"), MoveTemp(Connections));
 	}
 	return Info;
 }
