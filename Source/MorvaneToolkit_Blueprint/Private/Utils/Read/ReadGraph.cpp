@@ -11,6 +11,7 @@
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_EventNodeInterface.h"
 #include "ToolInfo.h"
+#include "Utils/Read/ReadPins.h"
 
 namespace ReadGraph
 {
@@ -43,8 +44,8 @@ void SetHead(FJsonObject& Object, const UEdGraph& Graph)
 	Object.SetStringField(TEXT("schema"), Schema ? Schema->GetClass()->GetName() : FString(TEXT("Unknown")));
 }
 
-TSharedPtr<FJsonObject> ReadNodeWithPins(
-	const UEdGraphNode& Node, const TSharedPtr<FJsonObject>& Command, int32 Depth, TSet<const UEdGraph*>& Visited)
+TSharedPtr<FJsonObject> ReadNodeWithPins(const UEdGraphNode& Node, const TSharedPtr<FJsonObject>& Command, int32 Depth,
+	TSet<const UEdGraph*>& Visited, FPinReader& PinReader)
 {
 	const TSharedPtr<FJsonObject> Info = FBlueprintReadUtils::ReadNodeInfo(&Node, Command, Depth, Visited);
 	TArray<TSharedPtr<FJsonValue>> Pins;
@@ -53,7 +54,7 @@ TSharedPtr<FJsonObject> ReadNodeWithPins(
 	{
 		if (Pin)
 		{
-			Pins.Add(MakeShared<FJsonValueObject>(FBlueprintReadUtils::ReadPinInfo(Pin)));
+			Pins.Add(MakeShared<FJsonValueObject>(PinReader.Read(*Pin)));
 		}
 	}
 	Info->SetArrayField(TEXT("pins"), MoveTemp(Pins));
@@ -107,11 +108,13 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEdGraph(
 	{
 		TArray<TSharedPtr<FJsonValue>> Nodes;
 		Nodes.Reserve(Graph->Nodes.Num());
+		FPinReader PinReader;
 		for (const UEdGraphNode* const Node : Graph->Nodes)
 		{
 			if (Node)
 			{
-				Nodes.Add(MakeShared<FJsonValueObject>(ReadGraph::ReadNodeWithPins(*Node, Command, Depth, Visited)));
+				Nodes.Add(MakeShared<FJsonValueObject>(
+					ReadGraph::ReadNodeWithPins(*Node, Command, Depth, Visited, PinReader)));
 			}
 		}
 		Object->SetArrayField(TEXT("nodes"), MoveTemp(Nodes));
@@ -315,14 +318,14 @@ private:
 		Entries.Add(MakeShared<FJsonValueObject>(Entry));
 	}
 
-	TArray<TSharedPtr<FJsonValue>> ReadNodes(const TArray<const UEdGraphNode*>& Nodes) const
+	TArray<TSharedPtr<FJsonValue>> ReadNodes(const TArray<const UEdGraphNode*>& Nodes)
 	{
 		TArray<TSharedPtr<FJsonValue>> Values;
 		Values.Reserve(Nodes.Num());
 		for (const UEdGraphNode* const Node : Nodes)
 		{
 			TSet<const UEdGraph*> Visited;
-			Values.Add(MakeShared<FJsonValueObject>(ReadNodeWithPins(*Node, Command, 0, Visited)));
+			Values.Add(MakeShared<FJsonValueObject>(ReadNodeWithPins(*Node, Command, 0, Visited, PinReader)));
 		}
 		return Values;
 	}
@@ -332,6 +335,7 @@ private:
 	bool bFull;
 	bool bFinalize = false;
 	FRequestedEvents Requested;
+	FPinReader PinReader;
 	TSet<const UEdGraphNode*> Attached;
 	TArray<TSharedPtr<FJsonValue>> Entries;
 };

@@ -7,7 +7,6 @@
 #include "AnimStateConduitNode.h"
 #include "AnimStateNode.h"
 #include "AnimStateTransitionNode.h"
-#include "AssetOperationBase.h"
 #include "EdGraph/EdGraph.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_Composite.h"
@@ -15,6 +14,7 @@
 #include "K2Node_Literal.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
+#include "Utils/Read/ReadPins.h"
 
 namespace ReadNode
 {
@@ -25,12 +25,6 @@ struct FContext
 	int32 Depth;
 	TSet<const UEdGraph*>& Visited;
 };
-
-/** For the leaves that a read has most of: moves name and text where SetStringField copies them. */
-void SetText(FJsonObject& Object, const TCHAR* Key, FString Text)
-{
-	Object.SetField(FString(Key), MakeShared<FJsonValueString>(MoveTemp(Text)));
-}
 
 void SetMember(FJsonObject& Properties, const TCHAR* NameKey, FName Name, const TCHAR* ClassKey, const UClass* Parent)
 {
@@ -388,35 +382,5 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadNodeInfo(
 
 TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadPinInfo(const UEdGraphPin* Pin, const TSet<const UEdGraphNode*>*)
 {
-	if (!Pin)
-	{
-		return nullptr;
-	}
-	const TSharedPtr<FJsonObject> Info = MakeShared<FJsonObject>();
-	ReadNode::SetText(*Info, TEXT("name"), Pin->PinName.ToString());
-	ReadNode::SetText(*Info, TEXT("value"), Pin->DefaultValue);
-	// Values do not change, so all pins share these.
-	static const TSharedPtr<FJsonValue> Input = MakeShared<FJsonValueString>(TEXT("Input"));
-	static const TSharedPtr<FJsonValue> Output = MakeShared<FJsonValueString>(TEXT("Output"));
-	Info->SetField(TEXT("direction"), Pin->Direction == EGPD_Input ? Input : Output);
-	Info->SetObjectField(TEXT("type"), FAssetOperationBase::ConvertEdGraphPinTypeToJson(Pin->PinType));
-	TArray<TSharedPtr<FJsonValue>> Connections;
-	for (const UEdGraphPin* const Linked : Pin->LinkedTo)
-	{
-		const UEdGraphNode* const Node = Linked ? Linked->GetOwningNodeUnchecked() : nullptr;
-		if (!Node)
-		{
-			continue;
-		}
-		const TSharedPtr<FJsonObject> Connection = MakeShared<FJsonObject>();
-		ReadNode::SetText(*Connection, TEXT("node_title"), Node->GetNodeTitle(ENodeTitleType::MenuTitle).ToString());
-		ReadNode::SetText(*Connection, TEXT("node_guid"), GetShortNodeId(Node));
-		ReadNode::SetText(*Connection, TEXT("pin_name"), Linked->PinName.ToString());
-		Connections.Add(MakeShared<FJsonValueObject>(Connection));
-	}
-	if (!Connections.IsEmpty())
-	{
-		Info->SetArrayField(TEXT("connections"), MoveTemp(Connections));
-	}
-	return Info;
+	return Pin ? FPinReader().Read(*Pin) : nullptr;
 }
