@@ -1,3 +1,4 @@
+#include "AssetRegistry/AssetRegistryModule.h"
 #include "BlueprintReadUtils.h"
 #include "Boot/EditorModules.h"
 #include "EdGraphSchema_K2.h"
@@ -8,6 +9,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "Serialization/JsonUtf8.h"
+#include "ToolResult.h"
 #include "UObject/Package.h"
 
 #include <benchmark/benchmark.h>
@@ -17,8 +19,9 @@ namespace ReadBench
 {
 UBlueprint* MakeBlueprint(int32 NumNodes)
 {
+	EditorModules::StartTools();
 	EditorModules::StartEditor();
-	const FString Name = FString::Printf(TEXT("/Temp/BP_Read%d"), NumNodes);
+	const FString Name = FString::Printf(TEXT("/Game/BP_Read%d"), NumNodes);
 	UBlueprint* const Blueprint = FKismetEditorUtilities::CreateBlueprint(
 		AActor::StaticClass(), CreatePackage(*Name), *FString::Printf(TEXT("BP_Read%d"), NumNodes), BPTYPE_Normal);
 	UEdGraph* const Graph = FBlueprintEditorUtils::FindEventGraph(Blueprint);
@@ -26,8 +29,8 @@ UBlueprint* MakeBlueprint(int32 NumNodes)
 	UK2Node_CustomEvent* const Event = Events.CreateNode();
 	Event->CustomFunctionName = TEXT("Run");
 	Events.Finalize();
-	const UFunction* const Print =
-		FindObject<UClass>(nullptr, TEXT("/Script/Engine.KismetSystemLibrary"))->FindFunctionByName(TEXT("PrintString"));
+	const UFunction* const Print = FindObject<UClass>(nullptr, TEXT("/Script/Engine.KismetSystemLibrary"))
+									   ->FindFunctionByName(TEXT("PrintString"));
 	UEdGraphPin* Last = Event->FindPin(UEdGraphSchema_K2::PN_Then);
 	for (int32 Index = 0; Index < NumNodes; ++Index)
 	{
@@ -82,7 +85,34 @@ void EventFlows(benchmark::State& State)
 		[&Command](const UEdGraph* Read)
 		{ return FBlueprintReadUtils::ReadEventGraph(Read, Command, false, TSet<FString>()); });
 }
+
+/** From the command to the text, as a tool runs it: load, all pages, serialise. */
+void Blueprint(benchmark::State& State)
+{
+	UBlueprint* const Made = MakeBlueprint(static_cast<int32>(State.range(0)));
+	FAssetRegistryModule::AssetCreated(Made);
+	const TSharedPtr<FJsonObject> Command = MakeCommand(TEXT("read_blueprint_event"));
+	Command->SetStringField(TEXT("path"), Made->GetOutermost()->GetName());
+	std::size_t Bytes = 0;
+	for (auto Step : State)
+	{
+		Morvane::FToolResult Result{Morvane::FToolCommand(TEXT("bench"), TEXT("read_blueprint_event"), FString())};
+		const FString Text = FBlueprintReadUtils::ReadBlueprint(Command, Result);
+		Bytes += static_cast<std::size_t>(Text.Len());
+		if (!Result.WasSuccessful())
+		{
+			State.SkipWithError("the read failed");
+			break;
+		}
+	}
+	State.SetBytesProcessed(static_cast<int64>(Bytes));
+	State.SetComplexityN(State.range(0));
+	FAssetRegistryModule::AssetDeleted(Made);
+	Made->GetOutermost()->MarkAsGarbage();
+	CollectGarbage();
+}
 } // namespace ReadBench
 
 BENCHMARK(ReadBench::Graph)->Name("Read/Graph")->RangeMultiplier(10)->Range(100, 10000)->Complexity();
 BENCHMARK(ReadBench::EventFlows)->Name("Read/EventFlows")->RangeMultiplier(10)->Range(100, 10000)->Complexity();
+BENCHMARK(ReadBench::Blueprint)->Name("Read/Blueprint")->RangeMultiplier(10)->Range(100, 10000)->Complexity();
