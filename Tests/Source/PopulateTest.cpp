@@ -106,7 +106,8 @@ TEST(PopulateRun, FillsLinksLaysOutAndSaves)
 		Graph, UTF8_TO_TCHAR(Case.GuidOf("p").c_str()));
 	ASSERT_TRUE(Node);
 	EXPECT_EQ(ToStd(Node->FindPin(TEXT("InString"))->DefaultValue), "Hello");
-	EXPECT_EQ(ToStd(Node->FindPin(TEXT("Duration"))->DefaultValue), "2.000000") << "a pin record without an action adds";
+	EXPECT_EQ(ToStd(Node->FindPin(TEXT("Duration"))->DefaultValue), "2.000000")
+		<< "a pin record without an action adds";
 	EXPECT_EQ(Node->FindPin(TEXT("then"))->LinkedTo.Num(), 1);
 	EXPECT_EQ(Node->FindPin(TEXT("execute"))->LinkedTo.Num(), 1);
 }

@@ -85,9 +85,9 @@ void UAnimGraphNode_StateMachineBase::PostPlacedNewNode()
 	}
 	UEdGraph* const Owner = GetGraph();
 	FName Name(TEXT("New State Machine"));
-	for (int32 Number = 0; Owner && Owner->SubGraphs.ContainsByPredicate([Name](const TObjectPtr<UEdGraph>& Other) {
-			 return Other && Other->GetFName() == Name;
-		 });
+	for (int32 Number = 0; Owner
+		 && Owner->SubGraphs.ContainsByPredicate(
+			 [Name](const TObjectPtr<UEdGraph>& Other) { return Other && Other->GetFName() == Name; });
 		 ++Number)
 	{
 		Name = FName(FString::Printf(TEXT("New State Machine_%d"), Number));

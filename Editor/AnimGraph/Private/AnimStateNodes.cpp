@@ -124,9 +124,9 @@ UEdGraph* UAnimStateNodeBase::MakeBoundGraph(const TCHAR* BaseName, UClass* Grap
 	UObject* const Outer = this;
 	// States of one machine have names of their own, so the name is looked for among the machine's graphs.
 	FName Name(BaseName);
-	for (int32 Number = 0; Machine && Machine->SubGraphs.ContainsByPredicate([Name](const TObjectPtr<UEdGraph>& Other) {
-			 return Other && Other->GetFName() == Name;
-		 });
+	for (int32 Number = 0; Machine
+		 && Machine->SubGraphs.ContainsByPredicate(
+			 [Name](const TObjectPtr<UEdGraph>& Other) { return Other && Other->GetFName() == Name; });
 		 ++Number)
 	{
 		Name = FName(FString::Printf(TEXT("%s_%d"), BaseName, Number));
@@ -154,7 +154,8 @@ void UAnimStateNode::AllocateDefaultPins()
 
 void UAnimStateNode::PostPlacedNewNode()
 {
-	BoundGraph = MakeBoundGraph(TEXT("State"), UAnimationStateGraph::StaticClass(), UAnimationStateGraphSchema::StaticClass());
+	BoundGraph = MakeBoundGraph(
+		TEXT("State"), UAnimationStateGraph::StaticClass(), UAnimationStateGraphSchema::StaticClass());
 }
 
 FText UAnimStateNode::GetTooltipText() const
@@ -174,7 +175,8 @@ void UAnimStateConduitNode::AllocateDefaultPins()
 
 void UAnimStateConduitNode::PostPlacedNewNode()
 {
-	BoundGraph = MakeBoundGraph(TEXT("Conduit"), UAnimationTransitionGraph::StaticClass(), UAnimationTransitionSchema::StaticClass());
+	BoundGraph = MakeBoundGraph(
+		TEXT("Conduit"), UAnimationTransitionGraph::StaticClass(), UAnimationTransitionSchema::StaticClass());
 }
 
 FText UAnimStateConduitNode::GetTooltipText() const
@@ -242,7 +244,8 @@ void UAnimStateTransitionNode::AllocateDefaultPins()
 
 void UAnimStateTransitionNode::PostPlacedNewNode()
 {
-	BoundGraph = MakeBoundGraph(TEXT("Transition"), UAnimationTransitionGraph::StaticClass(), UAnimationTransitionSchema::StaticClass());
+	BoundGraph = MakeBoundGraph(
+		TEXT("Transition"), UAnimationTransitionGraph::StaticClass(), UAnimationTransitionSchema::StaticClass());
 }
 
 FText UAnimStateTransitionNode::GetNodeTitle(ENodeTitleType::Type) const

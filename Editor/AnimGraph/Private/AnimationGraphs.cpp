@@ -1,5 +1,10 @@
 // The graphs of animation Blueprints and the rules that each kind has.
 
+#include "AnimationGraph.h"
+#include "AnimationGraphSchema.h"
+#include "AnimationStateGraph.h"
+#include "AnimationStateMachineSchema.h"
+#include "AnimationTransitionGraph.h"
 #include "AnimGraphClasses.h"
 #include "AnimGraphNode_Root.h"
 #include "AnimGraphNode_StateMachine.h"
@@ -8,11 +13,6 @@
 #include "AnimStateEntryNode.h"
 #include "AnimStateNode.h"
 #include "AnimStateTransitionNode.h"
-#include "AnimationGraph.h"
-#include "AnimationGraphSchema.h"
-#include "AnimationStateGraph.h"
-#include "AnimationStateMachineSchema.h"
-#include "AnimationTransitionGraph.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UAnimationGraph, "/Script/AnimGraph", CLASS_None)
@@ -40,7 +40,8 @@ void UAnimationStateMachineGraph::DescribeClass(FClassDescriber& Class)
 
 namespace AnimationGraphs
 {
-template <class T> T* CreateDefaultNode(UEdGraph& Graph)
+template <class T>
+T* CreateDefaultNode(UEdGraph& Graph)
 {
 	FGraphNodeCreator<T> Creator(Graph);
 	T* const Node = Creator.CreateNode();
@@ -89,7 +90,9 @@ const FPinConnectionResponse UAnimationStateMachineSchema::CanCreateConnection(
 	}
 	if (A->Direction == B->Direction)
 	{
-		return FPinConnectionResponse(CONNECT_RESPONSE_DISALLOW, A->Direction == EGPD_Input ? TEXT("Input is not compatible with another input") : TEXT("Output is not compatible with another output"));
+		return FPinConnectionResponse(CONNECT_RESPONSE_DISALLOW,
+			A->Direction == EGPD_Input ? TEXT("Input is not compatible with another input")
+									   : TEXT("Output is not compatible with another output"));
 	}
 	if (NodeA->IsA<UAnimStateEntryNode>() || NodeB->IsA<UAnimStateEntryNode>())
 	{
@@ -99,7 +102,8 @@ const FPinConnectionResponse UAnimationStateMachineSchema::CanCreateConnection(
 		{
 			return FPinConnectionResponse(CONNECT_RESPONSE_DISALLOW, TEXT("Entry must connect to a state node"));
 		}
-		return FPinConnectionResponse(bEntryIsA ? CONNECT_RESPONSE_BREAK_OTHERS_A : CONNECT_RESPONSE_BREAK_OTHERS_B, TEXT(""));
+		return FPinConnectionResponse(
+			bEntryIsA ? CONNECT_RESPONSE_BREAK_OTHERS_A : CONNECT_RESPONSE_BREAK_OTHERS_B, TEXT(""));
 	}
 	if (NodeA->IsA<UAnimStateTransitionNode>() || NodeB->IsA<UAnimStateTransitionNode>())
 	{

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "AnimGraphNode_Base.h"
 #include "AnimationStateMachineGraph.h"
+#include "AnimGraphNode_Base.h"
 
 class UAnimGraphNode_StateMachineBase : public UAnimGraphNode_Base
 {

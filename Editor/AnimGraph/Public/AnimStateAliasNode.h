@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CoreMinimal.h"
 #include "AnimStateNodeBase.h"
+#include "CoreMinimal.h"
 
 /** Stands for several states at once, as the start of transitions. */
 class UAnimStateAliasNode : public UAnimStateNodeBase

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CoreMinimal.h"
 #include "AnimStateNodeBase.h"
+#include "CoreMinimal.h"
 
 /** A crossing of transitions with a rule of its own. */
 class UAnimStateConduitNode : public UAnimStateNodeBase

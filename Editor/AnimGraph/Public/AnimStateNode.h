@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CoreMinimal.h"
 #include "AnimStateNodeBase.h"
+#include "CoreMinimal.h"
 
 /** A state: an animation graph that plays while the state is active. */
 class UAnimStateNode : public UAnimStateNodeBase

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CoreMinimal.h"
 #include "AnimStateNodeBase.h"
+#include "CoreMinimal.h"
 
 /** A way from one state to another, with a rule graph. */
 class UAnimStateTransitionNode : public UAnimStateNodeBase

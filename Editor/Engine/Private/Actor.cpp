@@ -8,7 +8,8 @@ IMPLEMENT_EDITOR_CLASS(AActor, "/Script/Engine", CLASS_None)
 void AActor::DescribeClass(FClassDescriber& Class)
 {
 	Class.Property(TEXT("RootComponent"), &AActor::RootComponent, CPF_BlueprintVisible | CPF_BlueprintReadOnly);
-	Class.Property(TEXT("bReplicates"), &AActor::bReplicates, CPF_Edit | CPF_BlueprintVisible | CPF_BlueprintReadOnly | CPF_Net);
+	Class.Property(
+		TEXT("bReplicates"), &AActor::bReplicates, CPF_Edit | CPF_BlueprintVisible | CPF_BlueprintReadOnly | CPF_Net);
 }
 
 void AActor::GetComponents(TArray<UActorComponent*>& OutComponents) const

@@ -18,7 +18,8 @@ IMPLEMENT_EDITOR_STRUCT(FBPVariableMetaDataEntry, "/Script/Engine")
 IMPLEMENT_EDITOR_STRUCT(FBPVariableDescription, "/Script/Engine")
 IMPLEMENT_EDITOR_STRUCT(FBPInterfaceDescription, "/Script/Engine")
 
-template <> UEnum* StaticEnum<EBlueprintType>()
+template <>
+UEnum* StaticEnum<EBlueprintType>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("EBlueprintType"), TEXT("/Script/Engine"),
 		UEnum::ECppForm::Regular,

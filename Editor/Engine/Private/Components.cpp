@@ -6,7 +6,8 @@
 IMPLEMENT_EDITOR_CLASS(UActorComponent, "/Script/Engine", CLASS_DefaultToInstanced)
 IMPLEMENT_EDITOR_CLASS(USceneComponent, "/Script/Engine", CLASS_None)
 
-template <> UEnum* StaticEnum<EComponentMobility::Type>()
+template <>
+UEnum* StaticEnum<EComponentMobility::Type>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("EComponentMobility"), TEXT("/Script/Engine"),
 		UEnum::ECppForm::Namespaced, {{TEXT("Static"), 0}, {TEXT("Stationary"), 1}, {TEXT("Movable"), 2}});
@@ -56,7 +57,8 @@ void USceneComponent::SetupAttachment(USceneComponent* InParent, FName InSocketN
 const TArray<TObjectPtr<USceneComponent>>& USceneComponent::GetAttachChildren() const
 {
 	AttachChildren.Empty();
-	for (UObject* Sibling = GetOuter() ? GetOuter()->GetFirstInner() : nullptr; Sibling; Sibling = Sibling->GetNextInner())
+	for (UObject* Sibling = GetOuter() ? GetOuter()->GetFirstInner() : nullptr; Sibling;
+		 Sibling = Sibling->GetNextInner())
 	{
 		USceneComponent* const Component = Cast<USceneComponent>(Sibling);
 		if (Component && Component->AttachParent.Get() == this)

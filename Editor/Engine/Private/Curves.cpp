@@ -9,7 +9,8 @@ IMPLEMENT_EDITOR_CLASS(UCurveLinearColor, "/Script/Engine", CLASS_None)
 IMPLEMENT_EDITOR_STRUCT(FRichCurveKey, "/Script/Engine")
 IMPLEMENT_EDITOR_STRUCT(FRichCurve, "/Script/Engine")
 
-template <> UEnum* StaticEnum<ERichCurveInterpMode>()
+template <>
+UEnum* StaticEnum<ERichCurveInterpMode>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("ERichCurveInterpMode"), TEXT("/Script/Engine"),
 		UEnum::ECppForm::Regular,

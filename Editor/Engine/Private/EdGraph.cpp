@@ -40,8 +40,7 @@ void UEdGraph::AddNode(UEdGraphNode* NodeToAdd, bool bUserAction, bool)
 	if (NodeToAdd->GetOuter() != this)
 	{
 		const bool bNameIsFree = IsUniqueObjectName(NodeToAdd->GetFName(), this);
-		NodeToAdd->Rename(
-			bNameIsFree ? nullptr : *MakeUniqueObjectName(this, NodeToAdd->GetClass()).ToString(), this);
+		NodeToAdd->Rename(bNameIsFree ? nullptr : *MakeUniqueObjectName(this, NodeToAdd->GetClass()).ToString(), this);
 	}
 	Nodes.Add(NodeToAdd);
 	FEdGraphEditAction Action;

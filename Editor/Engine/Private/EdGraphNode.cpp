@@ -8,15 +8,16 @@
 
 IMPLEMENT_EDITOR_CLASS(UEdGraphNode, "/Script/Engine", CLASS_None)
 
-template <> UEnum* StaticEnum<ENodeEnabledState>()
+template <>
+UEnum* StaticEnum<ENodeEnabledState>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("ENodeEnabledState"), TEXT("/Script/Engine"),
-		UEnum::ECppForm::EnumClass,
-		{{TEXT("Enabled"), 0}, {TEXT("Disabled"), 1}, {TEXT("DevelopmentOnly"), 2}});
+		UEnum::ECppForm::EnumClass, {{TEXT("Enabled"), 0}, {TEXT("Disabled"), 1}, {TEXT("DevelopmentOnly"), 2}});
 	return Enum;
 }
 
-template <> UEnum* StaticEnum<ENodeAdvancedPins::Type>()
+template <>
+UEnum* StaticEnum<ENodeAdvancedPins::Type>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("ENodeAdvancedPins"), TEXT("/Script/Engine"),
 		UEnum::ECppForm::Namespaced, {{TEXT("NoPins"), 0}, {TEXT("Shown"), 1}, {TEXT("Hidden"), 2}});
@@ -116,8 +117,8 @@ UEdGraphPin* UEdGraphNode::CreatePin(
 	return CreatePin(Dir, PinCategory, NAME_None, nullptr, PinName, PinParams);
 }
 
-UEdGraphPin* UEdGraphNode::CreatePin(EEdGraphPinDirection Dir, FName PinCategory, FName PinSubCategory, FName PinName,
-	const FCreatePinParams& PinParams)
+UEdGraphPin* UEdGraphNode::CreatePin(
+	EEdGraphPinDirection Dir, FName PinCategory, FName PinSubCategory, FName PinName, const FCreatePinParams& PinParams)
 {
 	return CreatePin(Dir, PinCategory, PinSubCategory, nullptr, PinName, PinParams);
 }
@@ -243,8 +244,7 @@ void UEdGraphNode::MakeAutomaticallyPlacedGhostNode()
 {
 	EnabledState = ENodeEnabledState::Disabled;
 	bUserSetEnabledState = false;
-	NodeComment = TEXT(
-		"This node is disabled and will not be called.\nDrag off pins to build functionality.");
+	NodeComment = TEXT("This node is disabled and will not be called.\nDrag off pins to build functionality.");
 	bCommentBubblePinned = true;
 	bCommentBubbleVisible = true;
 }

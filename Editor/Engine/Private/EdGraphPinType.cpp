@@ -6,15 +6,16 @@ IMPLEMENT_EDITOR_STRUCT(FSimpleMemberReference, "/Script/Engine")
 IMPLEMENT_EDITOR_STRUCT(FEdGraphTerminalType, "/Script/Engine")
 IMPLEMENT_EDITOR_STRUCT(FEdGraphPinType, "/Script/Engine")
 
-template <> UEnum* StaticEnum<EPinContainerType>()
+template <>
+UEnum* StaticEnum<EPinContainerType>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("EPinContainerType"), TEXT("/Script/Engine"),
-		UEnum::ECppForm::EnumClass,
-		{{TEXT("None"), 0}, {TEXT("Array"), 1}, {TEXT("Set"), 2}, {TEXT("Map"), 3}});
+		UEnum::ECppForm::EnumClass, {{TEXT("None"), 0}, {TEXT("Array"), 1}, {TEXT("Set"), 2}, {TEXT("Map"), 3}});
 	return Enum;
 }
 
-template <> UEnum* StaticEnum<EEdGraphPinDirection>()
+template <>
+UEnum* StaticEnum<EEdGraphPinDirection>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("EEdGraphPinDirection"), TEXT("/Script/Engine"),
 		UEnum::ECppForm::Regular, {{TEXT("EGPD_Input"), EGPD_Input}, {TEXT("EGPD_Output"), EGPD_Output}});
@@ -72,10 +73,10 @@ FEdGraphTerminalType FEdGraphTerminalType::FromPinType(const FEdGraphPinType& Pi
 
 bool FEdGraphTerminalType::operator==(const FEdGraphTerminalType& Other) const
 {
-	return TerminalCategory == Other.TerminalCategory && TerminalSubCategory == Other.TerminalSubCategory &&
-		TerminalSubCategoryObject == Other.TerminalSubCategoryObject && bTerminalIsConst == Other.bTerminalIsConst &&
-		bTerminalIsWeakPointer == Other.bTerminalIsWeakPointer &&
-		bTerminalIsUObjectWrapper == Other.bTerminalIsUObjectWrapper;
+	return TerminalCategory == Other.TerminalCategory && TerminalSubCategory == Other.TerminalSubCategory
+		&& TerminalSubCategoryObject == Other.TerminalSubCategoryObject && bTerminalIsConst == Other.bTerminalIsConst
+		&& bTerminalIsWeakPointer == Other.bTerminalIsWeakPointer
+		&& bTerminalIsUObjectWrapper == Other.bTerminalIsUObjectWrapper;
 }
 
 FEdGraphPinType FEdGraphPinType::GetPinTypeForTerminalType(const FEdGraphTerminalType& TerminalType)
@@ -100,9 +101,9 @@ FEdGraphPinType FEdGraphPinType::GetTerminalTypeForContainer(const FEdGraphPinTy
 
 bool FEdGraphPinType::operator==(const FEdGraphPinType& Other) const
 {
-	return PinCategory == Other.PinCategory && PinSubCategory == Other.PinSubCategory &&
-		PinSubCategoryObject == Other.PinSubCategoryObject &&
-		PinSubCategoryMemberReference == Other.PinSubCategoryMemberReference && PinValueType == Other.PinValueType &&
-		ContainerType == Other.ContainerType && bIsReference == Other.bIsReference && bIsConst == Other.bIsConst &&
-		bIsWeakPointer == Other.bIsWeakPointer && bIsUObjectWrapper == Other.bIsUObjectWrapper;
+	return PinCategory == Other.PinCategory && PinSubCategory == Other.PinSubCategory
+		&& PinSubCategoryObject == Other.PinSubCategoryObject
+		&& PinSubCategoryMemberReference == Other.PinSubCategoryMemberReference && PinValueType == Other.PinValueType
+		&& ContainerType == Other.ContainerType && bIsReference == Other.bIsReference && bIsConst == Other.bIsConst
+		&& bIsWeakPointer == Other.bIsWeakPointer && bIsUObjectWrapper == Other.bIsUObjectWrapper;
 }

@@ -72,7 +72,8 @@ bool UEdGraphSchema::TryCreateConnection(UEdGraphPin* A, UEdGraphPin* B) const
 	return bLinked;
 }
 
-void UEdGraphSchema::TrySetDefaultValue(UEdGraphPin& InPin, const FString& InNewDefaultValue, bool bMarkAsModified) const
+void UEdGraphSchema::TrySetDefaultValue(
+	UEdGraphPin& InPin, const FString& InNewDefaultValue, bool bMarkAsModified) const
 {
 	InPin.DefaultValue = InNewDefaultValue;
 	if (bMarkAsModified)
@@ -224,8 +225,8 @@ UEdGraphNode* FEdGraphSchemaAction_NewNode::PerformAction(
 		return nullptr;
 	}
 	ParentGraph->Modify();
-	UEdGraphNode* const Node =
-		CastChecked<UEdGraphNode>(StaticDuplicateObject(Template, ParentGraph, MakeUniqueObjectName(ParentGraph, Template->GetClass())));
+	UEdGraphNode* const Node = CastChecked<UEdGraphNode>(
+		StaticDuplicateObject(Template, ParentGraph, MakeUniqueObjectName(ParentGraph, Template->GetClass())));
 	Node->ClearFlags(RF_Transient);
 	ParentGraph->AddNode(Node, true, bSelectNewNode);
 	Node->CreateNewGuid();

@@ -14,13 +14,14 @@
 
 void RegisterEngineClasses()
 {
-	NativeClass::RegisterNativeClasses({&UEdGraph::StaticClass, &UEdGraphNode::StaticClass, &UEdGraphSchema::StaticClass,
-		&UBlueprintCore::StaticClass, &UBlueprint::StaticClass, &UAnimBlueprint::StaticClass,
-		&UBlueprintGeneratedClass::StaticClass, &UAnimBlueprintGeneratedClass::StaticClass,
-		&UWidgetBlueprintGeneratedClass::StaticClass, &USimpleConstructionScript::StaticClass, &USCS_Node::StaticClass,
-		&AActor::StaticClass, &UActorComponent::StaticClass, &USceneComponent::StaticClass,
-		&UTimelineTemplate::StaticClass, &UCurveBase::StaticClass, &UCurveFloat::StaticClass,
-		&UCurveVector::StaticClass, &UCurveLinearColor::StaticClass});
+	NativeClass::RegisterNativeClasses(
+		{&UEdGraph::StaticClass, &UEdGraphNode::StaticClass, &UEdGraphSchema::StaticClass, &UBlueprintCore::StaticClass,
+			&UBlueprint::StaticClass, &UAnimBlueprint::StaticClass, &UBlueprintGeneratedClass::StaticClass,
+			&UAnimBlueprintGeneratedClass::StaticClass, &UWidgetBlueprintGeneratedClass::StaticClass,
+			&USimpleConstructionScript::StaticClass, &USCS_Node::StaticClass, &AActor::StaticClass,
+			&UActorComponent::StaticClass, &USceneComponent::StaticClass, &UTimelineTemplate::StaticClass,
+			&UCurveBase::StaticClass, &UCurveFloat::StaticClass, &UCurveVector::StaticClass,
+			&UCurveLinearColor::StaticClass});
 	FKey::StaticStruct();
 	FMemberReference::StaticStruct();
 	FEdGraphPinType::StaticStruct();

@@ -96,8 +96,8 @@ bool IsOwnOrInherited(const UClass* Owner, const UClass* Self)
 	{
 		return false;
 	}
-	return Self->IsChildOf(Owner) || (Owner->ClassGeneratedBy && Owner->ClassGeneratedBy == Self->ClassGeneratedBy) ||
-		Self->GetAuthoritativeClass()->IsChildOf(Owner->GetAuthoritativeClass());
+	return Self->IsChildOf(Owner) || (Owner->ClassGeneratedBy && Owner->ClassGeneratedBy == Self->ClassGeneratedBy)
+		|| Self->GetAuthoritativeClass()->IsChildOf(Owner->GetAuthoritativeClass());
 }
 } // namespace MemberReference
 
@@ -222,8 +222,8 @@ void FMemberReference::FillSimpleMemberReference(const UFunction* InField, FSimp
 	}
 	OutReference.MemberName = InField->GetFName();
 	UClass* const Owner = InField->GetOwnerClass();
-	OutReference.MemberParent =
-		Owner ? static_cast<UObject*>(Owner->GetAuthoritativeClass()) : static_cast<UObject*>(InField->GetOutermost());
+	OutReference.MemberParent = Owner ? static_cast<UObject*>(Owner->GetAuthoritativeClass())
+									  : static_cast<UObject*>(InField->GetOutermost());
 }
 
 UFunction* FMemberReference::ResolveSimpleMemberReference(const FSimpleMemberReference& Reference, UClass* SelfScope)

@@ -76,8 +76,8 @@ USCS_Node* USimpleConstructionScript::CreateNode(UClass* NewComponentClass, FNam
 	}
 	UActorComponent* const Template = NewObject<UActorComponent>(TemplateOuter, NewComponentClass, TemplateName,
 		static_cast<EObjectFlags>(RF_ArchetypeObject | RF_Transactional | RF_Public));
-	USCS_Node* const Node =
-		NewObject<USCS_Node>(this, MakeUniqueObjectName(this, USCS_Node::StaticClass()), RF_Transactional);
+	USCS_Node* const Node = NewObject<USCS_Node>(
+		this, MakeUniqueObjectName(this, USCS_Node::StaticClass()), RF_Transactional);
 	Node->ComponentTemplate = Template;
 	Node->ComponentClass = NewComponentClass;
 	Node->VariableGuid = FGuid::NewGuid();
@@ -91,8 +91,8 @@ USCS_Node* USimpleConstructionScript::CreateNodeAndRenameComponent(UActorCompone
 	{
 		return nullptr;
 	}
-	USCS_Node* const Node =
-		NewObject<USCS_Node>(this, MakeUniqueObjectName(this, USCS_Node::StaticClass()), RF_Transactional);
+	USCS_Node* const Node = NewObject<USCS_Node>(
+		this, MakeUniqueObjectName(this, USCS_Node::StaticClass()), RF_Transactional);
 	Node->ComponentTemplate = NewComponentTemplate;
 	Node->ComponentClass = NewComponentTemplate->GetClass();
 	Node->VariableGuid = FGuid::NewGuid();
@@ -165,8 +165,9 @@ USCS_Node* USimpleConstructionScript::FindParentNode(const USCS_Node* InNode) co
 {
 	for (USCS_Node* const Node : AllNodes)
 	{
-		if (Node && Node->ChildNodes.ContainsByPredicate(
-						[InNode](const TObjectPtr<USCS_Node>& Child) { return Child.Get() == InNode; }))
+		if (Node
+			&& Node->ChildNodes.ContainsByPredicate(
+				[InNode](const TObjectPtr<USCS_Node>& Child) { return Child.Get() == InNode; }))
 		{
 			return Node;
 		}
@@ -178,8 +179,8 @@ USCS_Node* USimpleConstructionScript::FindSCSNode(FName InName) const
 {
 	for (USCS_Node* const Node : GetAllNodes())
 	{
-		if (Node->GetVariableName() == InName ||
-			(Node->ComponentTemplate && Node->ComponentTemplate->GetFName() == InName))
+		if (Node->GetVariableName() == InName
+			|| (Node->ComponentTemplate && Node->ComponentTemplate->GetFName() == InName))
 		{
 			return Node;
 		}
@@ -199,7 +200,8 @@ void USimpleConstructionScript::ValidateSceneRootNodes()
 	bool bHasSceneRoot = ParentDefault->GetRootComponent() != nullptr;
 	for (const USCS_Node* const Root : RootNodes)
 	{
-		bHasSceneRoot |= Root && Root != DefaultSceneRootNode.Get() && Cast<USceneComponent>(Root->ComponentTemplate.Get());
+		bHasSceneRoot |= Root && Root != DefaultSceneRootNode.Get()
+			&& Cast<USceneComponent>(Root->ComponentTemplate.Get());
 	}
 	for (const UBlueprint* Parent = UBlueprint::GetBlueprintFromClass(ParentClass); Parent && !bHasSceneRoot;
 		 Parent = UBlueprint::GetBlueprintFromClass(Parent->ParentClass.Get()))
@@ -249,7 +251,8 @@ UClass* USimpleConstructionScript::GetOwnerClass() const
 
 FName USimpleConstructionScript::GenerateNewComponentName(const UClass* ComponentClass, FName DesiredName) const
 {
-	const auto IsTaken = [this](FName Name) {
+	const auto IsTaken = [this](FName Name)
+	{
 		for (const USCS_Node* const Node : AllNodes)
 		{
 			if (Node && Node->GetVariableName() == Name)

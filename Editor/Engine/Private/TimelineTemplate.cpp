@@ -9,7 +9,8 @@ IMPLEMENT_EDITOR_STRUCT(FTTFloatTrack, "/Script/Engine")
 IMPLEMENT_EDITOR_STRUCT(FTTVectorTrack, "/Script/Engine")
 IMPLEMENT_EDITOR_STRUCT(FTTLinearColorTrack, "/Script/Engine")
 
-template <> UEnum* StaticEnum<ETimelineLengthMode>()
+template <>
+UEnum* StaticEnum<ETimelineLengthMode>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("ETimelineLengthMode"), TEXT("/Script/Engine"),
 		UEnum::ECppForm::Regular, {{TEXT("TL_TimelineLength"), 0}, {TEXT("TL_LastKeyFrame"), 1}});
@@ -100,7 +101,8 @@ FString UTimelineTemplate::TimelineTemplateNameToVariableName(FName Name)
 
 namespace TimelineTracks
 {
-template <class TTrack> int32 FindIndex(const TArray<TTrack>& Tracks, FName Name)
+template <class TTrack>
+int32 FindIndex(const TArray<TTrack>& Tracks, FName Name)
 {
 	return Tracks.IndexOfByPredicate([Name](const TTrack& Track) { return Track.GetTrackName() == Name; });
 }
@@ -128,8 +130,8 @@ int32 UTimelineTemplate::FindLinearColorTrackIndex(FName ColorTrackName) const
 
 bool UTimelineTemplate::IsNewTrackNameValid(FName NewTrackName) const
 {
-	return FindFloatTrackIndex(NewTrackName) == INDEX_NONE && FindVectorTrackIndex(NewTrackName) == INDEX_NONE &&
-		FindEventTrackIndex(NewTrackName) == INDEX_NONE && FindLinearColorTrackIndex(NewTrackName) == INDEX_NONE;
+	return FindFloatTrackIndex(NewTrackName) == INDEX_NONE && FindVectorTrackIndex(NewTrackName) == INDEX_NONE
+		&& FindEventTrackIndex(NewTrackName) == INDEX_NONE && FindLinearColorTrackIndex(NewTrackName) == INDEX_NONE;
 }
 
 void UTimelineTemplate::UpdateCachedNames()

@@ -63,17 +63,20 @@ TArray<FWidgetBlueprintVariable> FWidgetBlueprintVariable::Collect(const UBluepr
 	{
 		return Variables;
 	}
-	WidgetBlueprint->ForEachSourceWidget([&Variables](UWidget* Widget) {
-		if (Widget->bIsVariable)
+	WidgetBlueprint->ForEachSourceWidget(
+		[&Variables](UWidget* Widget)
 		{
-			Variables.Add(FWidgetBlueprintVariable{Widget->GetFName(), Widget->GetClass()});
-		}
-	});
+			if (Widget->bIsVariable)
+			{
+				Variables.Add(FWidgetBlueprintVariable{Widget->GetFName(), Widget->GetClass()});
+			}
+		});
 	for (const UWidgetAnimation* const Animation : WidgetBlueprint->Animations)
 	{
 		if (Animation)
 		{
-			Variables.Add(FWidgetBlueprintVariable{FName(Animation->GetDisplayLabel()), UWidgetAnimation::StaticClass()});
+			Variables.Add(
+				FWidgetBlueprintVariable{FName(Animation->GetDisplayLabel()), UWidgetAnimation::StaticClass()});
 		}
 	}
 	return Variables;

@@ -141,7 +141,8 @@ bool UPanelWidget::CanHaveMultipleChildren() const
 
 UClass* UPanelWidget::GetSlotClass() const
 {
-	for (const UClass* Class = GetClass(); Class && Class != UPanelWidget::StaticClass(); Class = Class->GetSuperClass())
+	for (const UClass* Class = GetClass(); Class && Class != UPanelWidget::StaticClass();
+		 Class = Class->GetSuperClass())
 	{
 		FString Name = Class->GetName();
 		// "GridPanel" has "GridSlot", everything else its own name with "Slot" behind.
@@ -197,12 +198,14 @@ void UWidgetTree::GetAllWidgets(TArray<UWidget*>& Widgets) const
 UWidget* UWidgetTree::FindWidget(const FName& Name) const
 {
 	UWidget* Found = nullptr;
-	ForEachWidget([&Found, &Name](UWidget* Widget) {
-		if (!Found && Widget->GetFName() == Name)
+	ForEachWidget(
+		[&Found, &Name](UWidget* Widget)
 		{
-			Found = Widget;
-		}
-	});
+			if (!Found && Widget->GetFName() == Name)
+			{
+				Found = Widget;
+			}
+		});
 	return Found;
 }
 

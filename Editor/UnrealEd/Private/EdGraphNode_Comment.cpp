@@ -4,7 +4,8 @@
 
 IMPLEMENT_EDITOR_CLASS(UEdGraphNode_Comment, "/Script/UnrealEd", CLASS_None)
 
-template <> UEnum* StaticEnum<ECommentBoxMode::Type>()
+template <>
+UEnum* StaticEnum<ECommentBoxMode::Type>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("ECommentBoxMode"), TEXT("/Script/UnrealEd"),
 		UEnum::ECppForm::Namespaced, {{TEXT("GroupMovement"), 0}, {TEXT("NoGroupMovement"), 1}});
@@ -15,7 +16,8 @@ void UEdGraphNode_Comment::DescribeClass(FClassDescriber& Class)
 {
 	Class.Property(TEXT("CommentColor"), &UEdGraphNode_Comment::CommentColor, CPF_Edit);
 	Class.Property(TEXT("FontSize"), &UEdGraphNode_Comment::FontSize, CPF_Edit);
-	Class.Property(TEXT("bCommentBubbleVisible_InDetailsPanel"), &UEdGraphNode_Comment::bCommentBubbleVisible_InDetailsPanel, CPF_Edit);
+	Class.Property(TEXT("bCommentBubbleVisible_InDetailsPanel"),
+		&UEdGraphNode_Comment::bCommentBubbleVisible_InDetailsPanel, CPF_Edit);
 	Class.Property(TEXT("bColorCommentBubble"), &UEdGraphNode_Comment::bColorCommentBubble, CPF_Edit);
 	Class.Property(TEXT("MoveMode"), &UEdGraphNode_Comment::MoveMode, CPF_Edit);
 	Class.Property(TEXT("CommentDepth"), &UEdGraphNode_Comment::CommentDepth, CPF_Edit);

@@ -11,7 +11,8 @@ enum Type : uint8
 	NoGroupMovement,
 };
 }
-template <> UEnum* StaticEnum<ECommentBoxMode::Type>();
+template <>
+UEnum* StaticEnum<ECommentBoxMode::Type>();
 
 /** A titled box behind other nodes. It has no pins. */
 class UEdGraphNode_Comment : public UEdGraphNode

@@ -1,4 +1,5 @@
 #pragma once
 
-/** Makes the classes of this module known by path and gives the lower modules what they ask of the compiler. Calling it again does nothing. */
+/** Makes the classes of this module known by path and gives the lower modules what they ask of the compiler. Calling it
+ * again does nothing. */
 void RegisterUnrealEdClasses();

@@ -10,8 +10,10 @@ class UWidgetBlueprintFactory : public UFactory
 
 public:
 	UWidgetBlueprintFactory();
-	UObject* FactoryCreateNew(UClass* InClass, UObject* InParent, FName InName, EObjectFlags Flags, UObject* Context, FFeedbackContext* Warn, FName CallingContext) override;
-	UObject* FactoryCreateNew(UClass* InClass, UObject* InParent, FName InName, EObjectFlags Flags, UObject* Context, FFeedbackContext* Warn) override;
+	UObject* FactoryCreateNew(UClass* InClass, UObject* InParent, FName InName, EObjectFlags Flags, UObject* Context,
+		FFeedbackContext* Warn, FName CallingContext) override;
+	UObject* FactoryCreateNew(UClass* InClass, UObject* InParent, FName InName, EObjectFlags Flags, UObject* Context,
+		FFeedbackContext* Warn) override;
 
 	EBlueprintType BlueprintType = BPTYPE_Normal;
 	TSubclassOf<UObject> ParentClass;

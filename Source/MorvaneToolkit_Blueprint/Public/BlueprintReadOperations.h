@@ -9,11 +9,11 @@ class FToolResult;
 }
 
 /** The read tools: each validates its command, reads through FBlueprintReadUtils and tells how that went. */
-#define MORVANE_READ_OPERATION(TOperation)                                                                             \
-	class TOperation                                                                                                   \
-	{                                                                                                                  \
-	public:                                                                                                            \
-		static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);                                    \
+#define MORVANE_READ_OPERATION(TOperation) \
+	class TOperation \
+	{ \
+	public: \
+		static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result); \
 	};
 
 MORVANE_READ_OPERATION(FBlueprintReadSchemaOperation)

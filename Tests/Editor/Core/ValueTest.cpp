@@ -133,6 +133,7 @@ TEST(Assertions, EnsureAnswersItsConditionAndCheckEnds)
 		EXPECT_FALSE(ensureMsgf(Round < 0, TEXT("round %d"), Round));
 	}
 	EXPECT_EQ(testing::internal::GetCapturedStderr().find("round 1"), std::string::npos);
-	EXPECT_DEATH(checkf(false, TEXT("told %s %-3ls%% %hs %d"), TEXT("s\u00F6"), TEXT("x"), "y", 3), "told s\xC3\xB6 x  % y 3");
+	EXPECT_DEATH(
+		checkf(false, TEXT("told %s %-3ls%% %hs %d"), TEXT("s\u00F6"), TEXT("x"), "y", 3), "told s\xC3\xB6 x  % y 3");
 }
 }

@@ -28,7 +28,8 @@ protected:
 	static UFunction* Function(const TCHAR* ClassPath, const TCHAR* Name)
 	{
 		const UClass* const Class = Find<UClass>(ClassPath);
-		UFunction* const Found = Class ? Class->FindFunctionByName(FName(Name), EIncludeSuperFlag::ExcludeSuper) : nullptr;
+		UFunction* const Found = Class ? Class->FindFunctionByName(FName(Name), EIncludeSuperFlag::ExcludeSuper)
+									   : nullptr;
 		EXPECT_NE(Found, nullptr) << TCHAR_TO_UTF8(ClassPath) << " " << TCHAR_TO_UTF8(Name);
 		return Found;
 	}

@@ -174,7 +174,8 @@ FText UK2Node_CallFunction::GetNodeTitle(ENodeTitleType::Type TitleType) const
 		return FText::FromString(Name);
 	}
 	// Where a replicated call runs matters to the reader as much as what it is called on.
-	const FString Net = UK2Node_Event::GetLocalizedNetString(static_cast<uint32>(Function->FunctionFlags), true).ToString();
+	const FString Net =
+		UK2Node_Event::GetLocalizedNetString(static_cast<uint32>(Function->FunctionFlags), true).ToString();
 	return FText::FromString(Name + GetFunctionContextString().ToString() + (Net.IsEmpty() ? Net : TEXT("\n") + Net));
 }
 

@@ -24,7 +24,8 @@ struct FMathExpression
 };
 
 /**
- * Reads formulas: numbers, true and false, variables, calls "name(a, b)", brackets, unary - + ! ~ and, from loose to tight, || && | ^ & == != < <= > >= << >> + - * / %.
+ * Reads formulas: numbers, true and false, variables, calls "name(a, b)", brackets, unary - + ! ~ and, from loose to
+ * tight, || && | ^ & == != < <= > >= << >> + - * / %.
  */
 namespace MathExpressionParser
 {

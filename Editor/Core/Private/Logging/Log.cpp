@@ -114,7 +114,8 @@ bool GIsEditor = true;
 
 bool FLogCategoryBase::IsSuppressed(ELogVerbosity::Type InVerbosity) const
 {
-	const bool bListenedTo = InVerbosity <= ELogVerbosity::Warning && FOutputDeviceRedirector::Get()->HasOutputDevices();
+	const bool bListenedTo = InVerbosity <= ELogVerbosity::Warning
+		&& FOutputDeviceRedirector::Get()->HasOutputDevices();
 	return InVerbosity > Verbosity || (InVerbosity > Logging::GlobalVerbosity() && !bListenedTo);
 }
 

@@ -1,5 +1,5 @@
-// Stands before the headers of libraries that use our macro names as identifiers; HAL/PostThirdParty.h ends the section.
-// No include guard: a file may have several such sections.
+// Stands before the headers of libraries that use our macro names as identifiers; HAL/PostThirdParty.h ends the
+// section. No include guard: a file may have several such sections.
 
 #pragma push_macro("check")
 #pragma push_macro("verify")

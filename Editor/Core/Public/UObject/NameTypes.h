@@ -95,7 +95,8 @@ public:
 	friend uint32 GetTypeHash(FName Name) { return Name.ComparisonIndex; }
 
 	static FString SafeString(FName Name) { return Name.ToString(); }
-	/** A name made readable: words parted, "_" to blanks, small words small; the leading b of a bool dropped ("bIsOpen": "Is Open"). */
+	/** A name made readable: words parted, "_" to blanks, small words small; the leading b of a bool dropped
+	 * ("bIsOpen": "Is Open"). */
 	static FString NameToDisplayString(const FString& InDisplayName, bool bIsBool);
 	/** False when Text holds one of InvalidChars; OutReason then says which. */
 	static bool IsValidXName(FStringView Text, FStringView InvalidChars, FText* OutReason = nullptr);

@@ -170,8 +170,8 @@ FRange FImageBuilder::AddFunctions(const FSourceOwner& Owner)
 		Record.Params = AddProperties(Source.Params, "");
 		Record.Display = AddText(Source.Display);
 		// Events stand together in menus unless they name a category themselves.
-		const bool bEventOnly =
-			(Source.Flags & (Function_Event | Function_NativeEvent)) != 0 && (Source.Flags & Function_Callable) == 0;
+		const bool bEventOnly = (Source.Flags & (Function_Event | Function_NativeEvent)) != 0
+			&& (Source.Flags & Function_Callable) == 0;
 		Record.Category = AddText(Source.Category.empty() && !bEventOnly ? Owner.Category : Source.Category);
 		Record.Compact = AddText(Source.Compact);
 		Record.Keywords = AddText(Source.Keywords);

@@ -501,8 +501,8 @@ UPackage* Load(const FString& PackageName, uint32 LoadFlags)
 	// A caller that tries several kinds of asset asks for the same file again; once told is enough, unless somebody
 	// listens just now.
 	FString& LastError = Errors()[ErrorKey(PackageName)];
-	const bool bTold =
-		LastError.Equals(Error, ESearchCase::CaseSensitive) && !FOutputDeviceRedirector::Get()->HasOutputDevices();
+	const bool bTold = LastError.Equals(Error, ESearchCase::CaseSensitive)
+		&& !FOutputDeviceRedirector::Get()->HasOutputDevices();
 	LastError = Error;
 	if (bMissing)
 	{

@@ -10,14 +10,19 @@ enum ERichCurveInterpMode : uint8
 	RCIM_Cubic,
 	RCIM_None,
 };
-template <> UEnum* StaticEnum<ERichCurveInterpMode>();
+template <>
+UEnum* StaticEnum<ERichCurveInterpMode>();
 
 struct FRichCurveKey
 {
 	EDITOR_STRUCT(FRichCurveKey)
 
 	FRichCurveKey() = default;
-	FRichCurveKey(float InTime, float InValue) : Time(InTime), Value(InValue) {}
+	FRichCurveKey(float InTime, float InValue)
+		: Time(InTime)
+		, Value(InValue)
+	{
+	}
 	bool operator==(const FRichCurveKey& Other) const = default;
 
 	ERichCurveInterpMode InterpMode = RCIM_Linear;

@@ -35,9 +35,14 @@ public:
 
 	/** Makes a node of the class inside the graph; the caller places it and allocates its pins. */
 	UEdGraphNode* CreateNode(const UClass* NewNodeClass, bool bSelectNewNode = true);
-	template <class T> T* CreateIntermediateNode() { return static_cast<T*>(CreateNode(T::StaticClass(), false)); }
+	template <class T>
+	T* CreateIntermediateNode()
+	{
+		return static_cast<T*>(CreateNode(T::StaticClass(), false));
+	}
 	void AddNode(UEdGraphNode* NodeToAdd, bool bUserAction = false, bool bSelectNewNode = true);
-	/** Takes the node out. Links are broken unless told otherwise. The node becomes garbage, freed between tool calls. */
+	/** Takes the node out. Links are broken unless told otherwise. The node becomes garbage, freed between tool calls.
+	 */
 	bool RemoveNode(UEdGraphNode* NodeToRemove, bool bBreakAllLinks = true, bool bAlwaysMarkDirty = true);
 	/** Free space: right of and level with the rightmost nodes; the origin in an empty graph. */
 	FVector2D GetGoodPlaceForNewNode();
@@ -47,7 +52,8 @@ public:
 	void GetAllChildrenGraphs(TArray<UEdGraph*>& Graphs) const;
 	void MoveNodesToAnotherGraph(UEdGraph* DestinationGraph, bool bIsLoading, bool bInIsCompiling);
 
-	template <class T> void GetNodesOfClass(TArray<T*>& OutNodes) const
+	template <class T>
+	void GetNodesOfClass(TArray<T*>& OutNodes) const
 	{
 		for (UEdGraphNode* const Node : Nodes)
 		{
@@ -75,9 +81,13 @@ public:
 };
 
 /** Makes one node in three steps: create, set what binds it, finalise (guid, placed, pins). */
-template <class NodeType> struct FGraphNodeCreator
+template <class NodeType>
+struct FGraphNodeCreator
 {
-	explicit FGraphNodeCreator(UEdGraph& InGraph) : Graph(InGraph) {}
+	explicit FGraphNodeCreator(UEdGraph& InGraph)
+		: Graph(InGraph)
+	{
+	}
 	NodeType* CreateNode(bool bSelectNewNode = true, TSubclassOf<NodeType> InNodeClass = NodeType::StaticClass())
 	{
 		bPlaced = false;

@@ -65,24 +65,36 @@ public:
 	const UEdGraphSchema* GetSchema() const;
 
 	UEdGraphPin* FindPin(FName PinName, EEdGraphPinDirection Direction = EGPD_MAX) const;
-	UEdGraphPin* FindPin(const TCHAR* PinName, EEdGraphPinDirection Direction = EGPD_MAX) const { return FindPin(FName(PinName), Direction); }
-	UEdGraphPin* FindPin(const FString& PinName, EEdGraphPinDirection Direction = EGPD_MAX) const { return FindPin(FName(PinName), Direction); }
+	UEdGraphPin* FindPin(const TCHAR* PinName, EEdGraphPinDirection Direction = EGPD_MAX) const
+	{
+		return FindPin(FName(PinName), Direction);
+	}
+	UEdGraphPin* FindPin(const FString& PinName, EEdGraphPinDirection Direction = EGPD_MAX) const
+	{
+		return FindPin(FName(PinName), Direction);
+	}
 	UEdGraphPin* FindPinChecked(FName PinName, EEdGraphPinDirection Direction = EGPD_MAX) const;
 	UEdGraphPin* FindPinById(const FGuid& PinId) const;
 	const TArray<UEdGraphPin*>& GetAllPins() const { return Pins; }
 	UEdGraphPin* GetPinAt(int32 Index) const { return Pins.IsValidIndex(Index) ? Pins[Index] : nullptr; }
-	template <class TPredicate> UEdGraphPin* FindPinByPredicate(TPredicate&& Predicate) const
+	template <class TPredicate>
+	UEdGraphPin* FindPinByPredicate(TPredicate&& Predicate) const
 	{
 		UEdGraphPin* const* const Found = Pins.FindByPredicate(Predicate);
 		return Found ? *Found : nullptr;
 	}
 
 	using FCreatePinParams = FCreateGraphPinParams;
-	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, const FEdGraphPinType& InPinType, FName PinName, int32 Index = INDEX_NONE);
-	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, FName PinCategory, FName PinName, const FCreatePinParams& PinParams = FCreatePinParams());
-	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, FName PinCategory, FName PinSubCategory, FName PinName, const FCreatePinParams& PinParams = FCreatePinParams());
-	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, FName PinCategory, UObject* PinSubCategoryObject, FName PinName, const FCreatePinParams& PinParams = FCreatePinParams());
-	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, FName PinCategory, FName PinSubCategory, UObject* PinSubCategoryObject, FName PinName, const FCreatePinParams& PinParams = FCreatePinParams());
+	UEdGraphPin* CreatePin(
+		EEdGraphPinDirection Dir, const FEdGraphPinType& InPinType, FName PinName, int32 Index = INDEX_NONE);
+	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, FName PinCategory, FName PinName,
+		const FCreatePinParams& PinParams = FCreatePinParams());
+	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, FName PinCategory, FName PinSubCategory, FName PinName,
+		const FCreatePinParams& PinParams = FCreatePinParams());
+	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, FName PinCategory, UObject* PinSubCategoryObject, FName PinName,
+		const FCreatePinParams& PinParams = FCreatePinParams());
+	UEdGraphPin* CreatePin(EEdGraphPinDirection Dir, FName PinCategory, FName PinSubCategory,
+		UObject* PinSubCategoryObject, FName PinName, const FCreatePinParams& PinParams = FCreatePinParams());
 	/** A name no pin of the node has: the base name with a number behind it if need be. */
 	FName CreateUniquePinName(FName SourcePinName) const;
 	/** Takes the pin and its sub pins out, breaking links, and frees them. */
@@ -138,7 +150,10 @@ public:
 		EnabledState = NewState;
 		bUserSetEnabledState = bUserAction;
 	}
-	bool IsAutomaticallyPlacedGhostNode() const { return !bUserSetEnabledState && EnabledState == ENodeEnabledState::Disabled; }
+	bool IsAutomaticallyPlacedGhostNode() const
+	{
+		return !bUserSetEnabledState && EnabledState == ENodeEnabledState::Disabled;
+	}
 	void MakeAutomaticallyPlacedGhostNode();
 
 	void ExportCustomProperties(FOutputDevice& Out, uint32 Indent) override;
@@ -148,8 +163,8 @@ public:
 	void PostInitProperties() override;
 	bool Modify(bool bAlwaysMarkDirty = true) override;
 	/**
-	 * Turns the links that pins were read with into links to pins of the graph's nodes, found by node name and pin id. One
-	 * that names nobody is dropped. For all nodes of a graph (or a pasted set) at once, so that the cost is linear.
+	 * Turns the links that pins were read with into links to pins of the graph's nodes, found by node name and pin id.
+	 * One that names nobody is dropped. For all nodes of a graph (or a pasted set) at once, so that the cost is linear.
 	 */
 	static void ResolvePinReferences(TConstArrayView<UEdGraphNode*> Nodes);
 
@@ -174,7 +189,11 @@ public:
 };
 
 /** The namespace that Blueprint pin and node enums need for reflection. */
-template <> UEnum* StaticEnum<ENodeEnabledState>();
-template <> UEnum* StaticEnum<ENodeAdvancedPins::Type>();
-template <> UEnum* StaticEnum<EEdGraphPinDirection>();
-template <> UEnum* StaticEnum<EPinContainerType>();
+template <>
+UEnum* StaticEnum<ENodeEnabledState>();
+template <>
+UEnum* StaticEnum<ENodeAdvancedPins::Type>();
+template <>
+UEnum* StaticEnum<EEdGraphPinDirection>();
+template <>
+UEnum* StaticEnum<EPinContainerType>();

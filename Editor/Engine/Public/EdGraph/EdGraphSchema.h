@@ -31,8 +31,16 @@ enum ECanCreateConnectionResponse : int
 struct FPinConnectionResponse
 {
 	FPinConnectionResponse() = default;
-	FPinConnectionResponse(ECanCreateConnectionResponse InResponse, FText InMessage) : Message(MoveTemp(InMessage)), Response(InResponse) {}
-	FPinConnectionResponse(ECanCreateConnectionResponse InResponse, const TCHAR* InMessage) : Message(FText::FromString(InMessage)), Response(InResponse) {}
+	FPinConnectionResponse(ECanCreateConnectionResponse InResponse, FText InMessage)
+		: Message(MoveTemp(InMessage))
+		, Response(InResponse)
+	{
+	}
+	FPinConnectionResponse(ECanCreateConnectionResponse InResponse, const TCHAR* InMessage)
+		: Message(FText::FromString(InMessage))
+		, Response(InResponse)
+	{
+	}
 	bool CanSafeConnect() const { return Response == CONNECT_RESPONSE_MAKE; }
 	bool IsDisallowed() const { return Response == CONNECT_RESPONSE_DISALLOW; }
 	void SetFatal() { bFatal = true; }
@@ -53,8 +61,13 @@ struct FEdGraphSchemaAction
 	virtual FName GetTypeId() const { return StaticGetTypeId(); }
 
 	FEdGraphSchemaAction() = default;
-	FEdGraphSchemaAction(FText InNodeCategory, FText InMenuDesc, FText InToolTip, int32 InGrouping, FText InKeywords = FText())
-		: Grouping(InGrouping), MenuDescription(MoveTemp(InMenuDesc)), TooltipDescription(MoveTemp(InToolTip)), Category(MoveTemp(InNodeCategory)), Keywords(MoveTemp(InKeywords))
+	FEdGraphSchemaAction(
+		FText InNodeCategory, FText InMenuDesc, FText InToolTip, int32 InGrouping, FText InKeywords = FText())
+		: Grouping(InGrouping)
+		, MenuDescription(MoveTemp(InMenuDesc))
+		, TooltipDescription(MoveTemp(InToolTip))
+		, Category(MoveTemp(InNodeCategory))
+		, Keywords(MoveTemp(InKeywords))
 	{
 	}
 	virtual ~FEdGraphSchemaAction() = default;
@@ -66,7 +79,11 @@ struct FEdGraphSchemaAction
 	int32 GetGrouping() const { return Grouping; }
 
 	/** Makes the action's node at a place, linked from FromPin when there is one; null when it makes none. */
-	virtual UEdGraphNode* PerformAction(UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool bSelectNewNode = true) { return nullptr; }
+	virtual UEdGraphNode* PerformAction(
+		UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool bSelectNewNode = true)
+	{
+		return nullptr;
+	}
 
 	int32 Grouping = 0;
 	FText MenuDescription;
@@ -85,7 +102,8 @@ struct FEdGraphSchemaAction_NewNode : FEdGraphSchemaAction
 	}
 	FName GetTypeId() const override { return StaticGetTypeId(); }
 	using FEdGraphSchemaAction::FEdGraphSchemaAction;
-	UEdGraphNode* PerformAction(UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool bSelectNewNode = true) override;
+	UEdGraphNode* PerformAction(
+		UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool bSelectNewNode = true) override;
 
 	TWeakObjectPtr<UEdGraphNode> NodeTemplateWeak;
 	/** The template; owned by the transient package, alive as long as the process. */
@@ -98,7 +116,8 @@ class FGraphActionListBuilderBase
 public:
 	virtual ~FGraphActionListBuilderBase() = default;
 	virtual void AddAction(const TSharedPtr<FEdGraphSchemaAction>& NewAction, const FString& Category = FString());
-	virtual void AddActionList(const TArray<TSharedPtr<FEdGraphSchemaAction>>& NewActions, const FString& Category = FString());
+	virtual void AddActionList(
+		const TArray<TSharedPtr<FEdGraphSchemaAction>>& NewActions, const FString& Category = FString());
 	/** Adds the entries of another list behind these; that one is empty afterwards. */
 	void Append(FGraphActionListBuilderBase& Other);
 	int32 GetNumActions() const { return Entries.Num(); }
@@ -115,9 +134,16 @@ protected:
 /** What a graph's own schema adds to: the graph, the pin dragged from, and what is selected. */
 struct FGraphContextMenuBuilder : FGraphActionListBuilderBase
 {
-	explicit FGraphContextMenuBuilder(const UEdGraph* InGraph) : CurrentGraph(InGraph) {}
+	explicit FGraphContextMenuBuilder(const UEdGraph* InGraph)
+		: CurrentGraph(InGraph)
+	{
+	}
 	UEdGraphNode* CreateTemplateNode(const UClass* Class);
-	template <class T> T* CreateTemplateNode(UClass* Class = T::StaticClass()) { return static_cast<T*>(CreateTemplateNode(static_cast<const UClass*>(Class))); }
+	template <class T>
+	T* CreateTemplateNode(UClass* Class = T::StaticClass())
+	{
+		return static_cast<T*>(CreateTemplateNode(static_cast<const UClass*>(Class)));
+	}
 
 	const UEdGraph* CurrentGraph = nullptr;
 	const UEdGraphPin* FromPin = nullptr;
@@ -138,24 +164,42 @@ class UEdGraphSchema : public UObject
 
 public:
 	virtual void GetGraphContextActions(FGraphContextMenuBuilder& ContextMenuBuilder) const {}
-	virtual const FPinConnectionResponse CanCreateConnection(const UEdGraphPin* A, const UEdGraphPin* B) const { return FPinConnectionResponse(CONNECT_RESPONSE_MAKE, TEXT("Not implemented by this schema")); }
-	/** Links when the response allows, breaking others or adding a conversion node as it says. True when something was linked. */
+	virtual const FPinConnectionResponse CanCreateConnection(const UEdGraphPin* A, const UEdGraphPin* B) const
+	{
+		return FPinConnectionResponse(CONNECT_RESPONSE_MAKE, TEXT("Not implemented by this schema"));
+	}
+	/** Links when the response allows, breaking others or adding a conversion node as it says. True when something was
+	 * linked. */
 	virtual bool TryCreateConnection(UEdGraphPin* A, UEdGraphPin* B) const;
 	virtual bool CreateAutomaticConversionNodeAndConnections(UEdGraphPin* A, UEdGraphPin* B) const { return false; }
 	virtual bool CreatePromotedConnection(UEdGraphPin* A, UEdGraphPin* B) const { return false; }
 	/** Empty when the default could be set to this. */
-	virtual FString IsPinDefaultValid(const UEdGraphPin* Pin, const FString& NewDefaultValue, TObjectPtr<UObject> NewDefaultObject, const FText& InNewDefaultText) const { return FString(); }
-	FString IsCurrentPinDefaultValid(const UEdGraphPin* Pin) const { return IsPinDefaultValid(Pin, Pin->DefaultValue, Pin->DefaultObject, Pin->DefaultTextValue); }
-	virtual void TrySetDefaultValue(UEdGraphPin& InPin, const FString& InNewDefaultValue, bool bMarkAsModified = true) const;
-	virtual void TrySetDefaultObject(UEdGraphPin& InPin, UObject* InNewDefaultObject, bool bMarkAsModified = true) const;
-	virtual void TrySetDefaultText(UEdGraphPin& InPin, const FText& InNewDefaultText, bool bMarkAsModified = true) const;
-	virtual bool DoesDefaultValueMatch(const UEdGraphPin& InPin, const FString& InPinValue) const { return InPin.DefaultValue.Equals(InPinValue); }
+	virtual FString IsPinDefaultValid(const UEdGraphPin* Pin, const FString& NewDefaultValue,
+		TObjectPtr<UObject> NewDefaultObject, const FText& InNewDefaultText) const
+	{
+		return FString();
+	}
+	FString IsCurrentPinDefaultValid(const UEdGraphPin* Pin) const
+	{
+		return IsPinDefaultValid(Pin, Pin->DefaultValue, Pin->DefaultObject, Pin->DefaultTextValue);
+	}
+	virtual void TrySetDefaultValue(
+		UEdGraphPin& InPin, const FString& InNewDefaultValue, bool bMarkAsModified = true) const;
+	virtual void TrySetDefaultObject(
+		UEdGraphPin& InPin, UObject* InNewDefaultObject, bool bMarkAsModified = true) const;
+	virtual void TrySetDefaultText(
+		UEdGraphPin& InPin, const FText& InNewDefaultText, bool bMarkAsModified = true) const;
+	virtual bool DoesDefaultValueMatch(const UEdGraphPin& InPin, const FString& InPinValue) const
+	{
+		return InPin.DefaultValue.Equals(InPinValue);
+	}
 	virtual bool DoesDefaultValueMatchAutogenerated(const UEdGraphPin& InPin) const;
 	virtual void ResetPinToAutogeneratedDefaultValue(UEdGraphPin* Pin, bool bCallModifyCallbacks = true) const;
 	virtual void SetPinAutogeneratedDefaultValue(UEdGraphPin* Pin, const FString& NewValue) const;
 	virtual bool ShouldHidePinDefaultValue(UEdGraphPin* Pin) const { return false; }
 	virtual FText GetPinDisplayName(const UEdGraphPin* Pin) const;
-	virtual void ConstructBasicPinTooltip(const UEdGraphPin& Pin, const FText& PinDescription, FString& TooltipOut) const;
+	virtual void ConstructBasicPinTooltip(
+		const UEdGraphPin& Pin, const FText& PinDescription, FString& TooltipOut) const;
 	virtual EGraphType GetGraphType(const UEdGraph* TestEdGraph) const { return GT_Function; }
 	virtual bool IsTitleBarPin(const UEdGraphPin& Pin) const { return false; }
 	virtual void CreateDefaultNodesForGraph(UEdGraph& Graph) const {}
@@ -163,13 +207,22 @@ public:
 	virtual void BreakNodeLinks(UEdGraphNode& TargetNode) const;
 	virtual void BreakPinLinks(UEdGraphPin& TargetPin, bool bSendsNodeNotification) const;
 	virtual void BreakSinglePinLink(UEdGraphPin* SourcePin, UEdGraphPin* TargetPin) const;
-	FPinConnectionResponse MovePinLinks(UEdGraphPin& MoveFromPin, UEdGraphPin& MoveToPin, bool bIsIntermediateMove = false, bool bNotifyLinkedNodes = false) const;
-	FPinConnectionResponse CopyPinLinks(UEdGraphPin& CopyFromPin, UEdGraphPin& CopyToPin, bool bIsIntermediateCopy = false) const;
-	virtual void ReconstructNode(UEdGraphNode& TargetNode, bool bIsBatchRequest = false) const { TargetNode.ReconstructNode(); }
+	FPinConnectionResponse MovePinLinks(UEdGraphPin& MoveFromPin, UEdGraphPin& MoveToPin,
+		bool bIsIntermediateMove = false, bool bNotifyLinkedNodes = false) const;
+	FPinConnectionResponse CopyPinLinks(
+		UEdGraphPin& CopyFromPin, UEdGraphPin& CopyToPin, bool bIsIntermediateCopy = false) const;
+	virtual void ReconstructNode(UEdGraphNode& TargetNode, bool bIsBatchRequest = false) const
+	{
+		TargetNode.ReconstructNode();
+	}
 	virtual bool CanDuplicateGraph(UEdGraph* InSourceGraph) const { return true; }
 	virtual bool TryDeleteGraph(UEdGraph* GraphToDelete) const { return false; }
 	virtual void GetAutomaticNodes() const {}
-	virtual UEdGraphPin* DropPinOnNode(UEdGraphNode* InTargetNode, const FName& InSourcePinName, const FEdGraphPinType& InSourcePinType, EEdGraphPinDirection InSourcePinDirection) const { return nullptr; }
+	virtual UEdGraphPin* DropPinOnNode(UEdGraphNode* InTargetNode, const FName& InSourcePinName,
+		const FEdGraphPinType& InSourcePinType, EEdGraphPinDirection InSourcePinDirection) const
+	{
+		return nullptr;
+	}
 	virtual TSharedPtr<FEdGraphSchemaAction> GetCreateCommentAction() const { return nullptr; }
 	virtual bool IsSelfPin(const UEdGraphPin& Pin) const { return false; }
 	virtual bool IsDelegateCategory(FName Category) const { return false; }

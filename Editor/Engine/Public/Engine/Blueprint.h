@@ -51,7 +51,11 @@ struct FBPVariableMetaDataEntry
 	EDITOR_STRUCT(FBPVariableMetaDataEntry)
 
 	FBPVariableMetaDataEntry() = default;
-	FBPVariableMetaDataEntry(FName InKey, FString InValue) : DataKey(InKey), DataValue(MoveTemp(InValue)) {}
+	FBPVariableMetaDataEntry(FName InKey, FString InValue)
+		: DataKey(InKey)
+		, DataValue(MoveTemp(InValue))
+	{
+	}
 	bool operator==(const FBPVariableMetaDataEntry& Other) const = default;
 
 	FName DataKey;
@@ -108,7 +112,8 @@ class UBlueprint : public UBlueprintCore
 	EDITOR_CLASS(UBlueprint, UBlueprintCore)
 
 public:
-	/** All graphs, those nested in others too: function, macro, ubergraph, delegate, interface graphs, then sub-graphs depth first. */
+	/** All graphs, those nested in others too: function, macro, ubergraph, delegate, interface graphs, then sub-graphs
+	 * depth first. */
 	void GetAllGraphs(TArray<UEdGraph*>& Graphs) const;
 	bool IsUpToDate() const { return Status == BS_UpToDate || Status == BS_UpToDateWithWarnings; }
 	bool IsPossiblyDirty() const { return Status == BS_Dirty || Status == BS_Unknown; }
@@ -120,8 +125,14 @@ public:
 	virtual UClass* GetBlueprintClass() const;
 	virtual bool SupportsEventGraphs() const;
 	virtual bool SupportsFunctions() const { return BlueprintType != BPTYPE_MacroLibrary; }
-	virtual bool SupportsMacros() const { return BlueprintType != BPTYPE_FunctionLibrary && BlueprintType != BPTYPE_Interface; }
-	virtual bool SupportsGlobalVariables() const { return BlueprintType == BPTYPE_Normal || BlueprintType == BPTYPE_Const || BlueprintType == BPTYPE_LevelScript; }
+	virtual bool SupportsMacros() const
+	{
+		return BlueprintType != BPTYPE_FunctionLibrary && BlueprintType != BPTYPE_Interface;
+	}
+	virtual bool SupportsGlobalVariables() const
+	{
+		return BlueprintType == BPTYPE_Normal || BlueprintType == BPTYPE_Const || BlueprintType == BPTYPE_LevelScript;
+	}
 	virtual bool SupportsDelegates() const { return SupportsGlobalVariables(); }
 	virtual bool SupportsConstructionScript() const;
 	bool ChangeOwnerOfTemplates() { return false; }
@@ -129,7 +140,6 @@ public:
 	UActorComponent* FindTemplateByName(const FName& TemplateName) const;
 	bool IsAsset() const override { return true; }
 	void PostLoad() override;
-
 
 	TSubclassOf<UObject> ParentClass;
 	EBlueprintType BlueprintType = BPTYPE_Normal;
@@ -161,7 +171,8 @@ public:
 	TSharedPtr<class FCompilerResultsLog> CurrentMessageLog;
 };
 
-template <> UEnum* StaticEnum<EBlueprintType>();
+template <>
+UEnum* StaticEnum<EBlueprintType>();
 
 class UAnimBlueprint : public UBlueprint
 {

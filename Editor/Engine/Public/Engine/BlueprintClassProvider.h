@@ -7,8 +7,8 @@ class UBlueprint;
 class UClass;
 
 /**
- * What the lower modules ask of the compiler, which lives above them: the classes of a Blueprint, brought up to date. The
- * editor module sets the functions at start-up; without them a Blueprint's classes are taken as they stand.
+ * What the lower modules ask of the compiler, which lives above them: the classes of a Blueprint, brought up to date.
+ * The editor module sets the functions at start-up; without them a Blueprint's classes are taken as they stand.
  */
 namespace BlueprintClassProvider
 {

@@ -13,4 +13,5 @@ enum Type : uint8
 };
 }
 
-template <> UEnum* StaticEnum<EComponentMobility::Type>();
+template <>
+UEnum* StaticEnum<EComponentMobility::Type>();

@@ -8,8 +8,8 @@
 class UBlueprint;
 
 /**
- * A reference to a variable, function or delegate: by name in a class, in the owner's own class ("self context"), or in a function's
- * local scope. The guid survives renaming of a Blueprint's own members.
+ * A reference to a variable, function or delegate: by name in a class, in the owner's own class ("self context"), or in
+ * a function's local scope. The guid survives renaming of a Blueprint's own members.
  */
 struct FMemberReference
 {
@@ -29,8 +29,10 @@ struct FMemberReference
 	void SetFromField(const UFunction* InField, bool bIsConsideredSelfContext);
 	void SetFromField(const FProperty* InField, UClass* SelfScope);
 	void SetFromField(const UFunction* InField, UClass* SelfScope);
-	void SetGivenSelfScope(FName InMemberName, FGuid InMemberGuid, TSubclassOf<UObject> InMemberParentClass, TSubclassOf<UObject> SelfScope);
-	void SetDirect(FName InMemberName, FGuid InMemberGuid, TSubclassOf<UObject> InMemberParentClass, bool bIsConsideredSelfContext);
+	void SetGivenSelfScope(FName InMemberName, FGuid InMemberGuid, TSubclassOf<UObject> InMemberParentClass,
+		TSubclassOf<UObject> SelfScope);
+	void SetDirect(FName InMemberName, FGuid InMemberGuid, TSubclassOf<UObject> InMemberParentClass,
+		bool bIsConsideredSelfContext);
 	void InvalidateSelfScope() { bSelfContext = false; }
 
 	FName GetMemberName() const { return MemberName; }
@@ -52,7 +54,8 @@ struct FMemberReference
 	/** The member itself, looked for in the scope and its supers; null when there is none. */
 	UFunction* ResolveFunction(UClass* SelfScope = nullptr) const;
 	FProperty* ResolveProperty(UClass* SelfScope = nullptr) const;
-	template <class TFieldType> TFieldType* ResolveMember(UClass* SelfScope = nullptr) const
+	template <class TFieldType>
+	TFieldType* ResolveMember(UClass* SelfScope = nullptr) const
 	{
 		if constexpr (std::is_base_of_v<FField, TFieldType>)
 		{
@@ -63,13 +66,18 @@ struct FMemberReference
 			return Cast<TFieldType>(ResolveFunction(SelfScope));
 		}
 	}
-	template <class TFieldType> TFieldType* ResolveMember(UBlueprint* SelfScope) const { return ResolveMember<TFieldType>(GetBlueprintSelfClass(SelfScope)); }
+	template <class TFieldType>
+	TFieldType* ResolveMember(UBlueprint* SelfScope) const
+	{
+		return ResolveMember<TFieldType>(GetBlueprintSelfClass(SelfScope));
+	}
 	/** The skeleton class when it stands, since it knows what is not compiled yet. */
 	static UClass* GetBlueprintSelfClass(UBlueprint* Blueprint);
 	bool operator==(const FMemberReference& Other) const = default;
 	/** Fills a pin's signature reference, and back. */
 	static void FillSimpleMemberReference(const UFunction* InField, FSimpleMemberReference& OutReference);
-	static UFunction* ResolveSimpleMemberReference(const FSimpleMemberReference& Reference, UClass* SelfScope = nullptr);
+	static UFunction* ResolveSimpleMemberReference(
+		const FSimpleMemberReference& Reference, UClass* SelfScope = nullptr);
 
 	UObject* MemberParent = nullptr;
 	FString MemberScope;

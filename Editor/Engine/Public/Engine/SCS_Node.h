@@ -16,8 +16,12 @@ class USCS_Node : public UObject
 public:
 	FName GetVariableName() const { return InternalVariableName; }
 	void SetVariableName(const FName& NewName, bool bRenameTemplate = true);
-	/** The template that counts for a class: the node's own here, as templates of inherited nodes are not overridden. */
-	UActorComponent* GetActualComponentTemplate(UBlueprintGeneratedClass* ActualBPGC) const { return ComponentTemplate; }
+	/** The template that counts for a class: the node's own here, as templates of inherited nodes are not overridden.
+	 */
+	UActorComponent* GetActualComponentTemplate(UBlueprintGeneratedClass* ActualBPGC) const
+	{
+		return ComponentTemplate;
+	}
 	USimpleConstructionScript* GetSCS() const;
 	const TArray<TObjectPtr<USCS_Node>>& GetChildNodes() const { return ChildNodes; }
 	TArray<USCS_Node*> GetAllChildNodes() const;

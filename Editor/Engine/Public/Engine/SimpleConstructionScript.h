@@ -28,7 +28,8 @@ public:
 	USCS_Node* FindParentNode(const USCS_Node* InNode) const;
 	USCS_Node* FindSCSNode(FName InName) const;
 	USCS_Node* GetDefaultSceneRootNode() const { return DefaultSceneRootNode; }
-	/** Gives an actor without any scene component its "DefaultSceneRoot", and takes that away when there is another root. */
+	/** Gives an actor without any scene component its "DefaultSceneRoot", and takes that away when there is another
+	 * root. */
 	void ValidateSceneRootNodes();
 	UBlueprint* GetBlueprint() const;
 	UClass* GetOwnerClass() const;

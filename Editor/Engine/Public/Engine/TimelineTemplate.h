@@ -70,7 +70,8 @@ enum ETimelineLengthMode : uint8
 	TL_TimelineLength,
 	TL_LastKeyFrame,
 };
-template <> UEnum* StaticEnum<ETimelineLengthMode>();
+template <>
+UEnum* StaticEnum<ETimelineLengthMode>();
 
 /** A timeline of a Blueprint: settings and tracks. Named after its variable with "_Template" behind. */
 class UTimelineTemplate : public UObject

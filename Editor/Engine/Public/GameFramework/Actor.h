@@ -14,7 +14,8 @@ class AActor : public UObject
 public:
 	/** All components that are sub-objects of the actor, in order of creation. */
 	void GetComponents(TArray<UActorComponent*>& OutComponents) const;
-	template <class T> void GetComponents(TArray<T*>& OutComponents) const
+	template <class T>
+	void GetComponents(TArray<T*>& OutComponents) const
 	{
 		TArray<UActorComponent*> All;
 		GetComponents(All);

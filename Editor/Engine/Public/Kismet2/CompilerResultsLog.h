@@ -7,15 +7,28 @@
 
 class UEdGraphNode;
 
-/** What a compile has to say, in order. "@@" in a text stands for the next argument: a node, a pin, an object or a text. */
+/** What a compile has to say, in order. "@@" in a text stands for the next argument: a node, a pin, an object or a
+ * text. */
 class FCompilerResultsLog
 {
 public:
 	FCompilerResultsLog() = default;
 
-	template <class... TArgs> TSharedRef<FTokenizedMessage> Error(const TCHAR* Format, TArgs... Args) { return Add(EMessageSeverity::Error, Format, {FArgument(Args)...}); }
-	template <class... TArgs> TSharedRef<FTokenizedMessage> Warning(const TCHAR* Format, TArgs... Args) { return Add(EMessageSeverity::Warning, Format, {FArgument(Args)...}); }
-	template <class... TArgs> TSharedRef<FTokenizedMessage> Note(const TCHAR* Format, TArgs... Args) { return Add(EMessageSeverity::Info, Format, {FArgument(Args)...}); }
+	template <class... TArgs>
+	TSharedRef<FTokenizedMessage> Error(const TCHAR* Format, TArgs... Args)
+	{
+		return Add(EMessageSeverity::Error, Format, {FArgument(Args)...});
+	}
+	template <class... TArgs>
+	TSharedRef<FTokenizedMessage> Warning(const TCHAR* Format, TArgs... Args)
+	{
+		return Add(EMessageSeverity::Warning, Format, {FArgument(Args)...});
+	}
+	template <class... TArgs>
+	TSharedRef<FTokenizedMessage> Note(const TCHAR* Format, TArgs... Args)
+	{
+		return Add(EMessageSeverity::Info, Format, {FArgument(Args)...});
+	}
 
 	void SetSourcePath(const FString& InPath) { SourcePath = InPath; }
 	const FString& GetSourcePath() const { return SourcePath; }
@@ -30,11 +43,26 @@ public:
 	/** What "@@" may stand for. */
 	struct FArgument
 	{
-		FArgument(const UEdGraphPin* InPin) : Pin(InPin) {}
-		FArgument(const UObject* InObject) : Object(InObject) {}
-		FArgument(const FString& InText) : Text(InText) {}
-		FArgument(const TCHAR* InText) : Text(InText) {}
-		FArgument(const FText& InText) : Text(InText.ToString()) {}
+		FArgument(const UEdGraphPin* InPin)
+			: Pin(InPin)
+		{
+		}
+		FArgument(const UObject* InObject)
+			: Object(InObject)
+		{
+		}
+		FArgument(const FString& InText)
+			: Text(InText)
+		{
+		}
+		FArgument(const TCHAR* InText)
+			: Text(InText)
+		{
+		}
+		FArgument(const FText& InText)
+			: Text(InText.ToString())
+		{
+		}
 
 		const UEdGraphPin* Pin = nullptr;
 		const UObject* Object = nullptr;
@@ -42,7 +70,8 @@ public:
 	};
 
 private:
-	TSharedRef<FTokenizedMessage> Add(EMessageSeverity::Type Severity, const TCHAR* Format, std::initializer_list<FArgument> Arguments);
+	TSharedRef<FTokenizedMessage> Add(
+		EMessageSeverity::Type Severity, const TCHAR* Format, std::initializer_list<FArgument> Arguments);
 
 	FString SourcePath;
 };

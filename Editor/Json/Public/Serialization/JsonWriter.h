@@ -99,7 +99,15 @@ public:
 	{
 		if (Out)
 		{
-			*Out += FStringView(Emitter.GetText());
+			if (Out->IsEmpty())
+			{
+				// A large document is handed over, not copied.
+				*Out = FString(MoveTemp(Emitter.GetText()));
+			}
+			else
+			{
+				*Out += FStringView(Emitter.GetText());
+			}
 			Out = nullptr;
 		}
 		return Emitter.GetDepth() == 0;

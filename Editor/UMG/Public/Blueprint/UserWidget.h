@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CoreMinimal.h"
 #include "Components/Widget.h"
+#include "CoreMinimal.h"
 
 class UWidgetTree;
 

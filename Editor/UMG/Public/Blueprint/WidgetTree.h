@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CoreMinimal.h"
 #include "Components/Widget.h"
+#include "CoreMinimal.h"
 
 /** The widgets of a Widget Blueprint, from one root. */
 class UWidgetTree : public UObject
@@ -11,12 +11,17 @@ class UWidgetTree : public UObject
 public:
 	/** A widget of the class inside the tree, standing nowhere yet. */
 	UWidget* ConstructWidget(const UClass* WidgetClass, FName WidgetName = NAME_None);
-	template <class T> T* ConstructWidget(const UClass* WidgetClass = T::StaticClass(), FName WidgetName = NAME_None)
+	template <class T>
+	T* ConstructWidget(const UClass* WidgetClass = T::StaticClass(), FName WidgetName = NAME_None)
 	{
 		return Cast<T>(ConstructWidget(WidgetClass, WidgetName));
 	}
 	UWidget* FindWidget(const FName& Name) const;
-	template <class T> T* FindWidget(const FName& Name) const { return Cast<T>(FindWidget(Name)); }
+	template <class T>
+	T* FindWidget(const FName& Name) const
+	{
+		return Cast<T>(FindWidget(Name));
+	}
 	/** All widgets from the root, parents before children, in child order. */
 	void GetAllWidgets(TArray<UWidget*>& Widgets) const;
 	void ForEachWidget(TFunctionRef<void(UWidget*)> Visit) const;

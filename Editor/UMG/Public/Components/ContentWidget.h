@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CoreMinimal.h"
 #include "Components/PanelWidget.h"
+#include "CoreMinimal.h"
 
 /** A panel for one child. */
 class UContentWidget : public UPanelWidget

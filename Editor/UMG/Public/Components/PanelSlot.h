@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CoreMinimal.h"
 #include "Components/Widget.h"
+#include "CoreMinimal.h"
 
 /** The place of one widget in one panel. Layout is properties that come from data. */
 class UPanelSlot : public UVisual

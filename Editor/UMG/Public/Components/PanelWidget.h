@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CoreMinimal.h"
 #include "Components/PanelSlot.h"
 #include "Components/Widget.h"
+#include "CoreMinimal.h"
 
 /** A widget that holds others, in order. */
 class UPanelWidget : public UWidget

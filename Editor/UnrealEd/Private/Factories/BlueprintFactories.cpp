@@ -48,7 +48,8 @@ UObject* Refuse(const UClass* ParentClass, FFeedbackContext* Warn)
 {
 	if (Warn)
 	{
-		Warn->Logf(TEXT("Cannot create a Blueprint based on the class '%s'."), ParentClass ? *ParentClass->GetName() : TEXT("None"));
+		Warn->Logf(TEXT("Cannot create a Blueprint based on the class '%s'."),
+			ParentClass ? *ParentClass->GetName() : TEXT("None"));
 	}
 	return nullptr;
 }
@@ -75,13 +76,13 @@ UObject* UWidgetBlueprintFactory::FactoryCreateNew(
 	UClass*, UObject* InParent, FName InName, EObjectFlags, UObject*, FFeedbackContext* Warn, FName CallingContext)
 {
 	UClass* const Parent = ParentClass.Get();
-	if (!FKismetEditorUtilities::CanCreateBlueprintOfClass(Parent) ||
-		BlueprintKinds::GetBlueprintClass(Parent) != UWidgetBlueprint::StaticClass())
+	if (!FKismetEditorUtilities::CanCreateBlueprintOfClass(Parent)
+		|| BlueprintKinds::GetBlueprintClass(Parent) != UWidgetBlueprint::StaticClass())
 	{
 		return BlueprintFactories::Refuse(Parent, Warn);
 	}
-	return FKismetEditorUtilities::CreateBlueprint(Parent, InParent, InName, BlueprintType, UWidgetBlueprint::StaticClass(),
-		UWidgetBlueprintGeneratedClass::StaticClass(), CallingContext);
+	return FKismetEditorUtilities::CreateBlueprint(Parent, InParent, InName, BlueprintType,
+		UWidgetBlueprint::StaticClass(), UWidgetBlueprintGeneratedClass::StaticClass(), CallingContext);
 }
 
 UObject* UWidgetBlueprintFactory::FactoryCreateNew(

@@ -53,7 +53,8 @@ UEdGraph* FindByName(const TArray<TObjectPtr<UEdGraph>>& Graphs, FName Name)
 	return nullptr;
 }
 
-/** Every event node of the event pages and of what is collapsed in them, in order, until the visitor has found its own. */
+/** Every event node of the event pages and of what is collapsed in them, in order, until the visitor has found its own.
+ */
 UK2Node_Event* FindEvent(const UBlueprint& Blueprint, TFunctionRef<bool(const UK2Node_Event&)> Fits)
 {
 	TArray<UEdGraph*> Graphs;
@@ -168,20 +169,23 @@ void FBlueprintEditorUtils::CollectNodes(UEdGraph* Graph, const UClass* Class, T
 UK2Node_Event* FBlueprintEditorUtils::FindOverrideForFunction(
 	const UBlueprint* Blueprint, const UClass* SignatureClass, FName SignatureName)
 {
-	return BlueprintFinding::FindEvent(*Blueprint, [SignatureClass, SignatureName](const UK2Node_Event& Event) {
-		if (!Event.bOverrideFunction || Event.EventReference.GetMemberName() != SignatureName)
+	return BlueprintFinding::FindEvent(*Blueprint,
+		[SignatureClass, SignatureName](const UK2Node_Event& Event)
 		{
-			return false;
-		}
-		const UClass* const Declared = Event.EventReference.GetMemberParentClass(Event.GetBlueprintClassFromNode());
-		return !Declared || !SignatureClass || Declared->IsChildOf(SignatureClass) || SignatureClass->IsChildOf(Declared);
-	});
+			if (!Event.bOverrideFunction || Event.EventReference.GetMemberName() != SignatureName)
+			{
+				return false;
+			}
+			const UClass* const Declared = Event.EventReference.GetMemberParentClass(Event.GetBlueprintClassFromNode());
+			return !Declared || !SignatureClass || Declared->IsChildOf(SignatureClass)
+				|| SignatureClass->IsChildOf(Declared);
+		});
 }
 
 UK2Node_Event* FBlueprintEditorUtils::FindCustomEventNode(const UBlueprint* Blueprint, FName CustomName)
 {
-	return BlueprintFinding::FindEvent(*Blueprint,
-		[CustomName](const UK2Node_Event& Event) { return Event.CustomFunctionName == CustomName; });
+	return BlueprintFinding::FindEvent(
+		*Blueprint, [CustomName](const UK2Node_Event& Event) { return Event.CustomFunctionName == CustomName; });
 }
 
 UClass* FBlueprintEditorUtils::GetOverrideFunctionClass(
@@ -394,6 +398,6 @@ bool FBlueprintEditorUtils::DoesSupportTimelines(const UBlueprint* Blueprint)
 
 bool FBlueprintEditorUtils::DoesSupportComponents(const UBlueprint* Blueprint)
 {
-	return Blueprint && Blueprint->SimpleConstructionScript && Blueprint->BlueprintType != BPTYPE_MacroLibrary &&
-		Blueprint->BlueprintType != BPTYPE_FunctionLibrary;
+	return Blueprint && Blueprint->SimpleConstructionScript && Blueprint->BlueprintType != BPTYPE_MacroLibrary
+		&& Blueprint->BlueprintType != BPTYPE_FunctionLibrary;
 }

@@ -14,7 +14,9 @@ namespace BlueprintInterfaces
 /** A class by full path or by short name. */
 UClass* Find(const FTopLevelAssetPath& Path)
 {
-	return Path.IsNull() ? nullptr : static_cast<UClass*>(StaticLoadObject(UClass::StaticClass(), nullptr, *Path.ToString(), nullptr, LOAD_Quiet));
+	return Path.IsNull()
+		? nullptr
+		: static_cast<UClass*>(StaticLoadObject(UClass::StaticClass(), nullptr, *Path.ToString(), nullptr, LOAD_Quiet));
 }
 
 UEdGraph* FindGraph(const FBPInterfaceDescription& Interface, FName Name)
@@ -35,8 +37,8 @@ void AddMissingGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
 	for (TFieldIterator<UFunction> It(Interface.Interface.Get(), EFieldIteratorFlags::IncludeSuper); It; ++It)
 	{
 		const UFunction* const Function = *It;
-		if (!UEdGraphSchema_K2::CanKismetOverrideFunction(Function) ||
-			UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(Function) || FindGraph(Interface, Function->GetFName()))
+		if (!UEdGraphSchema_K2::CanKismetOverrideFunction(Function)
+			|| UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(Function) || FindGraph(Interface, Function->GetFName()))
 		{
 			continue;
 		}
@@ -108,8 +110,8 @@ void RemoveEvents(UBlueprint& Blueprint, const UClass& Interface)
 bool FBlueprintEditorUtils::ImplementNewInterface(UBlueprint* Blueprint, FTopLevelAssetPath InterfaceClassPathName)
 {
 	UClass* const Class = BlueprintInterfaces::Find(InterfaceClassPathName);
-	if (!Blueprint || !FKismetEditorUtilities::CanBlueprintImplementInterface(Blueprint, Class) ||
-		BlueprintInterfaces::FindIndex(*Blueprint, Class) != INDEX_NONE)
+	if (!Blueprint || !FKismetEditorUtilities::CanBlueprintImplementInterface(Blueprint, Class)
+		|| BlueprintInterfaces::FindIndex(*Blueprint, Class) != INDEX_NONE)
 	{
 		return false;
 	}
@@ -185,7 +187,8 @@ void FBlueprintEditorUtils::RemoveInterface(
 void FBlueprintEditorUtils::ConformImplementedInterfaces(UBlueprint* Blueprint)
 {
 	int32 GraphCount = 0;
-	const auto CountGraphs = [Blueprint] {
+	const auto CountGraphs = [Blueprint]
+	{
 		int32 Count = 0;
 		for (const FBPInterfaceDescription& Interface : Blueprint->ImplementedInterfaces)
 		{

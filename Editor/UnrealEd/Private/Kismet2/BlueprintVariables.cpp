@@ -20,7 +20,8 @@ FBPVariableDescription Describe(FName Name, const FEdGraphPinType& Type, const F
 	Variable.VarName = Name;
 	Variable.VarGuid = FGuid::NewGuid();
 	Variable.VarType = Type;
-	Variable.FriendlyName = FName::NameToDisplayString(Name.ToString(), Type.PinCategory == UEdGraphSchema_K2::PC_Boolean);
+	Variable.FriendlyName = FName::NameToDisplayString(
+		Name.ToString(), Type.PinCategory == UEdGraphSchema_K2::PC_Boolean);
 	Variable.DefaultValue = DefaultValue;
 	Variable.Category = UEdGraphSchema_K2::VR_DefaultCategory;
 	Variable.PropertyFlags = NewVariableFlags;
@@ -181,8 +182,9 @@ void FBlueprintEditorUtils::RemoveLocalVariable(UBlueprint* InBlueprint, const U
 {
 	for (UEdGraph* const Graph : InBlueprint->FunctionGraphs)
 	{
-		UK2Node_FunctionEntry* const Entry =
-			Graph && InScope && Graph->GetFName() == InScope->GetFName() ? GetEntryNode(Graph) : nullptr;
+		UK2Node_FunctionEntry* const Entry = Graph && InScope && Graph->GetFName() == InScope->GetFName()
+			? GetEntryNode(Graph)
+			: nullptr;
 		if (Entry)
 		{
 			Entry->LocalVariables.RemoveAll(
@@ -193,26 +195,24 @@ void FBlueprintEditorUtils::RemoveLocalVariable(UBlueprint* InBlueprint, const U
 	}
 }
 
-FBPVariableDescription* FBlueprintEditorUtils::FindLocalVariable(UBlueprint*, const UEdGraph* InScopeGraph,
-	const FName InVariableName, UK2Node_FunctionEntry** OutFunctionEntry)
+FBPVariableDescription* FBlueprintEditorUtils::FindLocalVariable(
+	UBlueprint*, const UEdGraph* InScopeGraph, const FName InVariableName, UK2Node_FunctionEntry** OutFunctionEntry)
 {
 	UK2Node_FunctionEntry* const Entry = GetEntryNode(GetTopLevelGraph(InScopeGraph));
 	if (OutFunctionEntry)
 	{
 		*OutFunctionEntry = Entry;
 	}
-	return Entry ? Entry->LocalVariables.FindByPredicate([InVariableName](const FBPVariableDescription& Variable) {
-		return Variable.VarName == InVariableName;
-	})
+	return Entry ? Entry->LocalVariables.FindByPredicate(
+			   [InVariableName](const FBPVariableDescription& Variable) { return Variable.VarName == InVariableName; })
 				 : nullptr;
 }
 
 int32 FBlueprintEditorUtils::FindNewVariableIndex(const UBlueprint* Blueprint, const FName& InName)
 {
 	return InName.IsNone() ? INDEX_NONE
-						   : Blueprint->NewVariables.IndexOfByPredicate([InName](const FBPVariableDescription& Variable) {
-								 return Variable.VarName == InName;
-							 });
+						   : Blueprint->NewVariables.IndexOfByPredicate(
+							   [InName](const FBPVariableDescription& Variable) { return Variable.VarName == InName; });
 }
 
 FGuid FBlueprintEditorUtils::FindMemberVariableGuidByName(UBlueprint* InBlueprint, const FName InVariableName)
@@ -293,8 +293,8 @@ void FBlueprintEditorUtils::SetBlueprintVariableMetaData(UBlueprint* Blueprint, 
 bool FBlueprintEditorUtils::GetBlueprintVariableMetaData(const UBlueprint* Blueprint, const FName& VarName,
 	const UStruct* InLocalVarScope, const FName& MetaDataKey, FString& OutMetaDataValue)
 {
-	const FBPVariableDescription* const Variable =
-		BlueprintVariables::Find(const_cast<UBlueprint*>(Blueprint), VarName, InLocalVarScope);
+	const FBPVariableDescription* const Variable = BlueprintVariables::Find(
+		const_cast<UBlueprint*>(Blueprint), VarName, InLocalVarScope);
 	if (!Variable || !Variable->HasMetaData(MetaDataKey))
 	{
 		OutMetaDataValue.Empty();
@@ -357,9 +357,8 @@ bool FBlueprintEditorUtils::IsVariableUsed(
 {
 	TArray<UK2Node_Variable*> Nodes;
 	GetAllNodesOfClass(Blueprint, Nodes);
-	return Nodes.ContainsByPredicate([&VariableName, LocalGraphScope](const UK2Node_Variable* Node) {
-		return Node->GetVarName() == VariableName && (!LocalGraphScope || Node->GetGraph() == LocalGraphScope);
-	});
+	return Nodes.ContainsByPredicate([&VariableName, LocalGraphScope](const UK2Node_Variable* Node)
+		{ return Node->GetVarName() == VariableName && (!LocalGraphScope || Node->GetGraph() == LocalGraphScope); });
 }
 
 bool FBlueprintEditorUtils::PropertyValueFromString(

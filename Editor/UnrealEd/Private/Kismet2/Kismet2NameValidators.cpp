@@ -28,7 +28,8 @@ FString INameValidatorInterface::GetErrorString(const FString& Name, EValidatorR
 }
 
 FKismetNameValidator::FKismetNameValidator(const UBlueprint* Blueprint, FName InExistingName, UStruct* InScope)
-	: ExistingName(InExistingName), BlueprintObject(Blueprint)
+	: ExistingName(InExistingName)
+	, BlueprintObject(Blueprint)
 {
 	if (Blueprint)
 	{

@@ -56,8 +56,8 @@ void AddEventGraph(UBlueprint& Blueprint)
 	int32 NodePosY = 0;
 	for (const BlueprintKinds::FDefaultEvent& Event : BlueprintKinds::GetDefaultEvents(Blueprint.ParentClass.Get()))
 	{
-		UK2Node_Event* const Node =
-			FKismetEditorUtilities::AddDefaultEventNode(&Blueprint, Graph, FName(Event.Name), Event.Class, NodePosY);
+		UK2Node_Event* const Node = FKismetEditorUtilities::AddDefaultEventNode(
+			&Blueprint, Graph, FName(Event.Name), Event.Class, NodePosY);
 		if (Node)
 		{
 			Node->MakeAutomaticallyPlacedGhostNode();
@@ -67,23 +67,23 @@ void AddEventGraph(UBlueprint& Blueprint)
 
 void AddConstructionScript(UBlueprint& Blueprint)
 {
-	UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(&Blueprint, UEdGraphSchema_K2::FN_UserConstructionScript,
-		UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
+	UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(&Blueprint,
+		UEdGraphSchema_K2::FN_UserConstructionScript, UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
 	FBlueprintEditorUtils::AddFunctionGraph(&Blueprint, Graph, false, AActor::StaticClass());
 	Graph->bAllowDeletion = false;
 }
 
 void AddComponentScript(UBlueprint& Blueprint)
 {
-	Blueprint.SimpleConstructionScript =
-		NewObject<USimpleConstructionScript>(FBlueprintClassBuilder::EnsureClass(Blueprint), TEXT("SimpleConstructionScript_0"), RF_Transactional);
+	Blueprint.SimpleConstructionScript = NewObject<USimpleConstructionScript>(
+		FBlueprintClassBuilder::EnsureClass(Blueprint), TEXT("SimpleConstructionScript_0"), RF_Transactional);
 	Blueprint.SimpleConstructionScript->ValidateSceneRootNodes();
 }
 } // namespace BlueprintCreation
 
 UBlueprint* FKismetEditorUtilities::CreateBlueprint(UClass* ParentClass, UObject* Outer, const FName NewBPName,
-	EBlueprintType BlueprintType, TSubclassOf<UBlueprint> BlueprintClassType,
-	TSubclassOf<UBlueprintGeneratedClass>, FName)
+	EBlueprintType BlueprintType, TSubclassOf<UBlueprint> BlueprintClassType, TSubclassOf<UBlueprintGeneratedClass>,
+	FName)
 {
 	UBlueprint* const Blueprint = NewObject<UBlueprint>(Outer, BlueprintClassType.Get(), NewBPName,
 		static_cast<EObjectFlags>(RF_Public | RF_Standalone | RF_Transactional));

@@ -10,8 +10,16 @@ class UFactory : public UObject
 	EDITOR_CLASS(UFactory, UObject)
 
 public:
-	virtual UObject* FactoryCreateNew(UClass* InClass, UObject* InParent, FName InName, EObjectFlags Flags, UObject* Context, FFeedbackContext* Warn, FName CallingContext) { return FactoryCreateNew(InClass, InParent, InName, Flags, Context, Warn); }
-	virtual UObject* FactoryCreateNew(UClass* InClass, UObject* InParent, FName InName, EObjectFlags Flags, UObject* Context, FFeedbackContext* Warn) { return nullptr; }
+	virtual UObject* FactoryCreateNew(UClass* InClass, UObject* InParent, FName InName, EObjectFlags Flags,
+		UObject* Context, FFeedbackContext* Warn, FName CallingContext)
+	{
+		return FactoryCreateNew(InClass, InParent, InName, Flags, Context, Warn);
+	}
+	virtual UObject* FactoryCreateNew(
+		UClass* InClass, UObject* InParent, FName InName, EObjectFlags Flags, UObject* Context, FFeedbackContext* Warn)
+	{
+		return nullptr;
+	}
 	virtual bool ConfigureProperties() { return true; }
 	UClass* GetSupportedClass() const { return SupportedClass; }
 

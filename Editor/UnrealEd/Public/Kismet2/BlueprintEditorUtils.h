@@ -1,8 +1,8 @@
 #pragma once
 
 #include "CoreMinimal.h"
-#include "Engine/Blueprint.h"
 #include "EdGraph/EdGraphPin.h"
+#include "Engine/Blueprint.h"
 
 class UEdGraph;
 class UEdGraphNode;
@@ -29,16 +29,19 @@ enum Type : int
 };
 }
 
-
-/** Edits of Blueprints that keep all their parts in step. Each leaves the Blueprint consistent for a read that follows. */
+/** Edits of Blueprints that keep all their parts in step. Each leaves the Blueprint consistent for a read that follows.
+ */
 class FBlueprintEditorUtils
 {
 public:
 	// Changes.
-	/** The declarations changed: the skeleton class is stale and is rebuilt when next asked for. Marks the package dirty. */
+	/** The declarations changed: the skeleton class is stale and is rebuilt when next asked for. Marks the package
+	 * dirty. */
 	static void MarkBlueprintAsStructurallyModified(UBlueprint* Blueprint);
-	static void MarkBlueprintAsModified(UBlueprint* Blueprint, FPropertyChangedEvent PropertyChangedEvent = FPropertyChangedEvent(nullptr));
-	/** Rebuilds the skeleton class now if it is stale. Whoever reads classes of Blueprints calls it; most reads do so by themselves. */
+	static void MarkBlueprintAsModified(
+		UBlueprint* Blueprint, FPropertyChangedEvent PropertyChangedEvent = FPropertyChangedEvent(nullptr));
+	/** Rebuilds the skeleton class now if it is stale. Whoever reads classes of Blueprints calls it; most reads do so
+	 * by themselves. */
 	static void EnsureSkeletonIsUpToDate(UBlueprint* Blueprint);
 	static void RefreshAllNodes(UBlueprint* Blueprint);
 	static void RefreshVariables(UBlueprint* Blueprint);
@@ -59,32 +62,42 @@ public:
 	static UFunction* GetDelegateSignatureFunctionByName(UBlueprint* Blueprint, FName DelegateName);
 	static void GetDelegateNameList(const UBlueprint* Blueprint, TSet<FName>& DelegatesNames);
 	static void GetAllGraphNames(const UBlueprint* Blueprint, TSet<FName>& GraphNames);
-	template <class T> static void GetAllNodesOfClass(const UBlueprint* Blueprint, TArray<T*>& OutNodes)
+	template <class T>
+	static void GetAllNodesOfClass(const UBlueprint* Blueprint, TArray<T*>& OutNodes)
 	{
 		TArray<UEdGraph*> AllGraphs;
 		Blueprint->GetAllGraphs(AllGraphs);
 		for (UEdGraph* const Graph : AllGraphs)
 		{
-			CollectNodes(Graph, T::StaticClass(), [&OutNodes](UEdGraphNode* Node) { OutNodes.Add(static_cast<T*>(Node)); });
+			CollectNodes(
+				Graph, T::StaticClass(), [&OutNodes](UEdGraphNode* Node) { OutNodes.Add(static_cast<T*>(Node)); });
 		}
 	}
 	/** The node that implements a function of a class as an event, or null. */
-	static UK2Node_Event* FindOverrideForFunction(const UBlueprint* Blueprint, const UClass* SignatureClass, FName SignatureName);
+	static UK2Node_Event* FindOverrideForFunction(
+		const UBlueprint* Blueprint, const UClass* SignatureClass, FName SignatureName);
 	static UK2Node_Event* FindCustomEventNode(const UBlueprint* Blueprint, FName CustomName);
-	/** The class that declares what a name overrides, in the parent class or an interface, and the function; null when nothing does. */
-	static UClass* GetOverrideFunctionClass(UBlueprint* Blueprint, const FName FuncName, UFunction** OutFunction = nullptr);
+	/** The class that declares what a name overrides, in the parent class or an interface, and the function; null when
+	 * nothing does. */
+	static UClass* GetOverrideFunctionClass(
+		UBlueprint* Blueprint, const FName FuncName, UFunction** OutFunction = nullptr);
 	static UK2Node_FunctionEntry* GetEntryNode(const UEdGraph* InGraph);
-	static void GetEntryAndResultNodes(const UEdGraph* InGraph, UK2Node_FunctionEntry*& OutEntryNode, class UK2Node_FunctionResult*& OutResultNode);
+	static void GetEntryAndResultNodes(
+		const UEdGraph* InGraph, UK2Node_FunctionEntry*& OutEntryNode, class UK2Node_FunctionResult*& OutResultNode);
 	static UClass* GetSkeletonClass(UClass* FromClass);
 	static UClass* GetMostUpToDateClass(UClass* FromClass);
 
 	// Graphs.
-	static UEdGraph* CreateNewGraph(UObject* ParentScope, const FName& GraphName, TSubclassOf<UEdGraph> GraphClass, TSubclassOf<UEdGraphSchema> SchemaClass);
+	static UEdGraph* CreateNewGraph(UObject* ParentScope, const FName& GraphName, TSubclassOf<UEdGraph> GraphClass,
+		TSubclassOf<UEdGraphSchema> SchemaClass);
 	/**
-	 * Makes the graph a function of the Blueprint, with its entry (and result). The signature is a UClass (the class whose function
-	 * is overridden) or a UFunction, or null for a new function. User-created ones get editable pins and public, callable flags.
+	 * Makes the graph a function of the Blueprint, with its entry (and result). The signature is a UClass (the class
+	 * whose function is overridden) or a UFunction, or null for a new function. User-created ones get editable pins and
+	 * public, callable flags.
 	 */
-	template <class TSignature> static void AddFunctionGraph(UBlueprint* Blueprint, UEdGraph* Graph, bool bIsUserCreated, TSignature* SignatureFromObject)
+	template <class TSignature>
+	static void AddFunctionGraph(
+		UBlueprint* Blueprint, UEdGraph* Graph, bool bIsUserCreated, TSignature* SignatureFromObject)
 	{
 		if constexpr (std::is_base_of_v<UFunction, std::remove_const_t<TSignature>>)
 		{
@@ -98,58 +111,81 @@ public:
 	static void AddUbergraphPage(UBlueprint* Blueprint, UEdGraph* Graph);
 	static void AddMacroGraph(UBlueprint* Blueprint, UEdGraph* Graph, bool bIsUserCreated, UClass* SignatureFromClass);
 	static void CreateFunctionGraphTerminators(UEdGraph* Graph, UClass* SignatureClass);
-	static void RemoveGraph(UBlueprint* Blueprint, UEdGraph* GraphToRemove, EGraphRemoveFlags::Type Flags = EGraphRemoveFlags::Default);
+	static void RemoveGraph(
+		UBlueprint* Blueprint, UEdGraph* GraphToRemove, EGraphRemoveFlags::Type Flags = EGraphRemoveFlags::Default);
 	static void RemoveGraphs(UBlueprint* Blueprint, const TArray<UEdGraph*>& GraphsToRemove);
 	static void RenameGraph(UEdGraph* Graph, const FString& NewNameStr);
 	static void RemoveNode(UBlueprint* Blueprint, UEdGraphNode* Node, bool bDontRecompile = false);
 
 	// Names.
-	static FName FindUniqueKismetName(const UBlueprint* InBlueprint, const FString& InBaseName, UStruct* InScope = nullptr);
+	static FName FindUniqueKismetName(
+		const UBlueprint* InBlueprint, const FString& InBaseName, UStruct* InScope = nullptr);
 	static FName FindUniqueCustomEventName(const UBlueprint* Blueprint);
 	static void GetFunctionNameList(const UBlueprint* Blueprint, TSet<FName>& FunctionNames);
-	static void GetClassVariableList(const UBlueprint* Blueprint, TSet<FName>& VisibleVariables, bool bIncludePrivateVars = false);
+	static void GetClassVariableList(
+		const UBlueprint* Blueprint, TSet<FName>& VisibleVariables, bool bIncludePrivateVars = false);
 	static void GetSCSVariableNameList(const UBlueprint* Blueprint, TSet<FName>& VariableNames);
 
 	// Variables.
-	static bool AddMemberVariable(UBlueprint* Blueprint, const FName& NewVarName, const FEdGraphPinType& NewVarType, const FString& DefaultValue = FString());
+	static bool AddMemberVariable(UBlueprint* Blueprint, const FName& NewVarName, const FEdGraphPinType& NewVarType,
+		const FString& DefaultValue = FString());
 	static void RemoveMemberVariable(UBlueprint* Blueprint, const FName VarName);
 	static void RenameMemberVariable(UBlueprint* Blueprint, const FName OldName, const FName NewName);
-	static void ChangeMemberVariableType(UBlueprint* Blueprint, const FName VariableName, const FEdGraphPinType& NewPinType);
-	static bool AddLocalVariable(UBlueprint* Blueprint, UEdGraph* InTargetGraph, const FName InNewVarName, const FEdGraphPinType& InNewVarType, const FString& DefaultValue = FString());
+	static void ChangeMemberVariableType(
+		UBlueprint* Blueprint, const FName VariableName, const FEdGraphPinType& NewPinType);
+	static bool AddLocalVariable(UBlueprint* Blueprint, UEdGraph* InTargetGraph, const FName InNewVarName,
+		const FEdGraphPinType& InNewVarType, const FString& DefaultValue = FString());
 	static void RemoveLocalVariable(UBlueprint* InBlueprint, const UStruct* InScope, const FName InVarName);
-	static FBPVariableDescription* FindLocalVariable(UBlueprint* InBlueprint, const UEdGraph* InScopeGraph, const FName InVariableName, UK2Node_FunctionEntry** OutFunctionEntry = nullptr);
+	static FBPVariableDescription* FindLocalVariable(UBlueprint* InBlueprint, const UEdGraph* InScopeGraph,
+		const FName InVariableName, UK2Node_FunctionEntry** OutFunctionEntry = nullptr);
 	static int32 FindNewVariableIndex(const UBlueprint* Blueprint, const FName& InName);
 	static FGuid FindMemberVariableGuidByName(UBlueprint* InBlueprint, const FName InVariableName);
-	static FGuid FindLocalVariableGuidByName(UBlueprint* InBlueprint, const UStruct* InScope, const FName InVariableName);
+	static FGuid FindLocalVariableGuidByName(
+		UBlueprint* InBlueprint, const UStruct* InScope, const FName InVariableName);
 	static FName FindMemberVariableNameByGuid(UBlueprint* InBlueprint, const FGuid& InVariableGuid);
 	/** With true the variable may be edited on the class default only and not on instances. */
 	static void SetBlueprintOnlyEditableFlag(UBlueprint* Blueprint, const FName& VarName, const bool bNewBlueprintOnly);
-	static void SetBlueprintPropertyReadOnlyFlag(UBlueprint* Blueprint, const FName& VarName, const bool bVariableReadOnly);
+	static void SetBlueprintPropertyReadOnlyFlag(
+		UBlueprint* Blueprint, const FName& VarName, const bool bVariableReadOnly);
 	static void SetInterpFlag(UBlueprint* Blueprint, const FName& VarName, const bool bInterp);
 	static void SetVariableTransientFlag(UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsTransient);
 	static void SetVariableSaveGameFlag(UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsSaveGame);
-	static void SetBlueprintVariableMetaData(UBlueprint* Blueprint, const FName& VarName, const UStruct* InLocalVarScope, const FName& MetaDataKey, const FString& MetaDataValue);
-	static bool GetBlueprintVariableMetaData(const UBlueprint* Blueprint, const FName& VarName, const UStruct* InLocalVarScope, const FName& MetaDataKey, FString& OutMetaDataValue);
-	static void RemoveBlueprintVariableMetaData(UBlueprint* Blueprint, const FName& VarName, const UStruct* InLocalVarScope, const FName& MetaDataKey);
-	static void SetBlueprintVariableCategory(UBlueprint* Blueprint, const FName& VarName, const UStruct* InLocalVarScope, const FText& NewCategory, bool bDontRecompile = false);
-	static FText GetBlueprintVariableCategory(UBlueprint* Blueprint, const FName& VarName, const UStruct* InLocalVarScope);
-	static void SetBlueprintVariableRepNotifyFunc(UBlueprint* Blueprint, const FName& VarName, const FName& RepNotifyFunc);
+	static void SetBlueprintVariableMetaData(UBlueprint* Blueprint, const FName& VarName,
+		const UStruct* InLocalVarScope, const FName& MetaDataKey, const FString& MetaDataValue);
+	static bool GetBlueprintVariableMetaData(const UBlueprint* Blueprint, const FName& VarName,
+		const UStruct* InLocalVarScope, const FName& MetaDataKey, FString& OutMetaDataValue);
+	static void RemoveBlueprintVariableMetaData(
+		UBlueprint* Blueprint, const FName& VarName, const UStruct* InLocalVarScope, const FName& MetaDataKey);
+	static void SetBlueprintVariableCategory(UBlueprint* Blueprint, const FName& VarName,
+		const UStruct* InLocalVarScope, const FText& NewCategory, bool bDontRecompile = false);
+	static FText GetBlueprintVariableCategory(
+		UBlueprint* Blueprint, const FName& VarName, const UStruct* InLocalVarScope);
+	static void SetBlueprintVariableRepNotifyFunc(
+		UBlueprint* Blueprint, const FName& VarName, const FName& RepNotifyFunc);
 	static FName GetBlueprintVariableRepNotifyFunc(UBlueprint* Blueprint, const FName& VarName);
 	static uint64* GetBlueprintVariablePropertyFlags(UBlueprint* Blueprint, const FName& VarName);
-	static bool IsVariableUsed(const UBlueprint* Blueprint, const FName& VariableName, const UEdGraph* LocalGraphScope = nullptr);
-	static bool PropertyValueFromString(const FProperty* Property, const FString& StrValue, uint8* Container, UObject* OwningObject, int32 PortFlags = 0);
-	static bool PropertyValueFromString_Direct(const FProperty* Property, const FString& StrValue, uint8* DirectValue, UObject* OwningObject, int32 PortFlags = 0);
-	static bool PropertyValueToString(const FProperty* Property, const uint8* Container, FString& OutForm, UObject* OwningObject, int32 PortFlags = 0);
-	static bool PropertyValueToString_Direct(const FProperty* Property, const uint8* DirectValue, FString& OutForm, UObject* OwningObject, int32 PortFlags = 0);
+	static bool IsVariableUsed(
+		const UBlueprint* Blueprint, const FName& VariableName, const UEdGraph* LocalGraphScope = nullptr);
+	static bool PropertyValueFromString(const FProperty* Property, const FString& StrValue, uint8* Container,
+		UObject* OwningObject, int32 PortFlags = 0);
+	static bool PropertyValueFromString_Direct(const FProperty* Property, const FString& StrValue, uint8* DirectValue,
+		UObject* OwningObject, int32 PortFlags = 0);
+	static bool PropertyValueToString(const FProperty* Property, const uint8* Container, FString& OutForm,
+		UObject* OwningObject, int32 PortFlags = 0);
+	static bool PropertyValueToString_Direct(const FProperty* Property, const uint8* DirectValue, FString& OutForm,
+		UObject* OwningObject, int32 PortFlags = 0);
 
 	// Interfaces.
 	static bool ImplementNewInterface(UBlueprint* Blueprint, FTopLevelAssetPath InterfaceClassPathName);
 	static bool ImplementNewInterface(UBlueprint* Blueprint, const FName& InterfaceClassName);
-	static void RemoveInterface(UBlueprint* Blueprint, FTopLevelAssetPath InterfaceClassPathName, bool bPreserveFunctions = false);
-	static void RemoveInterface(UBlueprint* Blueprint, const FName& InterfaceClassName, bool bPreserveFunctions = false);
+	static void RemoveInterface(
+		UBlueprint* Blueprint, FTopLevelAssetPath InterfaceClassPathName, bool bPreserveFunctions = false);
+	static void RemoveInterface(
+		UBlueprint* Blueprint, const FName& InterfaceClassName, bool bPreserveFunctions = false);
 	/** Gives each interface function that is no event its graph, and drops graphs that the interface knows no more. */
 	static void ConformImplementedInterfaces(UBlueprint* Blueprint);
-	static void FindImplementedInterfaces(const UBlueprint* Blueprint, bool bGetAllInterfaces, TArray<UClass*>& ImplementedInterfaces);
+	static void FindImplementedInterfaces(
+		const UBlueprint* Blueprint, bool bGetAllInterfaces, TArray<UClass*>& ImplementedInterfaces);
 
 	// Timelines.
 	static UTimelineTemplate* AddNewTimeline(UBlueprint* Blueprint, const FName& TimelineVarName);
@@ -170,6 +206,8 @@ public:
 
 private:
 	static void CollectNodes(UEdGraph* Graph, const UClass* Class, TFunctionRef<void(UEdGraphNode*)> Visit);
-	static void AddFunctionGraphFromClass(UBlueprint* Blueprint, UEdGraph* Graph, bool bIsUserCreated, UClass* Signature);
-	static void AddFunctionGraphFromFunction(UBlueprint* Blueprint, UEdGraph* Graph, bool bIsUserCreated, const UFunction* Signature);
+	static void AddFunctionGraphFromClass(
+		UBlueprint* Blueprint, UEdGraph* Graph, bool bIsUserCreated, UClass* Signature);
+	static void AddFunctionGraphFromFunction(
+		UBlueprint* Blueprint, UEdGraph* Graph, bool bIsUserCreated, const UFunction* Signature);
 };

@@ -5,7 +5,8 @@
 class UBlueprint;
 class UClass;
 
-/** What depends on the kind of Blueprint, which follows from its parent class alone: the asset's class, the events it starts with. */
+/** What depends on the kind of Blueprint, which follows from its parent class alone: the asset's class, the events it
+ * starts with. */
 namespace BlueprintKinds
 {
 struct FDefaultEvent
@@ -22,7 +23,8 @@ UClass* GetBlueprintClass(const UClass* ParentClass);
 /** The events that a new Blueprint's event graph shows, in order; those of the nearest base class that has a list. */
 TArray<FDefaultEvent> GetDefaultEvents(const UClass* ParentClass);
 
-/** Called for each new Blueprint; modules that know a kind add what it starts with (a widget tree, an animation graph). */
+/** Called for each new Blueprint; modules that know a kind add what it starts with (a widget tree, an animation graph).
+ */
 using FFinisher = void (*)(UBlueprint& Blueprint);
 void RegisterFinisher(const UClass* BlueprintClass, FFinisher Finisher);
 void RegisterBlueprintClass(const TCHAR* ParentClassPath, UClass* BlueprintClass);
