@@ -1,9 +1,9 @@
 #include "UObject/Catalogue.h"
 
+#include "Boot/EditorModules.h"
 #include "Misc/FileHelper.h"
 #include "Misc/Paths.h"
 #include "UObject/Class.h"
-#include "UObject/ObjectProviders.h"
 #include "UObject/UnrealType.h"
 
 #include <benchmark/benchmark.h>
@@ -13,12 +13,6 @@
 
 namespace CatalogueBench
 {
-void Start()
-{
-	RegisterCoreUObjectClasses();
-	FCatalogue::Get().Install();
-}
-
 int32 ReadMembers(const UStruct& Struct)
 {
 	int32 Num = 0;
@@ -36,7 +30,7 @@ int32 ReadMembers(const UStruct& Struct)
 // The two below can happen once in a process only, so each is one iteration and they stand in this order.
 void CatalogueMakeAllClasses(benchmark::State& State)
 {
-	Start();
+	EditorModules::StartEditor();
 	for (auto _ : State)
 	{
 		TArray<UClass*> Classes;
@@ -48,7 +42,7 @@ BENCHMARK(CatalogueMakeAllClasses)->Iterations(1)->Unit(benchmark::kMillisecond)
 
 void CatalogueReadAllMembers(benchmark::State& State)
 {
-	Start();
+	EditorModules::StartEditor();
 	for (auto _ : State)
 	{
 		int32 Num = 0;
@@ -65,7 +59,7 @@ BENCHMARK(CatalogueReadAllMembers)->Iterations(1)->Unit(benchmark::kMillisecond)
 
 void CatalogueFindByPath(benchmark::State& State)
 {
-	Start();
+	EditorModules::StartEditor();
 	for (auto _ : State)
 	{
 		benchmark::DoNotOptimize(FCatalogue::Get().FindOrCreate(TEXT("/Script/Engine.CharacterMovementComponent")));
@@ -76,7 +70,7 @@ BENCHMARK(CatalogueFindByPath);
 /** A project of N classes with ten members each. */
 void CatalogueLoadProject(benchmark::State& State)
 {
-	Start();
+	EditorModules::StartEditor();
 	const FString Folder = FString((std::filesystem::temp_directory_path() / "catalogue-bench").c_str());
 	std::string Text;
 	for (int64 Class = 0; Class < State.range(0); ++Class)
