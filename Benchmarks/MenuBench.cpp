@@ -25,17 +25,21 @@ int32 BuildMenu(UEdGraph* Graph)
 	return Menu.GetNumActions();
 }
 
-// The first menu of a process reads the catalogue and makes all actions, so it is one iteration and stands first.
+// All actions are made anew each time. The first menu of a process also reads the catalogue's members, which only the
+// first of these pays for and only when no benchmark before it has.
 void MenuCold(benchmark::State& State)
 {
 	UEdGraph* const Graph = MakeGraph();
 	for (auto _ : State)
 	{
+		State.PauseTiming();
+		FBlueprintActionDatabase::Get().RefreshAll();
+		State.ResumeTiming();
 		State.counters["actions"] = BuildMenu(Graph);
 	}
 	Graph->MarkAsGarbage();
 }
-BENCHMARK(MenuCold)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(MenuCold)->Iterations(5)->Unit(benchmark::kMillisecond);
 
 void MenuWarm(benchmark::State& State)
 {
