@@ -73,12 +73,7 @@ static bool VisitCopy(const FProperty& Property, void* Copy, TFunctionRef<void(U
 using FScratchValues = std::vector<std::unique_ptr<FScratchValue>>;
 } // namespace ContainerText
 
-FArrayProperty::~FArrayProperty()
-{
-	delete Inner;
-}
-
-void FArrayProperty::InitializeValue(void* Dest) const
+void FContainerProperty::InitializeValue(void* Dest) const
 {
 	if (Ops)
 	{
@@ -88,14 +83,47 @@ void FArrayProperty::InitializeValue(void* Dest) const
 	::new (Dest) FScriptContainer();
 }
 
-void FArrayProperty::DestroyValue(void* Dest) const
+void FContainerProperty::DestroyValue(void* Dest) const
 {
 	if (Ops)
 	{
 		Ops->Destruct(Dest);
 		return;
 	}
-	FScriptArrayHelper(this, Dest).EmptyValues();
+	FScriptRows(GetFirstInner(), GetSecondInner(), Dest).Resize(0);
+}
+
+bool FContainerProperty::SameType(const FProperty* Other) const
+{
+	if (!FProperty::SameType(Other))
+	{
+		return false;
+	}
+	const FContainerProperty* const Container = static_cast<const FContainerProperty*>(Other);
+	const auto SameInner = [](const FProperty* Own, const FProperty* Others)
+	{ return Own && Others ? Own->SameType(Others) : Own == Others; };
+	return SameInner(GetFirstInner(), Container->GetFirstInner())
+		&& SameInner(GetSecondInner(), Container->GetSecondInner());
+}
+
+bool FContainerProperty::ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const
+{
+	return GetFirstInner()->ContainsObjectReference(Encountered)
+		|| (GetSecondInner() && GetSecondInner()->ContainsObjectReference(Encountered));
+}
+
+void FContainerProperty::VisitTypes(TFunctionRef<void(const UObject*)> Visit) const
+{
+	GetFirstInner()->VisitTypes(Visit);
+	if (GetSecondInner())
+	{
+		GetSecondInner()->VisitTypes(Visit);
+	}
+}
+
+FArrayProperty::~FArrayProperty()
+{
+	delete Inner;
 }
 
 void FArrayProperty::CopyCompleteValue(void* Dest, const void* Src) const
@@ -114,11 +142,6 @@ void FArrayProperty::CopyCompleteValue(void* Dest, const void* Src) const
 	}
 }
 
-bool FArrayProperty::SameType(const FProperty* Other) const
-{
-	return FProperty::SameType(Other) && Inner && Inner->SameType(static_cast<const FArrayProperty*>(Other)->Inner);
-}
-
 void FArrayProperty::VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const
 {
 	const FScriptArrayHelper Array(this, Value);
@@ -126,16 +149,6 @@ void FArrayProperty::VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Vis
 	{
 		Inner->VisitObjects(Array.GetRawPtr(Index), Visit);
 	}
-}
-
-bool FArrayProperty::ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const
-{
-	return Inner->ContainsObjectReference(Encountered);
-}
-
-void FArrayProperty::VisitTypes(TFunctionRef<void(const UObject*)> Visit) const
-{
-	Inner->VisitTypes(Visit);
 }
 
 bool FArrayProperty::Identical(const void* A, const void* B, uint32 PortFlags) const
@@ -197,26 +210,6 @@ FSetProperty::~FSetProperty()
 	delete ElementProp;
 }
 
-void FSetProperty::InitializeValue(void* Dest) const
-{
-	if (Ops)
-	{
-		Ops->Construct(Dest);
-		return;
-	}
-	::new (Dest) FScriptContainer();
-}
-
-void FSetProperty::DestroyValue(void* Dest) const
-{
-	if (Ops)
-	{
-		Ops->Destruct(Dest);
-		return;
-	}
-	FScriptSetHelper(this, Dest).EmptyElements();
-}
-
 void FSetProperty::CopyCompleteValue(void* Dest, const void* Src) const
 {
 	if (Dest == Src)
@@ -226,12 +219,6 @@ void FSetProperty::CopyCompleteValue(void* Dest, const void* Src) const
 	const FScriptSetHelper Target(this, Dest);
 	Target.EmptyElements();
 	FScriptSetHelper(this, Src).ForEach([&Target](const void* Element) { Target.AddElement(Element); });
-}
-
-bool FSetProperty::SameType(const FProperty* Other) const
-{
-	return FProperty::SameType(Other) && ElementProp
-		&& ElementProp->SameType(static_cast<const FSetProperty*>(Other)->ElementProp);
 }
 
 void FSetProperty::VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const
@@ -254,16 +241,6 @@ void FSetProperty::VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit
 			Set.AddElement(Element->Get());
 		}
 	}
-}
-
-bool FSetProperty::ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const
-{
-	return ElementProp->ContainsObjectReference(Encountered);
-}
-
-void FSetProperty::VisitTypes(TFunctionRef<void(const UObject*)> Visit) const
-{
-	ElementProp->VisitTypes(Visit);
 }
 
 bool FSetProperty::Identical(const void* A, const void* B, uint32 PortFlags) const

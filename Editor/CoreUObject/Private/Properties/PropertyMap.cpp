@@ -22,26 +22,6 @@ FMapProperty::~FMapProperty()
 	delete ValueProp;
 }
 
-void FMapProperty::InitializeValue(void* Dest) const
-{
-	if (Ops)
-	{
-		Ops->Construct(Dest);
-		return;
-	}
-	::new (Dest) FScriptContainer();
-}
-
-void FMapProperty::DestroyValue(void* Dest) const
-{
-	if (Ops)
-	{
-		Ops->Destruct(Dest);
-		return;
-	}
-	FScriptMapHelper(this, Dest).EmptyValues();
-}
-
 void FMapProperty::CopyCompleteValue(void* Dest, const void* Src) const
 {
 	if (Dest == Src)
@@ -51,16 +31,6 @@ void FMapProperty::CopyCompleteValue(void* Dest, const void* Src) const
 	const FScriptMapHelper Target(this, Dest);
 	Target.EmptyValues();
 	FScriptMapHelper(this, Src).ForEach([&Target](const void* Key, const void* Value) { Target.AddPair(Key, Value); });
-}
-
-bool FMapProperty::SameType(const FProperty* Other) const
-{
-	if (!FProperty::SameType(Other) || !KeyProp || !ValueProp)
-	{
-		return false;
-	}
-	const FMapProperty* const Map = static_cast<const FMapProperty*>(Other);
-	return KeyProp->SameType(Map->KeyProp) && ValueProp->SameType(Map->ValueProp);
 }
 
 void FMapProperty::VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const
@@ -96,17 +66,6 @@ void FMapProperty::VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit
 			Map.AddPair(Pair.Key->Get(), Pair.Value->Get());
 		}
 	}
-}
-
-bool FMapProperty::ContainsObjectReference(TArray<const FStructProperty*>& Encountered) const
-{
-	return KeyProp->ContainsObjectReference(Encountered) || ValueProp->ContainsObjectReference(Encountered);
-}
-
-void FMapProperty::VisitTypes(TFunctionRef<void(const UObject*)> Visit) const
-{
-	KeyProp->VisitTypes(Visit);
-	ValueProp->VisitTypes(Visit);
 }
 
 bool FMapProperty::Identical(const void* A, const void* B, uint32 PortFlags) const

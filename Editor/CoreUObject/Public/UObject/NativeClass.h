@@ -5,6 +5,9 @@
 #include "UObject/Class.h"
 #include "UObject/UnrealType.h"
 
+#include <tuple>
+#include <type_traits>
+
 /**
  * How C++ classes, structs and enums describe themselves to reflection. Only sources include this: each class has one
  * DescribeClass of one line per property, beside its other code.
@@ -118,79 +121,28 @@ private:
 
 namespace NativeClass
 {
-template <class T>
-struct TIsArray : std::false_type
+/** Whether T is an instance of a class template, and with which first arguments. */
+template <class T, template <class...> class TTemplate>
+struct TInstanceOf : std::false_type
 {
 };
-template <class T>
-struct TIsArray<TArray<T>> : std::true_type
+template <template <class...> class TTemplate, class... TArguments>
+struct TInstanceOf<TTemplate<TArguments...>, TTemplate> : std::true_type
 {
-	using Element = T;
+	template <std::size_t Index>
+	using TArgument = std::remove_const_t<std::tuple_element_t<Index, std::tuple<TArguments...>>>;
+};
+
+/** What a raw pointer or a TObjectPtr points to. */
+template <class T>
+struct TPointee
+{
+	using Type = std::remove_const_t<std::remove_pointer_t<T>>;
 };
 template <class T>
-struct TIsSet : std::false_type
+struct TPointee<TObjectPtr<T>>
 {
-};
-template <class T>
-struct TIsSet<TSet<T>> : std::true_type
-{
-	using Element = T;
-};
-template <class T>
-struct TIsMap : std::false_type
-{
-};
-template <class K, class V>
-struct TIsMap<TMap<K, V>> : std::true_type
-{
-	using Key = K;
-	using Value = V;
-};
-template <class T>
-struct TIsObjectPtr : std::is_pointer<T>
-{
-	using Class = std::remove_const_t<std::remove_pointer_t<T>>;
-};
-template <class T>
-struct TIsObjectPtr<TObjectPtr<T>> : std::true_type
-{
-	using Class = std::remove_const_t<T>;
-};
-template <class T>
-struct TIsWeakPtr : std::false_type
-{
-};
-template <class T>
-struct TIsWeakPtr<TWeakObjectPtr<T>> : std::true_type
-{
-	using Class = T;
-};
-template <class T>
-struct TIsSubclassOf : std::false_type
-{
-};
-template <class T>
-struct TIsSubclassOf<TSubclassOf<T>> : std::true_type
-{
-	using Class = T;
-};
-template <class T>
-struct TIsSoftPtr : std::false_type
-{
-};
-template <class T>
-struct TIsSoftPtr<TSoftObjectPtr<T>> : std::true_type
-{
-	using Class = T;
-};
-template <class T>
-struct TIsSoftClassPtr : std::false_type
-{
-};
-template <class T>
-struct TIsSoftClassPtr<TSoftClassPtr<T>> : std::true_type
-{
-	using Class = T;
+	using Type = std::remove_const_t<T>;
 };
 
 /** TEnumAsByte: an enum of the older kind kept in one byte. */
@@ -201,20 +153,41 @@ concept CEnumAsByte = requires
 }
 &&sizeof(T) == 1;
 
+/** Counts from the start, as sets and maps are not indexed. */
+template <class TContainer>
+auto& NthElement(void* Container, int32 Index)
+{
+	auto It = static_cast<TContainer*>(Container)->begin();
+	for (; Index > 0; --Index)
+	{
+		++It;
+	}
+	return *It;
+}
+
+/** What every container does alike. */
+template <class TContainer>
+FContainerOps ContainerOps()
+{
+	FContainerOps Made;
+	Made.Size = sizeof(TContainer);
+	Made.Alignment = alignof(TContainer);
+	Made.Construct = [](void* Memory) { ::new (Memory) TContainer(); };
+	Made.Destruct = [](void* Memory) { static_cast<TContainer*>(Memory)->~TContainer(); };
+	Made.Num = [](const void* Memory) { return static_cast<int32>(static_cast<const TContainer*>(Memory)->Num()); };
+	Made.Empty = [](void* Memory) { static_cast<TContainer*>(Memory)->Empty(); };
+	return Made;
+}
+
 template <class T>
 const FContainerOps* ArrayOps()
 {
 	static const FContainerOps Ops = []
 	{
-		FContainerOps Made;
-		Made.Size = sizeof(TArray<T>);
-		Made.Alignment = alignof(TArray<T>);
-		Made.Construct = [](void* C) { ::new (C) TArray<T>(); };
-		Made.Destruct = [](void* C) { static_cast<TArray<T>*>(C)->~TArray<T>(); };
-		Made.Num = [](const void* C) { return static_cast<int32>(static_cast<const TArray<T>*>(C)->Num()); };
-		Made.At = [](void* C, int32 I) -> void* { return &(*static_cast<TArray<T>*>(C))[I]; };
-		Made.Resize = [](void* C, int32 N) { static_cast<TArray<T>*>(C)->SetNum(N); };
-		Made.Empty = [](void* C) { static_cast<TArray<T>*>(C)->Empty(); };
+		using FArray = TArray<T>;
+		FContainerOps Made = ContainerOps<FArray>();
+		Made.At = [](void* Memory, int32 Index) -> void* { return &(*static_cast<FArray*>(Memory))[Index]; };
+		Made.Resize = [](void* Memory, int32 Num) { static_cast<FArray*>(Memory)->SetNum(Num); };
 		return Made;
 	}();
 	return &Ops;
@@ -225,31 +198,18 @@ const FContainerOps* SetOps()
 {
 	static const FContainerOps Ops = []
 	{
-		FContainerOps Made;
-		Made.Size = sizeof(TSet<T>);
-		Made.Alignment = alignof(TSet<T>);
-		Made.Construct = [](void* C) { ::new (C) TSet<T>(); };
-		Made.Destruct = [](void* C) { static_cast<TSet<T>*>(C)->~TSet<T>(); };
-		Made.Num = [](const void* C) { return static_cast<int32>(static_cast<const TSet<T>*>(C)->Num()); };
-		Made.At = [](void* C, int32 I) -> void*
+		using FSet = TSet<T>;
+		FContainerOps Made = ContainerOps<FSet>();
+		Made.At = [](void* Memory, int32 Index) -> void* { return const_cast<T*>(&NthElement<FSet>(Memory, Index)); };
+		Made.ForEach = [](void* Memory, TFunctionRef<void(void*, void*)> Visit)
 		{
-			auto It = static_cast<TSet<T>*>(C)->begin();
-			for (; I > 0; --I)
-			{
-				++It;
-			}
-			return const_cast<T*>(&*It);
-		};
-		Made.ForEach = [](void* C, TFunctionRef<void(void*, void*)> Visit)
-		{
-			for (const T& Element : *static_cast<TSet<T>*>(C))
+			for (const T& Element : *static_cast<FSet*>(Memory))
 			{
 				Visit(const_cast<T*>(&Element), nullptr);
 			}
 		};
-		Made.Empty = [](void* C) { static_cast<TSet<T>*>(C)->Empty(); };
-		Made.Add = [](void* C, const void* K, const void*)
-		{ static_cast<TSet<T>*>(C)->Add(*static_cast<const T*>(K)); };
+		Made.Add = [](void* Memory, const void* Element, const void*)
+		{ static_cast<FSet*>(Memory)->Add(*static_cast<const T*>(Element)); };
 		return Made;
 	}();
 	return &Ops;
@@ -261,198 +221,197 @@ const FContainerOps* MapOps()
 	static const FContainerOps Ops = []
 	{
 		using FMap = TMap<K, V>;
-		FContainerOps Made;
-		Made.Size = sizeof(FMap);
-		Made.Alignment = alignof(FMap);
-		Made.Construct = [](void* C) { ::new (C) FMap(); };
-		Made.Destruct = [](void* C) { static_cast<FMap*>(C)->~FMap(); };
-		Made.Num = [](const void* C) { return static_cast<int32>(static_cast<const FMap*>(C)->Num()); };
-		Made.At = [](void* C, int32 I) -> void*
+		FContainerOps Made = ContainerOps<FMap>();
+		Made.At = [](void* Memory, int32 Index) -> void*
+		{ return const_cast<K*>(&NthElement<FMap>(Memory, Index).Key); };
+		Made.ValueAt = [](void* Memory, int32 Index) -> void*
+		{ return const_cast<V*>(&NthElement<FMap>(Memory, Index).Value); };
+		Made.ForEach = [](void* Memory, TFunctionRef<void(void*, void*)> Visit)
 		{
-			auto It = static_cast<FMap*>(C)->begin();
-			for (; I > 0; --I)
-			{
-				++It;
-			}
-			return const_cast<K*>(&(*It).Key);
-		};
-		Made.ValueAt = [](void* C, int32 I) -> void*
-		{
-			auto It = static_cast<FMap*>(C)->begin();
-			for (; I > 0; --I)
-			{
-				++It;
-			}
-			return const_cast<V*>(&(*It).Value);
-		};
-		Made.ForEach = [](void* C, TFunctionRef<void(void*, void*)> Visit)
-		{
-			for (auto& Pair : *static_cast<FMap*>(C))
+			for (auto& Pair : *static_cast<FMap*>(Memory))
 			{
 				Visit(const_cast<K*>(&Pair.Key), const_cast<V*>(&Pair.Value));
 			}
 		};
-		Made.Empty = [](void* C) { static_cast<FMap*>(C)->Empty(); };
-		Made.Add = [](void* C, const void* Key, const void* Value)
-		{ static_cast<FMap*>(C)->Add(*static_cast<const K*>(Key), *static_cast<const V*>(Value)); };
+		Made.Add = [](void* Memory, const void* Key, const void* Value)
+		{ static_cast<FMap*>(Memory)->Add(*static_cast<const K*>(Key), *static_cast<const V*>(Value)); };
 		return Made;
 	}();
 	return &Ops;
 }
 
-/** The property of a C++ type. */
+/** The property of a C++ type that needs to know nothing more; void for all other types. */
 template <class T>
-FProperty* MakeProperty(FFieldVariant Owner, FName Name)
+struct TPlainProperty
 {
-	if constexpr (std::is_same_v<T, bool>)
+	using Type = void;
+};
+#define PLAIN_PROPERTY(TCpp, TProperty) \
+	template <> \
+	struct TPlainProperty<TCpp> \
+	{ \
+		using Type = TProperty; \
+	};
+PLAIN_PROPERTY(bool, FBoolProperty)
+PLAIN_PROPERTY(uint8, FByteProperty)
+PLAIN_PROPERTY(int8, FInt8Property)
+PLAIN_PROPERTY(int16, FInt16Property)
+PLAIN_PROPERTY(int32, FIntProperty)
+PLAIN_PROPERTY(int64, FInt64Property)
+PLAIN_PROPERTY(uint16, FUInt16Property)
+PLAIN_PROPERTY(uint32, FUInt32Property)
+PLAIN_PROPERTY(uint64, FUInt64Property)
+PLAIN_PROPERTY(float, FFloatProperty)
+PLAIN_PROPERTY(double, FDoubleProperty)
+PLAIN_PROPERTY(FName, FNameProperty)
+PLAIN_PROPERTY(FString, FStrProperty)
+PLAIN_PROPERTY(FText, FTextProperty)
+PLAIN_PROPERTY(FScriptDelegate, FDelegateProperty)
+PLAIN_PROPERTY(FMulticastScriptDelegate, FMulticastInlineDelegateProperty)
+#undef PLAIN_PROPERTY
+
+template <class TProperty>
+TProperty* MakeReference(FFieldVariant Owner, FName Name, UClass* Class)
+{
+	TProperty* const Property = new TProperty(Owner, Name);
+	Property->PropertyClass = Class;
+	return Property;
+}
+
+template <class TProperty>
+TProperty* MakeClassReference(FFieldVariant Owner, FName Name, UClass* MetaClass)
+{
+	TProperty* const Property = MakeReference<TProperty>(Owner, Name, UClass::StaticClass());
+	Property->MetaClass = MetaClass;
+	return Property;
+}
+
+template <class T>
+FProperty* MakeProperty(FFieldVariant Owner, FName Name);
+
+template <class T>
+FProperty* MakeEnumProperty(FFieldVariant Owner, FName Name)
+{
+	if constexpr (CEnumAsByte<T>)
 	{
-		return new FBoolProperty(Owner, Name);
+		FByteProperty* const Property = new FByteProperty(Owner, Name);
+		Property->Enum = StaticEnum<typename T::EnumType>();
+		return Property;
 	}
-	else if constexpr (std::is_enum_v<T>)
+	else
 	{
 		FEnumProperty* const Property = new FEnumProperty(Owner, Name);
 		Property->Enum = StaticEnum<T>();
 		Property->ByteSize = sizeof(T);
 		return Property;
 	}
-	else if constexpr (CEnumAsByte<T>)
+}
+
+/** The property of a pointer, hard, weak or soft, to an object or to a class. */
+template <class T>
+FProperty* MakePointerProperty(FFieldVariant Owner, FName Name)
+{
+	if constexpr (TInstanceOf<T, TSubclassOf>::value)
 	{
-		FByteProperty* const Property = new FByteProperty(Owner, Name);
-		Property->Enum = StaticEnum<typename T::EnumType>();
+		using FClassType = typename TInstanceOf<T, TSubclassOf>::template TArgument<0>;
+		FClassProperty* const Property = MakeClassReference<FClassProperty>(Owner, Name, FClassType::StaticClass());
+		Property->SetPropertyFlags(CPF_UObjectWrapper);
 		return Property;
 	}
-	else if constexpr (std::is_same_v<T, uint8>)
+	else if constexpr (TInstanceOf<T, TWeakObjectPtr>::value)
 	{
-		return new FByteProperty(Owner, Name);
+		using FClassType = typename TInstanceOf<T, TWeakObjectPtr>::template TArgument<0>;
+		return MakeReference<FWeakObjectProperty>(Owner, Name, FClassType::StaticClass());
 	}
-	else if constexpr (std::is_same_v<T, FScriptDelegate>)
+	else if constexpr (TInstanceOf<T, TSoftClassPtr>::value)
 	{
-		return new FDelegateProperty(Owner, Name);
+		using FClassType = typename TInstanceOf<T, TSoftClassPtr>::template TArgument<0>;
+		return MakeClassReference<FSoftClassProperty>(Owner, Name, FClassType::StaticClass());
 	}
-	else if constexpr (std::is_same_v<T, FMulticastScriptDelegate>)
+	else if constexpr (TInstanceOf<T, TSoftObjectPtr>::value)
 	{
-		return new FMulticastInlineDelegateProperty(Owner, Name);
+		using FClassType = typename TInstanceOf<T, TSoftObjectPtr>::template TArgument<0>;
+		return MakeReference<FSoftObjectProperty>(Owner, Name, FClassType::StaticClass());
+	}
+	else if constexpr (std::is_same_v<typename TPointee<T>::Type, UClass>)
+	{
+		return MakeClassReference<FClassProperty>(Owner, Name, UObject::StaticClass());
+	}
+	else
+	{
+		return MakeReference<FObjectProperty>(Owner, Name, TPointee<T>::Type::StaticClass());
+	}
+}
+
+template <class T>
+concept CObjectPointer =
+	std::is_pointer_v<T> || TInstanceOf<T, TObjectPtr>::value || TInstanceOf<T, TSubclassOf>::value || TInstanceOf<T,
+		TWeakObjectPtr>::value || TInstanceOf<T, TSoftClassPtr>::value || TInstanceOf<T, TSoftObjectPtr>::value;
+
+template <class T>
+FProperty* MakeArrayProperty(FFieldVariant Owner, FName Name)
+{
+	using FElement = typename TInstanceOf<T, TArray>::template TArgument<0>;
+	FArrayProperty* const Property = new FArrayProperty(Owner, Name);
+	Property->Inner = MakeProperty<FElement>(FFieldVariant(Property), Name);
+	Property->Ops = ArrayOps<FElement>();
+	return Property;
+}
+
+template <class T>
+FProperty* MakeSetProperty(FFieldVariant Owner, FName Name)
+{
+	using FElement = typename TInstanceOf<T, TSet>::template TArgument<0>;
+	FSetProperty* const Property = new FSetProperty(Owner, Name);
+	Property->ElementProp = MakeProperty<FElement>(FFieldVariant(Property), Name);
+	Property->Ops = SetOps<FElement>();
+	return Property;
+}
+
+template <class T>
+FProperty* MakeMapProperty(FFieldVariant Owner, FName Name)
+{
+	using FKey = typename TInstanceOf<T, TMap>::template TArgument<0>;
+	using FValue = typename TInstanceOf<T, TMap>::template TArgument<1>;
+	FMapProperty* const Property = new FMapProperty(Owner, Name);
+	Property->KeyProp = MakeProperty<FKey>(FFieldVariant(Property), FName(Name.ToString() + TEXT("_Key")));
+	Property->ValueProp = MakeProperty<FValue>(FFieldVariant(Property), Name);
+	Property->Ops = MapOps<FKey, FValue>();
+	return Property;
+}
+
+/** The property of a C++ type. */
+template <class T>
+FProperty* MakeProperty(FFieldVariant Owner, FName Name)
+{
+	if constexpr (!std::is_void_v<typename TPlainProperty<T>::Type>)
+	{
+		return new typename TPlainProperty<T>::Type(Owner, Name);
+	}
+	else if constexpr (std::is_enum_v<T> || CEnumAsByte<T>)
+	{
+		return MakeEnumProperty<T>(Owner, Name);
+	}
+	else if constexpr (CObjectPointer<T>)
+	{
+		return MakePointerProperty<T>(Owner, Name);
+	}
+	else if constexpr (TInstanceOf<T, TArray>::value)
+	{
+		return MakeArrayProperty<T>(Owner, Name);
+	}
+	else if constexpr (TInstanceOf<T, TSet>::value)
+	{
+		return MakeSetProperty<T>(Owner, Name);
+	}
+	else if constexpr (TInstanceOf<T, TMap>::value)
+	{
+		return MakeMapProperty<T>(Owner, Name);
 	}
 	else if constexpr (std::is_same_v<T, FScriptInterface>)
 	{
 		FInterfaceProperty* const Property = new FInterfaceProperty(Owner, Name);
 		Property->InterfaceClass = UInterface::StaticClass();
-		return Property;
-	}
-	else if constexpr (std::is_same_v<T, int8>)
-	{
-		return new FInt8Property(Owner, Name);
-	}
-	else if constexpr (std::is_same_v<T, int16>)
-	{
-		return new FInt16Property(Owner, Name);
-	}
-	else if constexpr (std::is_same_v<T, int32>)
-	{
-		return new FIntProperty(Owner, Name);
-	}
-	else if constexpr (std::is_same_v<T, int64>)
-	{
-		return new FInt64Property(Owner, Name);
-	}
-	else if constexpr (std::is_same_v<T, uint16>)
-	{
-		return new FUInt16Property(Owner, Name);
-	}
-	else if constexpr (std::is_same_v<T, uint32>)
-	{
-		return new FUInt32Property(Owner, Name);
-	}
-	else if constexpr (std::is_same_v<T, uint64>)
-	{
-		return new FUInt64Property(Owner, Name);
-	}
-	else if constexpr (std::is_same_v<T, float>)
-	{
-		return new FFloatProperty(Owner, Name);
-	}
-	else if constexpr (std::is_same_v<T, double>)
-	{
-		return new FDoubleProperty(Owner, Name);
-	}
-	else if constexpr (std::is_same_v<T, FName>)
-	{
-		return new FNameProperty(Owner, Name);
-	}
-	else if constexpr (std::is_same_v<T, FString>)
-	{
-		return new FStrProperty(Owner, Name);
-	}
-	else if constexpr (std::is_same_v<T, FText>)
-	{
-		return new FTextProperty(Owner, Name);
-	}
-	else if constexpr (TIsSubclassOf<T>::value)
-	{
-		FClassProperty* const Property = new FClassProperty(Owner, Name, CPF_UObjectWrapper);
-		Property->PropertyClass = UClass::StaticClass();
-		Property->MetaClass = TIsSubclassOf<T>::Class::StaticClass();
-		return Property;
-	}
-	else if constexpr (TIsWeakPtr<T>::value)
-	{
-		FWeakObjectProperty* const Property = new FWeakObjectProperty(Owner, Name);
-		Property->PropertyClass = TIsWeakPtr<T>::Class::StaticClass();
-		return Property;
-	}
-	else if constexpr (TIsSoftClassPtr<T>::value)
-	{
-		FSoftClassProperty* const Property = new FSoftClassProperty(Owner, Name);
-		Property->PropertyClass = UClass::StaticClass();
-		Property->MetaClass = TIsSoftClassPtr<T>::Class::StaticClass();
-		return Property;
-	}
-	else if constexpr (TIsSoftPtr<T>::value)
-	{
-		FSoftObjectProperty* const Property = new FSoftObjectProperty(Owner, Name);
-		Property->PropertyClass = TIsSoftPtr<T>::Class::StaticClass();
-		return Property;
-	}
-	else if constexpr (TIsObjectPtr<T>::value)
-	{
-		using FClassType = typename TIsObjectPtr<T>::Class;
-		if constexpr (std::is_same_v<FClassType, UClass>)
-		{
-			FClassProperty* const Property = new FClassProperty(Owner, Name);
-			Property->PropertyClass = UClass::StaticClass();
-			Property->MetaClass = UObject::StaticClass();
-			return Property;
-		}
-		else
-		{
-			FObjectProperty* const Property = new FObjectProperty(Owner, Name);
-			Property->PropertyClass = FClassType::StaticClass();
-			return Property;
-		}
-	}
-	else if constexpr (TIsArray<T>::value)
-	{
-		using FElement = typename TIsArray<T>::Element;
-		FArrayProperty* const Property = new FArrayProperty(Owner, Name);
-		Property->Inner = MakeProperty<FElement>(FFieldVariant(Property), Name);
-		Property->Ops = ArrayOps<FElement>();
-		return Property;
-	}
-	else if constexpr (TIsSet<T>::value)
-	{
-		using FElement = typename TIsSet<T>::Element;
-		FSetProperty* const Property = new FSetProperty(Owner, Name);
-		Property->ElementProp = MakeProperty<FElement>(FFieldVariant(Property), Name);
-		Property->Ops = SetOps<FElement>();
-		return Property;
-	}
-	else if constexpr (TIsMap<T>::value)
-	{
-		FMapProperty* const Property = new FMapProperty(Owner, Name);
-		Property->KeyProp = MakeProperty<typename TIsMap<T>::Key>(
-			FFieldVariant(Property), FName(Name.ToString() + TEXT("_Key")));
-		Property->ValueProp = MakeProperty<typename TIsMap<T>::Value>(FFieldVariant(Property), Name);
-		Property->Ops = MapOps<typename TIsMap<T>::Key, typename TIsMap<T>::Value>();
 		return Property;
 	}
 	else
@@ -471,6 +430,16 @@ int32 MemberOffset(TMember TOwner::*Member)
 	const TOwner* const Owner = reinterpret_cast<const TOwner*>(Space);
 	return static_cast<int32>(reinterpret_cast<const char*>(&(Owner->*Member)) - Space);
 }
+
+template <class TOwner, class TMember>
+FProperty& AddMember(UStruct& Struct, const TCHAR* Name, TMember TOwner::*Member, uint64 Flags)
+{
+	FProperty* const Made = MakeProperty<TMember>(FFieldVariant(&Struct), FName(Name));
+	Made->SetPropertyFlags(Flags);
+	Made->SetLocation(MemberOffset(Member), false);
+	Struct.AddProperty(Made);
+	return *Made;
+}
 } // namespace NativeClass
 
 /** What DescribeClass talks to. */
@@ -486,11 +455,7 @@ public:
 	template <class TOwner, class TMember>
 	FProperty& Property(const TCHAR* Name, TMember TOwner::*Member, uint64 Flags = CPF_None)
 	{
-		FProperty* const Made = NativeClass::MakeProperty<TMember>(FFieldVariant(Class), FName(Name));
-		Made->SetPropertyFlags(Flags);
-		Made->SetLocation(NativeClass::MemberOffset(Member), false);
-		Class->AddProperty(Made);
-		return *Made;
+		return NativeClass::AddMember(*Class, Name, Member, Flags);
 	}
 	FClassDescriber& MetaData(const TCHAR* Key, const TCHAR* Value)
 	{
@@ -517,11 +482,7 @@ public:
 	template <class TOwner, class TMember>
 	FProperty& Property(const TCHAR* Name, TMember TOwner::*Member, uint64 Flags = CPF_None)
 	{
-		FProperty* const Made = NativeClass::MakeProperty<TMember>(FFieldVariant(Struct), FName(Name));
-		Made->SetPropertyFlags(Flags);
-		Made->SetLocation(NativeClass::MemberOffset(Member), false);
-		Struct->AddProperty(Made);
-		return *Made;
+		return NativeClass::AddMember(*Struct, Name, Member, Flags);
 	}
 	UScriptStruct* GetStruct() const { return Struct; }
 
