@@ -33,14 +33,9 @@ TSharedPtr<FJsonValue> FJsonObject::TryGetField(const FStringView FieldName) con
 	return Field ? *Field : nullptr;
 }
 
-void FJsonObject::SetField(const FString& FieldName, const TSharedPtr<FJsonValue>& Value)
+void FJsonObject::SetField(FString FieldName, TSharedPtr<FJsonValue> Value)
 {
-	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, Value ? Value : MakeNull());
-}
-
-void FJsonObject::SetField(FString&& FieldName, const TSharedPtr<FJsonValue>& Value)
-{
-	JsonObjectPrivate::MakeRoom(Values).Add(MoveTemp(FieldName), Value ? Value : MakeNull());
+	JsonObjectPrivate::MakeRoom(Values).Add(MoveTemp(FieldName), Value ? MoveTemp(Value) : MakeNull());
 }
 
 void FJsonObject::RemoveField(const FStringView FieldName)
@@ -60,9 +55,9 @@ int32 FJsonObject::GetIntegerField(const FStringView FieldName) const
 	return Number;
 }
 
-void FJsonObject::SetNumberField(const FString& FieldName, const double Number)
+void FJsonObject::SetNumberField(FString FieldName, const double Number)
 {
-	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueNumber>(Number));
+	JsonObjectPrivate::MakeRoom(Values).Add(MoveTemp(FieldName), MakeShared<FJsonValueNumber>(Number));
 }
 
 FString FJsonObject::GetStringField(const FStringView FieldName) const
@@ -98,9 +93,9 @@ bool FJsonObject::TryGetStringArrayField(const FStringView FieldName, TArray<FSt
 	return true;
 }
 
-void FJsonObject::SetStringField(const FString& FieldName, const FString& StringValue)
+void FJsonObject::SetStringField(FString FieldName, FString StringValue)
 {
-	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueString>(StringValue));
+	JsonObjectPrivate::MakeRoom(Values).Add(MoveTemp(FieldName), MakeShared<FJsonValueString>(MoveTemp(StringValue)));
 }
 
 bool FJsonObject::GetBoolField(const FStringView FieldName) const
@@ -114,9 +109,9 @@ bool FJsonObject::TryGetBoolField(const FStringView FieldName, bool& bOutBool) c
 	return Field && Field->TryGetBool(bOutBool);
 }
 
-void FJsonObject::SetBoolField(const FString& FieldName, const bool bBool)
+void FJsonObject::SetBoolField(FString FieldName, const bool bBool)
 {
-	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueBoolean>(bBool));
+	JsonObjectPrivate::MakeRoom(Values).Add(MoveTemp(FieldName), MakeShared<FJsonValueBoolean>(bBool));
 }
 
 const TArray<TSharedPtr<FJsonValue>>& FJsonObject::GetArrayField(const FStringView FieldName) const
@@ -133,14 +128,9 @@ bool FJsonObject::TryGetArrayField(const FStringView FieldName, const TArray<TSh
 	return Field && Field->TryGetArray(OutArray);
 }
 
-void FJsonObject::SetArrayField(const FString& FieldName, const TArray<TSharedPtr<FJsonValue>>& Array)
+void FJsonObject::SetArrayField(FString FieldName, TArray<TSharedPtr<FJsonValue>> Array)
 {
-	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueArray>(Array));
-}
-
-void FJsonObject::SetArrayField(const FString& FieldName, TArray<TSharedPtr<FJsonValue>>&& Array)
-{
-	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueArray>(MoveTemp(Array)));
+	JsonObjectPrivate::MakeRoom(Values).Add(MoveTemp(FieldName), MakeShared<FJsonValueArray>(MoveTemp(Array)));
 }
 
 const TSharedPtr<FJsonObject>& FJsonObject::GetObjectField(const FStringView FieldName) const
@@ -157,9 +147,9 @@ bool FJsonObject::TryGetObjectField(const FStringView FieldName, const TSharedPt
 	return Field && Field->TryGetObject(OutObject);
 }
 
-void FJsonObject::SetObjectField(const FString& FieldName, const TSharedPtr<FJsonObject>& JsonObject)
+void FJsonObject::SetObjectField(FString FieldName, TSharedPtr<FJsonObject> JsonObject)
 {
-	JsonObjectPrivate::MakeRoom(Values).Add(FieldName, MakeShared<FJsonValueObject>(JsonObject));
+	JsonObjectPrivate::MakeRoom(Values).Add(MoveTemp(FieldName), MakeShared<FJsonValueObject>(MoveTemp(JsonObject)));
 }
 
 void FJsonObject::Duplicate(const TSharedPtr<const FJsonObject>& Source, TSharedPtr<FJsonObject>& OutCopy)

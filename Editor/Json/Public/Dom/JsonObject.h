@@ -18,7 +18,8 @@ struct FJsonKeyFuncs
  * The members of one JSON object, in the order in which they were first set. Names are case-sensitive.
  *
  * A member of the wrong type counts as missing: the TryGet functions answer false and leave their output alone, the Get
- * functions answer an empty value. Nothing is converted from one JSON type to another.
+ * functions answer an empty value. Nothing is converted from one JSON type to another. The Set functions take names and
+ * values to keep, so what a caller moves in is not copied.
  */
 class FJsonObject
 {
@@ -56,8 +57,7 @@ public:
 	}
 
 	/** A null Value is stored as a JSON null. */
-	void SetField(const FString& FieldName, const TSharedPtr<FJsonValue>& Value);
-	void SetField(FString&& FieldName, const TSharedPtr<FJsonValue>& Value);
+	void SetField(FString FieldName, TSharedPtr<FJsonValue> Value);
 	void RemoveField(FStringView FieldName);
 
 	double GetNumberField(FStringView FieldName) const;
@@ -70,30 +70,29 @@ public:
 		const TSharedPtr<FJsonValue> Field = TryGetField(FieldName);
 		return Field && Field->TryGetNumber(OutNumber);
 	}
-	void SetNumberField(const FString& FieldName, double Number);
+	void SetNumberField(FString FieldName, double Number);
 
 	FString GetStringField(FStringView FieldName) const;
 	bool TryGetStringField(FStringView FieldName, FString& OutString) const;
 	/** False, with OutArray unchanged, unless every element is a string. */
 	bool TryGetStringArrayField(FStringView FieldName, TArray<FString>& OutArray) const;
-	void SetStringField(const FString& FieldName, const FString& StringValue);
+	void SetStringField(FString FieldName, FString StringValue);
 
 	bool GetBoolField(FStringView FieldName) const;
 	bool TryGetBoolField(FStringView FieldName, bool& bOutBool) const;
-	void SetBoolField(const FString& FieldName, bool bBool);
+	void SetBoolField(FString FieldName, bool bBool);
 
 	/** The array belongs to the member; empty when there is none. */
 	const TArray<TSharedPtr<FJsonValue>>& GetArrayField(FStringView FieldName) const;
 	bool TryGetArrayField(FStringView FieldName, const TArray<TSharedPtr<FJsonValue>>*& OutArray) const;
-	void SetArrayField(const FString& FieldName, const TArray<TSharedPtr<FJsonValue>>& Array);
-	void SetArrayField(const FString& FieldName, TArray<TSharedPtr<FJsonValue>>&& Array);
+	void SetArrayField(FString FieldName, TArray<TSharedPtr<FJsonValue>> Array);
 
 	/** Null when there is no such object. */
 	const TSharedPtr<FJsonObject>& GetObjectField(FStringView FieldName) const;
 	/** The pointer is the member's own and lives as long as the member does. */
 	bool TryGetObjectField(FStringView FieldName, const TSharedPtr<FJsonObject>*& OutObject) const;
 	/** A null JsonObject is written as JSON null. */
-	void SetObjectField(const FString& FieldName, const TSharedPtr<FJsonObject>& JsonObject);
+	void SetObjectField(FString FieldName, TSharedPtr<FJsonObject> JsonObject);
 
 	/** A deep copy; null for null. */
 	static void Duplicate(const TSharedPtr<const FJsonObject>& Source, TSharedPtr<FJsonObject>& OutCopy);

@@ -10,6 +10,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
 #include "Utils/Records/GraphTelemetry.h"
+#include "Utils/Records/JsonTexts.h"
 
 namespace CamMatching
 {
@@ -164,17 +165,12 @@ private:
 
 TSharedRef<FJsonObject> ToJson(const FCamCandidate& Candidate)
 {
-	TArray<TSharedPtr<FJsonValue>> Common;
-	for (const FString& Keyword : Candidate.CommonKeywords.CommonKeywords)
-	{
-		Common.Add(MakeShared<FJsonValueString>(Keyword));
-	}
 	const TSharedRef<FJsonObject> Json = MakeShared<FJsonObject>();
 	Json->SetStringField(TEXT("menu_title"), Candidate.MenuTitle);
 	Json->SetStringField(TEXT("node_class"), Candidate.NodeClass);
 	Json->SetStringField(TEXT("menu_category"), Candidate.MenuCategory);
 	Json->SetNumberField(TEXT("confidence"), Candidate.Confidence);
-	Json->SetArrayField(TEXT("common_keywords"), MoveTemp(Common));
+	Json->SetArrayField(TEXT("common_keywords"), ToJsonTexts(Candidate.CommonKeywords.CommonKeywords));
 	return Json;
 }
 

@@ -8,6 +8,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
 #include "Utils/Records/GraphTelemetry.h"
+#include "Utils/Records/JsonTexts.h"
 #include "Utils/Records/RecordWords.h"
 
 namespace LocalVariables
@@ -333,11 +334,6 @@ void FBlueprintLocalVariableUtils::WriteTelemetry(const FBPLocalVariableOutcome&
 	GraphTelemetry::SetNumber(Result, TEXT("local_variables_removed"), Outcome.Removed);
 	if (!Outcome.Failures.IsEmpty())
 	{
-		TArray<TSharedPtr<FJsonValue>> Failures;
-		for (const FString& Failure : Outcome.Failures)
-		{
-			Failures.Add(MakeShared<FJsonValueString>(Failure));
-		}
-		GraphTelemetry::Ensure(Result)->SetArrayField(TEXT("local_variable_failures"), Failures);
+		GraphTelemetry::Ensure(Result)->SetArrayField(TEXT("local_variable_failures"), ToJsonTexts(Outcome.Failures));
 	}
 }

@@ -10,6 +10,7 @@
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "Utils/FunctionGraphs.h"
+#include "Utils/Records/JsonTexts.h"
 #include "Utils/Records/PopulateRecords.h"
 
 namespace BlueprintGraphCreate
@@ -127,14 +128,9 @@ private:
 		{
 			return;
 		}
-		TArray<TSharedPtr<FJsonValue>> Values;
-		for (const FString& Name : Names)
-		{
-			Values.Add(MakeShared<FJsonValueString>(Name));
-		}
 		const TSharedPtr<FJsonObject> Parameters = MakeShared<FJsonObject>();
 		Parameters->SetStringField(ToolInfo::FieldName_Path, Path);
-		Parameters->SetArrayField(NameField, Values);
+		Parameters->SetArrayField(NameField, ToJsonTexts(Names));
 		Result.TrackModification(ReadTool, Parameters);
 	}
 

@@ -10,6 +10,7 @@
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "Utils/Records/GraphTelemetry.h"
+#include "Utils/Records/JsonTexts.h"
 
 // The steps that tell what the run did, lay it out and save it.
 
@@ -23,16 +24,6 @@ int32 CountLinks(const UEdGraphNode& Node)
 		Count += Pin ? Pin->LinkedTo.Num() : 0;
 	}
 	return Count;
-}
-
-TArray<TSharedPtr<FJsonValue>> ToJsonArray(const TArray<FString>& Texts)
-{
-	TArray<TSharedPtr<FJsonValue>> Values;
-	for (const FString& Text : Texts)
-	{
-		Values.Add(MakeShared<FJsonValueString>(Text));
-	}
-	return Values;
 }
 
 /** The object {Key: Values} as text: lists travel as text in the data. */
@@ -88,7 +79,7 @@ void FPopulateRun::SummarizeSession()
 	Telemetry->SetObjectField(TEXT("session_summary"), Summary);
 	if (!Blocked.IsEmpty())
 	{
-		Telemetry->SetArrayField(TEXT("blocked_operations"), PopulateRunReport::ToJsonArray(Blocked));
+		Telemetry->SetArrayField(TEXT("blocked_operations"), ToJsonTexts(Blocked));
 	}
 }
 
@@ -158,7 +149,7 @@ void FPopulateRun::DescribeCreatedNodes()
 		}
 		AvailableEvents.Append(Titles);
 		const TSharedRef<FJsonObject> Json = DescribeNode(Record);
-		Json->SetArrayField(TEXT("attached_to_events"), PopulateRunReport::ToJsonArray(Titles));
+		Json->SetArrayField(TEXT("attached_to_events"), ToJsonTexts(Titles));
 		Elements.Add(MakeShared<FJsonValueObject>(Json));
 	}
 	Result.SetData(TEXT("nodes_attached_to_events"), PopulateRunReport::ToText(TEXT("nodes"), MoveTemp(Elements)));
@@ -220,7 +211,7 @@ void FPopulateRun::TrackNames(const TCHAR* ReadTool, const TCHAR* NameField, con
 	Texts.Append(Names);
 	const TSharedPtr<FJsonObject> Parameters = MakeShared<FJsonObject>();
 	Parameters->SetStringField(Morvane::ToolInfo::FieldName_Path, Path);
-	Parameters->SetArrayField(NameField, PopulateRunReport::ToJsonArray(Texts));
+	Parameters->SetArrayField(NameField, ToJsonTexts(Texts));
 	Result.TrackModification(ReadTool, Parameters);
 }
 

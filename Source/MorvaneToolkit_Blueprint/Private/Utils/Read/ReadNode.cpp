@@ -97,7 +97,7 @@ void SetAliasedStates(FJsonObject& Object, const UAnimStateAliasNode& Alias)
 			States.Add(MakeShared<FJsonValueObject>(Entry));
 		}
 	}
-	Object.SetArrayField(TEXT("aliased_states"), States);
+	Object.SetArrayField(TEXT("aliased_states"), MoveTemp(States));
 }
 
 /** What the transition's own pins lead to: its inputs come from states, its outputs go to them. Duplicates stay. */
@@ -120,11 +120,11 @@ void SetLinkedStates(FJsonObject& Object, const UAnimStateTransitionNode& Transi
 	}
 	if (!From.IsEmpty())
 	{
-		Object.SetArrayField(TEXT("from_states"), From);
+		Object.SetArrayField(TEXT("from_states"), MoveTemp(From));
 	}
 	if (!To.IsEmpty())
 	{
-		Object.SetArrayField(TEXT("to_states"), To);
+		Object.SetArrayField(TEXT("to_states"), MoveTemp(To));
 	}
 }
 

@@ -82,7 +82,7 @@ TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchyNode(
 	}
 	if (!Children.IsEmpty())
 	{
-		Node->SetArrayField(TEXT("children"), Children);
+		Node->SetArrayField(TEXT("children"), MoveTemp(Children));
 	}
 	return Node;
 }
