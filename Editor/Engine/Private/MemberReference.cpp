@@ -186,6 +186,17 @@ UClass* MostUpToDate(UClass* Class)
 	UBlueprint* const Blueprint = UBlueprint::GetBlueprintFromClass(Class);
 	return Blueprint ? BlueprintClassProvider::GetSelfClass(Blueprint) : Class;
 }
+
+/** The signature of an event dispatcher that a class declares for itself; it is no function of the class. */
+UFunction* FindSignature(UClass& Class, FName Name)
+{
+	UFunction* Signature = nullptr;
+	for (UClass* Scope = &Class; Scope && !Signature; Scope = Scope->GetSuperClass())
+	{
+		Signature = FindObject<UFunction>(Scope, *Name.ToString());
+	}
+	return Signature;
+}
 } // namespace MemberReference
 
 UFunction* FMemberReference::ResolveFunction(UClass* SelfScope) const
@@ -195,7 +206,8 @@ UFunction* FMemberReference::ResolveFunction(UClass* SelfScope) const
 		return FindObject<UFunction>(nullptr, Package->GetName() + TEXT(".") + MemberName.ToString());
 	}
 	UClass* const Scope = MemberReference::MostUpToDate(GetScope(SelfScope));
-	return Scope ? Scope->FindFunctionByName(MemberName) : nullptr;
+	UFunction* const Function = Scope ? Scope->FindFunctionByName(MemberName) : nullptr;
+	return Function || !Scope ? Function : MemberReference::FindSignature(*Scope, MemberName);
 }
 
 FProperty* FMemberReference::ResolveProperty(UClass* SelfScope) const
