@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CoreMinimal.h"
-#include "K2Node_SwitchName.h"
+#include "K2Node_Switch.h"
 
 /** Switch on Gameplay Tag. Cases are named; a case's tag is the name's own until an author picks another. */
 class UGameplayTagsK2Node_SwitchGameplayTag : public UK2Node_Switch
@@ -10,10 +10,7 @@ class UGameplayTagsK2Node_SwitchGameplayTag : public UK2Node_Switch
 
 public:
 	UGameplayTagsK2Node_SwitchGameplayTag();
-	FName GetUniquePinName() override;
 	FEdGraphPinType GetPinType() const override;
-	void AddPinToSwitchNode() override;
-	void RemovePinFromSwitchNode(UEdGraphPin* TargetPin) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 
@@ -21,7 +18,7 @@ public:
 
 protected:
 	void CreateSelectionPin() override;
-	void CreateCasePins() override;
+	TArray<FName>* GetCaseNames() override { return &PinNames; }
 };
 
 /** Switch on Gameplay Tag Container. */

@@ -15,14 +15,16 @@ public:
 	UEdGraphPin* GetInputPin(int32 InputPinIndex) const;
 	FEdGraphPinType GetType() const;
 	void AllocateDefaultPins() override;
-	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 	void AddInputPin() override;
-	bool CanAddPin() const override { return NumAdditionalInputs + 2 < GetMaxInputPinsNum(); }
+	bool CanAddPin() const override { return NumAdditionalInputs + NumBinaryOperands < GetMaxInputPinsNum(); }
 	bool CanRemovePin(const UEdGraphPin* Pin) const override;
 	void RemoveInputPin(UEdGraphPin* Pin) override;
 
 	int32 NumAdditionalInputs = 0;
 
 private:
+	/** What the function itself takes. */
+	static constexpr int32 NumBinaryOperands = 2;
+	TArray<UEdGraphPin*> GetOperands() const;
 	UEdGraphPin* AddInputPinInner(int32 AdditionalPinIndex);
 };

@@ -17,7 +17,6 @@ public:
 	bool ShouldDrawCompact() const override { return true; }
 	FText GetCompactNodeTitle() const override;
 	void AllocateDefaultPins() override;
-	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 	void PostReconstructNode() override;
 	void PinConnectionListChanged(UEdGraphPin* Pin) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;

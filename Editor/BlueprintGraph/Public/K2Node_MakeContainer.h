@@ -20,12 +20,13 @@ public:
 	void AllocateDefaultPins() override;
 	void PostReconstructNode() override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
-	void NotifyPinConnectionListChanged(UEdGraphPin* Pin) override;
 	void PinConnectionListChanged(UEdGraphPin* Pin) override;
 	void AddInputPin() override;
 	bool CanAddPin() const override { return true; }
 	bool CanRemovePin(const UEdGraphPin* Pin) const override;
 	void RemoveInputPin(UEdGraphPin* Pin) override;
+	bool IsConnectionDisallowed(
+		const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
 	FText GetMenuCategory() const override;
 	void GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;

@@ -41,7 +41,6 @@ public:
 	FText GetKeywords() const override;
 	bool ShouldDrawCompact() const override { return true; }
 	FText GetCompactNodeTitle() const override;
-	void PinDefaultValueChanged(UEdGraphPin* Pin) override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
 	/** Gives the operands the types of the bound overload, as after a link that asked for it. */
 	void TakeTypesOfFunction();

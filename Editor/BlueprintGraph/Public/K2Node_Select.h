@@ -30,6 +30,10 @@ public:
 	bool CanAddPin() const override;
 	bool CanRemovePin(const UEdGraphPin* Pin) const override;
 	void RemoveInputPin(UEdGraphPin* Pin) override;
+	/** Takes the last option away. */
+	void RemoveOptionPinToNode();
+	/** Two options always stay; with a boolean or an enum as index there are as many as it has values. */
+	bool CanRemoveOptionPinToNode() const;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	FText GetKeywords() const override;
@@ -48,6 +52,9 @@ public:
 private:
 	FName GetOptionName(int32 Index) const;
 	FText GetOptionFriendlyName(int32 Index) const;
+	void TakeEntries(UEnum* InEnum);
+	/** Makes the pins of the present index. An option may keep its place, links and value under its new name. */
+	void RemakeOptions(bool bKeepPlaces);
 	void RefreshIndexType();
 	void RefreshOptionTypes();
 };

@@ -14,7 +14,8 @@ public:
 	UEdGraphPin* GetDefaultPin() const;
 	UEdGraphPin* GetFunctionPin() const;
 	static FName GetSelectionPinName();
-	virtual FName GetUniquePinName() { return NAME_None; }
+	/** A name that no case has yet. */
+	virtual FName GetUniquePinName();
 	virtual FEdGraphPinType GetPinType() const { return FEdGraphPinType(); }
 	virtual FEdGraphPinType GetInnerCaseType() const;
 	virtual void AddPinToSwitchNode();
@@ -41,7 +42,11 @@ public:
 
 protected:
 	virtual void CreateSelectionPin() {}
-	virtual void CreateCasePins() {}
+	/** The pins of the named cases; a switch whose cases come from elsewhere makes its own. */
+	virtual void CreateCasePins();
+	/** Where the switch keeps the names of the cases that an author added; null when cases have no names of their own.
+	 */
+	virtual TArray<FName>* GetCaseNames() { return nullptr; }
 	void CreateFunctionPin();
 	/** The comparison that tells the cases apart. */
 	void SetFunction(const TCHAR* ClassPath, const TCHAR* Name);

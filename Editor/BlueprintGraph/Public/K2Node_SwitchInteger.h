@@ -15,7 +15,6 @@ public:
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	void RemovePinFromSwitchNode(UEdGraphPin* TargetPin) override;
-	bool CanRemoveExecutionPin(UEdGraphPin* TargetPin) const override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 
 	int32 StartIndex = 0;

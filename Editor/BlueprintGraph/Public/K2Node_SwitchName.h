@@ -10,10 +10,7 @@ class UK2Node_SwitchName : public UK2Node_Switch
 
 public:
 	UK2Node_SwitchName();
-	FName GetUniquePinName() override;
 	FEdGraphPinType GetPinType() const override;
-	void AddPinToSwitchNode() override;
-	void RemovePinFromSwitchNode(UEdGraphPin* TargetPin) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 
@@ -21,5 +18,5 @@ public:
 
 protected:
 	void CreateSelectionPin() override;
-	void CreateCasePins() override;
+	TArray<FName>* GetCaseNames() override { return &PinNames; }
 };

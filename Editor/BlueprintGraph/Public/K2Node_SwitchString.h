@@ -10,10 +10,7 @@ class UK2Node_SwitchString : public UK2Node_Switch
 
 public:
 	UK2Node_SwitchString();
-	FName GetUniquePinName() override;
 	FEdGraphPinType GetPinType() const override;
-	void AddPinToSwitchNode() override;
-	void RemovePinFromSwitchNode(UEdGraphPin* TargetPin) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 
@@ -22,5 +19,5 @@ public:
 
 protected:
 	void CreateSelectionPin() override;
-	void CreateCasePins() override;
+	TArray<FName>* GetCaseNames() override { return &PinNames; }
 };

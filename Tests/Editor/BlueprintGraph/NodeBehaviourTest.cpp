@@ -20,51 +20,14 @@
 #include "K2Node_SwitchInteger.h"
 #include "K2Node_SwitchString.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "NodeTests.h"
 #include "StandardMacros.h"
 
 #include <gtest/gtest.h>
 
 namespace NodeBehaviourTests
 {
-constexpr const TCHAR* Math = TEXT("/Script/Engine.KismetMathLibrary");
-
-std::string TypeOf(const UEdGraphPin* Pin)
-{
-	return Pin ? ToStd(UEdGraphSchema_K2::TypeToText(Pin->PinType).ToString()) : "no pin";
-}
-
-std::string Names(const UEdGraphNode& Node, EEdGraphPinDirection Direction)
-{
-	std::string Text;
-	for (const UEdGraphPin* const Pin : Node.Pins)
-	{
-		if (Pin->Direction == Direction)
-		{
-			Text += (Text.empty() ? "" : ",") + ToStd(Pin->GetName());
-		}
-	}
-	return Text;
-}
-
-bool Connect(UEdGraphPin* From, UEdGraphPin* To)
-{
-	return From && To && From->GetSchema()->TryCreateConnection(From, To);
-}
-
-template <class TNode>
-TNode* Make(UEdGraph* Graph, TFunctionRef<void(TNode&)> Bind)
-{
-	FGraphNodeCreator<TNode> Creator(*Graph);
-	TNode* const Node = Creator.CreateNode(false);
-	Bind(*Node);
-	Creator.Finalize();
-	return Node;
-}
-
-const UFunction* Function(const TCHAR* ClassPath, const TCHAR* Name)
-{
-	return FindObject<UClass>(nullptr, ClassPath)->FindFunctionByName(FName(Name));
-}
+using namespace NodeTests;
 
 TEST(StandardMacros, EachHasAGraphThatLeadsFromItsEntryToItsExits)
 {

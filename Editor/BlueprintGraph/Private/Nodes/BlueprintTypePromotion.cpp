@@ -23,6 +23,8 @@ namespace TypePromotion
 {
 const FName IgnoreKey(TEXT("IgnoreTypePromotion"));
 const FName ToleranceParam(TEXT("ErrorTolerance"));
+/** Behind the two operands. */
+constexpr int32 ResultIndex = 2;
 
 /** The operands: inputs in order, a comparison's tolerance left out. */
 TArray<const FProperty*> OperandsOf(const UFunction& Function)
@@ -206,33 +208,58 @@ const UFunction* FTypePromotion::GetDefaultFuncForOp(FName Operation)
 	return Functions.IsEmpty() ? nullptr : Functions[0];
 }
 
+namespace TypePromotion
+{
+/** Vector by vector rather than vector by number, as long as nothing tells which of them is meant. */
+bool TakesOneType(const UFunction& Function)
+{
+	return IsSame(FTypePromotion::GetParamType(Function, 0), FTypePromotion::GetParamType(Function, 1));
+}
+
+/** How far the pins are from the overload; -1 when one of them does not fit. */
+int32 Distance(const UFunction& Function, const TArray<UEdGraphPin*>& Pins)
+{
+	int32 Total = 0;
+	int32 Operand = 0;
+	for (const UEdGraphPin* const Pin : Pins)
+	{
+		const bool bOutput = Pin->Direction == EGPD_Output;
+		const int32 Index = bOutput ? ResultIndex : FMath::Min(Operand++, ResultIndex - 1);
+		if (WildcardTypes::IsOpen(Pin->PinType))
+		{
+			continue;
+		}
+		const FEdGraphPinType Param = FTypePromotion::GetParamType(Function, Index);
+		// Operands are promoted on the way in; nothing does that to a result on its way out.
+		const int32 Step = !bOutput									? Distance(Pin->PinType, Param)
+			: FTypePromotion::IsValidPromotion(Param, Pin->PinType) ? -1
+																	: Distance(Param, Pin->PinType);
+		if (Step < 0)
+		{
+			return -1;
+		}
+		Total += Step;
+	}
+	return Total;
+}
+} // namespace TypePromotion
+
 const UFunction* FTypePromotion::FindBestMatchingFunc(FName Operation, const TArray<UEdGraphPin*>& PinsToConsider)
 {
 	const UFunction* Best = nullptr;
 	int32 BestDistance = MAX_int32;
 	for (const UFunction* const Function : GetAllFuncsForOp(Operation))
 	{
-		int32 Total = 0;
-		bool bFits = true;
-		int32 Operand = 0;
-		for (const UEdGraphPin* const Pin : PinsToConsider)
+		const int32 Distance = TypePromotion::Distance(*Function, PinsToConsider);
+		if (Distance < 0 || 2 * Distance >= BestDistance)
 		{
-			const bool bOutput = Pin->Direction == EGPD_Output;
-			const int32 Index = bOutput ? 2 : FMath::Min(Operand++, 1);
-			if (WildcardTypes::IsOpen(Pin->PinType))
-			{
-				continue;
-			}
-			const FEdGraphPinType Param = GetParamType(*Function, Index);
-			const int32 Step = bOutput ? TypePromotion::Distance(Param, Pin->PinType)
-									   : TypePromotion::Distance(Pin->PinType, Param);
-			bFits &= Step >= 0;
-			Total += Step;
+			continue;
 		}
-		if (bFits && Total < BestDistance)
+		const int32 Weighed = 2 * Distance + (TypePromotion::TakesOneType(*Function) ? 0 : 1);
+		if (Weighed < BestDistance)
 		{
 			Best = Function;
-			BestDistance = Total;
+			BestDistance = Weighed;
 		}
 	}
 	return Best;

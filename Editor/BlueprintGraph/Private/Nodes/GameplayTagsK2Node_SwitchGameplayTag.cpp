@@ -51,38 +51,6 @@ void UGameplayTagsK2Node_SwitchGameplayTag::CreateSelectionPin()
 	CreatePin(EGPD_Input, GetPinType(), GetSelectionPinName());
 }
 
-void UGameplayTagsK2Node_SwitchGameplayTag::CreateCasePins()
-{
-	for (const FName Name : PinNames)
-	{
-		CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, Name);
-	}
-}
-
-FName UGameplayTagsK2Node_SwitchGameplayTag::GetUniquePinName()
-{
-	int32 Index = 0;
-	while (PinNames.Contains(FName(FString::Printf(TEXT("Case_%d"), Index))))
-	{
-		++Index;
-	}
-	return FName(FString::Printf(TEXT("Case_%d"), Index));
-}
-
-void UGameplayTagsK2Node_SwitchGameplayTag::AddPinToSwitchNode()
-{
-	const FName Name = GetUniquePinName();
-	Modify();
-	PinNames.Add(Name);
-	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, Name);
-}
-
-void UGameplayTagsK2Node_SwitchGameplayTag::RemovePinFromSwitchNode(UEdGraphPin* TargetPin)
-{
-	PinNames.Remove(TargetPin ? TargetPin->PinName : FName());
-	Super::RemovePinFromSwitchNode(TargetPin);
-}
-
 FText UGameplayTagsK2Node_SwitchGameplayTag::GetNodeTitle(ENodeTitleType::Type) const
 {
 	return NSLOCTEXT("GameplayTagsK2Node", "Switch_Tag", "Switch on Gameplay Tag");
