@@ -31,7 +31,12 @@ bool UAnimGraphNode_Base::CanCreateUnderSpecifiedSchema(const UEdGraphSchema* Sc
 
 FText UAnimGraphNode_Base::GetMenuCategory() const
 {
-	return FText::FromString(TEXT("Animation"));
+	return FText::FromString(GetNodeCategory());
+}
+
+FString UAnimGraphNode_Base::GetNodeCategory() const
+{
+	return TEXT("Animation|Misc.");
 }
 
 UEdGraphPin* UAnimGraphNode_Base::CreatePosePin(EEdGraphPinDirection Direction, const TCHAR* Name)
@@ -49,6 +54,21 @@ FText UAnimGraphNode_Root::GetNodeTitle(ENodeTitleType::Type) const
 	return FText::FromString(TEXT("Output Pose"));
 }
 
+FText UAnimGraphNode_Root::GetTooltipText() const
+{
+	return FText::FromString(TEXT("The pose that the graph gives out"));
+}
+
+FText UAnimGraphNode_StateResult::GetNodeTitle(ENodeTitleType::Type) const
+{
+	return FText::FromString(TEXT("Output Animation Pose"));
+}
+
+FText UAnimGraphNode_StateResult::GetTooltipText() const
+{
+	return FText::FromString(TEXT("The pose that the state gives out"));
+}
+
 void UAnimGraphNode_TransitionResult::AllocateDefaultPins()
 {
 	UEdGraphPin* const Pin = CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Boolean, TEXT("bCanEnterTransition"));
@@ -60,6 +80,16 @@ void UAnimGraphNode_TransitionResult::AllocateDefaultPins()
 FText UAnimGraphNode_TransitionResult::GetNodeTitle(ENodeTitleType::Type) const
 {
 	return FText::FromString(TEXT("Result"));
+}
+
+FText UAnimGraphNode_TransitionResult::GetTooltipText() const
+{
+	return FText::FromString(TEXT("Whether the transition may be taken"));
+}
+
+FString UAnimGraphNode_StateMachineBase::GetNodeCategory() const
+{
+	return TEXT("Animation|State Machines");
 }
 
 FString UAnimGraphNode_StateMachineBase::GetStateMachineName() const
@@ -127,11 +157,12 @@ void UAnimGraphNode_StateMachineBase::DestroyNode()
 
 FText UAnimGraphNode_StateMachineBase::GetNodeTitle(ENodeTitleType::Type TitleType) const
 {
-	if (TitleType == ENodeTitleType::MenuTitle && !EditorStateMachineGraph)
+	const bool bInList = TitleType == ENodeTitleType::MenuTitle || TitleType == ENodeTitleType::ListView;
+	if (!EditorStateMachineGraph && bInList)
 	{
 		return FText::FromString(TEXT("Add New State Machine..."));
 	}
-	const FString Name = GetStateMachineName();
+	const FString Name = EditorStateMachineGraph ? GetStateMachineName() : FString(TEXT("Error: No Graph"));
 	return FText::FromString(TitleType == ENodeTitleType::FullTitle ? Name + TEXT("\nState Machine") : Name);
 }
 

@@ -254,7 +254,7 @@ FText UAnimStateTransitionNode::GetNodeTitle(ENodeTitleType::Type) const
 	const UAnimStateNodeBase* const To = GetNextState();
 	if (!From || !To)
 	{
-		return FText::FromString(TEXT("Transition"));
+		return FText::FromString(TEXT("Trans ") + GetStateName());
 	}
 	return FText::FromString(FString::Printf(TEXT("%s to %s"), *From->GetStateName(), *To->GetStateName()));
 }

@@ -1,5 +1,6 @@
 // The graphs of animation Blueprints and the rules that each kind has.
 
+#include "Animation/AnimNodeBase.h"
 #include "AnimationGraph.h"
 #include "AnimationGraphSchema.h"
 #include "AnimationStateGraph.h"
@@ -52,7 +53,7 @@ T* CreateDefaultNode(UEdGraph& Graph)
 
 UScriptStruct* UAnimationGraphSchema::GetPoseLinkStruct()
 {
-	return FindObject<UScriptStruct>(nullptr, TEXT("/Script/Engine.PoseLink"));
+	return FPoseLink::StaticStruct();
 }
 
 void UAnimationGraphSchema::CreateDefaultNodesForGraph(UEdGraph& Graph) const
@@ -149,4 +150,7 @@ void RegisterAnimGraphClasses()
 		&UAnimGraphNode_Base::StaticClass, &UAnimGraphNode_Root::StaticClass, &UAnimGraphNode_StateResult::StaticClass,
 		&UAnimGraphNode_TransitionResult::StaticClass, &UAnimGraphNode_StateMachineBase::StaticClass,
 		&UAnimGraphNode_StateMachine::StaticClass});
+	// By name too, for pins in text.
+	FPoseLink::StaticStruct();
+	FComponentSpacePoseLink::StaticStruct();
 }

@@ -12,6 +12,8 @@ public:
 	bool IsNodePure() const override { return false; }
 	bool CanCreateUnderSpecifiedSchema(const UEdGraphSchema* Schema) const override;
 	FText GetMenuCategory() const override;
+	/** Where the class stands in the menu. */
+	virtual FString GetNodeCategory() const;
 
 protected:
 	UEdGraphPin* CreatePosePin(EEdGraphPinDirection Direction, const TCHAR* Name);

@@ -10,6 +10,7 @@ class UAnimGraphNode_Root : public UAnimGraphNode_Base
 public:
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	FText GetTooltipText() const override;
 	bool CanUserDeleteNode() const override { return false; }
 };
 
@@ -17,6 +18,10 @@ public:
 class UAnimGraphNode_StateResult : public UAnimGraphNode_Root
 {
 	EDITOR_CLASS(UAnimGraphNode_StateResult, UAnimGraphNode_Root)
+
+public:
+	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	FText GetTooltipText() const override;
 };
 
 /** Whether a transition may be taken. */
@@ -27,5 +32,6 @@ class UAnimGraphNode_TransitionResult : public UAnimGraphNode_Base
 public:
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	FText GetTooltipText() const override;
 	bool CanUserDeleteNode() const override { return false; }
 };

@@ -8,6 +8,7 @@ class UAnimGraphNode_StateMachineBase : public UAnimGraphNode_Base
 	EDITOR_CLASS(UAnimGraphNode_StateMachineBase, UAnimGraphNode_Base)
 
 public:
+	FString GetNodeCategory() const override;
 	FString GetStateMachineName() const;
 	TArray<UEdGraph*> GetSubGraphs() const override;
 	void AllocateDefaultPins() override;

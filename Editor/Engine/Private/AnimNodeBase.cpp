@@ -1,0 +1,16 @@
+#include "Animation/AnimNodeBase.h"
+
+#include "UObject/NativeClass.h"
+
+IMPLEMENT_EDITOR_STRUCT(FPoseLink, "/Script/Engine")
+IMPLEMENT_EDITOR_STRUCT(FComponentSpacePoseLink, "/Script/Engine")
+
+void FPoseLink::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("LinkID"), &FPoseLink::LinkID);
+}
+
+void FComponentSpacePoseLink::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("LinkID"), &FComponentSpacePoseLink::LinkID);
+}
