@@ -26,6 +26,13 @@ struct FOptionalPinFromProperty
 	bool bIsMarkedForAdvancedDisplay = false;
 };
 
+enum ERenamePinResult
+{
+	ERenamePinResult_Success,
+	ERenamePinResult_NoSuchPin,
+	ERenamePinResult_NameCollision,
+};
+
 /** A node of a Blueprint graph. */
 class UK2Node : public UEdGraphNode
 {
@@ -72,6 +79,24 @@ public:
 	virtual void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins);
 	virtual void PostReconstructNode();
 	virtual void ClearCachedBlueprintData(UBlueprint* Blueprint) {}
+
+	/** A variable of the class goes by another name now; a reference to it in this node follows, with the pins that
+	 * bear its name. With a graph the variable is a local one of that graph's function. */
+	virtual void HandleVariableRenamed(UBlueprint* InBlueprint, UClass* InVariableClass, UEdGraph* InGraph,
+		const FName& InOldVarName, const FName& InNewVarName)
+	{
+	}
+	/** The same for a function of the class. */
+	virtual void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,
+		const FName& InOldFuncName, const FName& InNewFuncName)
+	{
+	}
+	/** Whether the node refers to a variable of that name: a member, or with a scope a local one of that function. */
+	virtual bool ReferencesVariable(const FName& InVarName, const UStruct* InScope) const { return false; }
+	virtual bool ReferencesFunction(const FName& InFunctionName, const UStruct* InScope) const { return false; }
+	/** Gives the pin of a name, and what it was split into, another name. */
+	ERenamePinResult RenameUserDefinedPin(const FName OldName, const FName NewName, bool bTest = false);
+
 	enum ERedirectType
 	{
 		ERedirectType_None,

@@ -19,6 +19,10 @@ public:
 	UEdGraphPin* GetDelegatePin() const;
 	virtual bool IsAuthorityOnly() const;
 
+	void HandleVariableRenamed(UBlueprint* InBlueprint, UClass* InVariableClass, UEdGraph* InGraph,
+		const FName& InOldVarName, const FName& InNewVarName) override;
+	bool ReferencesVariable(const FName& InVarName, const UStruct* InScope) const override;
+	bool AllowMultipleSelfs(bool) const override { return true; }
 	void AllocateDefaultPins() override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 	FText GetMenuCategory() const override;

@@ -36,6 +36,9 @@ public:
 	FText GetFunctionContextString() const;
 
 	bool IsNodePure() const override;
+	void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,
+		const FName& InOldFuncName, const FName& InNewFuncName) override;
+	bool ReferencesFunction(const FName& InFunctionName, const UStruct* InScope) const override;
 	void AllocateDefaultPins() override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 	void PostReconstructNode() override;

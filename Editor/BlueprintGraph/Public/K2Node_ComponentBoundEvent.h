@@ -17,6 +17,9 @@ public:
 	FName GetComponentPropertyName() const { return ComponentPropertyName; }
 
 	bool CanDuplicateNode() const override { return false; }
+	void HandleVariableRenamed(UBlueprint* InBlueprint, UClass* InVariableClass, UEdGraph* InGraph,
+		const FName& InOldVarName, const FName& InNewVarName) override;
+	bool ReferencesVariable(const FName& InVarName, const UStruct* InScope) const override;
 	void ReconstructNode() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;

@@ -23,9 +23,13 @@ public:
 	void UpdateDelegatePin(bool bSilent = false);
 
 	bool DrawNodeAsEntry() const override { return true; }
+	void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,
+		const FName& InOldFuncName, const FName& InNewFuncName) override;
+	bool ReferencesFunction(const FName& InFunctionName, const UStruct* InScope) const override;
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
+	FText GetMenuCategory() const override;
 	FText GetKeywords() const override;
 	bool NodeCausesStructuralBlueprintChange() const override { return true; }
 	void PostReconstructNode() override;

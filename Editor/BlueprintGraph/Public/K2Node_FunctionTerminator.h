@@ -16,6 +16,8 @@ public:
 	bool NodeCausesStructuralBlueprintChange() const override { return true; }
 	bool CanCreateUserDefinedPin(
 		const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) override;
+	void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,
+		const FName& InOldFuncName, const FName& InNewFuncName) override;
 	void PromoteFromInterfaceOverride(bool bIsPrimaryTerminator = true);
 
 	FMemberReference FunctionReference;

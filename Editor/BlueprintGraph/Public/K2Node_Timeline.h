@@ -27,6 +27,8 @@ public:
 	/** Gives node and template another name; false when that is taken. */
 	bool RenameTimeline(const FString& NewName);
 
+	/** Takes the timeline away with it. */
+	void DestroyNode() override;
 	void AllocateDefaultPins() override;
 	void PostPasteNode() override;
 	void PostPlacedNewNode() override;

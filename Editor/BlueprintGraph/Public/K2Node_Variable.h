@@ -34,6 +34,11 @@ public:
 	}
 	bool FunctionParameterExists(const UEdGraph* InFunctionGraph, const FName InParameterName);
 
+	void HandleVariableRenamed(UBlueprint* InBlueprint, UClass* InVariableClass, UEdGraph* InGraph,
+		const FName& InOldVarName, const FName& InNewVarName) override;
+	void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,
+		const FName& InOldFuncName, const FName& InNewFuncName) override;
+	bool ReferencesVariable(const FName& InVarName, const UStruct* InScope) const override;
 	ERedirectType DoPinsMatchForReconstruction(
 		const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;

@@ -59,11 +59,25 @@ bool UK2Node_FunctionTerminator::CanCreateUserDefinedPin(
 
 void UK2Node_FunctionTerminator::PromoteFromInterfaceOverride(bool)
 {
-	if (UFunction* const Signature = FindSignatureFunction())
+	Modify();
+	const FName Name = FunctionReference.GetMemberName();
+	FunctionReference.SetSelfMember(Name);
+	// The parameters came from the interface; from now on they are the author's own.
+	for (const UEdGraphPin* const Pin : Pins)
 	{
-		const FName Name = Signature->GetFName();
-		FunctionReference.SetSelfMember(Name);
+		if (UEdGraphSchema_K2::IsExecPin(*Pin) || Pin->ParentPin || Pin->bOrphanedPin
+			|| UserDefinedPinExists(Pin->PinName))
+		{
+			continue;
+		}
+		const TSharedPtr<FUserPinInfo> Info = MakeShared<FUserPinInfo>();
+		Info->PinName = Pin->PinName;
+		Info->PinType = Pin->PinType;
+		Info->DesiredPinDirection = Pin->Direction;
+		Info->PinDefaultValue = Pin->DefaultValue;
+		UserDefinedPins.Add(Info);
 	}
+	bIsEditable = true;
 }
 
 int32 UK2Node_FunctionEntry::GetFunctionFlags() const

@@ -8,6 +8,7 @@
 #include "Engine/TimelineTemplate.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "UObject/NativeClass.h"
+#include "UObject/UObjectIterator.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_Timeline, "/Script/BlueprintGraph", CLASS_None)
 
@@ -151,6 +152,46 @@ bool IsNameTaken(UBlueprint& Blueprint, FName Name)
 	return bVariable || Blueprint.FindTimelineTemplateByVariableName(Name)
 		|| (Parent && Parent->FindPropertyByName(Name));
 }
+
+FName FindFreeName(UBlueprint& Blueprint)
+{
+	FName Candidate;
+	int32 Number = 0;
+	do
+	{
+		Candidate = FName(FString::Printf(TEXT("Timeline_%d"), Number));
+		++Number;
+	} while (IsNameTaken(Blueprint, Candidate));
+	return Candidate;
+}
+
+/** A timeline of the name for the Blueprint, with the settings and tracks of another one if given. */
+UTimelineTemplate* AddTemplate(UBlueprint& Blueprint, FName Name, const UTimelineTemplate* Like)
+{
+	UObject* const Owner = Blueprint.GeneratedClass.Get() ? static_cast<UObject*>(Blueprint.GeneratedClass.Get())
+														  : &Blueprint;
+	const FName TemplateName(UTimelineTemplate::TimelineVariableNameToTemplateName(Name));
+	UTimelineTemplate* const Timeline = Like ? DuplicateObject<UTimelineTemplate>(Like, Owner, TemplateName)
+											 : NewObject<UTimelineTemplate>(Owner, TemplateName, RF_Transactional);
+	Timeline->TimelineGuid = FGuid::NewGuid();
+	Timeline->UpdateCachedNames();
+	Blueprint.Modify();
+	Blueprint.Timelines.Add(Timeline);
+	Blueprint.bSkeletonIsStale = true;
+	return Timeline;
+}
+
+const UTimelineTemplate* FindByGuid(const FGuid& Guid)
+{
+	for (TObjectIterator<UTimelineTemplate> It; It && Guid.IsValid(); ++It)
+	{
+		if (It->TimelineGuid == Guid)
+		{
+			return *It;
+		}
+	}
+	return nullptr;
+}
 } // namespace TimelineNodes
 
 void UK2Node_Timeline::PostPlacedNewNode()
@@ -161,25 +202,46 @@ void UK2Node_Timeline::PostPlacedNewNode()
 	{
 		return;
 	}
-	int32 Number = 0;
-	do
+	TimelineName = TimelineNodes::FindFreeName(*Blueprint);
+	TimelineGuid = TimelineNodes::AddTemplate(*Blueprint, TimelineName, nullptr)->TimelineGuid;
+}
+
+void UK2Node_Timeline::DestroyNode()
+{
+	UBlueprint* const Blueprint = GetBlueprint();
+	UTimelineTemplate* const Timeline = GetTimelineTemplate();
+	if (Blueprint && Timeline)
 	{
-		TimelineName = FName(FString::Printf(TEXT("Timeline_%d"), Number));
-		++Number;
-	} while (TimelineNodes::IsNameTaken(*Blueprint, TimelineName));
-	UObject* const Owner = Blueprint->GeneratedClass.Get() ? static_cast<UObject*>(Blueprint->GeneratedClass.Get())
-														   : Blueprint;
-	const FName TemplateName(UTimelineTemplate::TimelineVariableNameToTemplateName(TimelineName));
-	UTimelineTemplate* const Timeline = NewObject<UTimelineTemplate>(Owner, TemplateName, RF_Transactional);
-	Timeline->TimelineGuid = FGuid::NewGuid();
-	Timeline->UpdateCachedNames();
-	Blueprint->Timelines.Add(Timeline);
-	TimelineGuid = Timeline->TimelineGuid;
+		Blueprint->Modify();
+		Blueprint->Timelines.Remove(Timeline);
+		Timeline->MarkAsGarbage();
+	}
+	Super::DestroyNode();
 }
 
 void UK2Node_Timeline::PostPasteNode()
 {
 	Super::PostPasteNode();
+	UBlueprint* const Blueprint = GetBlueprint();
+	if (!Blueprint)
+	{
+		return;
+	}
+	// Two nodes never share a timeline: the copy gets one of its own, filled from the original where that is known.
+	const UTimelineTemplate* const Original = TimelineNodes::FindByGuid(TimelineGuid);
+	if (TimelineName.IsNone() || TimelineNodes::IsNameTaken(*Blueprint, TimelineName))
+	{
+		TimelineName = TimelineNodes::FindFreeName(*Blueprint);
+	}
+	UTimelineTemplate* const Timeline = TimelineNodes::AddTemplate(*Blueprint, TimelineName, Original);
+	if (!Original)
+	{
+		Timeline->bAutoPlay = bAutoPlay;
+		Timeline->bLoop = bLoop;
+		Timeline->bReplicated = bReplicated;
+		Timeline->bIgnoreTimeDilation = bIgnoreTimeDilation;
+	}
+	TimelineGuid = Timeline->TimelineGuid;
 }
 
 bool UK2Node_Timeline::RenameTimeline(const FString& NewName)
