@@ -1,7 +1,9 @@
 #include "BlueprintGraphClasses.h"
 
+#include "BlueprintComponentNodeSpawner.h"
 #include "BlueprintDelegateNodeSpawner.h"
 #include "BlueprintEventNodeSpawner.h"
+#include "BlueprintFieldNodeSpawner.h"
 #include "BlueprintFunctionNodeSpawner.h"
 #include "BlueprintVariableNodeSpawner.h"
 #include "EdGraphSchema_K2.h"
@@ -12,6 +14,7 @@
 #include "K2Node_AddComponentByClass.h"
 #include "K2Node_AddDelegate.h"
 #include "K2Node_AddPinInterface.h"
+#include "K2Node_AIMoveTo.h"
 #include "K2Node_AssignDelegate.h"
 #include "K2Node_AssignmentStatement.h"
 #include "K2Node_AsyncAction.h"
@@ -59,6 +62,9 @@
 #include "K2Node_GetDataTableRow.h"
 #include "K2Node_GetEnumeratorName.h"
 #include "K2Node_GetEnumeratorNameAsString.h"
+#include "K2Node_GetInputActionValue.h"
+#include "K2Node_GetInputAxisValue.h"
+#include "K2Node_GetInputVectorAxisValue.h"
 #include "K2Node_GetNumEnumEntries.h"
 #include "K2Node_GetSubsystem.h"
 #include "K2Node_IfThenElse.h"
@@ -82,6 +88,7 @@
 #include "K2Node_MathExpression.h"
 #include "K2Node_Message.h"
 #include "K2Node_MultiGate.h"
+#include "K2Node_PlayMontage.h"
 #include "K2Node_PromotableOperator.h"
 #include "K2Node_RemoveDelegate.h"
 #include "K2Node_Select.h"
@@ -133,13 +140,16 @@ void RegisterBlueprintGraphClasses()
 		&UK2Node_FunctionTerminator::StaticClass, &UK2Node_FunctionEntry::StaticClass,
 		&UK2Node_FunctionResult::StaticClass, &UK2Node_GenericCreateObject::StaticClass,
 		&UK2Node_GetArrayItem::StaticClass, &UK2Node_GetClassDefaults::StaticClass,
-		&UK2Node_GetDataTableRow::StaticClass, &UK2Node_GetEnumeratorName::StaticClass,
-		&UK2Node_GetEnumeratorNameAsString::StaticClass, &UK2Node_GetNumEnumEntries::StaticClass,
-		&UK2Node_GetSubsystem::StaticClass, &UK2Node_GetSubsystemFromPC::StaticClass,
-		&UK2Node_GetEngineSubsystem::StaticClass, &UK2Node_GetEditorSubsystem::StaticClass,
-		&UK2Node_IfThenElse::StaticClass, &UK2Node_InputAction::StaticClass, &UK2Node_InputAxisEvent::StaticClass,
-		&UK2Node_InputAxisKeyEvent::StaticClass, &UK2Node_InputDebugKey::StaticClass, &UK2Node_InputKey::StaticClass,
-		&UK2Node_InputTouch::StaticClass, &UK2Node_InputVectorAxisEvent::StaticClass, &UK2Node_Knot::StaticClass,
+		&UK2Node_GetDataTableRow::StaticClass, &UK2Node_GetInputActionValue::StaticClass,
+		&UK2Node_GetEnumeratorName::StaticClass, &UK2Node_GetEnumeratorNameAsString::StaticClass,
+		&UK2Node_GetNumEnumEntries::StaticClass, &UK2Node_GetInputAxisValue::StaticClass,
+		&UK2Node_GetInputAxisKeyValue::StaticClass, &UK2Node_GetInputVectorAxisValue::StaticClass,
+		&UK2Node_AIMoveTo::StaticClass, &UK2Node_PlayMontage::StaticClass, &UK2Node_GetSubsystem::StaticClass,
+		&UK2Node_GetSubsystemFromPC::StaticClass, &UK2Node_GetEngineSubsystem::StaticClass,
+		&UK2Node_GetEditorSubsystem::StaticClass, &UK2Node_IfThenElse::StaticClass, &UK2Node_InputAction::StaticClass,
+		&UK2Node_InputAxisEvent::StaticClass, &UK2Node_InputAxisKeyEvent::StaticClass,
+		&UK2Node_InputDebugKey::StaticClass, &UK2Node_InputKey::StaticClass, &UK2Node_InputTouch::StaticClass,
+		&UK2Node_InputVectorAxisEvent::StaticClass, &UK2Node_Knot::StaticClass,
 		&UK2Node_LatentGameplayTaskCall::StaticClass, &UK2Node_LatentAbilityCall::StaticClass,
 		&UK2Node_Literal::StaticClass, &UK2Node_LoadAsset::StaticClass, &UK2Node_LoadAssetClass::StaticClass,
 		&UK2Node_LoadAssets::StaticClass, &UK2Node_MacroInstance::StaticClass, &UK2Node_MakeContainer::StaticClass,
@@ -153,8 +163,8 @@ void RegisterBlueprintGraphClasses()
 		&UK2Node_Timeline::StaticClass, &UK2Node_VariableGet::StaticClass, &UK2Node_VariableSet::StaticClass,
 		&UNodeDependingOnEnumInterface::StaticClass, &UBlueprintVariableNodeSpawner::StaticClass,
 		&UBlueprintEventNodeSpawner::StaticClass, &UBlueprintBoundEventNodeSpawner::StaticClass,
-		&UBlueprintDelegateNodeSpawner::StaticClass, &UK2Node_MathExpression::StaticClass,
-		&UGameplayTagsK2Node_SwitchGameplayTag::StaticClass,
+		&UBlueprintDelegateNodeSpawner::StaticClass, &UBlueprintComponentNodeSpawner::StaticClass, &UBlueprintFieldNodeSpawner::StaticClass,
+		&UK2Node_MathExpression::StaticClass, &UGameplayTagsK2Node_SwitchGameplayTag::StaticClass,
 		&UGameplayTagsK2Node_SwitchGameplayTagContainer::StaticClass});
 	FUserPinInfo::StaticStruct();
 	FKismetUserDeclaredFunctionMetadata::StaticStruct();

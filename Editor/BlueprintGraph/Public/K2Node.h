@@ -44,7 +44,7 @@ public:
 	virtual bool IsNodeSafeToIgnore() const { return false; }
 	virtual bool NodeCausesStructuralBlueprintChange() const { return false; }
 	virtual bool ShouldDrawCompact() const { return false; }
-	virtual FText GetCompactNodeTitle() const { return FText(); }
+	virtual FText GetCompactNodeTitle() const { return GetNodeTitle(ENodeTitleType::FullTitle); }
 	virtual bool CanSplitPin(const UEdGraphPin* Pin) const;
 	virtual bool IsActionFilteredOut(const class FBlueprintActionFilter& Filter) { return false; }
 	virtual bool HasExternalDependencies(TArray<UStruct*>* OptionalOutput = nullptr) const { return false; }
@@ -52,6 +52,9 @@ public:
 	{
 		return false;
 	}
+	/** Whether the target pin takes several links, each an object to call on; bInputAsArray asks about one link that
+	 * brings a whole array of them. */
+	virtual bool AllowMultipleSelfs(bool bInputAsArray) const { return false; }
 	virtual void NotifyPinConnectionListChanged(UEdGraphPin* Pin) { PinConnectionListChanged(Pin); }
 	virtual bool CanPasteHere(const UEdGraph* TargetGraph) const { return true; }
 	virtual bool DrawNodeAsEntry() const { return false; }
@@ -119,6 +122,7 @@ public:
 	void AutowireNewNode(UEdGraphPin* FromPin) override;
 	void PostPlacedNewNode() override;
 	bool CanCreateUnderSpecifiedSchema(const UEdGraphSchema* Schema) const override;
+	bool IsCompatibleWithGraph(const UEdGraph* Graph) const override;
 	FText GetToolTipHeading() const;
 	FLinearColor GetNodeTitleColor() const { return FLinearColor(); }
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
@@ -134,4 +138,13 @@ public:
 
 	/** Whether the node is a fixed placeholder of its graph that an author may not remove. */
 	bool CanUserDeleteNode() const override;
+
+protected:
+	/** Pins like the old ones that have no like among the new, for a node whose function, variable or macro is gone:
+	 * nothing is lost until that is back. */
+	void KeepOldPins(TArray<UEdGraphPin*>& OldPins);
+	/** Breaks links of a pin whose type changed that would not be made now. The pin may be null. */
+	void BreakUnfitLinks(UEdGraphPin* Pin);
+	/** Links what ran a node before it turned pure to what ran after it. */
+	void ReconnectPureExecPins(TArray<UEdGraphPin*>& OldPins);
 };

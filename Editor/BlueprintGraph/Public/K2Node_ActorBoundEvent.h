@@ -15,6 +15,7 @@ public:
 	FText GetTargetDelegateDisplayName() const;
 
 	bool CanDuplicateNode() const override { return false; }
+	void ReconstructNode() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;

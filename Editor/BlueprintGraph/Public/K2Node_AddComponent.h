@@ -14,6 +14,8 @@ public:
 	UEdGraphPin* GetManualAttachmentPin() const;
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	FText GetTooltipText() const override;
+	FText GetMenuCategory() const override;
 	bool IsNodePure() const override { return false; }
 
 	FString TemplateBlueprint;

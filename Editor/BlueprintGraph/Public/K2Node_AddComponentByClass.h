@@ -16,6 +16,11 @@ public:
 
 protected:
 	void CreateOwnPins() override;
+	void CreatePinsForClass(UClass* InClass, TArray<UEdGraphPin*>* OutClassPins = nullptr) override;
 	FString GetTitlePrefix() const override;
 	FText GetBaseNodeTitle() const override;
+
+private:
+	/** Attachment and transform are shown for components of the scene alone. */
+	void ShowAttachmentPins(bool bShow);
 };

@@ -29,6 +29,8 @@ public:
 	FName ProxyActivateFunctionName;
 
 protected:
+	/** The way in, the way on at once, and the task itself where its class wants to be seen. */
+	void CreateFlowPins();
 	/** Exec outputs of the task's events, then the parameters of the first of them. */
 	void CreateEventPins();
 	void CreateFactoryPins(const UFunction& Function);

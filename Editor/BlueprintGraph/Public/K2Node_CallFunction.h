@@ -3,6 +3,16 @@
 #include "CoreMinimal.h"
 #include "K2Node.h"
 
+/** An author's word on whether a call has execution pins, against what its function says. */
+enum class ENodePurityOverride : uint8
+{
+	Unset,
+	Pure,
+	Impure,
+};
+template <>
+UEnum* StaticEnum<ENodePurityOverride>();
+
 /** A call of a function, of self or of a target. */
 class UK2Node_CallFunction : public UK2Node
 {
@@ -35,7 +45,15 @@ public:
 	/** The class as the title's "Target is ..." names it. */
 	FText GetFunctionContextString() const;
 
+	/** Only a pure function is safe to run more or less often, so only its calls may gain and lose execution pins. */
+	bool CanToggleNodePurity() const;
+	/** Gives a call of a pure function execution pins, or takes them away again. */
+	void ToggleNodePurityOverride();
+	/** Called once for each target, a function must change something, finish at once and give nothing back. */
+	static bool CanFunctionSupportMultipleTargets(const UFunction* InFunction);
+
 	bool IsNodePure() const override;
+	bool AllowMultipleSelfs(bool bInputAsArray) const override;
 	void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,
 		const FName& InOldFuncName, const FName& InNewFuncName) override;
 	bool ReferencesFunction(const FName& InFunctionName, const UStruct* InScope) const override;
@@ -69,6 +87,7 @@ public:
 	bool bIsInterfaceCall = false;
 	bool bIsFinalFunction = false;
 	bool bIsBeadFunction = false;
+	ENodePurityOverride NodePurityOverride = ENodePurityOverride::Unset;
 
 private:
 	/** Purity and function names as versions before wrote them. */

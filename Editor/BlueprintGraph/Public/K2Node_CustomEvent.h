@@ -9,11 +9,15 @@ class UK2Node_CustomEvent : public UK2Node_Event
 	EDITOR_CLASS(UK2Node_CustomEvent, UK2Node_Event)
 
 public:
-	UK2Node_CustomEvent() { bCanRenameNode = true; }
+	UK2Node_CustomEvent()
+	{
+		bCanRenameNode = true;
+		bIsEditable = true;
+	}
 	/** A custom event with the signature of a function or delegate, placed at a point. */
 	static UK2Node_CustomEvent* CreateFromFunction(FVector2D GraphPosition, UEdGraph* ParentGraph, const FString& Name,
 		const UFunction* Function, bool bSelectNewNode = true);
-	bool IsEditable() const;
+	bool IsEditable() const override;
 	/** Gives the event the name and renames what follows it. */
 	void RenameCustomEventCloseToName(int32 StartIndex = 1);
 	void SetDelegateSignature(const UFunction* DelegateSignature);

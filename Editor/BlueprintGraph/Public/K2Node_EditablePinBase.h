@@ -12,6 +12,10 @@ struct FUserPinInfo
 	FEdGraphPinType PinType;
 	EEdGraphPinDirection DesiredPinDirection = EGPD_Input;
 	FString PinDefaultValue;
+
+	/** What it was read from, when that names something that is missing. Written back as long as it exports TextAfter. */
+	FString KeptText;
+	FString TextAfter;
 };
 
 /** Metadata that an author gives a function: what the details panel shows. */
@@ -60,7 +64,8 @@ public:
 	UEdGraphPin* CreatePinFromUserDefinition(const TSharedPtr<FUserPinInfo> NewPinInfo);
 	virtual FKismetUserDeclaredFunctionMetadata* GetMetaDataPtr() { return nullptr; }
 	static FKismetUserDeclaredFunctionMetadata* GetGraphFunctionMetaData(const UEdGraph* InGraph);
-	bool IsEditable() const { return bIsEditable; }
+	/** Whether an author may change the pins. */
+	virtual bool IsEditable() const { return bIsEditable; }
 	/** Pins for the parameters of a signature: of the entry those that come in, of a result those that go out. False
 	 * when one has no pin type. */
 	bool CreatePinsForFunctionEntryExit(const UFunction* Function, bool bForFunctionEntry);

@@ -15,6 +15,7 @@ public:
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	FText GetMenuCategory() const override;
+	bool IsCompatibleWithGraph(const UEdGraph* Graph) const override;
 
 	FName InputAxisName;
 	bool bConsumeInput = true;

@@ -10,7 +10,17 @@ class UK2Node_LatentGameplayTaskCall : public UK2Node_BaseAsyncTask
 
 public:
 	UK2Node_LatentGameplayTaskCall();
+	/** The pin that chooses what the task spawns; null for one that spawns nothing. */
+	UEdGraphPin* GetClassPin(const TArray<UEdGraphPin*>* InPinsToSearch = nullptr) const;
+	UClass* GetClassToSpawn(const TArray<UEdGraphPin*>* InPinsToSearch = nullptr) const;
+	/** Inputs for the variables that the class exposes on spawn, but for those that the factory hides. */
+	void CreatePinsForClass(UClass* InClass);
+
 	void AllocateDefaultPins() override;
+	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
+	void PostPlacedNewNode() override;
+	void PinDefaultValueChanged(UEdGraphPin* Pin) override;
+	void PinConnectionListChanged(UEdGraphPin* Pin) override;
 	void GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const override;
 
 protected:

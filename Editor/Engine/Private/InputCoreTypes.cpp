@@ -82,6 +82,33 @@ bool FKey::IsAxis1D() const
 	return Axes.Contains(KeyName);
 }
 
+bool FKey::IsAxis2D() const
+{
+	static const TSet<FName> Axes = {
+		FName(TEXT("Mouse2D")), FName(TEXT("Gamepad_Left2D")), FName(TEXT("Gamepad_Right2D"))};
+	return Axes.Contains(KeyName);
+}
+
+bool FKey::IsGamepadKey() const
+{
+	const FString Name = KeyName.ToString();
+	return Name.StartsWith(TEXT("Gamepad_")) || Name.StartsWith(TEXT("Global_"));
+}
+
+bool FKey::IsMouseButton() const
+{
+	return KeyName.ToString().Contains(TEXT("Mouse"));
+}
+
+FName FKey::GetMenuCategory() const
+{
+	if (IsGamepadKey())
+	{
+		return FName(TEXT("Gamepad"));
+	}
+	return IsMouseButton() ? FName(TEXT("Mouse")) : FName(TEXT("Keyboard"));
+}
+
 bool FKey::IsAxis3D() const
 {
 	static const TSet<FName> Axes = {

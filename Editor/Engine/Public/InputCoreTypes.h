@@ -21,7 +21,13 @@ struct FKey
 	FText GetDisplayName(bool bLongDisplayName = true) const;
 	/** Whether the value is a number and not just pressed or let go. */
 	bool IsAxis1D() const;
+	bool IsAxis2D() const;
 	bool IsAxis3D() const;
+	bool IsGamepadKey() const;
+	/** Buttons, wheel and movement of the mouse. */
+	bool IsMouseButton() const;
+	/** "Gamepad", "Mouse" or, for all that is neither, "Keyboard": below which menus list the key. */
+	FName GetMenuCategory() const;
 	/** All keys of keyboard, mouse, gamepad and touch screen. */
 	static const TArray<FKey>& GetAllKeys();
 	bool ExportTextItem(

@@ -22,6 +22,8 @@ struct FFunctionPinFacts
 	FName DynamicTypePicker;
 	TArray<FName> DynamicOutputs;
 	bool bHasContainerParams = false;
+	/** What tooltips say of the function; worked out when first asked for. */
+	mutable TOptional<FString> Description;
 };
 
 namespace FunctionPins
@@ -31,6 +33,8 @@ namespace FunctionPins
 const FFunctionPinFacts& Get(const UFunction& Function);
 /** The names of a comma separated list in the function's metadata. */
 TSet<FName> NamesInMetaData(const UFunction& Function, FName Key);
+/** Whether objects of the class live in a world, so that each serves as a world context. */
+bool HasWorld(const UClass* Class);
 /** Whether the calling object serves as world context, so that the pin is not shown. */
 bool IsWorldContextHidden(const UFunction& Function, const UBlueprint* Caller);
 } // namespace FunctionPins

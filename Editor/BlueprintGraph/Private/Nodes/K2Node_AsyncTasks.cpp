@@ -8,6 +8,7 @@
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "ExposedVariables.h"
 #include "FunctionPins.h"
 #include "K2Node_CallFunction.h"
 #include "Kismet2/CompilerResultsLog.h"
@@ -144,15 +145,44 @@ void UK2Node_BaseAsyncTask::CreateFactoryPins(const UFunction& Function)
 	}
 }
 
-void UK2Node_BaseAsyncTask::AllocateDefaultPins()
+namespace AsyncTasks
+{
+const FName ProxyPin(TEXT("AsyncTaskProxy"));
+
+/** Metadata of the class or of one above it; null when none has the key. */
+const FString* FindInherited(const UStruct* Struct, FName Key)
+{
+	for (; Struct; Struct = Struct->GetSuperStruct())
+	{
+		if (const FString* const Value = Struct->FindMetaData(Key))
+		{
+			return Value;
+		}
+	}
+	return nullptr;
+}
+} // namespace AsyncTasks
+
+void UK2Node_BaseAsyncTask::CreateFlowPins()
 {
 	static const FName HideThen(TEXT("HideThen"));
+	static const FName ExposedAsyncProxy(TEXT("ExposedAsyncProxy"));
+	UClass* const Class = ProxyClass.Get();
 	CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Execute);
-	const UClass* const Class = ProxyClass.Get();
-	if (!Class || !Class->HasMetaData(HideThen))
+	if (!AsyncTasks::FindInherited(Class, HideThen))
 	{
 		CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Then);
 	}
+	if (const FString* const ProxyName = AsyncTasks::FindInherited(Class, ExposedAsyncProxy))
+	{
+		UEdGraphPin* const Proxy = CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Object, Class, AsyncTasks::ProxyPin);
+		Proxy->PinFriendlyName = ProxyName->IsEmpty() ? FText() : FText::FromString(*ProxyName);
+	}
+}
+
+void UK2Node_BaseAsyncTask::AllocateDefaultPins()
+{
+	CreateFlowPins();
 	CreateEventPins();
 	if (const UFunction* const Function = GetFactoryFunction())
 	{
@@ -168,24 +198,14 @@ void UK2Node_BaseAsyncTask::ReallocatePinsDuringReconstruction(TArray<UEdGraphPi
 		Super::ReallocatePinsDuringReconstruction(OldPins);
 		return;
 	}
-	for (const UEdGraphPin* const Old : OldPins)
-	{
-		if (!Old->ParentPin)
-		{
-			UEdGraphPin* const Pin = CreatePin(Old->Direction, Old->PinType, Old->PinName);
-			Pin->PinFriendlyName = Old->PinFriendlyName;
-			Pin->bHidden = Old->bHidden;
-			Pin->bAdvancedView = Old->bAdvancedView;
-		}
-	}
+	KeepOldPins(OldPins);
 }
 
 FText UK2Node_BaseAsyncTask::GetNodeTitle(ENodeTitleType::Type) const
 {
 	const UFunction* const Function = GetFactoryFunction();
-	return Function
-		? UK2Node_CallFunction::GetUserFacingFunctionName(Function)
-		: FText::FromString(FString::Printf(TEXT("Missing Function (%s)"), *ProxyFactoryFunctionName.ToString()));
+	return Function ? UK2Node_CallFunction::GetUserFacingFunctionName(Function)
+					: NSLOCTEXT("K2Node", "AsyncTaskMissingFunction", "Async Task: Missing Function");
 }
 
 FText UK2Node_BaseAsyncTask::GetTooltipText() const
@@ -241,8 +261,13 @@ void AddFactories(FBlueprintActionDatabaseRegistrar& ActionRegistrar, UClass* No
 	{
 		GetDerivedClasses(Base, Classes);
 	}
+	static const FName HasOwnNode(TEXT("HasDedicatedAsyncNode"));
 	for (UClass* const Class : Classes)
 	{
+		if (Class->HasMetaData(HasOwnNode))
+		{
+			continue;
+		}
 		for (TFieldIterator<UFunction> It(Class, EFieldIteratorFlags::ExcludeSuper); It; ++It)
 		{
 			const FObjectProperty* const Return = CastField<FObjectProperty>(It->GetReturnProperty());
@@ -278,25 +303,105 @@ UClass* UK2Node_LatentAbilityCall::GetTaskBaseClass() const
 	return FindObject<UClass>(nullptr, TEXT("/Script/GameplayAbilities.AbilityTask"));
 }
 
+namespace LatentTasks
+{
+const FName ClassPin(TEXT("Class"));
+const FName SpawnedActorPin(TEXT("SpawnedActor"));
+
+/** A task that spawns an actor lets its class be chosen, and its variables be set before it begins to play. */
+bool SpawnsActor(const UClass& Task)
+{
+	static const FName BeginSpawning(TEXT("BeginSpawningActor"));
+	static const FName FinishSpawning(TEXT("FinishSpawningActor"));
+	return Task.FindFunctionByName(BeginSpawning) && Task.FindFunctionByName(FinishSpawning);
+}
+
+/** Variables that the factory says make no sense for what its task spawns. */
+TSet<FName> HiddenVariables(const UFunction* Factory)
+{
+	static const FName HideSpawnParms(TEXT("HideSpawnParms"));
+	return Factory ? FunctionPins::NamesInMetaData(*Factory, HideSpawnParms) : TSet<FName>();
+}
+} // namespace LatentTasks
+
+UEdGraphPin* UK2Node_LatentGameplayTaskCall::GetClassPin(const TArray<UEdGraphPin*>* InPinsToSearch) const
+{
+	UEdGraphPin* const* const Found =
+		(InPinsToSearch ? *InPinsToSearch : Pins)
+			.FindByPredicate([](const UEdGraphPin* Pin)
+				{ return Pin->PinName == LatentTasks::ClassPin && Pin->Direction == EGPD_Input; });
+	return Found ? *Found : nullptr;
+}
+
+UClass* UK2Node_LatentGameplayTaskCall::GetClassToSpawn(const TArray<UEdGraphPin*>* InPinsToSearch) const
+{
+	const UEdGraphPin* const Pin = GetClassPin(InPinsToSearch);
+	if (!Pin)
+	{
+		return nullptr;
+	}
+	return Pin->LinkedTo.IsEmpty() ? Cast<UClass>(Pin->DefaultObject.Get())
+								   : Cast<UClass>(Pin->LinkedTo[0]->PinType.PinSubCategoryObject.Get());
+}
+
+void UK2Node_LatentGameplayTaskCall::CreatePinsForClass(UClass* InClass)
+{
+	ExposedVariables::CreatePins(*this, *InClass, LatentTasks::HiddenVariables(GetFactoryFunction()), nullptr);
+}
+
 void UK2Node_LatentGameplayTaskCall::AllocateDefaultPins()
 {
 	Super::AllocateDefaultPins();
-	const UFunction* const Function = GetFactoryFunction();
 	const UClass* const Class = ProxyClass.Get();
-	static const FName BeginSpawning(TEXT("BeginSpawningActor"));
-	static const FName FinishSpawning(TEXT("FinishSpawningActor"));
-	// A task that spawns an actor lets its class be chosen, and gives the actor back.
-	if (Function && Class && Class->FindFunctionByName(BeginSpawning) && Class->FindFunctionByName(FinishSpawning))
+	if (GetFactoryFunction() && Class && LatentTasks::SpawnsActor(*Class))
 	{
 		UClass* const Actor = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
-		if (!FindPin(TEXT("Class")))
+		if (!FindPin(LatentTasks::ClassPin))
 		{
-			CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Class, Actor, FName(TEXT("Class")));
+			CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Class, Actor, LatentTasks::ClassPin);
 		}
-		if (!FindPin(TEXT("SpawnedActor")))
+		if (!FindPin(LatentTasks::SpawnedActorPin))
 		{
-			CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Object, Actor, FName(TEXT("SpawnedActor")));
+			CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Object, Actor, LatentTasks::SpawnedActorPin);
 		}
+	}
+}
+
+void UK2Node_LatentGameplayTaskCall::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
+{
+	Super::ReallocatePinsDuringReconstruction(OldPins);
+	UClass* const Class = GetFactoryFunction() ? GetClassToSpawn(&OldPins) : nullptr;
+	if (Class)
+	{
+		CreatePinsForClass(Class);
+		RestoreSplitPins(OldPins);
+	}
+}
+
+void UK2Node_LatentGameplayTaskCall::PostPlacedNewNode()
+{
+	Super::PostPlacedNewNode();
+	if (UClass* const Class = GetClassToSpawn())
+	{
+		CreatePinsForClass(Class);
+	}
+}
+
+void UK2Node_LatentGameplayTaskCall::PinDefaultValueChanged(UEdGraphPin* Pin)
+{
+	Super::PinDefaultValueChanged(Pin);
+	if (Pin && Pin == GetClassPin())
+	{
+		ReconstructNode();
+	}
+}
+
+void UK2Node_LatentGameplayTaskCall::PinConnectionListChanged(UEdGraphPin* Pin)
+{
+	Super::PinConnectionListChanged(Pin);
+	if (Pin && Pin == GetClassPin())
+	{
+		ReconstructNode();
 	}
 }
 

@@ -6,6 +6,7 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "FunctionTips.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "UObject/NativeClass.h"
 
@@ -41,6 +42,18 @@ void SetSignature(FMemberReference& Reference, const UFunction* Signature)
 FMulticastDelegateProperty* FindDelegate(const UClass* Owner, FName Name)
 {
 	return Owner ? CastField<FMulticastDelegateProperty>(Owner->FindPropertyByName(Name)) : nullptr;
+}
+
+/** The delegate's own words, else its name and what the signature brings. */
+FText Tooltip(const FMulticastDelegateProperty* Property, const FText& Name)
+{
+	static const FName ToolTipKey(TEXT("ToolTip"));
+	if (Property && Property->FindMetaData(ToolTipKey))
+	{
+		return Property->GetToolTipText();
+	}
+	const UFunction* const Signature = Property ? Property->SignatureFunction : nullptr;
+	return FText::FromString(Name.ToString() + (Signature ? FunctionTips::DescribeParameters(*Signature) : FString()));
 }
 
 FText DisplayName(const FMulticastDelegateProperty* Property, FName Name)
@@ -103,9 +116,7 @@ FText UK2Node_ComponentBoundEvent::GetNodeTitle(ENodeTitleType::Type) const
 
 FText UK2Node_ComponentBoundEvent::GetTooltipText() const
 {
-	const FMulticastDelegateProperty* const Property = GetTargetDelegateProperty();
-	const FText Tooltip = Property ? Property->GetToolTipText() : FText::GetEmpty();
-	return Tooltip.IsEmpty() ? GetTargetDelegateDisplayName() : Tooltip;
+	return BoundEvents::Tooltip(GetTargetDelegateProperty(), GetTargetDelegateDisplayName());
 }
 
 void UK2Node_ComponentBoundEvent::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const
@@ -161,7 +172,16 @@ FText UK2Node_ActorBoundEvent::GetNodeTitle(ENodeTitleType::Type) const
 
 FText UK2Node_ActorBoundEvent::GetTooltipText() const
 {
-	return GetTargetDelegateDisplayName();
+	return BoundEvents::Tooltip(GetTargetDelegateProperty(), GetTargetDelegateDisplayName());
+}
+
+void UK2Node_ActorBoundEvent::ReconstructNode()
+{
+	if (const FMulticastDelegateProperty* const Property = GetTargetDelegateProperty())
+	{
+		BoundEvents::SetSignature(EventReference, Property->SignatureFunction);
+	}
+	Super::ReconstructNode();
 }
 
 void UK2Node_ActorBoundEvent::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const

@@ -4,11 +4,21 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "FunctionPins.h"
+#include "FunctionTips.h"
 #include "K2Node_Event.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Menu/MenuWords.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_CallFunction, "/Script/BlueprintGraph", CLASS_None)
+
+template <>
+UEnum* StaticEnum<ENodePurityOverride>()
+{
+	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("ENodePurityOverride"), TEXT("/Script/BlueprintGraph"),
+		UEnum::ECppForm::EnumClass, {{TEXT("Unset"), 0}, {TEXT("Pure"), 1}, {TEXT("Impure"), 2}});
+	return Enum;
+}
 
 void UK2Node_CallFunction::DescribeClass(FClassDescriber& Class)
 {
@@ -19,6 +29,7 @@ void UK2Node_CallFunction::DescribeClass(FClassDescriber& Class)
 	Class.Property(TEXT("bIsInterfaceCall"), &UK2Node_CallFunction::bIsInterfaceCall);
 	Class.Property(TEXT("bIsFinalFunction"), &UK2Node_CallFunction::bIsFinalFunction);
 	Class.Property(TEXT("FunctionReference"), &UK2Node_CallFunction::FunctionReference);
+	Class.Property(TEXT("NodePurityOverride"), &UK2Node_CallFunction::NodePurityOverride);
 }
 
 void UK2Node_CallFunction::SetFromFunction(const UFunction* Function)
@@ -53,13 +64,46 @@ UEdGraphPin* UK2Node_CallFunction::GetReturnValuePin() const
 
 bool UK2Node_CallFunction::IsNodePure() const
 {
-	return bDefaultsToPureFunc;
+	return NodePurityOverride == ENodePurityOverride::Unset ? bDefaultsToPureFunc
+															: NodePurityOverride == ENodePurityOverride::Pure;
+}
+
+bool UK2Node_CallFunction::CanToggleNodePurity() const
+{
+	const UFunction* const Function = GetTargetFunction();
+	const UEdGraph* const Graph = GetGraph();
+	return Function && Function->HasAnyFunctionFlags(FUNC_BlueprintPure) && Graph
+		&& GetK2Schema()->DoesGraphSupportImpureFunctions(Graph);
+}
+
+void UK2Node_CallFunction::ToggleNodePurityOverride()
+{
+	if (!CanToggleNodePurity())
+	{
+		return;
+	}
+	const bool bMakePure = !IsNodePure();
+	const ENodePurityOverride Word = bMakePure ? ENodePurityOverride::Pure : ENodePurityOverride::Impure;
+	// Back at the function's own purity the author has no word of his own any more.
+	NodePurityOverride = bMakePure == bDefaultsToPureFunc ? ENodePurityOverride::Unset : Word;
+	ReconstructNode();
 }
 
 bool UK2Node_CallFunction::IsLatentFunction() const
 {
 	const UFunction* const Function = GetTargetFunction();
 	return Function && Function->HasMetaData(FBlueprintMetadata::MD_Latent);
+}
+
+bool UK2Node_CallFunction::CanFunctionSupportMultipleTargets(const UFunction* InFunction)
+{
+	return InFunction && !InFunction->HasAnyFunctionFlags(FUNC_BlueprintPure) && !InFunction->GetReturnProperty()
+		&& !InFunction->HasMetaData(FBlueprintMetadata::MD_Latent);
+}
+
+bool UK2Node_CallFunction::AllowMultipleSelfs(bool) const
+{
+	return CanFunctionSupportMultipleTargets(GetTargetFunction());
 }
 
 void UK2Node_CallFunction::TakeOlderForm()
@@ -102,12 +146,13 @@ FText UK2Node_CallFunction::GetUserFacingFunctionName(const UFunction* Function)
 
 FText UK2Node_CallFunction::GetDefaultCategoryForFunction(const UFunction* Function, const FText& BaseCategory)
 {
-	const FString* const Category = Function->FindMetaData(FBlueprintMetadata::MD_FunctionCategory);
-	if (!Category || Category->IsEmpty())
+	const FString Category = MenuWords::CategoryOf(
+		Function->FindMetaData(FBlueprintMetadata::MD_FunctionCategory), FString());
+	if (Category.IsEmpty())
 	{
 		return BaseCategory;
 	}
-	return FText::FromString(BaseCategory.IsEmpty() ? *Category : BaseCategory.ToString() + TEXT("|") + *Category);
+	return FText::FromString(BaseCategory.IsEmpty() ? Category : BaseCategory.ToString() + TEXT("|") + Category);
 }
 
 FText UK2Node_CallFunction::GetKeywordsForFunction(const UFunction* Function)
@@ -125,14 +170,32 @@ FText UK2Node_CallFunction::GetKeywordsForFunction(const UFunction* Function)
 
 FString UK2Node_CallFunction::GetDefaultTooltipForFunction(const UFunction* Function)
 {
-	const FString Tooltip = Function->GetToolTipText().ToString();
-	return Tooltip.IsEmpty() ? GetUserFacingFunctionName(Function).ToString() : Tooltip;
+	return FunctionTips::Describe(*Function);
 }
 
 FString UK2Node_CallFunction::GetCompactNodeTitle(const UFunction* Function)
 {
+	struct FSign
+	{
+		const TCHAR* Typed;
+		const TCHAR* Drawn;
+	};
+	// Declarations are typed in ASCII; nodes show the sign that is meant.
+	static constexpr FSign Signs[] = {
+		{TEXT("*"), TEXT("\u00D7")}, {TEXT("/"), TEXT("\u00F7")}, {TEXT("->"), TEXT("\u2022")}};
 	const FString* const Title = Function->FindMetaData(FBlueprintMetadata::MD_CompactNodeTitle);
-	return Title ? *Title : Function->GetName();
+	if (!Title || Title->IsEmpty())
+	{
+		return Function->GetName();
+	}
+	for (const FSign& Sign : Signs)
+	{
+		if (*Title == Sign.Typed)
+		{
+			return Sign.Drawn;
+		}
+	}
+	return *Title;
 }
 
 bool UK2Node_CallFunction::ShouldDrawCompact(const UFunction* Function)
@@ -186,7 +249,7 @@ FText UK2Node_CallFunction::GetTooltipText() const
 	{
 		return FText::FromString(FString::Printf(TEXT("Call unknown function %s"), *GetFunctionName().ToString()));
 	}
-	FString Tooltip = GetDefaultTooltipForFunction(Function);
+	FString Tooltip = GetDefaultTooltipForFunction(Function) + FunctionTips::WhereItRuns(*Function);
 	if (const UClass* const Owner = Function->GetOwnerClass())
 	{
 		Tooltip += FString::Printf(TEXT("\n\nTarget is %s"), *Owner->GetDisplayNameText().ToString());

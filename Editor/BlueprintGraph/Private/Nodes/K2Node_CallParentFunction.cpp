@@ -39,7 +39,7 @@ FText UK2Node_CallParentFunction::GetNodeTitle(ENodeTitleType::Type TitleType) c
 		return NSLOCTEXT("K2Node", "AddCallToParent", "Add Call to Parent Function");
 	}
 	const FString Name = Function ? GetUserFacingFunctionName(Function).ToString()
-								  : FunctionReference.GetMemberName().ToString();
+								  : FName::NameToDisplayString(FunctionReference.GetMemberName().ToString(), false);
 	return FText::FromString(FString::Printf(TEXT("Parent: %s"), *Name));
 }
 

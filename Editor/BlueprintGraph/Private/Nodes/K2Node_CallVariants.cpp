@@ -10,6 +10,7 @@
 
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "ExposedVariables.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "UObject/NativeClass.h"
 #include "WildcardTypes.h"
@@ -316,6 +317,23 @@ void UK2Node_AddComponent::AllocateDefaultPins()
 	{
 		Result->PinType.PinSubCategoryObject = Type;
 	}
+	if (Type)
+	{
+		ExposedVariables::CreatePins(*this, *Type, TSet<FName>(), nullptr);
+	}
+}
+
+FText UK2Node_AddComponent::GetTooltipText() const
+{
+	const UClass* const Type = TemplateType.Get();
+	return FText::FromString(
+		FString::Printf(TEXT("Adds a %s to the actor, as a template of the Blueprint describes it"),
+			Type ? *Type->GetDisplayNameText().ToString() : TEXT("component")));
+}
+
+FText UK2Node_AddComponent::GetMenuCategory() const
+{
+	return NSLOCTEXT("K2Node", "AddComponent_Category", "Add Component");
 }
 
 FText UK2Node_AddComponent::GetNodeTitle(ENodeTitleType::Type) const

@@ -6,6 +6,7 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintClassProvider.h"
+#include "K2Node_BaseMCDelegate.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "UObject/NativeClass.h"
 
@@ -23,7 +24,7 @@ bool UK2Node_CustomEvent::IsEditable() const
 {
 	// The signature of a bound event is its dispatcher's; an author may not change it here.
 	const UEdGraphPin* const DelegatePin = FindPin(DelegateOutputName, EGPD_Output);
-	return DelegatePin && DelegatePin->LinkedTo.IsEmpty();
+	return DelegatePin && DelegatePin->LinkedTo.IsEmpty() && Super::IsEditable();
 }
 
 namespace CustomEvents
@@ -79,7 +80,6 @@ UK2Node_CustomEvent* UK2Node_CustomEvent::CreateFromFunction(
 	UK2Node_CustomEvent* const Event = NewObject<UK2Node_CustomEvent>(ParentGraph, NAME_None, RF_Transactional);
 	const UBlueprint* const Blueprint = ParentGraph->GetTypedOuter<UBlueprint>();
 	Event->CustomFunctionName = Blueprint ? CustomEvents::FindUniqueName(*Blueprint, Event, Name) : FName(Name);
-	Event->bIsEditable = true;
 	ParentGraph->Modify();
 	ParentGraph->AddNode(Event, true, bSelectNewNode);
 	Event->CreateNewGuid();
@@ -176,15 +176,32 @@ void UK2Node_CustomEvent::AllocateDefaultPins()
 	Super::AllocateDefaultPins();
 }
 
+namespace CustomEvents
+{
+/** The signature of the dispatcher that the event is bound to; null when it is bound to none. */
+const UFunction* FindBoundSignature(const UEdGraphPin* DelegatePin)
+{
+	const UEdGraphPin* const Linked = DelegatePin && !DelegatePin->LinkedTo.IsEmpty() ? DelegatePin->LinkedTo[0]
+																					  : nullptr;
+	const UK2Node_BaseMCDelegate* const Dispatcher = Linked ? Cast<UK2Node_BaseMCDelegate>(Linked->GetOwningNode())
+															: nullptr;
+	return Dispatcher ? Dispatcher->GetDelegateSignature() : nullptr;
+}
+} // namespace CustomEvents
+
 void UK2Node_CustomEvent::ReconstructNode()
 {
+	const UFunction* const Signature = CustomEvents::FindBoundSignature(FindPin(DelegateOutputName, EGPD_Output));
+	if (Signature && !FindEventSignatureFunction())
+	{
+		SetDelegateSignature(Signature);
+	}
 	Super::ReconstructNode();
 }
 
 void UK2Node_CustomEvent::PostPlacedNewNode()
 {
 	Super::PostPlacedNewNode();
-	bIsEditable = true;
 	if (CustomFunctionName.IsNone())
 	{
 		const UBlueprint* const Blueprint = GetBlueprint();
@@ -258,7 +275,11 @@ void UK2Node_CustomEvent::ValidateNodeDuringCompilation(FCompilerResultsLog& Mes
 
 bool UK2Node_CustomEvent::IsCompatibleWithGraph(const UEdGraph* Graph) const
 {
-	return Super::IsCompatibleWithGraph(Graph);
+	const UBlueprint* const Blueprint = Graph ? Graph->GetTypedOuter<UBlueprint>() : nullptr;
+	const bool bHasNoEvents = Blueprint
+		&& (Blueprint->BlueprintType == BPTYPE_MacroLibrary || Blueprint->BlueprintType == BPTYPE_FunctionLibrary
+			|| Blueprint->BlueprintType == BPTYPE_Interface);
+	return !bHasNoEvents && Super::IsCompatibleWithGraph(Graph);
 }
 
 void UK2Node_CustomEvent::GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const

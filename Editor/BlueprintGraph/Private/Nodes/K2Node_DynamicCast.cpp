@@ -201,6 +201,7 @@ void UK2Node_DynamicCast::PinConnectionListChanged(UEdGraphPin* Pin)
 void UK2Node_DynamicCast::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
 {
 	Super::ReallocatePinsDuringReconstruction(OldPins);
+	ReconnectPureExecPins(OldPins);
 	// The class may be gone for now; what was linked to its pin stays linked to one that is like it.
 	if (TargetType.Get())
 	{

@@ -4,6 +4,8 @@
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "FunctionTips.h"
+#include "K2Node_CallFunction.h"
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "UObject/NativeClass.h"
@@ -209,16 +211,19 @@ FText UK2Node_Event::GetTooltipText() const
 	{
 		return FText::FromString(FString::Printf(TEXT("Event %s"), *GetFunctionName().ToString()));
 	}
-	FString Tooltip = Function->GetToolTipText().ToString();
-	if (Tooltip.IsEmpty())
-	{
-		Tooltip = GetNodeTitle(ENodeTitleType::ListView).ToString();
-	}
+	FString Tooltip = FunctionTips::Describe(*Function) + FunctionTips::WhereItRuns(*Function);
 	if (IsInterfaceEventNode())
 	{
 		Tooltip += FString::Printf(TEXT("\n\nDeclared by interface %s"), *Function->GetOwnerClass()->GetName());
 	}
 	return FText::FromString(Tooltip);
+}
+
+FText UK2Node_Event::GetMenuCategory() const
+{
+	const FText Root = NSLOCTEXT("K2Node", "AddEventCategory", "Add Event");
+	const UFunction* const Function = FindEventSignatureFunction();
+	return Function ? UK2Node_CallFunction::GetDefaultCategoryForFunction(Function, Root) : Root;
 }
 
 FText UK2Node_Event::GetKeywords() const

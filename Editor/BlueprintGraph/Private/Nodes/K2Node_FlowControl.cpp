@@ -113,13 +113,14 @@ void UK2Node_ExecutionSequence::ReallocatePinsDuringReconstruction(TArray<UEdGra
 {
 	CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Execute);
 	int32 Count = 0;
-	for (const UEdGraphPin* const Old : OldPins)
+	for (UEdGraphPin* const Old : OldPins)
 	{
-		Count += Old->Direction == EGPD_Output && !Old->bOrphanedPin ? 1 : 0;
-	}
-	for (int32 Index = 0; Index < FMath::Max(Count, 1); ++Index)
-	{
-		CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, GetPinNameGivenIndex(Index));
+		if (Old->Direction == EGPD_Output && !Old->bOrphanedPin)
+		{
+			// Text written by hand may count with gaps; the old pin takes the new name so that its link moves over.
+			Old->PinName = GetPinNameGivenIndex(Count++);
+			CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, Old->PinName);
+		}
 	}
 }
 

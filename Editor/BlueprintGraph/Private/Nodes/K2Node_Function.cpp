@@ -7,6 +7,7 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/BlueprintClassProvider.h"
+#include "FunctionTips.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_FunctionTerminator, "/Script/BlueprintGraph", CLASS_Abstract)
@@ -116,7 +117,22 @@ UEdGraphPin* UK2Node_FunctionEntry::CreatePinFromUserDefinitionInternal(const TS
 	return CreatePin(EGPD_Output, NewPinInfo->PinType, NewPinInfo->PinName);
 }
 
-FText UK2Node_FunctionEntry::GetNodeTitle(ENodeTitleType::Type TitleType) const
+bool UK2Node_FunctionEntry::CanCreateUserDefinedPin(
+	const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage)
+{
+	if (!Super::CanCreateUserDefinedPin(InPinType, InDesiredDirection, OutErrorMessage))
+	{
+		return false;
+	}
+	if (InDesiredDirection == EGPD_Input)
+	{
+		OutErrorMessage = NSLOCTEXT("K2Node", "AddInputPinError", "Cannot add input pins to function entry node!");
+		return false;
+	}
+	return true;
+}
+
+FText UK2Node_FunctionEntry::GetNodeTitle(ENodeTitleType::Type) const
 {
 	const UEdGraph* const Graph = GetGraph();
 	FGraphDisplayInfo Info;
@@ -132,10 +148,6 @@ FText UK2Node_FunctionEntry::GetNodeTitle(ENodeTitleType::Type TitleType) const
 				.ToString(),
 			false));
 	}
-	if (TitleType == ENodeTitleType::MenuTitle)
-	{
-		return FText::FromString(FString::Printf(TEXT("%s Entry"), *Title.ToString()));
-	}
 	return Title;
 }
 
@@ -146,7 +158,7 @@ FText UK2Node_FunctionEntry::GetTooltipText() const
 		return MetaData.ToolTip;
 	}
 	const UFunction* const Signature = FindSignatureFunction();
-	return Signature ? Signature->GetToolTipText() : Super::GetTooltipText();
+	return Signature ? FText::FromString(FunctionTips::Describe(*Signature)) : GetNodeTitle(ENodeTitleType::FullTitle);
 }
 
 void UK2Node_FunctionEntry::PostReconstructNode()
@@ -194,6 +206,21 @@ void UK2Node_FunctionResult::AllocateDefaultPins()
 UEdGraphPin* UK2Node_FunctionResult::CreatePinFromUserDefinitionInternal(const TSharedPtr<FUserPinInfo> NewPinInfo)
 {
 	return CreatePin(EGPD_Input, NewPinInfo->PinType, NewPinInfo->PinName);
+}
+
+bool UK2Node_FunctionResult::CanCreateUserDefinedPin(
+	const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage)
+{
+	if (!Super::CanCreateUserDefinedPin(InPinType, InDesiredDirection, OutErrorMessage))
+	{
+		return false;
+	}
+	if (InDesiredDirection == EGPD_Output)
+	{
+		OutErrorMessage = NSLOCTEXT("K2Node", "AddOutputPinError", "Cannot add output pins to function result node!");
+		return false;
+	}
+	return true;
 }
 
 FText UK2Node_FunctionResult::GetNodeTitle(ENodeTitleType::Type TitleType) const

@@ -45,7 +45,7 @@ UEdGraphPin* UK2Node_GetSubsystem::GetWorldContextPin() const
 TArray<const TCHAR*> UK2Node_GetSubsystem::GetBaseClassPaths() const
 {
 	return {TEXT("/Script/Engine.GameInstanceSubsystem"), TEXT("/Script/Engine.WorldSubsystem"),
-		TEXT("/Script/Engine.LocalPlayerSubsystem")};
+		TEXT("/Script/Engine.LocalPlayerSubsystem"), TEXT("/Script/Engine.AudioEngineSubsystem")};
 }
 
 TArray<const TCHAR*> UK2Node_GetSubsystemFromPC::GetBaseClassPaths() const
@@ -65,7 +65,24 @@ TArray<const TCHAR*> UK2Node_GetEditorSubsystem::GetBaseClassPaths() const
 
 const TCHAR* UK2Node_GetSubsystem::GetCategoryWord() const
 {
-	return TEXT("Game Subsystems");
+	struct FGroup
+	{
+		const TCHAR* Base;
+		const TCHAR* Words;
+	};
+	static constexpr FGroup Groups[] = {{TEXT("/Script/Engine.GameInstanceSubsystem"), TEXT("GameInstance Subsystems")},
+		{TEXT("/Script/Engine.LocalPlayerSubsystem"), TEXT("LocalPlayer Subsystems")},
+		{TEXT("/Script/Engine.WorldSubsystem"), TEXT("World Subsystems")},
+		{TEXT("/Script/Engine.AudioEngineSubsystem"), TEXT("AudioEngine Subsystems")}};
+	for (const FGroup& Group : Groups)
+	{
+		const UClass* const Base = FindObject<UClass>(nullptr, Group.Base);
+		if (Base && CustomClass.Get() && CustomClass->IsChildOf(Base))
+		{
+			return Group.Words;
+		}
+	}
+	return TEXT("Subsystems");
 }
 
 const TCHAR* UK2Node_GetSubsystemFromPC::GetCategoryWord() const

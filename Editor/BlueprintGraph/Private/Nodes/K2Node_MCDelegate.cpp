@@ -90,17 +90,9 @@ void UK2Node_BaseMCDelegate::AllocateDefaultPins()
 void UK2Node_BaseMCDelegate::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
 {
 	Super::ReallocatePinsDuringReconstruction(OldPins);
-	// A dispatcher that is gone keeps what was linked until it is back.
-	if (GetProperty())
+	if (!GetProperty())
 	{
-		return;
-	}
-	for (const UEdGraphPin* const Old : OldPins)
-	{
-		if (!FindPin(Old->PinName, Old->Direction) && !Old->ParentPin && !Old->bOrphanedPin)
-		{
-			CreatePin(Old->Direction, Old->PinType, Old->PinName);
-		}
+		KeepOldPins(OldPins);
 	}
 }
 

@@ -18,11 +18,9 @@ void UK2Node_Self::AllocateDefaultPins()
 
 FText UK2Node_Self::GetNodeTitle(ENodeTitleType::Type TitleType) const
 {
-	if (TitleType == ENodeTitleType::FullTitle)
-	{
-		return NSLOCTEXT("K2Node", "SelfReferenceName_FullTitle", "Self-Reference");
-	}
-	return NSLOCTEXT("K2Node", "SelfReferenceName_ListView", "Get a reference to self");
+	return TitleType == ENodeTitleType::MenuTitle
+		? NSLOCTEXT("K2Node", "SelfReferenceName_MenuTitle", "Get a reference to self")
+		: NSLOCTEXT("K2Node", "SelfReferenceName", "Self-Reference");
 }
 
 FText UK2Node_Self::GetTooltipText() const

@@ -6,6 +6,7 @@
 #include "Engine/BlueprintClassProvider.h"
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Menu/MenuWords.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_Variable, "/Script/BlueprintGraph", CLASS_Abstract)
@@ -149,30 +150,12 @@ UK2Node::ERedirectType UK2Node_Variable::DoPinsMatchForReconstruction(
 		: ERedirectType_None;
 }
 
-namespace VariableNodes
-{
-/** A variable that is gone keeps its pins as they were, so that nothing is lost until it is back. */
-void KeepOldValuePins(UK2Node_Variable& Node, const TArray<UEdGraphPin*>& OldPins)
-{
-	for (const UEdGraphPin* const Old : OldPins)
-	{
-		if (!UEdGraphSchema_K2::IsExecPin(*Old) && !Node.FindPin(Old->PinName, Old->Direction) && !Old->ParentPin
-			&& !Old->bOrphanedPin)
-		{
-			UEdGraphPin* const Pin = Node.CreatePin(Old->Direction, Old->PinType, Old->PinName);
-			Pin->bHidden = Old->bHidden;
-			Pin->PinFriendlyName = Old->PinFriendlyName;
-		}
-	}
-}
-} // namespace VariableNodes
-
 void UK2Node_Variable::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
 {
 	AllocateDefaultPins();
 	if (!FindPin(GetVarName()))
 	{
-		VariableNodes::KeepOldValuePins(*this, OldPins);
+		KeepOldPins(OldPins);
 	}
 	RestoreSplitPins(OldPins);
 }
@@ -202,8 +185,7 @@ bool UK2Node_Variable::CanPasteHere(const UEdGraph* TargetGraph) const
 FText UK2Node_Variable::GetMenuCategory() const
 {
 	const FProperty* const Property = GetPropertyForVariable();
-	const FString* const Category = Property ? Property->FindMetaData(FBlueprintMetadata::MD_FunctionCategory)
-											 : nullptr;
-	return FText::FromString(
-		Category && !Category->IsEmpty() ? TEXT("Variables|") + *Category : FString(TEXT("Variables")));
+	const FString Category = MenuWords::CategoryOf(
+		Property ? Property->FindMetaData(FBlueprintMetadata::MD_FunctionCategory) : nullptr, FString());
+	return FText::FromString(Category.IsEmpty() ? FString(TEXT("Variables")) : TEXT("Variables|") + Category);
 }

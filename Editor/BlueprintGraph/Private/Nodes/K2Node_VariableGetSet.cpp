@@ -44,11 +44,59 @@ FText Make(const UK2Node_Variable& Node, const TCHAR* Verb, ENodeTitleType::Type
 	}
 	return FText::FromString(Title);
 }
+
+/** What the node does, how the variable is replicated, and what its author says of it. */
+FText MakeTooltip(const UK2Node_Variable& Node, const TCHAR* Verb)
+{
+	static const FName ToolTipKey(TEXT("ToolTip"));
+	FString Text = FString::Printf(TEXT("%s the value of variable %s"), Verb, *Node.GetVarNameString());
+	const FProperty* const Property = Node.GetPropertyForVariable();
+	if (Property && Property->HasAnyPropertyFlags(CPF_Net))
+	{
+		Text += Property->HasAnyPropertyFlags(CPF_RepNotify) ? TEXT("\nReplicated, with a notification")
+															 : TEXT("\nReplicated");
+	}
+	if (Property && Property->FindMetaData(ToolTipKey))
+	{
+		Text += TEXT("\n\n") + Property->GetToolTipText().ToString();
+	}
+	return FText::FromString(Text);
+}
 } // namespace VariableTitles
+
+namespace GetVariations
+{
+/** The impure variation for values of a type; Pure when there is none. */
+EGetNodeVariation FindImpure(const FEdGraphPinType& Type)
+{
+	static const TSet<FName> ObjectCategories = {UEdGraphSchema_K2::PC_Object, UEdGraphSchema_K2::PC_Class,
+		UEdGraphSchema_K2::PC_SoftObject, UEdGraphSchema_K2::PC_SoftClass};
+	if (Type.IsContainer())
+	{
+		return EGetNodeVariation::Pure;
+	}
+	if (Type.PinCategory == UEdGraphSchema_K2::PC_Boolean)
+	{
+		return EGetNodeVariation::Branch;
+	}
+	return ObjectCategories.Contains(Type.PinCategory) ? EGetNodeVariation::ValidatedObject : EGetNodeVariation::Pure;
+}
+} // namespace GetVariations
+
+bool UK2Node_VariableGet::IsValidTypeForNonPure(const FEdGraphPinType& InPinType)
+{
+	return GetVariations::FindImpure(InPinType) != EGetNodeVariation::Pure;
+}
 
 void UK2Node_VariableGet::SetPurity(bool bNewPurity)
 {
-	const EGetNodeVariation Wanted = bNewPurity ? EGetNodeVariation::Pure : EGetNodeVariation::ValidatedObject;
+	const UEdGraphPin* const ValuePin = GetValuePin();
+	FEdGraphPinType Type = ValuePin ? ValuePin->PinType : FEdGraphPinType();
+	if (!ValuePin)
+	{
+		UEdGraphSchema_K2::ConvertPropertyToPinTypeStatic(GetPropertyForVariable(), Type);
+	}
+	const EGetNodeVariation Wanted = bNewPurity ? EGetNodeVariation::Pure : GetVariations::FindImpure(Type);
 	if (Wanted != CurrentVariation)
 	{
 		CurrentVariation = Wanted;
@@ -85,6 +133,7 @@ void UK2Node_VariableGet::AllocateDefaultPins()
 void UK2Node_VariableGet::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
 {
 	Super::ReallocatePinsDuringReconstruction(OldPins);
+	ReconnectPureExecPins(OldPins);
 }
 
 FText UK2Node_VariableGet::GetNodeTitle(ENodeTitleType::Type TitleType) const
@@ -94,7 +143,7 @@ FText UK2Node_VariableGet::GetNodeTitle(ENodeTitleType::Type TitleType) const
 
 FText UK2Node_VariableGet::GetTooltipText() const
 {
-	return FText::FromString(FString::Printf(TEXT("Read the value of variable %s"), *GetVarNameString()));
+	return VariableTitles::MakeTooltip(*this, TEXT("Read"));
 }
 
 void UK2Node_VariableGet::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const
@@ -144,7 +193,7 @@ FText UK2Node_VariableSet::GetNodeTitle(ENodeTitleType::Type TitleType) const
 
 FText UK2Node_VariableSet::GetTooltipText() const
 {
-	return FText::FromString(FString::Printf(TEXT("Set the value of variable %s"), *GetVarNameString()));
+	return VariableTitles::MakeTooltip(*this, TEXT("Set"));
 }
 
 void UK2Node_VariableSet::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const

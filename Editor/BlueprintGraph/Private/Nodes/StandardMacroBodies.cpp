@@ -333,4 +333,30 @@ void DecrementFloat(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit
 	FBody Body(Graph, Entry, Exit);
 	ChangeByOne(Body, TEXT("Subtract_DoubleDouble"), TEXT("1.0"));
 }
+
+namespace
+{
+void BranchOnAuthority(FBody& Body, UK2Node_CallFunction& HasAuthority)
+{
+	UK2Node_IfThenElse& Branch = Body.Branch(HasAuthority.GetReturnValuePin());
+	FBody::Run(Body.In(TEXT("execute")), Branch);
+	FBody::Link(Branch.GetThenPin(), Body.Out(TEXT("Authority")));
+	FBody::Link(Branch.GetElsePin(), Body.Out(TEXT("Remote")));
+}
+} // namespace
+
+void SwitchHasAuthority(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
+{
+	FBody Body(Graph, Entry, Exit);
+	BranchOnAuthority(Body, Body.Call(TEXT("/Script/Engine.Actor"), TEXT("HasAuthority")));
+}
+
+void SwitchOwnerHasAuthority(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
+{
+	FBody Body(Graph, Entry, Exit);
+	UK2Node_CallFunction& Owner = Body.Call(TEXT("/Script/Engine.ActorComponent"), TEXT("GetOwner"));
+	UK2Node_CallFunction& HasAuthority = Body.Call(TEXT("/Script/Engine.Actor"), TEXT("HasAuthority"));
+	FBody::Link(Owner.GetReturnValuePin(), HasAuthority.FindPin(UEdGraphSchema_K2::PN_Self, EGPD_Input));
+	BranchOnAuthority(Body, HasAuthority);
+}
 } // namespace StandardMacroBodies

@@ -22,4 +22,6 @@ void IncrementInt(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit);
 void DecrementInt(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit);
 void IncrementFloat(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit);
 void DecrementFloat(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit);
+void SwitchHasAuthority(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit);
+void SwitchOwnerHasAuthority(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit);
 } // namespace StandardMacroBodies

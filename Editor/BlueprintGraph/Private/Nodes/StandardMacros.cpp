@@ -11,6 +11,8 @@
 namespace StandardMacros
 {
 const TCHAR* const PackageName = TEXT("/Engine/EditorBlueprintResources/StandardMacros");
+const TCHAR* const ActorPackageName = TEXT("/Engine/EditorBlueprintResources/ActorMacros");
+const TCHAR* const ActorComponentPackageName = TEXT("/Engine/EditorBlueprintResources/ActorComponentMacros");
 
 namespace
 {
@@ -46,7 +48,7 @@ struct FMacroRow
 };
 
 // The identifiers, names and orders are those of the editor's own library: pasted graphs refer to them.
-const std::initializer_list<FMacroRow>& GetRows()
+const std::initializer_list<FMacroRow>& GetStandardRows()
 {
 	static const std::initializer_list<FMacroRow> Rows = {
 		{TEXT("ForLoop"), TEXT("55C904AF4B45FE1761FB55A8DB9FB801"), TEXT("Utilities|Flow Control"),
@@ -122,6 +124,42 @@ const std::initializer_list<FMacroRow>& GetRows()
 	return Rows;
 }
 
+const std::initializer_list<FMacroRow>& GetActorRows()
+{
+	static const std::initializer_list<FMacroRow> Rows = {
+		{TEXT("Switch Has Authority"), TEXT("7C0F2B6A4D1E4A53B0E85D6192C3A7F1"), TEXT("Networking"),
+			TEXT("Goes on at Authority where this actor is the server's own, and at Remote on the others"), TEXT(""),
+			{{TEXT("execute"), EPin::Exec}}, {{TEXT("Authority"), EPin::Exec}, {TEXT("Remote"), EPin::Exec}},
+			&StandardMacroBodies::SwitchHasAuthority}};
+	return Rows;
+}
+
+const std::initializer_list<FMacroRow>& GetActorComponentRows()
+{
+	static const std::initializer_list<FMacroRow> Rows = {
+		{TEXT("Switch Has Authority"), TEXT("A94E61D80B7F4C2D9A3316F8E5D0724B"), TEXT("Networking"),
+			TEXT("Goes on at Authority where the owner is the server's own, and at Remote on the others"), TEXT(""),
+			{{TEXT("execute"), EPin::Exec}}, {{TEXT("Authority"), EPin::Exec}, {TEXT("Remote"), EPin::Exec}},
+			&StandardMacroBodies::SwitchOwnerHasAuthority}};
+	return Rows;
+}
+
+/** A library: where it is, for Blueprints below which class, and what is in it. */
+struct FLibraryRow
+{
+	const TCHAR* PackageName;
+	const TCHAR* AssetName;
+	const TCHAR* ParentPath;
+	const std::initializer_list<FMacroRow>& (*GetRows)();
+};
+
+const FLibraryRow LibraryRows[] = {
+	{PackageName, TEXT("StandardMacros"), TEXT("/Script/CoreUObject.Object"), &GetStandardRows},
+	{ActorPackageName, TEXT("ActorMacros"), TEXT("/Script/Engine.Actor"), &GetActorRows},
+	{ActorComponentPackageName, TEXT("ActorComponentMacros"), TEXT("/Script/Engine.ActorComponent"),
+		&GetActorComponentRows}};
+constexpr int32 NumLibraries = static_cast<int32>(std::size(LibraryRows));
+
 FEdGraphPinType TypeOf(const FPinRow& Row)
 {
 	FEdGraphPinType Type;
@@ -193,16 +231,16 @@ void MakeMacro(UBlueprint& Library, const FMacroRow& Row)
 	Row.Body(*Graph, *Entry, *Exit);
 }
 
-UBlueprint* MakeLibrary()
+UBlueprint* MakeLibrary(const FLibraryRow& LibraryRow)
 {
-	UPackage* const Package = CreatePackage(PackageName);
+	UPackage* const Package = CreatePackage(LibraryRow.PackageName);
 	Package->SetFlags(RF_Transient);
 	UBlueprint* const Library = NewObject<UBlueprint>(
-		Package, FName(TEXT("StandardMacros")), static_cast<EObjectFlags>(RF_Public | RF_Transient));
+		Package, FName(LibraryRow.AssetName), static_cast<EObjectFlags>(RF_Public | RF_Transient));
 	Library->BlueprintType = BPTYPE_MacroLibrary;
-	Library->ParentClass = TSubclassOf<UObject>(UObject::StaticClass());
+	Library->ParentClass = TSubclassOf<UObject>(FindObject<UClass>(nullptr, LibraryRow.ParentPath));
 	Library->Status = BS_UpToDate;
-	for (const FMacroRow& Row : GetRows())
+	for (const FMacroRow& Row : LibraryRow.GetRows())
 	{
 		MakeMacro(*Library, Row);
 	}
@@ -210,38 +248,55 @@ UBlueprint* MakeLibrary()
 	return Library;
 }
 
+UBlueprint* GetLibraryAt(int32 Index)
+{
+	static TWeakObjectPtr<UBlueprint> Libraries[NumLibraries];
+	if (!Libraries[Index].Get())
+	{
+		Libraries[Index] = MakeLibrary(LibraryRows[Index]);
+	}
+	return Libraries[Index].Get();
+}
+
 ObjectProviders::FPackageLoader Next;
 
 UPackage* LoadLibraryOrNext(FStringView LongPackageName, uint32 LoadFlags)
 {
-	if (FString(LongPackageName) == PackageName)
+	if (const UBlueprint* const Library = GetLibrary(FString(LongPackageName)))
 	{
-		return GetLibrary()->GetPackage();
+		return Library->GetPackage();
 	}
 	return Next.Load ? Next.Load(LongPackageName, LoadFlags) : nullptr;
 }
 } // namespace
 
-UBlueprint* GetLibrary()
+UBlueprint* GetLibrary(const FString& LongPackageName)
 {
-	static TWeakObjectPtr<UBlueprint> Library;
-	if (!Library.Get())
+	for (int32 Index = 0; Index < NumLibraries; ++Index)
 	{
-		Library = MakeLibrary();
-	}
-	return Library.Get();
-}
-
-UEdGraph* FindMacro(FName Name)
-{
-	for (UEdGraph* const Graph : GetLibrary()->MacroGraphs)
-	{
-		if (Graph->GetFName() == Name)
+		if (LongPackageName == LibraryRows[Index].PackageName)
 		{
-			return Graph;
+			return GetLibraryAt(Index);
 		}
 	}
 	return nullptr;
+}
+
+void MakeLibraries()
+{
+	for (int32 Index = 0; Index < NumLibraries; ++Index)
+	{
+		GetLibraryAt(Index);
+	}
+}
+
+UEdGraph* FindMacro(FName Name, const FString& LongPackageName)
+{
+	const UBlueprint* const Library = GetLibrary(LongPackageName);
+	const TObjectPtr<UEdGraph>* const Found = Library
+		? Library->MacroGraphs.FindByPredicate([Name](const UEdGraph* Graph) { return Graph->GetFName() == Name; })
+		: nullptr;
+	return Found ? Found->Get() : nullptr;
 }
 
 void Install()

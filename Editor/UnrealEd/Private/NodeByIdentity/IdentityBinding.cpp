@@ -185,12 +185,12 @@ void ApplyFields(UEdGraphNode& Node, const FJsonObject& Identity)
 	else if (UK2Node_MacroInstance* const Macro = Cast<UK2Node_MacroInstance>(&Node))
 	{
 		const FString Path = Text(Identity, TEXT("macro"));
-		FString Left;
+		FString Asset;
 		FString Name;
-		const bool bSplit = Path.Split(TEXT(":"), &Left, &Name);
-		if (!Macro->GetMacroGraph() && bSplit && Left.StartsWith(StandardMacros::PackageName))
+		FString Package;
+		if (!Macro->GetMacroGraph() && Path.Split(TEXT(":"), &Asset, &Name) && Asset.Split(TEXT("."), &Package, nullptr))
 		{
-			Macro->SetMacroGraph(StandardMacros::FindMacro(FName(Name)));
+			Macro->SetMacroGraph(StandardMacros::FindMacro(FName(Name), Package));
 		}
 	}
 	const FString Key = Text(Identity, TEXT("key"));
