@@ -10,7 +10,8 @@ OWNERS = ("class", "struct", "enum", "delegate")
 MEMBERS = ("property", "dispatcher", "component", "function")
 
 KEYS = {
-    "class": ("class", "cpp", "header", "parent", "flags", "display", "category", "interfaces", "meta"),
+    "class": ("class", "cpp", "header", "parent", "flags", "display", "category", "interfaces", "defaults",
+              "meta"),
     "struct": ("struct", "cpp", "header", "parent", "flags", "native_make", "native_break", "meta"),
     "enum": ("enum", "form", "header", "flags", "values"),
     "delegate": ("delegate", "flags", "params"),
@@ -125,8 +126,9 @@ def canonical(row):
         out["returns"] = sort_flags(ordered(out["returns"], RETURN_KEYS), "return")
     if "interfaces" in out:
         out["interfaces"] = sorted(out["interfaces"])
-    if "meta" in out:
-        out["meta"] = dict(sorted(out["meta"].items()))
+    for key in ("defaults", "meta"):
+        if key in out:
+            out[key] = dict(sorted(out[key].items()))
     return json.dumps(sort_flags(out, kind), ensure_ascii=False, separators=(", ", ": "))
 
 

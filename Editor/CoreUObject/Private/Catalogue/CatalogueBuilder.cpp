@@ -236,6 +236,7 @@ void FImageBuilder::AddOwner(const FSourceOwner& Source)
 	Record.Components = AddComponents(Source.Components);
 	Record.Values = AddValues(Source.Values);
 	Record.Interfaces = AddInterfaces(Source.Interfaces);
+	Record.Defaults = AddMeta(Source.Defaults);
 	Record.Meta = AddMeta(Source.Meta);
 	Owners.push_back(Record);
 	OwnerPaths.push_back(Source.Path);

@@ -32,23 +32,33 @@ UObject* FindComponent(UObject& DefaultObject, FName Name)
 	return Name.IsNone() ? nullptr : DefaultObject.GetClass()->GetDefaultSubobjectByName(Name);
 }
 
+/** Whether the object has the property and took the text. */
+bool SetValue(FLoadedImage& Image, FTextOffset Name, FTextOffset Value, UObject& DefaultObject)
+{
+	const FProperty* const Property = Value == 0 ? nullptr
+												 : DefaultObject.GetClass()->FindPropertyByName(Image.Name(Name));
+	if (!Property)
+	{
+		return false;
+	}
+	const FString Text = Image.Text(Value);
+	const bool bRead = Property->ImportText_InContainer(*Text, &DefaultObject, &DefaultObject, PPF_None) != nullptr;
+	UE_CLOG(!bRead, LogCatalogue, Warning, TEXT("'%s' is no value of %s"), *Text, *Property->GetPathName());
+	return bRead;
+}
+
 bool SetValues(FLoadedImage& Image, const FOwnerRecord& Record, UObject& DefaultObject)
 {
 	bool bChanged = false;
+	for (uint32 Index = 0; Index < Record.Defaults.Num; ++Index)
+	{
+		const FMetaRecord& Row = Image.GetView().Meta(Record.Defaults.First + Index);
+		bChanged |= SetValue(Image, Row.Key, Row.Value, DefaultObject);
+	}
 	for (uint32 Index = 0; Index < Record.Properties.Num; ++Index)
 	{
 		const FPropertyRecord& Row = Image.GetView().Property(Record.Properties.First + Index);
-		const FProperty* const Property = Row.Default == 0
-			? nullptr
-			: DefaultObject.GetClass()->FindPropertyByName(Image.Name(Row.Name));
-		if (!Property)
-		{
-			continue;
-		}
-		const FString Text = Image.Text(Row.Default);
-		const bool bRead = Property->ImportText_InContainer(*Text, &DefaultObject, &DefaultObject, PPF_None) != nullptr;
-		UE_CLOG(!bRead, LogCatalogue, Warning, TEXT("'%s' is no value of %s"), *Text, *Property->GetPathName());
-		bChanged |= bRead;
+		bChanged |= SetValue(Image, Row.Name, Row.Default, DefaultObject);
 	}
 	return bChanged;
 }

@@ -15,7 +15,7 @@
 namespace Catalogue
 {
 constexpr std::uint32_t ImageMagic = 0x4C544143; // "CATL"
-constexpr std::uint32_t ImageVersion = 1;
+constexpr std::uint32_t ImageVersion = 2;
 constexpr std::uint32_t NoIndex = 0xFFFFFFFF;
 
 /** Offset into the text table; offset 0 is the empty text. */
@@ -230,6 +230,8 @@ struct FOwnerRecord
 	FRange Values;
 	/** Into the list of interface references. */
 	FRange Interfaces;
+	/** Into the table of metadata: values of inherited properties in the class default object. */
+	FRange Defaults;
 	/** Signatures declared in the class: owner indices. */
 	FRange Nested;
 	FRange Meta;

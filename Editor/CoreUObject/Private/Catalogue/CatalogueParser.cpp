@@ -180,6 +180,7 @@ void FFileParser::ParseClass(FFields& Fields, FSourceOwner& Owner)
 	Owner.Display = Fields.String("display");
 	Owner.Category = Fields.String("category");
 	Owner.Interfaces = Fields.Strings("interfaces");
+	Owner.Defaults = Fields.Meta("defaults");
 	Owner.Meta = Fields.Meta("meta");
 	if (Owner.Parent.empty() && Owner.Path != "/Script/CoreUObject.Object")
 	{

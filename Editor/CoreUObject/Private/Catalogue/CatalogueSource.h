@@ -93,6 +93,8 @@ struct FSourceOwner
 	std::string NativeMake;
 	std::string NativeBreak;
 	std::vector<std::string> Interfaces;
+	/** Values of inherited properties that the class starts with. */
+	FMetaList Defaults;
 	std::vector<FSourceProperty> Properties;
 	std::vector<FSourceFunction> Functions;
 	std::vector<FSourceComponent> Components;
