@@ -297,3 +297,4 @@ void UEdGraphNode::ImportCustomProperties(const TCHAR* SourceText, FFeedbackCont
 	Pins.Add(Pin);
 	Pin->ImportTextItem(Cursor, PPF_Delimited, this, Warn);
 }
+		UObject::ImportCustomProperties(SourceText, Warn);

@@ -72,6 +72,12 @@ void Resolve(UEdGraphPin& Pin, const UEdGraphPin::FPendingReferences& Pending, c
 			SubPin->ParentPin = &Pin;
 		}
 	}
+	if (UEdGraphPin* const Parent = Pending.ParentPin ? Index.Find(*Pending.ParentPin) : nullptr;
+		Parent && CanBeBelow(Pin, *Parent))
+	{
+		Parent->SubPins.AddUnique(&Pin);
+		Pin.ParentPin = Parent;
+	}
 	if (Pending.PassThrough)
 	{
 		Pin.ReferencePassThroughConnection = Index.Find(*Pending.PassThrough);

@@ -153,7 +153,7 @@ FGuid ToGuid(FStringView Value)
 TOptional<UEdGraphPin::FPendingReference> ToReference(FStringView Value)
 {
 	int32 Blank = INDEX_NONE;
-	if (!Value.FindChar(TEXT(' '), Blank))
+	if (!Value.FindLastChar(TEXT(' '), Blank))
 	{
 		return {};
 	}
@@ -214,25 +214,6 @@ public:
 		else if (!ReadIdentity(Key, Value) && !ReadReferences(Key, Value) && !ReadFlag(Key, Value))
 		{
 			Pin.KeptFields.Add(UEdGraphPin::FKeptField{FString(Key), FString(Value), FString()});
-		}
-	}
-
-	/** Pin types of before the two precisions were told apart. */
-	void UpgradeOldForms()
-	{
-		static const FName Float(TEXT("float"));
-		static const FName Double(TEXT("double"));
-		static const FName Real(TEXT("real"));
-		FEdGraphPinType& Type = Pin.PinType;
-		if (Type.PinCategory == Float)
-		{
-			Type.PinCategory = Real;
-			Type.PinSubCategory = Double;
-		}
-		if (Type.PinValueType.TerminalCategory == Float)
-		{
-			Type.PinValueType.TerminalCategory = Real;
-			Type.PinValueType.TerminalSubCategory = Double;
 		}
 	}
 
@@ -470,7 +451,7 @@ bool UEdGraphPin::ImportTextItem(const TCHAR*& Buffer, int32 PortFlags, UObject*
 	{
 		Importer.Read(Key, Value);
 	}
-	Importer.UpgradeOldForms();
+	PinType.PostImportText();
 	const bool bClosed = Reader.Close();
 	if (!bClosed && ErrorText)
 	{

@@ -79,6 +79,31 @@ bool FEdGraphTerminalType::operator==(const FEdGraphTerminalType& Other) const
 		&& bTerminalIsUObjectWrapper == Other.bTerminalIsUObjectWrapper;
 }
 
+namespace PinTypeUpgrade
+{
+void GivePrecision(FName& Category, FName& SubCategory)
+{
+	static const FName Float(TEXT("float"));
+	static const FName Double(TEXT("double"));
+	static const FName Real(TEXT("real"));
+	if (Category == Float)
+	{
+		Category = Real;
+		SubCategory = Double;
+	}
+}
+} // namespace PinTypeUpgrade
+
+void FEdGraphTerminalType::PostImportText()
+{
+	PinTypeUpgrade::GivePrecision(TerminalCategory, TerminalSubCategory);
+}
+
+void FEdGraphPinType::PostImportText()
+{
+	PinTypeUpgrade::GivePrecision(PinCategory, PinSubCategory);
+}
+
 FEdGraphPinType FEdGraphPinType::GetPinTypeForTerminalType(const FEdGraphTerminalType& TerminalType)
 {
 	FEdGraphPinType Type;

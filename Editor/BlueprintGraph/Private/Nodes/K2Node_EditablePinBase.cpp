@@ -182,6 +182,17 @@ void UK2Node_EditablePinBase::PinDefaultValueChanged(UEdGraphPin* Pin)
 	}
 }
 
+namespace UserPinText
+{
+FString Export(const FUserPinInfo& Info, UObject* Owner)
+{
+	static const FUserPinInfo Empty;
+	FString Text;
+	FUserPinInfo::StaticStruct()->ExportText(Text, &Info, &Empty, Owner, PPF_Delimited, nullptr);
+	return Text;
+}
+} // namespace UserPinText
+
 void UK2Node_EditablePinBase::ExportCustomProperties(FOutputDevice& Out, uint32 Indent)
 {
 	Super::ExportCustomProperties(Out, Indent);
@@ -190,13 +201,11 @@ void UK2Node_EditablePinBase::ExportCustomProperties(FOutputDevice& Out, uint32 
 	{
 		Prefix.AppendChar(TEXT(' '));
 	}
-	static const FUserPinInfo Empty;
 	for (const TSharedPtr<FUserPinInfo>& Info : UserDefinedPins)
 	{
-		FString Line = Prefix + TEXT("CustomProperties UserDefinedPin ");
-		FUserPinInfo::StaticStruct()->ExportText(Line, Info.Get(), &Empty, this, PPF_Delimited, nullptr);
-		Line.AppendChar(TEXT('\n'));
-		Out.Log(*Line);
+		const FString Text = UserPinText::Export(*Info, this);
+		const bool bKept = !Info->KeptText.IsEmpty() && Info->TextAfter.Equals(Text);
+		Out.Log(Prefix + TEXT("CustomProperties UserDefinedPin ") + (bKept ? Info->KeptText : Text) + TEXT("\n"));
 	}
 }
 
@@ -214,13 +223,22 @@ void UK2Node_EditablePinBase::ImportCustomProperties(const TCHAR* SourceText, FF
 	}
 	const TSharedPtr<FUserPinInfo> Info = MakeShared<FUserPinInfo>();
 	static const FString StructName(TEXT("UserPinInfo"));
-	if (FUserPinInfo::StaticStruct()->ImportText(Cursor, Info.Get(), this, PPF_Delimited, Warn, StructName))
+	FStringOutputDevice Complaints;
+	if (!FUserPinInfo::StaticStruct()->ImportText(Cursor, Info.Get(), this, PPF_Delimited, &Complaints, StructName))
 	{
-		if (Info->PinType.PinCategory == UEdGraphSchema_K2::PC_Float)
-		{
-			Info->PinType.PinCategory = UEdGraphSchema_K2::PC_Real;
-			Info->PinType.PinSubCategory = UEdGraphSchema_K2::PC_Double;
-		}
+		UObject::ImportCustomProperties(SourceText, Warn);
+	}
+	else
+	{
 		UserDefinedPins.Add(Info);
+		if (!Complaints.IsEmpty())
+		{
+			Info->KeptText = Cursor;
+			Info->TextAfter = UserPinText::Export(*Info, this);
+		}
+	}
+	if (Warn && !Complaints.IsEmpty())
+	{
+		Warn->Log(Complaints);
 	}
 }

@@ -99,11 +99,13 @@ TArray<FPart> PartsOf(const UEdGraphPin& Pin)
 
 FText ShownName(const UEdGraphPin& Pin, const FPart& Part)
 {
-	if (Pin.PinName == FSchema::PN_ReturnValue && Pin.PinFriendlyName.IsEmpty())
-	{
-		return FText::FromString(TEXT("Return Value ") + Part.ShownName.ToString());
-	}
-	return FText::FromString(Pin.GetDisplayName().ToString() + TEXT(" ") + Part.ShownName.ToString());
+	const bool bUnnamedReturn = Pin.PinName == FSchema::PN_ReturnValue && Pin.PinFriendlyName.IsEmpty();
+	FFormatNamedArguments Arguments;
+	Arguments.Add(
+		TEXT("PinDisplayName"), bUnnamedReturn ? FText::FromString(TEXT("Return Value")) : Pin.GetDisplayName());
+	Arguments.Add(TEXT("ProtoPinDisplayName"), Part.ShownName);
+	return FText::Format(
+		NSLOCTEXT("KismetSchema", "SplitPinFriendlyNameFormat", "{PinDisplayName} {ProtoPinDisplayName}"), Arguments);
 }
 
 UEdGraphPin* CreateSubPin(UEdGraphPin& Pin, const FPart& Part, int32 Index, const FSchema& Schema)

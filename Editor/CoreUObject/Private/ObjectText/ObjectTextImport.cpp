@@ -30,6 +30,27 @@ public:
 	FString Reason;
 };
 
+/** Tells where in the text the object stood that a problem is about. */
+class FPlacedWarnings final : public FFeedbackContext
+{
+public:
+	FPlacedWarnings(FFeedbackContext& InTarget, const UObject& InObject, int32 InLineNumber)
+		: Target(InTarget)
+		, Object(InObject)
+		, LineNumber(InLineNumber)
+	{
+	}
+	void Serialize(const TCHAR* Text, ELogVerbosity::Type, const FName&) override
+	{
+		Target.Logf(TEXT("line %d: '%s': %s"), LineNumber, *Object.GetPathName(), Text);
+	}
+
+private:
+	FFeedbackContext& Target;
+	const UObject& Object;
+	const int32 LineNumber;
+};
+
 std::string_view StripReference(std::string_view Path)
 {
 	const std::size_t Open = Path.find('\'');
@@ -183,7 +204,8 @@ void FObjectTextImport::ImportInto(UObject* Object, const FObjectTextRecord& Rec
 		{
 			WideScratch.clear();
 			FUTF8::AppendLossy(WideScratch, Line.Value);
-			Object->ImportCustomProperties(WideScratch.c_str(), &Warn);
+			ObjectTextImporting::FPlacedWarnings Placed(Warn, *Object, Line.LineNumber);
+			Object->ImportCustomProperties(WideScratch.c_str(), &Placed);
 		}
 		else
 		{

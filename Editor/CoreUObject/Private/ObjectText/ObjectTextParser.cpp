@@ -2,6 +2,7 @@
 
 #include "ObjectText/ObjectTextSyntax.h"
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 
@@ -70,6 +71,9 @@ public:
 	{
 	}
 
+	/** Lines between objects are told there, the first of them in words, instead of being faults. */
+	void PassOverOtherText(FObjectTextTree::FPassedOver& OutPassedOver) { PassedOver = &OutPassedOver; }
+
 	bool Run(std::vector<FObjectTextRecord>& OutObjects)
 	{
 		Roots = &OutObjects;
@@ -123,9 +127,12 @@ private:
 		const char First = ToLowerAscii(Line.front());
 		if (First == 'b' && ConsumeWord(Rest, "Begin"sv))
 		{
-			return ConsumeWord(Rest, "Object"sv)
-				? BeginObject(Rest)
-				: Fail(LineNumber, FString::Printf(TEXT("only objects can begin here, found '%s'"), *Excerpt(Line)));
+			if (ConsumeWord(Rest, "Object"sv))
+			{
+				return BeginObject(Rest);
+			}
+			return PassOver(Line)
+				|| Fail(LineNumber, FString::Printf(TEXT("only objects can begin here, found '%s'"), *Excerpt(Line)));
 		}
 		if (First == 'e' && ConsumeWord(Rest, "End"sv))
 		{
@@ -133,7 +140,8 @@ private:
 		}
 		if (Open.empty())
 		{
-			return Fail(LineNumber, FString::Printf(TEXT("expected 'Begin Object', found '%s'"), *Excerpt(Line)));
+			return PassOver(Line)
+				|| Fail(LineNumber, FString::Printf(TEXT("expected 'Begin Object', found '%s'"), *Excerpt(Line)));
 		}
 		if (First == 'c' && ConsumeWord(Rest, "CustomProperties"sv))
 		{
@@ -143,6 +151,20 @@ private:
 			return true;
 		}
 		return Property(Line);
+	}
+
+	bool PassOver(std::string_view Line)
+	{
+		if (!PassedOver || !Open.empty())
+		{
+			return false;
+		}
+		if (PassedOver->NumLines++ == 0)
+		{
+			PassedOver->FirstLineNumber = LineNumber;
+			PassedOver->FirstLine = Excerpt(Line);
+		}
+		return true;
 	}
 
 	FObjectTextLine& AddLine()
@@ -213,7 +235,8 @@ private:
 	{
 		if (!ConsumeWord(Rest, "Object"sv) || !Rest.empty())
 		{
-			return Fail(LineNumber, FString::Printf(TEXT("expected 'End Object', found '%s'"), *Excerpt(Line)));
+			return PassOver(Line)
+				|| Fail(LineNumber, FString::Printf(TEXT("expected 'End Object', found '%s'"), *Excerpt(Line)));
 		}
 		if (Open.empty())
 		{
@@ -368,6 +391,7 @@ private:
 	std::size_t Position = 0;
 	int32 LineNumber;
 	FObjectTextError& Error;
+	FObjectTextTree::FPassedOver* PassedOver = nullptr;
 	std::vector<FObjectTextRecord>* Roots = nullptr;
 	/** Records on it stay where they are: only the innermost one's list of objects grows. */
 	std::vector<FOpen> Open;
@@ -449,6 +473,38 @@ bool FObjectTextTree::Parse(std::string Text, FObjectTextError& OutError)
 {
 	OwnedText = std::make_shared<const std::string>(MoveTemp(Text));
 	return ParseView(*OwnedText, OutError);
+}
+
+bool FObjectTextTree::ParseAmidOtherText(std::string Text, FObjectTextError& OutError, FPassedOver& OutPassedOver)
+{
+	OwnedText = std::make_shared<const std::string>(MoveTemp(Text));
+	std::string_view View = *OwnedText;
+	static constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+	View.remove_prefix(View.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0);
+	Objects.clear();
+	OutError = FObjectTextError();
+	OutPassedOver = FPassedOver();
+	if (const std::size_t Zero = View.find('\0'); Zero != std::string_view::npos)
+	{
+		OutError.LineNumber = 1 + static_cast<int32>(std::count(View.begin(), View.begin() + Zero, '\n'));
+		OutError.Message = TEXT("a zero byte; the text has to be UTF-8");
+		return false;
+	}
+	ObjectTextParsing::FParser Parser(View, 1, OutError);
+	Parser.PassOverOtherText(OutPassedOver);
+	if (!Parser.Run(Objects))
+	{
+		Objects.clear();
+		return false;
+	}
+	if (Objects.empty())
+	{
+		OutError.LineNumber = std::max(1, OutPassedOver.FirstLineNumber);
+		OutError.Message = OutPassedOver.NumLines > 0
+			? FString::Printf(TEXT("expected 'Begin Object', found '%s'"), *OutPassedOver.FirstLine)
+			: FString(TEXT("expected 'Begin Object', found nothing"));
+	}
+	return !Objects.empty();
 }
 
 bool FObjectTextTree::Parse(FStringView Text, FObjectTextError& OutError)

@@ -366,6 +366,12 @@ bool FObjectTextWriter::CustomProperties(UObject& Object, int32 Level)
 {
 	ObjectTextWriting::FLineDevice Device(Out);
 	Object.ExportCustomProperties(Device, static_cast<uint32>(Level * ObjectTextWriting::IndentWidth));
+	const FKeptObjectText* const Kept = FKeptObjectText::Find(&Object);
+	for (std::size_t Index = 0; Kept && Index < Kept->CustomLines.size(); ++Index)
+	{
+		Indent(Level);
+		Out.append("CustomProperties ").append(Kept->CustomLines[Index]).push_back('\n');
+	}
 	return true;
 }
 

@@ -4,6 +4,7 @@
 #include "Objects/ObjectTable.h"
 #include "UObject/NativeClass.h"
 #include "UObject/ObjectProviders.h"
+#include "UObject/ObjectText.h"
 #include "UObject/Package.h"
 
 namespace ObjectCustomData
@@ -196,8 +197,18 @@ bool UObject::IsAsset() const
 		&& OuterPrivate->IsA<UPackage>();
 }
 
+void UObject::ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext*)
+{
+	FKeptObjectText::FindOrAdd(this).CustomLines.push_back(ToUtf8(FString(SourceText)));
+}
+
 void UObject::DuplicateCustomData(const UObject* Source)
 {
+	if (const FKeptObjectText* const Kept = FKeptObjectText::Find(Source))
+	{
+		const FKeptObjectText Copy = *Kept;
+		FKeptObjectText::FindOrAdd(this) = Copy;
+	}
 	FStringOutputDevice Text;
 	const_cast<UObject*>(Source)->ExportCustomProperties(Text, 0);
 	ObjectCustomData::CopyAsText(*this, Text);

@@ -250,3 +250,7 @@ const TCHAR* UScriptStruct::ImportText(const TCHAR* Buffer, void* Value, UObject
 	}
 	return Cursor + 1;
 }
+	if (Ops && Ops->PostImportText)
+	{
+		Ops->PostImportText(Value);
+	}

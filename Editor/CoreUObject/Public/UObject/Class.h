@@ -185,6 +185,8 @@ struct FStructOps
 	/** Null: as above. Moves Buffer behind what it read; false when it is no such value. */
 	bool (*ImportText)(
 		const TCHAR*& Buffer, void* Value, int32 PortFlags, UObject* Parent, FOutputDevice* ErrorText) = nullptr;
+	/** Called when members were read from text, to bring what older versions wrote up to date. Null: nothing to do. */
+	void (*PostImportText)(void* Value) = nullptr;
 };
 
 enum EStructFlags : uint32

@@ -68,7 +68,8 @@ void RegisterNativeClasses(std::initializer_list<FClassGetter> Classes);
 		return Struct; \
 	}
 
-/** The memory operations of a C++ struct; a struct with ExportTextItem / ImportTextItem / operator== has them used. */
+/** The memory operations of a C++ struct; a struct with ExportTextItem / ImportTextItem /
+ * PostImportText / operator== has them used. */
 template <class T>
 struct TStructOps
 {
@@ -114,6 +115,10 @@ private:
 			Ops.ImportText =
 				[](const TCHAR*& Buffer, void* Value, int32 PortFlags, UObject* Parent, FOutputDevice* Error)
 			{ return static_cast<T*>(Value)->ImportTextItem(Buffer, PortFlags, Parent, Error); };
+		}
+		if constexpr (requires(T & A) { A.PostImportText(); })
+		{
+			Ops.PostImportText = [](void* Value) { static_cast<T*>(Value)->PostImportText(); };
 		}
 		return Ops;
 	}

@@ -116,8 +116,8 @@ public:
 
 	/** Object text beyond properties: each line after "CustomProperties ". */
 	virtual void ExportCustomProperties(FOutputDevice& Out, uint32 Indent) {}
-	/** One line's text after "CustomProperties ". */
-	virtual void ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext* Warn) {}
+	/** One line's text after "CustomProperties ". What no class takes is kept and written back (see FKeptObjectText). */
+	virtual void ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext* Warn);
 
 	/**
 	 * Takes over what properties do not hold from the object this one was duplicated from; all objects of the tree

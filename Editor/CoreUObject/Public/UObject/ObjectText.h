@@ -83,6 +83,19 @@ public:
 	bool Parse(std::string Text, FObjectTextError& OutError);
 	bool Parse(FStringView Text, FObjectTextError& OutError);
 
+	/** Lines that belong to no object: how many, and the first one for a message. */
+	struct FPassedOver
+	{
+		int32 NumLines = 0;
+		int32 FirstLineNumber = 0;
+		FString FirstLine;
+	};
+	/**
+	 * As Parse, for text that a person took from somewhere: a byte order mark is no part of it, and lines before,
+	 * between and after the objects are passed over. Text without any object is a fault.
+	 */
+	bool ParseAmidOtherText(std::string Text, FObjectTextError& OutError, FPassedOver& OutPassedOver);
+
 	/** Deeper nesting is refused when reading and when writing. */
 	static constexpr int32 MaxDepth = 128;
 
@@ -227,6 +240,8 @@ struct FKeptObjectText
 		FString TextAfter;
 	};
 	std::vector<FUnread> Unread;
+	/** What followed "CustomProperties " in lines that the object does not take. */
+	std::vector<std::string> CustomLines;
 	/** Whole objects below this one, each as text. */
 	std::vector<std::string> Objects;
 

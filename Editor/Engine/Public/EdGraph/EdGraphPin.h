@@ -48,6 +48,8 @@ struct FEdGraphTerminalType
 	FEdGraphTerminalType() = default;
 	static FEdGraphTerminalType FromPinType(const struct FEdGraphPinType& PinType);
 	bool operator==(const FEdGraphTerminalType& Other) const;
+	/** See FEdGraphPinType::PostImportText. */
+	void PostImportText();
 
 	FName TerminalCategory;
 	FName TerminalSubCategory;
@@ -82,6 +84,8 @@ struct FEdGraphPinType
 	static FEdGraphPinType GetPinTypeForTerminalType(const FEdGraphTerminalType& TerminalType);
 	static FEdGraphPinType GetTerminalTypeForContainer(const FEdGraphPinType& ContainerType);
 	bool operator==(const FEdGraphPinType& Other) const;
+	/** A float of before there were two precisions was the editor's Float, which is a double today. */
+	void PostImportText();
 
 	FName PinCategory;
 	FName PinSubCategory;
