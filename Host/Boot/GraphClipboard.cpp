@@ -17,21 +17,12 @@ namespace GraphClipboard
 {
 namespace
 {
-/** What the importer complains of becomes warnings of the result. */
-class FWarningsToResult final : public FFeedbackContext
+/** What the importer complains of. */
+class FCollectedLines final : public FFeedbackContext
 {
 public:
-	explicit FWarningsToResult(Morvane::FToolResult& InResult)
-		: Result(InResult)
-	{
-	}
-	void Serialize(const TCHAR* Text, ELogVerbosity::Type, const FName&) override
-	{
-		Result.AddWarningMessage(FString(Text));
-	}
-
-private:
-	Morvane::FToolResult& Result;
+	void Serialize(const TCHAR* Text, ELogVerbosity::Type, const FName&) override { Lines.Add(FString(Text)); }
+	TArray<FString> Lines;
 };
 
 UEdGraph* FindGraph(const std::string& AssetPath, const std::string& GraphName, Morvane::FToolResult& Result)
@@ -76,6 +67,22 @@ TSharedPtr<FJsonValue> Describe(const UEdGraphNode& Node)
 	return MakeShared<FJsonValueObject>(Object);
 }
 
+void MoveTopLeftTo(const FPlace& Place, const TSet<UEdGraphNode*>& Nodes)
+{
+	FPlace Corner{MAX_int32, MAX_int32};
+	for (const UEdGraphNode* const Node : Nodes)
+	{
+		Corner.X = FMath::Min(Corner.X, Node->NodePosX);
+		Corner.Y = FMath::Min(Corner.Y, Node->NodePosY);
+	}
+	for (UEdGraphNode* const Node : Nodes)
+	{
+		// Text may have nodes as far apart as numbers go.
+		Node->NodePosX = static_cast<int32>(static_cast<int64>(Node->NodePosX) - Corner.X + Place.X);
+		Node->NodePosY = static_cast<int32>(static_cast<int64>(Node->NodePosY) - Corner.Y + Place.Y);
+	}
+}
+
 void Tell(const UEdGraph& Graph, const TSet<UEdGraphNode*>& Nodes, Morvane::FToolResult& Result)
 {
 	TArray<TSharedPtr<FJsonValue>> Rows;
@@ -114,23 +121,32 @@ std::string Copy(const std::string& AssetPath, const std::string& GraphName, Mor
 	return ToUtf8(Text);
 }
 
-void Paste(
-	const std::string& AssetPath, const std::string& GraphName, std::string_view Text, Morvane::FToolResult& Result)
+void Paste(const std::string& AssetPath, const std::string& GraphName, std::string_view Text,
+	const std::optional<FPlace>& TopLeft, Morvane::FToolResult& Result)
 {
 	UEdGraph* const Graph = FindGraph(AssetPath, GraphName, Result);
 	if (!Graph)
 	{
 		return;
 	}
-	FWarningsToResult Warnings(Result);
+	FCollectedLines Complaints;
 	TSet<UEdGraphNode*> Nodes;
-	FEdGraphUtilities::ImportNodesFromText(Graph, FromUtf8(Text), Nodes, &Warnings);
+	FEdGraphUtilities::ImportNodesFromText(Graph, FromUtf8(Text), Nodes, &Complaints);
 	if (Nodes.IsEmpty())
 	{
-		Result.AddErrorMessage(TEXT("The text has no node that could be pasted"));
+		const FString Reasons = FString::Join(Complaints.Lines, TEXT("; "));
+		Result.AddErrorMessage(TEXT("The text has no node that could be pasted: ") + Reasons);
 		return;
 	}
-	FEdGraphUtilities::PostProcessPastedNodes(Nodes, &Warnings);
+	FEdGraphUtilities::PostProcessPastedNodes(Nodes, &Complaints);
+	for (const FString& Line : Complaints.Lines)
+	{
+		Result.AddWarningMessage(Line);
+	}
+	if (TopLeft)
+	{
+		MoveTopLeftTo(*TopLeft, Nodes);
+	}
 	UBlueprint* const Blueprint = FBlueprintEditorUtils::FindBlueprintForGraph(Graph);
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
 	if (FAssetOperationBase::SaveAsset(Blueprint, Result))

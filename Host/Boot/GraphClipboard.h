@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,10 +15,18 @@ namespace GraphClipboard
 /** The nodes of a Blueprint's graph, in the graph's order. Empty after an error in the result. */
 std::string Copy(const std::string& AssetPath, const std::string& GraphName, Morvane::FToolResult& Result);
 
+/** A place in a graph. */
+struct FPlace
+{
+	int X = 0;
+	int Y = 0;
+};
+
 /**
- * Adds the text's nodes to the graph and saves the asset. The data names what was pasted, with its new ids; what could
- * not be taken over is told as warnings.
+ * Adds the text's nodes to the graph and saves the asset. They stand where the text has them, or, as at an editor's
+ * cursor, with the top left corner of them all at the place given. The data names what was pasted, with its new ids;
+ * what could not be taken over is told as warnings. A text that cannot be read changes nothing.
  */
-void Paste(
-	const std::string& AssetPath, const std::string& GraphName, std::string_view Text, Morvane::FToolResult& Result);
+void Paste(const std::string& AssetPath, const std::string& GraphName, std::string_view Text,
+	const std::optional<FPlace>& TopLeft, Morvane::FToolResult& Result);
 } // namespace GraphClipboard

@@ -65,7 +65,7 @@ private:
 	std::string Graph;
 };
 
-/** morvane paste PATH GRAPH, with the text on standard input */
+/** morvane paste PATH GRAPH [--at X Y], with the text on standard input */
 class FPasteCommand : public ICommand
 {
 public:
@@ -73,6 +73,9 @@ public:
 	{
 		App.add_option("PATH", Path, "Asset path of the Blueprint")->required();
 		App.add_option("GRAPH", Graph, "Name of the graph")->required();
+		App.add_option("--at", TopLeft, "Where the top left corner of the nodes goes; where the text has it by default")
+			->expected(2)
+			->type_name("X Y");
 	}
 
 	EExitStatus Run(const FCommandContext& Context) override
@@ -86,7 +89,12 @@ public:
 		Morvane::FToolResult Result = ClipboardCommandsPrivate::MakeResult(TEXT("paste"));
 		if (ClipboardCommandsPrivate::Open(Session, Result))
 		{
-			GraphClipboard::Paste(Path, Graph, *Text, Result);
+			std::optional<GraphClipboard::FPlace> Place;
+			if (TopLeft.size() == 2)
+			{
+				Place = GraphClipboard::FPlace{TopLeft[0], TopLeft[1]};
+			}
+			GraphClipboard::Paste(Path, Graph, *Text, Place, Result);
 		}
 		Context.Print(WriteResultText(Result));
 		return Result.WasSuccessful() ? EExitStatus::Succeeded : EExitStatus::Failed;
@@ -95,6 +103,7 @@ public:
 private:
 	std::string Path;
 	std::string Graph;
+	std::vector<int> TopLeft;
 };
 
 std::unique_ptr<ICommand> MakeCopyCommand()

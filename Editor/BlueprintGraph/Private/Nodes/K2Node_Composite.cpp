@@ -43,11 +43,16 @@ void MirrorPins(UK2Node_Composite& Node, const UK2Node_Tunnel* Tunnel, EEdGraphP
 	}
 }
 
-/** A name for the inner graph that is free in the Blueprint. */
-FString FreeGraphName(const UEdGraph& Parent, const FString& Base)
+/** A name for an inner graph that no other one of the parent has. */
+FString FreeGraphName(const UEdGraph& Parent, const UEdGraph* Except, const FString& Base)
 {
+	const auto IsTaken = [&Parent, Except](FName Name)
+	{
+		return Parent.SubGraphs.ContainsByPredicate(
+			[Except, Name](const UEdGraph* Other) { return Other && Other != Except && Other->GetFName() == Name; });
+	};
 	FString Candidate = Base;
-	for (int32 Number = 1; StaticFindObjectFast(UObject::StaticClass(), &Parent, FName(Candidate)); ++Number)
+	for (int32 Number = 1; IsTaken(FName(Candidate)); ++Number)
 	{
 		Candidate = FString::Printf(TEXT("%s_%d"), *Base, Number);
 	}
@@ -102,8 +107,9 @@ void UK2Node_Composite::PostPlacedNewNode()
 		FixUpTunnels();
 		return;
 	}
-	const FString Name = Composites::FreeGraphName(*Parent, TEXT("CollapsedGraph"));
-	UEdGraph* const Inner = NewObject<UEdGraph>(Parent, FName(Name), RF_Transactional);
+	// The graph lives below its node, so that it is copied, duplicated and pasted with it.
+	const FString Name = Composites::FreeGraphName(*Parent, nullptr, TEXT("CollapsedGraph"));
+	UEdGraph* const Inner = NewObject<UEdGraph>(this, FName(Name), RF_Transactional);
 	Inner->Schema = TSubclassOf<UEdGraphSchema>(Parent->Schema.Get());
 	Inner->GraphGuid = FGuid::NewGuid();
 	BoundGraph = Inner;
@@ -129,14 +135,12 @@ void UK2Node_Composite::PostPasteNode()
 	UEdGraph* const Parent = GetGraph();
 	if (BoundGraph && Parent)
 	{
-		if (BoundGraph->GetOuter() != Parent)
+		const FString Name = Composites::FreeGraphName(*Parent, BoundGraph, BoundGraph->GetName());
+		if (BoundGraph->GetOuter() != this || BoundGraph->GetName() != Name)
 		{
-			BoundGraph->Rename(*Composites::FreeGraphName(*Parent, BoundGraph->GetName()), Parent);
+			BoundGraph->Rename(*Name, this);
 		}
-		if (!Parent->SubGraphs.Contains(BoundGraph))
-		{
-			Parent->SubGraphs.Add(BoundGraph);
-		}
+		Parent->SubGraphs.AddUnique(BoundGraph);
 	}
 	FixUpTunnels();
 }

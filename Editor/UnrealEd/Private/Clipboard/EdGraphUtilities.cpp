@@ -51,21 +51,24 @@ void RenameReferences(UEdGraphNode& Node, const FObjectTextImport& Import, const
 	};
 	for (UEdGraphPin* const Pin : Node.Pins)
 	{
-		if (!Pin->Pending)
+		UEdGraphPin::FPendingReferences* const Pending = Pin->Pending.Get();
+		if (!Pending)
 		{
 			continue;
 		}
-		for (UEdGraphPin::FPendingReference& Reference : Pin->Pending->LinkedTo)
+		for (TArray<UEdGraphPin::FPendingReference>* const List : {&Pending->LinkedTo, &Pending->SubPins})
 		{
-			Rename(Reference);
+			for (UEdGraphPin::FPendingReference& Reference : *List)
+			{
+				Rename(Reference);
+			}
 		}
-		for (UEdGraphPin::FPendingReference& Reference : Pin->Pending->SubPins)
+		for (TOptional<UEdGraphPin::FPendingReference>* const Single : {&Pending->ParentPin, &Pending->PassThrough})
 		{
-			Rename(Reference);
-		}
-		if (Pin->Pending->PassThrough)
-		{
-			Rename(*Pin->Pending->PassThrough);
+			if (Single->IsSet())
+			{
+				Rename(**Single);
+			}
 		}
 	}
 }
@@ -118,12 +121,57 @@ void FinishInnerGraphs(const FObjectTextImport& Import)
 bool Parse(const FString& Text, FObjectTextTree& OutTree, FFeedbackContext& Warn)
 {
 	FObjectTextError Error;
-	if (OutTree.Parse(FStringView(Text), Error))
+	FObjectTextTree::FPassedOver Other;
+	if (!OutTree.ParseAmidOtherText(ToUtf8(Text), Error, Other))
 	{
-		return true;
+		Warn.Logf(TEXT("%s"), *Error.ToString());
+		return false;
 	}
-	Warn.Logf(TEXT("%s"), *Error.ToString());
-	return false;
+	if (Other.NumLines > 0)
+	{
+		Warn.Logf(TEXT("line %d: %d line(s) that belong to no object are passed over, the first is '%s'"),
+			Other.FirstLineNumber, Other.NumLines, *Other.FirstLine);
+	}
+	return true;
+}
+
+/** The nodes and all that live in graphs below them, each before those below it. */
+void AddWithInnerNodes(TConstArrayView<UEdGraphNode*> Nodes, TArray<UEdGraphNode*>& OutNodes)
+{
+	for (UEdGraphNode* const Node : Nodes)
+	{
+		OutNodes.Add(Node);
+		for (const UEdGraph* const Inner : Node->GetSubGraphs())
+		{
+			TArray<UEdGraphNode*> Below;
+			if (Inner)
+			{
+				Inner->GetNodesOfClass(Below);
+			}
+			AddWithInnerNodes(Below, OutNodes);
+		}
+	}
+}
+
+/** The node in its place, or what stands there for it; null when nothing does. */
+UEdGraphNode* PutInPlace(UEdGraphNode& Pasted, FFeedbackContext& Warn)
+{
+	UEdGraphNode* const Node = PastedNodes::Settle(Pasted, Warn);
+	if (Node != &Pasted)
+	{
+		Pasted.DestroyNode();
+		return Node;
+	}
+	for (UEdGraph* const Inner : Pasted.GetSubGraphs())
+	{
+		if (Inner)
+		{
+			Pasted.GetGraph()->SubGraphs.AddUnique(Inner);
+		}
+	}
+	Pasted.PostPasteNode();
+	Pasted.SetFlags(RF_Transactional);
+	return Node;
 }
 
 class FDroppedWarnings final : public FFeedbackContext
@@ -133,7 +181,7 @@ public:
 };
 } // namespace GraphClipboard
 
-void FEdGraphUtilities::ExportNodesToText(TSet<UObject*> NodesToExport, FString& ExportedText)
+void FEdGraphUtilities::ExportNodesToText(const TSet<UObject*>& NodesToExport, FString& ExportedText)
 {
 	TArray<UObject*> Nodes;
 	UObject* Scope = nullptr;
@@ -219,24 +267,27 @@ bool FEdGraphUtilities::CanImportNodesFromText(const UEdGraph* DestinationGraph,
 void FEdGraphUtilities::PostProcessPastedNodes(TSet<UEdGraphNode*>& SpawnedNodes, FFeedbackContext* Warn)
 {
 	FFeedbackContext& Warnings = Warn ? *Warn : *GWarn;
-	const TArray<UEdGraphNode*> Nodes = SpawnedNodes.Array();
+	TArray<UEdGraphNode*> Nodes;
+	GraphClipboard::AddWithInnerNodes(SpawnedNodes.Array(), Nodes);
 	for (UEdGraphNode* const Node : Nodes)
 	{
 		PastedNodes::RepairTypes(*Node);
-		if (!PastedNodes::Settle(*Node, Warnings))
+	}
+	for (UEdGraphNode*& Node : Nodes)
+	{
+		UEdGraphNode* const InPlace = GraphClipboard::PutInPlace(*Node, Warnings);
+		if (InPlace != Node && SpawnedNodes.Remove(Node) > 0 && InPlace)
 		{
-			SpawnedNodes.Remove(Node);
-			Node->DestroyNode();
-			continue;
+			SpawnedNodes.Add(InPlace);
 		}
-		for (UEdGraph* const Inner : Node->GetSubGraphs())
+		Node = InPlace;
+	}
+	// What is inside of a node decides on its pins, so it goes first.
+	for (int32 Index = Nodes.Num() - 1; Index >= 0; --Index)
+	{
+		if (Nodes[Index])
 		{
-			if (Inner)
-			{
-				Node->GetGraph()->SubGraphs.AddUnique(Inner);
-			}
+			PastedNodes::Renew(*Nodes[Index], Warnings);
 		}
-		Node->PostPasteNode();
-		Node->SetFlags(RF_Transactional);
 	}
 }

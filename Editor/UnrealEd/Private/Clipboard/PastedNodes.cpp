@@ -1,15 +1,23 @@
 #include "Clipboard/PastedNodes.h"
 
+#include "Clipboard/PastedTracks.h"
 #include "EdGraph/EdGraph.h"
+#include "EdGraphNode_Placeholder.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "Engine/TimelineTemplate.h"
+#include "K2Node_BaseMCDelegate.h"
 #include "K2Node_CallFunction.h"
+#include "K2Node_CustomEvent.h"
 #include "K2Node_Event.h"
 #include "K2Node_FunctionEntry.h"
+#include "K2Node_MacroInstance.h"
 #include "K2Node_StructOperation.h"
+#include "K2Node_Timeline.h"
 #include "K2Node_Variable.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Misc/FeedbackContext.h"
+#include "UObject/ObjectText.h"
 #include "UObject/UnrealType.h"
 
 namespace PastedNodes
@@ -50,6 +58,18 @@ void RepairPrecision(UEdGraphPin& Pin, const UStruct& Declaration)
 	}
 }
 
+bool IsFunctionGraph(const UEdGraph* Graph)
+{
+	const UEdGraphSchema* const Schema = Graph->GetSchema();
+	return Schema && Schema->GetGraphType(Graph) == GT_Function;
+}
+
+/** The node for a message: its name in the graph and what an author calls it. */
+FString NameOf(const UEdGraphNode& Node)
+{
+	return FString::Printf(TEXT("'%s' (%s)"), *Node.GetName(), *Node.GetNodeTitle(ENodeTitleType::ListView).ToString());
+}
+
 UK2Node_Event* FindOtherEvent(const UBlueprint& Blueprint, const UK2Node_Event& Event)
 {
 	TArray<UK2Node_Event*> Events;
@@ -85,17 +105,15 @@ UEdGraphPin* FindOrAddParameter(UK2Node_FunctionEntry& Entry, const UEdGraphPin&
 }
 
 /** A function has one entry; it takes the place and the links of the pasted one. */
-bool SettleEntry(UK2Node_FunctionEntry& Pasted, FFeedbackContext& Warn)
+UEdGraphNode* SettleEntry(UK2Node_FunctionEntry& Pasted, FFeedbackContext& Warn)
 {
 	TArray<UK2Node_FunctionEntry*> Entries;
 	Pasted.GetGraph()->GetNodesOfClass(Entries);
 	UK2Node_FunctionEntry* const* const Found = Entries.FindByPredicate(
 		[&Pasted](const UK2Node_FunctionEntry* Entry) { return Entry != &Pasted; });
-	const UEdGraphSchema* const Schema = Pasted.GetSchema();
-	// Elsewhere an entry stands for nothing; the compile says so.
-	if (!Found || !Schema || Schema->GetGraphType(Pasted.GetGraph()) != GT_Function)
+	if (!Found || !IsFunctionGraph(Pasted.GetGraph()))
 	{
-		return true;
+		return &Pasted;
 	}
 	UK2Node_FunctionEntry& Entry = **Found;
 	Entry.Modify();
@@ -115,26 +133,131 @@ bool SettleEntry(UK2Node_FunctionEntry& Pasted, FFeedbackContext& Warn)
 				*Pasted.GetGraph()->GetName(), *Pin->PinName.ToString());
 		}
 	}
-	return false;
+	return nullptr;
 }
 
-/** A default event that nobody used gives way; a real one stays, since a function can be overridden once. */
-bool SettleEvent(UK2Node_Event& Pasted, FFeedbackContext& Warn)
+/** A custom event with the parameters and links of an event that the Blueprint has already. */
+UEdGraphNode* ReplaceByCustomEvent(UK2Node_Event& Pasted, const UFunction& Signature, FFeedbackContext& Warn)
+{
+	UK2Node_CustomEvent* const Custom = UK2Node_CustomEvent::CreateFromFunction(
+		FVector2D(Pasted.NodePosX, Pasted.NodePosY), Pasted.GetGraph(),
+		Pasted.GetFunctionName().ToString() + TEXT("_Event"), &Signature, false);
+	Custom->NodeComment = Pasted.NodeComment;
+	Custom->bCommentBubblePinned = Pasted.bCommentBubblePinned;
+	Custom->bCommentBubbleVisible = Pasted.bCommentBubbleVisible;
+	for (UEdGraphPin* const Pin : Pasted.Pins)
+	{
+		if (UEdGraphPin* const Own = Custom->FindPin(Pin->PinName, EGPD_Output))
+		{
+			MoveLinks(*Pin, *Own);
+		}
+	}
+	Warn.Logf(TEXT("The Blueprint has the event '%s' already; the pasted one becomes the custom event '%s'"),
+		*Pasted.GetFunctionName().ToString(), *Custom->CustomFunctionName.ToString());
+	return Custom;
+}
+
+/** A default event that nobody used gives way; beside a real one, which a Blueprint has once, stands a custom event. */
+UEdGraphNode* SettleEvent(UK2Node_Event& Pasted, FFeedbackContext& Warn)
 {
 	const UBlueprint* const Blueprint = Pasted.GetTypedOuter<UBlueprint>();
 	UK2Node_Event* const Other = Blueprint && Pasted.bOverrideFunction ? FindOtherEvent(*Blueprint, Pasted) : nullptr;
 	if (!Other)
 	{
-		return true;
+		return &Pasted;
 	}
 	if (Other->IsAutomaticallyPlacedGhostNode())
 	{
 		Other->DestroyNode();
-		return true;
+		return &Pasted;
 	}
-	Warn.Logf(TEXT("The Blueprint has the event '%s' already; the pasted one is left out"),
-		*Pasted.GetFunctionName().ToString());
-	return false;
+	const UFunction* const Signature = Pasted.FindEventSignatureFunction();
+	return Signature ? ReplaceByCustomEvent(Pasted, *Signature, Warn) : &Pasted;
+}
+
+/** The text tells the pins of a timeline's tracks, not the curves: each track starts out empty. */
+void AddMissingTracks(const UK2Node_Timeline& Node)
+{
+	UTimelineTemplate* const Timeline = Node.GetTimelineTemplate();
+	if (!Timeline)
+	{
+		return;
+	}
+	const TSet<const UEdGraphPin*> Fixed{Node.GetUpdatePin(), Node.GetFinishedPin(), Node.GetDirectionPin()};
+	for (const UEdGraphPin* const Pin : Node.Pins)
+	{
+		if (Pin->Direction == EGPD_Output && !Pin->ParentPin && !Pin->bOrphanedPin && !Fixed.Contains(Pin)
+			&& Timeline->IsNewTrackNameValid(Pin->PinName))
+		{
+			PastedTracks::Add(*Timeline, *Pin);
+		}
+	}
+}
+
+bool IsVariableKnown(const UK2Node_Variable& Node)
+{
+	if (!Node.VariableReference.IsLocalScope())
+	{
+		return Node.GetPropertyForVariable() != nullptr;
+	}
+	return FBlueprintEditorUtils::FindLocalVariable(Node.GetBlueprint(), Node.GetGraph(), Node.GetVarName()) != nullptr;
+}
+
+/** Whether the member that a node is bound to is there. True for a node of another kind. */
+bool IsMemberKnown(const UEdGraphNode& Node)
+{
+	if (const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node))
+	{
+		return Call->GetTargetFunction() != nullptr;
+	}
+	if (const UK2Node_Variable* const Variable = Cast<UK2Node_Variable>(&Node))
+	{
+		return IsVariableKnown(*Variable);
+	}
+	if (const UK2Node_Event* const Event = Cast<UK2Node_Event>(&Node))
+	{
+		return !Event->bOverrideFunction || Event->FindEventSignatureFunction();
+	}
+	if (const UK2Node_BaseMCDelegate* const Delegate = Cast<UK2Node_BaseMCDelegate>(&Node))
+	{
+		return Delegate->GetProperty() != nullptr;
+	}
+	if (const UK2Node_MacroInstance* const Macro = Cast<UK2Node_MacroInstance>(&Node))
+	{
+		return Macro->GetMacroGraph() != nullptr;
+	}
+	return true;
+}
+
+/** Whether everything is there that a node's pins follow from: its class, and all that its text refers to. */
+bool IsDeclarationKnown(const UEdGraphNode& Node)
+{
+	const FKeptObjectText* const Kept = FKeptObjectText::Find(&Node);
+	if (Node.GetClass()->GetNativeClass() != Node.GetClass() || (Kept && !Kept->Unread.empty()))
+	{
+		return false;
+	}
+	const bool bTypesKnown = !Node.Pins.ContainsByPredicate(
+		[](const UEdGraphPin* Pin)
+		{
+			return Pin->KeptFields.ContainsByPredicate(
+				[](const UEdGraphPin::FKeptField& Field) {
+					return Field.Key == TEXT("PinType.PinSubCategoryObject")
+						|| Field.Key == TEXT("PinType.PinValueType");
+				});
+		});
+	return bTypesKnown && IsMemberKnown(Node);
+}
+
+/** Whether the graph is a place for the node: a Blueprint's function has no key events, its event graph no entry. */
+bool BelongsIn(const UEdGraphNode& Node, const UEdGraph& Graph)
+{
+	if (Node.IsA<UK2Node_FunctionEntry>() && !IsFunctionGraph(&Graph))
+	{
+		return false;
+	}
+	const UK2Node* const K2Node = Cast<UK2Node>(&Node);
+	return Node.IsCompatibleWithGraph(&Graph) && (!K2Node || K2Node->CanPasteHere(&Graph));
 }
 } // namespace
 
@@ -158,7 +281,7 @@ void RepairTypes(UEdGraphNode& Node)
 	}
 }
 
-bool Settle(UEdGraphNode& Node, FFeedbackContext& Warn)
+UEdGraphNode* Settle(UEdGraphNode& Node, FFeedbackContext& Warn)
 {
 	if (UK2Node_FunctionEntry* const Entry = Cast<UK2Node_FunctionEntry>(&Node))
 	{
@@ -168,6 +291,31 @@ bool Settle(UEdGraphNode& Node, FFeedbackContext& Warn)
 	{
 		return SettleEvent(*Event, Warn);
 	}
-	return true;
+	return &Node;
+}
+
+void Renew(UEdGraphNode& Node, FFeedbackContext& Warn)
+{
+	if (Node.IsA<UEdGraphNode_Placeholder>())
+	{
+		Warn.Logf(TEXT("%s: its class is not known here; it is kept as it was read"), *NameOf(Node));
+		return;
+	}
+	if (!BelongsIn(Node, *Node.GetGraph()))
+	{
+		Warn.Logf(TEXT("%s does not belong in the graph '%s'; it is kept as it was read"), *NameOf(Node),
+			*Node.GetGraph()->GetName());
+		return;
+	}
+	if (!IsDeclarationKnown(Node))
+	{
+		Warn.Logf(TEXT("%s: what it refers to is not known here; its pins are kept as they were read"), *NameOf(Node));
+		return;
+	}
+	if (const UK2Node_Timeline* const Timeline = Cast<UK2Node_Timeline>(&Node))
+	{
+		AddMissingTracks(*Timeline);
+	}
+	Node.ReconstructNode();
 }
 } // namespace PastedNodes

@@ -12,8 +12,14 @@ namespace PastedNodes
  * class. */
 void RepairTypes(UEdGraphNode& Node);
 /**
- * Makes room for a node that a graph or Blueprint may have but once. False when there is no room: the links went to the
- * node that is there, and the caller destroys this one.
+ * Makes room for a node that a graph or Blueprint may have but once. Answers the node itself, or a new one that has
+ * taken its links where its place was taken, or null when they went to a node that was there before. The caller
+ * destroys a node that is not answered.
  */
-bool Settle(UEdGraphNode& Node, FFeedbackContext& Warn);
+UEdGraphNode* Settle(UEdGraphNode& Node, FFeedbackContext& Warn);
+/**
+ * Makes the pins anew, as what declares them may have changed since the text was written. A node that stands where it
+ * does not belong, or whose declaration is not known here, keeps its pins as they were pasted; Warn is told its name.
+ */
+void Renew(UEdGraphNode& Node, FFeedbackContext& Warn);
 } // namespace PastedNodes
