@@ -2,6 +2,20 @@
 
 #include "EdGraph/EdGraphNode.h"
 
+namespace CompilerLog
+{
+/** Execution pins show no name of their own; a reader still has to know which one is meant. */
+FText NameOf(const UEdGraphPin& Pin)
+{
+	const FText Shown = Pin.GetDisplayName();
+	if (!Shown.ToString().TrimStartAndEnd().IsEmpty())
+	{
+		return Shown;
+	}
+	return Pin.PinName.IsNone() ? FText::FromString(TEXT("the unnamed pin")) : FText::FromName(Pin.PinName);
+}
+} // namespace CompilerLog
+
 TSharedRef<IMessageToken> FEdGraphToken::Create(const UObject* InObject)
 {
 	return MakeShareable(new FEdGraphToken(InObject, nullptr));
@@ -18,9 +32,7 @@ FEdGraphToken::FEdGraphToken(const UObject* InObject, const UEdGraphPin* InPin)
 	if (InPin)
 	{
 		PinBeingReferenced.SetPin(InPin);
-		const FText Name = InPin->GetDisplayName();
-		// Execution pins show no name of their own; a reader still has to know which one is meant.
-		CachedText = Name.ToString().TrimStartAndEnd().IsEmpty() ? FText::FromName(InPin->PinName) : Name;
+		CachedText = CompilerLog::NameOf(*InPin);
 	}
 	else if (const UEdGraphNode* const Node = Cast<UEdGraphNode>(InObject))
 	{

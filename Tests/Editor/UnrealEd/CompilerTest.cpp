@@ -1,3 +1,4 @@
+#include "CompileFaults.h"
 #include "CompileLog.h"
 
 #include "EdGraphNode_Comment.h"
@@ -73,22 +74,6 @@ FNodeHandle CallOwn(const FGraphBuilder& Graph, const TCHAR* Name)
 	Creator.Finalize();
 	return {Node};
 }
-
-struct FFault
-{
-	const char* Name;
-	void (*Make)(const FBlueprintBuilder& Blueprint);
-	std::vector<std::string> Expected;
-};
-
-void PrintTo(const FFault& Fault, std::ostream* Out)
-{
-	*Out << Fault.Name;
-}
-
-class FCompileFault : public testing::TestWithParam<FFault>
-{
-};
 } // namespace CompilerTests
 
 using namespace CompilerTests;
@@ -181,7 +166,7 @@ const FFault Faults[] = {
 			FBlueprintEditorUtils::ChangeMemberVariableType(
 				Blueprint.Get(), TEXT("Value"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Boolean));
 		},
-		{"error: Value can't be connected to In String since Boolean is not compatible with String. {Get Value.Value; Print String.InString}"}},
+		{"error: The type of Value on node Get Value was String and is Boolean now. Please break the old link or connect the new pin. {Get Value.Value; Get Value}"}},
 	{"RemovedParameter",
 		[](const FBlueprintBuilder& Blueprint)
 		{
@@ -323,5 +308,4 @@ const FFault Faults[] = {
 		{"error: Dependency cycle detected, preventing node NOT Boolean from being scheduled {NOT Boolean}"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(All, FCompileFault, testing::ValuesIn(Faults),
-	[](const testing::TestParamInfo<FFault>& Fault) { return Fault.param.Name; });
+INSTANTIATE_TEST_SUITE_P(Nodes, FCompileFault, testing::ValuesIn(Faults), FaultName);

@@ -135,11 +135,20 @@ private:
 			{
 				Property->SetMetaData(FBlueprintMetadata::MD_DisplayName, Variable.FriendlyName);
 			}
-			for (const FBPVariableMetaDataEntry& Entry : Variable.MetaDataArray)
-			{
-				Property->SetMetaData(Entry.DataKey, Entry.DataValue);
-			}
+			SetMetaData(*Property, Variable);
 			Class.PropertyGuids.Add(Variable.VarName, Variable.VarGuid);
+		}
+	}
+
+	static void SetMetaData(FProperty& Property, const FBPVariableDescription& Variable)
+	{
+		for (const FBPVariableMetaDataEntry& Entry : Variable.MetaDataArray)
+		{
+			Property.SetMetaData(Entry.DataKey, Entry.DataValue);
+		}
+		if (Property.GetBoolMetaData(FBlueprintMetadata::MD_ExposeOnSpawn))
+		{
+			Property.SetPropertyFlags(CPF_ExposeOnSpawn);
 		}
 	}
 
@@ -182,6 +191,11 @@ private:
 	{
 		for (const FWidgetBlueprintVariable& Widget : FWidgetBlueprintVariable::Collect(&Blueprint))
 		{
+			// A widget that the parent class has a variable for is reached through that one.
+			if (Blueprint.ParentClass.Get() && Blueprint.ParentClass.Get()->FindPropertyByName(Widget.Name))
+			{
+				continue;
+			}
 			if (FProperty* const Property = AddObjectProperty(Widget.Name, Widget.Class))
 			{
 				Property->SetPropertyFlags(

@@ -1,21 +1,84 @@
 #include "Compiler/BlueprintCompiler.h"
 
 #include "Compiler/BlueprintClassBuilder.h"
+#include "Compiler/FunctionGraphs.h"
+#include "Compiler/GraphFlow.h"
 #include "Compiler/GraphValidator.h"
+#include "Compiler/MacroUse.h"
+#include "Compiler/MemberDeclarations.h"
+#include "Compiler/MemberNames.h"
 #include "EdGraph/EdGraph.h"
-#include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
-#include "Engine/SimpleConstructionScript.h"
-#include "Engine/TimelineTemplate.h"
+#include "K2Node_BaseMCDelegate.h"
 #include "K2Node_CallFunction.h"
+#include "K2Node_ConstructObjectFromClass.h"
 #include "K2Node_CustomEvent.h"
+#include "K2Node_FunctionTerminator.h"
+#include "K2Node_MacroInstance.h"
+#include "K2Node_Timeline.h"
 #include "K2Node_Variable.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "UObject/UObjectIterator.h"
 
 namespace BlueprintCompilation
 {
+bool IsFromBlueprint(const UClass* Class)
+{
+	return Class && Class->HasAnyClassFlags(CLASS_CompiledFromBlueprint);
+}
+
+bool IsFromBlueprint(const UFunction* Function)
+{
+	return Function && IsFromBlueprint(Function->GetOwnerClass());
+}
+
+bool IsFromBlueprint(const FProperty* Property)
+{
+	return Property && IsFromBlueprint(Property->GetOwnerClass());
+}
+
+/** Whether the node's pins come from something that a Blueprint declares, so that they may lag behind it. */
+bool FollowsBlueprint(const UEdGraphNode& Node)
+{
+	if (const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node))
+	{
+		return IsFromBlueprint(Call->GetTargetFunction());
+	}
+	if (const UK2Node_Variable* const Variable = Cast<UK2Node_Variable>(&Node))
+	{
+		return IsFromBlueprint(Variable->GetPropertyForVariable());
+	}
+	if (const UK2Node_BaseMCDelegate* const Dispatcher = Cast<UK2Node_BaseMCDelegate>(&Node))
+	{
+		return IsFromBlueprint(Dispatcher->GetProperty());
+	}
+	if (const UK2Node_FunctionTerminator* const End = Cast<UK2Node_FunctionTerminator>(&Node))
+	{
+		return IsFromBlueprint(End->FindSignatureFunction());
+	}
+	if (const UK2Node_ConstructObjectFromClass* const Construct = Cast<UK2Node_ConstructObjectFromClass>(&Node))
+	{
+		return IsFromBlueprint(Construct->GetClassToSpawn());
+	}
+	if (const UK2Node_Event* const Event = Cast<UK2Node_Event>(&Node))
+	{
+		return !Event->IsA<UK2Node_CustomEvent>() && IsFromBlueprint(Event->FindEventSignatureFunction());
+	}
+	return Node.IsA<UK2Node_MacroInstance>() || Node.IsA<UK2Node_Timeline>();
+}
+
+/** Parents first, as a class is built on that of its parent. */
+void BringUpToDate(UBlueprint& Blueprint)
+{
+	if (UBlueprint* const Parent = UBlueprint::GetBlueprintFromClass(Blueprint.ParentClass.Get()))
+	{
+		BringUpToDate(*Parent);
+	}
+	FBlueprintEditorUtils::EnsureSkeletonIsUpToDate(&Blueprint);
+}
+
 /** One compile of one Blueprint. */
 class FRun
 {
@@ -34,17 +97,19 @@ public:
 		{
 			return;
 		}
-		FBlueprintEditorUtils::ConformImplementedInterfaces(&Blueprint);
-		Graphs.Empty();
-		Blueprint.GetAllGraphs(Graphs);
-		FBlueprintClassBuilder::Build(Blueprint);
-		RefreshOutdatedNodes();
-		CheckNames();
-		CheckVariables();
-		CheckInterfaces();
+		Prepare();
+		MemberNames::Check(Blueprint, Log);
+		MemberDeclarations::Check(Blueprint, Log);
+		FMacroUse Macros;
 		for (UEdGraph* const Graph : Graphs)
 		{
-			FGraphValidator(Blueprint, *Graph, Log).Validate();
+			const bool bStarts = FunctionGraphs::Check(Blueprint, *Graph, Log);
+			FGraphValidator(Blueprint, *Graph, Macros, Log).Validate();
+			if (bStarts)
+			{
+				GraphFlow::CheckReachability(*Graph, Log);
+			}
+			GraphFlow::CheckDataCycles(*Graph, Log);
 		}
 	}
 
@@ -55,9 +120,12 @@ private:
 		{
 			for (UEdGraphNode* const Node : Graph->Nodes)
 			{
-				Node->bHasCompilerMessage = false;
-				Node->ErrorType = 0;
-				Node->ErrorMsg.Empty();
+				if (Node)
+				{
+					Node->bHasCompilerMessage = false;
+					Node->ErrorType = 0;
+					Node->ErrorMsg.Empty();
+				}
 			}
 		}
 	}
@@ -73,194 +141,67 @@ private:
 		return false;
 	}
 
-	/** Whether the node's pins come from something that a Blueprint declares, so that they may lag behind it. */
-	static bool FollowsBlueprint(const UEdGraphNode& Node)
+	/** Brings everything that is derived from declarations up to date with them: here, and in whatever is used here. */
+	void Prepare()
 	{
-		if (const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node))
+		for (TObjectIterator<UBlueprint> It; It; ++It)
 		{
-			const UFunction* const Function = Call->GetTargetFunction();
-			const UClass* const Owner = Function ? Function->GetOwnerClass() : nullptr;
-			return Owner && Owner->HasAnyClassFlags(CLASS_CompiledFromBlueprint);
+			BringUpToDate(**It);
 		}
-		if (const UK2Node_Variable* const Variable = Cast<UK2Node_Variable>(&Node))
+		for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
 		{
-			const FProperty* const Property = Variable->GetPropertyForVariable();
-			const UClass* const Owner = Property ? Property->GetOwnerClass() : nullptr;
-			return Owner && Owner->HasAnyClassFlags(CLASS_CompiledFromBlueprint);
+			if (!Interface.Interface.Get())
+			{
+				Log.Warning(*FString::Printf(
+					TEXT(
+						"Blueprint '%s' implemented an interface that is gone; its functions stay as functions of its own"),
+					*Blueprint.GetName()));
+			}
 		}
-		return false;
+		FBlueprintEditorUtils::ConformImplementedInterfaces(&Blueprint);
+		Graphs.Empty();
+		Blueprint.GetAllGraphs(Graphs);
+		FBlueprintClassBuilder::Build(Blueprint);
+		if (RefreshOutdatedNodes())
+		{
+			FBlueprintClassBuilder::Build(Blueprint);
+		}
 	}
 
-	void RefreshOutdatedNodes()
+	/** Whether the signature of a function or an event changed by it. */
+	bool RefreshOutdatedNodes()
 	{
+		bool bSignatures = false;
 		for (const UEdGraph* const Graph : Graphs)
 		{
 			const TArray<TObjectPtr<UEdGraphNode>> Nodes = Graph->Nodes;
 			for (UEdGraphNode* const Node : Nodes)
 			{
-				if (FollowsBlueprint(*Node))
+				if (Node && FollowsBlueprint(*Node))
 				{
 					Node->ReconstructNode();
+					bSignatures |= Node->IsA<UK2Node_FunctionTerminator>() || Node->IsA<UK2Node_Event>();
 				}
 			}
 		}
-	}
-
-	void Claim(FName Name, const TCHAR* Kind, const UObject* Where)
-	{
-		const FString* const Known = Claimed.Find(Name);
-		if (!Known)
-		{
-			Claimed.Add(Name, Kind);
-			return;
-		}
-		const FString Users = *Known == Kind ? FString::Printf(TEXT("more than one %s"), Kind)
-											 : FString::Printf(TEXT("a %s and by a %s"), **Known, Kind);
-		const FString Text = FString::Printf(
-			TEXT("The name '%s' is used by %s; every member of a Blueprint needs a name of its own"), *Name.ToString(),
-			*Users);
-		if (Where)
-		{
-			Log.Error(*(Text + TEXT(": @@")), Where);
-		}
-		else
-		{
-			Log.Error(*Text);
-		}
-	}
-
-	/** Variables, components, timelines, functions and events share one space of names. */
-	void CheckNames()
-	{
-		for (const FBPVariableDescription& Variable : Blueprint.NewVariables)
-		{
-			Claim(Variable.VarName, TEXT("variable"), nullptr);
-		}
-		if (Blueprint.SimpleConstructionScript)
-		{
-			for (const USCS_Node* const Node : Blueprint.SimpleConstructionScript->GetAllNodes())
-			{
-				Claim(Node->GetVariableName(), TEXT("component"), nullptr);
-			}
-		}
-		for (const UTimelineTemplate* const Timeline : Blueprint.Timelines)
-		{
-			Claim(Timeline->GetVariableName(), TEXT("timeline"), nullptr);
-		}
-		for (const UEdGraph* const Graph : Blueprint.FunctionGraphs)
-		{
-			Claim(Graph->GetFName(), TEXT("function"), nullptr);
-		}
-		for (const UEdGraph* const Graph : Blueprint.MacroGraphs)
-		{
-			Claim(Graph->GetFName(), TEXT("macro"), nullptr);
-		}
-		CheckEventNames();
-	}
-
-	void CheckEventNames()
-	{
-		TMap<FName, const UK2Node_Event*> Overrides;
-		TArray<UK2Node_Event*> Events;
-		FBlueprintEditorUtils::GetAllNodesOfClass(&Blueprint, Events);
-		for (const UK2Node_Event* const Event : Events)
-		{
-			if (!Event->IsNodeEnabled())
-			{
-				continue;
-			}
-			if (Event->IsA<UK2Node_CustomEvent>())
-			{
-				Claim(Event->GetFunctionName(), TEXT("custom event"), Event);
-				continue;
-			}
-			const FName Name = Event->GetFunctionName();
-			if (const UK2Node_Event* const* const Other = Overrides.Find(Name))
-			{
-				Log.Error(TEXT("Found more than one function with the same name: @@ and @@"), *Other, Event);
-				continue;
-			}
-			Overrides.Add(Name, Event);
-		}
-	}
-
-	void CheckVariables()
-	{
-		const UClass* const Class = Blueprint.GeneratedClass.Get();
-		const UClass* const Parent = Blueprint.ParentClass.Get();
-		for (const FBPVariableDescription& Variable : Blueprint.NewVariables)
-		{
-			const FString Name = Variable.VarName.ToString();
-			const FProperty* const Property = Class->FindPropertyByName(Variable.VarName);
-			if (Parent->FindPropertyByName(Variable.VarName))
-			{
-				Log.Error(
-					*FString::Printf(TEXT("The variable '%s' has the name of a variable of the parent class '%s'"),
-						*Name, *Parent->GetName()));
-				continue;
-			}
-			if (!Property)
-			{
-				Log.Error(*FString::Printf(TEXT("The variable '%s' declared in '%s' has an invalid type: %s"), *Name,
-					*Blueprint.GetName(), *UEdGraphSchema_K2::TypeToText(Variable.VarType).ToString()));
-				continue;
-			}
-			CheckDefault(Variable, *Property);
-		}
-	}
-
-	void CheckDefault(const FBPVariableDescription& Variable, const FProperty& Property)
-	{
-		if (Variable.DefaultValue.IsEmpty())
-		{
-			return;
-		}
-		TArray<uint8> Memory;
-		Memory.SetNumZeroed(Property.GetElementSize() + Property.GetMinAlignment());
-		uint8* Value = Memory.GetData();
-		const UPTRINT Alignment = static_cast<UPTRINT>(Property.GetMinAlignment());
-		Value += (Alignment - reinterpret_cast<UPTRINT>(Value) % Alignment) % Alignment;
-		Property.InitializeValue(Value);
-		const TCHAR* const End = Property.ImportText_Direct(
-			*Variable.DefaultValue, Value, Blueprint.GeneratedClass.Get(), PPF_None);
-		Property.DestroyValue(Value);
-		if (!End)
-		{
-			Log.Warning(*FString::Printf(TEXT("The default value '%s' of the variable '%s' is not a valid %s"),
-				*Variable.DefaultValue, *Variable.VarName.ToString(),
-				*UEdGraphSchema_K2::TypeToText(Variable.VarType).ToString()));
-		}
-	}
-
-	void CheckInterfaces()
-	{
-		const UClass* const Class = Blueprint.GeneratedClass.Get();
-		for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
-		{
-			if (!Interface.Interface.Get())
-			{
-				Log.Error(*FString::Printf(
-					TEXT("Blueprint '%s' implements an interface that is gone"), *Blueprint.GetName()));
-				continue;
-			}
-			for (TFieldIterator<UFunction> It(Interface.Interface.Get(), EFieldIteratorFlags::IncludeSuper); It; ++It)
-			{
-				const bool bNeedsGraph = UEdGraphSchema_K2::CanKismetOverrideFunction(*It)
-					&& !UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(*It);
-				if (bNeedsGraph && !Class->FindFunctionByName(It->GetFName(), EIncludeSuperFlag::ExcludeSuper))
-				{
-					Log.Error(*FString::Printf(TEXT("Interface function '%s' of '%s' is not implemented"),
-						*It->GetName(), *Interface.Interface.Get()->GetName()));
-				}
-			}
-		}
+		return bSignatures;
 	}
 
 	UBlueprint& Blueprint;
 	FCompilerResultsLog& Log;
 	TArray<UEdGraph*> Graphs;
-	TMap<FName, FString> Claimed;
 };
+
+/** Those whose classes stand on this one have to be built again before they are next used. */
+void NotifyDependants(UBlueprint& Blueprint)
+{
+	TArray<UBlueprint*> Dependants;
+	FBlueprintEditorUtils::GetDependentBlueprints(&Blueprint, Dependants);
+	for (UBlueprint* const Dependant : Dependants)
+	{
+		Dependant->bSkeletonIsStale = true;
+	}
+}
 } // namespace BlueprintCompilation
 
 void FBlueprintCompiler::Compile(UBlueprint* Blueprint, FCompilerResultsLog* Log)
@@ -283,11 +224,5 @@ void FBlueprintCompiler::Compile(UBlueprint* Blueprint, FCompilerResultsLog* Log
 	{
 		Blueprint->Status = Used.NumWarnings > WarningsBefore ? BS_UpToDateWithWarnings : BS_UpToDate;
 	}
-	// Their classes stand on this one.
-	TArray<UBlueprint*> Children;
-	FBlueprintEditorUtils::GetDependentBlueprints(Blueprint, Children);
-	for (UBlueprint* const Child : Children)
-	{
-		Child->bSkeletonIsStale = true;
-	}
+	BlueprintCompilation::NotifyDependants(*Blueprint);
 }

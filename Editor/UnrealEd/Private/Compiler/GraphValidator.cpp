@@ -1,100 +1,60 @@
 #include "Compiler/GraphValidator.h"
 
+#include "Compiler/GraphFlow.h"
+#include "Compiler/MacroUse.h"
+#include "Compiler/PinTypeProperty.h"
 #include "EdGraph/EdGraph.h"
-#include "EdGraphNode_Comment.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "K2Node_CallFunction.h"
-#include "K2Node_EventNodeInterface.h"
+#include "K2Node_Event.h"
+#include "K2Node_FormatText.h"
 #include "K2Node_FunctionEntry.h"
-#include "K2Node_FunctionResult.h"
-#include "K2Node_Tunnel.h"
-#include "K2Node_Variable.h"
+#include "K2Node_Knot.h"
+#include "K2Node_MacroInstance.h"
+#include "K2Node_Timeline.h"
+#include "K2Node_VariableSet.h"
+#include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "UObject/UnrealType.h"
 
 namespace GraphValidation
 {
 using FSchema = UEdGraphSchema_K2;
 
-bool IsChecked(const UEdGraphNode* Node)
+/** A side of the macro or collapsed graph that is being checked, as opposed to a use of one. */
+bool IsGraphEnd(const UEdGraphNode& Node)
 {
-	return Node && Node->IsNodeEnabled() && !Node->IsA<UEdGraphNode_Comment>();
+	return ExactCast<UK2Node_Tunnel>(const_cast<UEdGraphNode*>(&Node)) != nullptr;
 }
 
-bool IsPure(const UEdGraphNode& Node)
+bool IsConstFunction(const UEdGraph& Graph)
 {
-	const UK2Node* const K2Node = Cast<UK2Node>(&Node);
-	return K2Node && K2Node->IsNodePure();
+	const UK2Node_FunctionEntry* const Entry = FBlueprintEditorUtils::GetEntryNode(
+		FBlueprintEditorUtils::GetTopLevelGraph(&Graph));
+	return Entry && Entry->bEnforceConstCorrectness && (Entry->GetFunctionFlags() & FUNC_Const) != 0;
 }
 
-bool StartsExecution(const UEdGraphNode& Node)
+/** Members that a Blueprint declares keep what they say about access; native ones say it to native code alone. */
+bool IsDeclaredByBlueprint(const UClass* Class)
 {
-	if (Node.IsA<UK2Node_FunctionEntry>() || Cast<IK2Node_EventNodeInterface>(&Node))
-	{
-		return true;
-	}
-	const UK2Node_Tunnel* const Tunnel = ExactCast<UK2Node_Tunnel>(const_cast<UEdGraphNode*>(&Node));
-	if (Tunnel)
-	{
-		return Tunnel->bCanHaveOutputs;
-	}
-	// A node with execution outputs and no input of that kind starts by itself, as timelines and input nodes do.
-	bool bHasOutput = false;
-	for (const UEdGraphPin* const Pin : Node.Pins)
-	{
-		if (FSchema::IsExecPin(*Pin))
-		{
-			if (Pin->Direction == EGPD_Input)
-			{
-				return false;
-			}
-			bHasOutput = true;
-		}
-	}
-	return bHasOutput;
-}
-
-UEdGraphPin* FirstExecInput(const UEdGraphNode& Node)
-{
-	for (UEdGraphPin* const Pin : Node.Pins)
-	{
-		if (Pin->Direction == EGPD_Input && FSchema::IsExecPin(*Pin))
-		{
-			return Pin;
-		}
-	}
-	return nullptr;
-}
-
-bool HasLinkedExecInput(const UEdGraphNode& Node)
-{
-	return Node.Pins.ContainsByPredicate([](const UEdGraphPin* Pin)
-		{ return Pin->Direction == EGPD_Input && FSchema::IsExecPin(*Pin) && !Pin->LinkedTo.IsEmpty(); });
-}
-
-/** A function that calls back needs somebody to call, unless it says that nobody is fine too. */
-bool NeedsDelegate(const UEdGraphNode& Node, const UEdGraphPin& Pin)
-{
-	static const FName AutoCreate(TEXT("AutoCreateRefTerm"));
-	const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node);
-	const UFunction* const Function = Call ? Call->GetTargetFunction() : nullptr;
-	if (!Function)
-	{
-		return false;
-	}
-	TArray<FString> Optional;
-	Function->GetMetaData(AutoCreate).ParseIntoArray(Optional, TEXT(","));
-	return !Optional.ContainsByPredicate(
-		[&Pin](const FString& Name) { return Name.TrimStartAndEnd() == Pin.PinName.ToString(); });
+	return Class && Class->HasAnyClassFlags(CLASS_CompiledFromBlueprint);
 }
 } // namespace GraphValidation
 
-FGraphValidator::FGraphValidator(UBlueprint& InBlueprint, UEdGraph& InGraph, FCompilerResultsLog& InLog)
+FGraphValidator::FGraphValidator(
+	UBlueprint& InBlueprint, UEdGraph& InGraph, FMacroUse& InMacros, FCompilerResultsLog& InLog)
 	: Blueprint(InBlueprint)
 	, Graph(InGraph)
+	, Macros(InMacros)
 	, Log(InLog)
 	, Schema(InGraph.GetSchema())
 {
+	if (Schema)
+	{
+		GraphType = Schema->GetGraphType(&Graph);
+		bConstFunction = GraphType == GT_Function && GraphValidation::IsConstFunction(Graph);
+	}
 }
 
 void FGraphValidator::Validate()
@@ -104,35 +64,13 @@ void FGraphValidator::Validate()
 		Log.Error(*FString::Printf(TEXT("Graph '%s' has no schema, so it cannot be compiled"), *Graph.GetName()));
 		return;
 	}
-	CheckEntry();
 	for (int32 Index = 0; Index < Graph.Nodes.Num(); ++Index)
 	{
 		UEdGraphNode* const Node = Graph.Nodes[Index];
-		if (GraphValidation::IsChecked(Node))
+		if (GraphFlow::IsCompiled(Node))
 		{
 			CheckNode(*Node);
 		}
-	}
-	CheckReachability();
-	CheckDataCycles();
-}
-
-void FGraphValidator::CheckEntry()
-{
-	if (!Blueprint.FunctionGraphs.Contains(&Graph))
-	{
-		return;
-	}
-	TArray<UK2Node_FunctionEntry*> Entries;
-	Graph.GetNodesOfClass(Entries);
-	if (Entries.IsEmpty() && Schema->GetGraphType(&Graph) == GT_Function)
-	{
-		Log.Error(*FString::Printf(TEXT("Could not find a function entry node in the graph '%s'"), *Graph.GetName()));
-	}
-	for (int32 Index = 1; Index < Entries.Num(); ++Index)
-	{
-		Log.Error(TEXT("Expected only one function entry node in the graph, but found both @@ and @@"), Entries[0],
-			Entries[Index]);
 	}
 }
 
@@ -143,23 +81,109 @@ void FGraphValidator::CheckNode(UEdGraphNode& Node)
 	// What the node knows to be wrong is not told once more for its pins.
 	bNodeComplained = Log.NumErrors > ErrorsBefore;
 	CheckPlacement(Node);
+	CheckMacro(Node);
+	CheckAccess(Node);
 	for (int32 Index = 0; Index < Node.Pins.Num(); ++Index)
 	{
-		CheckPin(Node, *Node.Pins[Index]);
+		if (UEdGraphPin* const Pin = Node.Pins[Index])
+		{
+			CheckPin(Node, *Pin);
+		}
 	}
 }
 
-void FGraphValidator::CheckPlacement(UEdGraphNode& Node)
+void FGraphValidator::CheckPlacement(const UEdGraphNode& Node)
 {
-	const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node);
-	if (Node.IsA<UK2Node_FunctionEntry>() && Schema->GetGraphType(&Graph) != GT_Function)
+	if (Node.IsA<UK2Node_FunctionEntry>() && GraphType != GT_Function)
 	{
 		Log.Error(TEXT("@@ starts a function and can only stand in the graph of one"), &Node);
 	}
-	if (Call && Call->IsLatentFunction() && Schema->GetGraphType(&Graph) == GT_Function)
+	if (GraphType != GT_Function && GraphType != GT_Macro)
+	{
+		return;
+	}
+	if (Node.IsA<UK2Node_Event>() || Node.IsA<UK2Node_Timeline>())
+	{
+		Log.Error(TEXT("@@ can only stand in an event graph, not in a function or a macro"), &Node);
+		return;
+	}
+	const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node);
+	if (Call && Call->IsLatentFunction() && GraphType == GT_Function)
 	{
 		Log.Error(TEXT("@@ is a latent action, which can only be used in an event graph or a macro, not in a function"),
 			&Node);
+	}
+}
+
+void FGraphValidator::CheckMacro(const UEdGraphNode& Node)
+{
+	const UK2Node_MacroInstance* const Instance = Cast<UK2Node_MacroInstance>(&Node);
+	if (!Instance)
+	{
+		return;
+	}
+	if (Macros.IsEndless(Instance->GetMacroGraph()))
+	{
+		Log.Error(TEXT("The macro of @@ uses itself, so it could be unfolded for ever"), &Node);
+	}
+	else if (GraphType == GT_Function && Macros.HoldsLatentAction(Instance->GetMacroGraph()))
+	{
+		Log.Error(TEXT("@@ holds a latent action, which can only be used in an event graph, not in a function"), &Node);
+	}
+}
+
+void FGraphValidator::CheckAccess(const UEdGraphNode& Node)
+{
+	if (const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node))
+	{
+		CheckFunctionAccess(*Call);
+	}
+	else if (const UK2Node_Variable* const Variable = Cast<UK2Node_Variable>(&Node))
+	{
+		CheckVariableAccess(*Variable);
+	}
+}
+
+void FGraphValidator::CheckFunctionAccess(const UK2Node_CallFunction& Call)
+{
+	const UFunction* const Function = Call.GetTargetFunction();
+	const UClass* const Owner = Function ? Function->GetOwnerClass() : nullptr;
+	const UClass* const Own = Blueprint.GeneratedClass.Get();
+	if (!Owner || Owner == Own || !GraphValidation::IsDeclaredByBlueprint(Owner))
+	{
+		return;
+	}
+	if (Function->HasAnyFunctionFlags(FUNC_Private))
+	{
+		Log.Error(*FString::Printf(TEXT("The function of @@ is private to '%s'"), *Owner->GetName()), &Call);
+	}
+	else if (Function->HasAnyFunctionFlags(FUNC_Protected) && !Own->IsChildOf(Owner))
+	{
+		Log.Error(
+			*FString::Printf(TEXT("The function of @@ is protected: only '%s' and classes derived from it may call it"),
+				*Owner->GetName()),
+			&Call);
+	}
+}
+
+void FGraphValidator::CheckVariableAccess(const UK2Node_Variable& Node)
+{
+	const FProperty* const Property = Node.GetPropertyForVariable();
+	const UClass* const Owner = Property ? Property->GetOwnerClass() : nullptr;
+	if (!Owner)
+	{
+		return;
+	}
+	if (Owner != Blueprint.GeneratedClass.Get() && GraphValidation::IsDeclaredByBlueprint(Owner)
+		&& Property->GetBoolMetaData(FBlueprintMetadata::MD_Private))
+	{
+		Log.Error(*FString::Printf(TEXT("The variable of @@ is private to '%s'"), *Owner->GetName()), &Node);
+	}
+	const UEdGraphPin* const Target = Node.FindPin(GraphValidation::FSchema::PN_Self, EGPD_Input);
+	const bool bOnSelf = !Target || Target->LinkedTo.IsEmpty();
+	if (bConstFunction && bOnSelf && Node.IsA<UK2Node_VariableSet>())
+	{
+		Log.Error(TEXT("@@ changes a variable of the object in a const function, which promises not to"), &Node);
 	}
 }
 
@@ -167,19 +191,7 @@ void FGraphValidator::CheckPin(UEdGraphNode& Node, UEdGraphPin& Pin)
 {
 	if (Pin.bOrphanedPin)
 	{
-		if (!Pin.LinkedTo.IsEmpty())
-		{
-			Log.Error(
-				TEXT("In use pin @@ no longer exists on node @@. Please refresh node or break links to remove pin."),
-				&Pin, &Node);
-		}
-		else
-		{
-			Log.Warning(
-				TEXT(
-					"Input pin @@ specifying non-default value no longer exists on node @@. Please refresh node or reset pin to default value to remove pin."),
-				&Pin, &Node);
-		}
+		CheckOrphan(Node, Pin);
 		return;
 	}
 	if (!Pin.LinkedTo.IsEmpty())
@@ -190,39 +202,112 @@ void FGraphValidator::CheckPin(UEdGraphNode& Node, UEdGraphPin& Pin)
 	{
 		CheckUnlinkedInput(Node, Pin);
 	}
-	const bool bWildcard = Pin.PinType.PinCategory == GraphValidation::FSchema::PC_Wildcard;
-	if (bWildcard && !bNodeComplained && !Pin.bHidden && !Node.IsA<UK2Node_Tunnel>())
+	CheckWildcard(Node, Pin);
+	CheckParameterType(Node, Pin);
+}
+
+namespace GraphValidation
+{
+/** The pin that has taken an orphan's place with another type; null when there is none of the name any more. */
+const UEdGraphPin* FindSuccessor(const UEdGraphNode& Node, const UEdGraphPin& Orphan)
+{
+	return Node.FindPinByPredicate([&Orphan](const UEdGraphPin* Pin)
+		{ return Pin && !Pin->bOrphanedPin && Pin->PinName == Orphan.PinName && Pin->Direction == Orphan.Direction; });
+}
+} // namespace GraphValidation
+
+void FGraphValidator::CheckOrphan(const UEdGraphNode& Node, const UEdGraphPin& Pin)
+{
+	const bool bLinked = !Pin.LinkedTo.IsEmpty();
+	if (const UEdGraphPin* const Successor = GraphValidation::FindSuccessor(Node, Pin))
 	{
-		Log.Error(
-			TEXT("The type of @@ is undetermined. Connect something to @@ to imply a specific type."), &Pin, &Node);
+		const FString Was = UEdGraphSchema_K2::TypeToText(Pin.PinType).ToString();
+		const FString Is = UEdGraphSchema_K2::TypeToText(Successor->PinType).ToString();
+		const TCHAR* const Format = bLinked
+			? TEXT("The type of @@ on node @@ was %s and is %s now. Please break the old link or connect the new pin.")
+			: TEXT("The type of @@ on node @@ was %s and is %s now, so its old value is lost. Please refresh node.");
+		const FString Text = FString::Printf(Format, *Was, *Is);
+		bLinked ? Log.Error(*Text, &Pin, &Node) : Log.Warning(*Text, &Pin, &Node);
+	}
+	else if (bLinked)
+	{
+		Log.Error(TEXT("In use pin @@ no longer exists on node @@. Please refresh node or break links to remove pin."),
+			&Pin, &Node);
+	}
+	else
+	{
+		Log.Warning(
+			TEXT(
+				"Input pin @@ specifying non-default value no longer exists on node @@. Please refresh node or reset pin to default value to remove pin."),
+			&Pin, &Node);
+	}
+}
+
+void FGraphValidator::CheckWildcard(const UEdGraphNode& Node, const UEdGraphPin& Pin)
+{
+	// A reroute passes on what there is, and a format takes an argument that is not connected as an empty text.
+	const bool bMayStayOpen = GraphValidation::IsGraphEnd(Node) || Node.IsA<UK2Node_Knot>()
+		|| Node.IsA<UK2Node_FormatText>();
+	if (Pin.PinType.PinCategory != GraphValidation::FSchema::PC_Wildcard || bNodeComplained || Pin.bHidden
+		|| bMayStayOpen)
+	{
+		return;
+	}
+	Log.Error(TEXT("The type of @@ is undetermined. Connect something to @@ to imply a specific type."), &Pin, &Node);
+	// The other open pins of the node take their type from the same link.
+	bNodeComplained = true;
+}
+
+void FGraphValidator::CheckParameterType(const UEdGraphNode& Node, const UEdGraphPin& Pin)
+{
+	const bool bDeclares = Node.IsA<UK2Node_FunctionTerminator>() || Node.IsA<UK2Node_Event>();
+	if (bDeclares && !GraphValidation::FSchema::IsExecPin(Pin) && !PinTypeProperty::CanCarry(Pin.PinType))
+	{
+		Log.Error(*FString::Printf(TEXT("The parameter @@ of @@ has an invalid type: %s"),
+					  *UEdGraphSchema_K2::TypeToText(Pin.PinType).ToString()),
+			&Pin, &Node);
 	}
 }
 
 void FGraphValidator::CheckLinks(UEdGraphPin& Pin)
 {
+	const bool bExec = GraphValidation::FSchema::IsExecPin(Pin);
+	if (Pin.LinkedTo.Num() > 1 && bExec == (Pin.Direction == EGPD_Output))
+	{
+		Log.Error(bExec ? TEXT("@@ of @@ leads to more than one node; use a Sequence to execute one after the other")
+						: TEXT("@@ of @@ is connected to more than one output; an input takes one value"),
+			&Pin, Pin.GetOwningNode());
+	}
 	// Each link once, told from its output end.
 	if (Pin.Direction != EGPD_Output)
 	{
 		return;
 	}
-	const UEdGraphSchema_K2* const K2 = Cast<UEdGraphSchema_K2>(Schema);
-	for (UEdGraphPin* const Other : Pin.LinkedTo)
+	for (const UEdGraphPin* const Other : Pin.LinkedTo)
 	{
-		const UEdGraphNode* const OtherNode = Other->GetOwningNode();
+		const UEdGraphNode* const OtherNode = Other ? Other->GetOwningNodeUnchecked() : nullptr;
 		if (!OtherNode || OtherNode->GetGraph() != &Graph)
 		{
 			Log.Error(TEXT("@@ is connected to a node outside its graph"), &Pin);
-			continue;
 		}
-		if (K2 && !Other->bOrphanedPin && !K2->ArePinsCompatible(&Pin, Other, Blueprint.GeneratedClass.Get()))
+		else if (!Other->bOrphanedPin)
 		{
-			const FString From = UEdGraphSchema_K2::TypeToText(Pin.PinType).ToString();
-			const FString To = UEdGraphSchema_K2::TypeToText(Other->PinType).ToString();
-			Log.Error(
-				*FString::Printf(TEXT("@@ can't be connected to @@ since %s is not compatible with %s."), *From, *To),
-				&Pin, Other);
+			CheckLinkTypes(Pin, *Other);
 		}
 	}
+}
+
+void FGraphValidator::CheckLinkTypes(const UEdGraphPin& Output, const UEdGraphPin& Input)
+{
+	const UEdGraphSchema_K2* const K2 = Cast<UEdGraphSchema_K2>(Schema);
+	if (!K2 || K2->ArePinsCompatible(&Output, &Input, Blueprint.GeneratedClass.Get()))
+	{
+		return;
+	}
+	const FString From = UEdGraphSchema_K2::TypeToText(Output.PinType).ToString();
+	const FString To = UEdGraphSchema_K2::TypeToText(Input.PinType).ToString();
+	Log.Error(*FString::Printf(TEXT("@@ can't be connected to @@ since %s is not compatible with %s."), *From, *To),
+		&Output, &Input);
 }
 
 void FGraphValidator::CheckUnlinkedInput(UEdGraphNode& Node, UEdGraphPin& Pin)
@@ -234,11 +319,14 @@ void FGraphValidator::CheckUnlinkedInput(UEdGraphNode& Node, UEdGraphPin& Pin)
 		return;
 	}
 	const bool bSubPinsSpeak = !Pin.SubPins.IsEmpty();
-	if (Pin.bHidden || bSubPinsSpeak || Pin.PinType.PinCategory == FSchema::PC_Wildcard || Node.IsA<UK2Node_Tunnel>())
+	if (Pin.bHidden || bSubPinsSpeak || Pin.PinType.PinCategory == FSchema::PC_Wildcard
+		|| GraphValidation::IsGraphEnd(Node))
 	{
 		return;
 	}
-	if (Pin.PinType.PinCategory == FSchema::PC_Delegate && GraphValidation::NeedsDelegate(Node, Pin))
+	// A function that calls back needs somebody to call, unless it says that nobody is fine too.
+	if (Pin.PinType.PinCategory == FSchema::PC_Delegate && Node.IsA<UK2Node_CallFunction>()
+		&& !FSchema::IsAutoCreateRefTerm(&Pin))
 	{
 		Log.Error(TEXT("@@ of @@ must be connected to the event that is to be called"), &Pin, &Node);
 		return;
@@ -250,7 +338,7 @@ void FGraphValidator::CheckUnlinkedInput(UEdGraphNode& Node, UEdGraphPin& Pin)
 	}
 }
 
-void FGraphValidator::CheckTarget(UEdGraphNode& Node, UEdGraphPin& Self)
+void FGraphValidator::CheckTarget(const UEdGraphNode& Node, const UEdGraphPin& Self)
 {
 	if (Self.bHidden || Self.DefaultObject)
 	{
@@ -266,166 +354,4 @@ void FGraphValidator::CheckTarget(UEdGraphNode& Node, UEdGraphPin& Self)
 	Log.Error(*FString::Printf(TEXT("This blueprint (self) is not a %s, therefore ' @@ ' must have a connection."),
 				  *Wanted->GetDisplayNameText().ToString()),
 		&Self);
-}
-
-namespace GraphValidation
-{
-/** Follows execution from the nodes given, adding what is reached. */
-void Spread(TArray<const UEdGraphNode*> Queue, TSet<const UEdGraphNode*>& InOutReached)
-{
-	for (int32 Next = 0; Next < Queue.Num(); ++Next)
-	{
-		for (const UEdGraphPin* const Pin : Queue[Next]->Pins)
-		{
-			if (Pin->Direction != EGPD_Output || !FSchema::IsExecPin(*Pin))
-			{
-				continue;
-			}
-			for (const UEdGraphPin* const Linked : Pin->LinkedTo)
-			{
-				const UEdGraphNode* const Node = Linked->GetOwningNode();
-				if (!InOutReached.Contains(Node))
-				{
-					InOutReached.Add(Node);
-					Queue.Add(Node);
-				}
-			}
-		}
-	}
-}
-
-/** A node that somebody has to execute, and that is not wrong already. */
-bool WaitsForExecution(const UEdGraphNode* Node)
-{
-	if (!IsChecked(Node) || Node->IsA<UK2Node_FunctionResult>() || Node->IsA<UK2Node_Tunnel>()
-		|| !FirstExecInput(*Node))
-	{
-		return false;
-	}
-	return !Node->bHasCompilerMessage || Node->ErrorType != EMessageSeverity::Error;
-}
-} // namespace GraphValidation
-
-void FGraphValidator::CheckReachability()
-{
-	using namespace GraphValidation;
-	TSet<const UEdGraphNode*> Reached;
-	TArray<const UEdGraphNode*> Starts;
-	for (const UEdGraphNode* const Node : Graph.Nodes)
-	{
-		if (IsChecked(Node) && StartsExecution(*Node))
-		{
-			Reached.Add(Node);
-			Starts.Add(Node);
-		}
-	}
-	Spread(MoveTemp(Starts), Reached);
-	// First those that nothing leads to; what is left then goes round in rings or hangs on what is
-	// disabled, each told once.
-	for (const bool bRings : {false, true})
-	{
-		for (const UEdGraphNode* const Node : Graph.Nodes)
-		{
-			if (Reached.Contains(Node) || !WaitsForExecution(Node) || (!bRings && HasLinkedExecInput(*Node)))
-			{
-				continue;
-			}
-			Log.Warning(bRings ? TEXT("@@ is never executed: nothing that is executed leads to @@")
-							   : TEXT("@@ is never executed: nothing is connected to @@"),
-				Node, FirstExecInput(*Node));
-			Reached.Add(Node);
-			Spread({Node}, Reached);
-		}
-	}
-}
-
-namespace GraphValidation
-{
-/** Depth-first walk over the pure nodes that a node takes its values from; finds nodes that depend on themselves. */
-class FCycleFinder
-{
-public:
-	/** Iterative, since chains of pure nodes may be long. True when a node on the way needs its own value. */
-	const UEdGraphNode* Find(const UEdGraphNode* Root)
-	{
-		TArray<FFrame> Stack;
-		Push(Stack, Root);
-		while (!Stack.IsEmpty())
-		{
-			FFrame& Frame = Stack.Last();
-			if (Frame.Next == Frame.Sources.Num())
-			{
-				State.Add(Frame.Node, EState::Done);
-				Stack.Pop();
-				continue;
-			}
-			const UEdGraphNode* const Source = Frame.Sources[Frame.Next++];
-			const EState* const Known = State.Find(Source);
-			if (!Known)
-			{
-				Push(Stack, Source);
-			}
-			else if (*Known == EState::OnPath)
-			{
-				return Source;
-			}
-		}
-		return nullptr;
-	}
-
-private:
-	enum class EState
-	{
-		OnPath,
-		Done,
-	};
-	struct FFrame
-	{
-		const UEdGraphNode* Node;
-		TArray<const UEdGraphNode*> Sources;
-		int32 Next = 0;
-	};
-
-	void Push(TArray<FFrame>& Stack, const UEdGraphNode* Node)
-	{
-		State.Add(Node, EState::OnPath);
-		FFrame Frame;
-		Frame.Node = Node;
-		for (const UEdGraphPin* const Pin : Node->Pins)
-		{
-			if (Pin->Direction != EGPD_Input || FSchema::IsExecPin(*Pin))
-			{
-				continue;
-			}
-			for (const UEdGraphPin* const Linked : Pin->LinkedTo)
-			{
-				const UEdGraphNode* const Source = Linked->GetOwningNode();
-				if (Source && IsPure(*Source))
-				{
-					Frame.Sources.Add(Source);
-				}
-			}
-		}
-		Stack.Add(MoveTemp(Frame));
-	}
-
-	TMap<const UEdGraphNode*, EState> State;
-};
-} // namespace GraphValidation
-
-void FGraphValidator::CheckDataCycles()
-{
-	GraphValidation::FCycleFinder Finder;
-	for (const UEdGraphNode* const Node : Graph.Nodes)
-	{
-		if (!GraphValidation::IsChecked(Node) || !GraphValidation::IsPure(*Node))
-		{
-			continue;
-		}
-		if (const UEdGraphNode* const Cyclic = Finder.Find(Node))
-		{
-			Log.Error(TEXT("Dependency cycle detected, preventing node @@ from being scheduled"), Cyclic);
-			return;
-		}
-	}
 }

@@ -1,43 +1,55 @@
 #pragma once
 
 #include "CoreMinimal.h"
+#include "EdGraph/EdGraphSchema.h"
 
 class FCompilerResultsLog;
+class FMacroUse;
 class UBlueprint;
 class UClass;
 class UEdGraph;
 class UEdGraphNode;
 class UEdGraphPin;
-class UEdGraphSchema;
+class UFunction;
+class UK2Node_CallFunction;
+class UK2Node_Variable;
 
 /**
- * Checks one graph of a Blueprint whose class has just been rebuilt: that it starts somewhere, that each node stands
- * for something, that links join types that go together, that unlinked inputs have a value they can have, and that
- * nothing executes in vain. Changes nothing.
+ * Checks the nodes and pins of one graph of a Blueprint whose class has just been rebuilt: that each node stands for
+ * something and may stand there, that links join types that go together, and that unlinked inputs have a value they can
+ * have. Changes nothing.
  */
 class FGraphValidator
 {
 public:
-	FGraphValidator(UBlueprint& InBlueprint, UEdGraph& InGraph, FCompilerResultsLog& InLog);
+	FGraphValidator(UBlueprint& InBlueprint, UEdGraph& InGraph, FMacroUse& InMacros, FCompilerResultsLog& InLog);
 	void Validate();
 
 private:
-	void CheckEntry();
 	void CheckNode(UEdGraphNode& Node);
+	void CheckPlacement(const UEdGraphNode& Node);
+	void CheckMacro(const UEdGraphNode& Node);
+	void CheckAccess(const UEdGraphNode& Node);
+	void CheckFunctionAccess(const UK2Node_CallFunction& Call);
+	void CheckVariableAccess(const UK2Node_Variable& Node);
 	void CheckPin(UEdGraphNode& Node, UEdGraphPin& Pin);
+	void CheckOrphan(const UEdGraphNode& Node, const UEdGraphPin& Pin);
+	void CheckWildcard(const UEdGraphNode& Node, const UEdGraphPin& Pin);
+	void CheckParameterType(const UEdGraphNode& Node, const UEdGraphPin& Pin);
 	void CheckLinks(UEdGraphPin& Pin);
+	void CheckLinkTypes(const UEdGraphPin& Output, const UEdGraphPin& Input);
 	void CheckUnlinkedInput(UEdGraphNode& Node, UEdGraphPin& Pin);
-	void CheckTarget(UEdGraphNode& Node, UEdGraphPin& Self);
-	void CheckPlacement(UEdGraphNode& Node);
-	/** Impure nodes that no entry's execution comes to, told at the first node of each such chain. */
-	void CheckReachability();
-	/** Pure nodes that need their own value. */
-	void CheckDataCycles();
+	void CheckTarget(const UEdGraphNode& Node, const UEdGraphPin& Self);
 
 	UBlueprint& Blueprint;
 	UEdGraph& Graph;
+	FMacroUse& Macros;
 	FCompilerResultsLog& Log;
 	const UEdGraphSchema* Schema;
+	/** Asked for once, as the answer takes a look at every graph of the Blueprint. */
+	EGraphType GraphType = GT_MAX;
+	/** Whether the graph's function promised not to change its object. */
+	bool bConstFunction = false;
 	/** Whether the node that is being checked told of an error by itself. */
 	bool bNodeComplained = false;
 };

@@ -135,6 +135,8 @@ FProperty* CreateTerminal(FFieldVariant Owner, FName Name, const FEdGraphPinType
 		{
 			return nullptr;
 		}
+		// What is laid out as a part of another has to know its own size; it may come from the same load.
+		Struct->ConditionalPostLoad();
 		FStructProperty* const Property = new FStructProperty(Owner, Name);
 		Property->Struct = Struct;
 		return Property;
@@ -194,5 +196,12 @@ FProperty* Create(FFieldVariant Owner, FName Name, const FEdGraphPinType& Type)
 		return Set;
 	}
 	return CreateTerminal(Owner, Name, Type);
+}
+
+bool CanCarry(const FEdGraphPinType& Type)
+{
+	const FProperty* const Property = Create(FFieldVariant(), NAME_None, Type);
+	delete Property;
+	return Property != nullptr;
 }
 } // namespace PinTypeProperty

@@ -14,4 +14,6 @@ namespace PinTypeProperty
  * (exec, wildcard, a struct or enum that is gone).
  */
 FProperty* Create(FFieldVariant Owner, FName Name, const FEdGraphPinType& Type);
+/** Whether there is a property for the type. */
+bool CanCarry(const FEdGraphPinType& Type);
 } // namespace PinTypeProperty

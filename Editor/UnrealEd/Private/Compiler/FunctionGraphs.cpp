@@ -1,0 +1,219 @@
+#include "Compiler/FunctionGraphs.h"
+
+#include "Compiler/MemberDeclarations.h"
+#include "EdGraph/EdGraph.h"
+#include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
+#include "K2Node_FunctionEntry.h"
+#include "K2Node_FunctionResult.h"
+#include "Kismet2/CompilerResultsLog.h"
+#include "UObject/UnrealType.h"
+
+namespace FunctionGraphs
+{
+namespace
+{
+bool IsParameter(const UEdGraphPin& Pin)
+{
+	return !UEdGraphSchema_K2::IsExecPin(Pin) && !Pin.ParentPin && !Pin.bOrphanedPin;
+}
+
+TArray<const UEdGraphPin*> ParametersOf(const UEdGraphNode& End)
+{
+	TArray<const UEdGraphPin*> Parameters;
+	for (const UEdGraphPin* const Pin : End.Pins)
+	{
+		if (Pin && IsParameter(*Pin))
+		{
+			Parameters.Add(Pin);
+		}
+	}
+	return Parameters;
+}
+
+bool ReturnTheSame(const UK2Node_FunctionResult& A, const UK2Node_FunctionResult& B)
+{
+	const TArray<const UEdGraphPin*> OfA = ParametersOf(A);
+	const TArray<const UEdGraphPin*> OfB = ParametersOf(B);
+	bool bSame = OfA.Num() == OfB.Num();
+	for (int32 Index = 0; bSame && Index < OfA.Num(); ++Index)
+	{
+		bSame = OfA[Index]->PinName == OfB[Index]->PinName && OfA[Index]->PinType == OfB[Index]->PinType;
+	}
+	return bSame;
+}
+
+/** The interface that the graph implements a function of, or null. */
+const UClass* FindInterface(const UBlueprint& Blueprint, const UEdGraph& Graph)
+{
+	for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
+	{
+		for (const UEdGraph* const Each : Interface.Graphs)
+		{
+			if (Each == &Graph)
+			{
+				return Interface.Interface.Get();
+			}
+		}
+	}
+	return nullptr;
+}
+
+class FCheck
+{
+public:
+	FCheck(const UBlueprint& InBlueprint, const UEdGraph& InGraph, FCompilerResultsLog& InLog)
+		: Blueprint(InBlueprint)
+		, Graph(InGraph)
+		, Log(InLog)
+	{
+	}
+
+	bool Run()
+	{
+		const UClass* const Interface = FindInterface(Blueprint, Graph);
+		const bool bFunction = Interface || Blueprint.FunctionGraphs.Contains(&Graph);
+		if (!bFunction || !Graph.GetSchema() || Graph.GetSchema()->GetGraphType(&Graph) != GT_Function)
+		{
+			return true;
+		}
+		TArray<UK2Node_FunctionEntry*> Entries;
+		TArray<UK2Node_FunctionResult*> Results;
+		Graph.GetNodesOfClass(Entries);
+		Graph.GetNodesOfClass(Results);
+		if (Entries.Num() == 1)
+		{
+			CheckResults(*Entries[0], Results);
+			CheckLocals(*Entries[0]);
+			CheckOverride(*Entries[0], Interface ? Interface : Blueprint.ParentClass.Get(), Interface != nullptr);
+			return true;
+		}
+		CheckNumberOfEntries(Entries, Interface != nullptr);
+		return !Entries.IsEmpty();
+	}
+
+private:
+	void CheckNumberOfEntries(const TArray<UK2Node_FunctionEntry*>& Entries, bool bInterface)
+	{
+		// A function of an interface is told as not implemented then.
+		if (Entries.IsEmpty() && !bInterface)
+		{
+			Log.Error(
+				*FString::Printf(TEXT("Could not find a function entry node in the graph '%s'"), *Graph.GetName()));
+		}
+		for (int32 Index = 1; Index < Entries.Num(); ++Index)
+		{
+			Log.Error(TEXT("Expected only one function entry node in the graph, but found both @@ and @@"), Entries[0],
+				Entries[Index]);
+		}
+	}
+
+	void CheckResults(const UK2Node_FunctionEntry& Entry, const TArray<UK2Node_FunctionResult*>& Results)
+	{
+		if (Results.IsEmpty())
+		{
+			return;
+		}
+		for (int32 Index = 1; Index < Results.Num(); ++Index)
+		{
+			if (!ReturnTheSame(*Results[0], *Results[Index]))
+			{
+				Log.Error(TEXT("@@ and @@ return different things; all return nodes of a function need the same pins"),
+					Results[0], Results[Index]);
+			}
+		}
+		for (const UEdGraphPin* const Pin : ParametersOf(*Results[0]))
+		{
+			const UEdGraphPin* const Input = Entry.FindPin(Pin->PinName, EGPD_Output);
+			// A value that goes in and out by reference has a pin on both sides.
+			if (Input && !Input->PinType.bIsReference)
+			{
+				Log.Warning(*FString::Printf(TEXT("The function '%s' has an input and an output of the same name @@; "
+												  "who calls it cannot tell them apart"),
+								*Graph.GetName()),
+					Pin);
+			}
+		}
+	}
+
+	const UFunction* FindFunction() const
+	{
+		return Blueprint.GeneratedClass.Get()->FindFunctionByName(Graph.GetFName(), EIncludeSuperFlag::ExcludeSuper);
+	}
+
+	void CheckLocals(const UK2Node_FunctionEntry& Entry)
+	{
+		const UFunction* const Function = FindFunction();
+		TSet<FName> Names;
+		for (const UEdGraphPin* const Pin : ParametersOf(Entry))
+		{
+			Names.Add(Pin->PinName);
+		}
+		for (const FBPVariableDescription& Local : Entry.LocalVariables)
+		{
+			const FString Name = Local.VarName.ToString();
+			const FProperty* const Property = Function ? Function->FindPropertyByName(Local.VarName) : nullptr;
+			if (Names.Contains(Local.VarName))
+			{
+				Log.Error(
+					*FString::Printf(TEXT("The function @@ has another local variable or parameter named '%s'"), *Name),
+					&Entry);
+			}
+			else if (!Property)
+			{
+				Log.Error(*FString::Printf(TEXT("The local variable '%s' of @@ has an invalid type: %s"), *Name,
+							  *UEdGraphSchema_K2::TypeToText(Local.VarType).ToString()),
+					&Entry);
+			}
+			else if (!MemberDeclarations::IsDefaultValid(Local, *Property))
+			{
+				Log.Warning(
+					*FString::Printf(TEXT("The default value '%s' of the local variable '%s' of @@ is not a valid %s"),
+						*Local.DefaultValue, *Name, *UEdGraphSchema_K2::TypeToText(Local.VarType).ToString()),
+					&Entry);
+			}
+			Names.Add(Local.VarName);
+		}
+	}
+
+	/** A function of a name that the declaring class knows stands for that one, and has to be callable as that one is.
+	 */
+	void CheckOverride(const UK2Node_FunctionEntry& Entry, const UClass* Declaring, bool bInterface)
+	{
+		const UFunction* const Overridden = Declaring ? Declaring->FindFunctionByName(Graph.GetFName()) : nullptr;
+		const UFunction* const Function = FindFunction();
+		if (!Overridden || !Function)
+		{
+			return;
+		}
+		const FString Owner = Overridden->GetOwnerClass() ? Overridden->GetOwnerClass()->GetName() : FString();
+		const bool bOverridable = bInterface
+			|| (Overridden->HasAnyFunctionFlags(FUNC_BlueprintEvent) && !Overridden->HasAnyFunctionFlags(FUNC_Final));
+		if (!bOverridable)
+		{
+			Log.Error(
+				*FString::Printf(
+					TEXT("The name of @@ is that of a function of '%s' that cannot be overridden; rename it"), *Owner),
+				&Entry);
+		}
+		else if (!Function->IsSignatureCompatibleWith(Overridden))
+		{
+			Log.Error(
+				*FString::Printf(TEXT("@@ overrides a function of '%s', but its inputs and outputs are not those of "
+									  "the function there"),
+					*Owner),
+				&Entry);
+		}
+	}
+
+	const UBlueprint& Blueprint;
+	const UEdGraph& Graph;
+	FCompilerResultsLog& Log;
+};
+} // namespace
+
+bool Check(const UBlueprint& Blueprint, const UEdGraph& Graph, FCompilerResultsLog& Log)
+{
+	return FCheck(Blueprint, Graph, Log).Run();
+}
+} // namespace FunctionGraphs

@@ -1,0 +1,205 @@
+#include "Compiler/MemberDeclarations.h"
+
+#include "Components/ActorComponent.h"
+#include "Components/Widget.h"
+#include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
+#include "Engine/SimpleConstructionScript.h"
+#include "Kismet2/CompilerResultsLog.h"
+#include "UObject/UnrealType.h"
+#include "WidgetBlueprint.h"
+
+namespace MemberDeclarations
+{
+namespace
+{
+FString TypeText(const FBPVariableDescription& Variable)
+{
+	return UEdGraphSchema_K2::TypeToText(Variable.VarType).ToString();
+}
+
+class FCheck
+{
+public:
+	FCheck(const UBlueprint& InBlueprint, FCompilerResultsLog& InLog)
+		: Blueprint(InBlueprint)
+		, Class(*InBlueprint.GeneratedClass.Get())
+		, Log(InLog)
+	{
+	}
+
+	void Run()
+	{
+		for (const FBPVariableDescription& Variable : Blueprint.NewVariables)
+		{
+			CheckVariable(Variable);
+		}
+		CheckComponents();
+		CheckInterfaces();
+		CheckBoundWidgets();
+	}
+
+private:
+	void CheckVariable(const FBPVariableDescription& Variable)
+	{
+		const FString Name = Variable.VarName.ToString();
+		const FProperty* const Property = Class.FindOwnProperty(Variable.VarName);
+		if (!Property)
+		{
+			Log.Error(*FString::Printf(TEXT("The variable '%s' declared in '%s' has an invalid type: %s"), *Name,
+				*Blueprint.GetName(), *TypeText(Variable)));
+			return;
+		}
+		const FMulticastDelegateProperty* const Dispatcher = CastField<FMulticastDelegateProperty>(Property);
+		if (Dispatcher && !Dispatcher->SignatureFunction)
+		{
+			Log.Error(*FString::Printf(TEXT("The event dispatcher '%s' has no signature"), *Name));
+		}
+		if (!IsDefaultValid(Variable, *Property))
+		{
+			Log.Warning(*FString::Printf(TEXT("The default value '%s' of the variable '%s' is not a valid %s"),
+				*Variable.DefaultValue, *Name, *TypeText(Variable)));
+		}
+		CheckReplication(Variable);
+		CheckExposure(Variable, *Property);
+	}
+
+	void CheckReplication(const FBPVariableDescription& Variable)
+	{
+		if (!(Variable.PropertyFlags & CPF_RepNotify))
+		{
+			return;
+		}
+		const FName Notify = Variable.RepNotifyFunc;
+		if (Notify.IsNone() || !Class.FindFunctionByName(Notify))
+		{
+			Log.Warning(*FString::Printf(
+				TEXT(
+					"The variable '%s' is replicated with a notification, but its notify function '%s' does not exist"),
+				*Variable.VarName.ToString(), *Notify.ToString()));
+		}
+	}
+
+	void CheckExposure(const FBPVariableDescription& Variable, const FProperty& Property)
+	{
+		if (Property.HasAllPropertyFlags(CPF_ExposeOnSpawn | CPF_DisableEditOnInstance))
+		{
+			Log.Warning(*FString::Printf(
+				TEXT(
+					"The variable '%s' is exposed on spawn but not editable on instances; make it instance editable too"),
+				*Variable.VarName.ToString()));
+		}
+	}
+
+	void CheckComponents()
+	{
+		if (!Blueprint.SimpleConstructionScript)
+		{
+			return;
+		}
+		for (const USCS_Node* const Node : Blueprint.SimpleConstructionScript->GetAllNodes())
+		{
+			const FString Name = Node->GetVariableName().ToString();
+			const UClass* const ComponentClass = Node->ComponentClass.Get();
+			if (!ComponentClass)
+			{
+				Log.Error(*FString::Printf(TEXT("The class of the component '%s' is gone"), *Name));
+			}
+			else if (ComponentClass->HasAnyClassFlags(CLASS_Abstract))
+			{
+				Log.Error(
+					*FString::Printf(TEXT("The component '%s' is of the abstract class '%s', of which there can be "
+										  "no object; choose a class derived from it"),
+						*Name, *ComponentClass->GetName()));
+			}
+		}
+	}
+
+	void CheckInterfaces()
+	{
+		for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
+		{
+			for (TFieldIterator<UFunction> It(Interface.Interface.Get(), EFieldIteratorFlags::IncludeSuper); It; ++It)
+			{
+				const bool bNeedsGraph = UEdGraphSchema_K2::CanKismetOverrideFunction(*It)
+					&& !UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(*It);
+				if (bNeedsGraph && !Class.FindFunctionByName(It->GetFName(), EIncludeSuperFlag::ExcludeSuper))
+				{
+					Log.Error(*FString::Printf(TEXT("Interface function '%s' of '%s' is not implemented"),
+						*It->GetName(), *Interface.Interface.Get()->GetName()));
+				}
+			}
+		}
+	}
+
+	/** Widgets that variables of the parent classes are bound to by name. */
+	void CheckBoundWidgets()
+	{
+		const UWidgetBlueprint* const WidgetBlueprint = Cast<UWidgetBlueprint>(&Blueprint);
+		if (!WidgetBlueprint)
+		{
+			return;
+		}
+		TMap<FName, const UWidget*> Widgets;
+		WidgetBlueprint->ForEachSourceWidget([&Widgets](UWidget* Widget) { Widgets.Add(Widget->GetFName(), Widget); });
+		for (TFieldIterator<FObjectPropertyBase> It(Blueprint.ParentClass.Get(), EFieldIteratorFlags::IncludeSuper); It;
+			 ++It)
+		{
+			const bool bRequired = It->HasMetaData(TEXT("BindWidget")) && !It->GetBoolMetaData(TEXT("OptionalWidget"));
+			if (bRequired || It->HasMetaData(TEXT("BindWidget")) || It->HasMetaData(TEXT("BindWidgetOptional")))
+			{
+				CheckBoundWidget(**It, Widgets.FindRef(It->GetFName()), bRequired);
+			}
+		}
+	}
+
+	void CheckBoundWidget(const FObjectPropertyBase& Property, const UWidget* Widget, bool bRequired)
+	{
+		const FString Name = Property.GetName();
+		const FString Wanted = Property.PropertyClass ? Property.PropertyClass->GetName() : FString(TEXT("Widget"));
+		if (Widget && Property.PropertyClass && !Widget->GetClass()->IsChildOf(Property.PropertyClass))
+		{
+			Log.Error(*FString::Printf(TEXT("The widget '%s' is a %s, but the parent class binds a %s of that name"),
+				*Name, *Widget->GetClass()->GetName(), *Wanted));
+		}
+		else if (!Widget && bRequired)
+		{
+			Log.Error(*FString::Printf(
+				TEXT("The parent class needs a widget named '%s' of type %s, and there is none in the tree"), *Name,
+				*Wanted));
+		}
+		else if (!Widget)
+		{
+			Log.Note(
+				*FString::Printf(TEXT("The parent class would bind a widget named '%s' of type %s"), *Name, *Wanted));
+		}
+	}
+
+	const UBlueprint& Blueprint;
+	const UClass& Class;
+	FCompilerResultsLog& Log;
+};
+} // namespace
+
+void Check(const UBlueprint& Blueprint, FCompilerResultsLog& Log)
+{
+	FCheck(Blueprint, Log).Run();
+}
+
+bool IsDefaultValid(const FBPVariableDescription& Variable, const FProperty& Property)
+{
+	if (Variable.DefaultValue.IsEmpty())
+	{
+		return true;
+	}
+	TArray<uint8> Memory;
+	Memory.SetNumZeroed(Property.GetElementSize() + Property.GetMinAlignment());
+	uint8* Value = Memory.GetData();
+	const UPTRINT Alignment = static_cast<UPTRINT>(Property.GetMinAlignment());
+	Value += (Alignment - reinterpret_cast<UPTRINT>(Value) % Alignment) % Alignment;
+	Property.InitializeValue(Value);
+	const TCHAR* const End = Property.ImportText_Direct(*Variable.DefaultValue, Value, nullptr, PPF_None);
+	Property.DestroyValue(Value);
+	return End != nullptr;
+}
+} // namespace MemberDeclarations

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "CoreMinimal.h"
+
+class FCompilerResultsLog;
+class FProperty;
+class UBlueprint;
+struct FBPVariableDescription;
+
+/**
+ * Checks what a Blueprint declares beside its graphs, after its class was rebuilt: types and defaults of variables,
+ * event dispatchers, replication, components, interfaces, and the widgets that the parent class asks for.
+ */
+namespace MemberDeclarations
+{
+void Check(const UBlueprint& Blueprint, FCompilerResultsLog& Log);
+/** Whether the default text is one of the property's type. An empty text always is. */
+bool IsDefaultValid(const FBPVariableDescription& Variable, const FProperty& Property);
+} // namespace MemberDeclarations
