@@ -7,6 +7,7 @@
 #include "ISourceControlModule.h"
 #include "Modules/ModuleManager.h"
 #include "StandardMacros.h"
+#include "SubobjectDataInterfaceClasses.h"
 #include "UMGClasses.h"
 #include "UnrealEdClasses.h"
 #include "UObject/Catalogue.h"
@@ -49,6 +50,7 @@ void EditorModules::StartEditor()
 	RegisterUMGClasses();
 	RegisterAnimGraphClasses();
 	RegisterUnrealEdClasses();
+	RegisterSubobjectDataInterfaceClasses();
 	FCatalogue::Get().Install();
 	FPackageText::RegisterLoader();
 	StandardMacros::Install();

@@ -48,6 +48,22 @@ UObject* TemplateOuter(const USimpleConstructionScript& Script)
 	return Class ? Class : Script.GetOuter();
 }
 
+/** A component is a member beside the others: no other node, variable, timeline or inherited member has its name. */
+bool IsVariableNameTaken(const USimpleConstructionScript& Script, FName Name)
+{
+	const auto HasName = [Name](const USCS_Node* Node) { return Node && Node->GetVariableName() == Name; };
+	if (HasName(Script.DefaultSceneRootNode) || Script.AllNodes.ContainsByPredicate(HasName))
+	{
+		return true;
+	}
+	UBlueprint* const Blueprint = Script.GetBlueprint();
+	const UClass* const Parent = Blueprint ? Blueprint->ParentClass.Get() : nullptr;
+	return Blueprint
+		&& (Blueprint->FindTimelineTemplateByVariableName(Name) || (Parent && Parent->FindPropertyByName(Name))
+			|| Blueprint->NewVariables.ContainsByPredicate(
+				[Name](const FBPVariableDescription& Variable) { return Variable.VarName == Name; }));
+}
+
 void CollectBelow(USCS_Node* Node, TArray<USCS_Node*>& Out)
 {
 	Out.Add(Node);
@@ -69,11 +85,8 @@ USCS_Node* USimpleConstructionScript::CreateNode(UClass* NewComponentClass, FNam
 	}
 	const FName VariableName = GenerateNewComponentName(NewComponentClass, NewComponentVariableName);
 	UObject* const TemplateOuter = ConstructionScript::TemplateOuter(*this);
-	FName TemplateName = ConstructionScript::TemplateName(VariableName);
-	if (!IsUniqueObjectName(TemplateName, TemplateOuter))
-	{
-		TemplateName = MakeUniqueObjectName(TemplateOuter, NewComponentClass, TemplateName);
-	}
+	const FName TemplateName = ConstructionScript::TemplateName(VariableName);
+	MoveLeftoverAside(TemplateOuter, TemplateName);
 	UActorComponent* const Template = NewObject<UActorComponent>(TemplateOuter, NewComponentClass, TemplateName,
 		static_cast<EObjectFlags>(RF_ArchetypeObject | RF_Transactional | RF_Public));
 	USCS_Node* const Node = NewObject<USCS_Node>(
@@ -83,6 +96,16 @@ USCS_Node* USimpleConstructionScript::CreateNode(UClass* NewComponentClass, FNam
 	Node->VariableGuid = FGuid::NewGuid();
 	Node->SetVariableName(VariableName, false);
 	return Node;
+}
+
+void USimpleConstructionScript::MoveLeftoverAside(UObject* TemplateOuter, FName TemplateName) const
+{
+	UObject* const Occupant = StaticFindObjectFast(nullptr, TemplateOuter, TemplateName);
+	if (Occupant)
+	{
+		// The names of variables are free here, so this is the template of a node that was removed.
+		Occupant->Rename(*MakeUniqueObjectName(TemplateOuter, Occupant->GetClass(), TemplateName).ToString(), nullptr);
+	}
 }
 
 USCS_Node* USimpleConstructionScript::CreateNodeAndRenameComponent(UActorComponent* NewComponentTemplate)
@@ -104,7 +127,12 @@ void USimpleConstructionScript::AddNode(USCS_Node* Node)
 {
 	Modify();
 	RootNodes.AddUnique(Node);
-	AllNodes.AddUnique(Node);
+	TArray<USCS_Node*> Added;
+	ConstructionScript::CollectBelow(Node, Added);
+	for (USCS_Node* const Below : Added)
+	{
+		AllNodes.AddUnique(Below);
+	}
 	ValidateSceneRootNodes();
 }
 
@@ -135,7 +163,14 @@ void USimpleConstructionScript::RemoveNode(USCS_Node* Node, bool bValidateSceneR
 	{
 		Parent->RemoveChildNode(Node);
 	}
-	RootNodes.Remove(Node);
+	else if (RootNodes.Remove(Node) > 0)
+	{
+		// What it hung on outside of this script holds for a root alone.
+		Node->Modify();
+		Node->ParentComponentOrVariableName = NAME_None;
+		Node->ParentComponentOwnerClassName = NAME_None;
+		Node->bIsParentComponentNative = false;
+	}
 	TArray<USCS_Node*> Removed;
 	ConstructionScript::CollectBelow(Node, Removed);
 	for (USCS_Node* const Below : Removed)
@@ -186,6 +221,83 @@ USCS_Node* USimpleConstructionScript::FindSCSNode(FName InName) const
 		}
 	}
 	return nullptr;
+}
+
+USCS_Node* USimpleConstructionScript::FindSCSNodeByGuid(const FGuid Guid) const
+{
+	for (USCS_Node* const Node : GetAllNodes())
+	{
+		if (Node->VariableGuid == Guid)
+		{
+			return Node;
+		}
+	}
+	return nullptr;
+}
+
+USceneComponent* USimpleConstructionScript::GetSceneRootComponentTemplate(
+	bool bShouldUseDefaultRoot, USCS_Node** OutSCSNode) const
+{
+	if (OutSCSNode)
+	{
+		*OutSCSNode = nullptr;
+	}
+	const UBlueprint* const Blueprint = GetBlueprint();
+	const UClass* const ParentClass = Blueprint ? Blueprint->ParentClass.Get() : nullptr;
+	const AActor* const Default = ParentClass ? Cast<AActor>(ParentClass->GetDefaultObject()) : nullptr;
+	if (Default && Default->GetRootComponent())
+	{
+		return Default->GetRootComponent();
+	}
+	for (const UBlueprint* Above = UBlueprint::GetBlueprintFromClass(ParentClass); Above;
+		 Above = UBlueprint::GetBlueprintFromClass(Above->ParentClass.Get()))
+	{
+		const USimpleConstructionScript* const Script = Above->SimpleConstructionScript;
+		if (USceneComponent* const Root = Script ? Script->FindOwnSceneRoot(bShouldUseDefaultRoot, OutSCSNode)
+												 : nullptr)
+		{
+			return Root;
+		}
+	}
+	return FindOwnSceneRoot(bShouldUseDefaultRoot, OutSCSNode);
+}
+
+USceneComponent* USimpleConstructionScript::FindOwnSceneRoot(bool bShouldUseDefaultRoot, USCS_Node** OutSCSNode) const
+{
+	for (USCS_Node* const Root : RootNodes)
+	{
+		USceneComponent* const Template = Root ? Cast<USceneComponent>(Root->ComponentTemplate.Get()) : nullptr;
+		if (Template && (bShouldUseDefaultRoot || Root != DefaultSceneRootNode.Get()))
+		{
+			if (OutSCSNode)
+			{
+				*OutSCSNode = Root;
+			}
+			return Template;
+		}
+	}
+	return nullptr;
+}
+
+void USimpleConstructionScript::PreSave()
+{
+	Super::PreSave();
+	const TArray<USCS_Node*> Present = GetAllNodes();
+	TArray<UObject*> Inner;
+	GetObjectsWithOuter(this, Inner, false);
+	for (UObject* const Object : Inner)
+	{
+		USCS_Node* const Node = Cast<USCS_Node>(Object);
+		if (!Node || Node == DefaultSceneRootNode.Get() || Present.Contains(Node))
+		{
+			continue;
+		}
+		if (Node->ComponentTemplate)
+		{
+			Node->ComponentTemplate->MarkAsGarbage();
+		}
+		Node->MarkAsGarbage();
+	}
 }
 
 void USimpleConstructionScript::ValidateSceneRootNodes()
@@ -251,17 +363,7 @@ UClass* USimpleConstructionScript::GetOwnerClass() const
 
 FName USimpleConstructionScript::GenerateNewComponentName(const UClass* ComponentClass, FName DesiredName) const
 {
-	const auto IsTaken = [this](FName Name)
-	{
-		for (const USCS_Node* const Node : AllNodes)
-		{
-			if (Node && Node->GetVariableName() == Name)
-			{
-				return true;
-			}
-		}
-		return false;
-	};
+	const auto IsTaken = [this](FName Name) { return ConstructionScript::IsVariableNameTaken(*this, Name); };
 	if (!DesiredName.IsNone() && !IsTaken(DesiredName))
 	{
 		return DesiredName;
@@ -316,9 +418,16 @@ void USCS_Node::AddChildNode(USCS_Node* InNode, bool bAddToAllNodes)
 	}
 	Modify();
 	ChildNodes.Add(InNode);
-	if (USimpleConstructionScript* const Script = GetSCS(); Script && bAddToAllNodes)
+	USimpleConstructionScript* const Script = GetSCS();
+	if (!Script || !bAddToAllNodes)
 	{
-		Script->AllNodes.AddUnique(InNode);
+		return;
+	}
+	TArray<USCS_Node*> Added;
+	ConstructionScript::CollectBelow(InNode, Added);
+	for (USCS_Node* const Below : Added)
+	{
+		Script->AllNodes.AddUnique(Below);
 	}
 }
 
@@ -330,6 +439,50 @@ void USCS_Node::RemoveChildNode(USCS_Node* InNode, bool bRemoveFromAllNodes)
 	{
 		Script->AllNodes.Remove(InNode);
 	}
+}
+
+void USCS_Node::MoveChildNodes(USCS_Node* SourceNode, int32 InsertLocation)
+{
+	if (SourceNode == this)
+	{
+		return;
+	}
+	Modify();
+	SourceNode->Modify();
+	int32 Index = InsertLocation == INDEX_NONE ? ChildNodes.Num() : InsertLocation;
+	for (USCS_Node* const Child : SourceNode->ChildNodes)
+	{
+		ChildNodes.Insert(Child, Index);
+		++Index;
+	}
+	SourceNode->ChildNodes.Empty();
+}
+
+USceneComponent* USCS_Node::GetParentComponentTemplate(UBlueprint* InBlueprint) const
+{
+	if (ParentComponentOrVariableName.IsNone())
+	{
+		const USimpleConstructionScript* const Script = GetSCS();
+		const USCS_Node* const Parent = Script ? Script->FindParentNode(this) : nullptr;
+		return Parent ? Cast<USceneComponent>(Parent->ComponentTemplate.Get()) : nullptr;
+	}
+	if (bIsParentComponentNative)
+	{
+		UClass* const Parent = InBlueprint ? InBlueprint->ParentClass.Get() : nullptr;
+		return Parent ? Cast<USceneComponent>(Parent->GetDefaultSubobjectByName(ParentComponentOrVariableName))
+					  : nullptr;
+	}
+	for (const UBlueprint* Above = InBlueprint; Above;
+		 Above = UBlueprint::GetBlueprintFromClass(Above->ParentClass.Get()))
+	{
+		const USimpleConstructionScript* const Script = Above->SimpleConstructionScript;
+		const USCS_Node* const Node = Script ? Script->FindSCSNode(ParentComponentOrVariableName) : nullptr;
+		if (Node && Above->GeneratedClass.Get()->GetFName() == ParentComponentOwnerClassName)
+		{
+			return Cast<USceneComponent>(Node->ComponentTemplate.Get());
+		}
+	}
+	return nullptr;
 }
 
 bool USCS_Node::IsChildOf(const USCS_Node* TestParent) const

@@ -60,17 +60,27 @@ void FTTTrackBase::SetTrackName(FName NewTrackName, UTimelineTemplate*)
 void FTTPropertyTrack::SetTrackName(FName NewTrackName, UTimelineTemplate* OwningTimelineTemplate)
 {
 	FTTTrackBase::SetTrackName(NewTrackName, OwningTimelineTemplate);
+	UpdatePropertyName(OwningTimelineTemplate);
+}
+
+void FTTPropertyTrack::UpdatePropertyName(const UTimelineTemplate* OwningTimelineTemplate)
+{
 	const FString Timeline = OwningTimelineTemplate ? OwningTimelineTemplate->GetVariableName().ToString() : FString();
-	// The member that holds the value while the timeline runs: timeline, track and the head of the timeline's guid.
+	// Two timelines may have tracks of one name, and so may a timeline that was removed and made again.
 	const FString Guid = OwningTimelineTemplate ? OwningTimelineTemplate->TimelineGuid.ToString() : FGuid().ToString();
-	PropertyName = FName(FString::Printf(TEXT("%s_%s_%s"), *Timeline, *NewTrackName.ToString(), *Guid));
+	PropertyName = FName(FString::Printf(TEXT("%s_%s_%s"), *Timeline, *TrackName.ToString(), *Guid));
 }
 
 void FTTEventTrack::SetTrackName(FName NewTrackName, UTimelineTemplate* OwningTimelineTemplate)
 {
 	FTTTrackBase::SetTrackName(NewTrackName, OwningTimelineTemplate);
+	UpdateFunctionName(OwningTimelineTemplate);
+}
+
+void FTTEventTrack::UpdateFunctionName(const UTimelineTemplate* OwningTimelineTemplate)
+{
 	const FString Timeline = OwningTimelineTemplate ? OwningTimelineTemplate->GetVariableName().ToString() : FString();
-	FunctionName = FName(FString::Printf(TEXT("%s__%s__EventFunc"), *Timeline, *NewTrackName.ToString()));
+	FunctionName = FName(FString::Printf(TEXT("%s__%s__EventFunc"), *Timeline, *TrackName.ToString()));
 }
 
 void UTimelineTemplate::DescribeClass(FClassDescriber& Class)
@@ -141,4 +151,18 @@ void UTimelineTemplate::UpdateCachedNames()
 	DirectionPropertyName = FName(FString::Printf(TEXT("%s__Direction_%s"), *Name, *TimelineGuid.ToString()));
 	UpdateFunctionName = FName(FString::Printf(TEXT("%s__UpdateFunc"), *Name));
 	FinishedFunctionName = FName(FString::Printf(TEXT("%s__FinishedFunc"), *Name));
+	for (FTTEventTrack& Track : EventTracks)
+	{
+		Track.UpdateFunctionName(this);
+	}
+	const auto Update = [this](auto& Tracks)
+	{
+		for (FTTPropertyTrack& Track : Tracks)
+		{
+			Track.UpdatePropertyName(this);
+		}
+	};
+	Update(FloatTracks);
+	Update(VectorTracks);
+	Update(LinearColorTracks);
 }

@@ -12,11 +12,48 @@
 
 IMPLEMENT_EDITOR_CLASS(UWidgetBlueprint, "/Script/UMGEditor", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UWidgetAnimation, "/Script/UMG", CLASS_None)
+IMPLEMENT_EDITOR_STRUCT(FEditorPropertyPathSegment, "/Script/UMGEditor")
+IMPLEMENT_EDITOR_STRUCT(FEditorPropertyPath, "/Script/UMGEditor")
+IMPLEMENT_EDITOR_STRUCT(FDelegateEditorBinding, "/Script/UMGEditor")
+
+template <>
+UEnum* StaticEnum<EBindingKind>()
+{
+	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("EBindingKind"), TEXT("/Script/UMG"),
+		UEnum::ECppForm::EnumClass, {{TEXT("Function"), 0}, {TEXT("Property"), 1}});
+	return Enum;
+}
+
+void FEditorPropertyPathSegment::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("Struct"), &FEditorPropertyPathSegment::Struct);
+	Struct.Property(TEXT("MemberName"), &FEditorPropertyPathSegment::MemberName);
+	Struct.Property(TEXT("MemberGuid"), &FEditorPropertyPathSegment::MemberGuid);
+	Struct.Property(TEXT("IsProperty"), &FEditorPropertyPathSegment::IsProperty);
+}
+
+void FEditorPropertyPath::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("Segments"), &FEditorPropertyPath::Segments);
+}
+
+void FDelegateEditorBinding::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("ObjectName"), &FDelegateEditorBinding::ObjectName);
+	Struct.Property(TEXT("PropertyName"), &FDelegateEditorBinding::PropertyName);
+	Struct.Property(TEXT("FunctionName"), &FDelegateEditorBinding::FunctionName);
+	Struct.Property(TEXT("SourceProperty"), &FDelegateEditorBinding::SourceProperty);
+	Struct.Property(TEXT("SourcePath"), &FDelegateEditorBinding::SourcePath);
+	Struct.Property(TEXT("MemberGuid"), &FDelegateEditorBinding::MemberGuid);
+	Struct.Property(TEXT("Kind"), &FDelegateEditorBinding::Kind);
+}
 
 void UWidgetBlueprint::DescribeClass(FClassDescriber& Class)
 {
 	Class.Property(TEXT("WidgetTree"), &UWidgetBlueprint::WidgetTree, CPF_InstancedReference);
+	Class.Property(TEXT("Bindings"), &UWidgetBlueprint::Bindings);
 	Class.Property(TEXT("Animations"), &UWidgetBlueprint::Animations);
+	Class.Property(TEXT("WidgetVariableNameToGuidMap"), &UWidgetBlueprint::WidgetVariableNameToGuidMap);
 }
 
 void UWidgetAnimation::DescribeClass(FClassDescriber& Class)
@@ -43,6 +80,88 @@ TArray<UWidget*> UWidgetBlueprint::GetAllSourceWidgets() const
 	TArray<UWidget*> Widgets;
 	ForEachSourceWidget([&Widgets](UWidget* Widget) { Widgets.Add(Widget); });
 	return Widgets;
+}
+
+void UWidgetBlueprint::OnVariableAdded(const FName& VariableName)
+{
+	WidgetVariableNameToGuidMap.FindOrAdd(VariableName) = FGuid::NewGuid();
+}
+
+void UWidgetBlueprint::OnVariableRenamed(const FName& OldName, const FName& NewName)
+{
+	if (const FGuid* const Guid = WidgetVariableNameToGuidMap.Find(OldName))
+	{
+		const FGuid Kept = *Guid;
+		WidgetVariableNameToGuidMap.Remove(OldName);
+		WidgetVariableNameToGuidMap.Add(NewName, Kept);
+	}
+	for (FDelegateEditorBinding& Binding : Bindings)
+	{
+		if (FName(Binding.ObjectName) == OldName)
+		{
+			Binding.ObjectName = NewName.ToString();
+		}
+		if (Binding.SourceProperty == OldName)
+		{
+			Binding.SourceProperty = NewName;
+		}
+		if (!Binding.SourcePath.IsEmpty() && Binding.SourcePath.Segments[0].MemberName == OldName)
+		{
+			Binding.SourcePath.Segments[0].MemberName = NewName;
+		}
+	}
+}
+
+void UWidgetBlueprint::OnVariableRemoved(const FName& VariableName)
+{
+	WidgetVariableNameToGuidMap.Remove(VariableName);
+}
+
+void UWidgetBlueprint::NotifyGraphRenamed(UEdGraph* Graph, FName OldName, FName NewName)
+{
+	Super::NotifyGraphRenamed(Graph, OldName, NewName);
+	for (FDelegateEditorBinding& Binding : Bindings)
+	{
+		if (Binding.FunctionName == OldName)
+		{
+			Binding.FunctionName = NewName;
+		}
+	}
+}
+
+void UWidgetBlueprint::PreSave()
+{
+	Super::PreSave();
+	ConformVariableGuids();
+	DropBindingsOfMissingWidgets();
+}
+
+void UWidgetBlueprint::ConformVariableGuids()
+{
+	// Rebuilt in the order of the tree, so that what is written depends on nothing but what is there.
+	TMap<FName, FGuid> Guids;
+	const auto Keep = [this, &Guids](FName Name)
+	{
+		const FGuid* const Known = WidgetVariableNameToGuidMap.Find(Name);
+		Guids.Add(Name, Known ? *Known : FGuid::NewGuid());
+	};
+	ForEachSourceWidget([&Keep](const UWidget* Widget) { Keep(Widget->GetFName()); });
+	for (const UWidgetAnimation* const Animation : Animations)
+	{
+		if (Animation)
+		{
+			Keep(Animation->GetFName());
+		}
+	}
+	WidgetVariableNameToGuidMap = MoveTemp(Guids);
+}
+
+void UWidgetBlueprint::DropBindingsOfMissingWidgets()
+{
+	// The widget itself is a possible target under the Blueprint's own name.
+	const FString Self = GetName();
+	Bindings.RemoveAll([this, &Self](const FDelegateEditorBinding& Binding)
+		{ return Binding.ObjectName != Self && (!WidgetTree || !WidgetTree->FindWidget(FName(Binding.ObjectName))); });
 }
 
 float UWidgetAnimation::GetStartTime() const
@@ -75,8 +194,7 @@ TArray<FWidgetBlueprintVariable> FWidgetBlueprintVariable::Collect(const UBluepr
 	{
 		if (Animation)
 		{
-			Variables.Add(
-				FWidgetBlueprintVariable{FName(Animation->GetDisplayLabel()), UWidgetAnimation::StaticClass()});
+			Variables.Add(FWidgetBlueprintVariable{Animation->GetFName(), UWidgetAnimation::StaticClass()});
 		}
 	}
 	return Variables;

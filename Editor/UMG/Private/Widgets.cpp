@@ -75,6 +75,16 @@ int32 UPanelWidget::GetChildIndex(const UWidget* Content) const
 		[Content](const TObjectPtr<UPanelSlot>& Child) { return Child && Child->Content.Get() == Content; });
 }
 
+bool UPanelWidget::StandsIn(const UWidget* Content) const
+{
+	const UWidget* Above = this;
+	while (Above && Above != Content)
+	{
+		Above = Above->GetParent();
+	}
+	return Above != nullptr;
+}
+
 UPanelSlot* UPanelWidget::AddChild(UWidget* Content)
 {
 	return InsertChildAt(Slots.Num(), Content);
@@ -82,16 +92,9 @@ UPanelSlot* UPanelWidget::AddChild(UWidget* Content)
 
 UPanelSlot* UPanelWidget::InsertChildAt(int32 Index, UWidget* Content)
 {
-	if (!Content || !CanAddMoreChildren())
+	if (!Content || !CanAddMoreChildren() || StandsIn(Content))
 	{
 		return nullptr;
-	}
-	for (const UWidget* Above = this; Above; Above = Above->GetParent())
-	{
-		if (Above == Content)
-		{
-			return nullptr;
-		}
 	}
 	Content->RemoveFromParent();
 	UPanelSlot* const NewSlot = NewObject<UPanelSlot>(this, GetSlotClass(), NAME_None, RF_Transactional);
@@ -100,6 +103,43 @@ UPanelSlot* UPanelWidget::InsertChildAt(int32 Index, UWidget* Content)
 	Content->Slot = NewSlot;
 	Slots.Insert(NewSlot, FMath::Clamp(Index, 0, Slots.Num()));
 	return NewSlot;
+}
+
+bool UPanelWidget::ReplaceChildAt(int32 Index, UWidget* Content)
+{
+	if (!Slots.IsValidIndex(Index) || !Content || StandsIn(Content))
+	{
+		return false;
+	}
+	UPanelSlot* const Place = Slots[Index];
+	if (Place->Content.Get() == Content)
+	{
+		return true;
+	}
+	Content->RemoveFromParent();
+	if (Place->Content)
+	{
+		Place->Content->Slot = nullptr;
+	}
+	Place->Content = Content;
+	Content->Slot = Place;
+	return true;
+}
+
+bool UPanelWidget::ReplaceChild(UWidget* CurrentChild, UWidget* NewChild)
+{
+	return ReplaceChildAt(GetChildIndex(CurrentChild), NewChild);
+}
+
+void UPanelWidget::ShiftChild(int32 Index, UWidget* Child)
+{
+	const int32 Current = GetChildIndex(Child);
+	if (Current != INDEX_NONE)
+	{
+		UPanelSlot* const Moved = Slots[Current];
+		Slots.RemoveAt(Current);
+		Slots.Insert(Moved, FMath::Clamp(Index, 0, Slots.Num()));
+	}
 }
 
 bool UPanelWidget::RemoveChild(UWidget* Content)
@@ -161,9 +201,52 @@ UClass* UPanelWidget::GetSlotClass() const
 
 UWidget* UWidgetTree::ConstructWidget(const UClass* WidgetClass, FName WidgetName)
 {
-	return WidgetClass && WidgetClass->IsChildOf(UWidget::StaticClass())
-		? NewObject<UWidget>(this, WidgetClass, WidgetName, RF_Transactional)
-		: nullptr;
+	if (!WidgetClass || !WidgetClass->IsChildOf(UWidget::StaticClass())
+		|| WidgetClass->HasAnyClassFlags(CLASS_Abstract))
+	{
+		return nullptr;
+	}
+	FName Name = WidgetName;
+	if (UObject* const Occupant = Name.IsNone() ? nullptr : StaticFindObjectFast(nullptr, this, Name))
+	{
+		// A widget that was taken out of the tree gives its name up; one that stands in it keeps it.
+		const UWidget* const Widget = Cast<UWidget>(Occupant);
+		const FName OtherName = MakeUniqueObjectName(this, WidgetClass, Name);
+		if (Widget && !Contains(*Widget))
+		{
+			Occupant->Rename(*OtherName.ToString(), nullptr);
+		}
+		else
+		{
+			Name = OtherName;
+		}
+	}
+	return NewObject<UWidget>(this, WidgetClass, Name, RF_Transactional);
+}
+
+bool UWidgetTree::Contains(const UWidget& Widget) const
+{
+	const UWidget* Top = &Widget;
+	while (Top->GetParent())
+	{
+		Top = Top->GetParent();
+	}
+	return Top == RootWidget.Get();
+}
+
+void UWidgetTree::PreSave()
+{
+	Super::PreSave();
+	TArray<UObject*> Inner;
+	GetObjectsWithOuter(this, Inner, false);
+	for (UObject* const Object : Inner)
+	{
+		const UWidget* const Widget = Cast<UWidget>(Object);
+		if (Widget && !Contains(*Widget))
+		{
+			Object->MarkAsGarbage();
+		}
+	}
 }
 
 void UWidgetTree::ForEachWidget(TFunctionRef<void(UWidget*)> Visit) const

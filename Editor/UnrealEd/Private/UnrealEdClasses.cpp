@@ -55,6 +55,8 @@ void RegisterUnrealEdClasses()
 	BlueprintClassProvider::FFunctions Functions;
 	Functions.EnsureSkeletonIsUpToDate = &FBlueprintEditorUtils::EnsureSkeletonIsUpToDate;
 	Functions.RegenerateOnLoad = &UnrealEdClasses::RegenerateOnLoad;
+	Functions.RemoveGraph = [](UBlueprint* Blueprint, UEdGraph* Graph)
+	{ FBlueprintEditorUtils::RemoveGraph(Blueprint, Graph); };
 	Functions.MakeNameValidator = &UnrealEdClasses::MakeNameValidator;
 	BlueprintClassProvider::Set(Functions);
 	RegisterBlueprintKinds();

@@ -5,6 +5,7 @@
 
 #include "EdGraph/EdGraph.h"
 #include "Engine/Blueprint.h"
+#include "Engine/BlueprintClassProvider.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "K2Node_Tunnel.h"
@@ -248,7 +249,7 @@ void UEdGraphSchema_K2::MarkFunctionEntryAsEditable(const UEdGraph* CurrentGraph
 {
 	for (UEdGraphNode* const Node : CurrentGraph->Nodes)
 	{
-		if (UK2Node_FunctionTerminator* const End = Cast<UK2Node_FunctionTerminator>(Node))
+		if (UK2Node_EditablePinBase* const End = Cast<UK2Node_EditablePinBase>(Node))
 		{
 			End->Modify();
 			End->bIsEditable = bNewEditable;
@@ -297,25 +298,13 @@ bool UEdGraphSchema_K2::TryDeleteGraph(UEdGraph* GraphToDelete) const
 		return true;
 	}
 	UBlueprint* const Blueprint = GraphToDelete->GetTypedOuter<UBlueprint>();
-	if (!Blueprint)
+	const auto RemoveGraph = BlueprintClassProvider::Get().RemoveGraph;
+	if (!Blueprint || !RemoveGraph)
 	{
 		return false;
 	}
 	Blueprint->Modify();
-	int32 Removed = 0;
-	for (TArray<TObjectPtr<UEdGraph>>* const Graphs : {&Blueprint->UbergraphPages, &Blueprint->FunctionGraphs,
-			 &Blueprint->MacroGraphs, &Blueprint->DelegateSignatureGraphs})
-	{
-		Removed += Graphs->RemoveAll(
-			[GraphToDelete](const TObjectPtr<UEdGraph>& Each) { return Each == GraphToDelete; });
-	}
-	if (Removed == 0)
-	{
-		return false;
-	}
-	Blueprint->bSkeletonIsStale = true;
-	Blueprint->Status = BS_Dirty;
-	GraphToDelete->MarkAsGarbage();
+	RemoveGraph(Blueprint, GraphToDelete);
 	return true;
 }
 

@@ -138,6 +138,8 @@ public:
 	bool ChangeOwnerOfTemplates() { return false; }
 	UTimelineTemplate* FindTimelineTemplateByVariableName(const FName& TimelineName);
 	UActorComponent* FindTemplateByName(const FName& TemplateName) const;
+	/** A graph goes by another name now; kinds of Blueprints that note names of functions follow. */
+	virtual void NotifyGraphRenamed(UEdGraph* Graph, FName OldName, FName NewName) {}
 	bool IsAsset() const override { return true; }
 	void PostLoad() override;
 

@@ -5,6 +5,7 @@
 class INameValidatorInterface;
 class UBlueprint;
 class UClass;
+class UEdGraph;
 
 /**
  * What the lower modules ask of the compiler, which lives above them: the classes of a Blueprint, brought up to date.
@@ -18,6 +19,8 @@ struct FFunctions
 	void (*EnsureSkeletonIsUpToDate)(UBlueprint* Blueprint) = nullptr;
 	/** Builds both classes of a Blueprint that was just read from its package. */
 	void (*RegenerateOnLoad)(UBlueprint* Blueprint) = nullptr;
+	/** Takes a graph out of the Blueprint, with all that depends on it. */
+	void (*RemoveGraph)(UBlueprint* Blueprint, UEdGraph* Graph) = nullptr;
 	/** A judge of names for a member of the Blueprint that has the given name now. */
 	TSharedPtr<INameValidatorInterface> (*MakeNameValidator)(const UBlueprint* Blueprint, FName ExistingName) = nullptr;
 };

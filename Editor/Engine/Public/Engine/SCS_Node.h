@@ -5,6 +5,7 @@
 #include "UObject/Object.h"
 
 class UActorComponent;
+class UBlueprint;
 class UBlueprintGeneratedClass;
 class USimpleConstructionScript;
 
@@ -27,6 +28,10 @@ public:
 	TArray<USCS_Node*> GetAllChildNodes() const;
 	void AddChildNode(USCS_Node* InNode, bool bAddToAllNodes = true);
 	void RemoveChildNode(USCS_Node* InNode, bool bRemoveFromAllNodes = true);
+	/** Takes the children over from another node, in their order. */
+	void MoveChildNodes(USCS_Node* SourceNode, int32 InsertLocation = INDEX_NONE);
+	/** The template that the node's component hangs on: the parent node's, a native one or an inherited one. */
+	class USceneComponent* GetParentComponentTemplate(UBlueprint* InBlueprint) const;
 	bool IsChildOf(const USCS_Node* TestParent) const;
 	bool IsRootNode() const;
 	/** Attaches to a component that is no node: a native one or one of a parent Blueprint. */

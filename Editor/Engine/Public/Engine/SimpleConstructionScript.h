@@ -27,15 +27,27 @@ public:
 	const TArray<TObjectPtr<USCS_Node>>& GetRootNodes() const { return RootNodes; }
 	USCS_Node* FindParentNode(const USCS_Node* InNode) const;
 	USCS_Node* FindSCSNode(FName InName) const;
+	USCS_Node* FindSCSNodeByGuid(const FGuid Guid) const;
+	/** What becomes the actor's root: a native component, one of a parent Blueprint, or the first scene component here;
+	 * null when there is none. OutSCSNode is its node, where it has one. */
+	USceneComponent* GetSceneRootComponentTemplate(
+		bool bShouldUseDefaultRoot = false, USCS_Node** OutSCSNode = nullptr) const;
 	USCS_Node* GetDefaultSceneRootNode() const { return DefaultSceneRootNode; }
 	/** Gives an actor without any scene component its "DefaultSceneRoot", and takes that away when there is another
 	 * root. */
 	void ValidateSceneRootNodes();
 	UBlueprint* GetBlueprint() const;
 	UClass* GetOwnerClass() const;
+	/** The desired name, or one made of the class's, with a number where it is taken. */
 	FName GenerateNewComponentName(const UClass* ComponentClass, FName DesiredName = NAME_None) const;
+	/** Nodes that were removed, and their templates, are not written. */
+	void PreSave() override;
 
 	TArray<TObjectPtr<USCS_Node>> RootNodes;
 	TArray<TObjectPtr<USCS_Node>> AllNodes;
 	TObjectPtr<USCS_Node> DefaultSceneRootNode;
+
+private:
+	USceneComponent* FindOwnSceneRoot(bool bShouldUseDefaultRoot, USCS_Node** OutSCSNode) const;
+	void MoveLeftoverAside(UObject* TemplateOuter, FName TemplateName) const;
 };

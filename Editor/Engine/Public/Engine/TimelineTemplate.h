@@ -24,11 +24,15 @@ protected:
 
 struct FTTPropertyTrack : FTTTrackBase
 {
+	/** The member that holds the track's value while the timeline runs. */
 	FName GetPropertyName() const { return PropertyName; }
 	void SetTrackName(FName NewTrackName, UTimelineTemplate* OwningTimelineTemplate);
 
 protected:
+	void UpdatePropertyName(const UTimelineTemplate* OwningTimelineTemplate);
+
 	FName PropertyName;
+	friend class UTimelineTemplate;
 };
 
 struct FTTEventTrack : FTTTrackBase
@@ -41,7 +45,10 @@ struct FTTEventTrack : FTTTrackBase
 	TObjectPtr<UCurveFloat> CurveKeys;
 
 protected:
+	void UpdateFunctionName(const UTimelineTemplate* OwningTimelineTemplate);
+
 	FName FunctionName;
+	friend class UTimelineTemplate;
 };
 
 struct FTTFloatTrack : FTTPropertyTrack
@@ -90,7 +97,7 @@ public:
 	int32 FindEventTrackIndex(FName EventTrackName) const;
 	int32 FindLinearColorTrackIndex(FName ColorTrackName) const;
 	bool IsNewTrackNameValid(FName NewTrackName) const;
-	/** Sets the names of the function and direction members after the timeline's own. */
+	/** Names what the timeline and its tracks have in the class after the timeline's own name. */
 	void UpdateCachedNames();
 
 	float TimelineLength = 5.0f;

@@ -9,7 +9,8 @@ class UWidgetTree : public UObject
 	EDITOR_CLASS(UWidgetTree, UObject)
 
 public:
-	/** A widget of the class inside the tree, standing nowhere yet. */
+	/** A widget of the class inside the tree, standing nowhere yet. A name that a widget of the tree has gets a number;
+	 * null for an abstract class. */
 	UWidget* ConstructWidget(const UClass* WidgetClass, FName WidgetName = NAME_None);
 	template <class T>
 	T* ConstructWidget(const UClass* WidgetClass = T::StaticClass(), FName WidgetName = NAME_None)
@@ -29,6 +30,11 @@ public:
 	bool RemoveWidget(UWidget* Widget);
 	static UPanelWidget* FindWidgetParent(UWidget* Widget, int32& OutChildIndex);
 	bool IsEmpty() const { return RootWidget == nullptr; }
+	/** What was taken out of the tree and put nowhere else is not written. */
+	void PreSave() override;
 
 	TObjectPtr<UWidget> RootWidget;
+
+private:
+	bool Contains(const UWidget& Widget) const;
 };

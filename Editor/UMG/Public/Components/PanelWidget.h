@@ -21,6 +21,11 @@ public:
 	UPanelSlot* AddChild(UWidget* Content);
 	/** At a place; a place beyond the end means the end. */
 	UPanelSlot* InsertChildAt(int32 Index, UWidget* Content);
+	/** Puts another widget into the slot of a child, whose layout stays. */
+	bool ReplaceChildAt(int32 Index, UWidget* Content);
+	bool ReplaceChild(UWidget* CurrentChild, UWidget* NewChild);
+	/** Moves a child to another place among its siblings; its slot stays. */
+	void ShiftChild(int32 Index, UWidget* Child);
 	bool RemoveChild(UWidget* Content);
 	bool RemoveChildAt(int32 Index);
 	void ClearChildren();
@@ -32,5 +37,8 @@ public:
 	const TArray<TObjectPtr<UPanelSlot>>& GetSlots() const { return Slots; }
 
 private:
+	/** A widget cannot hold a panel that it stands in. */
+	bool StandsIn(const UWidget* Content) const;
+
 	TArray<TObjectPtr<UPanelSlot>> Slots;
 };

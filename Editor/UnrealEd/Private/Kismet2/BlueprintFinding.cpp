@@ -2,6 +2,7 @@
 
 #include "Kismet2/BlueprintEditorUtils.h"
 
+#include "Compiler/BlueprintClassBuilder.h"
 #include "Components/ActorComponent.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
@@ -113,6 +114,34 @@ bool FBlueprintEditorUtils::IsDelegateSignatureGraph(const UEdGraph* Graph)
 	return Blueprint && Blueprint->DelegateSignatureGraphs.Contains(const_cast<UEdGraph*>(Graph));
 }
 
+bool FBlueprintEditorUtils::IsInterfaceGraph(const UEdGraph* Graph)
+{
+	const UBlueprint* const Blueprint = FindBlueprintForGraph(Graph);
+	return Blueprint
+		&& Blueprint->ImplementedInterfaces.ContainsByPredicate(
+			[Graph](const FBPInterfaceDescription& Row) { return Row.Graphs.Contains(const_cast<UEdGraph*>(Graph)); });
+}
+
+UEdGraph* FBlueprintEditorUtils::FindScopeGraph(const UBlueprint* InBlueprint, const UStruct* InScope)
+{
+	if (!InBlueprint || !InScope)
+	{
+		return nullptr;
+	}
+	TArray<UEdGraph*> Graphs;
+	InBlueprint->GetAllGraphs(Graphs);
+	UEdGraph* const* const Found = Graphs.FindByPredicate(
+		[InScope](const UEdGraph* Graph) {
+			return Graph->GetFName() == InScope->GetFName() && GetEntryNode(Graph) && !IsDelegateSignatureGraph(Graph);
+		});
+	return Found ? *Found : nullptr;
+}
+
+FKismetUserDeclaredFunctionMetadata* FBlueprintEditorUtils::GetGraphFunctionMetaData(const UEdGraph* InGraph)
+{
+	return UK2Node_EditablePinBase::GetGraphFunctionMetaData(InGraph);
+}
+
 UEdGraph* FBlueprintEditorUtils::GetDelegateSignatureGraphByName(UBlueprint* Blueprint, FName DelegateName)
 {
 	return Blueprint ? BlueprintFinding::FindByName(Blueprint->DelegateSignatureGraphs, DelegateName) : nullptr;
@@ -121,7 +150,7 @@ UEdGraph* FBlueprintEditorUtils::GetDelegateSignatureGraphByName(UBlueprint* Blu
 UFunction* FBlueprintEditorUtils::GetDelegateSignatureFunctionByName(UBlueprint* Blueprint, FName DelegateName)
 {
 	const UClass* const Class = BlueprintClassProvider::GetSelfClass(Blueprint);
-	return Class ? Class->FindFunctionByName(FName(DelegateName.ToString() + TEXT("__DelegateSignature"))) : nullptr;
+	return Class ? Class->FindFunctionByName(FBlueprintClassBuilder::DelegateSignatureName(DelegateName)) : nullptr;
 }
 
 void FBlueprintEditorUtils::GetDelegateNameList(const UBlueprint* Blueprint, TSet<FName>& DelegatesNames)
@@ -315,7 +344,7 @@ void FBlueprintEditorUtils::GetSCSVariableNameList(const UBlueprint* Blueprint, 
 
 namespace BlueprintFinding
 {
-/** "Name" where the base has a number behind it already, else the base. */
+/** Any object of the Blueprint counts: graphs and what else it holds are found by name. */
 bool IsNameTaken(FName Name, const TSet<FName>& Taken, const UBlueprint& Blueprint)
 {
 	return Taken.Contains(Name) || StaticFindObjectFast(nullptr, &Blueprint, Name) != nullptr;

@@ -6,10 +6,9 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/BlueprintClassProvider.h"
-#include "K2Node_CustomEvent.h"
 #include "K2Node_FunctionEntry.h"
+#include "K2Node_Timeline.h"
 #include "K2Node_Variable.h"
-#include "UObject/UObjectIterator.h"
 
 void FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(UBlueprint* Blueprint)
 {
@@ -71,19 +70,6 @@ void FBlueprintEditorUtils::RefreshVariables(UBlueprint* Blueprint)
 	}
 }
 
-void FBlueprintEditorUtils::GetDependentBlueprints(UBlueprint* Blueprint, TArray<UBlueprint*>& DependentBlueprints)
-{
-	const UClass* const Class = Blueprint->GeneratedClass.Get();
-	for (TObjectIterator<UBlueprint> It; It; ++It)
-	{
-		const UClass* const Parent = It->ParentClass.Get();
-		if (*It != Blueprint && Class && Parent && Parent->IsChildOf(Class))
-		{
-			DependentBlueprints.AddUnique(*It);
-		}
-	}
-}
-
 UEdGraph* FBlueprintEditorUtils::CreateNewGraph(UObject* ParentScope, const FName& GraphName,
 	TSubclassOf<UEdGraph> GraphClass, TSubclassOf<UEdGraphSchema> SchemaClass)
 {
@@ -98,26 +84,34 @@ UEdGraph* FBlueprintEditorUtils::CreateNewGraph(UObject* ParentScope, const FNam
 
 namespace GraphEditing
 {
-void FinishFunctionGraph(UBlueprint& Blueprint, UEdGraph& Graph, const UEdGraphSchema_K2& Schema, bool bIsUserCreated)
-{
-	if (bIsUserCreated)
-	{
-		int32 Flags = FUNC_BlueprintCallable | FUNC_BlueprintEvent | FUNC_Public;
-		if (Blueprint.BlueprintType == BPTYPE_FunctionLibrary)
-		{
-			Flags |= FUNC_Static;
-		}
-		Schema.AddExtraFunctionFlags(&Graph, Flags);
-		Schema.MarkFunctionEntryAsEditable(&Graph, true);
-	}
-	Blueprint.FunctionGraphs.Add(&Graph);
-	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
-}
-
 const UEdGraphSchema_K2& SchemaOf(const UEdGraph& Graph)
 {
 	const UEdGraphSchema_K2* const Schema = Cast<UEdGraphSchema_K2>(Graph.GetSchema());
 	return Schema ? *Schema : *GetDefault<UEdGraphSchema_K2>();
+}
+
+template <class TSignature>
+void AddFunctionGraph(UBlueprint& Blueprint, UEdGraph& Graph, bool bIsUserCreated, TSignature* Signature)
+{
+	const UEdGraphSchema_K2& Schema = SchemaOf(Graph);
+	if (Signature)
+	{
+		Schema.CreateFunctionGraphTerminators(Graph, Signature);
+	}
+	else
+	{
+		Schema.CreateDefaultNodesForGraph(Graph);
+	}
+	if (bIsUserCreated)
+	{
+		const bool bLibrary = Blueprint.BlueprintType == BPTYPE_FunctionLibrary;
+		const int32 Flags = FUNC_BlueprintCallable | FUNC_BlueprintEvent | FUNC_Public;
+		Schema.AddExtraFunctionFlags(&Graph, bLibrary ? Flags | FUNC_Static : Flags);
+		Schema.MarkFunctionEntryAsEditable(&Graph, true);
+	}
+	Blueprint.FunctionGraphs.Add(&Graph);
+	FBlueprintEditorUtils::ValidateBlueprintChildVariables(&Blueprint, Graph.GetFName());
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
 }
 } // namespace GraphEditing
 
@@ -137,31 +131,19 @@ void FBlueprintEditorUtils::CreateFunctionGraphTerminators(UEdGraph* Graph, UCla
 void FBlueprintEditorUtils::AddFunctionGraphFromClass(
 	UBlueprint* Blueprint, UEdGraph* Graph, bool bIsUserCreated, UClass* Signature)
 {
-	const UEdGraphSchema_K2& Schema = GraphEditing::SchemaOf(*Graph);
-	if (Signature)
-	{
-		Schema.CreateFunctionGraphTerminators(*Graph, Signature);
-	}
-	else
-	{
-		Schema.CreateDefaultNodesForGraph(*Graph);
-	}
-	GraphEditing::FinishFunctionGraph(*Blueprint, *Graph, Schema, bIsUserCreated);
+	GraphEditing::AddFunctionGraph(*Blueprint, *Graph, bIsUserCreated, Signature);
 }
 
 void FBlueprintEditorUtils::AddFunctionGraphFromFunction(
 	UBlueprint* Blueprint, UEdGraph* Graph, bool bIsUserCreated, const UFunction* Signature)
 {
-	const UEdGraphSchema_K2& Schema = GraphEditing::SchemaOf(*Graph);
-	if (Signature)
-	{
-		Schema.CreateFunctionGraphTerminators(*Graph, Signature);
-	}
-	else
-	{
-		Schema.CreateDefaultNodesForGraph(*Graph);
-	}
-	GraphEditing::FinishFunctionGraph(*Blueprint, *Graph, Schema, bIsUserCreated);
+	GraphEditing::AddFunctionGraph(*Blueprint, *Graph, bIsUserCreated, Signature);
+}
+
+void FBlueprintEditorUtils::AddInterfaceGraph(UBlueprint* Blueprint, UEdGraph* Graph, UClass* InterfaceClass)
+{
+	GraphEditing::SchemaOf(*Graph).CreateFunctionGraphTerminators(*Graph, InterfaceClass);
+	MarkBlueprintAsStructurallyModified(Blueprint);
 }
 
 void FBlueprintEditorUtils::AddUbergraphPage(UBlueprint* Blueprint, UEdGraph* Graph)
@@ -180,8 +162,47 @@ void FBlueprintEditorUtils::AddMacroGraph(
 		Schema.MarkFunctionEntryAsEditable(Graph, true);
 	}
 	Blueprint->MacroGraphs.Add(Graph);
+	ValidateBlueprintChildVariables(Blueprint, Graph->GetFName());
 	MarkBlueprintAsStructurallyModified(Blueprint);
 }
+
+namespace GraphEditing
+{
+/** Links that leave the graph and timelines that are shown in it do not outlive it. */
+void EmptyGraph(UEdGraph& Graph)
+{
+	TArray<UEdGraph*> Graphs = {&Graph};
+	Graph.GetAllChildrenGraphs(Graphs);
+	for (UEdGraph* const Each : Graphs)
+	{
+		const TArray<TObjectPtr<UEdGraphNode>> Nodes = Each->Nodes;
+		for (UEdGraphNode* const Node : Nodes)
+		{
+			if (Node->IsA<UK2Node_Timeline>())
+			{
+				Node->DestroyNode();
+			}
+			else
+			{
+				Node->BreakAllNodeLinks();
+			}
+		}
+	}
+}
+
+void TakeOutOfLists(UBlueprint& Blueprint, UEdGraph* Graph)
+{
+	for (TArray<TObjectPtr<UEdGraph>>* const List : {&Blueprint.DelegateSignatureGraphs, &Blueprint.FunctionGraphs,
+			 &Blueprint.UbergraphPages, &Blueprint.MacroGraphs, &Blueprint.EventGraphs})
+	{
+		List->Remove(Graph);
+	}
+	for (FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
+	{
+		Interface.Graphs.Remove(Graph);
+	}
+}
+} // namespace GraphEditing
 
 void FBlueprintEditorUtils::RemoveGraph(UBlueprint* Blueprint, UEdGraph* GraphToRemove, EGraphRemoveFlags::Type Flags)
 {
@@ -190,25 +211,12 @@ void FBlueprintEditorUtils::RemoveGraph(UBlueprint* Blueprint, UEdGraph* GraphTo
 		return;
 	}
 	GraphToRemove->Modify();
-	const TArray<TObjectPtr<UEdGraphNode>> Nodes = GraphToRemove->Nodes;
-	for (UEdGraphNode* const Node : Nodes)
-	{
-		Node->BreakAllNodeLinks();
-	}
-	const TObjectPtr<UEdGraph> Graph = GraphToRemove;
+	GraphEditing::EmptyGraph(*GraphToRemove);
 	if (UEdGraph* const Parent = GraphToRemove->GetParentGraph())
 	{
-		Parent->SubGraphs.Remove(Graph);
+		Parent->SubGraphs.Remove(GraphToRemove);
 	}
-	Blueprint->DelegateSignatureGraphs.Remove(Graph);
-	Blueprint->FunctionGraphs.Remove(Graph);
-	Blueprint->UbergraphPages.Remove(Graph);
-	Blueprint->MacroGraphs.Remove(Graph);
-	Blueprint->EventGraphs.Remove(Graph);
-	for (FBPInterfaceDescription& Interface : Blueprint->ImplementedInterfaces)
-	{
-		Interface.Graphs.Remove(Graph);
-	}
+	GraphEditing::TakeOutOfLists(*Blueprint, GraphToRemove);
 	GraphToRemove->MarkAsGarbage();
 	if (Flags & EGraphRemoveFlags::Recompile)
 	{
@@ -228,20 +236,18 @@ void FBlueprintEditorUtils::RemoveGraphs(UBlueprint* Blueprint, const TArray<UEd
 void FBlueprintEditorUtils::RenameGraph(UEdGraph* Graph, const FString& NewNameStr)
 {
 	UBlueprint* const Blueprint = FindBlueprintForGraph(Graph);
-	const FName OldName = Graph->GetFName();
-	if (!Blueprint || NewNameStr.Equals(Graph->GetName()) || !Graph->Rename(*NewNameStr, nullptr))
+	if (!Blueprint || NewNameStr.Equals(Graph->GetName(), ESearchCase::CaseSensitive))
 	{
 		return;
 	}
-	const FName NewName(NewNameStr);
-	for (UEdGraphNode* const Node : Graph->Nodes)
+	const FName OldName = Graph->GetFName();
+	Graph->Modify();
+	if (!Graph->Rename(*NewNameStr, nullptr))
 	{
-		UK2Node_FunctionTerminator* const End = Cast<UK2Node_FunctionTerminator>(Node);
-		if (End && End->FunctionReference.GetMemberName() == OldName)
-		{
-			End->FunctionReference.SetMemberName(NewName);
-		}
+		return;
 	}
+	ReplaceFunctionReferences(Blueprint, OldName, Graph->GetFName());
+	ValidateBlueprintChildVariables(Blueprint, Graph->GetFName());
 	MarkBlueprintAsStructurallyModified(Blueprint);
 }
 
@@ -253,6 +259,11 @@ void FBlueprintEditorUtils::RemoveNode(UBlueprint* Blueprint, UEdGraphNode* Node
 	}
 	const UK2Node* const K2Node = Cast<UK2Node>(Node);
 	const bool bStructural = K2Node && K2Node->NodeCausesStructuralBlueprintChange();
+	Node->Modify();
+	if (const UEdGraphSchema* const Schema = Node->GetSchema())
+	{
+		Schema->BreakNodeLinks(*Node);
+	}
 	Node->DestroyNode();
 	if (bDontRecompile)
 	{

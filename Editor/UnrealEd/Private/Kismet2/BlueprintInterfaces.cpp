@@ -6,7 +6,7 @@
 #include "EdGraphSchema_K2.h"
 #include "K2Node_Event.h"
 #include "K2Node_FunctionEntry.h"
-#include "K2Node_FunctionResult.h"
+#include "Kismet2/BlueprintEvents.h"
 #include "Kismet2/KismetEditorUtilities.h"
 
 namespace BlueprintInterfaces
@@ -31,36 +31,79 @@ UEdGraph* FindGraph(const FBPInterfaceDescription& Interface, FName Name)
 	return nullptr;
 }
 
-/** Functions that are no events have a graph each, which an author fills and cannot remove. */
+/** Functions that are no events have a graph each; an author fills it and cannot remove it. */
+bool NeedsGraph(const UFunction& Function)
+{
+	return UEdGraphSchema_K2::CanKismetOverrideFunction(&Function)
+		&& !UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(&Function);
+}
+
 void AddMissingGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
 {
-	for (TFieldIterator<UFunction> It(Interface.Interface.Get(), EFieldIteratorFlags::IncludeSuper); It; ++It)
+	UClass* const Class = Interface.Interface.Get();
+	for (TFieldIterator<UFunction> It(Class, EFieldIteratorFlags::IncludeSuper); It; ++It)
 	{
 		const UFunction* const Function = *It;
-		if (!UEdGraphSchema_K2::CanKismetOverrideFunction(Function)
-			|| UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(Function) || FindGraph(Interface, Function->GetFName()))
+		if (!NeedsGraph(*Function) || FindGraph(Interface, Function->GetFName()))
 		{
 			continue;
 		}
 		UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(
 			&Blueprint, Function->GetFName(), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
 		Graph->bAllowDeletion = false;
-		Graph->InterfaceGuid = Graph->GraphGuid;
-		GetDefault<UEdGraphSchema_K2>()->CreateFunctionGraphTerminators(*Graph, Interface.Interface.Get());
+		Graph->InterfaceGuid = FBlueprintEditorUtils::FindInterfaceFunctionGuid(Function, Class);
 		Interface.Graphs.Add(Graph);
+		FBlueprintEditorUtils::AddInterfaceGraph(&Blueprint, Graph, Class);
 	}
 }
 
-void DropUnknownGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
+const UFunction* FindByGuid(const UClass* Interface, const FGuid& Guid)
 {
+	for (TFieldIterator<UFunction> It(Interface, EFieldIteratorFlags::IncludeSuper); It && Guid.IsValid(); ++It)
+	{
+		if (FBlueprintEditorUtils::FindInterfaceFunctionGuid(*It, Interface) == Guid)
+		{
+			return *It;
+		}
+	}
+	return nullptr;
+}
+
+/** A graph whose function goes by another name in the interface follows it; one whose function is gone goes too. */
+void ConformGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
+{
+	UClass* const Class = Interface.Interface.Get();
 	const TArray<TObjectPtr<UEdGraph>> Graphs = Interface.Graphs;
 	for (UEdGraph* const Graph : Graphs)
 	{
-		if (Graph && !Interface.Interface.Get()->FindFunctionByName(Graph->GetFName()))
+		if (!Graph || Class->FindFunctionByName(Graph->GetFName()))
+		{
+			continue;
+		}
+		if (const UFunction* const Renamed = FindByGuid(Class, Graph->InterfaceGuid))
+		{
+			FBlueprintEditorUtils::RenameGraph(Graph, Renamed->GetName());
+		}
+		else
 		{
 			FBlueprintEditorUtils::RemoveGraph(&Blueprint, Graph, EGraphRemoveFlags::MarkTransient);
 		}
 	}
+}
+
+/** What the Blueprint has under the name of a function that needs a graph; null when the name is free. */
+const UObject* FindConflict(const UBlueprint& Blueprint, const UClass& Interface)
+{
+	for (TFieldIterator<UFunction> It(&Interface, EFieldIteratorFlags::IncludeSuper); It; ++It)
+	{
+		const UObject* const Occupant = NeedsGraph(**It) ? StaticFindObjectFast(nullptr, &Blueprint, It->GetFName())
+														 : nullptr;
+		if (Occupant)
+		{
+			return Occupant;
+		}
+	}
+	return nullptr;
 }
 
 int32 FindIndex(const UBlueprint& Blueprint, const UClass* Interface)
@@ -69,23 +112,22 @@ int32 FindIndex(const UBlueprint& Blueprint, const UClass* Interface)
 		[Interface](const FBPInterfaceDescription& Row) { return Row.Interface.Get() == Interface; });
 }
 
-/** A graph or event of the interface becomes the Blueprint's own function. */
-void Preserve(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
+/** The graphs of the interface become functions of the Blueprint's own. */
+void PreserveGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
 {
 	const TArray<TObjectPtr<UEdGraph>> Graphs = MoveTemp(Interface.Graphs);
 	Interface.Graphs.Empty();
 	for (UEdGraph* const Graph : Graphs)
 	{
-		UK2Node_FunctionEntry* Entry = nullptr;
-		UK2Node_FunctionResult* Result = nullptr;
-		FBlueprintEditorUtils::GetEntryAndResultNodes(Graph, Entry, Result);
-		if (Entry)
+		TArray<UK2Node_FunctionTerminator*> Ends;
+		Graph->GetNodesOfClass(Ends);
+		for (UK2Node_FunctionTerminator* const End : Ends)
 		{
-			Entry->PromoteFromInterfaceOverride();
+			End->PromoteFromInterfaceOverride();
 		}
-		if (Result)
+		if (UK2Node_FunctionEntry* const Entry = FBlueprintEditorUtils::GetEntryNode(Graph))
 		{
-			Result->PromoteFromInterfaceOverride();
+			Entry->AddExtraFlags(FUNC_BlueprintCallable | FUNC_BlueprintEvent | FUNC_Public);
 		}
 		Graph->bAllowDeletion = true;
 		Graph->InterfaceGuid.Invalidate();
@@ -93,19 +135,31 @@ void Preserve(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
 	}
 }
 
-void RemoveEvents(UBlueprint& Blueprint, const UClass& Interface)
+TArray<UK2Node_Event*> FindEvents(const UBlueprint& Blueprint, const UClass& Interface)
 {
 	TArray<UK2Node_Event*> Events;
 	FBlueprintEditorUtils::GetAllNodesOfClass(&Blueprint, Events);
-	for (UK2Node_Event* const Event : Events)
-	{
-		if (Event->EventReference.GetMemberParentClass() == &Interface)
-		{
-			Event->DestroyNode();
-		}
-	}
+	Events.RemoveAll([&Interface](const UK2Node_Event* Event)
+		{ return Event->EventReference.GetMemberParentClass() != &Interface; });
+	return Events;
 }
 } // namespace BlueprintInterfaces
+
+FGuid FBlueprintEditorUtils::FindInterfaceFunctionGuid(const UFunction* Function, const UClass* InterfaceClass)
+{
+	for (const UBlueprint* Blueprint = UBlueprint::GetBlueprintFromClass(InterfaceClass); Blueprint;
+		 Blueprint = UBlueprint::GetBlueprintFromClass(Blueprint->ParentClass.Get()))
+	{
+		for (const UEdGraph* const Graph : Blueprint->FunctionGraphs)
+		{
+			if (Graph->GetFName() == Function->GetFName())
+			{
+				return Graph->GraphGuid;
+			}
+		}
+	}
+	return FGuid();
+}
 
 bool FBlueprintEditorUtils::ImplementNewInterface(UBlueprint* Blueprint, FTopLevelAssetPath InterfaceClassPathName)
 {
@@ -120,16 +174,9 @@ bool FBlueprintEditorUtils::ImplementNewInterface(UBlueprint* Blueprint, FTopLev
 	{
 		return false;
 	}
-	// A function of the same name would be two things at once.
-	for (TFieldIterator<UFunction> It(Class, EFieldIteratorFlags::IncludeSuper); It; ++It)
+	if (BlueprintInterfaces::FindConflict(*Blueprint, *Class))
 	{
-		for (const UEdGraph* const Graph : Blueprint->FunctionGraphs)
-		{
-			if (Graph && Graph->GetFName() == It->GetFName())
-			{
-				return false;
-			}
-		}
+		return false;
 	}
 	Blueprint->Modify();
 	FBPInterfaceDescription Interface;
@@ -156,9 +203,10 @@ void FBlueprintEditorUtils::RemoveInterface(
 		return;
 	}
 	Blueprint->Modify();
+	const TArray<UK2Node_Event*> Events = BlueprintInterfaces::FindEvents(*Blueprint, *Class);
 	if (bPreserveFunctions)
 	{
-		BlueprintInterfaces::Preserve(*Blueprint, Blueprint->ImplementedInterfaces[Index]);
+		BlueprintInterfaces::PreserveGraphs(*Blueprint, Blueprint->ImplementedInterfaces[Index]);
 	}
 	const TArray<TObjectPtr<UEdGraph>> Graphs = Blueprint->ImplementedInterfaces[Index].Graphs;
 	Blueprint->ImplementedInterfaces.RemoveAt(Index);
@@ -166,7 +214,17 @@ void FBlueprintEditorUtils::RemoveInterface(
 	{
 		RemoveGraph(Blueprint, Graph, EGraphRemoveFlags::MarkTransient);
 	}
-	BlueprintInterfaces::RemoveEvents(*Blueprint, *Class);
+	for (UK2Node_Event* const Event : Events)
+	{
+		if (bPreserveFunctions)
+		{
+			BlueprintEvents::ReplaceWithCustomEvent(*Blueprint, *Event);
+		}
+		else
+		{
+			RemoveNode(Blueprint, Event, true);
+		}
+	}
 	MarkBlueprintAsStructurallyModified(Blueprint);
 }
 
@@ -186,34 +244,24 @@ void FBlueprintEditorUtils::RemoveInterface(
 
 void FBlueprintEditorUtils::ConformImplementedInterfaces(UBlueprint* Blueprint)
 {
-	int32 GraphCount = 0;
-	const auto CountGraphs = [Blueprint]
-	{
-		int32 Count = 0;
-		for (const FBPInterfaceDescription& Interface : Blueprint->ImplementedInterfaces)
-		{
-			Count += Interface.Graphs.Num();
-		}
-		return Count;
-	};
-	GraphCount = CountGraphs();
 	for (int32 Index = Blueprint->ImplementedInterfaces.Num() - 1; Index >= 0; --Index)
 	{
 		FBPInterfaceDescription& Interface = Blueprint->ImplementedInterfaces[Index];
 		if (!Interface.Interface.Get())
 		{
 			// The interface is gone: what was written for it stays as functions.
-			BlueprintInterfaces::Preserve(*Blueprint, Interface);
+			BlueprintInterfaces::PreserveGraphs(*Blueprint, Interface);
 			Blueprint->ImplementedInterfaces.RemoveAt(Index);
 			MarkBlueprintAsStructurallyModified(Blueprint);
 			continue;
 		}
+		const TArray<TObjectPtr<UEdGraph>> Before = Interface.Graphs;
+		BlueprintInterfaces::ConformGraphs(*Blueprint, Interface);
 		BlueprintInterfaces::AddMissingGraphs(*Blueprint, Interface);
-		BlueprintInterfaces::DropUnknownGraphs(*Blueprint, Interface);
-	}
-	if (GraphCount != CountGraphs())
-	{
-		MarkBlueprintAsStructurallyModified(Blueprint);
+		if (Before != Interface.Graphs)
+		{
+			MarkBlueprintAsStructurallyModified(Blueprint);
+		}
 	}
 }
 

@@ -5,6 +5,7 @@
 #include "Engine/BlueprintGeneratedClass.h"
 #include "Engine/TimelineTemplate.h"
 #include "K2Node_Timeline.h"
+#include "Kismet2/Kismet2NameValidators.h"
 
 UTimelineTemplate* FBlueprintEditorUtils::AddNewTimeline(UBlueprint* Blueprint, const FName& TimelineVarName)
 {
@@ -23,16 +24,19 @@ UTimelineTemplate* FBlueprintEditorUtils::AddNewTimeline(UBlueprint* Blueprint, 
 	Timeline->TimelineGuid = FGuid::NewGuid();
 	Timeline->UpdateCachedNames();
 	Blueprint->Timelines.Add(Timeline);
+	ValidateBlueprintChildVariables(Blueprint, TimelineVarName);
 	MarkBlueprintAsStructurallyModified(Blueprint);
 	return Timeline;
 }
 
 void FBlueprintEditorUtils::RemoveTimeline(UBlueprint* Blueprint, UTimelineTemplate* Timeline, bool bDontRecompile)
 {
-	if (!Timeline || Blueprint->Timelines.Remove(Timeline) == 0)
+	if (!Timeline || !Blueprint->Timelines.Contains(Timeline))
 	{
 		return;
 	}
+	Blueprint->Modify();
+	Blueprint->Timelines.Remove(Timeline);
 	Timeline->MarkAsGarbage();
 	if (!bDontRecompile)
 	{
@@ -42,17 +46,26 @@ void FBlueprintEditorUtils::RemoveTimeline(UBlueprint* Blueprint, UTimelineTempl
 
 bool FBlueprintEditorUtils::RenameTimeline(UBlueprint* Blueprint, const FName OldVarName, const FName NewVarName)
 {
-	UTimelineTemplate* const Timeline = Blueprint->FindTimelineTemplateByVariableName(OldVarName);
-	const FString TemplateName = UTimelineTemplate::TimelineVariableNameToTemplateName(NewVarName);
-	if (!Timeline || Blueprint->FindTimelineTemplateByVariableName(NewVarName) || !Timeline->Rename(*TemplateName))
+	const FName OldName = OldVarName;
+	UTimelineTemplate* const Timeline = Blueprint->FindTimelineTemplateByVariableName(OldName);
+	if (!Timeline || FKismetNameValidator(Blueprint, OldName).IsValid(NewVarName) != EValidatorResult::Ok)
 	{
 		return false;
 	}
-	if (UK2Node_Timeline* const Node = FindNodeForTimeline(Blueprint, Timeline))
+	UK2Node_Timeline* const Node = FindNodeForTimeline(Blueprint, Timeline);
+	Blueprint->Modify();
+	if (!Timeline->Rename(*UTimelineTemplate::TimelineVariableNameToTemplateName(NewVarName)))
 	{
+		return false;
+	}
+	if (Node)
+	{
+		Node->Modify();
 		Node->TimelineName = NewVarName;
 	}
 	Timeline->UpdateCachedNames();
+	ValidateBlueprintChildVariables(Blueprint, NewVarName);
+	ReplaceVariableReferences(Blueprint, OldName, NewVarName);
 	MarkBlueprintAsStructurallyModified(Blueprint);
 	return true;
 }

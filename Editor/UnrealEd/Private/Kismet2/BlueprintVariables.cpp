@@ -1,66 +1,79 @@
-// Variables of Blueprints: adding, removing, renaming, flags and metadata.
+// Member variables of Blueprints: adding, removing, renaming, other types.
 
 #include "Kismet2/BlueprintEditorUtils.h"
 
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/BlueprintClassProvider.h"
+#include "Engine/SCS_Node.h"
+#include "Engine/SimpleConstructionScript.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_Variable.h"
-#include "K2Node_VariableGet.h"
+#include "Kismet2/Kismet2NameValidators.h"
+#include "Kismet2/VariableDescriptions.h"
 
 namespace BlueprintVariables
 {
-/** What a new variable has until an author says otherwise: editable on the class alone. */
-constexpr uint64 NewVariableFlags = CPF_Edit | CPF_BlueprintVisible | CPF_DisableEditOnInstance;
-
-FBPVariableDescription Describe(FName Name, const FEdGraphPinType& Type, const FString& DefaultValue)
+bool IsDispatcher(const FBPVariableDescription& Variable)
 {
-	FBPVariableDescription Variable;
-	Variable.VarName = Name;
-	Variable.VarGuid = FGuid::NewGuid();
-	Variable.VarType = Type;
-	Variable.FriendlyName = FName::NameToDisplayString(
-		Name.ToString(), Type.PinCategory == UEdGraphSchema_K2::PC_Boolean);
-	Variable.DefaultValue = DefaultValue;
-	Variable.Category = UEdGraphSchema_K2::VR_DefaultCategory;
-	Variable.PropertyFlags = NewVariableFlags;
-	if (Type.PinCategory == UEdGraphSchema_K2::PC_MCDelegate)
-	{
-		Variable.PropertyFlags |= CPF_BlueprintAssignable | CPF_BlueprintCallable;
-	}
-	return Variable;
+	return Variable.VarType.PinCategory == UEdGraphSchema_K2::PC_MCDelegate;
 }
 
-FBPVariableDescription* Find(UBlueprint* Blueprint, FName Name)
+/** A value that was set on the class default object alone goes into the description, which outlives a change of the
+ * class. */
+void KeepDefault(UBlueprint& Blueprint, FBPVariableDescription& Variable)
 {
-	const int32 Index = FBlueprintEditorUtils::FindNewVariableIndex(Blueprint, Name);
-	return Index == INDEX_NONE ? nullptr : &Blueprint->NewVariables[Index];
+	UClass* const Class = BlueprintClassProvider::GetSelfClass(&Blueprint);
+	const FProperty* const Property = Class ? Class->FindPropertyByName(Variable.VarName) : nullptr;
+	if (!Property || Property->GetOwnerClass() != Class || BlueprintVariables::IsDispatcher(Variable))
+	{
+		return;
+	}
+	UObject* const Default = Class->GetDefaultObject();
+	const uint8* const Value = Property->ContainerPtrToValuePtr<uint8>(Default);
+	TArray<uint8> Untouched;
+	Untouched.SetNumZeroed(Property->GetElementSize());
+	Property->InitializeValue(Untouched.GetData());
+	if (!Property->Identical(Value, Untouched.GetData()))
+	{
+		Variable.DefaultValue.Empty();
+		Property->ExportTextItem_Direct(Variable.DefaultValue, Value, nullptr, Default, PPF_None);
+	}
+	Property->DestroyValue(Untouched.GetData());
 }
 
-FBPVariableDescription* Find(UBlueprint* Blueprint, FName Name, const UStruct* LocalScope)
+/** Gets and sets of a member, wherever they are. */
+TArray<UK2Node_Variable*> FindNodes(UBlueprint* Blueprint, FName Name)
 {
-	if (!LocalScope)
+	TArray<UBlueprint*> Users;
+	FBlueprintEditorUtils::GetDependentBlueprints(Blueprint, Users);
+	Users.Insert(Blueprint, 0);
+	TArray<UK2Node_Variable*> Found;
+	for (const UBlueprint* const User : Users)
 	{
-		return Find(Blueprint, Name);
-	}
-	for (UEdGraph* const Graph : Blueprint->FunctionGraphs)
-	{
-		if (Graph && Graph->GetFName() == LocalScope->GetFName())
+		TArray<UK2Node_Variable*> Nodes;
+		FBlueprintEditorUtils::GetAllNodesOfClass(User, Nodes);
+		for (UK2Node_Variable* const Node : Nodes)
 		{
-			return FBlueprintEditorUtils::FindLocalVariable(Blueprint, Graph, Name);
+			const UClass* const Source = Node->VariableReference.GetMemberParentClass(User->GeneratedClass.Get());
+			if (Node->ReferencesVariable(Name, nullptr) && Source && Source->IsChildOf(Blueprint->GeneratedClass.Get()))
+			{
+				Found.Add(Node);
+			}
 		}
 	}
-	return nullptr;
+	return Found;
 }
 
-void SetFlag(UBlueprint* Blueprint, FName Name, uint64 Flag, bool bSet)
+/** The index of a member that can have the new name, or none. */
+int32 FindRenamable(UBlueprint* Blueprint, FName OldName, FName NewName)
 {
-	if (FBPVariableDescription* const Variable = Find(Blueprint, Name))
+	const int32 Index = FBlueprintEditorUtils::FindNewVariableIndex(Blueprint, OldName);
+	if (Index == INDEX_NONE || NewName.IsNone() || OldName.IsEqual(NewName, ENameCase::CaseSensitive))
 	{
-		Variable->PropertyFlags = bSet ? Variable->PropertyFlags | Flag : Variable->PropertyFlags & ~Flag;
-		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
+		return INDEX_NONE;
 	}
+	return FKismetNameValidator(Blueprint, OldName).IsValid(NewName) == EValidatorResult::Ok ? Index : INDEX_NONE;
 }
 } // namespace BlueprintVariables
 
@@ -79,7 +92,8 @@ bool FBlueprintEditorUtils::AddMemberVariable(
 		return false;
 	}
 	Blueprint->Modify();
-	Blueprint->NewVariables.Add(BlueprintVariables::Describe(NewVarName, NewVarType, DefaultValue));
+	Blueprint->NewVariables.Add(VariableDescriptions::Make(*Blueprint, NewVarName, NewVarType, DefaultValue));
+	ValidateBlueprintChildVariables(Blueprint, NewVarName);
 	MarkBlueprintAsStructurallyModified(Blueprint);
 	return true;
 }
@@ -91,17 +105,11 @@ void FBlueprintEditorUtils::RemoveMemberVariable(UBlueprint* Blueprint, const FN
 	{
 		return;
 	}
-	const bool bDispatcher = Blueprint->NewVariables[Index].VarType.PinCategory == UEdGraphSchema_K2::PC_MCDelegate;
+	Blueprint->Modify();
+	const bool bDispatcher = BlueprintVariables::IsDispatcher(Blueprint->NewVariables[Index]);
 	Blueprint->NewVariables.RemoveAt(Index);
-	TArray<UK2Node_Variable*> Nodes;
-	GetAllNodesOfClass(Blueprint, Nodes);
-	for (UK2Node_Variable* const Node : Nodes)
-	{
-		if (Node->GetVarName() == VarName && Node->VariableReference.IsSelfContext())
-		{
-			Node->DestroyNode();
-		}
-	}
+	RemoveVariableNodes(Blueprint, VarName);
+	// A dispatcher is a variable and a signature, and half of one is of no use.
 	if (UEdGraph* const Signature = bDispatcher ? GetDelegateSignatureGraphByName(Blueprint, VarName) : nullptr)
 	{
 		RemoveGraph(Blueprint, Signature, EGraphRemoveFlags::MarkTransient);
@@ -109,103 +117,110 @@ void FBlueprintEditorUtils::RemoveMemberVariable(UBlueprint* Blueprint, const FN
 	MarkBlueprintAsStructurallyModified(Blueprint);
 }
 
+void FBlueprintEditorUtils::BulkRemoveMemberVariables(UBlueprint* Blueprint, const TArray<FName>& VarNames)
+{
+	for (const FName Name : VarNames)
+	{
+		RemoveMemberVariable(Blueprint, Name);
+	}
+}
+
 void FBlueprintEditorUtils::RenameMemberVariable(UBlueprint* Blueprint, const FName OldName, const FName NewName)
 {
-	FBPVariableDescription* const Variable = BlueprintVariables::Find(Blueprint, OldName);
-	if (!Variable || NewName.IsNone() || OldName.IsEqual(NewName, ENameCase::CaseSensitive))
+	const int32 Index = BlueprintVariables::FindRenamable(Blueprint, OldName, NewName);
+	if (Index == INDEX_NONE)
 	{
 		return;
 	}
-	Variable->VarName = NewName;
-	Variable->FriendlyName = FName::NameToDisplayString(
-		NewName.ToString(), Variable->VarType.PinCategory == UEdGraphSchema_K2::PC_Boolean);
-	MarkBlueprintAsStructurallyModified(Blueprint);
-	TArray<UK2Node_Variable*> Nodes;
-	GetAllNodesOfClass(Blueprint, Nodes);
-	for (UK2Node_Variable* const Node : Nodes)
+	Blueprint->Modify();
+	FBPVariableDescription& Variable = Blueprint->NewVariables[Index];
+	BlueprintVariables::KeepDefault(*Blueprint, Variable);
+	VariableDescriptions::Rename(Variable, NewName);
+	ReplaceVariableReferences(Blueprint, OldName, NewName);
+	if (BlueprintVariables::IsDispatcher(Variable))
 	{
-		if (Node->GetVarName() != OldName || !Node->VariableReference.IsSelfContext())
-		{
-			continue;
-		}
-		for (UEdGraphPin* const Pin : Node->Pins)
-		{
-			if (Pin->PinName == OldName)
-			{
-				Pin->PinName = NewName;
-			}
-		}
-		Node->VariableReference.SetMemberName(NewName);
-		Node->ReconstructNode();
+		MoveDispatcherSignature(*Blueprint, OldName, NewName);
 	}
+	ValidateBlueprintChildVariables(Blueprint, NewName);
+	MarkBlueprintAsStructurallyModified(Blueprint);
 }
 
 void FBlueprintEditorUtils::ChangeMemberVariableType(
 	UBlueprint* Blueprint, const FName VariableName, const FEdGraphPinType& NewPinType)
 {
-	FBPVariableDescription* const Variable = BlueprintVariables::Find(Blueprint, VariableName);
+	FBPVariableDescription* const Variable = VariableDescriptions::Find(Blueprint, VariableName);
 	if (!Variable || Variable->VarType == NewPinType)
 	{
 		return;
 	}
-	Variable->VarType = NewPinType;
-	Variable->DefaultValue.Empty();
+	Blueprint->Modify();
+	BlueprintVariables::KeepDefault(*Blueprint, *Variable);
+	VariableDescriptions::ChangeType(*Blueprint, *Variable, NewPinType);
 	MarkBlueprintAsStructurallyModified(Blueprint);
-	TArray<UK2Node_Variable*> Nodes;
-	GetAllNodesOfClass(Blueprint, Nodes);
-	for (UK2Node_Variable* const Node : Nodes)
+	for (UK2Node_Variable* const Node : BlueprintVariables::FindNodes(Blueprint, VariableName))
 	{
-		if (Node->GetVarName() == VariableName)
+		Node->Modify();
+		Node->ReconstructNode();
+	}
+}
+
+FName FBlueprintEditorUtils::DuplicateVariable(
+	UBlueprint* InBlueprint, const UStruct* InScope, const FName& InVariableToDuplicate)
+{
+	const FBPVariableDescription* const Original = VariableDescriptions::Find(
+		InBlueprint, InVariableToDuplicate, InScope);
+	if (!Original)
+	{
+		return NAME_None;
+	}
+	FBPVariableDescription Copy = *Original;
+	VariableDescriptions::Rename(
+		Copy, FindUniqueKismetName(InBlueprint, Original->VarName.ToString(), const_cast<UStruct*>(InScope)));
+	Copy.VarGuid = FGuid::NewGuid();
+	const FName Name = Copy.VarName;
+	if (InScope)
+	{
+		UK2Node_FunctionEntry* Entry = nullptr;
+		FindLocalVariable(InBlueprint, InScope, InVariableToDuplicate, &Entry);
+		Entry->Modify();
+		Entry->LocalVariables.Add(MoveTemp(Copy));
+	}
+	else
+	{
+		InBlueprint->Modify();
+		InBlueprint->NewVariables.Add(MoveTemp(Copy));
+		ValidateBlueprintChildVariables(InBlueprint, Name);
+	}
+	MarkBlueprintAsStructurallyModified(InBlueprint);
+	return Name;
+}
+
+void FBlueprintEditorUtils::GetNewVariablesOfType(
+	const UBlueprint* Blueprint, const FEdGraphPinType& Type, TArray<FName>& OutVars)
+{
+	for (const FBPVariableDescription& Variable : Blueprint->NewVariables)
+	{
+		if (Variable.VarType == Type)
 		{
-			Node->ReconstructNode();
+			OutVars.Add(Variable.VarName);
 		}
 	}
 }
 
-bool FBlueprintEditorUtils::AddLocalVariable(UBlueprint* Blueprint, UEdGraph* InTargetGraph, const FName InNewVarName,
-	const FEdGraphPinType& InNewVarType, const FString& DefaultValue)
+void FBlueprintEditorUtils::RenameComponentMemberVariable(UBlueprint* Blueprint, USCS_Node* Node, const FName NewName)
 {
-	UK2Node_FunctionEntry* const Entry = InTargetGraph ? GetEntryNode(GetTopLevelGraph(InTargetGraph)) : nullptr;
-	if (!Blueprint || !Entry || InNewVarName.IsNone() || FindLocalVariable(Blueprint, InTargetGraph, InNewVarName))
+	const FName OldName = Node ? Node->GetVariableName() : NAME_None;
+	if (OldName.IsNone() || NewName.IsNone() || OldName.IsEqual(NewName, ENameCase::CaseSensitive)
+		|| FKismetNameValidator(Blueprint, OldName).IsValid(NewName) != EValidatorResult::Ok)
 	{
-		return false;
+		return;
 	}
-	Entry->Modify();
-	FBPVariableDescription Variable = BlueprintVariables::Describe(InNewVarName, InNewVarType, DefaultValue);
-	Variable.PropertyFlags = CPF_BlueprintVisible;
-	Entry->LocalVariables.Add(MoveTemp(Variable));
+	Blueprint->Modify();
+	ValidateBlueprintChildVariables(Blueprint, NewName);
+	Node->Modify();
+	Node->SetVariableName(NewName);
+	ReplaceVariableReferences(Blueprint, OldName, NewName);
 	MarkBlueprintAsStructurallyModified(Blueprint);
-	return true;
-}
-
-void FBlueprintEditorUtils::RemoveLocalVariable(UBlueprint* InBlueprint, const UStruct* InScope, const FName InVarName)
-{
-	for (UEdGraph* const Graph : InBlueprint->FunctionGraphs)
-	{
-		UK2Node_FunctionEntry* const Entry = Graph && InScope && Graph->GetFName() == InScope->GetFName()
-			? GetEntryNode(Graph)
-			: nullptr;
-		if (Entry)
-		{
-			Entry->LocalVariables.RemoveAll(
-				[InVarName](const FBPVariableDescription& Variable) { return Variable.VarName == InVarName; });
-			MarkBlueprintAsStructurallyModified(InBlueprint);
-			return;
-		}
-	}
-}
-
-FBPVariableDescription* FBlueprintEditorUtils::FindLocalVariable(
-	UBlueprint*, const UEdGraph* InScopeGraph, const FName InVariableName, UK2Node_FunctionEntry** OutFunctionEntry)
-{
-	UK2Node_FunctionEntry* const Entry = GetEntryNode(GetTopLevelGraph(InScopeGraph));
-	if (OutFunctionEntry)
-	{
-		*OutFunctionEntry = Entry;
-	}
-	return Entry ? Entry->LocalVariables.FindByPredicate(
-			   [InVariableName](const FBPVariableDescription& Variable) { return Variable.VarName == InVariableName; })
-				 : nullptr;
 }
 
 int32 FBlueprintEditorUtils::FindNewVariableIndex(const UBlueprint* Blueprint, const FName& InName)
@@ -219,20 +234,13 @@ FGuid FBlueprintEditorUtils::FindMemberVariableGuidByName(UBlueprint* InBlueprin
 {
 	while (InBlueprint)
 	{
-		if (const FBPVariableDescription* const Variable = BlueprintVariables::Find(InBlueprint, InVariableName))
+		if (const FBPVariableDescription* const Variable = VariableDescriptions::Find(InBlueprint, InVariableName))
 		{
 			return Variable->VarGuid;
 		}
 		InBlueprint = UBlueprint::GetBlueprintFromClass(InBlueprint->ParentClass.Get());
 	}
 	return FGuid();
-}
-
-FGuid FBlueprintEditorUtils::FindLocalVariableGuidByName(
-	UBlueprint* InBlueprint, const UStruct* InScope, const FName InVariableName)
-{
-	const FBPVariableDescription* const Variable = BlueprintVariables::Find(InBlueprint, InVariableName, InScope);
-	return Variable ? Variable->VarGuid : FGuid();
 }
 
 FName FBlueprintEditorUtils::FindMemberVariableNameByGuid(UBlueprint* InBlueprint, const FGuid& InVariableGuid)
@@ -249,147 +257,4 @@ FName FBlueprintEditorUtils::FindMemberVariableNameByGuid(UBlueprint* InBlueprin
 		}
 	}
 	return NAME_None;
-}
-
-void FBlueprintEditorUtils::SetBlueprintOnlyEditableFlag(
-	UBlueprint* Blueprint, const FName& VarName, const bool bNewBlueprintOnly)
-{
-	BlueprintVariables::SetFlag(Blueprint, VarName, CPF_DisableEditOnInstance, bNewBlueprintOnly);
-}
-
-void FBlueprintEditorUtils::SetBlueprintPropertyReadOnlyFlag(
-	UBlueprint* Blueprint, const FName& VarName, const bool bVariableReadOnly)
-{
-	BlueprintVariables::SetFlag(Blueprint, VarName, CPF_BlueprintReadOnly, bVariableReadOnly);
-}
-
-void FBlueprintEditorUtils::SetInterpFlag(UBlueprint* Blueprint, const FName& VarName, const bool bInterp)
-{
-	BlueprintVariables::SetFlag(Blueprint, VarName, CPF_Interp, bInterp);
-}
-
-void FBlueprintEditorUtils::SetVariableTransientFlag(
-	UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsTransient)
-{
-	BlueprintVariables::SetFlag(InBlueprint, InVarName, CPF_Transient, bInIsTransient);
-}
-
-void FBlueprintEditorUtils::SetVariableSaveGameFlag(
-	UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsSaveGame)
-{
-	BlueprintVariables::SetFlag(InBlueprint, InVarName, CPF_SaveGame, bInIsSaveGame);
-}
-
-void FBlueprintEditorUtils::SetBlueprintVariableMetaData(UBlueprint* Blueprint, const FName& VarName,
-	const UStruct* InLocalVarScope, const FName& MetaDataKey, const FString& MetaDataValue)
-{
-	if (FBPVariableDescription* const Variable = BlueprintVariables::Find(Blueprint, VarName, InLocalVarScope))
-	{
-		Variable->SetMetaData(MetaDataKey, MetaDataValue);
-		MarkBlueprintAsStructurallyModified(Blueprint);
-	}
-}
-
-bool FBlueprintEditorUtils::GetBlueprintVariableMetaData(const UBlueprint* Blueprint, const FName& VarName,
-	const UStruct* InLocalVarScope, const FName& MetaDataKey, FString& OutMetaDataValue)
-{
-	const FBPVariableDescription* const Variable = BlueprintVariables::Find(
-		const_cast<UBlueprint*>(Blueprint), VarName, InLocalVarScope);
-	if (!Variable || !Variable->HasMetaData(MetaDataKey))
-	{
-		OutMetaDataValue.Empty();
-		return false;
-	}
-	OutMetaDataValue = Variable->GetMetaData(MetaDataKey);
-	return true;
-}
-
-void FBlueprintEditorUtils::RemoveBlueprintVariableMetaData(
-	UBlueprint* Blueprint, const FName& VarName, const UStruct* InLocalVarScope, const FName& MetaDataKey)
-{
-	if (FBPVariableDescription* const Variable = BlueprintVariables::Find(Blueprint, VarName, InLocalVarScope))
-	{
-		Variable->RemoveMetaData(MetaDataKey);
-		MarkBlueprintAsStructurallyModified(Blueprint);
-	}
-}
-
-void FBlueprintEditorUtils::SetBlueprintVariableCategory(
-	UBlueprint* Blueprint, const FName& VarName, const UStruct* InLocalVarScope, const FText& NewCategory, bool)
-{
-	if (FBPVariableDescription* const Variable = BlueprintVariables::Find(Blueprint, VarName, InLocalVarScope))
-	{
-		Variable->Category = NewCategory.IsEmpty() ? UEdGraphSchema_K2::VR_DefaultCategory : NewCategory;
-		MarkBlueprintAsStructurallyModified(Blueprint);
-	}
-}
-
-FText FBlueprintEditorUtils::GetBlueprintVariableCategory(
-	UBlueprint* Blueprint, const FName& VarName, const UStruct* InLocalVarScope)
-{
-	const FBPVariableDescription* const Variable = BlueprintVariables::Find(Blueprint, VarName, InLocalVarScope);
-	return Variable ? Variable->Category : FText();
-}
-
-void FBlueprintEditorUtils::SetBlueprintVariableRepNotifyFunc(
-	UBlueprint* Blueprint, const FName& VarName, const FName& RepNotifyFunc)
-{
-	if (FBPVariableDescription* const Variable = BlueprintVariables::Find(Blueprint, VarName))
-	{
-		Variable->RepNotifyFunc = RepNotifyFunc;
-	}
-}
-
-FName FBlueprintEditorUtils::GetBlueprintVariableRepNotifyFunc(UBlueprint* Blueprint, const FName& VarName)
-{
-	const FBPVariableDescription* const Variable = BlueprintVariables::Find(Blueprint, VarName);
-	return Variable ? Variable->RepNotifyFunc : FName();
-}
-
-uint64* FBlueprintEditorUtils::GetBlueprintVariablePropertyFlags(UBlueprint* Blueprint, const FName& VarName)
-{
-	FBPVariableDescription* const Variable = BlueprintVariables::Find(Blueprint, VarName);
-	return Variable ? &Variable->PropertyFlags : nullptr;
-}
-
-bool FBlueprintEditorUtils::IsVariableUsed(
-	const UBlueprint* Blueprint, const FName& VariableName, const UEdGraph* LocalGraphScope)
-{
-	TArray<UK2Node_Variable*> Nodes;
-	GetAllNodesOfClass(Blueprint, Nodes);
-	return Nodes.ContainsByPredicate([&VariableName, LocalGraphScope](const UK2Node_Variable* Node)
-		{ return Node->GetVarName() == VariableName && (!LocalGraphScope || Node->GetGraph() == LocalGraphScope); });
-}
-
-bool FBlueprintEditorUtils::PropertyValueFromString(
-	const FProperty* Property, const FString& StrValue, uint8* Container, UObject* OwningObject, int32 PortFlags)
-{
-	return PropertyValueFromString_Direct(
-		Property, StrValue, Property->ContainerPtrToValuePtr<uint8>(Container), OwningObject, PortFlags);
-}
-
-bool FBlueprintEditorUtils::PropertyValueFromString_Direct(
-	const FProperty* Property, const FString& StrValue, uint8* DirectValue, UObject* OwningObject, int32 PortFlags)
-{
-	if (StrValue.IsEmpty() && !Property->IsA<FStrProperty>() && !Property->IsA<FTextProperty>())
-	{
-		Property->ClearValue(DirectValue);
-		return true;
-	}
-	return Property->ImportText_Direct(*StrValue, DirectValue, OwningObject, PortFlags) != nullptr;
-}
-
-bool FBlueprintEditorUtils::PropertyValueToString(
-	const FProperty* Property, const uint8* Container, FString& OutForm, UObject* OwningObject, int32 PortFlags)
-{
-	return PropertyValueToString_Direct(
-		Property, Property->ContainerPtrToValuePtr<uint8>(Container), OutForm, OwningObject, PortFlags);
-}
-
-bool FBlueprintEditorUtils::PropertyValueToString_Direct(
-	const FProperty* Property, const uint8* DirectValue, FString& OutForm, UObject* OwningObject, int32 PortFlags)
-{
-	OutForm.Empty();
-	Property->ExportTextItem_Direct(OutForm, DirectValue, nullptr, OwningObject, PortFlags);
-	return true;
 }

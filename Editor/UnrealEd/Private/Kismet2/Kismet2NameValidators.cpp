@@ -42,7 +42,7 @@ FKismetNameValidator::FKismetNameValidator(const UBlueprint* Blueprint, FName In
 	{
 		for (TFieldIterator<FProperty> It(InScope, EFieldIteratorFlags::IncludeSuper); It; ++It)
 		{
-			Names.Add(It->GetFName());
+			LocalNames.Add(It->GetFName());
 		}
 	}
 }
@@ -77,6 +77,10 @@ EValidatorResult FKismetNameValidator::IsValid(const FName& Name, bool)
 	if (Name == ExistingName)
 	{
 		return EValidatorResult::Ok;
+	}
+	if (LocalNames.Contains(Name))
+	{
+		return EValidatorResult::LocallyInUse;
 	}
 	const bool bObjectStands = BlueprintObject && StaticFindObjectFast(nullptr, BlueprintObject, Name);
 	return Names.Contains(Name) || bObjectStands ? EValidatorResult::AlreadyInUse : EValidatorResult::Ok;

@@ -7,6 +7,7 @@
 #include "Engine/BlueprintGeneratedClass.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "GameFramework/Actor.h"
+#include "K2Node_CallParentFunction.h"
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_Event.h"
 #include "Kismet2/BlueprintEditorUtils.h"
@@ -117,6 +118,38 @@ UBlueprint* FKismetEditorUtilities::CreateBlueprint(
 		UBlueprintGeneratedClass::StaticClass(), CallingContext);
 }
 
+namespace BlueprintCreation
+{
+/** An event that a parent Blueprint implements starts with a call of what that does, handed every parameter. */
+void AddParentCall(UBlueprint& Blueprint, UK2Node_Event& Event)
+{
+	UEdGraph& Graph = *Event.GetGraph();
+	const UClass* const Parent = Blueprint.ParentClass.Get();
+	const UFunction* const Function = Parent ? Parent->FindFunctionByName(Event.GetFunctionName()) : nullptr;
+	if (!Function || !UBlueprint::GetBlueprintFromClass(Function->GetOwnerClass()))
+	{
+		return;
+	}
+	FGraphNodeCreator<UK2Node_CallParentFunction> Creator(Graph);
+	UK2Node_CallParentFunction* const Call = Creator.CreateNode();
+	Call->SetFromFunction(Function);
+	constexpr int32 Gap = 200;
+	Call->NodePosX = Event.NodePosX + Event.NodeWidth + Gap;
+	Call->NodePosY = Event.NodePosY;
+	Creator.Finalize();
+	for (UEdGraphPin* const Pin : Event.Pins)
+	{
+		const FName Name = UEdGraphSchema_K2::IsExecPin(*Pin) ? UEdGraphSchema_K2::PN_Execute : Pin->PinName;
+		UEdGraphPin* const Input = Pin->Direction == EGPD_Output ? Call->FindPin(Name, EGPD_Input) : nullptr;
+		if (Input)
+		{
+			Pin->MakeLinkTo(Input);
+		}
+	}
+	Call->MakeAutomaticallyPlacedGhostNode();
+}
+} // namespace BlueprintCreation
+
 UK2Node_Event* FKismetEditorUtilities::AddDefaultEventNode(
 	UBlueprint* InBlueprint, UEdGraph* InGraph, FName InEventName, UClass* InEventClass, int32& InOutNodePosY)
 {
@@ -131,6 +164,7 @@ UK2Node_Event* FKismetEditorUtilities::AddDefaultEventNode(
 	Node->bOverrideFunction = true;
 	Node->NodePosY = InOutNodePosY;
 	Creator.Finalize();
+	BlueprintCreation::AddParentCall(*InBlueprint, *Node);
 	// Room for the comment bubble that a ghost event shows.
 	InOutNodePosY += 208;
 	return Node;

@@ -47,6 +47,14 @@ public:
 	static void RefreshVariables(UBlueprint* Blueprint);
 	/** The Blueprints in memory whose class is below this one's, or that refer to it. */
 	static void GetDependentBlueprints(UBlueprint* Blueprint, TArray<UBlueprint*>& DependentBlueprints);
+	/** Gives what descendants in memory declare under the name another name there, so that nothing is declared twice
+	 * in a line of classes. */
+	static void ValidateBlueprintChildVariables(UBlueprint* InBlueprint, const FName InVariableName);
+	/** Points calls of the parent at what the parent class has now; a call of what it has not is taken out of the flow.
+	 */
+	static void ConformCallsToParentFunctions(UBlueprint* Blueprint);
+	/** The same for events; one that nobody declares any more becomes a custom event. */
+	static void ConformImplementedEvents(UBlueprint* Blueprint);
 
 	// Finding.
 	static UBlueprint* FindBlueprintForGraph(const UEdGraph* Graph);
@@ -58,6 +66,12 @@ public:
 	static UEdGraph* GetTopLevelGraph(const UEdGraph* InGraph);
 	static bool IsEventGraph(const UEdGraph* InGraph);
 	static bool IsDelegateSignatureGraph(const UEdGraph* Graph);
+	/** Whether the graph implements a function of an interface. */
+	static bool IsInterfaceGraph(const UEdGraph* Graph);
+	/** The graph of a function of the Blueprint's class; null when it has none. */
+	static UEdGraph* FindScopeGraph(const UBlueprint* InBlueprint, const UStruct* InScope);
+	/** What an author says of the graph's function; null for graphs that are none. */
+	static struct FKismetUserDeclaredFunctionMetadata* GetGraphFunctionMetaData(const UEdGraph* InGraph);
 	static UEdGraph* GetDelegateSignatureGraphByName(UBlueprint* Blueprint, FName DelegateName);
 	static UFunction* GetDelegateSignatureFunctionByName(UBlueprint* Blueprint, FName DelegateName);
 	static void GetDelegateNameList(const UBlueprint* Blueprint, TSet<FName>& DelegatesNames);
@@ -110,6 +124,8 @@ public:
 	}
 	static void AddUbergraphPage(UBlueprint* Blueprint, UEdGraph* Graph);
 	static void AddMacroGraph(UBlueprint* Blueprint, UEdGraph* Graph, bool bIsUserCreated, UClass* SignatureFromClass);
+	/** Fills a new graph with the ends of the interface function that bears its name. */
+	static void AddInterfaceGraph(UBlueprint* Blueprint, UEdGraph* Graph, UClass* InterfaceClass);
 	static void CreateFunctionGraphTerminators(UEdGraph* Graph, UClass* SignatureClass);
 	static void RemoveGraph(
 		UBlueprint* Blueprint, UEdGraph* GraphToRemove, EGraphRemoveFlags::Type Flags = EGraphRemoveFlags::Default);
@@ -130,14 +146,31 @@ public:
 	static bool AddMemberVariable(UBlueprint* Blueprint, const FName& NewVarName, const FEdGraphPinType& NewVarType,
 		const FString& DefaultValue = FString());
 	static void RemoveMemberVariable(UBlueprint* Blueprint, const FName VarName);
+	static void BulkRemoveMemberVariables(UBlueprint* Blueprint, const TArray<FName>& VarNames);
+	/** Nothing happens when the new name is taken. Nodes, bindings, a dispatcher's signature and the value in the class
+	 * default object follow, here and in the Blueprints that refer to the variable. */
 	static void RenameMemberVariable(UBlueprint* Blueprint, const FName OldName, const FName NewName);
+	/** The default is kept where the new type can read it. */
 	static void ChangeMemberVariableType(
 		UBlueprint* Blueprint, const FName VariableName, const FEdGraphPinType& NewPinType);
+	/** The name of the copy, which has a guid of its own; none when there is no such variable. */
+	static FName DuplicateVariable(UBlueprint* InBlueprint, const UStruct* InScope, const FName& InVariableToDuplicate);
+	static void GetNewVariablesOfType(const UBlueprint* Blueprint, const FEdGraphPinType& Type, TArray<FName>& OutVars);
+	/** Gives a component's variable another name; its template's name, nodes and attachments follow. */
+	static void RenameComponentMemberVariable(UBlueprint* Blueprint, USCS_Node* Node, const FName NewName);
 	static bool AddLocalVariable(UBlueprint* Blueprint, UEdGraph* InTargetGraph, const FName InNewVarName,
 		const FEdGraphPinType& InNewVarType, const FString& DefaultValue = FString());
 	static void RemoveLocalVariable(UBlueprint* InBlueprint, const UStruct* InScope, const FName InVarName);
+	static void RenameLocalVariable(
+		UBlueprint* InBlueprint, const UStruct* InScope, const FName InOldName, const FName InNewName);
+	static void ChangeLocalVariableType(UBlueprint* InBlueprint, const UStruct* InScope, const FName InVariableName,
+		const FEdGraphPinType& InNewPinType);
 	static FBPVariableDescription* FindLocalVariable(UBlueprint* InBlueprint, const UEdGraph* InScopeGraph,
 		const FName InVariableName, UK2Node_FunctionEntry** OutFunctionEntry = nullptr);
+	static FBPVariableDescription* FindLocalVariable(UBlueprint* InBlueprint, const UStruct* InScope,
+		const FName InVariableName, UK2Node_FunctionEntry** OutFunctionEntry = nullptr);
+	static FName FindLocalVariableNameByGuid(UBlueprint* InBlueprint, const FGuid& InVariableGuid);
+	static void GetLocalVariablesOfType(const UEdGraph* Graph, const FEdGraphPinType& Type, TArray<FName>& OutVars);
 	static int32 FindNewVariableIndex(const UBlueprint* Blueprint, const FName& InName);
 	static FGuid FindMemberVariableGuidByName(UBlueprint* InBlueprint, const FName InVariableName);
 	static FGuid FindLocalVariableGuidByName(
@@ -149,6 +182,9 @@ public:
 		UBlueprint* Blueprint, const FName& VarName, const bool bVariableReadOnly);
 	static void SetInterpFlag(UBlueprint* Blueprint, const FName& VarName, const bool bInterp);
 	static void SetVariableTransientFlag(UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsTransient);
+	static void SetVariableAdvancedDisplayFlag(
+		UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsAdvancedDisplay);
+	static void SetVariableDeprecatedFlag(UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsDeprecated);
 	static void SetVariableSaveGameFlag(UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsSaveGame);
 	static void SetBlueprintVariableMetaData(UBlueprint* Blueprint, const FName& VarName,
 		const UStruct* InLocalVarScope, const FName& MetaDataKey, const FString& MetaDataValue);
@@ -166,6 +202,14 @@ public:
 	static uint64* GetBlueprintVariablePropertyFlags(UBlueprint* Blueprint, const FName& VarName);
 	static bool IsVariableUsed(
 		const UBlueprint* Blueprint, const FName& VariableName, const UEdGraph* LocalGraphScope = nullptr);
+	/** Takes the nodes about a member away: gets and sets, and the events bound to it. Those of other objects' members
+	 * stay unless bForSelfOnly is false. */
+	static void RemoveVariableNodes(UBlueprint* Blueprint, const FName VarName, bool const bForSelfOnly = true,
+		UEdGraph* LocalGraphScope = nullptr);
+	/** Lets everything in memory that refers to a member of the Blueprint by name go with it to the new one. */
+	static void ReplaceVariableReferences(UBlueprint* Blueprint, const FName OldName, const FName NewName);
+	/** The same for a function, whose graph is known under the new name already if it has one. */
+	static void ReplaceFunctionReferences(UBlueprint* Blueprint, const FName OldName, const FName NewName);
 	static bool PropertyValueFromString(const FProperty* Property, const FString& StrValue, uint8* Container,
 		UObject* OwningObject, int32 PortFlags = 0);
 	static bool PropertyValueFromString_Direct(const FProperty* Property, const FString& StrValue, uint8* DirectValue,
@@ -182,13 +226,17 @@ public:
 		UBlueprint* Blueprint, FTopLevelAssetPath InterfaceClassPathName, bool bPreserveFunctions = false);
 	static void RemoveInterface(
 		UBlueprint* Blueprint, const FName& InterfaceClassName, bool bPreserveFunctions = false);
-	/** Gives each interface function that is no event its graph, and drops graphs that the interface knows no more. */
+	/** The guid of the graph that declares the function in an interface Blueprint; none for a native interface. */
+	static FGuid FindInterfaceFunctionGuid(const UFunction* Function, const UClass* InterfaceClass);
+	/** Gives each interface function that is no event its graph, lets graphs follow functions that were renamed, and
+	 * drops graphs that the interface knows no more. */
 	static void ConformImplementedInterfaces(UBlueprint* Blueprint);
 	static void FindImplementedInterfaces(
 		const UBlueprint* Blueprint, bool bGetAllInterfaces, TArray<UClass*>& ImplementedInterfaces);
 
 	// Timelines.
 	static UTimelineTemplate* AddNewTimeline(UBlueprint* Blueprint, const FName& TimelineVarName);
+	/** Its node stays in the graph, without a timeline. */
 	static void RemoveTimeline(UBlueprint* Blueprint, UTimelineTemplate* Timeline, bool bDontRecompile = false);
 	static UK2Node_Timeline* FindNodeForTimeline(UBlueprint* Blueprint, UTimelineTemplate* Timeline);
 	static bool RenameTimeline(UBlueprint* Blueprint, const FName OldVarName, const FName NewVarName);
@@ -205,6 +253,7 @@ public:
 	static bool DoesSupportOverridingFunctions(const UBlueprint* Blueprint) { return !IsInterfaceBlueprint(Blueprint); }
 
 private:
+	static void MoveDispatcherSignature(UBlueprint& Blueprint, FName OldName, FName NewName);
 	static void CollectNodes(UEdGraph* Graph, const UClass* Class, TFunctionRef<void(UEdGraphNode*)> Visit);
 	static void AddFunctionGraphFromClass(
 		UBlueprint* Blueprint, UEdGraph* Graph, bool bIsUserCreated, UClass* Signature);

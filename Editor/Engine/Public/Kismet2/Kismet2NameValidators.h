@@ -44,6 +44,8 @@ public:
 
 private:
 	TSet<FName> Names;
+	/** Parameters and local variables of the scope. */
+	TSet<FName> LocalNames;
 	FName ExistingName;
 	const UBlueprint* BlueprintObject;
 };

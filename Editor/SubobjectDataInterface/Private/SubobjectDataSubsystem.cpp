@@ -1,0 +1,231 @@
+#include "SubobjectDataSubsystem.h"
+
+#include "Components/SceneComponent.h"
+#include "Engine/Blueprint.h"
+#include "Engine/SCS_Node.h"
+#include "Engine/SimpleConstructionScript.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "Kismet2/Kismet2NameValidators.h"
+#include "SubobjectDataGathering.h"
+#include "SubobjectDataInterfaceClasses.h"
+#include "UObject/NativeClass.h"
+
+IMPLEMENT_EDITOR_CLASS(USubobjectDataSubsystem, "/Script/SubobjectDataInterface", CLASS_None)
+
+void USubobjectDataSubsystem::DescribeClass(FClassDescriber&) {}
+
+void RegisterSubobjectDataInterfaceClasses()
+{
+	NativeClass::RegisterNativeClasses({&USubobjectDataSubsystem::StaticClass});
+}
+
+USubobjectDataSubsystem* USubobjectDataSubsystem::Get()
+{
+	// It has no state, so the class default object serves.
+	return static_cast<USubobjectDataSubsystem*>(StaticClass()->GetDefaultObject());
+}
+
+void USubobjectDataSubsystem::K2_GatherSubobjectDataForBlueprint(
+	UBlueprint* Context, TArray<FSubobjectDataHandle>& OutArray) const
+{
+	OutArray.Empty();
+	if (Context)
+	{
+		OutArray = FSubobjectDataGathering(*Context).Handles;
+	}
+}
+
+bool USubobjectDataSubsystem::K2_FindSubobjectDataFromHandle(
+	const FSubobjectDataHandle& Handle, FSubobjectData& OutData) const
+{
+	if (Handle.IsValid())
+	{
+		OutData = *Handle.GetData();
+	}
+	return Handle.IsValid();
+}
+
+FSubobjectDataHandle USubobjectDataSubsystem::FindHandleForObject(
+	const FSubobjectDataHandle& ContextHandle, const UObject* ObjectToFind, UBlueprint* BPContext) const
+{
+	UBlueprint* const Blueprint = BPContext || !ContextHandle.IsValid() ? BPContext
+																		: ContextHandle.GetData()->GetBlueprint();
+	TArray<FSubobjectDataHandle> Handles;
+	K2_GatherSubobjectDataForBlueprint(Blueprint, Handles);
+	for (const FSubobjectDataHandle& Handle : Handles)
+	{
+		const FSubobjectData& Data = *Handle.GetData();
+		if (ObjectToFind && (Data.GetObject() == ObjectToFind || Data.GetSCSNode() == ObjectToFind))
+		{
+			return Handle;
+		}
+	}
+	return FSubobjectDataHandle::InvalidHandle;
+}
+
+namespace Subobjects
+{
+/** Hangs a node that is in no list on a component, or leaves it a root. */
+void Attach(USimpleConstructionScript& Script, USCS_Node& Node, const FSubobjectData& Parent)
+{
+	USCS_Node* const ParentNode = Parent.GetSCSNode();
+	if (ParentNode && ParentNode->GetSCS() == &Script)
+	{
+		ParentNode->AddChildNode(&Node);
+		return;
+	}
+	const USceneComponent* const Scene = Cast<USceneComponent>(Parent.GetComponentTemplate());
+	if (ParentNode)
+	{
+		Node.SetParent(ParentNode);
+	}
+	else if (Scene && Cast<USceneComponent>(Node.ComponentTemplate.Get()))
+	{
+		Node.SetParent(Scene);
+	}
+	Script.AddNode(&Node);
+}
+
+/** The parent that a component of the class really gets: what has no place hangs on the actor. */
+const FSubobjectData* ChooseParent(const FSubobjectDataHandle& Asked, const UClass& Class)
+{
+	return Class.IsChildOf(USceneComponent::StaticClass()) && Asked.GetData()->IsSceneComponent() ? Asked.GetData()
+																								  : nullptr;
+}
+} // namespace Subobjects
+
+bool USubobjectDataSubsystem::ReparentSubobject(
+	const FReparentSubobjectParams& Params, const FSubobjectDataHandle& ToReparentHandle) const
+{
+	UBlueprint* const Blueprint = Params.BlueprintContext;
+	if (!Blueprint || !Blueprint->SimpleConstructionScript || !Params.NewParentHandle.IsValid()
+		|| !ToReparentHandle.IsValid())
+	{
+		return false;
+	}
+	// Handles that were taken before another move tell of the tree as it was then.
+	const FSubobjectDataHandle Parent = FindHandleForObject(
+		FSubobjectDataHandle(), Params.NewParentHandle.GetData()->GetObject(), Blueprint);
+	const FSubobjectDataHandle Moved = FindHandleForObject(
+		FSubobjectDataHandle(), ToReparentHandle.GetData()->GetObject(), Blueprint);
+	if (!Parent.IsValid() || !Moved.IsValid() || !Moved.GetData()->CanReparent()
+		|| !Parent.GetData()->IsSceneComponent() || Parent == Moved || Parent.GetData()->IsAttachedTo(Moved))
+	{
+		return false;
+	}
+	if (Moved.GetData()->GetParentHandle() == Parent)
+	{
+		return true;
+	}
+	USCS_Node* const Node = Moved.GetData()->GetSCSNode();
+	Blueprint->SimpleConstructionScript->Modify();
+	Node->Modify();
+	Blueprint->SimpleConstructionScript->RemoveNode(Node, false);
+	Subobjects::Attach(*Blueprint->SimpleConstructionScript, *Node, *Parent.GetData());
+	Blueprint->SimpleConstructionScript->ValidateSceneRootNodes();
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
+	return true;
+}
+
+bool USubobjectDataSubsystem::ReparentSubobjects(
+	const FReparentSubobjectParams& Params, const TArray<FSubobjectDataHandle>& HandlesToMove) const
+{
+	bool bAllMoved = !HandlesToMove.IsEmpty();
+	for (const FSubobjectDataHandle& Handle : HandlesToMove)
+	{
+		bAllMoved &= ReparentSubobject(Params, Handle);
+	}
+	return bAllMoved;
+}
+
+FSubobjectDataHandle USubobjectDataSubsystem::AddNewSubobject(
+	const FAddNewSubobjectParams& Params, FText& FailReason) const
+{
+	UBlueprint* const Blueprint = Params.BlueprintContext;
+	USimpleConstructionScript* const Script = Blueprint ? Blueprint->SimpleConstructionScript.Get() : nullptr;
+	if (!Script || !Params.ParentHandle.IsValid())
+	{
+		FailReason = FText::FromString(TEXT("There is no Blueprint with components, or no parent to add to."));
+		return FSubobjectDataHandle::InvalidHandle;
+	}
+	USCS_Node* const Node = Script->CreateNode(Params.NewClass);
+	if (!Node)
+	{
+		FailReason = FText::FromString(TEXT("The class is no component class."));
+		return FSubobjectDataHandle::InvalidHandle;
+	}
+	if (const FSubobjectData* const Parent = Subobjects::ChooseParent(Params.ParentHandle, *Params.NewClass))
+	{
+		Subobjects::Attach(*Script, *Node, *Parent);
+	}
+	else
+	{
+		Script->AddNode(Node);
+	}
+	if (!Params.bSkipMarkBlueprintModified)
+	{
+		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
+	}
+	return FindHandleForObject(FSubobjectDataHandle(), Node, Blueprint);
+}
+
+int32 USubobjectDataSubsystem::DeleteSubobjects(const FSubobjectDataHandle& ContextHandle,
+	const TArray<FSubobjectDataHandle>& SubobjectsToDelete, UBlueprint* BPContext) const
+{
+	UBlueprint* const Blueprint = BPContext || !ContextHandle.IsValid() ? BPContext
+																		: ContextHandle.GetData()->GetBlueprint();
+	int32 NumDeleted = 0;
+	for (const FSubobjectDataHandle& Handle : SubobjectsToDelete)
+	{
+		const FSubobjectData* const Data = Handle.GetData();
+		USCS_Node* const Node = Data ? Data->GetSCSNode() : nullptr;
+		if (!Blueprint || !Node || !Data->CanDelete() || Node->GetSCS() != Blueprint->SimpleConstructionScript.Get())
+		{
+			continue;
+		}
+		Blueprint->Modify();
+		FBlueprintEditorUtils::RemoveVariableNodes(Blueprint, Node->GetVariableName());
+		Blueprint->SimpleConstructionScript->RemoveNodeAndPromoteChildren(Node);
+		++NumDeleted;
+	}
+	if (NumDeleted > 0)
+	{
+		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
+	}
+	return NumDeleted;
+}
+
+int32 USubobjectDataSubsystem::DeleteSubobject(const FSubobjectDataHandle& ContextHandle,
+	const FSubobjectDataHandle& SubobjectToDelete, UBlueprint* BPContext) const
+{
+	return DeleteSubobjects(ContextHandle, {SubobjectToDelete}, BPContext);
+}
+
+bool USubobjectDataSubsystem::IsValidRename(
+	const FSubobjectDataHandle& Handle, const FText& InNewText, FText& OutErrorMessage) const
+{
+	const FSubobjectData* const Data = Handle.GetData();
+	if (!Data || !Data->CanRename())
+	{
+		OutErrorMessage = FText::FromString(TEXT("This component cannot be renamed here."));
+		return false;
+	}
+	FKismetNameValidator Validator(Data->GetBlueprint(), Data->GetVariableName());
+	const FString Name = InNewText.ToString();
+	const EValidatorResult Result = Validator.IsValid(Name);
+	OutErrorMessage = INameValidatorInterface::GetErrorText(Name, Result);
+	return Result == EValidatorResult::Ok;
+}
+
+bool USubobjectDataSubsystem::RenameSubobject(const FSubobjectDataHandle& Handle, const FText& InNewName) const
+{
+	FText Ignored;
+	if (!IsValidRename(Handle, InNewName, Ignored))
+	{
+		return false;
+	}
+	const FSubobjectData& Data = *Handle.GetData();
+	FBlueprintEditorUtils::RenameComponentMemberVariable(
+		Data.GetBlueprint(), Data.GetSCSNode(), FName(InNewName.ToString()));
+	return true;
+}
