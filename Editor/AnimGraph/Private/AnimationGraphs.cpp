@@ -56,6 +56,30 @@ UScriptStruct* UAnimationGraphSchema::GetPoseLinkStruct()
 	return FPoseLink::StaticStruct();
 }
 
+bool UAnimationGraphSchema::IsPosePin(const FEdGraphPinType& PinType)
+{
+	const UObject* const Struct = PinType.PinSubCategoryObject.Get();
+	return PinType.PinCategory == PC_Struct && Struct
+		&& (Struct == GetPoseLinkStruct() || Struct == FComponentSpacePoseLink::StaticStruct());
+}
+
+const FPinConnectionResponse UAnimationGraphSchema::CanCreateConnection(
+	const UEdGraphPin* A, const UEdGraphPin* B) const
+{
+	const FPinConnectionResponse Response = Super::CanCreateConnection(A, B);
+	const bool bPlainLink = Response.Response != CONNECT_RESPONSE_DISALLOW
+		&& Response.Response != CONNECT_RESPONSE_MAKE_WITH_CONVERSION_NODE
+		&& Response.Response != CONNECT_RESPONSE_MAKE_WITH_PROMOTION;
+	if (!bPlainLink || !IsPosePin(A->PinType) || A->LinkedTo.Contains(const_cast<UEdGraphPin*>(B)))
+	{
+		return Response;
+	}
+	// Poses run in a tree: who makes one hands it to a single taker, as it is evaluated on that one's behalf.
+	return A->LinkedTo.IsEmpty() && B->LinkedTo.IsEmpty()
+		? Response
+		: FPinConnectionResponse(CONNECT_RESPONSE_BREAK_OTHERS_AB, TEXT("Replaces the pose links of both pins"));
+}
+
 void UAnimationGraphSchema::CreateDefaultNodesForGraph(UEdGraph& Graph) const
 {
 	AnimationGraphs::CreateDefaultNode<UAnimGraphNode_Root>(Graph);

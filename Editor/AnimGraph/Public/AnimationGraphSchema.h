@@ -11,6 +11,9 @@ class UAnimationGraphSchema : public UEdGraphSchema_K2
 public:
 	/** The struct of a pose in local space, by which pose pins are typed. */
 	static UScriptStruct* GetPoseLinkStruct();
+	/** A pin of poses, in local or component space. */
+	static bool IsPosePin(const FEdGraphPinType& PinType);
+	const FPinConnectionResponse CanCreateConnection(const UEdGraphPin* A, const UEdGraphPin* B) const override;
 	void CreateDefaultNodesForGraph(UEdGraph& Graph) const override;
 	EGraphType GetGraphType(const UEdGraph* TestEdGraph) const override { return GT_Animation; }
 };

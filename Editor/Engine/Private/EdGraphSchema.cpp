@@ -8,66 +8,87 @@ void UEdGraphSchema::DescribeClass(FClassDescriber&) {}
 
 namespace GraphSchema
 {
-/** Links a pair after breaking what the response says must give way. */
-void LinkAfterBreaking(const UEdGraphSchema& Schema, UEdGraphPin* A, UEdGraphPin* B, bool bBreakA, bool bBreakB)
+/** Tells the owners of the pins that their links changed, and each node once that some of its links did. A node that is
+ * told may make its pins anew, so each is looked up again before its turn. */
+void NotifyOfLinks(const TArray<FEdGraphPinReference>& Pins)
 {
+	TArray<TWeakObjectPtr<UEdGraphNode>> Nodes;
+	for (const FEdGraphPinReference& Reference : Pins)
+	{
+		UEdGraphNode* const Node = Reference.OwningNode.Get();
+		UEdGraphPin* const Pin = Reference.Get();
+		if (Node && Pin)
+		{
+			Node->PinConnectionListChanged(Pin);
+		}
+		Nodes.AddUnique(Reference.OwningNode);
+	}
+	for (const TWeakObjectPtr<UEdGraphNode>& Node : Nodes)
+	{
+		if (Node.Get())
+		{
+			Node->NodeConnectionListChanged();
+		}
+	}
+}
+
+/** Links a pair after breaking what the response says must give way. */
+bool LinkAfterBreaking(const UEdGraphSchema& Schema, UEdGraphPin* A, UEdGraphPin* B, bool bBreakA, bool bBreakB)
+{
+	const FEdGraphPinReference HeldA(A);
+	const FEdGraphPinReference HeldB(B);
 	if (bBreakA)
 	{
 		Schema.BreakPinLinks(*A, true);
 	}
-	if (bBreakB)
+	if (bBreakB && HeldB.Get())
 	{
-		Schema.BreakPinLinks(*B, true);
+		Schema.BreakPinLinks(*HeldB.Get(), true);
 	}
-	A->MakeLinkTo(B);
+	if (!HeldA.Get() || !HeldB.Get())
+	{
+		return false;
+	}
+	HeldA.Get()->MakeLinkTo(HeldB.Get());
+	return true;
+}
+
+/** Does what the response allows. */
+bool Link(const UEdGraphSchema& Schema, ECanCreateConnectionResponse Response, UEdGraphPin* A, UEdGraphPin* B)
+{
+	switch (Response)
+	{
+	case CONNECT_RESPONSE_MAKE:
+		return LinkAfterBreaking(Schema, A, B, false, false);
+	case CONNECT_RESPONSE_BREAK_OTHERS_A:
+		return LinkAfterBreaking(Schema, A, B, true, false);
+	case CONNECT_RESPONSE_BREAK_OTHERS_B:
+		return LinkAfterBreaking(Schema, A, B, false, true);
+	case CONNECT_RESPONSE_BREAK_OTHERS_AB:
+		return LinkAfterBreaking(Schema, A, B, true, true);
+	case CONNECT_RESPONSE_MAKE_WITH_CONVERSION_NODE:
+		return Schema.CreateAutomaticConversionNodeAndConnections(A, B);
+	case CONNECT_RESPONSE_MAKE_WITH_PROMOTION:
+		return Schema.CreatePromotedConnection(A, B);
+	case CONNECT_RESPONSE_DISALLOW:
+	case CONNECT_RESPONSE_MAX:
+		break;
+	}
+	return false;
 }
 } // namespace GraphSchema
 
 bool UEdGraphSchema::TryCreateConnection(UEdGraphPin* A, UEdGraphPin* B) const
 {
-	const FPinConnectionResponse Response = CanCreateConnection(A, B);
-	UEdGraphNode* const NodeA = A->GetOwningNode();
-	UEdGraphNode* const NodeB = B->GetOwningNode();
-	const FEdGraphPinReference HeldB(B);
-	bool bLinked = false;
-	switch (Response.Response)
+	if (!A || !B)
 	{
-	case CONNECT_RESPONSE_MAKE:
-		A->MakeLinkTo(B);
-		bLinked = true;
-		break;
-	case CONNECT_RESPONSE_BREAK_OTHERS_A:
-		GraphSchema::LinkAfterBreaking(*this, A, B, true, false);
-		bLinked = true;
-		break;
-	case CONNECT_RESPONSE_BREAK_OTHERS_B:
-		GraphSchema::LinkAfterBreaking(*this, A, B, false, true);
-		bLinked = true;
-		break;
-	case CONNECT_RESPONSE_BREAK_OTHERS_AB:
-		GraphSchema::LinkAfterBreaking(*this, A, B, true, true);
-		bLinked = true;
-		break;
-	case CONNECT_RESPONSE_MAKE_WITH_CONVERSION_NODE:
-		bLinked = CreateAutomaticConversionNodeAndConnections(A, B);
-		break;
-	case CONNECT_RESPONSE_MAKE_WITH_PROMOTION:
-		bLinked = CreatePromotedConnection(A, B);
-		break;
-	case CONNECT_RESPONSE_DISALLOW:
-	case CONNECT_RESPONSE_MAX:
-		break;
+		return false;
 	}
+	const TArray<FEdGraphPinReference> Ends = {FEdGraphPinReference(A), FEdGraphPinReference(B)};
+	const bool bLinked = GraphSchema::Link(*this, CanCreateConnection(A, B).Response, A, B);
 	if (bLinked)
 	{
-		// A node that is told of a link may make its pins anew, and those of the other one with them.
-		NodeA->PinConnectionListChanged(A);
-		if (UEdGraphPin* const StandingB = HeldB.Get())
-		{
-			NodeB->PinConnectionListChanged(StandingB);
-		}
-		NodeA->NodeConnectionListChanged();
-		NodeB->NodeConnectionListChanged();
+		GraphSchema::NotifyOfLinks(Ends);
 	}
 	return bLinked;
 }
@@ -138,24 +159,36 @@ void UEdGraphSchema::GetGraphDisplayInformation(const UEdGraph& Graph, FGraphDis
 
 void UEdGraphSchema::BreakNodeLinks(UEdGraphNode& TargetNode) const
 {
-	const TArray<UEdGraphPin*> Pins = TargetNode.Pins;
-	for (UEdGraphPin* const Pin : Pins)
-	{
-		BreakPinLinks(*Pin, false);
-	}
-	TargetNode.NodeConnectionListChanged();
+	TargetNode.BreakAllNodeLinks();
 }
 
 void UEdGraphSchema::BreakPinLinks(UEdGraphPin& TargetPin, bool bSendsNodeNotification) const
 {
-	TargetPin.BreakAllPinLinks(bSendsNodeNotification);
+	TArray<FEdGraphPinReference> Changed;
+	for (UEdGraphPin* const Linked : TargetPin.LinkedTo)
+	{
+		Changed.Add(FEdGraphPinReference(Linked));
+	}
+	if (Changed.IsEmpty())
+	{
+		return;
+	}
+	Changed.Add(FEdGraphPinReference(&TargetPin));
+	TargetPin.BreakAllPinLinks();
+	if (bSendsNodeNotification)
+	{
+		GraphSchema::NotifyOfLinks(Changed);
+	}
 }
 
 void UEdGraphSchema::BreakSinglePinLink(UEdGraphPin* SourcePin, UEdGraphPin* TargetPin) const
 {
+	if (!SourcePin || !TargetPin)
+	{
+		return;
+	}
 	SourcePin->BreakLinkTo(TargetPin);
-	SourcePin->GetOwningNode()->PinConnectionListChanged(SourcePin);
-	TargetPin->GetOwningNode()->PinConnectionListChanged(TargetPin);
+	GraphSchema::NotifyOfLinks({FEdGraphPinReference(SourcePin), FEdGraphPinReference(TargetPin)});
 }
 
 FPinConnectionResponse UEdGraphSchema::MovePinLinks(

@@ -1,5 +1,9 @@
+#include "AnimationGraphSchema.h"
 #include "AnimationStateMachineGraph.h"
+#include "AnimGraphNode_Root.h"
 #include "AnimGraphNode_StateMachine.h"
+#include "AnimStateAliasNode.h"
+#include "AnimStateConduitNode.h"
 #include "AnimStateEntryNode.h"
 #include "AnimStateNode.h"
 #include "AnimStateTransitionNode.h"
@@ -122,4 +126,87 @@ TEST(StateMachine, IsCopiedWithAllThatIsBelow)
 	EXPECT_EQ(Transitions[0]->GetNextState(), States[1]);
 	EXPECT_EQ(States[0]->GetStateName(), TEXT("Idle"));
 	EXPECT_EQ(States[0]->BoundGraph->GetOuter(), States[0]);
+}
+
+TEST(StateMachine, APoseIsHandedToOneTaker)
+{
+	const FBlueprintBuilder Blueprint(AnimInstance);
+	UEdGraph* const Graph = FindAnimGraph(Blueprint);
+	ASSERT_NE(Graph, nullptr);
+	FEdGraphPinType Pose;
+	Pose.PinCategory = UEdGraphSchema_K2::PC_Struct;
+	Pose.PinSubCategoryObject = UAnimationGraphSchema::GetPoseLinkStruct();
+	UEdGraphPin* Pins[4];
+	for (int32 Index = 0; Index < 4; ++Index)
+	{
+		UEdGraphNode* const Node = Graph->CreateNode(UK2Node::StaticClass(), false);
+		Pins[Index] = Node->CreatePin(Index < 2 ? EGPD_Output : EGPD_Input, Pose, TEXT("Pose"));
+	}
+	const UEdGraphSchema* const Schema = Graph->GetSchema();
+	ASSERT_TRUE(Schema->TryCreateConnection(Pins[0], Pins[2]));
+	ASSERT_TRUE(Schema->TryCreateConnection(Pins[1], Pins[3]));
+	EXPECT_EQ(Schema->CanCreateConnection(Pins[0], Pins[3]).Response, CONNECT_RESPONSE_BREAK_OTHERS_AB);
+	ASSERT_TRUE(Schema->TryCreateConnection(Pins[0], Pins[3]));
+	EXPECT_TRUE(Pins[0]->IsLinkedTo(Pins[3]));
+	EXPECT_TRUE(Pins[1]->LinkedTo.IsEmpty());
+	EXPECT_TRUE(Pins[2]->LinkedTo.IsEmpty());
+}
+
+TEST(AnimationGraphs, EachNodeSaysWhatItIs)
+{
+	const FBlueprintBuilder Blueprint(AnimInstance);
+	UEdGraph* const Graph = FindAnimGraph(Blueprint);
+	UAnimGraphNode_StateMachine* const Node = FGraphBuilder(Graph).Add<UAnimGraphNode_StateMachine>();
+	Node->OnRenameNode(TEXT("Locomotion"));
+	UAnimStateNode* const Idle = AddState(Node->EditorStateMachineGraph, TEXT("Idle"));
+	UAnimStateConduitNode* const Conduit = FGraphBuilder(Node->EditorStateMachineGraph).Add<UAnimStateConduitNode>();
+	UAnimStateTransitionNode* const Loose =
+		FGraphBuilder(Node->EditorStateMachineGraph).Add<UAnimStateTransitionNode>();
+	TArray<UAnimGraphNode_Root*> Roots;
+	Graph->GetNodesOfClass(Roots);
+	ASSERT_EQ(Roots.Num(), 1);
+	const struct
+	{
+		const UEdGraphNode* Node;
+		ENodeTitleType::Type Type;
+		const TCHAR* Title;
+	} Titles[] = {{Node, ENodeTitleType::FullTitle, TEXT("Locomotion\nState Machine")},
+		{Node, ENodeTitleType::ListView, TEXT("Locomotion")},
+		{GetDefault<UAnimGraphNode_StateMachine>(), ENodeTitleType::MenuTitle, TEXT("Add New State Machine...")},
+		{GetDefault<UAnimGraphNode_StateMachine>(), ENodeTitleType::FullTitle, TEXT("Error: No Graph\nState Machine")},
+		{Roots[0], ENodeTitleType::FullTitle, TEXT("Output Pose")},
+		{Idle->BoundGraph->Nodes[0].Get(), ENodeTitleType::FullTitle, TEXT("Output Animation Pose")},
+		{Conduit->BoundGraph->Nodes[0].Get(), ENodeTitleType::FullTitle, TEXT("Result")},
+		{Conduit, ENodeTitleType::FullTitle, TEXT("Conduit")},
+		{Loose, ENodeTitleType::FullTitle, TEXT("Trans Transition")}};
+	for (const auto& Case : Titles)
+	{
+		EXPECT_EQ(Case.Node->GetNodeTitle(Case.Type).ToString(), Case.Title);
+	}
+	EXPECT_EQ(Node->GetMenuCategory().ToString(), TEXT("Animation|State Machines"));
+	// A machine's pose goes into the result: both pins are of the struct of poses.
+	EXPECT_TRUE(Graph->GetSchema()->TryCreateConnection(Node->Pins[0], Roots[0]->Pins[0]));
+	EXPECT_EQ(Node->Pins[0]->PinType.PinSubCategoryObject->GetPathName(), TEXT("/Script/Engine.PoseLink"));
+	EXPECT_TRUE(
+		Graph->GetSchema()->CanCreateConnection(Node->Pins[0], Conduit->BoundGraph->Nodes[0]->Pins[0]).IsDisallowed());
+}
+
+TEST(AnimationGraphs, ANodeWithoutItsGraphHasNothingBelow)
+{
+	const FBlueprintBuilder Blueprint(AnimInstance);
+	UAnimGraphNode_StateMachine* const Node =
+		FGraphBuilder(FindAnimGraph(Blueprint)).Add<UAnimGraphNode_StateMachine>();
+	UAnimStateNode* const Idle = AddState(Node->EditorStateMachineGraph, TEXT("Idle"));
+	EXPECT_EQ(Idle->GetSubGraphs().Num(), 1);
+	Idle->ClearBoundGraph();
+	EXPECT_EQ(Idle->GetSubGraphs().Num(), 0);
+	EXPECT_EQ(Idle->GetStateName(), TEXT("(null)"));
+	UAnimStateAliasNode* const Alias = FGraphBuilder(Node->EditorStateMachineGraph).Add<UAnimStateAliasNode>();
+	EXPECT_EQ(Alias->GetSubGraphs().Num(), 0);
+	Alias->GetAliasedStates().Add(Idle);
+	Idle->DestroyNode();
+	for (const TWeakObjectPtr<UAnimStateNodeBase>& State : Alias->GetAliasedStates())
+	{
+		EXPECT_EQ(State.Get(), nullptr) << "a state that is gone is aliased no longer";
+	}
 }

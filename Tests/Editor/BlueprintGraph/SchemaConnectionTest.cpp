@@ -1,8 +1,11 @@
 #include "SchemaPins.h"
 
+#include "BlueprintBuilder.h"
 #include "GraphBuilder.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_DynamicCast.h"
+#include "K2Node_PromotableOperator.h"
+#include "K2Node_VariableGet.h"
 
 #include <gtest/gtest.h>
 
@@ -104,8 +107,33 @@ TEST(SchemaConnection, AFunctionThatGivesNothingBackTakesSeveralTargets)
 	EXPECT_EQ(Schema.CanCreateConnection(Many, Location).Response, CONNECT_RESPONSE_DISALLOW);
 	ASSERT_TRUE(Schema.TryCreateConnection(One, Destroy));
 	EXPECT_EQ(Schema.CanCreateConnection(Two, Destroy).Response, CONNECT_RESPONSE_MAKE);
+	// An array is gone through in a loop, which nothing joins and which joins nothing.
+	EXPECT_EQ(Schema.CanCreateConnection(Many, Destroy).Response, CONNECT_RESPONSE_BREAK_OTHERS_B);
+	ASSERT_TRUE(Schema.TryCreateConnection(Many, Destroy));
+	EXPECT_EQ(Destroy->LinkedTo.Num(), 1);
+	EXPECT_EQ(Schema.CanCreateConnection(One, Destroy).Response, CONNECT_RESPONSE_BREAK_OTHERS_B);
 	ASSERT_TRUE(Schema.TryCreateConnection(One, Location));
 	EXPECT_EQ(Schema.CanCreateConnection(Two, Location).Response, CONNECT_RESPONSE_BREAK_OTHERS_B);
+}
+
+TEST(SchemaConnection, ATargetThatTheObjectHoldsIsTakenFromIt)
+{
+	UEdGraph* const Graph = MakeLooseGraph();
+	const UEdGraphSchema_K2& Schema = *GetDefault<UEdGraphSchema_K2>();
+	UK2Node* const Source = MakeBareNode(*Graph);
+	UEdGraphPin* const Character = Source->CreatePin(EGPD_Output, ReadPinType(TEXT("o:Character")), TEXT("Out"));
+	UEdGraphPin* const Material = Source->CreatePin(EGPD_Output, ReadPinType(TEXT("o:Material")), TEXT("Other"));
+	UEdGraphPin* const Target =
+		Call(*Graph, TEXT("SkeletalMeshComponent"), TEXT("SetAnimationMode"))->FindPin(TEXT("self"));
+	ASSERT_NE(Target, nullptr);
+	EXPECT_EQ(Schema.CanCreateConnection(Material, Target).Response, CONNECT_RESPONSE_DISALLOW);
+	ASSERT_EQ(Schema.CanCreateConnection(Character, Target).Response, CONNECT_RESPONSE_MAKE_WITH_CONVERSION_NODE);
+	ASSERT_TRUE(Schema.TryCreateConnection(Character, Target));
+	ASSERT_EQ(Target->LinkedTo.Num(), 1);
+	const UK2Node_VariableGet* const Getter = Cast<UK2Node_VariableGet>(Target->LinkedTo[0]->GetOwningNode());
+	ASSERT_NE(Getter, nullptr);
+	EXPECT_EQ(Getter->GetVarName(), FName(TEXT("Mesh")));
+	EXPECT_TRUE(Character->IsLinkedTo(Getter->FindPin(UEdGraphSchema_K2::PN_Self)));
 }
 
 struct FConversionRow
@@ -132,7 +160,15 @@ TEST(SchemaConnection, AConversionNodeIsPlacedBetweenAndWired)
 		{TEXT("int"), TEXT("int[]"), TEXT("K2Node_MakeArray"), nullptr},
 		{TEXT("byte"), TEXT("e:ECollisionChannel"), TEXT("K2Node_CastByteToEnum"), nullptr},
 		{TEXT("e:ECollisionChannel"), TEXT("string"), TEXT("K2Node_GetEnumeratorNameAsString"), nullptr},
-		{TEXT("so:Actor"), TEXT("o:Actor"), TEXT("K2Node_ConvertAsset"), nullptr}};
+		{TEXT("so:Actor"), TEXT("o:Actor"), TEXT("K2Node_ConvertAsset"), nullptr},
+		{TEXT("o:Character"), TEXT("so:Actor"), TEXT("K2Node_ConvertAsset"), nullptr},
+		{TEXT("c:Actor"), TEXT("sc:Actor"), TEXT("K2Node_ConvertAsset"), nullptr},
+		{TEXT("int"), TEXT("wildcard[]"), TEXT("K2Node_MakeArray"), nullptr},
+		{TEXT("int{}"), TEXT("int[]"), TEXT("K2Node_CallFunction"), TEXT("Set_ToArray")},
+		{TEXT("o:Character"), TEXT("c:Actor"), TEXT("K2Node_CallFunction"), TEXT("GetObjectClass")},
+		{TEXT("i:NavAgentInterface"), TEXT("o:Object"), TEXT("K2Node_CallFunction"), TEXT("Conv_InterfaceToObject")},
+		{TEXT("s:Quat"), TEXT("s:Rotator"), TEXT("K2Node_CallFunction"), TEXT("Quat_Rotator")},
+		{TEXT("s:InputActionValue"), TEXT("bool"), TEXT("K2Node_CallFunction"), TEXT("Conv_InputActionValueToBool")}};
 	for (const FConversionRow& Row : Rows)
 	{
 		SCOPED_TRACE(ToStd(FString(Row.Output) + TEXT(" to ") + Row.Input));
@@ -162,6 +198,64 @@ TEST(SchemaConnection, ACastBetweenValuesIsPureAndOfTheWantedClass)
 	ASSERT_NE(Node, nullptr);
 	EXPECT_TRUE(Node->IsNodePure());
 	EXPECT_EQ(Node->TargetType.Get()->GetName(), FString(TEXT("Character")));
+}
+
+TEST(SchemaConnection, AnInterfaceIsMadeAnObjectBeforeItIsCast)
+{
+	const FPinPair Pair(TEXT("i:NavAgentInterface"), TEXT("o:Pawn"));
+	ASSERT_TRUE(Pair.Schema->TryCreateConnection(Pair.Output, Pair.Input));
+	ASSERT_EQ(Pair.Graph->Nodes.Num(), 4);
+	ASSERT_EQ(Pair.Input->LinkedTo.Num(), 1);
+	const UK2Node_DynamicCast* const Node = Cast<UK2Node_DynamicCast>(Pair.Input->LinkedTo[0]->GetOwningNode());
+	ASSERT_NE(Node, nullptr);
+	const UEdGraphPin* const Source = Node->GetCastSourcePin();
+	ASSERT_EQ(Source->LinkedTo.Num(), 1);
+	EXPECT_TRUE(Pair.Output->IsLinkedTo(Source->LinkedTo[0]->GetOwningNode()->FindPin(TEXT("Interface"))));
+}
+
+TEST(SchemaConnection, ANodeIsToldWhenWhatItWasLinkedToIsGone)
+{
+	UEdGraph* const Graph = MakeLooseGraph();
+	const UEdGraphSchema_K2& Schema = *GetDefault<UEdGraphSchema_K2>();
+	FGraphNodeCreator<UK2Node_PromotableOperator> Creator(*Graph);
+	UK2Node_PromotableOperator* const Operator = Creator.CreateNode();
+	Operator->SetFromFunction(
+		FindObject<UClass>(nullptr, TEXT("/Script/Engine.KismetMathLibrary"))->FindFunctionByName(TEXT("Add_IntInt")));
+	Creator.Finalize();
+	for (const bool bWholeNode : {false, true})
+	{
+		UK2Node* const Source = MakeBareNode(*Graph);
+		UEdGraphPin* const Int = Source->CreatePin(EGPD_Output, ReadPinType(TEXT("int")), TEXT("Int"));
+		ASSERT_TRUE(Schema.TryCreateConnection(Int, Operator->FindPin(TEXT("A"))));
+		EXPECT_EQ(Operator->GetOutputPin()->PinType.PinCategory, UEdGraphSchema_K2::PC_Int);
+		bWholeNode ? Source->DestroyNode() : Schema.BreakSinglePinLink(Int, Operator->FindPin(TEXT("A")));
+		EXPECT_EQ(Operator->GetOutputPin()->PinType.PinCategory, UEdGraphSchema_K2::PC_Wildcard) << bWholeNode;
+	}
+}
+
+TEST(SchemaConnection, BreakingTellsBothSidesAndDirtiesTheBlueprint)
+{
+	const FBlueprintBuilder Blueprint;
+	const FGraphBuilder Events = Blueprint.EventGraph();
+	const UEdGraphSchema_K2& Schema = *GetDefault<UEdGraphSchema_K2>();
+	UK2Node* const Source = MakeBareNode(*Events.Get());
+	UK2Node* const Sink = MakeBareNode(*Events.Get());
+	UEdGraphPin* const Out = Source->CreatePin(EGPD_Output, ReadPinType(TEXT("int")), TEXT("Out"));
+	UEdGraphPin* const In = Sink->CreatePin(EGPD_Input, ReadPinType(TEXT("int")), TEXT("In"));
+	UEdGraphPin* const More = Sink->CreatePin(EGPD_Input, ReadPinType(TEXT("int")), TEXT("More"));
+	for (const bool bAll : {false, true})
+	{
+		ASSERT_TRUE(Schema.TryCreateConnection(Out, In));
+		ASSERT_TRUE(Schema.TryCreateConnection(Out, More));
+		Blueprint->Status = BS_UpToDate;
+		bAll ? Schema.BreakPinLinks(*Out, true) : Schema.BreakSinglePinLink(In, Out);
+		EXPECT_TRUE(In->LinkedTo.IsEmpty());
+		EXPECT_EQ(More->LinkedTo.Num(), bAll ? 0 : 1);
+		EXPECT_EQ(Blueprint->Status, BS_Dirty);
+	}
+	Blueprint->Status = BS_UpToDate;
+	Schema.BreakPinLinks(*Out, true);
+	EXPECT_EQ(Blueprint->Status, BS_UpToDate) << "nothing was linked";
 }
 
 TEST(SchemaConnection, AConversionReplacesWhatTheInputHad)

@@ -38,6 +38,9 @@ static const FRow Rows[] = {{TEXT("bool"), TEXT("true"), true, nullptr}, {TEXT("
 	{TEXT("s:Vector2D"), TEXT("(X=1.0,Y=2.0)"), true, nullptr},
 	{TEXT("s:LinearColor"), TEXT("(R=1.000000,G=0.000000,B=0.000000,A=1.000000)"), true, nullptr},
 	{TEXT("s:LinearColor"), TEXT("red"), false, nullptr}, {TEXT("s:Transform"), TEXT("()"), true, nullptr},
+	{TEXT("s:Transform"), TEXT("1,2,3|0,90,0|1,1,1"), true, nullptr},
+	{TEXT("s:Transform"), TEXT("(Translation=(X=1.0,Y=2.0,Z=3.0))"), true, nullptr},
+	{TEXT("s:Transform"), TEXT("1,2,3|0,90,0"), false, nullptr}, {TEXT("s:Transform"), TEXT("1,2,3"), false, nullptr},
 	{TEXT("o:StaticMesh"), TEXT("None"), true, TEXT("")}, {TEXT("o:StaticMesh"), TEXT(""), true, nullptr},
 	{TEXT("o:StaticMesh"), TEXT("/Game/Missing/SM_Missing.SM_Missing"), false, nullptr},
 	{TEXT("c:Actor"), TEXT("/Script/Engine.Character"), true, TEXT("")},
@@ -45,6 +48,9 @@ static const FRow Rows[] = {{TEXT("bool"), TEXT("true"), true, nullptr}, {TEXT("
 	{TEXT("c:Actor"), TEXT("Class'/Script/Engine.Pawn'"), true, TEXT("")},
 	{TEXT("c:Actor"), TEXT("NoSuchClass"), false, nullptr},
 	{TEXT("so:StaticMesh"), TEXT("/Game/Meshes/SM_Cube.SM_Cube"), true, nullptr},
+	{TEXT("so:StaticMesh"), TEXT("a cube"), false, nullptr}, {TEXT("so:StaticMesh"), TEXT("None"), true, nullptr},
+	{TEXT("sc:Actor"), TEXT("/Game/BP_Door.BP_Door_C"), true, nullptr},
+	{TEXT("sc:Actor"), TEXT("BP_Door"), false, nullptr},
 	{TEXT("i:NavAgentInterface"), TEXT("/Script/Engine.Character"), false, TEXT("")},
 	{TEXT("int[]"), TEXT("1"), false, nullptr}, {TEXT("int[]"), TEXT(""), true, nullptr},
 	{TEXT("delegate"), TEXT("OnThing"), false, nullptr}, {TEXT("exec"), TEXT("x"), false, nullptr}};
@@ -125,8 +131,11 @@ TEST(SchemaDefaults, WrittenDifferentlyIsNotChanged)
 		{TEXT("double"), TEXT(""), TEXT("0.0"), true}, {TEXT("double"), TEXT("0.1"), TEXT("0.0"), false},
 		{TEXT("bool"), TEXT("True"), TEXT("true"), true}, {TEXT("bool"), TEXT("true"), TEXT("false"), false},
 		{TEXT("s:Vector"), TEXT("1,2,3"), TEXT("1.000000, 2.000000, 3.000000"), true},
-		{TEXT("s:Vector"), TEXT("1,2,3"), TEXT("1,2,4"), false}, {TEXT("string"), TEXT("a"), TEXT("A"), false},
-		{TEXT("name"), TEXT("Foo"), TEXT("foo"), true}, {TEXT("int"), TEXT("5"), TEXT("6"), false}};
+		{TEXT("s:Vector"), TEXT("1,2,3"), TEXT("1,2,4"), false},
+		{TEXT("s:Transform"), TEXT("1,2,3|0,0,0|1,1,1"), TEXT("(Translation=(X=1.0,Y=2.0,Z=3.0))"), true},
+		{TEXT("s:Transform"), TEXT("1,2,3|0,90,0|1,1,1"), TEXT("1,2,3|0,0,0|1,1,1"), false},
+		{TEXT("string"), TEXT("a"), TEXT("A"), false}, {TEXT("name"), TEXT("Foo"), TEXT("foo"), true},
+		{TEXT("int"), TEXT("5"), TEXT("6"), false}};
 	for (const FMatchRow& Row : Matches)
 	{
 		const FPinPair Pair(TEXT("int"), Row.Type);

@@ -29,12 +29,15 @@ struct FRow
 
 TEST(SchemaSplitPins, DefaultsGoToThePartsAndBack)
 {
-	static const FRow Rows[] = {
-		{TEXT("s:Vector"), TEXT("1,2,3"), TEXT("In_X=1 In_Y=2 In_Z=3"), TEXT("In_Y"), TEXT("5"), TEXT("1,5,3")},
-		{TEXT("s:Rotator"), TEXT("10,20,30"), TEXT("In_Roll=30 In_Pitch=10 In_Yaw=20"), TEXT("In_Roll"), TEXT("7"),
-			TEXT("10,20,7")},
-		{TEXT("s:Vector2D"), TEXT("(X=1.000000,Y=2.000000)"), TEXT("In_X=1.000000 In_Y=2.000000"), TEXT("In_X"),
-			TEXT("4.0"), TEXT("(X=4.0,Y=2.000000)")}};
+	static const FRow Rows[] = {{TEXT("s:Vector"), TEXT("1,2,3"), TEXT("In_X=1.0 In_Y=2.0 In_Z=3.0"), TEXT("In_Y"),
+									TEXT("5"), TEXT("1.0,5,3.0")},
+		{TEXT("s:Rotator"), TEXT("10,20,30"), TEXT("In_Roll=30.0 In_Pitch=10.0 In_Yaw=20.0"), TEXT("In_Roll"),
+			TEXT("7"), TEXT("10.0,20.0,7")},
+		{TEXT("s:Vector2D"), TEXT("(X=1.000000,Y=2.000000)"), TEXT("In_X=1.0 In_Y=2.0"), TEXT("In_X"), TEXT("4.0"),
+			TEXT("(X=4.0,Y=2.0)")},
+		{TEXT("s:LinearColor"), TEXT("(R=1.000000,G=0.500000,B=0.250000,A=1.000000)"),
+			TEXT("In_R=1.0 In_G=0.5 In_B=0.25 In_A=1.0"), TEXT("In_G"), TEXT("0.75"),
+			TEXT("(R=1.0,G=0.75,B=0.25,A=1.0)")}};
 	for (const FRow& Row : Rows)
 	{
 		SCOPED_TRACE(ToStd(Row.Type));

@@ -17,6 +17,11 @@ struct FTerminal
 	FName SubCategory;
 	UObject* Object = nullptr;
 	const FSimpleMemberReference* Signature = nullptr;
+
+	bool operator==(const FTerminal& Other) const
+	{
+		return Category == Other.Category && SubCategory == Other.SubCategory && Object == Other.Object;
+	}
 };
 
 FTerminal TerminalOf(const FEdGraphPinType& Type)
@@ -106,13 +111,20 @@ bool SignaturesFit(const FTerminal& Output, const FTerminal& Input, const UClass
 	return !Out || !In || Out == In || Out->IsSignatureCompatibleWith(In);
 }
 
+bool ClassesFit(const UClass* Out, const UClass* In)
+{
+	// A pin may name an interface where others name a class; what implements it goes there.
+	const bool bToInterface = In->HasAnyClassFlags(CLASS_Interface) && !Out->HasAnyClassFlags(CLASS_Interface);
+	return bToInterface ? Implements(Out, In) : IsChild(Out, In);
+}
+
 bool ObjectsFit(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
 {
 	const UClass* const Out = ClassOf(Output, Context);
 	const UClass* const In = ClassOf(Input, Context);
 	if (Out && In)
 	{
-		return IsChild(Out, In);
+		return ClassesFit(Out, In);
 	}
 	// Self without a class to stand for is some object, and nothing more is known of it.
 	const bool bOutputIsOpenSelf = !Out && Output.SubCategory == FSchema::PSC_Self;
@@ -120,15 +132,19 @@ bool ObjectsFit(const FTerminal& Output, const FTerminal& Input, const UClass* C
 		|| (!Out && !In && Output.SubCategory == Input.SubCategory);
 }
 
-bool StructsFit(const FTerminal& Output, const FTerminal& Input, bool bInContainer)
+/** A child struct goes where its parent does only if it adds nothing: the value is handed over as it lies in memory. */
+bool StructsFit(const FTerminal& Output, const FTerminal& Input)
 {
-	const UScriptStruct* const Out = Cast<UScriptStruct>(Output.Object);
 	const UScriptStruct* const In = Cast<UScriptStruct>(Input.Object);
-	// Elements of a container lie side by side in memory, so there the larger child struct cannot stand for its parent.
-	return Out == In || (Out && In && !bInContainer && Out->IsChildOf(In));
+	const UStruct* Struct = Cast<UScriptStruct>(Output.Object);
+	while (Struct && Struct != In && !TFieldIterator<FProperty>(Struct, EFieldIteratorFlags::ExcludeSuper))
+	{
+		Struct = Struct->GetSuperStruct();
+	}
+	return Struct == In;
 }
 
-bool SameCategoryFits(const FTerminal& Output, const FTerminal& Input, const UClass* Context, bool bInContainer)
+bool SameCategoryFits(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
 {
 	const FName Category = Output.Category;
 	if (Category == FSchema::PC_Byte || Category == FSchema::PC_Enum)
@@ -138,7 +154,7 @@ bool SameCategoryFits(const FTerminal& Output, const FTerminal& Input, const UCl
 	}
 	if (Category == FSchema::PC_Struct)
 	{
-		return StructsFit(Output, Input, bInContainer);
+		return StructsFit(Output, Input);
 	}
 	if (Category == FSchema::PC_Object || Category == FSchema::PC_Class || Category == FSchema::PC_SoftObject
 		|| Category == FSchema::PC_SoftClass || Category == FSchema::PC_Interface)
@@ -153,7 +169,15 @@ bool SameCategoryFits(const FTerminal& Output, const FTerminal& Input, const UCl
 	return true;
 }
 
-bool TerminalFits(const FTerminal& Output, const FTerminal& Input, const UClass* Context, bool bInContainer)
+/** What a map's keys lead to: the very type, as values are written through the map too. Reals of both widths convert.
+ */
+bool MapValuesFit(const FTerminal& Output, const FTerminal& Input)
+{
+	return Output.Category == FSchema::PC_Wildcard || Input.Category == FSchema::PC_Wildcard || Output == Input
+		|| (Output.Category == FSchema::PC_Real && Input.Category == FSchema::PC_Real);
+}
+
+bool TerminalFits(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
 {
 	if (Output.Category == FSchema::PC_Wildcard)
 	{
@@ -165,7 +189,7 @@ bool TerminalFits(const FTerminal& Output, const FTerminal& Input, const UClass*
 	}
 	if (Output.Category == Input.Category)
 	{
-		return SameCategoryFits(Output, Input, Context, bInContainer);
+		return SameCategoryFits(Output, Input, Context);
 	}
 	if (Output.Category == FSchema::PC_Object && Input.Category == FSchema::PC_Interface)
 	{
@@ -180,11 +204,13 @@ bool TerminalFits(const FTerminal& Output, const FTerminal& Input, const UClass*
 		&& Input.Object == UClass::StaticClass();
 }
 
-/** An open wildcard may become a container; what is known to be single or of one kind stays so. */
+/** An open wildcard may become a container, unless it stands for an index; what is known to be single or of one kind
+ * stays so. */
 bool ContainersFit(const FEdGraphPinType& Output, const FEdGraphPinType& Input)
 {
-	return Output.ContainerType == Input.ContainerType
-		|| (Input.PinCategory == FSchema::PC_Wildcard && !Input.IsContainer());
+	const bool bMayBecomeContainer = Input.PinCategory == FSchema::PC_Wildcard
+		&& Input.PinSubCategory != FSchema::PSC_Index && !Input.IsContainer();
+	return Output.ContainerType == Input.ContainerType || bMayBecomeContainer;
 }
 } // namespace PinTypeRules
 
@@ -196,13 +222,12 @@ bool UEdGraphSchema_K2::ArePinTypesCompatible(
 	{
 		return false;
 	}
-	const bool bInContainer = Output.IsContainer() && Input.IsContainer();
 	if (Output.IsMap() && Input.IsMap()
-		&& !TerminalFits(TerminalOf(Output.PinValueType), TerminalOf(Input.PinValueType), CallingContext, true))
+		&& !MapValuesFit(TerminalOf(Output.PinValueType), TerminalOf(Input.PinValueType)))
 	{
 		return false;
 	}
-	return TerminalFits(TerminalOf(Output), TerminalOf(Input), CallingContext, bInContainer);
+	return TerminalFits(TerminalOf(Output), TerminalOf(Input), CallingContext);
 }
 
 bool UEdGraphSchema_K2::ArePinsCompatible(

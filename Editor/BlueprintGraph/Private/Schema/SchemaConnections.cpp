@@ -4,7 +4,7 @@
 
 #include "BlueprintTypePromotion.h"
 #include "Engine/Blueprint.h"
-#include "K2Node_CallFunction.h"
+#include "K2Node_Knot.h"
 #include "K2Node_PromotableOperator.h"
 #include "UObject/NativeClass.h"
 
@@ -27,38 +27,25 @@ FPinConnectionResponse Refuse(const FString& Reason)
 	return FPinConnectionResponse(CONNECT_RESPONSE_DISALLOW, FText::FromString(Reason));
 }
 
-bool IsOfClassNamed(const UEdGraphNode& Node, const TCHAR* ClassName)
-{
-	const FName Wanted(ClassName);
-	for (const UClass* Class = Node.GetClass(); Class; Class = Class->GetSuperClass())
-	{
-		if (Class->GetFName() == Wanted)
-		{
-			return true;
-		}
-	}
-	return false;
-}
-
 bool IsReroute(const UEdGraphPin& Pin)
 {
-	return IsOfClassNamed(*Pin.GetOwningNode(), TEXT("K2Node_Knot"));
+	return Pin.GetOwningNode()->IsA<UK2Node_Knot>();
 }
 
-/** Whether a target may be several objects: the call is made once for each, so there must be nothing to give back. */
-bool TakesSeveralTargets(const UEdGraphPin& Input)
+/** Whether the pin is a target that may be several objects; bAsArray asks about all of them in one link. */
+bool TakesSeveralTargets(const UEdGraphPin& Input, bool bAsArray)
 {
-	if (Input.PinName != FSchema::PN_Self || Input.Direction != EGPD_Input)
-	{
-		return false;
-	}
-	if (const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(Input.GetOwningNode()))
-	{
-		const UFunction* const Function = Call->GetTargetFunction();
-		return Function && !Function->HasAnyFunctionFlags(FUNC_BlueprintPure) && !Function->GetReturnProperty()
-			&& !Function->HasMetaData(FBlueprintMetadata::MD_Latent);
-	}
-	return IsOfClassNamed(*Input.GetOwningNode(), TEXT("K2Node_BaseMCDelegate"));
+	const UK2Node* const Node = Cast<UK2Node>(Input.GetOwningNode());
+	return Node && GetDefault<FSchema>()->IsSelfPin(Input) && !Input.PinType.IsContainer()
+		&& Node->AllowMultipleSelfs(bAsArray);
+}
+
+/** Whether one more target may join those that are linked. An array of targets stands for itself: it is gone through
+ * in a loop of its own. */
+bool JoinsOtherTargets(const UEdGraphPin& Output, const UEdGraphPin& Input)
+{
+	return !Output.PinType.IsContainer() && TakesSeveralTargets(Input, false)
+		&& !Input.LinkedTo.ContainsByPredicate([](const UEdGraphPin* Linked) { return Linked->PinType.IsContainer(); });
 }
 
 /** What speaks against a link whatever the types are. */
@@ -145,63 +132,25 @@ bool IsContainerFromReroute(const UEdGraphPin& Output)
 	return Output.PinType.PinCategory == FSchema::PC_Wildcard && IsReroute(Output);
 }
 
+FPinConnectionResponse Replace(bool bBreakA, const TCHAR* Reason)
+{
+	return FPinConnectionResponse(bBreakA ? CONNECT_RESPONSE_BREAK_OTHERS_A : CONNECT_RESPONSE_BREAK_OTHERS_B, Reason);
+}
+
+/** Execution leaves an output by one link and may arrive by many; a value leaves by many and arrives by one. */
 FPinConnectionResponse RespondToFitting(const UEdGraphPin& A, const UEdGraphPin& Output, const UEdGraphPin& Input)
 {
-	const bool bExec = FSchema::IsExecPin(Output) || FSchema::IsExecPin(Input);
 	const bool bAlreadyLinked = Output.LinkedTo.Contains(const_cast<UEdGraphPin*>(&Input));
-	const bool bBreakOutput = bExec && !Output.LinkedTo.IsEmpty() && !bAlreadyLinked;
-	const bool bBreakInput = !bExec && !Input.LinkedTo.IsEmpty() && !bAlreadyLinked && !TakesSeveralTargets(Input);
-	if (bBreakOutput && bBreakInput)
+	if (!bAlreadyLinked && FSchema::IsExecPin(Output) && !Output.LinkedTo.IsEmpty())
 	{
-		return FPinConnectionResponse(
-			CONNECT_RESPONSE_BREAK_OTHERS_AB, TEXT("Replaces what both pins are connected to"));
+		return Replace(&A == &Output, TEXT("Replaces what the output is connected to"));
 	}
-	if (bBreakOutput)
+	const bool bCarriesValue = !FSchema::IsExecPin(Output) && !FSchema::IsExecPin(Input);
+	if (!bAlreadyLinked && bCarriesValue && !Input.LinkedTo.IsEmpty() && !JoinsOtherTargets(Output, Input))
 	{
-		return FPinConnectionResponse(&A == &Output ? CONNECT_RESPONSE_BREAK_OTHERS_A : CONNECT_RESPONSE_BREAK_OTHERS_B,
-			TEXT("Replaces what the output is connected to"));
-	}
-	if (bBreakInput)
-	{
-		return FPinConnectionResponse(&A == &Input ? CONNECT_RESPONSE_BREAK_OTHERS_A : CONNECT_RESPONSE_BREAK_OTHERS_B,
-			TEXT("Replaces what the input is connected to"));
+		return Replace(&A == &Input, TEXT("Replaces what the input is connected to"));
 	}
 	return FPinConnectionResponse(CONNECT_RESPONSE_MAKE, TEXT(""));
-}
-
-/** Rank of a number among those that widen into one another; none for other types. */
-int32 NumericRank(const FEdGraphPinType& Type)
-{
-	const FName Ranks[] = {FSchema::PC_Byte, FSchema::PC_Int, FSchema::PC_Int64, FSchema::PC_Real};
-	if (Type.IsContainer() || Type.PinSubCategoryObject.IsValid())
-	{
-		return INDEX_NONE;
-	}
-	for (int32 Rank = 0; Rank < 4; ++Rank)
-	{
-		if (Type.PinCategory == Ranks[Rank])
-		{
-			return Rank;
-		}
-	}
-	return INDEX_NONE;
-}
-
-/** Whether the operator has an overload of a struct and a number ("Multiply_VectorFloat"). */
-bool HasMixedOverload(const UK2Node_PromotableOperator& Operator, const FEdGraphPinType& A, const FEdGraphPinType& B)
-{
-	const FEdGraphPinType& StructType = A.PinCategory == FSchema::PC_Struct ? A : B;
-	const FEdGraphPinType& Number = A.PinCategory == FSchema::PC_Struct ? B : A;
-	const UObject* const Struct = StructType.PinSubCategoryObject.Get();
-	if (!Struct || StructType.IsContainer() || NumericRank(Number) == INDEX_NONE)
-	{
-		return false;
-	}
-	const UClass* const Library = FindObject<UClass>(nullptr, TEXT("/Script/Engine.KismetMathLibrary"));
-	const FString Name = Operator.GetOperationName().ToString() + TEXT("_") + Struct->GetName();
-	return Library
-		&& (Library->FindFunctionByName(FName(Name + TEXT("Float")))
-			|| Library->FindFunctionByName(FName(Name + TEXT("Int"))));
 }
 
 /** Whether an overload takes what is linked to the operator, with the new value in the place of the operand. */
@@ -249,26 +198,44 @@ FString TypeName(const UEdGraphPin& Pin)
 	return FSchema::TypeToText(Pin.PinType).ToString();
 }
 
+/** What a delegate of the type is called with: "(Actor Object Reference, Float (double-precision))". */
+FString SignatureOf(const UEdGraphPin& Pin)
+{
+	TArray<FString> Params;
+	const UFunction* const Signature = FMemberReference::ResolveSimpleMemberReference(
+		Pin.PinType.PinSubCategoryMemberReference, const_cast<UClass*>(ContextOf(Pin)));
+	for (TFieldIterator<FProperty> It(Signature, EFieldIteratorFlags::ExcludeSuper); It; ++It)
+	{
+		Params.Add(FSchema::TypeToText(*It).ToString());
+	}
+	return TEXT("(") + FString::Join(Params, TEXT(", ")) + TEXT(")");
+}
+
 FPinConnectionResponse RespondToClash(const UEdGraphPin& Output, const UEdGraphPin& Input)
 {
-	const FEdGraphPinType& Out = Output.PinType;
-	const FEdGraphPinType& In = Input.PinType;
-	if (Out.PinCategory == FSchema::PC_Delegate && In.PinCategory == FSchema::PC_Delegate)
+	const FString Out = TypeName(Output);
+	const FString In = TypeName(Input);
+	const FName Category = Input.PinType.PinCategory;
+	if (Output.PinType.ContainerType != Input.PinType.ContainerType)
 	{
-		return Refuse(FString::Printf(
-			TEXT("The signature of '%s' is not compatible with that of '%s'"), *NameOf(Output), *NameOf(Input)));
+		return Refuse(FString::Printf(TEXT("%s is not compatible with %s"), *Out, *In));
 	}
-	if (Out.PinCategory == FSchema::PC_Interface && In.PinCategory == FSchema::PC_Interface)
+	if (Output.PinType.PinCategory == Category
+		&& (Category == FSchema::PC_Delegate || Category == FSchema::PC_MCDelegate))
 	{
-		return Refuse(FString::Printf(
-			TEXT("%s is not compatible with %s (one does not extend the other)"), *TypeName(Output), *TypeName(Input)));
+		return Refuse(FString::Printf(TEXT("%s %s is not compatible with %s %s (the signatures differ)"), *Out,
+			*SignatureOf(Output), *In, *SignatureOf(Input)));
 	}
-	if (Out.PinCategory == FSchema::PC_Object && In.PinCategory == FSchema::PC_Interface)
+	if (Output.PinType.PinCategory == FSchema::PC_Interface && Category == FSchema::PC_Interface)
 	{
-		return Refuse(FString::Printf(TEXT("%s is not compatible with %s (the class does not implement it)"),
-			*TypeName(Output), *TypeName(Input)));
+		return Refuse(FString::Printf(TEXT("%s is not compatible with %s (one does not extend the other)"), *Out, *In));
 	}
-	return Refuse(FString::Printf(TEXT("%s is not compatible with %s"), *TypeName(Output), *TypeName(Input)));
+	if (Output.PinType.PinCategory == FSchema::PC_Object && Category == FSchema::PC_Interface)
+	{
+		return Refuse(
+			FString::Printf(TEXT("%s is not compatible with %s (the class does not implement it)"), *Out, *In));
+	}
+	return Refuse(FString::Printf(TEXT("%s is not compatible with %s"), *Out, *In));
 }
 
 /** A value that may only be read cannot be handed to somebody who writes through it. */
@@ -311,12 +278,12 @@ const FPinConnectionResponse UEdGraphSchema_K2::CanCreateConnection(
 	CategorizePinsByDirection(PinA, PinB, Input, Output);
 	if (LosesConst(*Output, *Input))
 	{
-		return Refuse(FString::Printf(TEXT("'%s' is read-only and cannot be passed to '%s', which changes it"),
-			*NameOf(*Output), *NameOf(*Input)));
+		return Refuse(
+			FString::Printf(TEXT("'%s', a read-only %s, is not compatible with '%s', which changes the %s it is given"),
+				*NameOf(*Output), *TypeName(*Output), *NameOf(*Input), *TypeName(*Input)));
 	}
 	const UClass* const Context = ContextOf(*Output);
-	const bool bSeveralTargets = Output->PinType.IsArray() && !Input->PinType.IsContainer()
-		&& TakesSeveralTargets(*Input);
+	const bool bSeveralTargets = Output->PinType.IsArray() && TakesSeveralTargets(*Input, true);
 	const bool bAnyContainer = bSeveralTargets || IsContainerFromReroute(*Output);
 	if (ArePinTypesCompatible(Output->PinType, Input->PinType, Context, bAnyContainer)
 		|| IsExecThroughReroute(*Output, *Input))
@@ -386,6 +353,10 @@ void UEdGraphSchema_K2::BreakPinLinks(UEdGraphPin& TargetPin, bool bSendsNodeNot
 
 void UEdGraphSchema_K2::BreakSinglePinLink(UEdGraphPin* SourcePin, UEdGraphPin* TargetPin) const
 {
+	if (!SourcePin || !TargetPin)
+	{
+		return;
+	}
 	const UEdGraphNode* const Node = SourcePin->GetOwningNode();
 	Super::BreakSinglePinLink(SourcePin, TargetPin);
 	PinConnections::MarkBlueprintModified(*Node);

@@ -1,185 +1,74 @@
-// Links that need a node between: library functions that convert, and nodes of their own for casts, enums and lists.
+// Links that need a node between: nodes of their own for casts, enums, lists and soft references, else the call of a
+// library function.
 
 #include "EdGraphSchema_K2.h"
 
 #include "EdGraph/EdGraph.h"
 #include "K2Node_CallFunction.h"
-#include "K2Node_DynamicCast.h"
+#include "K2Node_CastByteToEnum.h"
+#include "K2Node_ClassDynamicCast.h"
+#include "K2Node_ConvertAsset.h"
+#include "K2Node_GetEnumeratorName.h"
+#include "K2Node_GetEnumeratorNameAsString.h"
+#include "K2Node_MakeArray.h"
+#include "K2Node_VariableGet.h"
 #include "UObject/UnrealType.h"
 
 namespace PinConversions
 {
 using FSchema = UEdGraphSchema_K2;
 
-/** A function that a link may insert by itself, with the types it leads from and to. */
-struct FAutocast
-{
-	FEdGraphPinType From;
-	FEdGraphPinType To;
-	const UFunction* Function = nullptr;
-};
-
-/** Libraries whose "Conv_" functions convert without being asked. Those that may lose the value's meaning carry other
- * names. */
-const TCHAR* const Libraries[] = {TEXT("/Script/Engine.KismetMathLibrary"), TEXT("/Script/Engine.KismetStringLibrary"),
-	TEXT("/Script/Engine.KismetTextLibrary"), TEXT("/Script/Engine.KismetSystemLibrary"),
-	TEXT("/Script/Engine.KismetGuidLibrary"), TEXT("/Script/Engine.KismetInputLibrary")};
-
-bool IsAutocast(const UFunction& Function)
-{
-	static const FName AutocastKey(TEXT("BlueprintAutocast"));
-	// Loading what a soft reference names is a step of its own, with a node that waits for nothing.
-	static const TSet<FName> Named = {FName(TEXT("FTrunc")), FName(TEXT("Key_GetDisplayName"))};
-	static const TSet<FName> Never = {FName(TEXT("Conv_SoftObjectReferenceToObject")),
-		FName(TEXT("Conv_SoftClassReferenceToClass")), FName(TEXT("Conv_FloatToDouble")),
-		FName(TEXT("Conv_DoubleToFloat"))};
-	if (!Function.HasAllFunctionFlags(static_cast<EFunctionFlags>(FUNC_Static | FUNC_BlueprintPure)))
-	{
-		return false;
-	}
-	if (Never.Contains(Function.GetFName()))
-	{
-		return false;
-	}
-	return Named.Contains(Function.GetFName()) || Function.HasMetaData(AutocastKey)
-		|| Function.GetName().StartsWith(TEXT("Conv_"), ESearchCase::CaseSensitive);
-}
-
-void AddFrom(const UClass& Library, TArray<FAutocast>& Out)
-{
-	for (TFieldIterator<UFunction> It(&Library, EFieldIteratorFlags::ExcludeSuper); It; ++It)
-	{
-		const FProperty* const Return = It->GetReturnProperty();
-		const FProperty* First = nullptr;
-		for (TFieldIterator<FProperty> Param(*It, EFieldIteratorFlags::ExcludeSuper); Param && !First; ++Param)
-		{
-			First = Param->HasAnyPropertyFlags(CPF_Parm) ? *Param : nullptr;
-		}
-		FAutocast Row;
-		Row.Function = *It;
-		if (First && Return && First != Return && IsAutocast(**It)
-			&& FSchema::ConvertPropertyToPinTypeStatic(First, Row.From)
-			&& FSchema::ConvertPropertyToPinTypeStatic(Return, Row.To))
-		{
-			Out.Add(Row);
-		}
-	}
-}
-
-const TArray<FAutocast>& Autocasts()
-{
-	static const TArray<FAutocast> Table = []
-	{
-		TArray<FAutocast> Rows;
-		for (const TCHAR* const Path : Libraries)
-		{
-			if (const UClass* const Library = FindObject<UClass>(nullptr, Path))
-			{
-				AddFrom(*Library, Rows);
-			}
-		}
-		return Rows;
-	}();
-	return Table;
-}
-
-/** The plain type or the very same one: what a text, a number or a struct is converted from must be just that. */
-bool TakesExactly(const FEdGraphPinType& Type, const FEdGraphPinType& Param)
-{
-	if (Type.PinCategory != Param.PinCategory || Type.IsContainer() || Param.IsContainer())
-	{
-		return false;
-	}
-	return Type.PinCategory == FSchema::PC_Real || Type.PinSubCategoryObject == Param.PinSubCategoryObject;
-}
-
-UClass* NodeClass(const TCHAR* Name)
-{
-	return FindObject<UClass>(nullptr, FString(TEXT("/Script/BlueprintGraph.")) + Name);
-}
-
-/** A node to be placed, without pins; null when the class is missing. */
-UK2Node* MakeNode(const TCHAR* ClassName, const UEdGraphPin& InputPin)
-{
-	UClass* const Class = NodeClass(ClassName);
-	UEdGraph* const Graph = InputPin.GetOwningNode()->GetGraph();
-	return Class && Graph ? NewObject<UK2Node>(Graph, Class, NAME_None, RF_Transactional) : nullptr;
-}
-
-void SetObject(UK2Node& Node, const TCHAR* Property, UObject* Value)
-{
-	if (const FObjectPropertyBase* const Member = FindFProperty<FObjectPropertyBase>(Node.GetClass(), Property))
-	{
-		Member->SetObjectPropertyValue_InContainer(&Node, Value);
-	}
-}
-
 /** What kind of node leads from one type to another, beside library functions. */
 enum class ENode : uint8
 {
 	None,
 	MakeArray,
+	GetMember,
 	EnumToString,
 	EnumToName,
 	ByteToEnum,
-	LoadSoft,
+	ConvertAsset,
 	CastObject,
 	CastClass,
 };
+
+const UClass* ClassOf(const FEdGraphPinType& Type)
+{
+	return Cast<UClass>(Type.PinSubCategoryObject.Get());
+}
 
 bool IsEnum(const FEdGraphPinType& Type)
 {
 	return Type.PinCategory == FSchema::PC_Byte && Cast<UEnum>(Type.PinSubCategoryObject.Get());
 }
 
-/** A cast makes sense where an object of the one class may be of the other. */
-bool MayBe(const FEdGraphPinType& From, const FEdGraphPinType& To)
+/** Either class of a Blueprint may be the newer one, so those that stand for both are asked too. */
+bool IsChild(const UClass* Class, const UClass* Base)
 {
-	const UClass* const FromClass = Cast<UClass>(From.PinSubCategoryObject.Get());
-	const UClass* const ToClass = Cast<UClass>(To.PinSubCategoryObject.Get());
-	if (!FromClass || !ToClass)
-	{
-		return false;
-	}
-	return ToClass->IsChildOf(FromClass)
-		|| ToClass->GetAuthoritativeClass()->IsChildOf(FromClass->GetAuthoritativeClass());
+	return Class && Base
+		&& (Class->IsChildOf(Base) || Class->GetAuthoritativeClass()->IsChildOf(Base->GetAuthoritativeClass()));
 }
 
-ENode FindReferenceNode(const FEdGraphPinType& From, const FEdGraphPinType& To)
+/** The member to call on where the target that is wanted is not the object itself but a part of it: the mesh of a
+ * character. Null when the pin is no target of a call or the object has no such member. */
+const FObjectProperty* FindMemberForTarget(const FEdGraphPinType& Output, const UEdGraphPin& Input)
 {
-	const FName Out = From.PinCategory;
-	const FName In = To.PinCategory;
-	const bool bSoftObject = Out == FSchema::PC_SoftObject && In == FSchema::PC_Object;
-	const bool bSoftClass = Out == FSchema::PC_SoftClass && In == FSchema::PC_Class;
-	if (bSoftObject || bSoftClass)
+	const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(Input.GetOwningNode());
+	const bool bHasObject = Output.PinCategory == FSchema::PC_Object && !Output.IsContainer();
+	const UClass* const Target = Call && bHasObject && Call->GetSchema()->IsSelfPin(Input) ? ClassOf(Input.PinType)
+																						   : nullptr;
+	for (TFieldIterator<FObjectProperty> It(ClassOf(Output)); Target && It; ++It)
 	{
-		const UClass* const FromClass = Cast<UClass>(From.PinSubCategoryObject.Get());
-		const UClass* const ToClass = Cast<UClass>(To.PinSubCategoryObject.Get());
-		return FromClass && ToClass && FromClass->IsChildOf(ToClass) ? ENode::LoadSoft : ENode::None;
+		if (It->HasAllPropertyFlags(CPF_BlueprintVisible) && IsChild(It->PropertyClass, Target))
+		{
+			return *It;
+		}
 	}
-	if (Out == FSchema::PC_Object && In == FSchema::PC_Object)
-	{
-		return MayBe(From, To) ? ENode::CastObject : ENode::None;
-	}
-	if (Out == FSchema::PC_Interface && In == FSchema::PC_Object)
-	{
-		// To the plain object a function leads; a cast says which class it should be.
-		return To.PinSubCategoryObject != UObject::StaticClass() ? ENode::CastObject : ENode::None;
-	}
-	return Out == FSchema::PC_Class && In == FSchema::PC_Class && MayBe(From, To) ? ENode::CastClass : ENode::None;
+	return nullptr;
 }
 
-ENode FindNode(const FSchema& Schema, const FEdGraphPinType& From, const FEdGraphPinType& To)
+ENode FindEnumNode(const FEdGraphPinType& From, const FEdGraphPinType& To)
 {
-	if (!From.IsContainer() && To.IsArray() && To.PinCategory != FSchema::PC_Wildcard
-		&& From.PinCategory != FSchema::PC_Exec && From.PinCategory != FSchema::PC_Wildcard)
-	{
-		return Schema.ArePinTypesCompatible(From, To, nullptr, true) ? ENode::MakeArray : ENode::None;
-	}
-	if (From.IsContainer() || To.IsContainer())
-	{
-		return ENode::None;
-	}
 	if (IsEnum(From) && To.PinCategory == FSchema::PC_String)
 	{
 		return ENode::EnumToString;
@@ -188,57 +77,104 @@ ENode FindNode(const FSchema& Schema, const FEdGraphPinType& From, const FEdGrap
 	{
 		return ENode::EnumToName;
 	}
-	if (From.PinCategory == FSchema::PC_Byte && !IsEnum(From) && IsEnum(To))
-	{
-		return ENode::ByteToEnum;
-	}
-	return FindReferenceNode(From, To);
+	return From.PinCategory == FSchema::PC_Byte && !IsEnum(From) && IsEnum(To) ? ENode::ByteToEnum : ENode::None;
 }
 
-UK2Node* CreateNode(ENode Kind, const UEdGraphPin& InputPin)
+/** Soft references to what they name and back; casts where an object of the one class may be of the other. */
+ENode FindReferenceNode(const FEdGraphPinType& From, const FEdGraphPinType& To)
 {
-	UObject* const Object = InputPin.PinType.PinSubCategoryObject.Get();
+	const FName Out = From.PinCategory;
+	const FName In = To.PinCategory;
+	const auto Pairs = [Out, In](FName A, FName B) { return (Out == A && In == B) || (Out == B && In == A); };
+	if (Pairs(FSchema::PC_SoftObject, FSchema::PC_Object) || Pairs(FSchema::PC_SoftClass, FSchema::PC_Class))
+	{
+		return IsChild(ClassOf(From), ClassOf(To)) ? ENode::ConvertAsset : ENode::None;
+	}
+	if (Out == FSchema::PC_Interface && In == FSchema::PC_Object)
+	{
+		// To the plain object a function leads; a cast says which class it should be.
+		return ClassOf(To) != UObject::StaticClass() ? ENode::CastObject : ENode::None;
+	}
+	if (Out != In || !IsChild(ClassOf(To), ClassOf(From)))
+	{
+		return ENode::None;
+	}
+	return Out == FSchema::PC_Object ? ENode::CastObject : Out == FSchema::PC_Class ? ENode::CastClass : ENode::None;
+}
+
+ENode FindNode(const FSchema& Schema, const FEdGraphPinType& From, const UEdGraphPin& Input)
+{
+	const FEdGraphPinType& To = Input.PinType;
+	if (From.PinCategory == FSchema::PC_Exec)
+	{
+		return ENode::None;
+	}
+	if (!From.IsContainer() && To.IsArray())
+	{
+		return Schema.ArePinTypesCompatible(From, To, nullptr, true) ? ENode::MakeArray : ENode::None;
+	}
+	if (From.IsContainer() || To.IsContainer())
+	{
+		return ENode::None;
+	}
+	if (FindMemberForTarget(From, Input))
+	{
+		return ENode::GetMember;
+	}
+	const ENode EnumNode = FindEnumNode(From, To);
+	return EnumNode != ENode::None ? EnumNode : FindReferenceNode(From, To);
+}
+
+/** A node to be placed, without pins. */
+template <class T>
+T* Make(UEdGraph& Graph)
+{
+	return NewObject<T>(&Graph, T::StaticClass(), NAME_None, RF_Transactional);
+}
+
+template <class T>
+T* MakeCast(UEdGraph& Graph, const FEdGraphPinType& To)
+{
+	T* const Node = Make<T>(Graph);
+	Node->TargetType = Cast<UClass>(To.PinSubCategoryObject.Get());
+	// Between two value pins no execution passes, so the cast is evaluated where its value is asked for.
+	Node->bIsPureCast = true;
+	return Node;
+}
+
+UK2Node* CreateNode(ENode Kind, UEdGraph& Graph, const FEdGraphPinType& From, const UEdGraphPin& Input)
+{
 	switch (Kind)
 	{
 	case ENode::MakeArray:
-		return MakeNode(TEXT("K2Node_MakeArray"), InputPin);
+		return Make<UK2Node_MakeArray>(Graph);
 	case ENode::EnumToString:
-		return MakeNode(TEXT("K2Node_GetEnumeratorNameAsString"), InputPin);
+		return Make<UK2Node_GetEnumeratorNameAsString>(Graph);
 	case ENode::EnumToName:
-		return MakeNode(TEXT("K2Node_GetEnumeratorName"), InputPin);
-	case ENode::LoadSoft:
-		return MakeNode(TEXT("K2Node_ConvertAsset"), InputPin);
-	case ENode::ByteToEnum:
-		if (UK2Node* const Node = MakeNode(TEXT("K2Node_CastByteToEnum"), InputPin))
-		{
-			SetObject(*Node, TEXT("Enum"), Object);
-			return Node;
-		}
-		return nullptr;
+		return Make<UK2Node_GetEnumeratorName>(Graph);
+	case ENode::ConvertAsset:
+		return Make<UK2Node_ConvertAsset>(Graph);
 	case ENode::CastObject:
+		return MakeCast<UK2Node_DynamicCast>(Graph, Input.PinType);
 	case ENode::CastClass:
-		if (UK2Node* const Node = MakeNode(
-				Kind == ENode::CastObject ? TEXT("K2Node_DynamicCast") : TEXT("K2Node_ClassDynamicCast"), InputPin))
-		{
-			UK2Node_DynamicCast* const CastNode = static_cast<UK2Node_DynamicCast*>(Node);
-			CastNode->TargetType = Cast<UClass>(Object);
-			// Between two value pins no execution passes, so the cast is evaluated where its value is asked for.
-			CastNode->bIsPureCast = true;
-			return Node;
-		}
-		return nullptr;
+		return MakeCast<UK2Node_ClassDynamicCast>(Graph, Input.PinType);
+	case ENode::ByteToEnum:
+	{
+		UK2Node_CastByteToEnum* const Node = Make<UK2Node_CastByteToEnum>(Graph);
+		Node->Enum = Cast<UEnum>(Input.PinType.PinSubCategoryObject.Get());
+		return Node;
+	}
+	case ENode::GetMember:
+	{
+		UK2Node_VariableGet* const Node = Make<UK2Node_VariableGet>(Graph);
+		const FObjectProperty* const Member = FindMemberForTarget(From, Input);
+		Node->SetFromProperty(Member, false, Member->GetOwnerClass());
+		return Node;
+	}
 	case ENode::None:
 		break;
 	}
 	return nullptr;
-}
-
-bool NodeExists(ENode Kind)
-{
-	const TCHAR* const Names[] = {TEXT(""), TEXT("K2Node_MakeArray"), TEXT("K2Node_GetEnumeratorNameAsString"),
-		TEXT("K2Node_GetEnumeratorName"), TEXT("K2Node_CastByteToEnum"), TEXT("K2Node_ConvertAsset"),
-		TEXT("K2Node_DynamicCast"), TEXT("K2Node_ClassDynamicCast")};
-	return Kind != ENode::None && NodeClass(Names[static_cast<int32>(Kind)]);
 }
 
 /** Puts the node halfway between the two and gives it its pins. */
@@ -256,80 +192,54 @@ void Place(UK2Node& Node, UEdGraph& Graph, const UEdGraphNode& From, const UEdGr
 	}
 }
 
-bool IsPlainLink(ECanCreateConnectionResponse Response)
-{
-	return Response == CONNECT_RESPONSE_MAKE || Response == CONNECT_RESPONSE_BREAK_OTHERS_A
-		|| Response == CONNECT_RESPONSE_BREAK_OTHERS_B || Response == CONNECT_RESPONSE_BREAK_OTHERS_AB;
-}
-
-/** Links the given pin to the first shown pin of the node that takes it as it is. */
+/** Links the given pin to the first shown pin of the node that takes it as it is, or by a conversion where none does:
+ * casts take objects, so an interface is made one before. */
 bool Wire(const FSchema& Schema, UEdGraphPin& Pin, const UK2Node& Node)
 {
-	const TArray<UEdGraphPin*> Candidates = Node.Pins;
-	for (UEdGraphPin* const Candidate : Candidates)
+	UEdGraphPin* Converting = nullptr;
+	for (UEdGraphPin* const Candidate : Node.Pins)
 	{
-		if (Candidate->Direction != Pin.Direction && !Candidate->bHidden && !FSchema::IsExecPin(*Candidate)
-			&& IsPlainLink(Schema.CanCreateConnection(&Pin, Candidate).Response))
+		if (Candidate->Direction == Pin.Direction || Candidate->bHidden || FSchema::IsExecPin(*Candidate))
+		{
+			continue;
+		}
+		const ECanCreateConnectionResponse Response = Schema.CanCreateConnection(&Pin, Candidate).Response;
+		if (Response == CONNECT_RESPONSE_MAKE_WITH_CONVERSION_NODE)
+		{
+			Converting = Converting ? Converting : Candidate;
+		}
+		else if (Response != CONNECT_RESPONSE_DISALLOW)
 		{
 			return Schema.TryCreateConnection(&Pin, Candidate);
 		}
 	}
-	return false;
+	return Converting && Schema.TryCreateConnection(&Pin, Converting);
+}
+
+/** The call of a library function that converts, not yet placed; null when there is none. */
+UK2Node* CreateAutocastCall(
+	const FSchema& Schema, UEdGraph& Graph, const FEdGraphPinType& From, const FEdGraphPinType& To)
+{
+	FName Function;
+	UClass* Owner = nullptr;
+	if (!Schema.SearchForAutocastFunction(From, To, Function, Owner))
+	{
+		return nullptr;
+	}
+	UK2Node_CallFunction* const Call = Make<UK2Node_CallFunction>(Graph);
+	Call->SetFromFunction(Owner->FindFunctionByName(Function));
+	return Call;
 }
 } // namespace PinConversions
-
-bool UEdGraphSchema_K2::SearchForAutocastFunction(const FEdGraphPinType& OutputPinType,
-	const FEdGraphPinType& InputPinType, FName& TargetFunction, UClass*& FunctionOwner) const
-{
-	using namespace PinConversions;
-	if (OutputPinType.IsContainer() || InputPinType.IsContainer() || OutputPinType.PinCategory == PC_Wildcard
-		|| InputPinType.PinCategory == PC_Wildcard || OutputPinType.PinCategory == PC_Exec
-		|| InputPinType.PinCategory == PC_Exec)
-	{
-		return false;
-	}
-	const FAutocast* Best = nullptr;
-	for (const FAutocast& Row : Autocasts())
-	{
-		if (!TakesExactly(Row.To, InputPinType))
-		{
-			continue;
-		}
-		if (TakesExactly(OutputPinType, Row.From))
-		{
-			Best = &Row;
-			break;
-		}
-		// An enum goes where a byte goes, and a child class where its parent does.
-		if (!Best && ArePinTypesCompatible(OutputPinType, Row.From))
-		{
-			Best = &Row;
-		}
-	}
-	if (!Best)
-	{
-		return false;
-	}
-	TargetFunction = Best->Function->GetFName();
-	FunctionOwner = Best->Function->GetOwnerClass();
-	return true;
-}
 
 bool UEdGraphSchema_K2::FindSpecializedConversionNode(
 	const FEdGraphPinType& OutputPinType, const UEdGraphPin& InputPin, bool bCreateNode, UK2Node*& TargetNode) const
 {
 	using namespace PinConversions;
-	TargetNode = nullptr;
-	const ENode Kind = FindNode(*this, OutputPinType, InputPin.PinType);
-	if (!NodeExists(Kind))
-	{
-		return false;
-	}
-	if (bCreateNode)
-	{
-		TargetNode = CreateNode(Kind, InputPin);
-	}
-	return !bCreateNode || TargetNode;
+	const ENode Kind = FindNode(*this, OutputPinType, InputPin);
+	TargetNode = bCreateNode ? CreateNode(Kind, *InputPin.GetOwningNode()->GetGraph(), OutputPinType, InputPin)
+							 : nullptr;
+	return Kind != ENode::None;
 }
 
 bool UEdGraphSchema_K2::CreateAutomaticConversionNodeAndConnections(UEdGraphPin* PinA, UEdGraphPin* PinB) const
@@ -343,15 +253,9 @@ bool UEdGraphSchema_K2::CreateAutomaticConversionNodeAndConnections(UEdGraphPin*
 	}
 	UEdGraph* const Graph = Input->GetOwningNode()->GetGraph();
 	UK2Node* Node = nullptr;
-	FName FunctionName;
-	UClass* Owner = nullptr;
-	if (!FindSpecializedConversionNode(Output->PinType, *Input, true, Node)
-		&& SearchForAutocastFunction(Output->PinType, Input->PinType, FunctionName, Owner))
+	if (!FindSpecializedConversionNode(Output->PinType, *Input, true, Node))
 	{
-		UK2Node_CallFunction* const Call = NewObject<UK2Node_CallFunction>(
-			Graph, UK2Node_CallFunction::StaticClass(), NAME_None, RF_Transactional);
-		Call->SetFromFunction(Owner->FindFunctionByName(FunctionName));
-		Node = Call;
+		Node = CreateAutocastCall(*this, *Graph, Output->PinType, Input->PinType);
 	}
 	if (!Node)
 	{

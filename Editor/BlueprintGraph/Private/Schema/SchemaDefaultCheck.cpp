@@ -4,7 +4,7 @@
 
 #include "K2Node_CallFunction.h"
 #include "K2Node_FunctionResult.h"
-#include "Misc/OutputDevice.h"
+#include "Misc/PackageName.h"
 #include "Schema/SchemaStructText.h"
 #include "UObject/UnrealType.h"
 
@@ -138,6 +138,15 @@ FString CheckObject(const FEdGraphPinType& Type, FName PinName, const FString& V
 					 *Object->GetClass()->GetName(), *PinName.ToString(), *ClassName(Wanted));
 }
 
+FString CheckSoftReference(const FEdGraphPinType& Type, FName PinName, const FString& Value)
+{
+	FText Reason;
+	return Value == TEXT("None") || FPackageName::IsValidObjectPath(Value, &Reason)
+		? FString()
+		: FString::Printf(TEXT("'%s' is no path that pin '%s' (%s) could hold: %s"), *Value, *PinName.ToString(),
+			*FSchema::TypeToText(Type).ToString(), *Reason.ToString());
+}
+
 FString CheckStruct(const FEdGraphPinType& Type, const FString& Value)
 {
 	const UScriptStruct* const Struct = Cast<UScriptStruct>(Type.PinSubCategoryObject.Get());
@@ -172,6 +181,10 @@ FString Check(const FEdGraphPinType& Type, FName PinName, const FString& Value, 
 	if (Category == FSchema::PC_Boolean)
 	{
 		return IsBool(Value) ? FString() : FString::Printf(TEXT("'%s' is neither true nor false"), *Value);
+	}
+	if (Category == FSchema::PC_SoftObject || Category == FSchema::PC_SoftClass)
+	{
+		return CheckSoftReference(Type, PinName, Value);
 	}
 	if (const UEnum* const Enum = Cast<UEnum>(Type.PinSubCategoryObject.Get()))
 	{

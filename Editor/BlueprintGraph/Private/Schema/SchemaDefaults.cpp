@@ -81,26 +81,6 @@ bool SameNumber(const FString& A, const FString& B)
 	return SchemaStructText::ReadReal(A, NumberA) && SchemaStructText::ReadReal(B, NumberB) && NumberA == NumberB;
 }
 
-bool SameStruct(const UScriptStruct& Struct, const FString& A, const FString& B)
-{
-	TMap<FName, FString> MembersA;
-	TMap<FName, FString> MembersB;
-	if (!SchemaStructText::ReadMembers(Struct, A.IsEmpty() ? TEXT("()") : A, MembersA)
-		|| !SchemaStructText::ReadMembers(Struct, B.IsEmpty() ? TEXT("()") : B, MembersB))
-	{
-		return false;
-	}
-	for (const auto& Member : MembersA)
-	{
-		const FString* const Other = MembersB.Find(Member.Key);
-		if (!Other || (!Other->Equals(Member.Value) && !SameNumber(*Other, Member.Value)))
-		{
-			return false;
-		}
-	}
-	return true;
-}
-
 /** Whether two texts mean the same value: "0" and "0.0" do, "1,2,3" and "1.0, 2.0, 3.0" do. */
 bool SameValue(const FEdGraphPinType& Type, const FString& A, const FString& B)
 {
@@ -127,7 +107,7 @@ bool SameValue(const FEdGraphPinType& Type, const FString& A, const FString& B)
 		return FName(*A) == FName(*B);
 	}
 	const UScriptStruct* const Struct = Cast<UScriptStruct>(Type.PinSubCategoryObject.Get());
-	return Category == FSchema::PC_Struct && Struct && SameStruct(*Struct, A, B);
+	return Category == FSchema::PC_Struct && Struct && SchemaStructText::IsSameValue(*Struct, A, B);
 }
 
 void Assign(UEdGraphPin& Pin, const FString& Value, UObject* Object, const FText& Text)

@@ -5,64 +5,35 @@
 #include "Engine/Blueprint.h"
 #include "UObject/UnrealType.h"
 
-namespace SchemaFunctions
-{
-bool HasOutputBesidesReturn(const UFunction* Function, bool bCountReturn)
+bool UEdGraphSchema_K2::HasFunctionAnyOutputParameter(const UFunction* Function)
 {
 	for (TFieldIterator<FProperty> It(Function, EFieldIteratorFlags::ExcludeSuper); It; ++It)
 	{
-		if (!It->HasAnyPropertyFlags(CPF_Parm))
-		{
-			continue;
-		}
-		if (It->HasAnyPropertyFlags(CPF_ReturnParm))
-		{
-			if (bCountReturn)
-			{
-				return true;
-			}
-			continue;
-		}
 		// A by-reference input is marked as an output too; the reference flag tells them apart.
-		if (It->HasAnyPropertyFlags(CPF_OutParm) && !It->HasAnyPropertyFlags(CPF_ReferenceParm))
+		const bool bOutput = It->HasAnyPropertyFlags(CPF_OutParm) && !It->HasAnyPropertyFlags(CPF_ReferenceParm);
+		if (It->HasAnyPropertyFlags(CPF_Parm) && (bOutput || It->HasAnyPropertyFlags(CPF_ReturnParm)))
 		{
 			return true;
 		}
 	}
 	return false;
 }
-} // namespace SchemaFunctions
-
-bool UEdGraphSchema_K2::HasFunctionAnyOutputParameter(const UFunction* Function)
-{
-	return Function && SchemaFunctions::HasOutputBesidesReturn(Function, true);
-}
 
 bool UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(const UFunction* InFunction)
 {
-	if (!InFunction || !CanKismetOverrideFunction(InFunction))
-	{
-		return false;
-	}
-	if (InFunction->HasAnyFunctionFlags(FUNC_Const) || InFunction->HasAnyFunctionFlags(FUNC_BlueprintPure))
-	{
-		return false;
-	}
-	if (InFunction->HasMetaData(TEXT("ForceAsFunction")))
-	{
-		return false;
-	}
-	return !HasFunctionAnyOutputParameter(InFunction);
+	static const FName ForceAsFunction(TEXT("ForceAsFunction"));
+	static const FName ThreadSafe(TEXT("BlueprintThreadSafe"));
+	// An event runs in the event graph, which changes its object, on the game's thread, and gives nothing back.
+	constexpr EFunctionFlags NoEvent = static_cast<EFunctionFlags>(FUNC_Static | FUNC_Const | FUNC_BlueprintPure);
+	return InFunction && CanKismetOverrideFunction(InFunction) && !InFunction->HasAnyFunctionFlags(NoEvent)
+		&& !InFunction->HasMetaData(ForceAsFunction) && !InFunction->HasMetaData(ThreadSafe)
+		&& !HasFunctionAnyOutputParameter(InFunction);
 }
 
 bool UEdGraphSchema_K2::FunctionCanBeUsedInDelegate(const UFunction* InFunction)
 {
-	if (!InFunction || InFunction->HasMetaData(FBlueprintMetadata::MD_Latent)
-		|| InFunction->HasAllFunctionFlags(FUNC_BlueprintPure))
-	{
-		return false;
-	}
-	return InFunction->HasAnyFunctionFlags(static_cast<EFunctionFlags>(FUNC_BlueprintCallable | FUNC_BlueprintEvent));
+	return CanUserKismetCallFunction(InFunction) && !InFunction->HasMetaData(FBlueprintMetadata::MD_Latent)
+		&& !InFunction->HasAllFunctionFlags(FUNC_BlueprintPure);
 }
 
 bool UEdGraphSchema_K2::CanKismetOverrideFunction(const UFunction* Function)

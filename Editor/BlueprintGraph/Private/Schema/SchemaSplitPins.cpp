@@ -149,11 +149,13 @@ void DistributeDefault(const UEdGraphPin& Pin, const FSchema& Schema)
 		{
 			continue;
 		}
+		// Parts that are numbers read as a person writes them: "1.0" of "1.000000".
+		const bool bReal = SubPin->PinType.PinCategory == FSchema::PC_Real && !SubPin->PinType.IsContainer();
 		FString UseValue;
 		TObjectPtr<UObject> UseObject;
 		FText UseText;
-		Schema.GetPinDefaultValuesFromString(
-			SubPin->PinType, SubPin->GetOwningNode(), *Value, UseValue, UseObject, UseText);
+		Schema.GetPinDefaultValuesFromString(SubPin->PinType, SubPin->GetOwningNode(),
+			bReal ? FString::SanitizeFloat(FCString::Atod(**Value)) : *Value, UseValue, UseObject, UseText);
 		SubPin->DefaultValue = UseValue;
 		SubPin->DefaultObject = UseObject;
 		SubPin->DefaultTextValue = UseText;

@@ -90,46 +90,73 @@ bool IsRow(const UScriptStruct& Struct)
 }
 
 /** Reads "1, 2, 3". */
-bool ReadRow(const UScriptStruct& Struct, const FString& Text, TMap<FName, FString>& OutMembers)
+bool ReadNumbers(const FString& Text, double (&OutNumbers)[3])
 {
-	const TArray<FName> Names = GetRowNames(Struct);
 	TArray<FString> Parts;
-	if (Names.IsEmpty() || Text.ParseIntoArray(Parts, TEXT(","), false) != Names.Num())
+	return Text.ParseIntoArray(Parts, TEXT(","), false) == 3 && ReadReal(Parts[0], OutNumbers[0])
+		&& ReadReal(Parts[1], OutNumbers[1]) && ReadReal(Parts[2], OutNumbers[2]);
+}
+
+/** Reads "0,0,0|0,90,0|1,1,1": location, rotation in degrees, scale. */
+bool ReadTransform(const FString& Text, FString& OutNamed)
+{
+	TArray<FString> Parts;
+	double Move[3];
+	double Turn[3];
+	double Scale[3];
+	if (Text.ParseIntoArray(Parts, TEXT("|"), false) != 3 || !ReadNumbers(Parts[0], Move)
+		|| !ReadNumbers(Parts[1], Turn) || !ReadNumbers(Parts[2], Scale))
 	{
 		return false;
 	}
-	for (int32 Index = 0; Index < Names.Num(); ++Index)
-	{
-		double Number = 0.0;
-		if (!ReadReal(Parts[Index], Number))
-		{
-			return false;
-		}
-		OutMembers.Add(Names[Index], Parts[Index].TrimStartAndEnd());
-	}
+	const FQuat Quat = FRotator(Turn[0], Turn[1], Turn[2]).Quaternion();
+	OutNamed = FString::Printf(
+		TEXT(
+			"(Rotation=(X=%.15g,Y=%.15g,Z=%.15g,W=%.15g),Translation=(X=%.15g,Y=%.15g,Z=%.15g),Scale3D=(X=%.15g,Y=%.15g,Z=%.15g))"),
+		Quat.X, Quat.Y, Quat.Z, Quat.W, Move[0], Move[1], Move[2], Scale[0], Scale[1], Scale[2]);
 	return true;
 }
 
+/** The text that names each member, where it was given in the short form of its struct; else the text as it is. */
+FString ToNamedForm(const UScriptStruct& Struct, const FString& Text)
+{
+	static const FName Transform(TEXT("Transform"));
+	FString Named;
+	if (Struct.GetFName() == Transform && ReadTransform(Text, Named))
+	{
+		return Named;
+	}
+	const TArray<FName> Names = GetRowNames(Struct);
+	double Numbers[3];
+	if (Names.IsEmpty() || !ReadNumbers(Text, Numbers))
+	{
+		return Text;
+	}
+	return FString::Printf(TEXT("(%s=%.15g,%s=%.15g,%s=%.15g)"), *Names[0].ToString(), Numbers[0], *Names[1].ToString(),
+		Numbers[1], *Names[2].ToString(), Numbers[2]);
+}
+
+/** Reads the text over the struct's initial value; a text that names nothing leaves that as it is. */
 bool Import(const UScriptStruct& Struct, const FString& Text, const FStructValue& Value, FString& OutFault)
 {
+	if (Text.IsEmpty() || Text == TEXT("()"))
+	{
+		return true;
+	}
 	FFirstFault Faults;
-	const TCHAR* const End = Struct.ImportText(*Text, Value.Get(), nullptr, PPF_None, &Faults, Struct.GetName());
+	const FString Named = ToNamedForm(Struct, Text);
+	const TCHAR* const End = Struct.ImportText(*Named, Value.Get(), nullptr, PPF_None, &Faults, Struct.GetName());
+	OutFault = Faults.Fault;
 	if (End && FString(End).TrimStart().IsEmpty())
 	{
-		OutFault = Faults.Fault;
 		return OutFault.IsEmpty();
 	}
-	OutFault = Faults.Fault.IsEmpty() ? FString(TEXT("the text cannot be read")) : Faults.Fault;
+	OutFault = OutFault.IsEmpty() ? FString(TEXT("the text cannot be read")) : OutFault;
 	return false;
 }
 
 FString FindFault(const UScriptStruct& Struct, const FString& Text)
 {
-	TMap<FName, FString> Members;
-	if (ReadRow(Struct, Text, Members) || Text == TEXT("()"))
-	{
-		return FString();
-	}
 	FString Fault;
 	const FStructValue Value(Struct);
 	if (Import(Struct, Text, Value, Fault))
@@ -140,15 +167,20 @@ FString FindFault(const UScriptStruct& Struct, const FString& Text)
 													  : Fault;
 }
 
+bool IsSameValue(const UScriptStruct& Struct, const FString& A, const FString& B)
+{
+	FString Fault;
+	const FStructValue ValueA(Struct);
+	const FStructValue ValueB(Struct);
+	return Import(Struct, A, ValueA, Fault) && Import(Struct, B, ValueB, Fault)
+		&& Struct.CompareScriptStruct(ValueA.Get(), ValueB.Get(), PPF_None);
+}
+
 bool ReadMembers(const UScriptStruct& Struct, const FString& Text, TMap<FName, FString>& OutMembers)
 {
-	if (ReadRow(Struct, Text, OutMembers))
-	{
-		return true;
-	}
 	FString Fault;
 	const FStructValue Value(Struct);
-	if (!Text.IsEmpty() && Text != TEXT("()") && !Import(Struct, Text, Value, Fault))
+	if (!Import(Struct, Text, Value, Fault))
 	{
 		return false;
 	}

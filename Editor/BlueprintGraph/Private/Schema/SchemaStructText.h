@@ -3,7 +3,8 @@
 #include "CoreMinimal.h"
 #include "UObject/Class.h"
 
-/** Default texts of struct pins: "1,2,3" for vectors and rotators, "(Member=Value,...)" for all. */
+/** Default texts of struct pins: "1,2,3" for vectors and rotators, "1,2,3|0,90,0|1,1,1" for transforms,
+ * "(Member=Value,...)" for all. */
 namespace SchemaStructText
 {
 /** The number that the whole text is, blanks around it and an "f" behind it allowed. */
@@ -14,6 +15,8 @@ bool IsRow(const UScriptStruct& Struct);
 TArray<FName> GetRowNames(const UScriptStruct& Struct);
 /** What is wrong with the text as a value of the struct; empty when nothing is. */
 FString FindFault(const UScriptStruct& Struct, const FString& Text);
+/** Whether both texts are the same value of the struct, however they are written. */
+bool IsSameValue(const UScriptStruct& Struct, const FString& A, const FString& B);
 /** The text as pins keep it: a row without names for a struct that has one. A faulty text comes back as it is. */
 FString Normalise(const UScriptStruct& Struct, const FString& Text);
 /** Text of each member that the value gives, by name. False when the text is no value of the struct. */
