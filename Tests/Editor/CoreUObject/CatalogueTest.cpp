@@ -172,7 +172,9 @@ TEST_F(Catalogue, EveryReferenceResolves)
 			const UStruct* const Struct = Cast<UStruct>(Field);
 			const UStruct* const Super = Struct ? Struct->GetSuperStruct() : nullptr;
 			const UClass* const Class = Cast<UClass>(Struct);
-			if (!Class || !Class->IsNative())
+			const UScriptStruct* const ScriptStruct = Cast<UScriptStruct>(Struct);
+			const bool bFromCode = (Class && Class->IsNative()) || (ScriptStruct && ScriptStruct->GetOps());
+			if (!bFromCode)
 			{
 				EXPECT_EQ(ToUtf8(Super ? Super->GetPathName() : FString()), ToUtf8(ParentPath)) << TCHAR_TO_UTF8(*Path);
 			}
