@@ -29,6 +29,10 @@ public:
 	FName ProxyActivateFunctionName;
 
 protected:
+	/** An entry for each static function that makes an object of a class below the base. */
+	void AddFactoryActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar, const UClass* Base) const;
+	/** Where menus list tasks whose factory says nothing of it. */
+	virtual FText GetDefaultCategory() const;
 	/** The way in, the way on at once, and the task itself where its class wants to be seen. */
 	void CreateFlowPins();
 	/** Exec outputs of the task's events, then the parameters of the first of them. */

@@ -29,5 +29,4 @@ public:
 
 private:
 	void CreateOutputPins(UClass* InClass);
-	static UClass* ClassOfPin(const UEdGraphPin* Pin);
 };

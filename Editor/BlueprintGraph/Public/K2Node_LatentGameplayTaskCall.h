@@ -26,6 +26,7 @@ public:
 protected:
 	/** The class whose tasks the node makes. */
 	virtual UClass* GetTaskBaseClass() const;
+	FText GetDefaultCategory() const override;
 };
 
 /** An ability task. */
@@ -38,4 +39,5 @@ public:
 
 protected:
 	UClass* GetTaskBaseClass() const override;
+	FText GetDefaultCategory() const override;
 };

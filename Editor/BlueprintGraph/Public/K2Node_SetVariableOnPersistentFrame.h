@@ -10,5 +10,6 @@ class UK2Node_SetVariableOnPersistentFrame : public UK2Node
 
 public:
 	void AllocateDefaultPins() override;
+	FText GetTooltipText() const override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 };

@@ -40,15 +40,19 @@ FString DescribeSide(const UFunction& Function, const TCHAR* Word, bool bInputs)
 	}
 	return Parts.IsEmpty() ? FString() : FString(TEXT("\n")) + Word + FString::Join(Parts, TEXT(", "));
 }
-FString WorkOut(const UFunction& Function)
+/** The text that the declaration itself brings; empty without one. */
+FString OwnText(const UFunction& Function)
 {
 	const FString* const Own = Function.FindMetaData(FBlueprintMetadata::MD_ToolTip);
-	if (Own && !Own->IsEmpty())
-	{
-		return Function.GetToolTipText().ToString();
-	}
-	const FString Name = UEdGraphSchema_K2::GetFriendlySignatureName(&Function).ToString();
-	return Name + DescribeParameters(Function);
+	return Own && !Own->IsEmpty() ? Function.GetToolTipText().ToString() : FString();
+}
+
+FString WorkOut(const UFunction& Function)
+{
+	const FString Own = OwnText(Function);
+	return Own.IsEmpty()
+		? UEdGraphSchema_K2::GetFriendlySignatureName(&Function).ToString() + DescribeParameters(Function)
+		: Own;
 }
 } // namespace
 
@@ -67,6 +71,12 @@ FString Describe(const UFunction& Function)
 		Facts.Description = MoveTemp(Worded);
 	}
 	return Facts.Description.GetValue();
+}
+
+FString DescribeFactory(const UFunction& Function, const FString& Name)
+{
+	const FString Own = OwnText(Function);
+	return Own.IsEmpty() ? Name + DescribeSide(Function, TEXT("Inputs: "), true) : Own;
 }
 
 FString WhereItRuns(const UFunction& Function)

@@ -1,23 +1,21 @@
 // Nodes that start a task and go on at its events.
 
 #include "K2Node_AsyncAction.h"
-#include "K2Node_LatentGameplayTaskCall.h"
 
 #include "BlueprintActionDatabaseRegistrar.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "ExposedVariables.h"
 #include "FunctionPins.h"
+#include "FunctionTips.h"
 #include "K2Node_CallFunction.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Menu/MenuWords.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_BaseAsyncTask, "/Script/BlueprintGraph", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UK2Node_AsyncAction, "/Script/BlueprintGraph", CLASS_None)
-IMPLEMENT_EDITOR_CLASS(UK2Node_LatentGameplayTaskCall, "/Script/GameplayTasksEditor", CLASS_None)
-IMPLEMENT_EDITOR_CLASS(UK2Node_LatentAbilityCall, "/Script/GameplayAbilitiesEditor", CLASS_None)
 
 void UK2Node_BaseAsyncTask::DescribeClass(FClassDescriber& Class)
 {
@@ -28,17 +26,10 @@ void UK2Node_BaseAsyncTask::DescribeClass(FClassDescriber& Class)
 }
 
 void UK2Node_AsyncAction::DescribeClass(FClassDescriber&) {}
-void UK2Node_LatentGameplayTaskCall::DescribeClass(FClassDescriber&) {}
-void UK2Node_LatentAbilityCall::DescribeClass(FClassDescriber&) {}
 
 UK2Node_AsyncAction::UK2Node_AsyncAction()
 {
 	ProxyActivateFunctionName = FName(TEXT("Activate"));
-}
-
-UK2Node_LatentGameplayTaskCall::UK2Node_LatentGameplayTaskCall()
-{
-	ProxyActivateFunctionName = FName(TEXT("ReadyForActivation"));
 }
 
 UFunction* UK2Node_BaseAsyncTask::GetFactoryFunction() const
@@ -210,9 +201,9 @@ FText UK2Node_BaseAsyncTask::GetNodeTitle(ENodeTitleType::Type) const
 
 FText UK2Node_BaseAsyncTask::GetTooltipText() const
 {
+	const FText Title = GetNodeTitle(ENodeTitleType::FullTitle);
 	const UFunction* const Function = GetFactoryFunction();
-	return Function ? FText::FromString(UK2Node_CallFunction::GetDefaultTooltipForFunction(Function))
-					: GetNodeTitle(ENodeTitleType::FullTitle);
+	return Function ? FText::FromString(FunctionTips::DescribeFactory(*Function, Title.ToString())) : Title;
 }
 
 FText UK2Node_BaseAsyncTask::GetKeywords() const
@@ -224,8 +215,15 @@ FText UK2Node_BaseAsyncTask::GetKeywords() const
 FText UK2Node_BaseAsyncTask::GetMenuCategory() const
 {
 	const UFunction* const Function = GetFactoryFunction();
-	return Function ? UK2Node_CallFunction::GetDefaultCategoryForFunction(Function, FText::GetEmpty())
-					: FText::GetEmpty();
+	const FText Category = Function ? UK2Node_CallFunction::GetDefaultCategoryForFunction(Function, FText::GetEmpty())
+									: FText::GetEmpty();
+	return Category.IsEmpty() ? GetDefaultCategory() : Category;
+}
+
+FText UK2Node_BaseAsyncTask::GetDefaultCategory() const
+{
+	const UClass* const Class = ProxyFactoryClass.Get();
+	return Class ? FText::FromString(TEXT("Class|") + MenuWords::ClassName(*Class)) : FText::GetEmpty();
 }
 
 bool UK2Node_BaseAsyncTask::IsCompatibleWithGraph(const UEdGraph* Graph) const
@@ -251,10 +249,8 @@ void UK2Node_BaseAsyncTask::ValidateNodeDuringCompilation(FCompilerResultsLog& M
 	}
 }
 
-namespace AsyncTasks
-{
-/** Static functions that make an object of a class below Base. */
-void AddFactories(FBlueprintActionDatabaseRegistrar& ActionRegistrar, UClass* NodeClass, const UClass* Base)
+void UK2Node_BaseAsyncTask::AddFactoryActions(
+	FBlueprintActionDatabaseRegistrar& ActionRegistrar, const UClass* Base) const
 {
 	TArray<UClass*> Classes;
 	if (Base)
@@ -278,142 +274,15 @@ void AddFactories(FBlueprintActionDatabaseRegistrar& ActionRegistrar, UClass* No
 			if (bFactory)
 			{
 				ActionRegistrar.AddBlueprintAction(Class,
-					UBlueprintNodeSpawner::Create(NodeClass, nullptr,
+					UBlueprintNodeSpawner::Create(GetClass(), nullptr,
 						[Function](UEdGraphNode* Node, bool)
 						{ CastChecked<UK2Node_BaseAsyncTask>(Node)->InitializeProxyFromFunction(Function); }));
 			}
 		}
 	}
 }
-} // namespace AsyncTasks
 
 void UK2Node_AsyncAction::GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const
 {
-	AsyncTasks::AddFactories(
-		ActionRegistrar, GetClass(), FindObject<UClass>(nullptr, TEXT("/Script/Engine.BlueprintAsyncActionBase")));
-}
-
-UClass* UK2Node_LatentGameplayTaskCall::GetTaskBaseClass() const
-{
-	return FindObject<UClass>(nullptr, TEXT("/Script/GameplayTasks.GameplayTask"));
-}
-
-UClass* UK2Node_LatentAbilityCall::GetTaskBaseClass() const
-{
-	return FindObject<UClass>(nullptr, TEXT("/Script/GameplayAbilities.AbilityTask"));
-}
-
-namespace LatentTasks
-{
-const FName ClassPin(TEXT("Class"));
-const FName SpawnedActorPin(TEXT("SpawnedActor"));
-
-/** A task that spawns an actor lets its class be chosen, and its variables be set before it begins to play. */
-bool SpawnsActor(const UClass& Task)
-{
-	static const FName BeginSpawning(TEXT("BeginSpawningActor"));
-	static const FName FinishSpawning(TEXT("FinishSpawningActor"));
-	return Task.FindFunctionByName(BeginSpawning) && Task.FindFunctionByName(FinishSpawning);
-}
-
-/** Variables that the factory says make no sense for what its task spawns. */
-TSet<FName> HiddenVariables(const UFunction* Factory)
-{
-	static const FName HideSpawnParms(TEXT("HideSpawnParms"));
-	return Factory ? FunctionPins::NamesInMetaData(*Factory, HideSpawnParms) : TSet<FName>();
-}
-} // namespace LatentTasks
-
-UEdGraphPin* UK2Node_LatentGameplayTaskCall::GetClassPin(const TArray<UEdGraphPin*>* InPinsToSearch) const
-{
-	UEdGraphPin* const* const Found =
-		(InPinsToSearch ? *InPinsToSearch : Pins)
-			.FindByPredicate([](const UEdGraphPin* Pin)
-				{ return Pin->PinName == LatentTasks::ClassPin && Pin->Direction == EGPD_Input; });
-	return Found ? *Found : nullptr;
-}
-
-UClass* UK2Node_LatentGameplayTaskCall::GetClassToSpawn(const TArray<UEdGraphPin*>* InPinsToSearch) const
-{
-	const UEdGraphPin* const Pin = GetClassPin(InPinsToSearch);
-	if (!Pin)
-	{
-		return nullptr;
-	}
-	return Pin->LinkedTo.IsEmpty() ? Cast<UClass>(Pin->DefaultObject.Get())
-								   : Cast<UClass>(Pin->LinkedTo[0]->PinType.PinSubCategoryObject.Get());
-}
-
-void UK2Node_LatentGameplayTaskCall::CreatePinsForClass(UClass* InClass)
-{
-	ExposedVariables::CreatePins(*this, *InClass, LatentTasks::HiddenVariables(GetFactoryFunction()), nullptr);
-}
-
-void UK2Node_LatentGameplayTaskCall::AllocateDefaultPins()
-{
-	Super::AllocateDefaultPins();
-	const UClass* const Class = ProxyClass.Get();
-	if (GetFactoryFunction() && Class && LatentTasks::SpawnsActor(*Class))
-	{
-		UClass* const Actor = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
-		if (!FindPin(LatentTasks::ClassPin))
-		{
-			CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Class, Actor, LatentTasks::ClassPin);
-		}
-		if (!FindPin(LatentTasks::SpawnedActorPin))
-		{
-			CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Object, Actor, LatentTasks::SpawnedActorPin);
-		}
-	}
-}
-
-void UK2Node_LatentGameplayTaskCall::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
-{
-	Super::ReallocatePinsDuringReconstruction(OldPins);
-	UClass* const Class = GetFactoryFunction() ? GetClassToSpawn(&OldPins) : nullptr;
-	if (Class)
-	{
-		CreatePinsForClass(Class);
-		RestoreSplitPins(OldPins);
-	}
-}
-
-void UK2Node_LatentGameplayTaskCall::PostPlacedNewNode()
-{
-	Super::PostPlacedNewNode();
-	if (UClass* const Class = GetClassToSpawn())
-	{
-		CreatePinsForClass(Class);
-	}
-}
-
-void UK2Node_LatentGameplayTaskCall::PinDefaultValueChanged(UEdGraphPin* Pin)
-{
-	Super::PinDefaultValueChanged(Pin);
-	if (Pin && Pin == GetClassPin())
-	{
-		ReconstructNode();
-	}
-}
-
-void UK2Node_LatentGameplayTaskCall::PinConnectionListChanged(UEdGraphPin* Pin)
-{
-	Super::PinConnectionListChanged(Pin);
-	if (Pin && Pin == GetClassPin())
-	{
-		ReconstructNode();
-	}
-}
-
-void UK2Node_LatentGameplayTaskCall::GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const
-{
-	AsyncTasks::AddFactories(ActionRegistrar, GetClass(), GetTaskBaseClass());
-}
-
-bool UK2Node_LatentAbilityCall::IsCompatibleWithGraph(const UEdGraph* Graph) const
-{
-	const UBlueprint* const Blueprint = Graph ? Graph->GetTypedOuter<UBlueprint>() : nullptr;
-	const UClass* const Parent = Blueprint ? Blueprint->ParentClass.Get() : nullptr;
-	const UClass* const Ability = FindObject<UClass>(nullptr, TEXT("/Script/GameplayAbilities.GameplayAbility"));
-	return Parent && Ability && Parent->IsChildOf(Ability) && Super::IsCompatibleWithGraph(Graph);
+	AddFactoryActions(ActionRegistrar, FindObject<UClass>(nullptr, TEXT("/Script/Engine.BlueprintAsyncActionBase")));
 }

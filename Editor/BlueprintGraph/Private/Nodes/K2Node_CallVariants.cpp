@@ -317,10 +317,20 @@ void UK2Node_AddComponent::AllocateDefaultPins()
 	{
 		Result->PinType.PinSubCategoryObject = Type;
 	}
-	if (Type)
+	if (!Type)
 	{
-		ExposedVariables::CreatePins(*this, *Type, TSet<FName>(), nullptr);
+		return;
 	}
+	const UClass* const SceneComponent = FindObject<UClass>(nullptr, TEXT("/Script/Engine.SceneComponent"));
+	for (UEdGraphPin* const Pin : {GetManualAttachmentPin(), GetRelativeTransformPin()})
+	{
+		if (Pin)
+		{
+			// Only what stands somewhere in the scene is attached.
+			Pin->bHidden = !SceneComponent || !Type->IsChildOf(SceneComponent);
+		}
+	}
+	ExposedVariables::CreatePins(*this, *Type, TSet<FName>(), nullptr);
 }
 
 FText UK2Node_AddComponent::GetTooltipText() const

@@ -6,6 +6,7 @@
 #include "K2Node_SpawnActorFromClass.h"
 
 #include "BlueprintActionDatabaseRegistrar.h"
+#include "ClassPins.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphSchema_K2.h"
@@ -39,18 +40,6 @@ const FName OwningPlayerPin(TEXT("OwningPlayer"));
 const FName ManualAttachmentPin(TEXT("bManualAttachment"));
 const FName RelativeTransformPin(TEXT("RelativeTransform"));
 
-UEdGraphPin* FindIn(const UK2Node& Node, const TArray<UEdGraphPin*>* Search, FName Name)
-{
-	for (UEdGraphPin* const Pin : Search ? *Search : Node.Pins)
-	{
-		if (Pin->PinName == Name && Pin->Direction == EGPD_Input)
-		{
-			return Pin;
-		}
-	}
-	return nullptr;
-}
-
 UClass* FindClass(const TCHAR* Path)
 {
 	return FindObject<UClass>(nullptr, Path);
@@ -59,7 +48,7 @@ UClass* FindClass(const TCHAR* Path)
 
 UEdGraphPin* UK2Node_ConstructObjectFromClass::GetClassPin(const TArray<UEdGraphPin*>* InPinsToSearch) const
 {
-	return ConstructObject::FindIn(*this, InPinsToSearch, ConstructObject::ClassPin);
+	return ClassPins::FindInput(*this, InPinsToSearch, ConstructObject::ClassPin);
 }
 
 UEdGraphPin* UK2Node_ConstructObjectFromClass::GetWorldContextPin() const
@@ -91,16 +80,7 @@ UClass* UK2Node_ConstructObjectFromClass::GetClassPinBaseClass() const
 
 UClass* UK2Node_ConstructObjectFromClass::GetClassToSpawn(const TArray<UEdGraphPin*>* InPinsToSearch) const
 {
-	const UEdGraphPin* const Pin = GetClassPin(InPinsToSearch);
-	if (!Pin)
-	{
-		return nullptr;
-	}
-	if (Pin->DefaultObject && Pin->LinkedTo.IsEmpty())
-	{
-		return Cast<UClass>(Pin->DefaultObject.Get());
-	}
-	return Pin->LinkedTo.IsEmpty() ? nullptr : Cast<UClass>(Pin->LinkedTo[0]->PinType.PinSubCategoryObject.Get());
+	return ClassPins::GetChosen(GetClassPin(InPinsToSearch));
 }
 
 bool UK2Node_ConstructObjectFromClass::IsSpawnVarPin(UEdGraphPin* Pin) const
@@ -163,14 +143,16 @@ void UK2Node_ConstructObjectFromClass::PostPlacedNewNode()
 
 void UK2Node_ConstructObjectFromClass::OnClassPinChanged()
 {
+	const UClass* const Class = GetClassToSpawn();
+	if (UEdGraphPin* const Result = GetResultPin())
+	{
+		// The result is the same pin whatever it gives: it stays, and loses only the links that cannot take the new
+		// class.
+		Result->PinType.PinSubCategoryObject = Class ? Class->GetAuthoritativeClass() : GetClassPinBaseClass();
+	}
 	// Whatever the old class exposed goes; what was linked or set and has no like in the new class stays as an orphan.
 	ReconstructNode();
-	UEdGraphPin* const Result = GetResultPin();
-	if (Result && !GetClassToSpawn())
-	{
-		Result->PinType.PinSubCategoryObject = GetClassPinBaseClass();
-	}
-	BreakUnfitLinks(Result);
+	BreakUnfitLinks(GetResultPin());
 }
 
 void UK2Node_ConstructObjectFromClass::PinDefaultValueChanged(UEdGraphPin* Pin)

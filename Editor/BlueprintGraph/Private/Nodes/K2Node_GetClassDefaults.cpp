@@ -1,6 +1,7 @@
 #include "K2Node_GetClassDefaults.h"
 
 #include "BlueprintActionDatabaseRegistrar.h"
+#include "ClassPins.h"
 #include "EdGraphSchema_K2.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "UObject/NativeClass.h"
@@ -45,19 +46,9 @@ UEdGraphPin* UK2Node_GetClassDefaults::FindClassPin() const
 	return FindPin(ClassDefaults::ClassPin, EGPD_Input);
 }
 
-UClass* UK2Node_GetClassDefaults::ClassOfPin(const UEdGraphPin* Pin)
-{
-	if (!Pin)
-	{
-		return nullptr;
-	}
-	return Pin->LinkedTo.IsEmpty() ? Cast<UClass>(Pin->DefaultObject.Get())
-								   : Cast<UClass>(Pin->LinkedTo[0]->PinType.PinSubCategoryObject.Get());
-}
-
 UClass* UK2Node_GetClassDefaults::GetInputClass() const
 {
-	return ClassOfPin(FindClassPin());
+	return ClassPins::GetChosen(FindClassPin());
 }
 
 void UK2Node_GetClassDefaults::AllocateDefaultPins()
@@ -100,9 +91,7 @@ void UK2Node_GetClassDefaults::CreateOutputPins(UClass* InClass)
 void UK2Node_GetClassDefaults::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
 {
 	AllocateDefaultPins();
-	UEdGraphPin* const* const OldClassPin = OldPins.FindByPredicate(
-		[](const UEdGraphPin* Pin) { return Pin->PinName == ClassDefaults::ClassPin && Pin->Direction == EGPD_Input; });
-	if (UClass* const Class = OldClassPin ? ClassOfPin(*OldClassPin) : nullptr)
+	if (UClass* const Class = ClassPins::GetChosen(ClassPins::FindInput(*this, &OldPins, ClassDefaults::ClassPin)))
 	{
 		CreateOutputPins(Class);
 	}

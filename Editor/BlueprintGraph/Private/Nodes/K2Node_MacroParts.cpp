@@ -257,6 +257,12 @@ void UK2Node_SetVariableOnPersistentFrame::AllocateDefaultPins()
 	Super::AllocateDefaultPins();
 }
 
+FText UK2Node_SetVariableOnPersistentFrame::GetTooltipText() const
+{
+	return NSLOCTEXT(
+		"K2Node", "SetVariableOnPersistentFrame_Tooltip", "Keeps a value from one run of the graph to the next");
+}
+
 FText UK2Node_SetVariableOnPersistentFrame::GetNodeTitle(ENodeTitleType::Type) const
 {
 	return NSLOCTEXT("K2Node", "SetVariableOnPersistentFrame", "Set");

@@ -265,9 +265,9 @@ void UK2Node_Timeline::OnRenameNode(const FString& NewName)
 	RenameTimeline(NewName);
 }
 
-FText UK2Node_Timeline::GetNodeTitle(ENodeTitleType::Type TitleType) const
+FText UK2Node_Timeline::GetNodeTitle(ENodeTitleType::Type) const
 {
-	if (TitleType == ENodeTitleType::MenuTitle && TimelineName.IsNone())
+	if (TimelineName.IsNone())
 	{
 		return NSLOCTEXT("K2Node_Timeline", "TimelineMenuTitle", "Add Timeline...");
 	}
