@@ -1,9 +1,11 @@
 #include "BlueprintBuilder.h"
-#include "BlueprintCompileOperation.h"
-#include "EdGraph/EdGraphSchema.h"
+#include "EdGraphSchema_K2.h"
 #include "K2Node_DynamicCast.h"
 #include "K2Node_Event.h"
 #include "Kismet2/BlueprintEditorUtils.h"
+#include "Kismet2/KismetEditorUtilities.h"
+#include "Populating.h"
+#include "TestAssets.h"
 #include "ToolResults.h"
 #include "UObject/Package.h"
 
@@ -14,9 +16,38 @@ namespace CompileToolTest
 {
 Morvane::FToolResult Compile(const std::string& Paths = R"(["/Game/Tests/BP_Test"])")
 {
-	Morvane::FToolResult Result = MakeResult();
-	FBlueprintCompileOperation::Execute(*Json(R"({"blueprint_paths":)" + Paths + "}"), Result);
-	return Result;
+	return *RunTool(Morvane::ToolInfo::ToolName_CompileBlueprint, R"({"blueprint_paths":)" + Paths + "}");
+}
+
+/** A second Blueprint in the project, of any kind, unsaved; dropped at the end. */
+class FAnother
+{
+public:
+	FAnother(const TCHAR* Name, const TCHAR* Parent, EBlueprintType Type = BPTYPE_Normal)
+		: Blueprint(FKismetEditorUtilities::CreateBlueprint(FindObject<UClass>(nullptr, Parent),
+			CreatePackage(*(FString(TEXT("/Game/Tests/")) + Name)), FName(Name), Type))
+	{
+	}
+	~FAnother() { Blueprint->GetOutermost()->MarkAsGarbage(); }
+	FAnother(const FAnother&) = delete;
+	FAnother& operator=(const FAnother&) = delete;
+
+	UBlueprint* const Blueprint;
+};
+
+/** The "success" of each Blueprint in the telemetry, after its path. */
+std::vector<std::string> Records(const Morvane::FToolResult& Result)
+{
+	std::vector<std::string> Lines;
+	for (const TSharedPtr<FJsonValue>& Value :
+		Result.GetDatas()->GetObjectField(TEXT("telemetry"))->GetArrayField(TEXT("blueprints")))
+	{
+		const TSharedPtr<FJsonObject>& Record = Value->AsObject();
+		EXPECT_GE(Record->GetNumberField(TEXT("duration_ms")), 0.0);
+		Lines.push_back(ToStd(Record->GetStringField(TEXT("path")))
+			+ (Record->GetBoolField(TEXT("success")) ? " succeeded" : " failed"));
+	}
+	return Lines;
 }
 
 UEdGraphPin* BeginPlayThen(const FBlueprintBuilder& Blueprint)
@@ -92,4 +123,102 @@ TEST(CompileTool, ErrorsNamePinsAndNodesAndNothingIsSaved)
 	EXPECT_EQ(Blueprint.Folder().Read("Content/Tests/BP_Test.uatext"), Before);
 	EXPECT_TRUE(Blueprint->GetOutermost()->IsDirty());
 	EXPECT_EQ(Blueprint->Status, BS_Error);
+}
+
+TEST(CompileTool, EveryKindOfBlueprintIsCompiledAndSaved)
+{
+	const FBlueprintBuilder Blueprint;
+	const CompileToolTest::FAnother Others[] = {{TEXT("WBP_Hud"), TEXT("/Script/UMG.UserWidget")},
+		{TEXT("ABP_Walk"), TEXT("/Script/Engine.AnimInstance")},
+		{TEXT("BTT_Wait"), TEXT("/Script/AIModule.BTTask_BlueprintBase")},
+		{TEXT("BPI_Open"), TEXT("/Script/CoreUObject.Interface"), BPTYPE_Interface},
+		{TEXT("BPL_Tools"), TEXT("/Script/Engine.BlueprintFunctionLibrary"), BPTYPE_FunctionLibrary},
+		{TEXT("BPM_Loops"), TEXT("/Script/Engine.Actor"), BPTYPE_MacroLibrary}};
+	std::string Paths;
+	std::vector<std::string> Expected;
+	for (const CompileToolTest::FAnother& Other : Others)
+	{
+		const std::string Path = ToStd(Other.Blueprint->GetOutermost()->GetName());
+		Paths += (Paths.empty() ? "\"" : ",\"") + Path + "\"";
+		Expected.push_back(Path + " succeeded");
+	}
+	const Morvane::FToolResult Result = CompileToolTest::Compile("[" + Paths + "]");
+	EXPECT_THAT(Errors(Result), IsEmpty());
+	EXPECT_THAT(Warnings(Result), IsEmpty());
+	EXPECT_THAT(Successes(Result), ElementsAre("Successfully compiled and saved 6 Blueprint(s)"));
+	EXPECT_THAT(CompileToolTest::Records(Result), testing::ElementsAreArray(Expected));
+	for (const CompileToolTest::FAnother& Other : Others)
+	{
+		const FString Name = Other.Blueprint->GetName();
+		EXPECT_TRUE(Blueprint.Folder().Exists("Content/Tests/" + ToStd(Name) + ".uatext")) << ToStd(Name);
+		EXPECT_EQ(Other.Blueprint->Status, BS_UpToDate) << ToStd(Name);
+	}
+}
+
+TEST(CompileTool, WhatCompilesIsSavedBesideWhatDoesNotAndWhatIsNoBlueprint)
+{
+	const FBlueprintBuilder Blueprint;
+	TestAssets::Register();
+	UTestAsset* const Thing = TestAssets::MakeAsset(TEXT("/Game/Tests/Thing"));
+	ASSERT_EQ(ToStd(TestAssets::Save(Thing)), "");
+	const CompileToolTest::FAnother Bad(TEXT("BP_Bad"), TEXT("/Script/Engine.Actor"));
+	UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(
+		Bad.Blueprint, TEXT("bReplicates"), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
+	FBlueprintEditorUtils::AddFunctionGraph<UClass>(Bad.Blueprint, Graph, true, nullptr);
+	FGraphBuilder(FBlueprintEditorUtils::FindEventGraph(Bad.Blueprint))
+		.Call(TEXT("/Script/Engine.KismetSystemLibrary"), TEXT("PrintString"));
+	const Morvane::FToolResult Result = CompileToolTest::Compile(
+		R"(["/Game/Tests/BP_Bad", "/Game/Tests/Thing", "/Game/Tests/BP_Test", "/Game/Tests/BP_Test"])");
+	EXPECT_FALSE(Result.WasSuccessful());
+	EXPECT_THAT(Successes(Result), IsEmpty());
+	EXPECT_THAT(Warnings(Result),
+		ElementsAre("Compiled 2/4 Blueprint(s) successfully (2 failed)",
+			"[/Game/Tests/BP_Bad] Print String is never executed: nothing is connected to execute [Nodes: Print "
+			"String] [Pin 'execute' on node 'Print String']"));
+	EXPECT_THAT(Errors(Result),
+		ElementsAre("Failed to find or load blueprint: /Game/Tests/Thing",
+			"[/Game/Tests/BP_Bad] The function 'bReplicates' has the name of a variable of the parent class 'Actor': "
+			"bReplicates [Paths: /Game/Tests/BP_Bad.BP_Bad:bReplicates]",
+			"[/Game/Tests/Thing] Failed to load Blueprint"));
+	EXPECT_THAT(CompileToolTest::Records(Result),
+		ElementsAre("/Game/Tests/BP_Bad failed", "/Game/Tests/Thing failed", "/Game/Tests/BP_Test succeeded",
+			"/Game/Tests/BP_Test succeeded"));
+	EXPECT_FALSE(Blueprint.Folder().Exists("Content/Tests/BP_Bad.uatext"));
+	Thing->GetOutermost()->MarkAsGarbage();
+}
+
+TEST(CompileTool, ArgumentsThatAreNoListAreMissing)
+{
+	const FBlueprintBuilder Blueprint;
+	for (const char* const Arguments :
+		{"{}", R"({"blueprint_paths":"/Game/Tests/BP_Test"})", R"({"blueprint_paths":null})"})
+	{
+		const TSharedPtr<Morvane::FToolResult> Result = RunTool(
+			Morvane::ToolInfo::ToolName_CompileBlueprint, Arguments);
+		EXPECT_THAT(Errors(*Result), ElementsAre("Missing required field 'blueprint_paths'")) << Arguments;
+	}
+	const Morvane::FToolResult Nothing = CompileToolTest::Compile(R"(["", 3, null])");
+	EXPECT_THAT(Errors(Nothing),
+		ElementsAre("Failed to find or load blueprint: ", "Failed to find or load blueprint: ",
+			"Failed to find or load blueprint: ", "Failed to compile all 3 Blueprint(s)", "[] Failed to load Blueprint",
+			"[] Failed to load Blueprint", "[] Failed to load Blueprint"));
+}
+
+TEST(CompileTool, MessagesComeInTheSameOrderEachTime)
+{
+	const FBlueprintBuilder Blueprint;
+	for (const TCHAR* const Name : {TEXT("One"), TEXT("Two"), TEXT("Three")})
+	{
+		Blueprint.AddVariable(Name, FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Struct));
+		Blueprint.EventGraph().Call(TEXT("/Script/Engine.KismetSystemLibrary"), TEXT("PrintString"));
+		Blueprint.EventGraph().Call(TEXT("/Script/Engine.KismetArrayLibrary"), TEXT("Array_Length"));
+	}
+	const Morvane::FToolResult First = CompileToolTest::Compile();
+	EXPECT_EQ(Errors(First).size(), 7U);
+	for (int32 Times = 0; Times < 3; ++Times)
+	{
+		const Morvane::FToolResult Again = CompileToolTest::Compile();
+		EXPECT_EQ(Errors(Again), Errors(First));
+		EXPECT_EQ(Warnings(Again), Warnings(First));
+	}
 }

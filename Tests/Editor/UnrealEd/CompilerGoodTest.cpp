@@ -369,6 +369,12 @@ const FGood GoodBlueprints[] = {
 INSTANTIATE_TEST_SUITE_P(All, FGoodBlueprint, testing::ValuesIn(GoodBlueprints),
 	[](const testing::TestParamInfo<FGood>& Good) { return Good.param.Name; });
 
+TEST(CompilerMacros, TheStandardLibraryIsClean)
+{
+	const FBlueprintBuilder Blueprint;
+	EXPECT_THAT(CompileMessages(StandardMacros::GetLibrary()), testing::IsEmpty());
+}
+
 TEST(CompilerSamples, AnEditorsOwnGraphsLackOnlyWhatWasLeftBehind)
 {
 	const auto NoVariable = [](const std::string& Name, const std::string& Title)

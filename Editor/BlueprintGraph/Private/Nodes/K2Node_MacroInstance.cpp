@@ -274,15 +274,5 @@ void UK2Node_MacroInstance::ValidateNodeDuringCompilation(FCompilerResultsLog& M
 	if (!GetMacroGraph())
 	{
 		MessageLog.Error(TEXT("Macro node @@ is pointing at an invalid macro graph."), this);
-		return;
-	}
-	for (const UEdGraphPin* const Pin : Pins)
-	{
-		const bool bOpen = Pin->PinType.PinCategory == UEdGraphSchema_K2::PC_Wildcard && Pin->Direction == EGPD_Input;
-		if (bOpen && !Pin->bOrphanedPin && !Pin->LinkedTo.IsEmpty())
-		{
-			MessageLog.Error(
-				TEXT("The type of @@ is undetermined. Connect something to @@ to imply a specific type."), Pin, this);
-		}
 	}
 }

@@ -35,6 +35,12 @@ bool IsConstFunction(const UEdGraph& Graph)
 	return Entry && Entry->bEnforceConstCorrectness && (Entry->GetFunctionFlags() & FUNC_Const) != 0;
 }
 
+bool HasLinkedWildcard(const UEdGraphNode& Node)
+{
+	return Node.Pins.ContainsByPredicate([](const UEdGraphPin* Pin)
+		{ return Pin && Pin->PinType.PinCategory == FSchema::PC_Wildcard && !Pin->LinkedTo.IsEmpty(); });
+}
+
 /** Members that a Blueprint declares keep what they say about access; native ones say it to native code alone. */
 bool IsDeclaredByBlueprint(const UClass* Class)
 {
@@ -245,9 +251,10 @@ void FGraphValidator::CheckOrphan(const UEdGraphNode& Node, const UEdGraphPin& P
 
 void FGraphValidator::CheckWildcard(const UEdGraphNode& Node, const UEdGraphPin& Pin)
 {
-	// A reroute passes on what there is, and a format takes an argument that is not connected as an empty text.
+	// A reroute passes on what there is, a format takes an argument that is not connected as an empty text, and what is
+	// linked in a macro takes its type from where the macro is used.
 	const bool bMayStayOpen = GraphValidation::IsGraphEnd(Node) || Node.IsA<UK2Node_Knot>()
-		|| Node.IsA<UK2Node_FormatText>();
+		|| Node.IsA<UK2Node_FormatText>() || (GraphType == GT_Macro && GraphValidation::HasLinkedWildcard(Node));
 	if (Pin.PinType.PinCategory != GraphValidation::FSchema::PC_Wildcard || bNodeComplained || Pin.bHidden
 		|| bMayStayOpen)
 	{
