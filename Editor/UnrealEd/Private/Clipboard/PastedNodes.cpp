@@ -210,6 +210,11 @@ bool IsMemberKnown(const UEdGraphNode& Node)
 	{
 		return Call->GetTargetFunction() != nullptr;
 	}
+	// A variable of its kind, but bound to the struct alone.
+	if (const UK2Node_StructOperation* const Operation = Cast<UK2Node_StructOperation>(&Node))
+	{
+		return Operation->StructType != nullptr;
+	}
 	if (const UK2Node_Variable* const Variable = Cast<UK2Node_Variable>(&Node))
 	{
 		return IsVariableKnown(*Variable);
