@@ -86,6 +86,30 @@ TEST_F(ProjectCatalogue, ClassesOfAProjectStandBesideThoseOfTheEngine)
 	EXPECT_EQ(Angle->GetPropertyValue_InContainer(Door->GetDefaultObject()), 90.0);
 }
 
+TEST_F(ProjectCatalogue, AClassMayStartWithOtherValuesThanItsParent)
+{
+	Write(
+		"Doors.jsonl", R"({"class": "/Script/Doors.Hatch", "parent": "/Script/Doors.Door", "defaults": {"Width": "60"}}
+{"class": "/Script/Doors.Door", "parent": "/Script/Engine.Actor", "defaults": {"bHidden": "true", "NoSuch": "1"}}
+{"property": "Width", "type": "int", "default": "90"}
+{"class": "/Script/Doors.Gate", "parent": "/Script/Doors.Door"}
+)");
+	EXPECT_THAT(Load(), testing::IsEmpty());
+	const auto WidthOf = [](const TCHAR* Path)
+	{
+		const UClass* const Class = FindObject<UClass>(nullptr, Path);
+		const FIntProperty* const Width = FindFProperty<FIntProperty>(Class, TEXT("Width"));
+		return Width ? Width->GetPropertyValue_InContainer(Class->GetDefaultObject()) : 0;
+	};
+	EXPECT_EQ(WidthOf(TEXT("/Script/Doors.Door")), 90);
+	EXPECT_EQ(WidthOf(TEXT("/Script/Doors.Hatch")), 60);
+	EXPECT_EQ(WidthOf(TEXT("/Script/Doors.Gate")), 90);
+	const UClass* const Gate = FindObject<UClass>(nullptr, TEXT("/Script/Doors.Gate"));
+	const FBoolProperty* const Hidden = FindFProperty<FBoolProperty>(Gate, TEXT("bHidden"));
+	ASSERT_NE(Hidden, nullptr);
+	EXPECT_TRUE(Hidden->GetPropertyValue_InContainer(Gate->GetDefaultObject()));
+}
+
 TEST_F(ProjectCatalogue, AProjectWithoutFilesHasNoFaults)
 {
 	EXPECT_THAT(Load(), testing::IsEmpty());
