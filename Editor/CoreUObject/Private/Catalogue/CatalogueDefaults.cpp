@@ -32,13 +32,18 @@ UObject* FindComponent(UObject& DefaultObject, FName Name)
 	return Name.IsNone() ? nullptr : DefaultObject.GetClass()->GetDefaultSubobjectByName(Name);
 }
 
-/** Whether the object has the property and took the text. */
+/** Whether there is a value, and the object has the property and took it. */
 bool SetValue(FLoadedImage& Image, FTextOffset Name, FTextOffset Value, UObject& DefaultObject)
 {
-	const FProperty* const Property = Value == 0 ? nullptr
-												 : DefaultObject.GetClass()->FindPropertyByName(Image.Name(Name));
+	if (Value == 0)
+	{
+		return false;
+	}
+	const FProperty* const Property = DefaultObject.GetClass()->FindPropertyByName(Image.Name(Name));
 	if (!Property)
 	{
+		UE_LOG(LogCatalogue, Warning, TEXT("%s has no property '%s' to start with a value"),
+			*DefaultObject.GetClass()->GetPathName(), *Image.Text(Name));
 		return false;
 	}
 	const FString Text = Image.Text(Value);
