@@ -64,7 +64,8 @@ TEST(SchemaConnection, PlaceAndStateOfThePinsComeBeforeTypes)
 	const UEdGraphSchema_K2& Schema = *Pair.Schema;
 	UEdGraphPin* const SameNode = Pair.OutputNode->CreatePin(EGPD_Input, ReadPinType(TEXT("int")), TEXT("In"));
 	UEdGraphPin* const SameSide = Pair.InputNode->CreatePin(EGPD_Output, ReadPinType(TEXT("int")), TEXT("Out"));
-	EXPECT_TRUE(Schema.CanCreateConnection(Pair.Output, SameNode).IsDisallowed());
+	EXPECT_EQ(ToStd(Schema.CanCreateConnection(Pair.Output, SameNode).Message.ToString()),
+		"Both pins are on the same node (Integer and Integer)");
 	const FPinConnectionResponse Sides = Schema.CanCreateConnection(Pair.Output, SameSide);
 	EXPECT_TRUE(Sides.IsDisallowed());
 	EXPECT_TRUE(Sides.Message.ToString().Contains(TEXT("Directions are not compatible")));

@@ -52,6 +52,12 @@ static const FRow Rows[] = {{TEXT("bool"), TEXT("true"), true, nullptr}, {TEXT("
 	{TEXT("sc:Actor"), TEXT("/Game/BP_Door.BP_Door_C"), true, nullptr},
 	{TEXT("sc:Actor"), TEXT("BP_Door"), false, nullptr},
 	{TEXT("i:NavAgentInterface"), TEXT("/Script/Engine.Character"), false, TEXT("")},
+	{TEXT("wildcard"), TEXT("5"), true, nullptr}, {TEXT("delegate"), TEXT("OnDone"), false, nullptr},
+	{TEXT("s:LinearColor"), TEXT("(R=1.0,G=0.5,B=0.25)"), true, nullptr},
+	{TEXT("s:LinearColor"), TEXT("(R=1.0,G="), false, nullptr},
+	{TEXT("s:Vector2D"), TEXT("(X=1.0,Q=2.0)"), false, nullptr},
+	{TEXT("s:GameplayTag"), TEXT("(TagName=\"Door.Open\")"), true, nullptr},
+	{TEXT("s:Rotator"), TEXT("(Pitch=1.0,Yaw=2.0,Roll=3.0)"), true, TEXT("1.000000,2.000000,3.000000")},
 	{TEXT("int[]"), TEXT("1"), false, nullptr}, {TEXT("int[]"), TEXT(""), true, nullptr},
 	{TEXT("delegate"), TEXT("OnThing"), false, nullptr}, {TEXT("exec"), TEXT("x"), false, nullptr}};
 

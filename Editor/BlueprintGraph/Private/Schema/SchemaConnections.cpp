@@ -22,6 +22,11 @@ FString NameOf(const UEdGraphPin& Pin)
 	return Shown.IsEmpty() ? Pin.PinName.ToString() : Shown;
 }
 
+FString TypeName(const UEdGraphPin& Pin)
+{
+	return FSchema::TypeToText(Pin.PinType).ToString();
+}
+
 FPinConnectionResponse Refuse(const FString& Reason)
 {
 	return FPinConnectionResponse(CONNECT_RESPONSE_DISALLOW, FText::FromString(Reason));
@@ -95,20 +100,23 @@ FString ReasonAgainstPlace(const UEdGraphPin& A, const UEdGraphPin& B)
 	return FString();
 }
 
-FString ReasonOfNodes(const UEdGraphPin& A, const UEdGraphPin& B)
+FString ReasonOfNode(const UEdGraphPin& Mine, const UEdGraphPin& Other)
 {
 	FString Reason;
-	const UK2Node* const NodeA = Cast<UK2Node>(A.GetOwningNode());
-	if (NodeA && NodeA->IsConnectionDisallowed(&A, &B, Reason))
+	const UK2Node* const Node = Cast<UK2Node>(Mine.GetOwningNode());
+	if (!Node || !Node->IsConnectionDisallowed(&Mine, &Other, Reason))
 	{
-		return Reason.IsEmpty() ? FString(TEXT("The node refuses this connection")) : Reason;
+		return FString();
 	}
-	const UK2Node* const NodeB = Cast<UK2Node>(B.GetOwningNode());
-	if (NodeB && NodeB->IsConnectionDisallowed(&B, &A, Reason))
-	{
-		return Reason.IsEmpty() ? FString(TEXT("The node refuses this connection")) : Reason;
-	}
-	return FString();
+	return Reason.IsEmpty() ? FString(TEXT("The node refuses this connection")) : Reason;
+}
+
+/** Why the pins are not linked whatever their types are; empty when nothing but those can speak against it. */
+FString ReasonBeforeTypes(const UEdGraphPin& A, const UEdGraphPin& B)
+{
+	FString Reason = ReasonAgainstPlace(A, B);
+	Reason = Reason.IsEmpty() ? ReasonOfNode(A, B) : Reason;
+	return Reason.IsEmpty() ? ReasonOfNode(B, A) : Reason;
 }
 
 /** The class that self means in the graph of the two. */
@@ -193,11 +201,6 @@ bool CanPromote(const UEdGraphPin& Output, const UEdGraphPin& Input)
 	return false;
 }
 
-FString TypeName(const UEdGraphPin& Pin)
-{
-	return FSchema::TypeToText(Pin.PinType).ToString();
-}
-
 /** What a delegate of the type is called with: "(Actor Object Reference, Float (double-precision))". */
 FString SignatureOf(const UEdGraphPin& Pin)
 {
@@ -263,15 +266,12 @@ const FPinConnectionResponse UEdGraphSchema_K2::CanCreateConnection(
 	{
 		return Refuse(TEXT("There is no pin at one end"));
 	}
-	const FString Place = ReasonAgainstPlace(*PinA, *PinB);
-	if (!Place.IsEmpty())
+	FString Reason = ReasonBeforeTypes(*PinA, *PinB);
+	if (!Reason.IsEmpty())
 	{
-		return Refuse(Place);
-	}
-	const FString Objection = ReasonOfNodes(*PinA, *PinB);
-	if (!Objection.IsEmpty())
-	{
-		return Refuse(Objection);
+		// Who reads of it sees neither pin, so every refusal says what they are.
+		Reason.RemoveFromEnd(TEXT("."));
+		return Refuse(FString::Printf(TEXT("%s (%s and %s)"), *Reason, *TypeName(*PinA), *TypeName(*PinB)));
 	}
 	const UEdGraphPin* Input = nullptr;
 	const UEdGraphPin* Output = nullptr;

@@ -195,7 +195,7 @@ FString Check(const FEdGraphPinType& Type, FName PinName, const FString& Value, 
 		return CheckStruct(Type, Value);
 	}
 	const bool bNoLiteral = Category == FSchema::PC_Exec || Category == FSchema::PC_Delegate
-		|| Category == FSchema::PC_MCDelegate || Category == FSchema::PC_Wildcard;
+		|| Category == FSchema::PC_MCDelegate;
 	if (bNoLiteral)
 	{
 		return FString::Printf(TEXT("'%s' must have an input wired into it: a %s takes no literal"),
