@@ -184,9 +184,18 @@ void UEdGraphNode::DestroyAllPins()
 
 void UEdGraphNode::BreakAllNodeLinks()
 {
-	for (int32 Index = 0; Index < Pins.Num(); ++Index)
+	TArray<UEdGraphNode*> Changed = {this};
+	for (UEdGraphPin* const Pin : Pins)
 	{
-		Pins[Index]->BreakAllPinLinks();
+		for (const UEdGraphPin* const Linked : Pin->LinkedTo)
+		{
+			Changed.AddUnique(Linked->GetOwningNode());
+		}
+		Pin->BreakAllPinLinks();
+	}
+	for (UEdGraphNode* const Node : Changed)
+	{
+		Node->NodeConnectionListChanged();
 	}
 }
 
@@ -291,10 +300,10 @@ void UEdGraphNode::ImportCustomProperties(const TCHAR* SourceText, FFeedbackCont
 	const TCHAR* Cursor = SourceText;
 	if (!FParse::Command(&Cursor, TEXT("Pin")))
 	{
+		UObject::ImportCustomProperties(SourceText, Warn);
 		return;
 	}
 	UEdGraphPin* const Pin = UEdGraphPin::CreatePin(this);
 	Pins.Add(Pin);
 	Pin->ImportTextItem(Cursor, PPF_Delimited, this, Warn);
 }
-		UObject::ImportCustomProperties(SourceText, Warn);
