@@ -4,6 +4,7 @@
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "BlueprintGraphClasses.h"
 #include "EngineClasses.h"
+#include "GameplayTagsClasses.h"
 #include "ISourceControlModule.h"
 #include "Modules/ModuleManager.h"
 #include "StandardMacros.h"
@@ -45,6 +46,7 @@ void EditorModules::StartEditor()
 	}
 	bStarted = true;
 	RegisterCoreUObjectClasses();
+	RegisterGameplayTagsClasses();
 	RegisterEngineClasses();
 	RegisterBlueprintGraphClasses();
 	RegisterUMGClasses();

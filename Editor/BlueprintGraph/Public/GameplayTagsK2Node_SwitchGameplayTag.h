@@ -1,9 +1,10 @@
 #pragma once
 
 #include "CoreMinimal.h"
+#include "GameplayTagContainer.h"
 #include "K2Node_Switch.h"
 
-/** Switch on Gameplay Tag. Cases are named; a case's tag is the name's own until an author picks another. */
+/** Switch on Gameplay Tag: a case for each tag of the list, called after its tag once it has one. */
 class UGameplayTagsK2Node_SwitchGameplayTag : public UK2Node_Switch
 {
 	EDITOR_CLASS(UGameplayTagsK2Node_SwitchGameplayTag, UK2Node_Switch)
@@ -11,9 +12,15 @@ class UGameplayTagsK2Node_SwitchGameplayTag : public UK2Node_Switch
 public:
 	UGameplayTagsK2Node_SwitchGameplayTag();
 	FEdGraphPinType GetPinType() const override;
+	void AllocateDefaultPins() override;
+	void AddPinToSwitchNode() override;
+	void RemovePinFromSwitchNode(UEdGraphPin* TargetPin) override;
+	void PostEditChangeProperty(FPropertyChangedEvent& Event) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 
+	/** What the cases are told by. The names of the pins follow it when the pins are made. */
+	TArray<FGameplayTag> PinTags;
 	TArray<FName> PinNames;
 
 protected:
@@ -21,14 +28,25 @@ protected:
 	TArray<FName>* GetCaseNames() override { return &PinNames; }
 };
 
-/** Switch on Gameplay Tag Container. */
-class UGameplayTagsK2Node_SwitchGameplayTagContainer : public UGameplayTagsK2Node_SwitchGameplayTag
+/** Switch on Gameplay Tag Container: the same by sets of tags. */
+class UGameplayTagsK2Node_SwitchGameplayTagContainer : public UK2Node_Switch
 {
-	EDITOR_CLASS(UGameplayTagsK2Node_SwitchGameplayTagContainer, UGameplayTagsK2Node_SwitchGameplayTag)
+	EDITOR_CLASS(UGameplayTagsK2Node_SwitchGameplayTagContainer, UK2Node_Switch)
 
 public:
 	UGameplayTagsK2Node_SwitchGameplayTagContainer();
 	FEdGraphPinType GetPinType() const override;
+	void AllocateDefaultPins() override;
+	void AddPinToSwitchNode() override;
+	void RemovePinFromSwitchNode(UEdGraphPin* TargetPin) override;
+	void PostEditChangeProperty(FPropertyChangedEvent& Event) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
+
+	TArray<FGameplayTagContainer> PinContainers;
+	TArray<FName> PinNames;
+
+protected:
+	void CreateSelectionPin() override;
+	TArray<FName>* GetCaseNames() override { return &PinNames; }
 };
