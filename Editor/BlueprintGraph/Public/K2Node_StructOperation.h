@@ -24,6 +24,8 @@ protected:
 	/** Brings the list up to date with the struct: what an author hid stays hidden. */
 	void RebuildPropertyList();
 	virtual bool IsMemberUsable(const FProperty& Property) const { return false; }
+	/** Whether a member that the node did not know yet gets a pin. */
+	virtual bool IsMemberShownAtFirst() const { return true; }
 	/** Pins for the shown members, behind those that are there. */
 	void CreateMemberPins(EEdGraphPinDirection Direction);
 	/** With many members all but the first two fold away. */

@@ -48,6 +48,19 @@ bool UK2Node_StructMemberSet::IsMemberUsable(const FProperty& Property) const
 		&& UEdGraphSchema_K2::ConvertPropertyToPinTypeStatic(&Property, Type);
 }
 
+namespace StructNodes
+{
+/** A field of a user's struct is called by its shown name, a number and its guid, and stays the same field under
+ * another name. */
+bool FindFieldGuid(FName FieldName, FGuid& OutGuid)
+{
+	static constexpr int32 NumGuidDigits = 32;
+	const FString Name = FieldName.ToString();
+	return Name.Len() > NumGuidDigits && Name[Name.Len() - NumGuidDigits - 1] == TEXT('_')
+		&& FGuid::ParseExact(Name.Right(NumGuidDigits), EGuidFormats::Digits, OutGuid);
+}
+} // namespace StructNodes
+
 bool UK2Node_StructOperation::HasExternalDependencies(TArray<UStruct*>* OptionalOutput) const
 {
 	if (StructType && OptionalOutput)
@@ -85,7 +98,7 @@ void UK2Node_StructOperation::RebuildPropertyList()
 		Record.PropertyTooltip = It->GetToolTipText();
 		const FString* const Category = It->FindMetaData(FBlueprintMetadata::MD_FunctionCategory);
 		Record.CategoryName = Category ? FName(*Category) : FName();
-		Record.bShowPin = Before ? Before->bShowPin : true;
+		Record.bShowPin = Before ? Before->bShowPin : IsMemberShownAtFirst();
 		Record.bCanToggleVisibility = true;
 		Record.bIsMarkedForAdvancedDisplay = It->HasAnyPropertyFlags(CPF_AdvancedDisplay);
 		ShowPinForProperties.Add(MoveTemp(Record));
@@ -124,6 +137,7 @@ void UK2Node_StructOperation::CreateMemberPins(EEdGraphPinDirection Direction)
 		Pin->PinType.bIsReference = false;
 		Pin->PinType.bIsConst = false;
 		Pin->PinFriendlyName = FText::FromString(Record.PropertyFriendlyName);
+		StructNodes::FindFieldGuid(Record.PropertyName, Pin->PersistentGuid);
 		Pin->bAdvancedView = Property->HasAnyPropertyFlags(CPF_AdvancedDisplay);
 		if (Direction == EGPD_Output)
 		{
@@ -160,35 +174,32 @@ void UK2Node_StructOperation::FoldManyMembers()
 
 void UK2Node_StructOperation::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
 {
+	AllocateDefaultPins();
 	if (StructType)
 	{
-		AllocateDefaultPins();
 		RestoreSplitPins(OldPins);
 		return;
 	}
-	// Without its struct the node keeps what it had.
-	for (const UEdGraphPin* const Old : OldPins)
-	{
-		if (!Old->ParentPin)
-		{
-			UEdGraphPin* const Pin = CreatePin(Old->Direction, Old->PinType, Old->PinName);
-			Pin->PinFriendlyName = Old->PinFriendlyName;
-		}
-	}
+	KeepOldPins(OldPins);
 }
 
 UK2Node::ERedirectType UK2Node_StructOperation::DoPinsMatchForReconstruction(
 	const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const
 {
 	const ERedirectType Base = UK2Node::DoPinsMatchForReconstruction(NewPin, NewPinIndex, OldPin, OldPinIndex);
-	if (Base != ERedirectType_None || NewPin->Direction != OldPin->Direction
-		|| !NewPin->PinType.PinSubCategoryObject.Get())
+	if (Base != ERedirectType_None || NewPin->Direction != OldPin->Direction || NewPin->PinName == OldPin->PinName
+		|| !GetK2Schema()->ArePinTypesCompatible(OldPin->PinType, NewPin->PinType))
 	{
 		return Base;
 	}
+	FGuid OldField;
+	if (NewPin->PersistentGuid.IsValid() && StructNodes::FindFieldGuid(OldPin->PinName, OldField))
+	{
+		return NewPin->PersistentGuid == OldField ? ERedirectType_Name : ERedirectType_None;
+	}
 	// The struct's own pin is called after the struct, which may have been renamed.
-	const bool bBothTheStruct = NewPin->PinType.PinSubCategoryObject == OldPin->PinType.PinSubCategoryObject
-		&& NewPin->PinType.PinSubCategoryObject.Get() == StructType.Get() && NewPinIndex == OldPinIndex;
+	const bool bBothTheStruct = StructType && NewPin->PinType.PinSubCategoryObject.Get() == StructType.Get()
+		&& OldPin->PinType.PinSubCategoryObject.Get() == StructType.Get() && NewPinIndex == OldPinIndex;
 	return bBothTheStruct ? ERedirectType_Name : ERedirectType_None;
 }
 
@@ -302,19 +313,51 @@ void UK2Node_SetFieldsInStruct::AllocateDefaultPins()
 	UEdGraphPin* const Out = CreatePin(
 		EGPD_Output, UEdGraphSchema_K2::PC_Struct, StructType.Get(), FName(TEXT("StructOut")), Params);
 	Out->PinFriendlyName = NSLOCTEXT("K2Node", "SetFields_Out", "Struct Out");
-	// Members stay untouched until an author picks them.
-	const bool bFirstTime = ShowPinForProperties.IsEmpty();
 	RebuildPropertyList();
-	for (FOptionalPinFromProperty& Record : ShowPinForProperties)
-	{
-		Record.bShowPin &= !bFirstTime;
-	}
 	CreateMemberPins(EGPD_Input);
 }
 
-void UK2Node_SetFieldsInStruct::PostPlacedNewNode()
+bool UK2Node_SetFieldsInStruct::AllPinsAreShown() const
 {
-	Super::PostPlacedNewNode();
+	return !ShowPinForProperties.ContainsByPredicate(
+		[](const FOptionalPinFromProperty& Record) { return !Record.bShowPin; });
+}
+
+void UK2Node_SetFieldsInStruct::RemoveFieldPins(UEdGraphPin* Pin, EPinsToRemove Selection)
+{
+	if (!Pin || Pin->GetOwningNode() != this || Pin->Direction != EGPD_Input)
+	{
+		return;
+	}
+	const UEdGraphPin* Whole = Pin;
+	while (Whole->ParentPin)
+	{
+		Whole = Whole->ParentPin;
+	}
+	const FName Given = Whole->PinName;
+	Modify();
+	for (FOptionalPinFromProperty& Record : ShowPinForProperties)
+	{
+		const bool bIsGiven = Record.PropertyName == Given;
+		if (!Record.bShowPin || bIsGiven != (Selection == EPinsToRemove::GivenPin))
+		{
+			continue;
+		}
+		Record.bShowPin = false;
+		// What is taken away on purpose leaves no orphan behind.
+		RemovePin(FindPin(Record.PropertyName, EGPD_Input));
+	}
+	ReconstructNode();
+}
+
+void UK2Node_SetFieldsInStruct::RestoreAllPins()
+{
+	Modify();
+	for (FOptionalPinFromProperty& Record : ShowPinForProperties)
+	{
+		Record.bShowPin = true;
+	}
+	ReconstructNode();
 }
 
 FText UK2Node_SetFieldsInStruct::GetNodeTitle(ENodeTitleType::Type) const
