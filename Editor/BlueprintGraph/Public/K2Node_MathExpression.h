@@ -19,7 +19,8 @@ public:
 
 	bool IsNodePure() const override { return true; }
 	void OnRenameNode(const FString& NewName) override;
-	TSharedPtr<INameValidatorInterface> MakeNameValidator() const override { return nullptr; }
+	/** Accepts any formula: what is wrong with one is told on the node. */
+	TSharedPtr<INameValidatorInterface> MakeNameValidator() const override;
 	void PostPlacedNewNode() override;
 	void ReconstructNode() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;

@@ -57,7 +57,7 @@ TEST(PromotableOperator, TheOverloadFollowsWhatIsLinked)
 		{Equal, "vector", "", "EqualEqual_VectorVector",
 			"A:Vector Structure B:Vector Structure ReturnValue:Boolean ErrorTolerance:Float (single-precision)"},
 		{Equal, "object", "pawn", "EqualEqual_ObjectObject",
-			"A:Player Controller Object Reference B:Pawn Object Reference ReturnValue:Boolean"},
+			"A:Object Reference B:Object Reference ReturnValue:Boolean"},
 		{NotEq, "name", "", "NotEqual_NameName", "A:Name B:Name ReturnValue:Boolean"}};
 	for (const FOverload& Case : Cases)
 	{

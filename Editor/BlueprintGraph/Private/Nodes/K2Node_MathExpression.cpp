@@ -5,6 +5,7 @@
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Kismet2/Kismet2NameValidators.h"
 #include "MathExpressionFunctions.h"
 #include "MathExpressionParser.h"
 #include "UObject/NativeClass.h"
@@ -242,6 +243,11 @@ void UK2Node_MathExpression::RebuildExpression(FString InExpression)
 void UK2Node_MathExpression::OnRenameNode(const FString& NewName)
 {
 	RebuildExpression(NewName);
+}
+
+TSharedPtr<INameValidatorInterface> UK2Node_MathExpression::MakeNameValidator() const
+{
+	return MakeShared<FDummyNameValidator>(EValidatorResult::Ok);
 }
 
 void UK2Node_MathExpression::PostPlacedNewNode()
