@@ -12,6 +12,7 @@
 #include "Kismet2/Kismet2NameValidators.h"
 #include "UObject/NativeClass.h"
 #include "UObject/ObjectText.h"
+#include "UserDefinedStructure/UserDefinedStructEditorData.h"
 #include "WidgetBlueprintFactory.h"
 
 namespace UnrealEdClasses
@@ -50,7 +51,8 @@ void RegisterUnrealEdClasses()
 {
 	NativeClass::RegisterNativeClasses(
 		{&UFactory::StaticClass, &UBlueprintFactory::StaticClass, &UWidgetBlueprintFactory::StaticClass,
-			&UEdGraphNode_Comment::StaticClass, &UEdGraphNode_Placeholder::StaticClass});
+			&UEdGraphNode_Comment::StaticClass, &UEdGraphNode_Placeholder::StaticClass,
+			&UUserDefinedStructEditorData::StaticClass});
 	FObjectTextImport::SetUnknownClassHandler(&UnrealEdClasses::MakePlaceholder);
 	BlueprintClassProvider::FFunctions Functions;
 	Functions.EnsureSkeletonIsUpToDate = &FBlueprintEditorUtils::EnsureSkeletonIsUpToDate;

@@ -13,7 +13,29 @@ static FStringView WithoutScope(FStringView Name)
 } // namespace EnumNames
 
 void UEnum::DescribeClass(FClassDescriber& Class) {}
-void UUserDefinedEnum::DescribeClass(FClassDescriber& Class) {}
+void UUserDefinedEnum::DescribeClass(FClassDescriber& Class)
+{
+	Class.Property(TEXT("EnumDescription"), &UUserDefinedEnum::EnumDescription);
+	Class.Property(TEXT("DisplayNameMap"), &UUserDefinedEnum::DisplayNameMap);
+}
+
+void UUserDefinedEnum::PostLoad()
+{
+	Super::PostLoad();
+	RebuildEntries();
+}
+
+void UUserDefinedEnum::RebuildEntries()
+{
+	const FString Scope = GetName() + TEXT("::");
+	TArray<FEntry> Made;
+	for (const TPair<FName, FText>& Row : DisplayNameMap)
+	{
+		Made.Add({FName(Scope + Row.Key.ToString()), Made.Num(), Row.Value.ToString(), false});
+	}
+	Made.Add({FName(Scope + GetName() + TEXT("_MAX")), Made.Num(), FString(), true});
+	SetEnums(MoveTemp(Made), ECppForm::Namespaced);
+}
 
 void UEnum::SetEnums(TArray<FEntry> InEntries, ECppForm InForm)
 {

@@ -17,7 +17,17 @@ static int32 Depth = 0;
 void UScriptStruct::DescribeClass(FClassDescriber& Class) {}
 void UUserDefinedStruct::DescribeClass(FClassDescriber& Class)
 {
+	Class.Property(TEXT("EditorData"), &UUserDefinedStruct::EditorData);
 	Class.Property(TEXT("Guid"), &UUserDefinedStruct::Guid);
+}
+
+void UUserDefinedStruct::PostLoad()
+{
+	Super::PostLoad();
+	if (EditorData)
+	{
+		EditorData->ConditionalPostLoad();
+	}
 }
 
 UScriptStruct::~UScriptStruct()
@@ -29,6 +39,11 @@ UScriptStruct::~UScriptStruct()
 }
 
 void UScriptStruct::BeginDestroy()
+{
+	DropDefaultValue();
+}
+
+void UScriptStruct::DropDefaultValue()
 {
 	if (DefaultValue)
 	{
@@ -248,9 +263,9 @@ const TCHAR* UScriptStruct::ImportText(const TCHAR* Buffer, void* Value, UObject
 		}
 		Cursor = *Cursor == TEXT(',') ? PropertyText::SkipBlanks(Cursor + 1) : Cursor;
 	}
-	return Cursor + 1;
-}
 	if (Ops && Ops->PostImportText)
 	{
 		Ops->PostImportText(Value);
 	}
+	return Cursor + 1;
+}

@@ -213,6 +213,8 @@ public:
 	FString GetStructCPPName() const { return FString(GetPrefixCPP()) + GetName(); }
 	/** A value with the struct's own defaults; built once. */
 	const void* GetDefaultValue() const;
+	/** Before members change. */
+	void DropDefaultValue();
 
 	~UScriptStruct() override;
 	void BeginDestroy() override;
@@ -242,15 +244,19 @@ private:
 	mutable uint8* DefaultValue = nullptr;
 };
 
-/** A struct made in the editor; assets of that kind are only referred to here. */
+/** A struct made in the editor. What its members are stands in its editor data, which makes them. */
 class UUserDefinedStruct : public UScriptStruct
 {
 	EDITOR_CLASS(UUserDefinedStruct, UScriptStruct)
 
 public:
 	bool IsAsset() const override { return UObject::IsAsset(); }
+	/** Has the members made. Whoever lays the struct out as part of another calls it first, see ConditionalPostLoad. */
+	void PostLoad() override;
 
 	FGuid Guid;
+	/** Null for a struct that is only referred to. */
+	TObjectPtr<UObject> EditorData;
 };
 
 /** A function's description. Parameters are its properties, in order, the return last. Nothing is ever executed. */
@@ -335,12 +341,20 @@ private:
 	ECppForm CppForm = ECppForm::Regular;
 };
 
+/** An enum made in the editor. Its entries are the names of its display names, in their order. */
 class UUserDefinedEnum : public UEnum
 {
 	EDITOR_CLASS(UUserDefinedEnum, UEnum)
 
 public:
 	bool IsAsset() const override { return UObject::IsAsset(); }
+	void PostLoad() override;
+	/** Makes the entries anew, with the closing "_MAX", after DisplayNameMap was changed. */
+	void RebuildEntries();
+
+	FText EnumDescription;
+	/** By name without the enum's ("NewEnumerator0"). */
+	TMap<FName, FText> DisplayNameMap;
 };
 
 namespace EIncludeSuperFlag
