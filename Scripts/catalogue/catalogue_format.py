@@ -51,6 +51,7 @@ ENUM_FORMS = ("regular", "namespaced", "class")
 
 FUNCTION_META = (
     "AdvancedDisplay", "ArrayParm", "ArrayTypeDependentParams", "AutoCreateRefTerm", "BlueprintProtected",
+    "CallableWithoutWorldContext",
     "CommutativeAssociativeBinaryOperator", "CustomStructureParam", "DefaultToSelf", "DeterminesOutputType",
     "DevelopmentOnly", "DynamicOutputParam", "ExpandBoolAsExecs", "ExpandEnumAsExecs", "HidePin", "InternalUseParam",
     "LatentInfo", "MapKeyParam", "MapParam", "MapValueParam", "SetParam", "UnsafeDuringActorConstruction")

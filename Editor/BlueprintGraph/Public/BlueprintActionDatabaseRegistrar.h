@@ -3,12 +3,20 @@
 #include "BlueprintNodeSpawner.h"
 #include "CoreMinimal.h"
 
+class UEnum;
+
 /** What a node class's GetMenuActions adds its spawners to. */
 class FBlueprintActionDatabaseRegistrar
 {
 public:
-	explicit FBlueprintActionDatabaseRegistrar(TArray<UBlueprintNodeSpawner*>& InActions)
+	/** Makes the action about one enum; called for the enums there are now and for those that are added later. */
+	using FMakeEnumSpawnerDelegate = TFunction<UBlueprintNodeSpawner*(UEnum& Enum)>;
+
+	/** Both lists are appended to. */
+	FBlueprintActionDatabaseRegistrar(
+		TArray<UBlueprintNodeSpawner*>& InActions, TArray<FMakeEnumSpawnerDelegate>& InEnumMakers)
 		: Actions(InActions)
+		, EnumMakers(InEnumMakers)
 	{
 	}
 	bool AddBlueprintAction(UBlueprintNodeSpawner* NodeSpawner);
@@ -16,9 +24,12 @@ public:
 	{
 		return AddBlueprintAction(NodeSpawner);
 	}
+	/** One action for each enum that a Blueprint may use. */
+	void RegisterEnumActions(FMakeEnumSpawnerDelegate MakeActionCallback);
 	/** Always: there is one database, filled whole. */
 	bool IsOpenForRegistration(const UObject* ActionKey) const { return true; }
 
 private:
 	TArray<UBlueprintNodeSpawner*>& Actions;
+	TArray<FMakeEnumSpawnerDelegate>& EnumMakers;
 };

@@ -27,9 +27,12 @@ struct FBlueprintActionMenuItem : FEdGraphSchemaAction
 	{
 	}
 	const UBlueprintNodeSpawner* GetRawAction() const { return Action; }
+	/** The spawner's, asked for once. */
+	const FText& GetTooltipDescription() const override;
 	UEdGraphNode* PerformAction(
 		UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool bSelectNewNode = true) override;
 
 private:
 	const UBlueprintNodeSpawner* Action;
+	mutable FText Tooltip;
 };

@@ -14,8 +14,11 @@ public:
 	static UBlueprintDelegateNodeSpawner* Create(
 		const UClass* NodeClass, const FMulticastDelegateProperty* Property, UObject* Outer = nullptr);
 	const FMulticastDelegateProperty* GetDelegateProperty() const;
-	UEdGraphNode* Invoke(UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const override;
-	using UBlueprintNodeSpawner::Invoke;
+	bool AnyPin(FPinVisitor Visit) const override;
+
+protected:
+	bool IsBindable() const override;
+	void Bind(UEdGraphNode& Node, bool bIsTemplate) const override;
 
 private:
 	TWeakObjectPtr<UClass> OwnerClass;

@@ -21,8 +21,13 @@ public:
 	const UClass* GetRequiredClass() const override { return EventOwner.Get(); }
 	UEdGraphNode* Invoke(UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const override;
 	using UBlueprintNodeSpawner::Invoke;
+	bool AnyPin(FPinVisitor Visit) const override;
 
 protected:
+	bool IsBindable() const override;
+	void Bind(UEdGraphNode& Node, bool bIsTemplate) const override;
+
+private:
 	TWeakObjectPtr<UClass> EventOwner;
 	FName EventName;
 };
@@ -38,8 +43,14 @@ public:
 	UEdGraphNode* FindPreExistingEvent(UEdGraph* ParentGraph) const;
 	UEdGraphNode* Invoke(UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const override;
 	using UBlueprintNodeSpawner::Invoke;
+	bool AnyPin(FPinVisitor Visit) const override;
+
+protected:
+	void Bind(UEdGraphNode& Node, bool bIsTemplate) const override;
 
 private:
+	const FMulticastDelegateProperty* FindDelegate() const;
+
 	FName ComponentName;
 	TWeakObjectPtr<UClass> DelegateOwner;
 	FName DelegateName;

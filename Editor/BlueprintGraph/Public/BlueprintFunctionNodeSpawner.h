@@ -22,8 +22,11 @@ public:
 	 * Found by name each time, as the class of a Blueprint is built anew with every change; null when it is gone.
 	 */
 	const UFunction* GetFunction() const;
-	UEdGraphNode* Invoke(UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const override;
-	using UBlueprintNodeSpawner::Invoke;
+	bool AnyPin(FPinVisitor Visit) const override;
+
+protected:
+	bool IsBindable() const override;
+	void Bind(UEdGraphNode& Node, bool bIsTemplate) const override;
 
 private:
 	TWeakObjectPtr<UClass> FunctionOwner;

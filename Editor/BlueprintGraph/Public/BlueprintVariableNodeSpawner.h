@@ -21,15 +21,18 @@ public:
 	/** Found by name each time; null for a local variable or one that is gone. */
 	const FProperty* GetVarProperty() const;
 	bool IsLocalVariable() const { return !LocalScope.IsEmpty(); }
-	UEdGraphNode* Invoke(UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const override;
-	using UBlueprintNodeSpawner::Invoke;
+	bool AnyPin(FPinVisitor Visit) const override;
+
+protected:
+	bool IsBindable() const override;
+	void Bind(UEdGraphNode& Node, bool bIsTemplate) const override;
 
 private:
 	void SetWords(const FString& VariableName, const FText& Category);
-	void Bind(UEdGraphNode* NewNode) const;
 
 	TWeakObjectPtr<UClass> OwnerClass;
 	FName VariableName;
 	FString LocalScope;
 	FGuid LocalGuid;
+	FEdGraphPinType LocalType;
 };

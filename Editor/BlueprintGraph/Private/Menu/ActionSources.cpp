@@ -15,6 +15,7 @@
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
 #include "Menu/MenuWords.h"
+#include "UObject/Catalogue.h"
 #include "UObject/UnrealType.h"
 
 namespace ActionSources
@@ -34,7 +35,7 @@ FBlueprintAction* Add(UBlueprintNodeSpawner* Spawner, FActionList& Out)
 	Action.NodeClass = Spawner->NodeClass.Get();
 	Action.RequiredClass = Spawner->GetRequiredClass();
 	Action.Item = MakeShared<FBlueprintActionMenuItem>(
-		Spawner, MoveTemp(Words.Category), MoveTemp(Words.MenuName), MoveTemp(Words.Tooltip), MoveTemp(Words.Keywords));
+		Spawner, MoveTemp(Words.Category), MoveTemp(Words.MenuName), FText::GetEmpty(), MoveTemp(Words.Keywords));
 	return &Action;
 }
 
@@ -46,10 +47,28 @@ void AddOperator(UBlueprintFunctionNodeSpawner& Spawner, const UFunction& Functi
 	if (FTypePromotion::GetDefaultFuncForOp(Operation) == &Function)
 	{
 		Spawner.DefaultMenuSignature.MenuName = FTypePromotion::GetUserFacingOperatorName(Operation);
-		Spawner.DefaultMenuSignature.Category = FText::FromString(TEXT("Utilities|Operators"));
+		Spawner.DefaultMenuSignature.Category = MenuWords::SharedText(TEXT("Utilities|Operators"));
 		Spawner.DefaultMenuSignature.Keywords = FTypePromotion::GetKeywordsForOperator(Operation);
 		Add(&Spawner, Out);
 	}
+}
+
+/** Where a call of the function may stand. */
+void DescribeReach(const UFunction& Function, FBlueprintAction& Out)
+{
+	const bool bStatic = Function.HasAnyFunctionFlags(FUNC_Static);
+	UClass& Owner = *Function.GetOwnerClass();
+	// Of a native function the access in C++ says nothing about Blueprints.
+	const UBlueprint* const Declarer = Cast<UBlueprint>(Owner.ClassGeneratedBy);
+	Out.OnlyInBlueprint = Function.HasAnyFunctionFlags(FUNC_Private) ? Declarer : nullptr;
+	Out.bIsProtected = (Declarer && Function.HasAnyFunctionFlags(FUNC_Protected))
+		|| Function.GetBoolMetaData(FBlueprintMetadata::MD_Protected);
+	Out.MemberOf = bStatic && !Out.bIsProtected ? nullptr : MenuWords::LastingClass(&Owner);
+	Out.bIsLatent = Function.HasMetaData(FBlueprintMetadata::MD_Latent);
+	Out.bIsUnsafeInConstruction = Function.GetBoolMetaData(FBlueprintMetadata::MD_UnsafeForConstructionScripts);
+	Out.bNeedsWorld = bStatic && Function.HasMetaData(FBlueprintMetadata::MD_WorldContext)
+		&& !Function.HasMetaData(FBlueprintMetadata::MD_CallableWithoutWorldContext);
+	Out.bIsEditorOnly = Function.HasAnyFunctionFlags(FUNC_EditorOnly) || MenuWords::IsOfEditor(Owner);
 }
 
 void AddFunctions(const UClass& Class, FActionList& Out)
@@ -70,10 +89,7 @@ void AddFunctions(const UClass& Class, FActionList& Out)
 			}
 			else if (FBlueprintAction* const Action = Add(Spawner, Out))
 			{
-				Action->MemberOf = Function.HasAnyFunctionFlags(FUNC_Static)
-					? nullptr
-					: MenuWords::LastingClass(Function.GetOwnerClass());
-				Action->bIsLatent = Function.HasMetaData(FBlueprintMetadata::MD_Latent);
+				DescribeReach(Function, *Action);
 			}
 		}
 		if (!Inherited)
@@ -120,6 +136,10 @@ void AddVariable(const FProperty& Property, FActionList& Out)
 				UBlueprintVariableNodeSpawner::CreateFromMemberOrParam(NodeClass, &Property), Out))
 		{
 			Action->MemberOf = Owner;
+			Action->bNamedAsMember = Owner->ClassGeneratedBy != nullptr;
+			Action->OtherCategory = Owner->ClassGeneratedBy
+				? MenuWords::ForeignCategory(*Owner)
+				: MenuWords::MemberCategory(Property.FindMetaData(FBlueprintMetadata::MD_FunctionCategory));
 			Action->OnlyInBlueprint = bPrivate ? Cast<UBlueprint>(Owner->ClassGeneratedBy) : nullptr;
 		}
 	}
@@ -149,16 +169,16 @@ void AddMembers(const UClass& Class, FActionList& Out)
 	}
 }
 
-void AddNodeClasses(FActionList& Out)
+void AddNodeClasses(FActionList& Out, TArray<FMakeEnumSpawner>& OutEnumMakers)
 {
 	TArray<UClass*> Classes;
 	GetDerivedClasses(UK2Node::StaticClass(), Classes);
 	Classes.Sort([](const UClass& A, const UClass& B) { return A.GetPathName() < B.GetPathName(); });
 	TArray<UBlueprintNodeSpawner*> Spawners;
-	FBlueprintActionDatabaseRegistrar Registrar(Spawners);
+	FBlueprintActionDatabaseRegistrar Registrar(Spawners, OutEnumMakers);
 	for (const UClass* const Class : Classes)
 	{
-		if (!Class->HasAnyClassFlags(CLASS_Abstract))
+		if (!Class->HasAnyClassFlags(static_cast<EClassFlags>(CLASS_Abstract | CLASS_Deprecated)))
 		{
 			Class->GetDefaultObject<UK2Node>()->GetMenuActions(Registrar);
 		}
@@ -178,4 +198,20 @@ bool FBlueprintActionDatabaseRegistrar::AddBlueprintAction(UBlueprintNodeSpawner
 	}
 	Actions.Add(NodeSpawner);
 	return true;
+}
+
+void FBlueprintActionDatabaseRegistrar::RegisterEnumActions(FMakeEnumSpawnerDelegate MakeActionCallback)
+{
+	// The catalogue names the enums that Blueprints know; others are this program's own, and those of assets come and
+	// go with their assets.
+	FCatalogue::Get().ForEachPath(UEnum::StaticClass(),
+		[this, &MakeActionCallback](const FString& Path, const FString&)
+		{
+			UEnum* const Enum = Cast<UEnum>(FCatalogue::Get().FindOrCreate(Path));
+			if (Enum && UEdGraphSchema_K2::IsAllowableBlueprintVariableType(Enum))
+			{
+				AddBlueprintAction(MakeActionCallback(*Enum));
+			}
+		});
+	EnumMakers.Add(MoveTemp(MakeActionCallback));
 }

@@ -47,7 +47,7 @@ void AddMacros(UBlueprint& Blueprint, FActionList& Out)
 			nullptr,
 			[Held](UEdGraphNode* Node, bool) { CastChecked<UK2Node_MacroInstance>(Node)->SetMacroGraph(Held.Get()); });
 		Spawner->DefaultMenuSignature.MenuName = FText::FromString(FName::NameToDisplayString(Graph->GetName(), false));
-		Spawner->DefaultMenuSignature.Category = FText::FromString(MacroCategory(*Graph));
+		Spawner->DefaultMenuSignature.Category = MenuWords::SharedText(MacroCategory(*Graph));
 		if (FBlueprintAction* const Action = Add(Spawner, Out))
 		{
 			Action->RequiredClass = bIsLibrary ? Blueprint.ParentClass.Get() : nullptr;
@@ -94,9 +94,11 @@ bool HoldsComponentOrWidget(const FObjectProperty& Property)
 	return false;
 }
 
-void AddComponentEvents(UBlueprint& Blueprint, const UClass& Class, FActionList& Out)
+/** Every dispatcher of every component or widget that the Blueprint can listen to. Native components are the parent's,
+ * and as much the Blueprint's own as those that it adds. */
+void ForEachComponentEvent(const UClass& Class,
+	TFunctionRef<void(const FObjectProperty& Component, const FMulticastDelegateProperty& Event)> Visit)
 {
-	// Native components are the parent's, and as much the Blueprint's own to listen to as those that it adds.
 	for (TFieldIterator<FObjectProperty> It(&Class); It; ++It)
 	{
 		if (!HoldsComponentOrWidget(**It) || !It->HasAnyPropertyFlags(CPF_BlueprintVisible))
@@ -105,16 +107,24 @@ void AddComponentEvents(UBlueprint& Blueprint, const UClass& Class, FActionList&
 		}
 		for (TFieldIterator<FMulticastDelegateProperty> Event(It->PropertyClass); Event; ++Event)
 		{
-			if (!Event->HasAnyPropertyFlags(CPF_BlueprintAssignable))
+			if (Event->HasAnyPropertyFlags(CPF_BlueprintAssignable))
 			{
-				continue;
-			}
-			if (FBlueprintAction* const Action = Add(UBlueprintBoundEventNodeSpawner::Create(*It, *Event), Out))
-			{
-				Action->OnlyInBlueprint = &Blueprint;
+				Visit(**It, **Event);
 			}
 		}
 	}
+}
+
+void AddComponentEvents(UBlueprint& Blueprint, const UClass& Class, FActionList& Out)
+{
+	ForEachComponentEvent(Class,
+		[&Blueprint, &Out](const FObjectProperty& Component, const FMulticastDelegateProperty& Event)
+		{
+			if (FBlueprintAction* const Action = Add(UBlueprintBoundEventNodeSpawner::Create(&Component, &Event), Out))
+			{
+				Action->OnlyInBlueprint = &Blueprint;
+			}
+		});
 }
 
 void AddBlueprint(UBlueprint& Blueprint, FActionList& Out)
@@ -132,6 +142,7 @@ void AddBlueprint(UBlueprint& Blueprint, FActionList& Out)
 		if (UClass* const Class = Blueprint.GeneratedClass.Get())
 		{
 			AddCasts(*Class, Out);
+			AddComponent(*Class, Out);
 		}
 	}
 	AddMacros(Blueprint, Out);
@@ -158,7 +169,8 @@ public:
 	void MixWords(const TField& Field)
 	{
 		for (const FName Key : {FBlueprintMetadata::MD_FunctionCategory, FBlueprintMetadata::MD_DisplayName,
-				 FBlueprintMetadata::MD_FunctionKeywords, FBlueprintMetadata::MD_Private})
+				 FBlueprintMetadata::MD_FunctionKeywords, FBlueprintMetadata::MD_Private,
+				 FBlueprintMetadata::MD_Protected, FBlueprintMetadata::MD_DeprecatedFunction})
 		{
 			const FString* const Value = Field.FindMetaData(Key);
 			Mix(Value ? *Value : FString());
@@ -170,13 +182,8 @@ private:
 	uint32 Sum = 0;
 };
 
-uint32 GetFingerprint(const UBlueprint& Blueprint)
+void MixMembers(const UClass* Class, FFingerprint& Print)
 {
-	FFingerprint Print;
-	Print.Mix(Blueprint.GetName());
-	Print.Mix(Blueprint.ParentClass.Get());
-	Print.Mix(Blueprint.GeneratedClass.Get());
-	const UClass* const Class = BlueprintClassProvider::GetSelfClass(&Blueprint);
 	for (TFieldIterator<UFunction> It(Class, EFieldIteratorFlags::ExcludeSuper); It; ++It)
 	{
 		Print.Mix(It->GetName());
@@ -192,6 +199,22 @@ uint32 GetFingerprint(const UBlueprint& Blueprint)
 		Print.Mix(Object ? Object->PropertyClass : nullptr);
 		Print.MixWords(**It);
 	}
+}
+
+/** Components that a parent Blueprint adds, and dispatchers of components that are Blueprints themselves, change
+ * without a change here. */
+void MixComponentEvents(const UClass& Class, FFingerprint& Print)
+{
+	ForEachComponentEvent(Class,
+		[&Print](const FObjectProperty& Component, const FMulticastDelegateProperty& Event)
+		{
+			Print.Mix(Component.GetFName());
+			Print.Mix(Event.GetFName());
+		});
+}
+
+void MixGraphs(const UBlueprint& Blueprint, FFingerprint& Print)
+{
 	for (const UEdGraph* const Graph : Blueprint.MacroGraphs)
 	{
 		Print.Mix(static_cast<const void*>(Graph));
@@ -205,10 +228,29 @@ uint32 GetFingerprint(const UBlueprint& Blueprint)
 		Print.Mix(static_cast<const void*>(Count > 0 ? Graph : nullptr));
 		for (int32 Index = 0; Index < Count; ++Index)
 		{
-			Print.Mix(Entry->LocalVariables[Index].VarName.ToString());
-			Print.Mix(Entry->LocalVariables[Index].Category.ToString());
+			const FBPVariableDescription& Variable = Entry->LocalVariables[Index];
+			Print.Mix(Variable.VarName.ToString());
+			Print.Mix(Variable.Category.ToString());
+			Print.Mix(Variable.VarType.PinCategory);
+			Print.Mix(Variable.VarType.PinSubCategory);
+			Print.Mix(Variable.VarType.PinSubCategoryObject.Get());
+			Print.Mix(static_cast<uint32>(Variable.VarType.ContainerType));
 		}
 	}
+}
+
+uint32 GetFingerprint(const UBlueprint& Blueprint)
+{
+	FFingerprint Print;
+	Print.Mix(Blueprint.GetName());
+	Print.Mix(Blueprint.ParentClass.Get());
+	Print.Mix(Blueprint.GeneratedClass.Get());
+	if (const UClass* const Class = BlueprintClassProvider::GetSelfClass(&Blueprint))
+	{
+		MixMembers(Class, Print);
+		MixComponentEvents(*Class, Print);
+	}
+	MixGraphs(Blueprint, Print);
 	return Print.Get();
 }
 } // namespace ActionSources

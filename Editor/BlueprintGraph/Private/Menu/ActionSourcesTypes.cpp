@@ -1,12 +1,15 @@
-// Actions about types: casts and structs.
+// Actions about types: casts, components and structs.
 
 #include "Menu/ActionSources.h"
 
-#include "BlueprintNodeSpawner.h"
+#include "BlueprintComponentNodeSpawner.h"
+#include "BlueprintFieldNodeSpawner.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "K2Node_ClassDynamicCast.h"
 #include "K2Node_DynamicCast.h"
+#include "Menu/MenuWords.h"
+#include "Menu/SpawnerPins.h"
 #include "UObject/UnrealType.h"
 
 namespace ActionSources
@@ -24,27 +27,18 @@ struct FTypeNode
 	const TCHAR* Member;
 };
 
-void SetMember(UEdGraphNode& Node, const TCHAR* Member, UObject* Value)
+FBlueprintAction* AddTypeNode(
+	const FTypeNode& Kind, UField& Type, const FString& Title, const TCHAR* Category, FActionList& Out)
 {
-	if (const FObjectPropertyBase* const Property = FindFProperty<FObjectPropertyBase>(Node.GetClass(), Member))
+	UBlueprintFieldNodeSpawner* const Spawner = UBlueprintFieldNodeSpawner::Create(
+		Kind.Class, Type, FName(Kind.Member));
+	if (!Spawner)
 	{
-		Property->SetObjectPropertyValue_InContainer(&Node, Value);
+		return nullptr;
 	}
-}
-
-void AddTypeNode(const FTypeNode& Kind, UObject& Type, const FString& Title, const TCHAR* Category, FActionList& Out)
-{
-	if (!Kind.Class)
-	{
-		return;
-	}
-	const TCHAR* const Member = Kind.Member;
-	const TWeakObjectPtr<UObject> Held(&Type);
-	UBlueprintNodeSpawner* const Spawner = UBlueprintNodeSpawner::Create(
-		Kind.Class, nullptr, [Member, Held](UEdGraphNode* Node, bool) { SetMember(*Node, Member, Held.Get()); });
 	Spawner->DefaultMenuSignature.MenuName = FText::FromString(Title);
-	Spawner->DefaultMenuSignature.Category = FText::FromString(Category);
-	Add(Spawner, Out);
+	Spawner->DefaultMenuSignature.Category = MenuWords::SharedText(Category);
+	return Add(Spawner, Out);
 }
 
 void AddCasts(UClass& Class, FActionList& Out)
@@ -58,20 +52,24 @@ void AddCasts(UClass& Class, FActionList& Out)
 		return;
 	}
 	const FString Name = Class.ClassGeneratedBy ? Class.ClassGeneratedBy->GetName() : Class.GetName();
-	AddTypeNode(ObjectCast, Class, TEXT("Cast To ") + Name, TEXT("Utilities|Casting"), Out);
-	AddTypeNode(ClassCast, Class, TEXT("Cast To ") + Name + TEXT(" Class"), TEXT("Utilities|Casting"), Out);
+	const FString Title = TEXT("Cast To ") + Name;
+	if (FBlueprintAction* const Action = AddTypeNode(ObjectCast, Class, Title, TEXT("Utilities|Casting"), Out))
+	{
+		Action->CastTarget = &Class;
+	}
+	if (FBlueprintAction* const Action = AddTypeNode(
+			ClassCast, Class, Title + TEXT(" Class"), TEXT("Utilities|Casting"), Out))
+	{
+		Action->CastTarget = &Class;
+	}
 }
 
-bool HasShownMember(const UScriptStruct& Struct)
+void AddComponent(UClass& Class, FActionList& Out)
 {
-	for (TFieldIterator<FProperty> It(&Struct); It; ++It)
+	if (UBlueprintComponentNodeSpawner::IsSpawnable(Class))
 	{
-		if (It->HasAnyPropertyFlags(CPF_BlueprintVisible | CPF_Edit))
-		{
-			return true;
-		}
+		Add(UBlueprintComponentNodeSpawner::Create(Class), Out);
 	}
-	return false;
 }
 
 void AddStruct(UScriptStruct& Struct, FActionList& Out)
@@ -80,20 +78,22 @@ void AddStruct(UScriptStruct& Struct, FActionList& Out)
 	static const FTypeNode Break(TEXT("K2Node_BreakStruct"), TEXT("StructType"));
 	static const FTypeNode SetFields(TEXT("K2Node_SetFieldsInStruct"), TEXT("StructType"));
 	const TCHAR* const Category = TEXT("Utilities|Struct");
-	if (!UEdGraphSchema_K2::IsAllowableBlueprintVariableType(&Struct) || !HasShownMember(Struct))
-	{
-		return;
-	}
-	const FString Name = Struct.GetDisplayNameText().ToString();
+	const bool bAllowed = UEdGraphSchema_K2::IsAllowableBlueprintVariableType(&Struct);
+	const bool bReads = bAllowed && SpawnerPins::AnyMember(Struct, EGPD_Output, &SpawnerPins::TakeAny);
+	const bool bWrites = bAllowed && SpawnerPins::AnyMember(Struct, EGPD_Input, &SpawnerPins::TakeAny);
+	const FString Name = bReads || bWrites ? Struct.GetDisplayNameText().ToString() : FString();
 	// A struct with functions of its own to make and break it offers those.
-	if (!Struct.HasMetaData(FBlueprintMetadata::MD_NativeMakeFunction))
+	if (bWrites && !Struct.HasMetaData(FBlueprintMetadata::MD_NativeMakeFunction))
 	{
 		AddTypeNode(Make, Struct, TEXT("Make ") + Name, Category, Out);
 	}
-	if (!Struct.HasMetaData(FBlueprintMetadata::MD_NativeBreakFunction))
+	if (bReads && !Struct.HasMetaData(FBlueprintMetadata::MD_NativeBreakFunction))
 	{
 		AddTypeNode(Break, Struct, TEXT("Break ") + Name, Category, Out);
 	}
-	AddTypeNode(SetFields, Struct, TEXT("Set members in ") + Name, Category, Out);
+	if (bWrites)
+	{
+		AddTypeNode(SetFields, Struct, TEXT("Set members in ") + Name, Category, Out);
+	}
 }
 } // namespace ActionSources

@@ -4,6 +4,7 @@
 #include "BlueprintNodeSpawner.h"
 #include "Engine/Blueprint.h"
 #include "Menu/ActionSources.h"
+#include "Menu/InputMappings.h"
 #include "StandardMacros.h"
 #include "UObject/Catalogue.h"
 #include "UObject/Package.h"
@@ -51,35 +52,48 @@ void AddTypes(const FTypes& Types, TArray<FBlueprintAction>& Out)
 	{
 		ActionSources::AddCasts(*Class, Out);
 	}
+	for (UClass* const Class : Types.Classes)
+	{
+		ActionSources::AddComponent(*Class, Out);
+	}
 	for (UScriptStruct* const Struct : Types.Structs)
 	{
 		ActionSources::AddStruct(*Struct, Out);
 	}
 }
 
-/** Empties a list. Menus that were made from it hold entries still, and live no longer than the call that made them. */
+/** Lets the spawners go. Menus that were made from the list hold entries still, and live no longer than the call that
+ * made them. */
+void Discard(const TArray<FBlueprintAction>& Actions)
+{
+	for (const FBlueprintAction& Action : Actions)
+	{
+		const_cast<UBlueprintNodeSpawner*>(Action.Item->GetRawAction())->Discard();
+	}
+}
+
 void Drop(TArray<FBlueprintAction>& Actions)
 {
-	// The last one first: templates leave their graph from its end.
-	for (int32 Index = Actions.Num() - 1; Index >= 0; --Index)
-	{
-		const_cast<UBlueprintNodeSpawner*>(Actions[Index].Item->GetRawAction())->Discard();
-	}
+	Discard(Actions);
 	Actions.Empty();
 }
 
-/** Assets that the registry alone speaks for. */
-TArray<FAssetData> ListAssets()
+TArray<FAssetData> ListAssets(const TCHAR* ClassPath, bool bSearchSubClasses = false)
 {
 	TArray<FAssetData> Listed;
-	if (const IAssetRegistry* const Registry = IAssetRegistry::Get())
+	FTopLevelAssetPath Class;
+	const IAssetRegistry* const Registry = IAssetRegistry::Get();
+	if (Registry && Class.TrySetPath(ClassPath))
 	{
-		TArray<FAssetData> Blueprints;
-		Registry->GetAssetsByClass(FTopLevelAssetPath(TEXT("/Script/Engine"), TEXT("Blueprint")), Blueprints, true);
-		Listed = Blueprints.FilterByPredicate([](const FAssetData& Asset) { return !Asset.IsAssetLoaded(); });
-		Registry->GetAssetsByClass(FTopLevelAssetPath(TEXT("/Script/EnhancedInput"), TEXT("InputAction")), Listed);
+		Registry->GetAssetsByClass(Class, Listed, bSearchSubClasses);
 	}
 	return Listed;
+}
+
+TArray<FAssetData> ListUnloadedBlueprints()
+{
+	return ListAssets(TEXT("/Script/Engine.Blueprint"), true)
+		.FilterByPredicate([](const FAssetData& Asset) { return !Asset.IsAssetLoaded(); });
 }
 
 /** Blueprints that are there to stay: assets, and libraries that are made in memory at a path of their own. */
@@ -89,6 +103,9 @@ bool Lasts(const UBlueprint& Blueprint)
 		&& Blueprint.GetOutermost() != GetTransientPackage();
 }
 } // namespace ActionDatabase
+
+FBlueprintActionDatabase::FBlueprintActionDatabase() = default;
+FBlueprintActionDatabase::~FBlueprintActionDatabase() = default;
 
 FBlueprintActionDatabase& FBlueprintActionDatabase::Get()
 {
@@ -108,7 +125,8 @@ void FBlueprintActionDatabase::BuildCatalogue()
 	{
 		// Node classes offer one entry for each enum or task class, the project's among them.
 		ActionDatabase::Drop(NodeActions);
-		ActionSources::AddNodeClasses(NodeActions);
+		EnumMakers.Empty();
+		ActionSources::AddNodeClasses(NodeActions, EnumMakers);
 		ActionDatabase::Drop(ProjectActions);
 		ActionDatabase::AddTypes(ActionDatabase::ReadTypes(true), ProjectActions);
 	}
@@ -118,8 +136,8 @@ void FBlueprintActionDatabase::BuildCatalogue()
 
 void FBlueprintActionDatabase::UpdateBlueprints()
 {
-	// The library goes when a project's objects are dropped, and its macros are always offered.
-	StandardMacros::GetLibrary();
+	// The libraries go when a project's objects are dropped, and their macros are always offered.
+	StandardMacros::MakeLibraries();
 	TArray<UObject*> Objects;
 	GetObjectsOfClass(UBlueprint::StaticClass(), Objects);
 	TMap<const UObject*, int32> Standing;
@@ -156,7 +174,42 @@ void FBlueprintActionDatabase::UpdateBlueprints()
 	Blueprints = MoveTemp(Updated);
 }
 
-void FBlueprintActionDatabase::UpdateAssets()
+void FBlueprintActionDatabase::LoadLibraries(const TArray<FAssetData>& UnloadedBlueprints)
+{
+	static const FName TypeTag(TEXT("BlueprintType"));
+	TSet<FString> Unreadable;
+	for (const FAssetData& Asset : UnloadedBlueprints)
+	{
+		const FString Type = Asset.GetTagValueRef<FString>(TypeTag);
+		if (Type != TEXT("BPTYPE_FunctionLibrary") && Type != TEXT("BPTYPE_MacroLibrary"))
+		{
+			continue;
+		}
+		FString Path = Asset.GetObjectPathString();
+		if (UnreadableLibraries.Contains(Path) || !Asset.GetAsset())
+		{
+			Unreadable.Add(MoveTemp(Path));
+		}
+	}
+	UnreadableLibraries = MoveTemp(Unreadable);
+}
+
+void FBlueprintActionDatabase::AddType(UField* Type, FActionList& Out) const
+{
+	if (UScriptStruct* const Struct = Cast<UScriptStruct>(Type))
+	{
+		ActionSources::AddStruct(*Struct, Out);
+	}
+	else if (UEnum* const Enum = Cast<UEnum>(Type))
+	{
+		for (const FBlueprintActionDatabaseRegistrar::FMakeEnumSpawnerDelegate& Make : EnumMakers)
+		{
+			ActionSources::Add(Make(*Enum), Out);
+		}
+	}
+}
+
+void FBlueprintActionDatabase::UpdateAssets(const TArray<FAssetData>& UnloadedBlueprints)
 {
 	TMap<FString, int32> Standing;
 	for (int32 Index = 0; Index < Assets.Num(); ++Index)
@@ -164,18 +217,48 @@ void FBlueprintActionDatabase::UpdateAssets()
 		Standing.Add(Assets[Index].Path, Index);
 	}
 	TArray<FAssetEntry> Updated;
-	for (const FAssetData& Asset : ActionDatabase::ListAssets())
+	const auto Take = [this, &Standing, &Updated](const FAssetData& Asset, UField* Type)
 	{
 		FString Path = Asset.GetObjectPathString();
 		const int32* const Index = Standing.Find(Path);
-		if (Index && !Assets[*Index].Path.IsEmpty())
+		// A change of case is a change of words.
+		if (Index && Assets[*Index].Path.Equals(Path, ESearchCase::CaseSensitive) && Assets[*Index].Type.Get() == Type)
 		{
 			Updated.Add(MoveTemp(Assets[*Index]));
-			continue;
+			return;
 		}
 		FAssetEntry& Entry = Updated.AddDefaulted_GetRef();
 		Entry.Path = MoveTemp(Path);
-		ActionSources::AddAsset(Asset, Entry.Actions);
+		Entry.Type = Type;
+		if (Type)
+		{
+			AddType(Type, Entry.Actions);
+		}
+		else
+		{
+			ActionSources::AddAsset(Asset, Entry.Actions);
+		}
+	};
+	for (const FAssetData& Asset : UnloadedBlueprints)
+	{
+		if (!Asset.IsAssetLoaded())
+		{
+			Take(Asset, nullptr);
+		}
+	}
+	for (const FAssetData& Asset : ActionDatabase::ListAssets(TEXT("/Script/EnhancedInput.InputAction")))
+	{
+		Take(Asset, nullptr);
+	}
+	for (const TCHAR* const Kind : {TEXT("/Script/Engine.UserDefinedStruct"), TEXT("/Script/Engine.UserDefinedEnum")})
+	{
+		for (const FAssetData& Asset : ActionDatabase::ListAssets(Kind))
+		{
+			if (UField* const Type = Cast<UField>(Asset.GetAsset()))
+			{
+				Take(Asset, Type);
+			}
+		}
 	}
 	for (FAssetEntry& Left : Assets)
 	{
@@ -184,47 +267,60 @@ void FBlueprintActionDatabase::UpdateAssets()
 	Assets = MoveTemp(Updated);
 }
 
+void FBlueprintActionDatabase::UpdateInputMappings()
+{
+	FInputMappings Mappings = FInputMappings::Read();
+	if (!InputMappings || !(*InputMappings == Mappings))
+	{
+		ActionDatabase::Drop(InputActions);
+		ActionSources::AddInputMappings(Mappings, InputActions);
+		InputMappings = MakeUnique<FInputMappings>(MoveTemp(Mappings));
+	}
+}
+
 void FBlueprintActionDatabase::Update()
 {
+	const TArray<FAssetData> UnloadedBlueprints = ActionDatabase::ListUnloadedBlueprints();
 	BuildCatalogue();
+	LoadLibraries(UnloadedBlueprints);
 	UpdateBlueprints();
-	UpdateAssets();
+	UpdateAssets(UnloadedBlueprints);
+	UpdateInputMappings();
+}
+
+void FBlueprintActionDatabase::ForEachList(TFunctionRef<void(const FActionList&)> Visit) const
+{
+	Visit(NodeActions);
+	for (const FBlueprintEntry& Entry : Blueprints)
+	{
+		Visit(Entry.Actions);
+	}
+	for (const FAssetEntry& Entry : Assets)
+	{
+		Visit(Entry.Actions);
+	}
+	Visit(InputActions);
+	Visit(EngineActions);
+	Visit(ProjectActions);
 }
 
 void FBlueprintActionDatabase::ForEachAction(TFunctionRef<void(const FBlueprintAction&)> Visit)
 {
 	Update();
-	const auto VisitList = [&Visit](const FActionList& List)
-	{
-		for (const FBlueprintAction& Action : List)
+	ForEachList(
+		[&Visit](const FActionList& List)
 		{
-			Visit(Action);
-		}
-	};
-	VisitList(NodeActions);
-	for (const FBlueprintEntry& Entry : Blueprints)
-	{
-		VisitList(Entry.Actions);
-	}
-	for (const FAssetEntry& Entry : Assets)
-	{
-		VisitList(Entry.Actions);
-	}
-	VisitList(EngineActions);
-	VisitList(ProjectActions);
+			for (const FBlueprintAction& Action : List)
+			{
+				Visit(Action);
+			}
+		});
 }
 
 int32 FBlueprintActionDatabase::Num() const
 {
-	int32 Count = NodeActions.Num() + EngineActions.Num() + ProjectActions.Num();
-	for (const FBlueprintEntry& Entry : Blueprints)
-	{
-		Count += Entry.Actions.Num();
-	}
-	for (const FAssetEntry& Entry : Assets)
-	{
-		Count += Entry.Actions.Num();
-	}
+	int32 Count = 0;
+	ForEachList([&Count](const FActionList& List) { Count += List.Num(); });
 	return Count;
 }
 
@@ -242,17 +338,14 @@ void FBlueprintActionDatabase::RefreshAssetActions(const UObject* AssetObject)
 
 void FBlueprintActionDatabase::RefreshAll()
 {
-	ActionDatabase::Drop(NodeActions);
-	ActionDatabase::Drop(EngineActions);
-	ActionDatabase::Drop(ProjectActions);
-	for (FBlueprintEntry& Entry : Blueprints)
-	{
-		ActionDatabase::Drop(Entry.Actions);
-	}
-	for (FAssetEntry& Entry : Assets)
-	{
-		ActionDatabase::Drop(Entry.Actions);
-	}
+	ForEachList([](const FActionList& List) { ActionDatabase::Discard(List); });
+	NodeActions.Empty();
+	EnumMakers.Empty();
+	EngineActions.Empty();
+	ProjectActions.Empty();
+	InputActions.Empty();
+	InputMappings.Reset();
+	UnreadableLibraries.Empty();
 	Blueprints.Empty();
 	Assets.Empty();
 	bBuilt = false;

@@ -6,112 +6,9 @@
 
 #include "BlueprintActionDatabase.h"
 #include "BlueprintNodeSpawner.h"
-#include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "K2Node.h"
-
-namespace ActionMenu
-{
-/** Whom a menu is for, worked out once for all actions. */
-struct FAudience
-{
-	const UBlueprint* Blueprint = nullptr;
-	const UEdGraph* Graph = nullptr;
-	EGraphType GraphType = GT_MAX;
-	/** The Blueprint's class, those above it and the interfaces of all; with a pin dragged from, its classes too. */
-	TSet<const UClass*> Classes;
-	bool bContextSensitive = false;
-	mutable TMap<const UClass*, bool> NodeClassFits;
-};
-
-void AddClassLine(const UClass* Class, FAudience& Audience)
-{
-	for (; Class; Class = Class->GetSuperClass())
-	{
-		Audience.Classes.Add(Class);
-		Audience.Classes.Add(Class->GetAuthoritativeClass());
-		for (const FImplementedInterface& Interface : Class->Interfaces)
-		{
-			Audience.Classes.Add(Interface.Class);
-		}
-	}
-}
-
-FAudience MakeAudience(const FBlueprintActionFilter& Filter)
-{
-	FAudience Audience;
-	const FBlueprintActionContext& Context = Filter.Context;
-	Audience.bContextSensitive = Filter.bContextSensitive;
-	Audience.Graph = Context.Graphs.IsEmpty() ? nullptr : Context.Graphs[0];
-	Audience.Blueprint = Context.Blueprints.IsEmpty() ? nullptr : Context.Blueprints[0];
-	if (!Audience.Blueprint && Audience.Graph)
-	{
-		Audience.Blueprint = Audience.Graph->GetTypedOuter<UBlueprint>();
-	}
-	if (Audience.Graph && Audience.Graph->GetSchema())
-	{
-		Audience.GraphType = Audience.Graph->GetSchema()->GetGraphType(Audience.Graph);
-	}
-	if (Audience.Blueprint)
-	{
-		AddClassLine(BlueprintClassProvider::GetSelfClass(Audience.Blueprint), Audience);
-		AddClassLine(Audience.Blueprint->ParentClass.Get(), Audience);
-		for (const FBPInterfaceDescription& Interface : Audience.Blueprint->ImplementedInterfaces)
-		{
-			AddClassLine(Interface.Interface.Get(), Audience);
-		}
-	}
-	for (const UEdGraphPin* const Pin : Context.Pins)
-	{
-		AddClassLine(Cast<UClass>(Pin->PinType.PinSubCategoryObject.Get()), Audience);
-	}
-	return Audience;
-}
-
-/** A node class speaks for its nodes as to the graphs that can have them; a process asks each class once a menu. */
-bool FitsGraph(const UClass& NodeClass, const FAudience& Audience)
-{
-	if (!Audience.Graph)
-	{
-		return true;
-	}
-	if (const bool* const Known = Audience.NodeClassFits.Find(&NodeClass))
-	{
-		return *Known;
-	}
-	const UEdGraphNode* const Default = NodeClass.GetDefaultObject<UEdGraphNode>();
-	const UEdGraphSchema* const Schema = Audience.Graph->GetSchema();
-	const bool bFits = (!Schema || Default->CanCreateUnderSpecifiedSchema(Schema))
-		&& Default->IsCompatibleWithGraph(Audience.Graph);
-	Audience.NodeClassFits.Add(&NodeClass, bFits);
-	return bFits;
-}
-
-bool IsFor(const FBlueprintAction& Action, const FAudience& Audience)
-{
-	// A menu for nobody lists everything there is.
-	if (!Audience.Blueprint && !Audience.Graph)
-	{
-		return true;
-	}
-	const bool bOthers = (Action.OnlyInBlueprint && Action.OnlyInBlueprint != Audience.Blueprint)
-		|| (Action.OnlyInGraph && Action.OnlyInGraph != Audience.Graph);
-	if (bOthers || (Action.bIsLatent && Audience.GraphType == GT_Function))
-	{
-		return false;
-	}
-	if (Action.RequiredClass && !Audience.Classes.Contains(Action.RequiredClass))
-	{
-		return false;
-	}
-	if (Audience.bContextSensitive && Action.MemberOf && !Audience.Classes.Contains(Action.MemberOf))
-	{
-		return false;
-	}
-	return !Action.NodeClass || FitsGraph(*Action.NodeClass, Audience);
-}
-} // namespace ActionMenu
+#include "Menu/ActionAudience.h"
 
 void FBlueprintActionMenuBuilder::AddMenuSection(const FBlueprintActionFilter& Filter, const FText&, int32, uint32)
 {
@@ -124,14 +21,14 @@ void FBlueprintActionMenuBuilder::RebuildActionList()
 	FBlueprintActionDatabase& Database = FBlueprintActionDatabase::Get();
 	for (const FBlueprintActionFilter& Filter : Sections)
 	{
-		const ActionMenu::FAudience Audience = ActionMenu::MakeAudience(Filter);
+		FActionAudience Audience(Filter);
 		Entries.Reserve(Entries.Num() + Database.Num());
 		Database.ForEachAction(
 			[this, &Audience](const FBlueprintAction& Action)
 			{
-				if (ActionMenu::IsFor(Action, Audience))
+				if (Audience.IsOffered(Action))
 				{
-					Entries.Add(Action.Item);
+					Entries.Add(Audience.GetItem(Action));
 				}
 			});
 	}
@@ -153,6 +50,15 @@ void FBlueprintActionMenuUtils::MakeContextMenu(const FBlueprintActionContext& C
 	Filter.bContextSensitive = bIsContextSensitive;
 	MenuOut.AddMenuSection(Filter);
 	MenuOut.RebuildActionList();
+}
+
+const FText& FBlueprintActionMenuItem::GetTooltipDescription() const
+{
+	if (Tooltip.IsEmpty() && Action)
+	{
+		Tooltip = Action->GetTooltip();
+	}
+	return Tooltip;
 }
 
 UEdGraphNode* FBlueprintActionMenuItem::PerformAction(

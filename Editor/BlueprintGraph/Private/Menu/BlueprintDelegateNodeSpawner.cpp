@@ -2,12 +2,12 @@
 
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "K2Node_AssignDelegate.h"
 #include "K2Node_CallDelegate.h"
 #include "K2Node_ClearDelegate.h"
 #include "K2Node_RemoveDelegate.h"
 #include "Menu/MenuWords.h"
+#include "Menu/SpawnerPins.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintDelegateNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
@@ -52,7 +52,7 @@ UBlueprintDelegateNodeSpawner* UBlueprintDelegateNodeSpawner::Create(
 	const FString Category = MenuWords::CategoryOf(
 		Property->FindMetaData(FBlueprintMetadata::MD_FunctionCategory), FString());
 	const bool bOwnCategory = !Category.IsEmpty() && Category != TEXT("Default");
-	Words.Category = FText::FromString(bOwnCategory ? Category : FString(TEXT("Event Dispatchers")));
+	Words.Category = MenuWords::SharedText(bOwnCategory ? Category : FString(TEXT("Event Dispatchers")));
 	Words.Keywords = FText::FromName(Spawner->PropertyName);
 	return Spawner;
 }
@@ -62,24 +62,34 @@ const FMulticastDelegateProperty* UBlueprintDelegateNodeSpawner::GetDelegateProp
 	return FindFProperty<FMulticastDelegateProperty>(MenuWords::LookupClass(OwnerClass.Get()), PropertyName);
 }
 
-UEdGraphNode* UBlueprintDelegateNodeSpawner::Invoke(
-	UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const
+bool UBlueprintDelegateNodeSpawner::IsBindable() const
+{
+	return GetDelegateProperty() != nullptr;
+}
+
+void UBlueprintDelegateNodeSpawner::Bind(UEdGraphNode& NewNode, bool) const
+{
+	UK2Node_BaseMCDelegate* const Node = CastChecked<UK2Node_BaseMCDelegate>(&NewNode);
+	Node->SetFromProperty(
+		GetDelegateProperty(), MenuWords::IsMemberOf(OwnerClass.Get(), Node->GetBlueprint()), OwnerClass.Get());
+}
+
+bool UBlueprintDelegateNodeSpawner::AnyPin(FPinVisitor Visit) const
 {
 	const FMulticastDelegateProperty* const Property = GetDelegateProperty();
 	if (!Property)
 	{
-		return nullptr;
+		return false;
 	}
-	return SpawnEdGraphNode(NodeClass.Get(), ParentGraph, Bindings, Location,
-		[this, Property](UEdGraphNode* NewNode, bool)
-		{
-			UK2Node_BaseMCDelegate* const Node = CastChecked<UK2Node_BaseMCDelegate>(NewNode);
-			const UBlueprint* const Blueprint = Node->GetBlueprint();
-			const UClass* const Self = BlueprintClassProvider::GetSelfClass(Blueprint);
-			UClass* const Owner = OwnerClass.Get();
-			const bool bSelfContext = Self
-				&& (Self->IsChildOf(Owner) || Self->GetAuthoritativeClass()->IsChildOf(Owner)
-					|| Owner->ClassGeneratedBy == Blueprint);
-			Node->SetFromProperty(Property, bSelfContext, Owner);
-		});
+	if (SpawnerPins::AnyExec(Visit) || SpawnerPins::AnyObject(*OwnerClass.Get(), EGPD_Input, Visit))
+	{
+		return true;
+	}
+	const UFunction* const Signature = Property->SignatureFunction;
+	if (NodeClass->IsChildOf(UK2Node_CallDelegate::StaticClass()))
+	{
+		return Signature && SpawnerPins::AnyParameter(*Signature, Visit);
+	}
+	return !NodeClass->IsChildOf(UK2Node_ClearDelegate::StaticClass())
+		&& SpawnerPins::AnyDelegate(Signature, EGPD_Input, Visit);
 }

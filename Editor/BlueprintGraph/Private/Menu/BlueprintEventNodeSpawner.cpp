@@ -6,6 +6,7 @@
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_Event.h"
 #include "Menu/MenuWords.h"
+#include "Menu/SpawnerPins.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintEventNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
@@ -70,9 +71,9 @@ UBlueprintEventNodeSpawner* UBlueprintEventNodeSpawner::Create(const UFunction* 
 	Words.MenuName = FText::FromString(TEXT("Event ") + Name);
 	const FString Category = MenuWords::CategoryOf(
 		EventFunc->FindMetaData(FBlueprintMetadata::MD_FunctionCategory), FString());
-	Words.Category = FText::FromString(Category.IsEmpty() ? FString(TEXT("Add Event")) : TEXT("Add Event|") + Category);
+	Words.Category = MenuWords::SharedText(
+		Category.IsEmpty() ? FString(TEXT("Add Event")) : TEXT("Add Event|") + Category);
 	Words.Keywords = FText::FromName(Spawner->EventName);
-	Words.Tooltip = EventFunc->GetToolTipText();
 	return Spawner;
 }
 
@@ -92,21 +93,30 @@ UEdGraphNode* UBlueprintEventNodeSpawner::FindPreExistingEvent(UEdGraph* ParentG
 UEdGraphNode* UBlueprintEventNodeSpawner::Invoke(
 	UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const
 {
-	if (!GetEventFunction())
+	if (!IsBindable())
 	{
 		return nullptr;
 	}
-	if (UEdGraphNode* const Standing = EventSpawners::Wake(FindPreExistingEvent(ParentGraph)))
-	{
-		return Standing;
-	}
-	return SpawnEdGraphNode(NodeClass.Get(), ParentGraph, Bindings, Location,
-		[this](UEdGraphNode* Node, bool)
-		{
-			UK2Node_Event* const Event = CastChecked<UK2Node_Event>(Node);
-			Event->EventReference.SetExternalMember(EventName, EventOwner.Get());
-			Event->bOverrideFunction = true;
-		});
+	UEdGraphNode* const Standing = EventSpawners::Wake(FindPreExistingEvent(ParentGraph));
+	return Standing ? Standing : Super::Invoke(ParentGraph, Bindings, Location);
+}
+
+bool UBlueprintEventNodeSpawner::IsBindable() const
+{
+	return GetEventFunction() != nullptr;
+}
+
+void UBlueprintEventNodeSpawner::Bind(UEdGraphNode& Node, bool) const
+{
+	UK2Node_Event* const Event = CastChecked<UK2Node_Event>(&Node);
+	Event->EventReference.SetExternalMember(EventName, EventOwner.Get());
+	Event->bOverrideFunction = true;
+}
+
+bool UBlueprintEventNodeSpawner::AnyPin(FPinVisitor Visit) const
+{
+	const UFunction* const Function = GetEventFunction();
+	return Function && SpawnerPins::AnyOfEvent(*Function, Visit);
 }
 
 UBlueprintBoundEventNodeSpawner* UBlueprintBoundEventNodeSpawner::Create(
@@ -128,8 +138,11 @@ UBlueprintBoundEventNodeSpawner* UBlueprintBoundEventNodeSpawner::Create(
 	const FString Root = TEXT("Add Event for ") + ComponentProperty->GetName();
 	const FString Category = MenuWords::CategoryOf(
 		EventDelegate->FindMetaData(FBlueprintMetadata::MD_FunctionCategory), FString());
-	Words.Category = FText::FromString(Category.IsEmpty() ? Root : Root + TEXT("|") + Category);
+	Words.Category = MenuWords::SharedText(Category.IsEmpty() ? Root : Root + TEXT("|") + Category);
 	Words.Keywords = FText::FromName(Spawner->DelegateName);
+	// The component is known inside its Blueprint alone, so no node in another place can say it.
+	Words.Tooltip = FText::FromString(FString::Printf(TEXT("Runs when %s of %s happens"),
+		*EventDelegate->GetDisplayNameText().ToString(), *ComponentProperty->GetName()));
 	return Spawner;
 }
 
@@ -138,6 +151,11 @@ UEdGraphNode* UBlueprintBoundEventNodeSpawner::FindPreExistingEvent(UEdGraph* Pa
 	return EventSpawners::FindEvent<UK2Node_ComponentBoundEvent>(ParentGraph,
 		[this](const UK2Node_ComponentBoundEvent& Event)
 		{ return Event.ComponentPropertyName == ComponentName && Event.DelegatePropertyName == DelegateName; });
+}
+
+const FMulticastDelegateProperty* UBlueprintBoundEventNodeSpawner::FindDelegate() const
+{
+	return FindFProperty<FMulticastDelegateProperty>(MenuWords::LookupClass(DelegateOwner.Get()), DelegateName);
 }
 
 UEdGraphNode* UBlueprintBoundEventNodeSpawner::Invoke(
@@ -149,14 +167,24 @@ UEdGraphNode* UBlueprintBoundEventNodeSpawner::Invoke(
 	}
 	const UBlueprint* const Blueprint = ParentGraph ? ParentGraph->GetTypedOuter<UBlueprint>() : nullptr;
 	const UClass* const Self = BlueprintClassProvider::GetSelfClass(Blueprint);
-	const FObjectProperty* const Component = FindFProperty<FObjectProperty>(Self, ComponentName);
-	const FMulticastDelegateProperty* const Delegate = FindFProperty<FMulticastDelegateProperty>(
-		MenuWords::LookupClass(DelegateOwner.Get()), DelegateName);
-	if (!Component || !Delegate)
+	const bool bStands = FindFProperty<FObjectProperty>(Self, ComponentName) && FindDelegate();
+	return bStands ? Super::Invoke(ParentGraph, Bindings, Location) : nullptr;
+}
+
+void UBlueprintBoundEventNodeSpawner::Bind(UEdGraphNode& NewNode, bool) const
+{
+	UK2Node_ComponentBoundEvent* const Node = CastChecked<UK2Node_ComponentBoundEvent>(&NewNode);
+	const FObjectProperty* const Component = FindFProperty<FObjectProperty>(
+		BlueprintClassProvider::GetSelfClass(Node->GetBlueprint()), ComponentName);
+	// A node that only describes the entry stands in no Blueprint, where no component is.
+	if (Component)
 	{
-		return nullptr;
+		Node->InitializeComponentBoundEventParams(Component, FindDelegate());
 	}
-	return SpawnEdGraphNode(NodeClass.Get(), ParentGraph, Bindings, Location,
-		[Component, Delegate](UEdGraphNode* Node, bool)
-		{ CastChecked<UK2Node_ComponentBoundEvent>(Node)->InitializeComponentBoundEventParams(Component, Delegate); });
+}
+
+bool UBlueprintBoundEventNodeSpawner::AnyPin(FPinVisitor Visit) const
+{
+	const FMulticastDelegateProperty* const Delegate = FindDelegate();
+	return Delegate && Delegate->SignatureFunction && SpawnerPins::AnyOfEvent(*Delegate->SignatureFunction, Visit);
 }

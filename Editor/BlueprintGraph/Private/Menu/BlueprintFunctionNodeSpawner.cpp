@@ -5,6 +5,8 @@
 #include "K2Node_CallFunction.h"
 #include "K2Node_PromotableOperator.h"
 #include "Menu/MenuWords.h"
+#include "Menu/SpawnerPins.h"
+#include "Nodes/FunctionPins.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintFunctionNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
@@ -85,7 +87,7 @@ FText UBlueprintFunctionNodeSpawner::GetMenuCategory(const UFunction* Function)
 		Fallback = TEXT("Class|") + MenuWords::ClassName(*Owner);
 	}
 	const FString* const Given = Function->FindMetaData(FBlueprintMetadata::MD_FunctionCategory);
-	return FText::FromString(MenuWords::CategoryOf(Given, Fallback));
+	return MenuWords::SharedText(MenuWords::CategoryOf(Given, Fallback));
 }
 
 UBlueprintFunctionNodeSpawner* UBlueprintFunctionNodeSpawner::Create(const UFunction* Function, UObject* Outer)
@@ -118,7 +120,6 @@ UBlueprintFunctionNodeSpawner* UBlueprintFunctionNodeSpawner::Create(
 	}
 	Words.Category = GetMenuCategory(Function);
 	Words.Keywords = UK2Node_CallFunction::GetKeywordsForFunction(Function);
-	Words.Tooltip = Function->GetToolTipText();
 	return Spawner;
 }
 
@@ -128,14 +129,33 @@ const UFunction* UBlueprintFunctionNodeSpawner::GetFunction() const
 	return Class ? Class->FindFunctionByName(FunctionName) : nullptr;
 }
 
-UEdGraphNode* UBlueprintFunctionNodeSpawner::Invoke(
-	UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const
+bool UBlueprintFunctionNodeSpawner::IsBindable() const
 {
+	return GetFunction() != nullptr;
+}
+
+void UBlueprintFunctionNodeSpawner::Bind(UEdGraphNode& Node, bool) const
+{
+	CastChecked<UK2Node_CallFunction>(&Node)->SetFromFunction(GetFunction());
+}
+
+bool UBlueprintFunctionNodeSpawner::AnyPin(FPinVisitor Visit) const
+{
+	const FunctionSpawners::FClasses& Known = FunctionSpawners::Classes();
 	const UFunction* const Function = GetFunction();
-	if (!Function)
+	const bool bMessage = NodeClass.Get() == Known.Message;
+	if (!Function || (NodeClass.Get() != Known.Plain && !bMessage) || FunctionPins::Get(*Function).bWantsExpansion)
 	{
-		return nullptr;
+		// Operators and calls on containers show other pins than their functions have.
+		return Super::AnyPin(Visit);
 	}
-	return SpawnEdGraphNode(NodeClass.Get(), ParentGraph, Bindings, Location,
-		[Function](UEdGraphNode* Node, bool) { CastChecked<UK2Node_CallFunction>(Node)->SetFromFunction(Function); });
+	const bool bPure = Function->HasAnyFunctionFlags(FUNC_BlueprintPure) && !bMessage;
+	if (!bPure && SpawnerPins::AnyExec(Visit))
+	{
+		return true;
+	}
+	// A message goes to any object, as nobody knows which classes will implement its interface.
+	UClass* const Target = bMessage ? UObject::StaticClass() : FunctionOwner.Get();
+	return (!Function->HasAnyFunctionFlags(FUNC_Static) && SpawnerPins::AnyObject(*Target, EGPD_Input, Visit))
+		|| SpawnerPins::AnyParameter(*Function, Visit);
 }

@@ -1,6 +1,7 @@
 #include "BlueprintNodeSpawner.h"
 
 #include "EdGraphSchema_K2.h"
+#include "Menu/SpawnerPins.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
@@ -9,7 +10,7 @@ void UBlueprintNodeSpawner::DescribeClass(FClassDescriber&) {}
 
 namespace NodeSpawners
 {
-/** Where template nodes stand: a graph of no Blueprint. */
+/** What template nodes lie in, without being listed: a graph of no Blueprint. */
 UEdGraph* TemplateGraph()
 {
 	static TWeakObjectPtr<UEdGraph> Graph;
@@ -38,37 +39,29 @@ UBlueprintNodeSpawner* UBlueprintNodeSpawner::Create(
 	return Spawner;
 }
 
-UEdGraphNode* UBlueprintNodeSpawner::SpawnEdGraphNode(const UClass* InNodeClass, UEdGraph* ParentGraph,
-	const FBindingSet&, FVector2D Location, const FCustomizeNodeDelegate& PostSpawnDelegate) const
+void UBlueprintNodeSpawner::Customize(UEdGraphNode& Node, bool bIsTemplate) const
 {
-	if (!InNodeClass || !ParentGraph)
+	Bind(Node, bIsTemplate);
+	if (CustomizeNodeDelegate)
 	{
-		return nullptr;
+		CustomizeNodeDelegate(&Node, bIsTemplate);
 	}
-	const bool bIsTemplate = ParentGraph == NodeSpawners::TemplateGraph();
-	const UEdGraphNode* const Default = InNodeClass->GetDefaultObject<UEdGraphNode>();
-	if (!bIsTemplate && !Default->IsCompatibleWithGraph(ParentGraph))
+}
+
+UEdGraphNode* UBlueprintNodeSpawner::Invoke(UEdGraph* ParentGraph, const FBindingSet&, const FVector2D Location) const
+{
+	if (!NodeClass.Get() || !ParentGraph || !IsBindable()
+		|| !NodeClass->GetDefaultObject<UEdGraphNode>()->IsCompatibleWithGraph(ParentGraph))
 	{
 		return nullptr;
 	}
 	ParentGraph->Modify();
-	UEdGraphNode* const Node = ParentGraph->CreateNode(InNodeClass);
+	UEdGraphNode* const Node = ParentGraph->CreateNode(NodeClass.Get());
 	Node->CreateNewGuid();
 	Node->NodePosX = static_cast<int32>(Location.X);
 	Node->NodePosY = static_cast<int32>(Location.Y);
-	if (PostSpawnDelegate)
-	{
-		PostSpawnDelegate(Node, bIsTemplate);
-	}
-	if (CustomizeNodeDelegate)
-	{
-		CustomizeNodeDelegate(Node, bIsTemplate);
-	}
-	// A template must leave no trace, and what is placed with a node (a graph, another node, a timeline) would be one.
-	if (!bIsTemplate)
-	{
-		Node->PostPlacedNewNode();
-	}
+	Customize(*Node, false);
+	Node->PostPlacedNewNode();
 	if (Node->Pins.IsEmpty())
 	{
 		Node->AllocateDefaultPins();
@@ -76,44 +69,72 @@ UEdGraphNode* UBlueprintNodeSpawner::SpawnEdGraphNode(const UClass* InNodeClass,
 	return Node;
 }
 
-UEdGraphNode* UBlueprintNodeSpawner::Invoke(
-	UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const
-{
-	return SpawnEdGraphNode(NodeClass.Get(), ParentGraph, Bindings, Location, nullptr);
-}
-
-UEdGraphNode* UBlueprintNodeSpawner::GetTemplateNode(UEdGraph* TargetGraph) const
+UEdGraphNode* UBlueprintNodeSpawner::GetTemplateNode() const
 {
 	if (!TemplateNode.Get())
 	{
-		TemplateNode = Invoke(
-			TargetGraph ? TargetGraph : NodeSpawners::TemplateGraph(), FBindingSet(), FVector2D(0.0, 0.0));
+		UEdGraphNode* const Made = MakeUnplacedNode();
+		if (Made)
+		{
+			Made->AllocateDefaultPins();
+		}
+		TemplateNode = Made;
 	}
 	return TemplateNode.Get();
+}
+
+UEdGraphNode* UBlueprintNodeSpawner::MakeUnplacedNode() const
+{
+	if (!NodeClass.Get() || !IsBindable())
+	{
+		return nullptr;
+	}
+	UEdGraphNode* const Node = NewObject<UEdGraphNode>(
+		NodeSpawners::TemplateGraph(), NodeClass.Get(), NAME_None, RF_Transient);
+	Customize(*Node, true);
+	return Node;
 }
 
 void UBlueprintNodeSpawner::Discard()
 {
 	if (UEdGraphNode* const Template = TemplateNode.Get())
 	{
-		Template->DestroyNode();
+		Template->MarkAsGarbage();
 	}
 	MarkAsGarbage();
 }
 
+bool UBlueprintNodeSpawner::AnyPin(FPinVisitor Visit) const
+{
+	const UEdGraphNode* const Template = GetTemplateNode();
+	return Template && SpawnerPins::AnyOf(*Template, Visit);
+}
+
+FText UBlueprintNodeSpawner::GetTooltip() const
+{
+	if (!DefaultMenuSignature.Tooltip.IsEmpty())
+	{
+		return DefaultMenuSignature.Tooltip;
+	}
+	UEdGraphNode* const Node = MakeUnplacedNode();
+	const FText Tooltip = Node ? Node->GetTooltipText() : FText::GetEmpty();
+	if (Node)
+	{
+		Node->MarkAsGarbage();
+	}
+	return Tooltip;
+}
+
 FBlueprintActionUiSpec UBlueprintNodeSpawner::GetUiSpec() const
 {
-	if (!DefaultMenuSignature.MenuName.IsEmpty())
+	FBlueprintActionUiSpec& Words = DefaultMenuSignature;
+	UEdGraphNode* const Node = Words.MenuName.IsEmpty() ? MakeUnplacedNode() : nullptr;
+	if (Node)
 	{
-		return DefaultMenuSignature;
-	}
-	if (const UEdGraphNode* const Node = GetTemplateNode())
-	{
-		FBlueprintActionUiSpec& Words = DefaultMenuSignature;
 		Words.MenuName = Node->GetNodeTitle(ENodeTitleType::MenuTitle);
 		Words.Category = Words.Category.IsEmpty() ? Node->GetMenuCategory() : Words.Category;
-		Words.Tooltip = Words.Tooltip.IsEmpty() ? Node->GetTooltipText() : Words.Tooltip;
 		Words.Keywords = Words.Keywords.IsEmpty() ? Node->GetKeywords() : Words.Keywords;
+		Node->MarkAsGarbage();
 	}
-	return DefaultMenuSignature;
+	return Words;
 }

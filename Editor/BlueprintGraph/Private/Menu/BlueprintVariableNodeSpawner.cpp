@@ -2,9 +2,9 @@
 
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "K2Node_VariableSet.h"
 #include "Menu/MenuWords.h"
+#include "Menu/SpawnerPins.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintVariableNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
@@ -31,7 +31,10 @@ UBlueprintVariableNodeSpawner* UBlueprintVariableNodeSpawner::CreateFromMemberOr
 	Spawner->NodeClass = const_cast<UClass*>(InNodeClass);
 	Spawner->OwnerClass = MenuWords::LastingClass(VarProperty->GetOwnerClass());
 	Spawner->VariableName = VarProperty->GetFName();
-	Spawner->SetWords(VarProperty->GetDisplayNameText().ToString(), MenuWords::VariableCategory(*VarProperty));
+	const UClass& Owner = *VarProperty->GetOwnerClass();
+	const FString* const Category = VarProperty->FindMetaData(FBlueprintMetadata::MD_FunctionCategory);
+	Spawner->SetWords(VarProperty->GetDisplayNameText().ToString(),
+		Owner.ClassGeneratedBy ? MenuWords::MemberCategory(Category) : MenuWords::ForeignCategory(Owner));
 	return Spawner;
 }
 
@@ -48,10 +51,10 @@ UBlueprintVariableNodeSpawner* UBlueprintVariableNodeSpawner::CreateFromLocal(
 	Spawner->VariableName = VarDesc.VarName;
 	Spawner->LocalScope = VarContext->GetName();
 	Spawner->LocalGuid = VarDesc.VarGuid;
+	Spawner->LocalType = VarDesc.VarType;
 	const bool bIsBool = VarDesc.VarType.PinCategory == UEdGraphSchema_K2::PC_Boolean;
-	const FString Category = VarDesc.Category.IsEmpty() ? FString(TEXT("Default")) : VarDesc.Category.ToString();
 	Spawner->SetWords(FName::NameToDisplayString(VarDesc.VarName.ToString(), bIsBool),
-		FText::FromString(TEXT("Variables|") + MenuWords::ReadableCategory(Category)));
+		MenuWords::MemberCategory(&VarDesc.Category.ToString()));
 	return Spawner;
 }
 
@@ -61,31 +64,37 @@ const FProperty* UBlueprintVariableNodeSpawner::GetVarProperty() const
 	return Class ? Class->FindPropertyByName(VariableName) : nullptr;
 }
 
-void UBlueprintVariableNodeSpawner::Bind(UEdGraphNode* NewNode) const
+bool UBlueprintVariableNodeSpawner::IsBindable() const
 {
-	UK2Node_Variable* const Node = CastChecked<UK2Node_Variable>(NewNode);
+	return IsLocalVariable() || GetVarProperty();
+}
+
+void UBlueprintVariableNodeSpawner::Bind(UEdGraphNode& NewNode, bool) const
+{
+	UK2Node_Variable* const Node = CastChecked<UK2Node_Variable>(&NewNode);
 	if (IsLocalVariable())
 	{
 		Node->VariableReference.SetLocalMember(VariableName, LocalScope, LocalGuid);
 		return;
 	}
-	const FProperty* const Property = GetVarProperty();
-	const UBlueprint* const Blueprint = Node->GetBlueprint();
-	const UClass* const Self = BlueprintClassProvider::GetSelfClass(Blueprint);
-	const UClass* const Owner = OwnerClass.Get();
-	const bool bSelfContext = Self
-		&& (Self->IsChildOf(Owner) || Self->GetAuthoritativeClass()->IsChildOf(Owner)
-			|| Owner->ClassGeneratedBy == Blueprint);
-	Node->SetFromProperty(Property, bSelfContext, OwnerClass.Get());
+	Node->SetFromProperty(
+		GetVarProperty(), MenuWords::IsMemberOf(OwnerClass.Get(), Node->GetBlueprint()), OwnerClass.Get());
 }
 
-UEdGraphNode* UBlueprintVariableNodeSpawner::Invoke(
-	UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const
+bool UBlueprintVariableNodeSpawner::AnyPin(FPinVisitor Visit) const
 {
-	if (!IsLocalVariable() && !GetVarProperty())
+	const bool bSets = NodeClass->IsChildOf(UK2Node_VariableSet::StaticClass());
+	if (bSets && SpawnerPins::AnyExec(Visit))
 	{
-		return nullptr;
+		return true;
 	}
-	return SpawnEdGraphNode(
-		NodeClass.Get(), ParentGraph, Bindings, Location, [this](UEdGraphNode* Node, bool) { Bind(Node); });
+	if (IsLocalVariable())
+	{
+		return Visit(LocalType, EGPD_Output) || (bSets && Visit(LocalType, EGPD_Input));
+	}
+	const FProperty* const Property = GetVarProperty();
+	return Property
+		&& (SpawnerPins::AnyObject(*OwnerClass.Get(), EGPD_Input, Visit)
+			|| SpawnerPins::AnyValue(*Property, EGPD_Output, Visit)
+			|| (bSets && SpawnerPins::AnyValue(*Property, EGPD_Input, Visit)));
 }

@@ -1,7 +1,6 @@
 #include "EnumPins.h"
 
 #include "BlueprintActionDatabaseRegistrar.h"
-#include "EdGraphSchema_K2.h"
 
 namespace EnumPins
 {
@@ -20,28 +19,21 @@ TArray<int32> VisibleEntries(const UEnum& Enum)
 	return Visible;
 }
 
-void AddActionForEachEnum(
-	FBlueprintActionDatabaseRegistrar& ActionRegistrar, UClass* NodeClass, void (*Bind)(UEdGraphNode*, UEnum*))
+void AddActionForEachEnum(FBlueprintActionDatabaseRegistrar& ActionRegistrar, UClass* NodeClass,
+	void (*Bind)(UEdGraphNode*, UEnum*), bool (*IsWanted)(const UEnum&))
 {
-	TArray<UObject*> Enums;
-	GetObjectsOfClass(UEnum::StaticClass(), Enums);
-	for (UObject* const Object : Enums)
-	{
-		UEnum* const Enum = CastChecked<UEnum>(Object);
-		if (!UEdGraphSchema_K2::IsAllowableBlueprintVariableType(Enum))
+	ActionRegistrar.RegisterEnumActions(
+		[NodeClass, Bind](UEnum& Enum)
 		{
-			continue;
-		}
-		const TWeakObjectPtr<UEnum> Weak(Enum);
-		ActionRegistrar.AddBlueprintAction(Enum,
-			UBlueprintNodeSpawner::Create(NodeClass, nullptr,
+			const TWeakObjectPtr<UEnum> Weak(&Enum);
+			return UBlueprintNodeSpawner::Create(NodeClass, nullptr,
 				[Weak, Bind](UEdGraphNode* Node, bool)
 				{
 					if (UEnum* const Bound = Weak.Get())
 					{
 						Bind(Node, Bound);
 					}
-				}));
-	}
+				});
+		});
 }
 } // namespace EnumPins

@@ -101,8 +101,8 @@ struct FKept
 	TWeakObjectPtr<UFunction> Function;
 	FFunctionPinFacts Facts;
 };
+} // namespace
 
-/** Classes below these have a world, so the caller itself serves as world context and the pin is not shown. */
 bool HasWorld(const UClass* Class)
 {
 	static const TSet<FName> Bases = {FName(TEXT("Actor")), FName(TEXT("ActorComponent")), FName(TEXT("UserWidget")),
@@ -121,7 +121,6 @@ bool HasWorld(const UClass* Class)
 	}
 	return false;
 }
-} // namespace
 
 TSet<FName> NamesInMetaData(const UFunction& Function, FName Key)
 {

@@ -312,6 +312,12 @@ void UK2Node_AddComponent::AllocateDefaultPins()
 			Pin->bHidden = true;
 		}
 	}
+	// The template has a transform of its own to start from, so nothing has to be there to refer to.
+	if (UEdGraphPin* const Transform = GetRelativeTransformPin())
+	{
+		Transform->PinType.bIsReference = false;
+		Transform->bDefaultValueIsIgnored = true;
+	}
 	UClass* const Type = TemplateType.Get();
 	if (UEdGraphPin* const Result = Type ? GetReturnValuePin() : nullptr)
 	{

@@ -74,7 +74,8 @@ struct FEdGraphSchemaAction
 
 	const FText& GetMenuDescription() const { return MenuDescription; }
 	const FText& GetCategory() const { return Category; }
-	const FText& GetTooltipDescription() const { return TooltipDescription; }
+	/** Of thousands of entries few are ever pointed at, so an action may word it when first asked. */
+	virtual const FText& GetTooltipDescription() const { return TooltipDescription; }
 	const FText& GetKeywords() const { return Keywords; }
 	int32 GetGrouping() const { return Grouping; }
 
