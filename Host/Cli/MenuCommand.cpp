@@ -52,17 +52,36 @@ void FillMenu(FBlueprintActionMenuBuilder& Menu)
 	Menu.Append(SchemaMenu);
 }
 
-std::string Line(const FEdGraphSchemaAction& Action, bool bJson)
+/** What the user wants to see of the list. */
+struct FQuery
 {
-	const std::string Title = ToUtf8(Action.GetMenuDescription().ToString());
-	const std::string Category = ToUtf8(Action.GetCategory().ToString());
-	const std::string NodeClass = ToUtf8(NodeClassOf(Action));
-	if (!bJson)
+	/** Each empty for any, and compared ignoring case. */
+	std::string Title;
+	std::string Category;
+	std::string NodeClass;
+
+	bool Takes(const FEdGraphSchemaAction& Action, const FString& ActionNodeClass) const
 	{
-		return Title + "\t" + Category + "\t" + NodeClass;
+		return (Title.empty() || Action.GetMenuDescription().ToString().Contains(FromUtf8(Title)))
+			&& (Category.empty() || Action.GetCategory().ToString().StartsWith(FromUtf8(Category)))
+			&& (NodeClass.empty() || ActionNodeClass == FromUtf8(NodeClass));
 	}
-	return "{\"title\":" + JsonText::Quote(Title) + ",\"category\":" + JsonText::Quote(Category)
-		+ ",\"node_class\":" + JsonText::Quote(NodeClass) + "}";
+};
+
+std::string JsonLine(const FEdGraphSchemaAction& Action, const FString& NodeClass)
+{
+	const auto Field = [](const char* Name, const FString& Value)
+	{ return JsonText::Quote(Name) + ":" + JsonText::Quote(ToUtf8(Value)); };
+	return "{" + Field("title", Action.GetMenuDescription().ToString()) + ","
+		+ Field("category", Action.GetCategory().ToString()) + "," + Field("node_class", NodeClass) + ","
+		+ Field("keywords", Action.GetKeywords().ToString().TrimStartAndEnd()) + ","
+		+ Field("tooltip", Action.GetTooltipDescription().ToString()) + "}";
+}
+
+std::string PlainLine(const FEdGraphSchemaAction& Action, const FString& NodeClass)
+{
+	return ToUtf8(Action.GetMenuDescription().ToString()) + "\t" + ToUtf8(Action.GetCategory().ToString()) + "\t"
+		+ ToUtf8(NodeClass);
 }
 } // namespace MenuCommandPrivate
 
@@ -70,7 +89,13 @@ std::string Line(const FEdGraphSchemaAction& Action, bool bJson)
 class FMenuCommand : public ICommand
 {
 public:
-	void Describe(CLI::App& App) override { App.add_flag("--json", bJson, "As a JSON array of objects"); }
+	void Describe(CLI::App& App) override
+	{
+		App.add_flag("--json", bJson, "As a JSON array of objects, with keywords and tooltips");
+		App.add_option("--title", Query.Title, "Only actions whose title contains this");
+		App.add_option("--category", Query.Category, "Only actions whose category begins with this");
+		App.add_option("--node-class", Query.NodeClass, "Only actions that make nodes of this class");
+	}
 
 	EExitStatus Run(const FCommandContext& Context) override
 	{
@@ -84,17 +109,28 @@ public:
 		MenuCommandPrivate::LoadProjectBlueprints();
 		FBlueprintActionMenuBuilder Menu;
 		MenuCommandPrivate::FillMenu(Menu);
-		std::string Text = bJson ? "[" : "";
-		for (int32 Index = 0; Index < Menu.GetNumActions(); ++Index)
-		{
-			Text += Index == 0 ? "" : (bJson ? ",\n" : "\n");
-			Text += MenuCommandPrivate::Line(*Menu.GetSchemaAction(Index), bJson);
-		}
-		Context.Output.WriteLine(Text + (bJson ? "]" : ""));
+		Context.Output.WriteLine(Print(Menu));
 		return EExitStatus::Succeeded;
 	}
 
 private:
+	std::string Print(const FBlueprintActionMenuBuilder& Menu) const
+	{
+		std::string Lines;
+		for (const TSharedPtr<FEdGraphSchemaAction>& Action : Menu.GetEntries())
+		{
+			const FString NodeClass = MenuCommandPrivate::NodeClassOf(*Action);
+			if (Query.Takes(*Action, NodeClass))
+			{
+				Lines += Lines.empty() ? "" : (bJson ? ",\n" : "\n");
+				Lines += bJson ? MenuCommandPrivate::JsonLine(*Action, NodeClass)
+							   : MenuCommandPrivate::PlainLine(*Action, NodeClass);
+			}
+		}
+		return bJson ? "[" + Lines + "]" : Lines;
+	}
+
+	MenuCommandPrivate::FQuery Query;
 	bool bJson = false;
 };
 
