@@ -20,6 +20,7 @@
 #include "K2Node_AsyncAction.h"
 #include "K2Node_BaseAsyncTask.h"
 #include "K2Node_BaseMCDelegate.h"
+#include "K2Node_BitmaskLiteral.h"
 #include "K2Node_BreakStruct.h"
 #include "K2Node_CallArrayFunction.h"
 #include "K2Node_CallDataTableFunction.h"
@@ -123,7 +124,7 @@ void RegisterBlueprintGraphClasses()
 		&UK2Node_AddDelegate::StaticClass, &UK2Node_AddPinInterface::StaticClass, &UK2Node_AssignDelegate::StaticClass,
 		&UK2Node_AssignmentStatement::StaticClass, &UK2Node_BaseAsyncTask::StaticClass,
 		&UK2Node_AsyncAction::StaticClass, &UK2Node_Variable::StaticClass, &UK2Node_StructOperation::StaticClass,
-		&UK2Node_StructMemberGet::StaticClass, &UK2Node_BreakStruct::StaticClass,
+		&UK2Node_StructMemberGet::StaticClass, &UK2Node_BitmaskLiteral::StaticClass, &UK2Node_BreakStruct::StaticClass,
 		&UK2Node_CallArrayFunction::StaticClass, &UK2Node_CallDataTableFunction::StaticClass,
 		&UK2Node_CallDelegate::StaticClass, &UK2Node_CallFunctionOnMember::StaticClass,
 		&UK2Node_CallMaterialParameterCollectionFunction::StaticClass, &UK2Node_CallParentFunction::StaticClass,
