@@ -44,7 +44,7 @@ public:
 	/** Takes the node out. Links are broken unless told otherwise. The node becomes garbage, freed between tool calls.
 	 */
 	bool RemoveNode(UEdGraphNode* NodeToRemove, bool bBreakAllLinks = true, bool bAlwaysMarkDirty = true);
-	/** Free space: right of and level with the rightmost nodes; the origin in an empty graph. */
+	/** Right of the node that was made last; the origin in an empty graph. */
 	FVector2D GetGoodPlaceForNewNode();
 	void NotifyGraphChanged();
 	void NotifyGraphChanged(const FEdGraphEditAction& Action);

@@ -129,14 +129,14 @@ public:
 	void MakeLinkTo(UEdGraphPin* ToPin);
 	void BreakLinkTo(UEdGraphPin* ToPin);
 	void BreakAllPinLinks(bool bNotifyNodes = false, bool bIncludeSubPins = false);
-	/** Moves the links of another pin here; its default too. */
+	/** Takes the id, the default if an author changed it, and the links, each in its place among its partner's. */
 	void MovePersistentDataFromOldPin(UEdGraphPin& SourcePin);
+	/** The same; the links stay with the source too. */
 	void CopyPersistentDataFromOldPin(const UEdGraphPin& SourcePin);
-	/** Takes the defaults, and links to the same partners. */
+	/** Marks two pins of one node as the ends of a reference that is passed through it. */
 	void AssignByRefPassThroughConnection(UEdGraphPin* InTargetPin);
 	bool HasAnyConnections() const { return !LinkedTo.IsEmpty(); }
 	bool IsLinkedTo(const UEdGraphPin* Other) const { return LinkedTo.Contains(const_cast<UEdGraphPin*>(Other)); }
-	/** Links, or a default other than the generated one. */
 	bool WasTrashed() const { return bWasTrashed; }
 	bool IsPendingKill() const { return bWasTrashed; }
 	void MarkAsGarbage();
