@@ -49,11 +49,31 @@ static void Deallocate(uint8* Data)
 	::operator delete(Data, Alignment);
 }
 
-static FProperty* FindByName(const TArray<FProperty*>& Properties, FName Name)
+/** A property whose value goes on from an old layout to a new one. */
+struct FKeptValue
 {
-	FProperty* const* const Found = Properties.FindByPredicate(
-		[Name](const FProperty* Property) { return Property->GetFName() == Name; });
-	return Found ? *Found : nullptr;
+	const FProperty* New;
+	const FProperty* Old;
+};
+
+/** Values are kept where name and type are as before. */
+static TArray<FKeptValue> FindKept(const TArray<FProperty*>& NewProperties, const TArray<FProperty*>& OldProperties)
+{
+	TMap<FName, const FProperty*> OldByName;
+	for (const FProperty* const Property : OldProperties)
+	{
+		OldByName.Add(Property->GetFName(), Property);
+	}
+	TArray<FKeptValue> Kept;
+	for (const FProperty* const Property : NewProperties)
+	{
+		const FProperty* const Source = OldByName.FindRef(Property->GetFName());
+		if (Source && Property->SameType(Source))
+		{
+			Kept.Add({Property, Source});
+		}
+	}
+	return Kept;
 }
 } // namespace ObjectExtensionBlocks
 
@@ -135,7 +155,8 @@ void FObjectExtension::Release(UObject& Object)
 
 void FObjectExtension::Relayout(UStruct& Class, const TArray<FProperty*>& OldProperties, int32 OldSize)
 {
-	const TArray<FProperty*> NewProperties = ObjectExtensionBlocks::PropertiesInBlock(Class);
+	const TArray<ObjectExtensionBlocks::FKeptValue> KeptValues = ObjectExtensionBlocks::FindKept(
+		ObjectExtensionBlocks::PropertiesInBlock(Class), OldProperties);
 	const auto MoveObject = [&](UObject* Object)
 	{
 		if (!Object->IsA(static_cast<const UClass*>(&Class)))
@@ -154,14 +175,10 @@ void FObjectExtension::Relayout(UStruct& Class, const TArray<FProperty*>& OldPro
 			return;
 		}
 		uint8* const NewData = Class.ExtensionSize > 0 ? MakeBlock(Class) : nullptr;
-		for (const FProperty* const Property : NewProperties)
+		for (const ObjectExtensionBlocks::FKeptValue& Value : KeptValues)
 		{
-			const FProperty* const Source = ObjectExtensionBlocks::FindByName(OldProperties, Property->GetFName());
-			if (Source && Property->SameType(Source))
-			{
-				Property->CopyCompleteValue(
-					NewData + Property->GetOffset_ForInternal(), Old->Data + Source->GetOffset_ForInternal());
-			}
+			Value.New->CopyCompleteValue(
+				NewData + Value.New->GetOffset_ForInternal(), Old->Data + Value.Old->GetOffset_ForInternal());
 		}
 		ObjectExtensionBlocks::DestroyValues(OldProperties, Old->Data);
 		ObjectExtensionBlocks::Deallocate(Old->Data);
