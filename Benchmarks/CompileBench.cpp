@@ -6,6 +6,7 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "K2Node_FunctionEntry.h"
+#include "K2Node_FunctionResult.h"
 #include "K2Node_MacroInstance.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
@@ -111,7 +112,12 @@ void CompileInterfaces(benchmark::State& State)
 	for (int64 Index = 0; Index < State.range(0); ++Index)
 	{
 		UBlueprint* const Interface = Workshop.Make(UInterface::StaticClass(), BPTYPE_Interface);
-		AddFunction(Interface, FString::Printf(TEXT("Answer%d"), static_cast<int32>(Index)));
+		UEdGraph* const Answer = AddFunction(Interface, FString::Printf(TEXT("Answer%d"), static_cast<int32>(Index)));
+		// With a result it is a graph of the Blueprint, and no event.
+		FGraphNodeCreator<UK2Node_FunctionResult> Creator(*Answer);
+		UK2Node_FunctionResult* const Result = Creator.CreateNode(false);
+		Creator.Finalize();
+		Result->CreateUserDefinedPin(TEXT("ReturnValue"), IntegerType(), EGPD_Input);
 		FKismetEditorUtilities::CompileBlueprint(Interface);
 		FBlueprintEditorUtils::ImplementNewInterface(Blueprint, FTopLevelAssetPath(Interface->GeneratedClass.Get()));
 	}

@@ -100,11 +100,17 @@ public:
 		Prepare();
 		MemberNames::Check(Blueprint, Log);
 		MemberDeclarations::Check(Blueprint, Log);
+		const TMap<const UEdGraph*, FunctionGraphs::FOrigin> Functions = FunctionGraphs::Collect(Blueprint);
 		FMacroUse Macros;
 		for (UEdGraph* const Graph : Graphs)
 		{
-			const bool bStarts = FunctionGraphs::Check(Blueprint, *Graph, Log);
-			FGraphValidator(Blueprint, *Graph, Macros, Log).Validate();
+			FGraphValidator Validator(Blueprint, *Graph, Macros, Log);
+			// The animation graph stands among the functions and has no entry.
+			const FunctionGraphs::FOrigin* const Origin = Validator.GetGraphType() == GT_Function
+				? Functions.Find(Graph)
+				: nullptr;
+			const bool bStarts = !Origin || FunctionGraphs::Check(Blueprint, *Graph, *Origin, Log);
+			Validator.Validate();
 			if (bStarts)
 			{
 				GraphFlow::CheckReachability(*Graph, Log);

@@ -43,40 +43,19 @@ bool ReturnTheSame(const UK2Node_FunctionResult& A, const UK2Node_FunctionResult
 	return bSame;
 }
 
-/** The interface that the graph implements a function of, or null. */
-const UClass* FindInterface(const UBlueprint& Blueprint, const UEdGraph& Graph)
-{
-	for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
-	{
-		for (const UEdGraph* const Each : Interface.Graphs)
-		{
-			if (Each == &Graph)
-			{
-				return Interface.Interface.Get();
-			}
-		}
-	}
-	return nullptr;
-}
-
 class FCheck
 {
 public:
-	FCheck(const UBlueprint& InBlueprint, const UEdGraph& InGraph, FCompilerResultsLog& InLog)
+	FCheck(const UBlueprint& InBlueprint, const UEdGraph& InGraph, const FOrigin& InOrigin, FCompilerResultsLog& InLog)
 		: Blueprint(InBlueprint)
 		, Graph(InGraph)
+		, Origin(InOrigin)
 		, Log(InLog)
 	{
 	}
 
 	bool Run()
 	{
-		const UClass* const Interface = FindInterface(Blueprint, Graph);
-		const bool bFunction = Interface || Blueprint.FunctionGraphs.Contains(&Graph);
-		if (!bFunction || !Graph.GetSchema() || Graph.GetSchema()->GetGraphType(&Graph) != GT_Function)
-		{
-			return true;
-		}
 		TArray<UK2Node_FunctionEntry*> Entries;
 		TArray<UK2Node_FunctionResult*> Results;
 		Graph.GetNodesOfClass(Entries);
@@ -85,18 +64,18 @@ public:
 		{
 			CheckResults(*Entries[0], Results);
 			CheckLocals(*Entries[0]);
-			CheckOverride(*Entries[0], Interface ? Interface : Blueprint.ParentClass.Get(), Interface != nullptr);
+			CheckOverride(*Entries[0]);
 			return true;
 		}
-		CheckNumberOfEntries(Entries, Interface != nullptr);
+		CheckNumberOfEntries(Entries);
 		return !Entries.IsEmpty();
 	}
 
 private:
-	void CheckNumberOfEntries(const TArray<UK2Node_FunctionEntry*>& Entries, bool bInterface)
+	void CheckNumberOfEntries(const TArray<UK2Node_FunctionEntry*>& Entries)
 	{
 		// A function of an interface is told as not implemented then.
-		if (Entries.IsEmpty() && !bInterface)
+		if (Entries.IsEmpty() && !Origin.bInterface)
 		{
 			Log.Error(
 				*FString::Printf(TEXT("Could not find a function entry node in the graph '%s'"), *Graph.GetName()));
@@ -178,16 +157,16 @@ private:
 
 	/** A function of a name that the declaring class knows stands for that one, and has to be callable as that one is.
 	 */
-	void CheckOverride(const UK2Node_FunctionEntry& Entry, const UClass* Declaring, bool bInterface)
+	void CheckOverride(const UK2Node_FunctionEntry& Entry)
 	{
-		const UFunction* const Overridden = Declaring ? Declaring->FindFunctionByName(Graph.GetFName()) : nullptr;
+		const UFunction* const Overridden = Origin.Class ? Origin.Class->FindFunctionByName(Graph.GetFName()) : nullptr;
 		const UFunction* const Function = FindFunction();
 		if (!Overridden || !Function)
 		{
 			return;
 		}
 		const FString Owner = Overridden->GetOwnerClass() ? Overridden->GetOwnerClass()->GetName() : FString();
-		const bool bOverridable = bInterface
+		const bool bOverridable = Origin.bInterface
 			|| (Overridden->HasAnyFunctionFlags(FUNC_BlueprintEvent) && !Overridden->HasAnyFunctionFlags(FUNC_Final));
 		if (!bOverridable)
 		{
@@ -208,12 +187,30 @@ private:
 
 	const UBlueprint& Blueprint;
 	const UEdGraph& Graph;
+	const FOrigin& Origin;
 	FCompilerResultsLog& Log;
 };
 } // namespace
 
-bool Check(const UBlueprint& Blueprint, const UEdGraph& Graph, FCompilerResultsLog& Log)
+TMap<const UEdGraph*, FOrigin> Collect(const UBlueprint& Blueprint)
 {
-	return FCheck(Blueprint, Graph, Log).Run();
+	TMap<const UEdGraph*, FOrigin> Origins;
+	for (const UEdGraph* const Graph : Blueprint.FunctionGraphs)
+	{
+		Origins.Add(Graph, FOrigin{Blueprint.ParentClass.Get(), false});
+	}
+	for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
+	{
+		for (const UEdGraph* const Graph : Interface.Graphs)
+		{
+			Origins.Add(Graph, FOrigin{Interface.Interface.Get(), true});
+		}
+	}
+	return Origins;
+}
+
+bool Check(const UBlueprint& Blueprint, const UEdGraph& Graph, const FOrigin& Origin, FCompilerResultsLog& Log)
+{
+	return FCheck(Blueprint, Graph, Origin, Log).Run();
 }
 } // namespace FunctionGraphs

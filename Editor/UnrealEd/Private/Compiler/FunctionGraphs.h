@@ -4,6 +4,7 @@
 
 class FCompilerResultsLog;
 class UBlueprint;
+class UClass;
 class UEdGraph;
 
 /**
@@ -12,6 +13,16 @@ class UEdGraph;
  */
 namespace FunctionGraphs
 {
-/** False for a function that has no entry, of which nothing can be executed. Graphs of other kinds pass. */
-bool Check(const UBlueprint& Blueprint, const UEdGraph& Graph, FCompilerResultsLog& Log);
+/** Where the function of a graph may have been declared before. */
+struct FOrigin
+{
+	/** The parent class, or the interface that the function belongs to. */
+	const UClass* Class = nullptr;
+	bool bInterface = false;
+};
+
+/** The function graphs of a Blueprint, its own and those of its interfaces. */
+TMap<const UEdGraph*, FOrigin> Collect(const UBlueprint& Blueprint);
+/** False for a function that has no entry, of which nothing can be executed. */
+bool Check(const UBlueprint& Blueprint, const UEdGraph& Graph, const FOrigin& Origin, FCompilerResultsLog& Log);
 } // namespace FunctionGraphs

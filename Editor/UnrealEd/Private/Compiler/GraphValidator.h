@@ -24,6 +24,7 @@ class FGraphValidator
 public:
 	FGraphValidator(UBlueprint& InBlueprint, UEdGraph& InGraph, FMacroUse& InMacros, FCompilerResultsLog& InLog);
 	void Validate();
+	EGraphType GetGraphType() const { return GraphType; }
 
 private:
 	void CheckNode(UEdGraphNode& Node);
