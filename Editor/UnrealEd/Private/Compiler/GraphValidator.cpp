@@ -87,6 +87,7 @@ void FGraphValidator::CheckNode(UEdGraphNode& Node)
 	// What the node knows to be wrong is not told once more for its pins.
 	bNodeComplained = Log.NumErrors > ErrorsBefore;
 	CheckPlacement(Node);
+	CheckEvent(Node);
 	CheckMacro(Node);
 	CheckAccess(Node);
 	for (int32 Index = 0; Index < Node.Pins.Num(); ++Index)
@@ -118,6 +119,16 @@ void FGraphValidator::CheckPlacement(const UEdGraphNode& Node)
 	{
 		Log.Error(TEXT("@@ is a latent action, which can only be used in an event graph or a macro, not in a function"),
 			&Node);
+	}
+}
+
+void FGraphValidator::CheckEvent(const UEdGraphNode& Node)
+{
+	const UK2Node_Event* const Event = Cast<UK2Node_Event>(&Node);
+	const UFunction* const Function = Event && Event->bOverrideFunction ? Event->FindEventSignatureFunction() : nullptr;
+	if (Function && (!Function->HasAnyFunctionFlags(FUNC_BlueprintEvent) || Function->HasAnyFunctionFlags(FUNC_Final)))
+	{
+		Log.Error(TEXT("@@ stands for a function that cannot be overridden"), &Node);
 	}
 }
 

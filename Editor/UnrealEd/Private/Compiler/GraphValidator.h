@@ -29,6 +29,7 @@ public:
 private:
 	void CheckNode(UEdGraphNode& Node);
 	void CheckPlacement(const UEdGraphNode& Node);
+	void CheckEvent(const UEdGraphNode& Node);
 	void CheckMacro(const UEdGraphNode& Node);
 	void CheckAccess(const UEdGraphNode& Node);
 	void CheckFunctionAccess(const UK2Node_CallFunction& Call);
