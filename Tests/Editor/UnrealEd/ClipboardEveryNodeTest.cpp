@@ -19,7 +19,7 @@ using namespace ClipboardTests;
 TArray<const UBlueprintNodeSpawner*> ChooseActions()
 {
 	constexpr int32 FirstOfClass = 3;
-	constexpr int32 EveryFurther = 61;
+	constexpr int32 EveryFurther = 151;
 	TArray<const UBlueprintNodeSpawner*> Chosen;
 	TMap<const UClass*, int32> Count;
 	FBlueprintActionDatabase::Get().Update();
@@ -53,8 +53,13 @@ TEST(Clipboard, EveryKindOfNodeIsCopiedAsItIs)
 	for (const UBlueprintNodeSpawner* const Spawner : ChooseActions())
 	{
 		UEdGraphNode* const Node = Spawner->Invoke(Graph, FVector2D(32, 64));
-		if (!Node || IsOneOfAKind(*Node))
+		if (!Node)
 		{
+			continue;
+		}
+		if (IsOneOfAKind(*Node))
+		{
+			Node->DestroyNode();
 			continue;
 		}
 		const std::string Text = Copy({Node});
@@ -71,5 +76,5 @@ TEST(Clipboard, EveryKindOfNodeIsCopiedAsItIs)
 		Nodes[0]->DestroyNode();
 	}
 	EXPECT_GT(Classes.Num(), 60);
-	EXPECT_GT(NumCompared, 300);
+	EXPECT_GT(NumCompared, 200);
 }

@@ -192,6 +192,23 @@ TEST(ClipboardSettling, PinsAreThoseThatTheNodeHasToday)
 	EXPECT_NE(Nodes[1]->FindPin(TEXT("Condition")), nullptr);
 }
 
+TEST(ClipboardSettling, CallsOfEventsThatCameWithThemAreKnown)
+{
+	const FBlueprintBuilder Blueprint;
+	FWarnings Warnings;
+	const TArray<UEdGraphNode*> Nodes = Paste(Blueprint.EventGraph().Get(),
+		Node("K2Node_CallFunction", "Call",
+			"   FunctionReference=(MemberName=\"Ring\",bSelfContext=True)\n" + Pin(1, "execute", "exec"))
+			+ Node("K2Node_CustomEvent", "Event",
+				"   CustomFunctionName=\"Ring\"\n" + Pin(2, "then", "exec", Out)
+					+ "   CustomProperties UserDefinedPin (PinName=\"Loudness\",PinType=(PinCategory=\"int\"),"
+					  "DesiredPinDirection=EGPD_Output)\n"));
+	ASSERT_EQ(Nodes.Num(), 2);
+	EXPECT_THAT(Warnings.Lines, testing::IsEmpty());
+	EXPECT_NE(Nodes[0]->FindPin(TEXT("Loudness")), nullptr);
+	EXPECT_TRUE(Blueprint.Compiles());
+}
+
 TEST(ClipboardSettling, WhatRefersToMissingThingsKeepsItsText)
 {
 	const std::string Struct = "PinType.PinSubCategoryObject=\"/Script/Engine.UserDefinedStruct'/Game/Gone.Gone'\",";
@@ -270,7 +287,7 @@ TEST(ClipboardSettling, WhatRefersToMissingThingsKeepsItsText)
 TEST(ClipboardSettling, SplitPinsStaySplit)
 {
 	const FBlueprintBuilder Blueprint;
-	const FNodeHandle Call = Blueprint.EventGraph().Call(TEXT("KismetMathLibrary"), TEXT("VSize"));
+	const FNodeHandle Call = Blueprint.EventGraph().Call(TEXT("/Script/Engine.KismetMathLibrary"), TEXT("VSize"));
 	GetDefault<UEdGraphSchema_K2>()->SplitPin(Call.Input(TEXT("A")));
 	Call.Input(TEXT("A_Y"))->DefaultValue = TEXT("2.5");
 	std::string Text = Copy({Call});

@@ -3,7 +3,9 @@
 #include "Clipboard/PastedNodes.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphSchema.h"
+#include "Engine/Blueprint.h"
 #include "K2Node.h"
+#include "Kismet2/BlueprintEditorUtils.h"
 #include "Misc/FeedbackContext.h"
 #include "UObject/ObjectText.h"
 
@@ -281,6 +283,12 @@ void FEdGraphUtilities::PostProcessPastedNodes(TSet<UEdGraphNode*>& SpawnedNodes
 			SpawnedNodes.Add(InPlace);
 		}
 		Node = InPlace;
+	}
+	// Calls may be of events that came with them.
+	for (const UEdGraphNode* const Node : SpawnedNodes)
+	{
+		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Node->GetTypedOuter<UBlueprint>());
+		break;
 	}
 	// What is inside of a node decides on its pins, so it goes first.
 	for (int32 Index = Nodes.Num() - 1; Index >= 0; --Index)
