@@ -61,10 +61,10 @@ TEST(MacroInstance, TheElementTypeFollowsTheLinkedArray)
 	const FNodeHandle Vector = Graph.Call(Math, TEXT("MakeVector"));
 	ASSERT_TRUE(Connect(Vector.Output(TEXT("ReturnValue")), Array->FindPin(TEXT("[0]"))));
 	ASSERT_TRUE(Connect(Array->GetOutputPin(), Loop->FindPin(TEXT("Array"))));
-	EXPECT_EQ(TypeOf(Loop->FindPin(TEXT("Array Element"))), "Vector Structure");
+	EXPECT_EQ(TypeOf(Loop->FindPin(TEXT("Array Element"))), "Vector");
 	EXPECT_TRUE(Loop->FindPin(TEXT("Array"))->PinType.IsArray());
 	Loop->ReconstructNode();
-	EXPECT_EQ(TypeOf(Loop->FindPin(TEXT("Array Element"))), "Vector Structure");
+	EXPECT_EQ(TypeOf(Loop->FindPin(TEXT("Array Element"))), "Vector");
 	Loop->FindPin(TEXT("Array"))->GetSchema()->BreakPinLinks(*Loop->FindPin(TEXT("Array")), true);
 	EXPECT_EQ(TypeOf(Loop->FindPin(TEXT("Array Element"))), "Wildcard");
 }

@@ -299,6 +299,7 @@ TEST(SchemaTypes, TypesReadAsTheEditorSaysThem)
 		{TEXT("o:KismetStringLibrary"), "Kismet String Library Object Reference"}, {TEXT("int"), "Integer"},
 		{TEXT("float"), "Float (single-precision)"}, {TEXT("double"), "Float (double-precision)"},
 		{TEXT("text&"), "Text (by ref)"}, {TEXT("s:LinearColor"), "Linear Color Structure"},
+		{TEXT("s:Vector"), "Vector"}, {TEXT("s:Transform[]"), "Array of Transforms"},
 		{TEXT("e:EAppReturnType"), "EAppReturnType Enum"}, {TEXT("c:Actor"), "Actor Class Reference"},
 		{TEXT("so:Actor"), "Actor Soft Object Reference"}, {TEXT("int->string"), "Map of Integers to Strings"}};
 	for (const TPair<const TCHAR*, const char*>& Row : Texts)

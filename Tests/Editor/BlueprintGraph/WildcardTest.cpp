@@ -45,13 +45,13 @@ TEST(Wildcards, TakeKeepAndLoseTheTypeOfALink)
 			"Array:Array of Pawn Object References [0]:Pawn Object Reference"},
 		{UK2Node_MakeSet::StaticClass(), TEXT("[0]"), "name", "Set:Set of Names [0]:Name"},
 		{UK2Node_GetArrayItem::StaticClass(), TEXT("Array"), "vector[]",
-			"Array:Array of Vector Structures Dimension 1:Integer Output:Vector Structure (by ref)"},
+			"Array:Array of Vectors Dimension 1:Integer Output:Vector (by ref)"},
 		{UK2Node_Select::StaticClass(), TEXT("Option 1"), "string",
 			"Option 0:String Option 1:String Index:Wildcard ReturnValue:String"},
 		{UK2Node_Select::StaticClass(), TEXT("Option 0"), "int[]",
 			"Option 0:Array of Integers Option 1:Array of Integers Index:Wildcard ReturnValue:Array of Integers"},
 		{UK2Node_EaseFunction::StaticClass(), TEXT("B"), "rotator",
-			"Function:EEasingFunc Enum Alpha:Float (single-precision) A:Rotator Structure B:Rotator Structure Result:Rotator Structure "
+			"Function:EEasingFunc Enum Alpha:Float (single-precision) A:Rotator B:Rotator Result:Rotator "
 			"ShortestPath:Boolean"}};
 	for (const FTakenType& Case : Cases)
 	{
@@ -93,9 +93,9 @@ TEST(Wildcards, AMapHasTwoTypes)
 	UK2Node_MakeMap* const Map = Graph.Add<UK2Node_MakeMap>();
 	ASSERT_TRUE(Connect(Source(Graph, "name"), Map->FindPin(TEXT("Key 0"))));
 	ASSERT_TRUE(Connect(Source(Graph, "vector"), Map->FindPin(TEXT("Value 0"))));
-	EXPECT_EQ(DataPins(*Map), "Map:Map of Names to Vector Structures Key 0:Name Value 0:Vector Structure");
+	EXPECT_EQ(DataPins(*Map), "Map:Map of Names to Vectors Key 0:Name Value 0:Vector");
 	Cut(Map->FindPin(TEXT("Key 0")));
-	EXPECT_EQ(DataPins(*Map), "Map:Map of Wildcards to Vector Structures Key 0:Wildcard Value 0:Vector Structure");
+	EXPECT_EQ(DataPins(*Map), "Map:Map of Wildcards to Vectors Key 0:Wildcard Value 0:Vector");
 }
 
 TEST(Containers, RefuseWhatTheyCannotHold)

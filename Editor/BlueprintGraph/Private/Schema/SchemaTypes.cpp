@@ -207,6 +207,13 @@ const TCHAR* ReferenceSuffix(FName Category, bool bWeak)
 	return bWeak ? TEXT("Weak Object Reference") : TEXT("Object Reference");
 }
 
+/** Structs that everybody calls by their bare names. */
+bool IsWellKnownStruct(const UObject& Struct)
+{
+	static const TSet<FName> Names = {FName(TEXT("Vector")), FName(TEXT("Rotator")), FName(TEXT("Transform"))};
+	return Names.Contains(Struct.GetFName());
+}
+
 bool IsReferenceCategory(FName Category)
 {
 	return Category == UEdGraphSchema_K2::PC_Object || Category == UEdGraphSchema_K2::PC_Class
@@ -263,9 +270,10 @@ FText UEdGraphSchema_K2::TerminalTypeToText(
 	{
 		const UField* const Field = Cast<UField>(SubCategoryObject);
 		const FString Name = Field ? Field->GetDisplayNameText().ToString() : SubCategoryObject->GetName();
-		return FText::FromString(Name + TEXT(" Structure"));
+		return FText::FromString(SchemaTypes::IsWellKnownStruct(*SubCategoryObject) ? Name : Name + TEXT(" Structure"));
 	}
-	if (SubCategoryObject && (Category == PC_Byte || Category == PC_Enum))
+	// A set of bits is a number whose bits an enum names; it is not one of the enum's values.
+	if (SubCategoryObject && SubCategory != PSC_Bitmask && (Category == PC_Byte || Category == PC_Enum))
 	{
 		return FText::FromString(SubCategoryObject->GetName() + TEXT(" Enum"));
 	}
