@@ -81,6 +81,7 @@ void UK2Node_StructOperation::RebuildPropertyList()
 	{
 		return;
 	}
+	static const FName PinHiddenByDefault(TEXT("PinHiddenByDefault"));
 	TArray<FOptionalPinFromProperty> Old = MoveTemp(ShowPinForProperties);
 	ShowPinForProperties.Empty();
 	for (TFieldIterator<FProperty> It(StructType.Get(), EFieldIteratorFlags::IncludeSuper); It; ++It)
@@ -98,7 +99,8 @@ void UK2Node_StructOperation::RebuildPropertyList()
 		Record.PropertyTooltip = It->GetToolTipText();
 		const FString* const Category = It->FindMetaData(FBlueprintMetadata::MD_FunctionCategory);
 		Record.CategoryName = Category ? FName(*Category) : FName();
-		Record.bShowPin = Before ? Before->bShowPin : IsMemberShownAtFirst();
+		// Switches that say whether another member counts are many and seldom set, and so start out of sight.
+		Record.bShowPin = Before ? Before->bShowPin : IsMemberShownAtFirst() && !It->HasMetaData(PinHiddenByDefault);
 		Record.bCanToggleVisibility = true;
 		Record.bIsMarkedForAdvancedDisplay = It->HasAnyPropertyFlags(CPF_AdvancedDisplay);
 		ShowPinForProperties.Add(MoveTemp(Record));
