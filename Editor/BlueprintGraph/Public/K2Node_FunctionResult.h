@@ -15,8 +15,6 @@ public:
 	bool CanUserDeleteNode() const override { return true; }
 	bool CanDuplicateNode() const override { return true; }
 	void AllocateDefaultPins() override;
-	bool CanCreateUserDefinedPin(
-		const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	void PostPlacedNewNode() override;

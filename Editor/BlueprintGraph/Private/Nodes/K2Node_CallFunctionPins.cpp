@@ -10,6 +10,9 @@
 
 namespace CallPins
 {
+/** A function that is meant for the calling object alone. */
+const FName HideSelfPin(TEXT("HideSelfPin"));
+
 UEnum* EnumOf(const FProperty* Param)
 {
 	if (const FByteProperty* const Byte = CastField<FByteProperty>(Param))
@@ -117,6 +120,11 @@ UEdGraphPin* UK2Node_CallFunction::CreateSelfPin(UEdGraphNode* Node, const UFunc
 	{
 		Pin->bHidden = true;
 		Pin->DefaultObject = Owner ? Owner->GetAuthoritativeClass()->GetDefaultObject() : nullptr;
+	}
+	else if (Function->HasMetaData(CallPins::HideSelfPin))
+	{
+		Pin->bHidden = true;
+		Pin->bNotConnectable = true;
 	}
 	else if (bOwnedByBlueprint)
 	{

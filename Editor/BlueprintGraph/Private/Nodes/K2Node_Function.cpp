@@ -55,6 +55,17 @@ bool UK2Node_FunctionTerminator::CanCreateUserDefinedPin(
 		OutErrorMessage = FText::FromString(TEXT("Cannot add exec pins to a function!"));
 		return false;
 	}
+	// What comes into the function leaves its entry, and the other way round at its end.
+	if (DrawNodeAsEntry() && InDesiredDirection == EGPD_Input)
+	{
+		OutErrorMessage = NSLOCTEXT("K2Node", "AddInputPinError", "Cannot add input pins to function entry node!");
+		return false;
+	}
+	if (DrawNodeAsExit() && InDesiredDirection == EGPD_Output)
+	{
+		OutErrorMessage = NSLOCTEXT("K2Node", "AddOutputPinError", "Cannot add output pins to function result node!");
+		return false;
+	}
 	return true;
 }
 
@@ -115,21 +126,6 @@ void UK2Node_FunctionEntry::AllocateDefaultPins()
 UEdGraphPin* UK2Node_FunctionEntry::CreatePinFromUserDefinitionInternal(const TSharedPtr<FUserPinInfo> NewPinInfo)
 {
 	return CreatePin(EGPD_Output, NewPinInfo->PinType, NewPinInfo->PinName);
-}
-
-bool UK2Node_FunctionEntry::CanCreateUserDefinedPin(
-	const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage)
-{
-	if (!Super::CanCreateUserDefinedPin(InPinType, InDesiredDirection, OutErrorMessage))
-	{
-		return false;
-	}
-	if (InDesiredDirection == EGPD_Input)
-	{
-		OutErrorMessage = NSLOCTEXT("K2Node", "AddInputPinError", "Cannot add input pins to function entry node!");
-		return false;
-	}
-	return true;
 }
 
 FText UK2Node_FunctionEntry::GetNodeTitle(ENodeTitleType::Type) const
@@ -206,21 +202,6 @@ void UK2Node_FunctionResult::AllocateDefaultPins()
 UEdGraphPin* UK2Node_FunctionResult::CreatePinFromUserDefinitionInternal(const TSharedPtr<FUserPinInfo> NewPinInfo)
 {
 	return CreatePin(EGPD_Input, NewPinInfo->PinType, NewPinInfo->PinName);
-}
-
-bool UK2Node_FunctionResult::CanCreateUserDefinedPin(
-	const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage)
-{
-	if (!Super::CanCreateUserDefinedPin(InPinType, InDesiredDirection, OutErrorMessage))
-	{
-		return false;
-	}
-	if (InDesiredDirection == EGPD_Output)
-	{
-		OutErrorMessage = NSLOCTEXT("K2Node", "AddOutputPinError", "Cannot add output pins to function result node!");
-		return false;
-	}
-	return true;
 }
 
 FText UK2Node_FunctionResult::GetNodeTitle(ENodeTitleType::Type TitleType) const
