@@ -9,6 +9,7 @@
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_Timeline.h"
 #include "K2Node_Variable.h"
+#include "PinNames.h"
 
 namespace NodeRenames
 {
@@ -65,19 +66,7 @@ ERenamePinResult UK2Node::RenameUserDefinedPin(const FName OldName, const FName 
 	if (!bTest)
 	{
 		Modify();
-		const FString OldPrefix = OldName.ToString() + TEXT("_");
-		TArray<UEdGraphPin*> Below = Renamed->SubPins;
-		while (!Below.IsEmpty())
-		{
-			UEdGraphPin* const Part = Below.Pop();
-			Below.Append(Part->SubPins);
-			const FString PartName = Part->PinName.ToString();
-			if (PartName.StartsWith(OldPrefix))
-			{
-				Part->PinName = FName(NewName.ToString() + TEXT("_") + PartName.Mid(OldPrefix.Len()));
-			}
-		}
-		Renamed->PinName = NewName;
+		PinNames::Rename(*Renamed, NewName);
 	}
 	return ERenamePinResult_Success;
 }

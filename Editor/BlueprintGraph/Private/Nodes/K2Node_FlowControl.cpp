@@ -5,6 +5,7 @@
 
 #include "BlueprintActionDatabaseRegistrar.h"
 #include "EdGraphSchema_K2.h"
+#include "PinNames.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_IfThenElse, "/Script/BlueprintGraph", CLASS_None)
@@ -142,11 +143,7 @@ void UK2Node_ExecutionSequence::InsertPinIntoExecutionNode(UEdGraphPin* PinToIns
 	Params.Index = bBefore ? At : At + 1;
 	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, GetUniquePinName(), Params);
 	// Names follow the order.
-	const TArray<UEdGraphPin*> Sequence = GetSequencePins();
-	for (int32 Index = 0; Index < Sequence.Num(); ++Index)
-	{
-		Sequence[Index]->PinName = GetPinNameGivenIndex(Index);
-	}
+	PinNames::RenameInOrder(GetSequencePins(), [this](int32 Index) { return GetPinNameGivenIndex(Index); });
 }
 
 bool UK2Node_ExecutionSequence::CanRemoveExecutionPin() const
@@ -166,11 +163,7 @@ void UK2Node_ExecutionSequence::RemovePinFromExecutionNode(UEdGraphPin* TargetPi
 		return;
 	}
 	RemovePin(TargetPin);
-	const TArray<UEdGraphPin*> Sequence = GetSequencePins();
-	for (int32 Index = 0; Index < Sequence.Num(); ++Index)
-	{
-		Sequence[Index]->PinName = GetPinNameGivenIndex(Index);
-	}
+	PinNames::RenameInOrder(GetSequencePins(), [this](int32 Index) { return GetPinNameGivenIndex(Index); });
 }
 
 FText UK2Node_ExecutionSequence::GetNodeTitle(ENodeTitleType::Type) const
