@@ -38,6 +38,7 @@
 #include "K2Node_ConstructObjectFromClass.h"
 #include "K2Node_ConvertAsset.h"
 #include "K2Node_CreateDelegate.h"
+#include "K2Node_CreateDragDropOperation.h"
 #include "K2Node_CreateWidget.h"
 #include "K2Node_CustomEvent.h"
 #include "K2Node_DoOnceMultiInput.h"
@@ -132,10 +133,10 @@ void RegisterBlueprintGraphClasses()
 		&UK2Node_ClassDynamicCast::StaticClass, &UK2Node_ClearDelegate::StaticClass,
 		&UK2Node_CommutativeAssociativeBinaryOperator::StaticClass, &UK2Node_ComponentBoundEvent::StaticClass,
 		&UK2Node_Tunnel::StaticClass, &UK2Node_Composite::StaticClass, &UK2Node_ConvertAsset::StaticClass,
-		&UK2Node_CreateDelegate::StaticClass, &UK2Node_CreateWidget::StaticClass, &UK2Node_CustomEvent::StaticClass,
-		&UK2Node_DoOnceMultiInput::StaticClass, &UK2Node_EaseFunction::StaticClass,
-		&UK2Node_EnhancedInputAction::StaticClass, &UK2Node_EnumEquality::StaticClass,
-		&UK2Node_EnumInequality::StaticClass, &UK2Node_EnumLiteral::StaticClass,
+		&UK2Node_CreateDelegate::StaticClass, &UK2Node_CreateDragDropOperation::StaticClass,
+		&UK2Node_CreateWidget::StaticClass, &UK2Node_CustomEvent::StaticClass, &UK2Node_DoOnceMultiInput::StaticClass,
+		&UK2Node_EaseFunction::StaticClass, &UK2Node_EnhancedInputAction::StaticClass,
+		&UK2Node_EnumEquality::StaticClass, &UK2Node_EnumInequality::StaticClass, &UK2Node_EnumLiteral::StaticClass,
 		&UK2Node_EventNodeInterface::StaticClass, &UK2Node_ExecutionSequence::StaticClass,
 		&UK2Node_ForEachElementInEnum::StaticClass, &UK2Node_FormatText::StaticClass,
 		&UK2Node_FunctionTerminator::StaticClass, &UK2Node_FunctionEntry::StaticClass,
@@ -164,8 +165,9 @@ void RegisterBlueprintGraphClasses()
 		&UK2Node_Timeline::StaticClass, &UK2Node_VariableGet::StaticClass, &UK2Node_VariableSet::StaticClass,
 		&UNodeDependingOnEnumInterface::StaticClass, &UBlueprintVariableNodeSpawner::StaticClass,
 		&UBlueprintEventNodeSpawner::StaticClass, &UBlueprintBoundEventNodeSpawner::StaticClass,
-		&UBlueprintDelegateNodeSpawner::StaticClass, &UBlueprintComponentNodeSpawner::StaticClass, &UBlueprintFieldNodeSpawner::StaticClass,
-		&UK2Node_MathExpression::StaticClass, &UGameplayTagsK2Node_SwitchGameplayTag::StaticClass,
+		&UBlueprintDelegateNodeSpawner::StaticClass, &UBlueprintComponentNodeSpawner::StaticClass,
+		&UBlueprintFieldNodeSpawner::StaticClass, &UK2Node_MathExpression::StaticClass,
+		&UGameplayTagsK2Node_SwitchGameplayTag::StaticClass,
 		&UGameplayTagsK2Node_SwitchGameplayTagContainer::StaticClass});
 	FUserPinInfo::StaticStruct();
 	FKismetUserDeclaredFunctionMetadata::StaticStruct();

@@ -5,6 +5,7 @@
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
 #include "IdentityBinding.h"
+#include "K2Node_ConstructObjectFromClass.h"
 #include "K2Node_FunctionTerminator.h"
 #include "K2Node_PromotableOperator.h"
 #include "Kismet2/KismetEditorUtilities.h"
@@ -156,6 +157,12 @@ UEdGraphNode* FNodeByIdentity::Make(const FJsonObject& Identity, FString& OutErr
 		return nullptr;
 	}
 	Node->AllocateDefaultPins();
+	const UK2Node_ConstructObjectFromClass* const Construct = Cast<UK2Node_ConstructObjectFromClass>(Node);
+	if (Construct && Construct->GetClassToSpawn())
+	{
+		// The class exposes pins of its own, which come with the class and not with the node.
+		Node->ReconstructNode();
+	}
 	UK2Node_PromotableOperator* const Operator = Cast<UK2Node_PromotableOperator>(Node);
 	if (Operator && !Operator->OperationName.IsNone())
 	{
