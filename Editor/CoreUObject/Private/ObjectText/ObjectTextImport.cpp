@@ -329,6 +329,12 @@ std::string_view FObjectTextImport::RedirectReferences(std::string_view Value)
 
 UObject* FObjectTextImport::FindReferenced(std::string_view Path) const
 {
+	// No object has a longer path; text of any origin may have one that takes all day to look up.
+	constexpr std::size_t MaxPathLength = 4096;
+	if (Path.size() > MaxPathLength)
+	{
+		return nullptr;
+	}
 	std::size_t Length = Path.size();
 	UObject* Object = nullptr;
 	while (!Object && Length > 0)

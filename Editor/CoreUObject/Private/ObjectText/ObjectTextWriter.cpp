@@ -1,10 +1,13 @@
 #include "ObjectText/ObjectTextWriter.h"
 
 #include "ObjectText/ObjectTextSyntax.h"
+#include "Properties/ScriptRows.h"
 #include "UObject/Class.h"
 #include "UObject/ObjectText.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
+
+#include <optional>
 
 namespace ObjectTextWriting
 {
@@ -303,9 +306,17 @@ bool FObjectTextWriter::WriteProperty(
 		LineStart(Property, INDEX_NONE, Level);
 		Out.append("()\n");
 	}
+	// What a reader starts an element with: the members of a struct have values of their own, which need not be zero.
+	std::optional<FScratchValue> NewElement;
+	if (Array->Inner->IsA<FStructProperty>())
+	{
+		NewElement.emplace(*Array->Inner);
+	}
 	for (int32 Index = 0; Index < Elements.Num(); ++Index)
 	{
-		if (!PropertyLine(Object, Property, *Array->Inner, Elements.GetRawPtr(Index), nullptr, Index, Level))
+		const void* const Element = Elements.GetRawPtr(Index);
+		if (!PropertyLine(
+				Object, Property, *Array->Inner, Element, NewElement ? NewElement->Get() : nullptr, Index, Level))
 		{
 			return false;
 		}

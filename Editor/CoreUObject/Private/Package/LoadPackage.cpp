@@ -469,6 +469,8 @@ UPackage* LoadFile(const FString& PackageName, FString& OutError, bool& bOutMiss
 		return nullptr;
 	}
 	const FString Filename = FindFile(PackageName, OutError, bOutMissing);
+	// From before the bytes: what comes to stand there while they are read was not seen.
+	const AtomicFile::FStamp Stamp = AtomicFile::StampOf(ToUtf8(Filename));
 	std::string Bytes;
 	FString Reason;
 	if (Filename.IsEmpty() || !AtomicFile::Read(ToUtf8(Filename), Bytes, Reason))
@@ -479,7 +481,7 @@ UPackage* LoadFile(const FString& PackageName, FString& OutError, bool& bOutMiss
 	UPackage* const Package = RunLoad(std::make_shared<FPackageLoad>(MoveTemp(Bytes), Filename), PackageName, OutError);
 	if (Package)
 	{
-		PackageFile::RememberWhole(Filename);
+		PackageFile::RememberWhole(Filename, Stamp);
 	}
 	return Package;
 }

@@ -275,10 +275,9 @@ std::unordered_map<std::string, AtomicFile::FStamp>& WholeFiles()
 	return Table;
 }
 
-void RememberWhole(const FString& Filename)
+void RememberWhole(const FString& Filename, const AtomicFile::FStamp& Stamp)
 {
-	const std::string Path = ToUtf8(Filename);
-	WholeFiles()[Path] = AtomicFile::StampOf(Path);
+	WholeFiles()[ToUtf8(Filename)] = Stamp;
 }
 
 bool MayReplace(const FString& Filename, const FString& PackageName, FString& OutError)
@@ -312,7 +311,7 @@ bool MayReplace(const FString& Filename, const FString& PackageName, FString& Ou
 			TEXT("%s: the file holds the package '%s', not '%s'"), *Filename, *Header.PackageName, *PackageName);
 		return false;
 	}
-	RememberWhole(Filename);
+	RememberWhole(Filename, Stamp);
 	return true;
 }
 } // namespace PackageFile

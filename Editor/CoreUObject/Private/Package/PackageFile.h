@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Package/AtomicFile.h"
 #include "UObject/PackageText.h"
 
 #include <string>
@@ -22,8 +23,8 @@ void NoteProblem(const FString& Problem);
 /** What a file is, told by its first bytes. */
 bool IsEngineBinary(std::string_view Bytes);
 
-/** Remembers that a file was found whole, so that a save over it need not read it again. */
-void RememberWhole(const FString& Filename);
+/** Remembers that a file was whole when it had that stamp, so that a save over it need not read it again. */
+void RememberWhole(const FString& Filename, const AtomicFile::FStamp& Stamp);
 /**
  * Whether a save may replace what stands at the path: nothing, or a whole package of this format and this name.
  * OutError is a sentence that begins with the path.

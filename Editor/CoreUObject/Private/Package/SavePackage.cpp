@@ -165,7 +165,7 @@ private:
 		{
 			return Refuse(*Reason);
 		}
-		PackageFile::RememberWhole(Filename);
+		PackageFile::RememberWhole(Filename, AtomicFile::StampOf(Path));
 		NumBytes = static_cast<int64>(Head.size() + Body.size());
 		return true;
 	}
