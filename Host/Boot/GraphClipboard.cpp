@@ -49,6 +49,21 @@ UEdGraph* FindGraph(const std::string& AssetPath, const std::string& GraphName, 
 	return nullptr;
 }
 
+/** By its name or its id. */
+UEdGraphNode* FindNode(const UEdGraph& Graph, const FString& NameOrId)
+{
+	FGuid Id;
+	const bool bIsId = FGuid::Parse(NameOrId, Id);
+	for (UEdGraphNode* const Node : Graph.Nodes)
+	{
+		if (Node->GetName() == NameOrId || (bIsId && Node->NodeGuid == Id))
+		{
+			return Node;
+		}
+	}
+	return nullptr;
+}
+
 TSharedPtr<FJsonValue> Describe(const UEdGraphNode& Node)
 {
 	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
@@ -104,7 +119,8 @@ void Tell(const UEdGraph& Graph, const TSet<UEdGraphNode*>& Nodes, Morvane::FToo
 }
 } // namespace
 
-std::string Copy(const std::string& AssetPath, const std::string& GraphName, Morvane::FToolResult& Result)
+std::string Copy(const std::string& AssetPath, const std::string& GraphName, const std::vector<std::string>& NodeNames,
+	Morvane::FToolResult& Result)
 {
 	const UEdGraph* const Graph = FindGraph(AssetPath, GraphName, Result);
 	if (!Graph)
@@ -114,6 +130,20 @@ std::string Copy(const std::string& AssetPath, const std::string& GraphName, Mor
 	TSet<UObject*> Nodes;
 	for (UEdGraphNode* const Node : Graph->Nodes)
 	{
+		if (NodeNames.empty())
+		{
+			Nodes.Add(Node);
+		}
+	}
+	for (const std::string& Name : NodeNames)
+	{
+		UEdGraphNode* const Node = FindNode(*Graph, FromUtf8(Name));
+		if (!Node)
+		{
+			Result.AddErrorMessage(FString::Printf(
+				TEXT("The graph '%s' has no node with the name or id '%s'"), *Graph->GetName(), *FromUtf8(Name)));
+			return std::string();
+		}
 		Nodes.Add(Node);
 	}
 	FString Text;

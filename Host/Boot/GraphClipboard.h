@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Morvane
 {
@@ -12,8 +13,10 @@ class FToolResult;
 /** Copy and paste of whole graphs, as text that the editor's graph panel takes and gives. The project is open. */
 namespace GraphClipboard
 {
-/** The nodes of a Blueprint's graph, in the graph's order. Empty after an error in the result. */
-std::string Copy(const std::string& AssetPath, const std::string& GraphName, Morvane::FToolResult& Result);
+/** The nodes of those names or ids in a Blueprint's graph; without any, all in the graph's order. Empty after an error
+ * in the result. */
+std::string Copy(const std::string& AssetPath, const std::string& GraphName, const std::vector<std::string>& NodeNames,
+	Morvane::FToolResult& Result);
 
 /** A place in a graph. */
 struct FPlace

@@ -27,7 +27,7 @@ bool Open(FEditorSession& Session, Morvane::FToolResult& Result)
 }
 } // namespace ClipboardCommandsPrivate
 
-/** morvane copy PATH GRAPH */
+/** morvane copy PATH GRAPH [--node NAME]... */
 class FCopyCommand : public ICommand
 {
 public:
@@ -35,6 +35,7 @@ public:
 	{
 		App.add_option("PATH", Path, "Asset path of the Blueprint")->required();
 		App.add_option("GRAPH", Graph, "Name of the graph")->required();
+		App.add_option("--node", Nodes, "Name or id of a node to copy, any number of times; all nodes by default");
 	}
 
 	EExitStatus Run(const FCommandContext& Context) override
@@ -44,7 +45,7 @@ public:
 		std::string Text;
 		if (ClipboardCommandsPrivate::Open(Session, Result))
 		{
-			Text = GraphClipboard::Copy(Path, Graph, Result);
+			Text = GraphClipboard::Copy(Path, Graph, Nodes, Result);
 		}
 		for (const FString& Error : Result.GetErrorMessages())
 		{
@@ -63,6 +64,7 @@ public:
 private:
 	std::string Path;
 	std::string Graph;
+	std::vector<std::string> Nodes;
 };
 
 /** morvane paste PATH GRAPH [--at X Y], with the text on standard input */
