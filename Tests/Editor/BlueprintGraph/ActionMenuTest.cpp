@@ -1,46 +1,18 @@
+#include "ActionMenuQueries.h"
 #include "BlueprintActionDatabase.h"
-#include "BlueprintActionMenuUtils.h"
 #include "BlueprintBuilder.h"
-#include "BlueprintNodeSpawner.h"
+#include "Components/ActorComponent.h"
 #include "EdGraphSchema_K2.h"
 #include "GraphBuilder.h"
+#include "K2Node_AddComponent.h"
 #include "K2Node_Event.h"
-#include "Kismet2/BlueprintEditorUtils.h"
 #include "UObject/UObjectGlobals.h"
 
 #include <gtest/gtest.h>
 
 namespace ActionMenu
 {
-static FBlueprintActionMenuBuilder MenuFor(UEdGraph* Graph)
-{
-	FBlueprintActionContext Context;
-	Context.Graphs.Add(Graph);
-	Context.Blueprints.Add(Graph->GetTypedOuter<UBlueprint>());
-	FBlueprintActionMenuBuilder Menu;
-	FBlueprintActionMenuUtils::MakeContextMenu(Context, false, EContextTargetFlags::ContextTargetFlagMask, Menu);
-	return Menu;
-}
-
-static FString ClassOf(const FEdGraphSchemaAction& Action)
-{
-	return static_cast<const FBlueprintActionMenuItem&>(Action).GetRawAction()->NodeClass.Get()->GetName();
-}
-
-/** Whether an entry of that title stands there; the category too unless it is null. */
-static TSharedPtr<FEdGraphSchemaAction> Find(
-	const FBlueprintActionMenuBuilder& Menu, const TCHAR* Title, const TCHAR* Category = nullptr)
-{
-	for (const TSharedPtr<FEdGraphSchemaAction>& Action : Menu.GetEntries())
-	{
-		if (Action->GetMenuDescription().ToString().Equals(Title)
-			&& (!Category || Action->GetCategory().ToString().Equals(Category)))
-		{
-			return Action;
-		}
-	}
-	return nullptr;
-}
+using namespace ActionMenuQueries;
 
 struct FRow
 {
@@ -49,33 +21,90 @@ struct FRow
 	const TCHAR* NodeClass;
 };
 
+/** As a Blueprint of Actor reads them. */
+static const FRow WellKnown[] = {
+	// Calls.
+	{TEXT("Print String"), TEXT("Development"), TEXT("K2Node_CallFunction")},
+	{TEXT("Get Actor Location"), TEXT("Transformation"), TEXT("K2Node_CallFunction")},
+	{TEXT("Delay"), TEXT("Utilities|Flow Control"), TEXT("K2Node_CallFunction")},
+	{TEXT("Break Hit Result"), TEXT("Collision"), TEXT("K2Node_CallFunction")},
+	{TEXT("Random Float in Range"), TEXT("Math|Random"), TEXT("K2Node_CallFunction")},
+	{TEXT("Lerp (Vector)"), TEXT("Math|Vector"), TEXT("K2Node_CallFunction")},
+	{TEXT("Add"), TEXT("Utilities|Operators"), TEXT("K2Node_PromotableOperator")},
+	{TEXT("Add"), TEXT("Utilities|Array"), TEXT("K2Node_CallArrayFunction")},
+	{TEXT("AND Boolean"), TEXT("Math|Boolean"), TEXT("K2Node_CommutativeAssociativeBinaryOperator")},
+	{TEXT("Is Valid"), TEXT("Utilities"), TEXT("K2Node_CallFunction")},
+	// Flow, values and macros.
+	{TEXT("Branch"), TEXT("Utilities|Flow Control"), TEXT("K2Node_IfThenElse")},
+	{TEXT("Sequence"), TEXT("Utilities|Flow Control"), TEXT("K2Node_ExecutionSequence")},
+	{TEXT("MultiGate"), TEXT("Utilities|Flow Control"), TEXT("K2Node_MultiGate")},
+	{TEXT("Do Once"), TEXT("Utilities|Flow Control"), TEXT("K2Node_MacroInstance")},
+	{TEXT("For Each Loop"), TEXT("Utilities|Array"), TEXT("K2Node_MacroInstance")},
+	{TEXT("Switch Has Authority"), TEXT("Networking"), TEXT("K2Node_MacroInstance")},
+	{TEXT("Select"), TEXT("Utilities"), TEXT("K2Node_Select")},
+	{TEXT("Make Array"), TEXT("Utilities|Array"), TEXT("K2Node_MakeArray")},
+	{TEXT("Make Map"), TEXT("Utilities|Map"), TEXT("K2Node_MakeMap")},
+	{TEXT("Get (a copy)"), TEXT("Utilities|Array"), TEXT("K2Node_GetArrayItem")},
+	{TEXT("Format Text"), TEXT("Utilities|Text"), TEXT("K2Node_FormatText")},
+	{TEXT("Get a reference to self"), TEXT("Variables"), TEXT("K2Node_Self")},
+	{TEXT("Spawn Actor from Class"), TEXT("Game"), TEXT("K2Node_SpawnActorFromClass")},
+	{TEXT("Create Widget"), TEXT("User Interface"), TEXT("K2Node_CreateWidget")},
+	{TEXT("Switch on Int"), TEXT("Utilities|Flow Control|Switch"), TEXT("K2Node_SwitchInteger")},
+	{TEXT("Add Timeline..."), TEXT(""), TEXT("K2Node_Timeline")},
+	{TEXT("Add Custom Event..."), TEXT("Add Event"), TEXT("K2Node_CustomEvent")},
+	// Types.
+	{TEXT("Cast To Character"), TEXT("Utilities|Casting"), TEXT("K2Node_DynamicCast")},
+	{TEXT("Cast To Character Class"), TEXT("Utilities|Casting"), TEXT("K2Node_ClassDynamicCast")},
+	{TEXT("Switch on ECollisionChannel"), TEXT("Utilities|Flow Control|Switch"), TEXT("K2Node_SwitchEnum")},
+	{TEXT("Literal enum ECollisionChannel"), TEXT("Utilities|Enum"), TEXT("K2Node_EnumLiteral")},
+	{TEXT("ForEach ECollisionChannel"), TEXT("Utilities|Enum"), TEXT("K2Node_ForEachElementInEnum")},
+	{TEXT("Byte to Enum ECollisionChannel"), TEXT("Utilities|Enum"), TEXT("K2Node_CastByteToEnum")},
+	{TEXT("Equal (Enum)"), TEXT("Utilities|Enum"), TEXT("K2Node_EnumEquality")},
+	{TEXT("Set members in Post Process Settings"), TEXT("Utilities|Struct"), TEXT("K2Node_SetFieldsInStruct")},
+	{TEXT("Make Post Process Settings"), TEXT("Utilities|Struct"), TEXT("K2Node_MakeStruct")},
+	{TEXT("Break Post Process Settings"), TEXT("Utilities|Struct"), TEXT("K2Node_BreakStruct")},
+	{TEXT("Add Static Mesh Component"), TEXT("Add Component"), TEXT("K2Node_AddComponent")},
+	// Events, dispatchers and variables.
+	{TEXT("Event BeginPlay"), TEXT("Add Event"), TEXT("K2Node_Event")},
+	{TEXT("Event Hit"), TEXT("Add Event|Collision"), TEXT("K2Node_Event")},
+	{TEXT("Space Bar"), TEXT("Input|Keyboard Events"), TEXT("K2Node_InputKey")},
+	{TEXT("Bind Event to On Destroyed"), nullptr, TEXT("K2Node_AddDelegate")},
+	{TEXT("Assign On Destroyed"), nullptr, TEXT("K2Node_AssignDelegate")},
+	{TEXT("Unbind Event from On Destroyed"), nullptr, TEXT("K2Node_RemoveDelegate")},
+	{TEXT("Unbind all Events from On Destroyed"), nullptr, TEXT("K2Node_ClearDelegate")},
+	{TEXT("Get Net Priority"), nullptr, TEXT("K2Node_VariableGet")},
+	{TEXT("Get Static Mesh"), TEXT("Class|Static Mesh Component"), TEXT("K2Node_VariableGet")}};
+
 TEST(ActionMenu, WhatAuthorsLookForStandsWhereTheyExpectIt)
 {
-	static const FRow Rows[] = {{TEXT("Print String"), TEXT("Development"), TEXT("K2Node_CallFunction")},
-		{TEXT("Get Actor Location"), TEXT("Transformation"), TEXT("K2Node_CallFunction")},
-		{TEXT("Cast To Character"), TEXT("Utilities|Casting"), TEXT("K2Node_DynamicCast")},
-		{TEXT("Cast To Character Class"), TEXT("Utilities|Casting"), TEXT("K2Node_ClassDynamicCast")},
-		{TEXT("Branch"), TEXT("Utilities|Flow Control"), TEXT("K2Node_IfThenElse")},
-		{TEXT("Sequence"), TEXT("Utilities|Flow Control"), TEXT("K2Node_ExecutionSequence")},
-		{TEXT("Delay"), TEXT("Utilities|Flow Control"), TEXT("K2Node_CallFunction")},
-		{TEXT("Event BeginPlay"), TEXT("Add Event"), TEXT("K2Node_Event")},
-		{TEXT("Add"), TEXT("Utilities|Operators"), TEXT("K2Node_PromotableOperator")},
-		{TEXT("Add"), TEXT("Utilities|Array"), TEXT("K2Node_CallArrayFunction")},
-		{TEXT("For Each Loop"), nullptr, TEXT("K2Node_MacroInstance")},
-		{TEXT("Switch on ECollisionChannel"), TEXT("Utilities|Flow Control|Switch"), TEXT("K2Node_SwitchEnum")},
-		{TEXT("Space Bar"), TEXT("Input|Keyboard Events"), TEXT("K2Node_InputKey")},
-		{TEXT("Set members in Post Process Settings"), TEXT("Utilities|Struct"), TEXT("K2Node_SetFieldsInStruct")},
-		{TEXT("Get a reference to self"), TEXT("Variables"), TEXT("K2Node_Self")},
-		{TEXT("Break Hit Result"), TEXT("Collision"), TEXT("K2Node_CallFunction")}};
 	const FBlueprintBuilder Blueprint;
 	const FBlueprintActionMenuBuilder Menu = MenuFor(Blueprint.EventGraph().Get());
 	EXPECT_GT(Menu.GetNumActions(), 10000);
-	for (const FRow& Row : Rows)
+	for (const FRow& Row : WellKnown)
 	{
-		const TSharedPtr<FEdGraphSchemaAction> Action = Find(Menu, Row.Title, Row.Category);
-		ASSERT_TRUE(Action) << ToStd(Row.Title);
-		EXPECT_EQ(ClassOf(*Action), FString(Row.NodeClass)) << ToStd(Row.Title);
+		EXPECT_TRUE(Find(Menu, Row.Title, Row.Category, Row.NodeClass)) << ToStd(Row.Title);
 	}
+}
+
+TEST(ActionMenu, EveryEntrySaysWhatItDoes)
+{
+	const FBlueprintBuilder Blueprint;
+	UEdGraph* const Graph = Blueprint.EventGraph().Get();
+	const FBlueprintActionMenuBuilder Menu = MenuFor(Graph);
+	TSet<FString> Silent;
+	for (int32 Index = 0; Index < Menu.GetNumActions(); Index += 11)
+	{
+		const TSharedPtr<FEdGraphSchemaAction> Action = Menu.GetSchemaAction(Index);
+		if (Action->GetTooltipDescription().IsEmpty())
+		{
+			Silent.Add(ClassOf(*Action));
+		}
+	}
+	EXPECT_EQ(Silent.Num(), 0) << ToStd(FString::Join(Silent.Array(), TEXT(", ")));
+	// The entry speaks as its node does.
+	const TSharedPtr<FEdGraphSchemaAction> Action = Find(Menu, TEXT("Cast To Pawn"));
+	const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+	EXPECT_EQ(Action->GetTooltipDescription().ToString(), Node->GetTooltipText().ToString());
 }
 
 TEST(ActionMenu, MenusShareTheirEntriesInOneOrder)
@@ -91,38 +120,13 @@ TEST(ActionMenu, MenusShareTheirEntriesInOneOrder)
 	}
 }
 
-TEST(ActionMenu, AGraphIsOfferedWhatItCanHave)
+TEST(ActionMenu, AnEventIsOfferedBelowTheClassThatDeclaresIt)
 {
 	const FBlueprintBuilder Actor;
-	const FBlueprintActionMenuBuilder Events = MenuFor(Actor.EventGraph().Get());
-	EXPECT_TRUE(Find(Events, TEXT("Event Tick")));
-	const FBlueprintActionMenuBuilder Function = MenuFor(Actor.Function(TEXT("Open")).Get());
-	EXPECT_FALSE(Find(Function, TEXT("Event BeginPlay")));
-	EXPECT_FALSE(Find(Function, TEXT("Delay")));
-	EXPECT_TRUE(Find(Function, TEXT("Print String")));
-	// An event is offered below the class that declares it alone.
-	EXPECT_FALSE(Find(Events, TEXT("Event Possessed")));
-	EXPECT_TRUE(Find(Events, TEXT("Cast To Pawn")));
-}
-
-TEST(ActionMenu, ABlueprintsMembersComeAndGoWithTheirDeclarations)
-{
-	const FBlueprintBuilder Blueprint;
-	UEdGraph* const Graph = Blueprint.EventGraph().Get();
-	EXPECT_FALSE(Find(MenuFor(Graph), TEXT("Get Stamina")));
-	Blueprint.AddVariable(TEXT("Stamina"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Int));
-	Blueprint.Function(TEXT("RechargeNow"));
-	const FBlueprintActionMenuBuilder Menu = MenuFor(Graph);
-	EXPECT_TRUE(Find(Menu, TEXT("Get Stamina"), TEXT("Variables|Default")));
-	EXPECT_TRUE(Find(Menu, TEXT("Set Stamina"), TEXT("Variables|Default")));
-	EXPECT_TRUE(Find(Menu, TEXT("Recharge Now")));
-	EXPECT_TRUE(Find(Menu, TEXT("Cast To BP_Test"), TEXT("Utilities|Casting")));
-	FBlueprintEditorUtils::RemoveMemberVariable(Blueprint.Get(), TEXT("Stamina"));
-	const FBlueprintActionMenuBuilder After = MenuFor(Graph);
-	EXPECT_FALSE(Find(After, TEXT("Get Stamina")));
-	EXPECT_TRUE(Find(After, TEXT("Recharge Now")));
-	// What did not change is the same entry still.
-	EXPECT_EQ(Find(After, TEXT("Print String")).Get(), Find(Menu, TEXT("Print String")).Get());
+	const FBlueprintActionMenuBuilder Menu = MenuFor(Actor.EventGraph().Get());
+	EXPECT_TRUE(Find(Menu, TEXT("Event Tick")));
+	EXPECT_FALSE(Find(Menu, TEXT("Event Possessed")));
+	EXPECT_TRUE(Find(Menu, TEXT("Cast To Pawn")));
 }
 
 TEST(ActionMenu, AChosenActionPlacesItsNodeWhereAsked)
@@ -135,6 +139,7 @@ TEST(ActionMenu, AChosenActionPlacesItsNodeWhereAsked)
 	{
 		const TSharedPtr<FEdGraphSchemaAction> Action = Menu.GetSchemaAction(Index);
 		SCOPED_TRACE(ToStd(Action->GetMenuDescription().ToString()));
+		const int32 NumBefore = Graph->Nodes.Num();
 		const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2D(Index, 48.0));
 		ASSERT_NE(Node, nullptr);
 		++NumPlaced;
@@ -142,7 +147,8 @@ TEST(ActionMenu, AChosenActionPlacesItsNodeWhereAsked)
 		EXPECT_TRUE(Node->NodeGuid.IsValid());
 		EXPECT_TRUE(Graph->Nodes.Contains(const_cast<UEdGraphNode*>(Node)));
 		EXPECT_EQ(Node->GetClass()->GetName(), ClassOf(*Action));
-		EXPECT_EQ(Node->NodePosX, Index);
+		// The event that every new Blueprint begins with stays where it stands.
+		EXPECT_TRUE(Node->NodePosX == Index || Graph->Nodes.Num() == NumBefore);
 	}
 	EXPECT_GT(NumPlaced, 300);
 }
@@ -175,6 +181,29 @@ TEST(ActionMenu, ComponentsOfferTheirEventsToTheirBlueprintAlone)
 	UEdGraph* const Loose = NewObject<UEdGraph>(GetTransientPackageAsObject());
 	Loose->Schema = UEdGraphSchema_K2::StaticClass();
 	EXPECT_FALSE(Find(MenuFor(Loose), Title));
+}
+
+TEST(ActionMenu, AnAddedComponentHasATemplateInItsBlueprint)
+{
+	FBlueprintBuilder Blueprint;
+	UEdGraph* const Graph = Blueprint.EventGraph().Get();
+	const TSharedPtr<FEdGraphSchemaAction> Action = Find(MenuFor(Graph), TEXT("Add Static Mesh Component"));
+	ASSERT_TRUE(Action);
+	for (const TCHAR* const Name : {TEXT("NODE_AddStaticMeshComponent-0"), TEXT("NODE_AddStaticMeshComponent-1")})
+	{
+		const UK2Node_AddComponent* const Node = Cast<UK2Node_AddComponent>(
+			Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0)));
+		ASSERT_NE(Node, nullptr);
+		EXPECT_EQ(Node->GetTemplateNamePinChecked()->DefaultValue, FString(Name));
+		const UActorComponent* const Template = Blueprint->FindTemplateByName(FName(Name));
+		ASSERT_NE(Template, nullptr);
+		EXPECT_EQ(Template->GetClass()->GetName(), FString(TEXT("StaticMeshComponent")));
+		EXPECT_EQ(Node->GetReturnValuePin()->PinType.PinSubCategoryObject.Get(), Template->GetClass());
+	}
+	ASSERT_TRUE(Blueprint.Compiles());
+	ASSERT_TRUE(Blueprint.Save());
+	ASSERT_NE(Blueprint.Reload(), nullptr);
+	EXPECT_NE(Blueprint->FindTemplateByName(TEXT("NODE_AddStaticMeshComponent-1")), nullptr);
 }
 
 TEST(ActionMenu, ANodeDraggedFromAPinIsWiredToIt)

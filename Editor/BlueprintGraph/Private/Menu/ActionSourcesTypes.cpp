@@ -72,26 +72,39 @@ void AddComponent(UClass& Class, FActionList& Out)
 	}
 }
 
+bool HasShownMember(const UScriptStruct& Struct)
+{
+	for (TFieldIterator<FProperty> It(&Struct); It; ++It)
+	{
+		if (It->HasAnyPropertyFlags(CPF_BlueprintVisible | CPF_Edit))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
 void AddStruct(UScriptStruct& Struct, FActionList& Out)
 {
 	static const FTypeNode Make(TEXT("K2Node_MakeStruct"), TEXT("StructType"));
 	static const FTypeNode Break(TEXT("K2Node_BreakStruct"), TEXT("StructType"));
 	static const FTypeNode SetFields(TEXT("K2Node_SetFieldsInStruct"), TEXT("StructType"));
 	const TCHAR* const Category = TEXT("Utilities|Struct");
-	const bool bAllowed = UEdGraphSchema_K2::IsAllowableBlueprintVariableType(&Struct);
-	const bool bReads = bAllowed && SpawnerPins::AnyMember(Struct, EGPD_Output, &SpawnerPins::TakeAny);
-	const bool bWrites = bAllowed && SpawnerPins::AnyMember(Struct, EGPD_Input, &SpawnerPins::TakeAny);
-	const FString Name = bReads || bWrites ? Struct.GetDisplayNameText().ToString() : FString();
+	if (!UEdGraphSchema_K2::IsAllowableBlueprintVariableType(&Struct) || !HasShownMember(Struct))
+	{
+		return;
+	}
+	const FString Name = Struct.GetDisplayNameText().ToString();
 	// A struct with functions of its own to make and break it offers those.
-	if (bWrites && !Struct.HasMetaData(FBlueprintMetadata::MD_NativeMakeFunction))
+	if (!Struct.HasMetaData(FBlueprintMetadata::MD_NativeMakeFunction))
 	{
 		AddTypeNode(Make, Struct, TEXT("Make ") + Name, Category, Out);
 	}
-	if (bReads && !Struct.HasMetaData(FBlueprintMetadata::MD_NativeBreakFunction))
+	if (!Struct.HasMetaData(FBlueprintMetadata::MD_NativeBreakFunction))
 	{
 		AddTypeNode(Break, Struct, TEXT("Break ") + Name, Category, Out);
 	}
-	if (bWrites)
+	if (SpawnerPins::AnyMember(Struct, EGPD_Input, &SpawnerPins::TakeAny))
 	{
 		AddTypeNode(SetFields, Struct, TEXT("Set members in ") + Name, Category, Out);
 	}

@@ -1,6 +1,7 @@
 #include "BlueprintNodeSpawner.h"
 
 #include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
 #include "Menu/SpawnerPins.h"
 #include "UObject/NativeClass.h"
 
@@ -10,14 +11,17 @@ void UBlueprintNodeSpawner::DescribeClass(FClassDescriber&) {}
 
 namespace NodeSpawners
 {
-/** What template nodes lie in, without being listed: a graph of no Blueprint. */
+/** What template nodes lie in, without being listed: a graph of an actor that nobody saves, so that members that nodes
+ * call on self are known. */
 UEdGraph* TemplateGraph()
 {
 	static TWeakObjectPtr<UEdGraph> Graph;
 	if (!Graph.Get())
 	{
-		UEdGraph* const Made = NewObject<UEdGraph>(
+		UBlueprint* const Blueprint = NewObject<UBlueprint>(
 			GetTransientPackageAsObject(), FName(TEXT("NodeTemplates")), RF_Transient);
+		Blueprint->ParentClass = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
+		UEdGraph* const Made = NewObject<UEdGraph>(Blueprint, UEdGraphSchema_K2::GN_EventGraph, RF_Transient);
 		Made->Schema = UEdGraphSchema_K2::StaticClass();
 		Graph = Made;
 	}
