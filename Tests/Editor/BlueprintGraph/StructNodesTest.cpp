@@ -5,7 +5,10 @@
 #include "K2Node_MakeStruct.h"
 #include "K2Node_SetFieldsInStruct.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Kismet2/StructureEditorUtils.h"
 #include "NodeTests.h"
+#include "UObject/Package.h"
+#include "UserDefinedStructure/UserDefinedStructEditorData.h"
 
 #include <gtest/gtest.h>
 
@@ -95,5 +98,38 @@ TEST(StructNodes, WithoutTheStructThePinsStay)
 	Node->StructType = Struct(Margin);
 	Node->ReconstructNode();
 	EXPECT_EQ(From->LinkedTo[0], Node->FindPin(TEXT("Left")));
+}
+
+TEST(StructNodes, MembersOfAUserStructAreKnownByTheirGuids)
+{
+	const FBlueprintBuilder Blueprint;
+	FGraphBuilder Graph = Blueprint.EventGraph();
+	UUserDefinedStruct* const Pace = FStructureEditorUtils::CreateUserDefinedStruct(
+		Blueprint->GetOutermost(), TEXT("Pace"), RF_Transient);
+	FEdGraphPinType Real = FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Real);
+	Real.PinSubCategory = UEdGraphSchema_K2::PC_Double;
+	ASSERT_TRUE(FStructureEditorUtils::AddVariable(Pace, Real));
+	const FStructVariableDescription& Speed = FStructureEditorUtils::GetVarDesc(Pace)[1];
+	const FGuid SpeedGuid = Speed.VarGuid;
+	UK2Node_MakeStruct* const Node = Make<UK2Node_MakeStruct>(
+		Graph.Get(), [Pace](UK2Node_MakeStruct& Made) { Made.StructType = Pace; });
+	UEdGraphPin* const From = Source(Graph, "real");
+	ASSERT_TRUE(Connect(From, Node->FindPin(Speed.VarName)));
+	EXPECT_EQ(From->LinkedTo[0]->PersistentGuid, SpeedGuid);
+
+	ASSERT_TRUE(FStructureEditorUtils::RenameVariable(Pace, SpeedGuid, TEXT("Velocity")));
+	Node->ReconstructNode();
+	EXPECT_EQ(ToStd(From->LinkedTo[0]->PinFriendlyName.ToString()), "Velocity");
+	EXPECT_FALSE(From->LinkedTo[0]->bOrphanedPin);
+
+	// Text of before a rename names the member otherwise, but ends in the same guid.
+	From->LinkedTo[0]->PinName = FName(TEXT("OldName_7_") + SpeedGuid.ToString(EGuidFormats::Digits));
+	Node->ReconstructNode();
+	EXPECT_EQ(Node->Pins.Num(), 3);
+	EXPECT_FALSE(From->LinkedTo[0]->bOrphanedPin);
+
+	ASSERT_TRUE(FStructureEditorUtils::RemoveVariable(Pace, SpeedGuid));
+	Node->ReconstructNode();
+	EXPECT_TRUE(From->LinkedTo[0]->bOrphanedPin);
 }
 } // namespace StructNodesTests
