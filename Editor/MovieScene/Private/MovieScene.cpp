@@ -12,13 +12,12 @@ void UMovieScene::DescribeClass(FClassDescriber& Class)
 
 void UMovieScene::SetPlaybackRange(FFrameNumber Start, int32 Duration, bool bAlwaysMarkDirty)
 {
-	PlaybackStart = Start.Value;
-	PlaybackEnd = Start.Value + Duration;
-	Modify(bAlwaysMarkDirty);
+	SetPlaybackRange(TRange<FFrameNumber>(Start, Start + FFrameNumber(Duration)), bAlwaysMarkDirty);
 }
 
-void UMovieScene::SetPlaybackRange(double StartSeconds, double EndSeconds)
+void UMovieScene::SetPlaybackRange(const TRange<FFrameNumber>& NewRange, bool bAlwaysMarkDirty)
 {
-	const FFrameNumber Start{static_cast<int32>(StartSeconds * TicksPerSecond)};
-	SetPlaybackRange(Start, static_cast<int32>((EndSeconds - StartSeconds) * TicksPerSecond));
+	Modify(bAlwaysMarkDirty);
+	PlaybackStart = NewRange.GetLowerBoundValue().Value;
+	PlaybackEnd = NewRange.GetUpperBoundValue().Value;
 }

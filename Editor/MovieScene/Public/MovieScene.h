@@ -1,13 +1,9 @@
 #pragma once
 
 #include "CoreMinimal.h"
+#include "Math/Range.h"
+#include "Misc/FrameRate.h"
 #include "UObject/Object.h"
-
-/** A point of a movie scene's time, in ticks. */
-struct FFrameNumber
-{
-	int32 Value = 0;
-};
 
 /** The content of an animation. Here it has a length and no tracks. */
 class UMovieScene : public UObject
@@ -15,13 +11,12 @@ class UMovieScene : public UObject
 	EDITOR_CLASS(UMovieScene, UObject)
 
 public:
-	static constexpr int32 TicksPerSecond = 24000;
-
+	/** The rate in which its times are counted. */
+	FFrameRate GetTickResolution() const { return FFrameRate(24000, 1); }
+	/** Start and end, which is Duration behind and does not play. */
 	void SetPlaybackRange(FFrameNumber Start, int32 Duration, bool bAlwaysMarkDirty = true);
-	/** The same in seconds. */
-	void SetPlaybackRange(double StartSeconds, double EndSeconds);
-	double GetPlaybackStartSeconds() const { return static_cast<double>(PlaybackStart) / TicksPerSecond; }
-	double GetPlaybackEndSeconds() const { return static_cast<double>(PlaybackEnd) / TicksPerSecond; }
+	void SetPlaybackRange(const TRange<FFrameNumber>& NewRange, bool bAlwaysMarkDirty = true);
+	TRange<FFrameNumber> GetPlaybackRange() const { return TRange<FFrameNumber>(PlaybackStart, PlaybackEnd); }
 
 private:
 	int32 PlaybackStart = 0;

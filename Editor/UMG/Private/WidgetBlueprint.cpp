@@ -164,14 +164,23 @@ void UWidgetBlueprint::DropBindingsOfMissingWidgets()
 		{ return Binding.ObjectName != Self && (!WidgetTree || !WidgetTree->FindWidget(FName(Binding.ObjectName))); });
 }
 
+namespace WidgetAnimations
+{
+float ToSeconds(const UMovieScene* Scene, const FFrameNumber& (TRange<FFrameNumber>::*Bound)() const)
+{
+	return Scene ? static_cast<float>(Scene->GetTickResolution().AsSeconds((Scene->GetPlaybackRange().*Bound)()))
+				 : 0.0f;
+}
+} // namespace WidgetAnimations
+
 float UWidgetAnimation::GetStartTime() const
 {
-	return MovieScene ? static_cast<float>(MovieScene->GetPlaybackStartSeconds()) : 0.0f;
+	return WidgetAnimations::ToSeconds(MovieScene, &TRange<FFrameNumber>::GetLowerBoundValue);
 }
 
 float UWidgetAnimation::GetEndTime() const
 {
-	return MovieScene ? static_cast<float>(MovieScene->GetPlaybackEndSeconds()) : 0.0f;
+	return WidgetAnimations::ToSeconds(MovieScene, &TRange<FFrameNumber>::GetUpperBoundValue);
 }
 
 TArray<FWidgetBlueprintVariable> FWidgetBlueprintVariable::Collect(const UBlueprint* Blueprint)

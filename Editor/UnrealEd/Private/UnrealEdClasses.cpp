@@ -59,6 +59,8 @@ void RegisterUnrealEdClasses()
 	Functions.RegenerateOnLoad = &UnrealEdClasses::RegenerateOnLoad;
 	Functions.RemoveGraph = [](UBlueprint* Blueprint, UEdGraph* Graph)
 	{ FBlueprintEditorUtils::RemoveGraph(Blueprint, Graph); };
+	Functions.ReplaceFunctionReferences = &FBlueprintEditorUtils::ReplaceFunctionReferences;
+	Functions.RenameTimeline = &FBlueprintEditorUtils::RenameTimeline;
 	Functions.MakeNameValidator = &UnrealEdClasses::MakeNameValidator;
 	BlueprintClassProvider::Set(Functions);
 	RegisterBlueprintKinds();

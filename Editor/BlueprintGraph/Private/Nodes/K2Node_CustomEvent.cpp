@@ -124,8 +124,16 @@ void UK2Node_CustomEvent::RenameCustomEventCloseToName(int32)
 
 void UK2Node_CustomEvent::OnRenameNode(const FString& NewName)
 {
+	const FName OldName = CustomFunctionName;
 	CustomFunctionName = FName(NewName);
 	UpdateDelegatePin();
+	const auto ReplaceReferences = BlueprintClassProvider::Get().ReplaceFunctionReferences;
+	UBlueprint* const Blueprint = GetBlueprint();
+	if (ReplaceReferences && Blueprint && !OldName.IsNone())
+	{
+		ReplaceReferences(Blueprint, OldName, CustomFunctionName);
+		Blueprint->bSkeletonIsStale = true;
+	}
 	if (UEdGraph* const Graph = GetGraph())
 	{
 		Graph->NotifyNodeChanged(this);

@@ -5,6 +5,7 @@
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "Engine/BlueprintClassProvider.h"
 #include "Engine/TimelineTemplate.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "UObject/NativeClass.h"
@@ -247,17 +248,8 @@ void UK2Node_Timeline::PostPasteNode()
 bool UK2Node_Timeline::RenameTimeline(const FString& NewName)
 {
 	UBlueprint* const Blueprint = GetBlueprint();
-	const FName Name(NewName);
-	UTimelineTemplate* const Timeline = GetTimelineTemplate();
-	if (!Blueprint || !Timeline || TimelineNodes::IsNameTaken(*Blueprint, Name))
-	{
-		return false;
-	}
-	Blueprint->Modify();
-	Timeline->Rename(*UTimelineTemplate::TimelineVariableNameToTemplateName(Name), Timeline->GetOuter());
-	Timeline->UpdateCachedNames();
-	TimelineName = Name;
-	return true;
+	const auto Rename = BlueprintClassProvider::Get().RenameTimeline;
+	return Blueprint && Rename && Rename(Blueprint, TimelineName, FName(NewName));
 }
 
 void UK2Node_Timeline::OnRenameNode(const FString& NewName)

@@ -21,6 +21,10 @@ struct FFunctions
 	void (*RegenerateOnLoad)(UBlueprint* Blueprint) = nullptr;
 	/** Takes a graph out of the Blueprint, with all that depends on it. */
 	void (*RemoveGraph)(UBlueprint* Blueprint, UEdGraph* Graph) = nullptr;
+	/** Lets what refers to a function of the Blueprint by its old name go with it to the new one. */
+	void (*ReplaceFunctionReferences)(UBlueprint* Blueprint, FName OldName, FName NewName) = nullptr;
+	/** Gives a timeline another name, with its node and all that refers to it; false when the name is taken. */
+	bool (*RenameTimeline)(UBlueprint* Blueprint, FName OldName, FName NewName) = nullptr;
 	/** A judge of names for a member of the Blueprint that has the given name now. */
 	TSharedPtr<INameValidatorInterface> (*MakeNameValidator)(const UBlueprint* Blueprint, FName ExistingName) = nullptr;
 };
