@@ -11,10 +11,10 @@ class UK2Node_CreateDragDropOperation : public UK2Node_ConstructObjectFromClass
 public:
 	bool UseWorldContext() const override { return false; }
 	UClass* GetClassPinBaseClass() const override;
+	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetMenuCategory() const override;
 
 protected:
-	void CreateOwnPins() override;
 	FText GetBaseNodeTitle() const override;
 };

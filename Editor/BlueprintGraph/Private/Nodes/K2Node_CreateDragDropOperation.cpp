@@ -12,12 +12,16 @@ UClass* UK2Node_CreateDragDropOperation::GetClassPinBaseClass() const
 	return FindObject<UClass>(nullptr, TEXT("/Script/UMG.DragDropOperation"));
 }
 
-void UK2Node_CreateDragDropOperation::CreateOwnPins()
+void UK2Node_CreateDragDropOperation::AllocateDefaultPins()
 {
-	// The base class does for most drags, so it need not be chosen.
-	if (UEdGraphPin* const Class = GetClassPin())
+	Super::AllocateDefaultPins();
+	UEdGraphPin* const ClassPin = GetClassPin();
+	UClass* const Base = GetClassPinBaseClass();
+	if (ClassPin && Base)
 	{
-		Class->DefaultObject = GetClassPinBaseClass();
+		// The base class does for most drags, so it need not be chosen.
+		ClassPin->DefaultObject = Base;
+		CreatePinsForClass(Base);
 	}
 }
 
