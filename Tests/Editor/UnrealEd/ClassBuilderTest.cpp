@@ -16,10 +16,10 @@
 
 namespace ClassBuilderTests
 {
-UClass* ClassOf(UBlueprint* Blueprint)
+UBlueprintGeneratedClass* ClassOf(UBlueprint* Blueprint)
 {
 	FBlueprintEditorUtils::EnsureSkeletonIsUpToDate(Blueprint);
-	return Blueprint->GeneratedClass.Get();
+	return Cast<UBlueprintGeneratedClass>(Blueprint->GeneratedClass.Get());
 }
 
 std::vector<std::string> Members(UBlueprint* Blueprint)
@@ -157,6 +157,108 @@ TEST(ClassBuilder, AChildFollowsItsParent)
 	EXPECT_FALSE(FBlueprintEditorUtils::AddMemberVariable(
 		Child.Blueprint, TEXT("Count"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Int)))
 		<< "the name is the parent's";
+}
+
+TEST(ClassBuilder, EventsSayWhereTheyRun)
+{
+	const FBlueprintBuilder Blueprint;
+	const std::pair<const TCHAR*, uint32> Events[] = {{TEXT("Here"), 0},
+		{TEXT("OnServer"), FUNC_Net | FUNC_NetServer | FUNC_NetReliable}, {TEXT("OnOwner"), FUNC_Net | FUNC_NetClient},
+		{TEXT("Everywhere"), FUNC_Net | FUNC_NetMulticast}};
+	for (const auto& [Name, Flags] : Events)
+	{
+		UK2Node_CustomEvent* const Event = Blueprint.EventGraph().Add<UK2Node_CustomEvent>();
+		Event->CustomFunctionName = Name;
+		Event->FunctionFlags = Flags;
+		Event->CreateUserDefinedPin(TEXT("Names"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Name), EGPD_Output);
+	}
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint.Get());
+	for (const auto& [Name, Flags] : Events)
+	{
+		const UFunction* const Function = ClassOf(Blueprint.Get())->FindFunctionByName(Name);
+		ASSERT_NE(Function, nullptr) << ToStd(Name);
+		constexpr uint32 Net = FUNC_NetFuncFlags | FUNC_NetReliable;
+		EXPECT_EQ(static_cast<uint32>(Function->FunctionFlags) & Net, Flags) << ToStd(Name);
+		EXPECT_EQ(Function->NumParms, 1) << ToStd(Name);
+		EXPECT_TRUE(Function->HasAllFunctionFlags(
+			static_cast<EFunctionFlags>(FUNC_Event | FUNC_BlueprintEvent | FUNC_BlueprintCallable)))
+			<< ToStd(Name);
+	}
+}
+
+TEST(ClassBuilder, VariablesSayWhatTheirDescriptionsSay)
+{
+	const FBlueprintBuilder Blueprint;
+	Blueprint.AddVariable(TEXT("Speed"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Int));
+	FBPVariableDescription& Speed = Blueprint->NewVariables[0];
+	Speed.PropertyFlags = CPF_Edit | CPF_BlueprintVisible | CPF_Net | CPF_RepNotify | CPF_Transient;
+	Speed.RepNotifyFunc = TEXT("OnRep_Speed");
+	Speed.FriendlyName = TEXT("How fast");
+	Speed.Category = FText::FromString(TEXT("Motion"));
+	Speed.SetMetaData(FBlueprintMetadata::MD_ExposeOnSpawn, TEXT("true"));
+	Speed.SetMetaData(TEXT("ClampMin"), TEXT("0"));
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint.Get());
+	const FProperty* const Property = ClassOf(Blueprint.Get())->FindPropertyByName(TEXT("Speed"));
+	ASSERT_NE(Property, nullptr);
+	EXPECT_TRUE(Property->HasAllPropertyFlags(
+		CPF_Edit | CPF_BlueprintVisible | CPF_Net | CPF_RepNotify | CPF_Transient | CPF_ExposeOnSpawn));
+	EXPECT_FALSE(Property->HasAnyPropertyFlags(CPF_DisableEditOnInstance | CPF_BlueprintReadOnly | CPF_SaveGame));
+	EXPECT_EQ(ToStd(Property->RepNotifyFunc.ToString()), "OnRep_Speed");
+	EXPECT_EQ(ToStd(Property->GetDisplayNameText().ToString()), "How fast");
+	EXPECT_EQ(ToStd(Property->GetMetaData(FBlueprintMetadata::MD_FunctionCategory)), "Motion");
+	EXPECT_EQ(ToStd(Property->GetMetaData(TEXT("ClampMin"))), "0");
+	EXPECT_EQ(ClassOf(Blueprint.Get())->PropertyGuids.FindRef(TEXT("Speed")), Blueprint->NewVariables[0].VarGuid);
+}
+
+TEST(ClassBuilder, LibrariesAndInterfacesHaveFunctionsOfTheirKind)
+{
+	const FBlueprintBuilder Blueprint;
+	struct FKindOfFunctions
+	{
+		const TCHAR* Parent;
+		EBlueprintType Type;
+		EFunctionFlags Flags;
+		bool bInterface;
+	};
+	for (const FKindOfFunctions& Kind :
+		{FKindOfFunctions{TEXT("/Script/Engine.BlueprintFunctionLibrary"), BPTYPE_FunctionLibrary, FUNC_Static, false},
+			FKindOfFunctions{TEXT("/Script/CoreUObject.Interface"), BPTYPE_Interface, FUNC_BlueprintEvent, true}})
+	{
+		UPackage* const Package = CreatePackage(TEXT("/Game/Tests/BP_Kind"));
+		UBlueprint* const Made = FKismetEditorUtilities::CreateBlueprint(
+			FindObject<UClass>(nullptr, Kind.Parent), Package, TEXT("BP_Kind"), Kind.Type);
+		UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(
+			Made, TEXT("Act"), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
+		FBlueprintEditorUtils::AddFunctionGraph<UClass>(Made, Graph, true, nullptr);
+		FKismetEditorUtilities::CompileBlueprint(Made);
+		EXPECT_EQ(Made->Status, BS_UpToDate) << ToStd(Kind.Parent);
+		const UFunction* const Function = Made->GeneratedClass->FindFunctionByName(TEXT("Act"));
+		ASSERT_NE(Function, nullptr) << ToStd(Kind.Parent);
+		EXPECT_TRUE(Function->HasAnyFunctionFlags(Kind.Flags)) << ToStd(Kind.Parent);
+		EXPECT_EQ(Made->GeneratedClass->HasAnyClassFlags(CLASS_Interface), Kind.bInterface) << ToStd(Kind.Parent);
+		Package->MarkAsGarbage();
+		CollectGarbage();
+	}
+}
+
+TEST(ClassBuilder, TheStatusFollowsChangesAndCompiles)
+{
+	const FBlueprintBuilder Blueprint;
+	FKismetEditorUtilities::CompileBlueprint(Blueprint.Get());
+	EXPECT_EQ(Blueprint->Status, BS_UpToDate);
+	Blueprint.AddVariable(TEXT("Broken"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Struct));
+	EXPECT_EQ(Blueprint->Status, BS_Dirty);
+	FKismetEditorUtilities::CompileBlueprint(Blueprint.Get());
+	EXPECT_EQ(Blueprint->Status, BS_Error);
+	FBlueprintEditorUtils::RemoveMemberVariable(Blueprint.Get(), TEXT("Broken"));
+	Blueprint.EventGraph().Call(TEXT("/Script/Engine.KismetSystemLibrary"), TEXT("PrintString"));
+	FKismetEditorUtilities::CompileBlueprint(Blueprint.Get());
+	EXPECT_EQ(Blueprint->Status, BS_UpToDateWithWarnings);
+	FBlueprintEditorUtils::MarkBlueprintAsModified(Blueprint.Get());
+	EXPECT_EQ(Blueprint->Status, BS_Dirty);
+	Blueprint->ParentClass = nullptr;
+	FKismetEditorUtilities::CompileBlueprint(Blueprint.Get());
+	EXPECT_EQ(Blueprint->Status, BS_Error);
 }
 
 namespace ClassBuilderTests

@@ -7,6 +7,7 @@
 #include "Compiler/MacroUse.h"
 #include "Compiler/MemberDeclarations.h"
 #include "Compiler/MemberNames.h"
+#include "Compiler/WidgetDeclarations.h"
 #include "EdGraph/EdGraph.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
@@ -100,6 +101,7 @@ public:
 		Prepare();
 		MemberNames::Check(Blueprint, Log);
 		MemberDeclarations::Check(Blueprint, Log);
+		WidgetDeclarations::Check(Blueprint, Log);
 		const TMap<const UEdGraph*, FunctionGraphs::FOrigin> Functions = FunctionGraphs::Collect(Blueprint);
 		FMacroUse Macros;
 		for (UEdGraph* const Graph : Graphs)

@@ -1,13 +1,11 @@
 #include "Compiler/MemberDeclarations.h"
 
 #include "Components/ActorComponent.h"
-#include "Components/Widget.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "UObject/UnrealType.h"
-#include "WidgetBlueprint.h"
 
 namespace MemberDeclarations
 {
@@ -36,7 +34,6 @@ public:
 		}
 		CheckComponents();
 		CheckInterfaces();
-		CheckBoundWidgets();
 	}
 
 private:
@@ -129,49 +126,6 @@ private:
 						*It->GetName(), *Interface.Interface.Get()->GetName()));
 				}
 			}
-		}
-	}
-
-	/** Widgets that variables of the parent classes are bound to by name. */
-	void CheckBoundWidgets()
-	{
-		const UWidgetBlueprint* const WidgetBlueprint = Cast<UWidgetBlueprint>(&Blueprint);
-		if (!WidgetBlueprint)
-		{
-			return;
-		}
-		TMap<FName, const UWidget*> Widgets;
-		WidgetBlueprint->ForEachSourceWidget([&Widgets](UWidget* Widget) { Widgets.Add(Widget->GetFName(), Widget); });
-		for (TFieldIterator<FObjectPropertyBase> It(Blueprint.ParentClass.Get(), EFieldIteratorFlags::IncludeSuper); It;
-			 ++It)
-		{
-			const bool bRequired = It->HasMetaData(TEXT("BindWidget")) && !It->GetBoolMetaData(TEXT("OptionalWidget"));
-			if (bRequired || It->HasMetaData(TEXT("BindWidget")) || It->HasMetaData(TEXT("BindWidgetOptional")))
-			{
-				CheckBoundWidget(**It, Widgets.FindRef(It->GetFName()), bRequired);
-			}
-		}
-	}
-
-	void CheckBoundWidget(const FObjectPropertyBase& Property, const UWidget* Widget, bool bRequired)
-	{
-		const FString Name = Property.GetName();
-		const FString Wanted = Property.PropertyClass ? Property.PropertyClass->GetName() : FString(TEXT("Widget"));
-		if (Widget && Property.PropertyClass && !Widget->GetClass()->IsChildOf(Property.PropertyClass))
-		{
-			Log.Error(*FString::Printf(TEXT("The widget '%s' is a %s, but the parent class binds a %s of that name"),
-				*Name, *Widget->GetClass()->GetName(), *Wanted));
-		}
-		else if (!Widget && bRequired)
-		{
-			Log.Error(*FString::Printf(
-				TEXT("The parent class needs a widget named '%s' of type %s, and there is none in the tree"), *Name,
-				*Wanted));
-		}
-		else if (!Widget)
-		{
-			Log.Note(
-				*FString::Printf(TEXT("The parent class would bind a widget named '%s' of type %s"), *Name, *Wanted));
 		}
 	}
 

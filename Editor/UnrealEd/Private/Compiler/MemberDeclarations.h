@@ -9,7 +9,7 @@ struct FBPVariableDescription;
 
 /**
  * Checks what a Blueprint declares beside its graphs, after its class was rebuilt: types and defaults of variables,
- * event dispatchers, replication, components, interfaces, and the widgets that the parent class asks for.
+ * event dispatchers, replication, components and interfaces.
  */
 namespace MemberDeclarations
 {
