@@ -78,6 +78,26 @@ TEST(SchemaSplitPins, AnOutputGivesThePartsOfItsBreakFunctionBehindIt)
 	EXPECT_NE(Whole.Words().find("split"), std::string::npos);
 }
 
+TEST(SchemaSplitPins, APartOfAPartIsSplitToo)
+{
+	const FPinPair Pair(TEXT("double"), TEXT("s:Transform"));
+	Pair.Schema->SplitPin(Pair.Input);
+	EXPECT_EQ(NamesOf(*Pair.Input),
+		FString(TEXT("In_Location=0, 0, 0 In_Rotation=0, 0, 0 In_Scale=1.000000,1.000000,1.000000")));
+	UEdGraphPin* const Location = Pair.InputNode->FindPin(TEXT("In_Location"));
+	ASSERT_NE(Location, nullptr);
+	ASSERT_TRUE(Pair.Schema->CanSplitStructPin(*Location));
+	Pair.Schema->SplitPin(Location);
+	UEdGraphPin* const Z = Pair.InputNode->FindPin(TEXT("In_Location_Z"));
+	ASSERT_NE(Z, nullptr);
+	EXPECT_EQ(Z->ParentPin, Location);
+	EXPECT_EQ(Pair.InputNode->Pins.Find(Z), 4) << "behind the pin that it is a part of";
+	ASSERT_TRUE(Pair.Schema->TryCreateConnection(Pair.Output, Z));
+	Pair.Schema->RecombinePin(Pair.Input);
+	EXPECT_EQ(Pair.InputNode->Pins.Num(), 1);
+	EXPECT_TRUE(Pair.Output->LinkedTo.IsEmpty());
+}
+
 TEST(SchemaSplitPins, RecombiningBreaksTheLinksOfTheParts)
 {
 	const FPinPair Pair(TEXT("double"), TEXT("s:Vector"));

@@ -106,6 +106,10 @@ bool SameValue(const FEdGraphPinType& Type, const FString& A, const FString& B)
 	{
 		return FName(*A) == FName(*B);
 	}
+	if (const UEnum* const Enum = Cast<UEnum>(Type.PinSubCategoryObject.Get()))
+	{
+		return EnumEntry(*Enum, A).Equals(EnumEntry(*Enum, B));
+	}
 	const UScriptStruct* const Struct = Cast<UScriptStruct>(Type.PinSubCategoryObject.Get());
 	return Category == FSchema::PC_Struct && Struct && SchemaStructText::IsSameValue(*Struct, A, B);
 }

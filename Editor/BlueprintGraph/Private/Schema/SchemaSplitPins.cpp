@@ -17,7 +17,6 @@ struct FPart
 	FEdGraphPinType Type;
 	FString Default;
 	FText ShownName;
-	FGuid Guid;
 };
 
 UFunction* FindNative(const UScriptStruct& Struct, FName Key)
@@ -36,7 +35,7 @@ UFunction* FindNative(const UScriptStruct& Struct, FName Key)
 	return Owner ? Owner->FindFunctionByName(FName(*Function)) : nullptr;
 }
 
-void AddPart(const FProperty& Property, const UFunction* Function, TArray<FPart>& Out)
+void AddPart(const FProperty& Property, const FString& Default, TArray<FPart>& Out)
 {
 	FPart Part;
 	Part.Name = Property.GetFName();
@@ -45,11 +44,10 @@ void AddPart(const FProperty& Property, const UFunction* Function, TArray<FPart>
 	{
 		return;
 	}
+	// A part is a value of its own, however a function takes or gives it.
 	Part.Type.bIsReference = false;
-	if (Function)
-	{
-		GetDefault<FSchema>()->FindFunctionParameterDefaultValue(Function, &Property, Part.Default);
-	}
+	Part.Type.bIsConst = false;
+	Part.Default = Part.Type.IsContainer() ? FString() : Default;
 	Out.Add(Part);
 }
 
@@ -62,21 +60,36 @@ TArray<FPart> PartsOfFunction(const UFunction& Function, bool bMake)
 		const bool bOutput = It->HasAnyPropertyFlags(CPF_OutParm) && !It->HasAnyPropertyFlags(CPF_ReferenceParm);
 		if (It->HasAnyPropertyFlags(CPF_Parm) && !It->HasAnyPropertyFlags(CPF_ReturnParm) && bOutput == !bMake)
 		{
-			AddPart(**It, bMake ? &Function : nullptr, Parts);
+			FString Default;
+			if (bMake)
+			{
+				GetDefault<FSchema>()->FindFunctionParameterDefaultValue(&Function, *It, Default);
+			}
+			AddPart(**It, Default, Parts);
 		}
 	}
 	return Parts;
 }
 
-TArray<FPart> PartsOfStruct(const UScriptStruct& Struct)
+/** Members that graphs may read, or for an input write, with the values that a new struct has. */
+TArray<FPart> PartsOfStruct(const UScriptStruct& Struct, bool bMake)
 {
 	TArray<FPart> Parts;
-	for (TFieldIterator<FProperty> It(&Struct); It; ++It)
+	const void* const Initial = Struct.GetDefaultValue();
+	for (TFieldIterator<FProperty> It(FSchema::IsAllowableBlueprintVariableType(&Struct) ? &Struct : nullptr); It; ++It)
 	{
-		if (It->HasAnyPropertyFlags(CPF_BlueprintVisible | CPF_Edit) && !It->HasAnyPropertyFlags(CPF_Deprecated))
+		const bool bUsable = It->HasAnyPropertyFlags(CPF_BlueprintVisible) && !It->HasAnyPropertyFlags(CPF_Deprecated)
+			&& !(bMake && It->HasAnyPropertyFlags(CPF_BlueprintReadOnly));
+		if (!bUsable)
 		{
-			AddPart(**It, nullptr, Parts);
+			continue;
 		}
+		FString Default;
+		if (bMake && Initial)
+		{
+			It->ExportText_InContainer(0, Default, Initial, nullptr, nullptr, PPF_None);
+		}
+		AddPart(**It, Default, Parts);
 	}
 	return Parts;
 }
@@ -94,7 +107,7 @@ TArray<FPart> PartsOf(const UEdGraphPin& Pin)
 	{
 		return PartsOfFunction(*Function, bMake);
 	}
-	return PartsOfStruct(*Struct);
+	return PartsOfStruct(*Struct, bMake);
 }
 
 FText ShownName(const UEdGraphPin& Pin, const FPart& Part)
