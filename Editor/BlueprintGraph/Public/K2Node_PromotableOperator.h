@@ -21,6 +21,8 @@ public:
 	UEdGraphPin* GetOutputPin() const;
 	TArray<UEdGraphPin*> GetInputPins(bool bIncludeLinks = false) const;
 	UEdGraphPin* FindTolerancePin() const;
+	/** Whether some overload takes a value of the type as that operand, beside what is linked to the others. */
+	bool TakesOperand(const UEdGraphPin& Operand, const FEdGraphPinType& Type) const;
 
 	void AllocateDefaultPins() override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;

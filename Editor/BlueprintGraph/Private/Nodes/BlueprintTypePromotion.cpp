@@ -42,7 +42,38 @@ TArray<const FProperty*> OperandsOf(const UFunction& Function)
 	return Operands;
 }
 
-using FTable = TMap<FName, TArray<const UFunction*>>;
+FEdGraphPinType TypeOf(const FProperty* Property)
+{
+	FEdGraphPinType Type;
+	UEdGraphSchema_K2::ConvertPropertyToPinTypeStatic(Property, Type);
+	Type.bIsReference = false;
+	Type.bIsConst = false;
+	return Type;
+}
+
+/** Types of the operands and, behind them, of the result. */
+struct FSignature
+{
+	FSignature() = default;
+	explicit FSignature(const UFunction& Function)
+	{
+		const TArray<const FProperty*> Operands = OperandsOf(Function);
+		for (int32 Index = 0; Index < ResultIndex; ++Index)
+		{
+			Types[Index] = TypeOf(Operands.IsValidIndex(Index) ? Operands[Index] : Function.GetReturnProperty());
+		}
+		Types[ResultIndex] = TypeOf(Function.GetReturnProperty());
+	}
+
+	FEdGraphPinType Types[ResultIndex + 1];
+};
+
+struct FTable
+{
+	TMap<FName, TArray<const UFunction*>> Overloads;
+	/** Asked for with every link of every operator, so they are read once. */
+	TMap<const UFunction*, FSignature> Signatures;
+};
 
 void AddFunctionsOf(const UClass& Class, FTable& Table)
 {
@@ -50,7 +81,8 @@ void AddFunctionsOf(const UClass& Class, FTable& Table)
 	{
 		if (FTypePromotion::IsFunctionPromotionReady(*It))
 		{
-			Table.FindOrAdd(FTypePromotion::GetOpNameFromFunction(*It)).Add(*It);
+			Table.Overloads.FindOrAdd(FTypePromotion::GetOpNameFromFunction(*It)).Add(*It);
+			Table.Signatures.Add(*It, FSignature(**It));
 		}
 	}
 }
@@ -179,19 +211,14 @@ bool FTypePromotion::IsComparisonOpName(FName OpName)
 const TArray<const UFunction*>& FTypePromotion::GetAllFuncsForOp(FName Operation)
 {
 	static const TArray<const UFunction*> None;
-	const TArray<const UFunction*>* const Found = TypePromotion::GetTable().Find(Operation);
+	const TArray<const UFunction*>* const Found = TypePromotion::GetTable().Overloads.Find(Operation);
 	return Found ? *Found : None;
 }
 
 FEdGraphPinType FTypePromotion::GetParamType(const UFunction& Func, int32 Index)
 {
-	const TArray<const FProperty*> Operands = TypePromotion::OperandsOf(Func);
-	FEdGraphPinType Type;
-	const FProperty* const Property = Operands.IsValidIndex(Index) ? Operands[Index] : Func.GetReturnProperty();
-	UEdGraphSchema_K2::ConvertPropertyToPinTypeStatic(Property, Type);
-	Type.bIsReference = false;
-	Type.bIsConst = false;
-	return Type;
+	const TypePromotion::FSignature* const Known = TypePromotion::GetTable().Signatures.Find(&Func);
+	return (Known ? *Known : TypePromotion::FSignature(Func)).Types[FMath::Clamp(Index, 0, TypePromotion::ResultIndex)];
 }
 
 const UFunction* FTypePromotion::GetDefaultFuncForOp(FName Operation)
@@ -211,13 +238,13 @@ const UFunction* FTypePromotion::GetDefaultFuncForOp(FName Operation)
 namespace TypePromotion
 {
 /** Vector by vector rather than vector by number, as long as nothing tells which of them is meant. */
-bool TakesOneType(const UFunction& Function)
+bool TakesOneType(const FSignature& Signature)
 {
-	return IsSame(FTypePromotion::GetParamType(Function, 0), FTypePromotion::GetParamType(Function, 1));
+	return IsSame(Signature.Types[0], Signature.Types[1]);
 }
 
 /** How far the pins are from the overload; -1 when one of them does not fit. */
-int32 Distance(const UFunction& Function, const TArray<UEdGraphPin*>& Pins)
+int32 Distance(const FSignature& Signature, const TArray<UEdGraphPin*>& Pins)
 {
 	int32 Total = 0;
 	int32 Operand = 0;
@@ -229,7 +256,7 @@ int32 Distance(const UFunction& Function, const TArray<UEdGraphPin*>& Pins)
 		{
 			continue;
 		}
-		const FEdGraphPinType Param = FTypePromotion::GetParamType(Function, Index);
+		const FEdGraphPinType& Param = Signature.Types[Index];
 		// Operands are promoted on the way in; nothing does that to a result on its way out.
 		const int32 Step = !bOutput									? Distance(Pin->PinType, Param)
 			: FTypePromotion::IsValidPromotion(Param, Pin->PinType) ? -1
@@ -250,12 +277,13 @@ const UFunction* FTypePromotion::FindBestMatchingFunc(FName Operation, const TAr
 	int32 BestDistance = MAX_int32;
 	for (const UFunction* const Function : GetAllFuncsForOp(Operation))
 	{
-		const int32 Distance = TypePromotion::Distance(*Function, PinsToConsider);
+		const TypePromotion::FSignature& Signature = *TypePromotion::GetTable().Signatures.Find(Function);
+		const int32 Distance = TypePromotion::Distance(Signature, PinsToConsider);
 		if (Distance < 0 || 2 * Distance >= BestDistance)
 		{
 			continue;
 		}
-		const int32 Weighed = 2 * Distance + (TypePromotion::TakesOneType(*Function) ? 0 : 1);
+		const int32 Weighed = 2 * Distance + (TypePromotion::TakesOneType(Signature) ? 0 : 1);
 		if (Weighed < BestDistance)
 		{
 			Best = Function;

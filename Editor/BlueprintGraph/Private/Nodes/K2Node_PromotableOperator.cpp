@@ -106,6 +106,7 @@ void UK2Node_PromotableOperator::AllocateDefaultPins()
 		Output->PinType.PinCategory = UEdGraphSchema_K2::PC_Boolean;
 	}
 	CreateTolerancePin(Function);
+	NumAdditionalInputs = FMath::Clamp(NumAdditionalInputs, 0, GetMaxInputPinsNum() - 2);
 	for (int32 Index = 0; Index < NumAdditionalInputs; ++Index)
 	{
 		CreatePin(EGPD_Input, WildcardTypes::Open(), GetNameForAdditionalPin(Index + 2));
@@ -274,6 +275,39 @@ void UK2Node_PromotableOperator::PostReconstructNode()
 	}
 }
 
+namespace PromotableOperators
+{
+/** Whether the overload takes all that is linked, with the new type in the place of one operand. */
+bool TakesOperands(const UFunction& Overload, const TArray<UEdGraphPin*>& Operands, const UEdGraphPin& Operand,
+	const FEdGraphPinType& NewType)
+{
+	for (int32 Index = 0; Index < Operands.Num(); ++Index)
+	{
+		FEdGraphPinType Type = NewType;
+		if (Operands[Index] != &Operand && !WildcardTypes::FindLinkedType({Operands[Index]}, Type))
+		{
+			continue;
+		}
+		// Further operands join the result of the first two, so they are of the second one's type.
+		const FEdGraphPinType Param = FTypePromotion::GetParamType(Overload, FMath::Min(Index, 1));
+		if (!FTypePromotion::IsValidPromotion(Type, Param)
+			&& !GetDefault<UEdGraphSchema_K2>()->ArePinTypesCompatible(Type, Param))
+		{
+			return false;
+		}
+	}
+	return true;
+}
+} // namespace PromotableOperators
+
+bool UK2Node_PromotableOperator::TakesOperand(const UEdGraphPin& Operand, const FEdGraphPinType& Type) const
+{
+	const TArray<UEdGraphPin*> Operands = GetInputPins();
+	return FTypePromotion::GetAllFuncsForOp(OperationName)
+		.ContainsByPredicate([&](const UFunction* Overload)
+			{ return PromotableOperators::TakesOperands(*Overload, Operands, Operand, Type); });
+}
+
 bool UK2Node_PromotableOperator::IsConnectionDisallowed(
 	const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const
 {
@@ -286,26 +320,9 @@ bool UK2Node_PromotableOperator::IsConnectionDisallowed(
 	{
 		return false;
 	}
-	// Some overload has to take it beside what the other operands are already.
-	const TArray<UEdGraphPin*> Inputs = GetInputPins();
-	for (const UFunction* const Function : FTypePromotion::GetAllFuncsForOp(OperationName))
+	if (TakesOperand(*MyPin, OtherPin->PinType))
 	{
-		bool bFits = true;
-		for (int32 Index = 0; Index < Inputs.Num() && bFits; ++Index)
-		{
-			const bool bMine = Inputs[Index] == MyPin;
-			if (!bMine && Inputs[Index]->LinkedTo.IsEmpty())
-			{
-				continue;
-			}
-			const FEdGraphPinType Param = FTypePromotion::GetParamType(*Function, FMath::Min(Index, 1));
-			const FEdGraphPinType& Type = bMine ? OtherPin->PinType : Inputs[Index]->PinType;
-			bFits = FTypePromotion::IsValidPromotion(Type, Param) || GetK2Schema()->ArePinTypesCompatible(Type, Param);
-		}
-		if (bFits)
-		{
-			return false;
-		}
+		return false;
 	}
 	OutReason = FString::Printf(TEXT("No matching '%s' function for '%s'."), *OperationName.ToString(),
 		*UEdGraphSchema_K2::TypeToText(OtherPin->PinType).ToString());

@@ -2,7 +2,6 @@
 
 #include "EdGraphSchema_K2.h"
 
-#include "BlueprintTypePromotion.h"
 #include "Engine/Blueprint.h"
 #include "K2Node_Knot.h"
 #include "K2Node_PromotableOperator.h"
@@ -161,44 +160,11 @@ FPinConnectionResponse RespondToFitting(const UEdGraphPin& A, const UEdGraphPin&
 	return FPinConnectionResponse(CONNECT_RESPONSE_MAKE, TEXT(""));
 }
 
-/** Whether an overload takes what is linked to the operator, with the new value in the place of the operand. */
-bool TakesOperands(const UFunction& Overload, const UK2Node_PromotableOperator& Operator, const UEdGraphPin& Output,
-	const UEdGraphPin& Operand)
-{
-	int32 Place = 0;
-	for (const UEdGraphPin* const Pin : Operator.GetInputPins())
-	{
-		// Further operands join the result of the first two, so they are of the second one's type.
-		const FEdGraphPinType Param = FTypePromotion::GetParamType(Overload, FMath::Min(Place++, 1));
-		const UEdGraphPin* const Source = Pin == &Operand ? &Output
-			: Pin->LinkedTo.IsEmpty()					  ? nullptr
-														  : Pin->LinkedTo[0];
-		if (Source && Source->PinType.PinCategory != FSchema::PC_Wildcard
-			&& !GetDefault<FSchema>()->ArePinTypesCompatible(Source->PinType, Param)
-			&& !FTypePromotion::IsValidPromotion(Source->PinType, Param))
-		{
-			return false;
-		}
-	}
-	return true;
-}
-
 /** Whether the operand can take the other type by the operator choosing another overload. */
 bool CanPromote(const UEdGraphPin& Output, const UEdGraphPin& Input)
 {
 	const UK2Node_PromotableOperator* const Operator = Cast<UK2Node_PromotableOperator>(Input.GetOwningNode());
-	if (!Operator || Operator->FindTolerancePin() == &Input)
-	{
-		return false;
-	}
-	for (const UFunction* const Overload : FTypePromotion::GetAllFuncsForOp(Operator->GetOperationName()))
-	{
-		if (TakesOperands(*Overload, *Operator, Output, Input))
-		{
-			return true;
-		}
-	}
-	return false;
+	return Operator && Operator->FindTolerancePin() != &Input && Operator->TakesOperand(Input, Output.PinType);
 }
 
 /** What a delegate of the type is called with: "(Actor Object Reference, Float (double-precision))". */
