@@ -154,7 +154,7 @@ const FFault DeclarationFaults[] = {
 		{"error: The component 'Light' is of the abstract class 'LightComponent', of which there can be no object; choose a class derived from it"}},
 	{"NativeFunctionCannotBeOverridden",
 		[](const FBlueprintBuilder& Blueprint) { Blueprint.Function(TEXT("K2_GetActorLocation")); },
-		{"error: The name of Get Actor Location is that of a function of 'Actor' that cannot be overridden; rename it {Get Actor Location}"}},
+		{"error: 'K2_GetActorLocation' is a function of 'Actor' that cannot be overridden; rename Get Actor Location {Get Actor Location}"}},
 	{"OverrideWithOtherParameters",
 		[](const FBlueprintBuilder& Blueprint)
 		{
@@ -183,15 +183,34 @@ const FFault DeclarationFaults[] = {
 			EntryOf(Graph)->CreateUserDefinedPin(TEXT("Length"), FBlueprintBuilder::Type(FSchema::PC_Int), EGPD_Output);
 			Result->CreateUserDefinedPin(TEXT("Length"), FBlueprintBuilder::Type(FSchema::PC_Int), EGPD_Input);
 		},
-		{"warning: The function 'Measure' has an input and an output of the same name Length ; who calls it cannot tell them apart {Return Node.Length}"}},
+		{"warning: The function 'Measure' has an input and an output of one name, which its callers cannot tell apart: Length {Return Node.Length}"}},
 	{"ReturnNodeNotReached",
 		[](const FBlueprintBuilder& Blueprint)
 		{
-			UEdGraph* const Graph = Blueprint.Function(TEXT("Measure")).Get();
-			AddResult(Graph)->CreateUserDefinedPin(
-				TEXT("Length"), FBlueprintBuilder::Type(FSchema::PC_Int), EGPD_Input);
+			for (const TCHAR* const Name : {TEXT("Unwritten"), TEXT("Given"), TEXT("Acting")})
+			{
+				FCompileScene Scene(Blueprint, Blueprint.Function(Name).Get());
+				AddResult(Scene.Graph.Get())
+					->CreateUserDefinedPin(Name, FBlueprintBuilder::Type(FSchema::PC_String), EGPD_Input);
+				Scene.Nodes["result"] = Scene.Graph.Get()->Nodes.Last();
+				Scene.Call("value", TEXT("/Script/Engine.KismetSystemLibrary"), TEXT("GetGameName"));
+				Scene.Print("print");
+				if (FString(Name) == TEXT("Given"))
+				{
+					Scene.Wire({"value.ReturnValue > result.Given"});
+				}
+				if (FString(Name) == TEXT("Acting"))
+				{
+					Scene.Wire({"entry.then > print.execute"});
+				}
+				else
+				{
+					Scene["print"]->DestroyNode();
+				}
+			}
 		},
-		{"warning: Return Node is never executed: nothing is connected to execute {Return Node; Return Node.execute}"}},
+		{"warning: Return Node is never executed: nothing is connected to execute {Return Node; Return Node.execute}",
+			"warning: Return Node is never executed: nothing is connected to execute {Return Node; Return Node.execute}"}},
 	{"ParameterOfMissingType",
 		[](const FBlueprintBuilder& Blueprint)
 		{

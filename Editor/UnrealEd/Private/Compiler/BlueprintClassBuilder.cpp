@@ -165,7 +165,29 @@ private:
 			{
 				Property->SetPropertyFlags(CPF_BlueprintVisible | CPF_BlueprintReadOnly | CPF_InstancedReference);
 			}
+			AddTimelineValues(*Timeline);
 		}
+	}
+
+	/** What a timeline writes while it runs; the graph reads it through the timeline's node alone. */
+	void AddTimelineValues(const UTimelineTemplate& Timeline)
+	{
+		const auto AddAll = [this](const auto& Tracks, FName Category, FName SubCategory, UObject* Object)
+		{
+			const FEdGraphPinType Type(
+				Category, SubCategory, Object, EPinContainerType::None, false, FEdGraphTerminalType());
+			for (const FTTPropertyTrack& Track : Tracks)
+			{
+				AddProperty(Track.GetPropertyName(), Type);
+			}
+		};
+		AddProperty(Timeline.GetDirectionPropertyName(),
+			FEdGraphPinType(FSchema::PC_Byte, NAME_None,
+				FindObject<UEnum>(nullptr, TEXT("/Script/Engine.ETimelineDirection")), EPinContainerType::None, false,
+				FEdGraphTerminalType()));
+		AddAll(Timeline.FloatTracks, FSchema::PC_Real, FSchema::PC_Float, nullptr);
+		AddAll(Timeline.VectorTracks, FSchema::PC_Struct, NAME_None, TBaseStructure<FVector>::Get());
+		AddAll(Timeline.LinearColorTracks, FSchema::PC_Struct, NAME_None, TBaseStructure<FLinearColor>::Get());
 	}
 
 	void AddComponents()

@@ -107,8 +107,8 @@ private:
 			// A value that goes in and out by reference has a pin on both sides.
 			if (Input && !Input->PinType.bIsReference)
 			{
-				Log.Warning(*FString::Printf(TEXT("The function '%s' has an input and an output of the same name @@; "
-												  "who calls it cannot tell them apart"),
+				Log.Warning(*FString::Printf(TEXT("The function '%s' has an input and an output of one name, which its "
+												  "callers cannot tell apart: @@"),
 								*Graph.GetName()),
 					Pin);
 			}
@@ -170,9 +170,8 @@ private:
 			|| (Overridden->HasAnyFunctionFlags(FUNC_BlueprintEvent) && !Overridden->HasAnyFunctionFlags(FUNC_Final));
 		if (!bOverridable)
 		{
-			Log.Error(
-				*FString::Printf(
-					TEXT("The name of @@ is that of a function of '%s' that cannot be overridden; rename it"), *Owner),
+			Log.Error(*FString::Printf(TEXT("'%s' is a function of '%s' that cannot be overridden; rename @@"),
+						  *Graph.GetName(), *Owner),
 				&Entry);
 		}
 		else if (!Function->IsSignatureCompatibleWith(Overridden))

@@ -95,17 +95,18 @@ void Spread(TArray<const UEdGraphNode*> Queue, TSet<const UEdGraphNode*>& InOutR
 	}
 }
 
-bool ReturnsValues(const UEdGraphNode& Result)
+/** Whether a return node gives a value that an author connected, or any value where the function does something. */
+bool IsMissed(const UEdGraphNode& Result, bool bFunctionActs)
 {
-	return Result.Pins.ContainsByPredicate(
-		[](const UEdGraphPin* Pin) { return Pin && Pin->Direction == EGPD_Input && !FSchema::IsExecPin(*Pin); });
+	return Result.Pins.ContainsByPredicate([bFunctionActs](const UEdGraphPin* Pin)
+		{ return Pin && !FSchema::IsExecPin(*Pin) && (bFunctionActs || !Pin->LinkedTo.IsEmpty()); });
 }
 
 /** A node that somebody has to execute, and that is not wrong already. */
-bool WaitsForExecution(const UEdGraphNode* Node)
+bool WaitsForExecution(const UEdGraphNode* Node, bool bGraphActs)
 {
 	if (!IsCompiled(Node) || ExactCast<UK2Node_Tunnel>(const_cast<UEdGraphNode*>(Node)) || !FindExecInput(*Node)
-		|| (Node->IsA<UK2Node_FunctionResult>() && !ReturnsValues(*Node)))
+		|| (Node->IsA<UK2Node_FunctionResult>() && !IsMissed(*Node, bGraphActs)))
 	{
 		return false;
 	}
@@ -196,14 +197,17 @@ void CheckReachability(const UEdGraph& Graph, FCompilerResultsLog& Log)
 			Starts.Add(Node);
 		}
 	}
+	const int32 NumStarts = Starts.Num();
 	Spread(MoveTemp(Starts), Reached);
+	const bool bGraphActs = Reached.Num() > NumStarts;
 	// First those that nothing leads to; what is left then goes round in rings or hangs on what is
 	// disabled, each told once.
 	for (const bool bRings : {false, true})
 	{
 		for (const UEdGraphNode* const Node : Graph.Nodes)
 		{
-			if (Reached.Contains(Node) || !WaitsForExecution(Node) || (!bRings && HasLinkedExecInput(*Node)))
+			if (Reached.Contains(Node) || !WaitsForExecution(Node, bGraphActs)
+				|| (!bRings && HasLinkedExecInput(*Node)))
 			{
 				continue;
 			}
