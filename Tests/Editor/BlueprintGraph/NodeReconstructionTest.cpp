@@ -2,6 +2,7 @@
 
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
+#include "K2Node_CustomEvent.h"
 #include "K2Node_SwitchInteger.h"
 #include "NodeTests.h"
 
@@ -141,6 +142,30 @@ TEST(Reconstruction, ASplitPinWithoutASuccessorStaysWithItsMembers)
 	GetDefault<UEdGraphSchema_K2>()->RecombinePin(Call.Input(TEXT("A_X")));
 	Retarget(Call, TEXT("RandomFloat"));
 	EXPECT_EQ(Orphans(*Call.Node), "");
+}
+
+TEST(Reconstruction, AMemberMayLiveOnWhereItsStructDoesNot)
+{
+	const FBlueprintBuilder Blueprint;
+	FGraphBuilder Graph = Blueprint.EventGraph();
+	UK2Node_CustomEvent* const Event = Graph.Add<UK2Node_CustomEvent>();
+	FEdGraphPinType Real = FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Real);
+	Real.PinSubCategory = UEdGraphSchema_K2::PC_Double;
+	Event->CreateUserDefinedPin(TEXT("Place"),
+		FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Struct, Struct(TEXT("/Script/CoreUObject.Vector"))), EGPD_Output,
+		false);
+	GetDefault<UEdGraphSchema_K2>()->SplitPin(Event->FindPin(TEXT("Place")));
+	UEdGraphPin* const X = Graph.Call(Math, TEXT("Sqrt")).Input(TEXT("A"));
+	UEdGraphPin* const Y = Graph.Call(Math, TEXT("Sqrt")).Input(TEXT("A"));
+	ASSERT_TRUE(Connect(Event->FindPin(TEXT("Place_X")), X));
+	ASSERT_TRUE(Connect(Event->FindPin(TEXT("Place_Y")), Y));
+	Event->UserDefinedPins[0]->PinName = TEXT("Place_X");
+	Event->UserDefinedPins[0]->PinType = Real;
+	Event->ReconstructNode();
+	EXPECT_EQ(Orphans(*Event), "Place(0) Place_Y(1) Place_Z(0)");
+	EXPECT_EQ(X->LinkedTo[0], Event->FindPin(TEXT("Place_X")));
+	EXPECT_EQ(X->LinkedTo[0]->ParentPin, nullptr);
+	EXPECT_EQ(Event->FindPin(TEXT("Place"))->SubPins.Num(), 2);
 }
 
 TEST(Reconstruction, TheOrderOfLinksIsThatOfBefore)

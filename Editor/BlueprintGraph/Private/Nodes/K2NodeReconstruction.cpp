@@ -119,6 +119,7 @@ void MarkAsOrphan(UEdGraphPin& Pin, const TSet<UEdGraphPin*>& Unmatched)
 		Pin.ParentPin->SubPins.Remove(&Pin);
 		Pin.ParentPin = nullptr;
 	}
+	Pin.ReferencePassThroughConnection = nullptr;
 	Pin.bOrphanedPin = true;
 	Pin.bNotConnectable = true;
 	Pin.bHidden = !Pin.SubPins.IsEmpty();
@@ -180,12 +181,7 @@ void UK2Node::DestroyPinList(TArray<UEdGraphPin*>& InPins)
 	for (UEdGraphPin* const Pin : InPins)
 	{
 		Pin->BreakAllPinLinks();
-	}
-	// Sub pins refer to their parents while they die, so the lists are emptied first.
-	for (UEdGraphPin* const Pin : InPins)
-	{
-		Pin->SubPins.Empty();
-		Pin->ParentPin = nullptr;
+		// Text of any origin may let a pin name another one-sidedly, which would outlive that one here.
 		Pin->ReferencePassThroughConnection = nullptr;
 	}
 	for (UEdGraphPin* const Pin : InPins)
