@@ -5,9 +5,9 @@
 
 namespace AssetOperationKeywordText
 {
-bool IsOneOf(const FString& Word, std::initializer_list<const TCHAR*> Names)
+bool IsOneOf(FStringView Word, std::initializer_list<FStringView> Names)
 {
-	for (const TCHAR* const Name : Names)
+	for (const FStringView Name : Names)
 	{
 		if (Word.Equals(Name, ESearchCase::CaseSensitive))
 		{
@@ -185,9 +185,9 @@ TArray<FString> JoinCastTarget(const TArray<FString>& Words)
 }
 
 /** The words that authors mean: shorthand spelled out, and no "convert" before "integer to string". */
-TArray<FString> GetWords(const FString& Text)
+TArray<FString> GetWords(const TArray<FString>& Written)
 {
-	TArray<FString> Words = KeywordWords::ExpandShorthand(KeywordWords::Split(Text));
+	TArray<FString> Words = KeywordWords::ExpandShorthand(Written);
 	if (Words.Num() == 4 && IsOneOf(Words[0], {TEXT("convert"), TEXT("parse")}) && IsOneOf(Words[2], {TEXT("to")}))
 	{
 		Words.RemoveAt(0);
@@ -259,7 +259,8 @@ TArray<FString> FAssetOperationBase::CreateKeywords(const FString& Text)
 	const FString Title = StripQualifier(TakeNodeClasses(Text, NodeClasses).TrimStartAndEnd());
 	if (!Title.IsEmpty())
 	{
-		const TArray<FString> Words = GetWords(Title);
+		const TArray<FString> Written = KeywordWords::Split(Title);
+		const TArray<FString> Words = GetWords(Written);
 		for (const FString& Word : DropJoints(Words))
 		{
 			Keywords.AddUnique(Word);
@@ -290,8 +291,8 @@ TArray<FString> FAssetOperationBase::CreateKeywords(const FString& Text)
 		{
 			Keywords.AddUnique(MakeWhole(Turned));
 		}
-		const bool bShorthand = KeywordWords::IsShorthand(KeywordWords::Split(Title));
-		if (!Words.IsEmpty() && !bShorthand && Title.Contains(TEXT("s"), ESearchCase::IgnoreCase))
+		if (!Words.IsEmpty() && !KeywordWords::IsShorthand(Written)
+			&& Title.Contains(TEXT("s"), ESearchCase::IgnoreCase))
 		{
 			// "Get Components" is not "Get Component", where both are titles.
 			Keywords.AddUnique(MakeWhole(KeywordWords::Split(Title, true)));

@@ -1,5 +1,6 @@
 #include "KeywordWords.h"
 
+#include "KeywordIndex.h"
 #include "KeywordWordTables.h"
 
 namespace KeywordWordImpl
@@ -153,13 +154,14 @@ bool IsWordBoundary(FStringView Run, int32 Index)
 	return FChar::IsUpper(At) && (FChar::IsLower(Before) || (FChar::IsUpper(Before) && bLowerFollows));
 }
 
-void SplitRun(FStringView Run, bool bKeepPlurals, TArray<FString>& OutWords)
+TArray<FString> SplitRun(FStringView Run, bool bKeepPlurals)
 {
+	TArray<FString> OutWords;
 	const FString Lower = FString(Run).ToLower();
 	if (FLookup::Get().Spelling.Contains(Lower))
 	{
 		AddWord(Run, bKeepPlurals, OutWords); // "FlipFlop" and "Int32" are known as they stand
-		return;
+		return OutWords;
 	}
 	int32 Start = HasTypeLetter(Run) ? 1 : 0;
 	for (int32 Index = Start + 1; Index < Run.Len(); ++Index)
@@ -171,6 +173,27 @@ void SplitRun(FStringView Run, bool bKeepPlurals, TArray<FString>& OutWords)
 		}
 	}
 	AddWord(Run.Mid(Start), bKeepPlurals, OutWords);
+	return OutWords;
+}
+
+/** Tens of thousands of titles are made of a few thousand runs of letters, so what became of each is kept. */
+void AppendRun(FStringView Run, bool bKeepPlurals, TArray<FString>& OutWords)
+{
+	constexpr int32 MaxKept = 50000;
+	using FRuns = TMap<FString, TArray<FString>, FDefaultSetAllocator, FKeywordTextKeyFuncs>;
+	static FRuns Kept[2];
+	FRuns& Known = Kept[bKeepPlurals ? 1 : 0];
+	const FString Key(Run);
+	const TArray<FString>* Words = Known.Find(Key);
+	if (!Words)
+	{
+		if (Known.Num() >= MaxKept)
+		{
+			Known.Reset();
+		}
+		Words = &Known.Add(Key, SplitRun(Run, bKeepPlurals));
+	}
+	OutWords.Append(*Words);
 }
 
 /** Reads one sign and answers its length; what is no operator separates and has length one. */
@@ -258,7 +281,7 @@ TArray<FString> KeywordWords::Split(FStringView Text, bool bKeepPlurals)
 		{
 			++Index;
 		}
-		KeywordWordImpl::SplitRun(Text.Mid(Start, Index - Start), bKeepPlurals, Words);
+		KeywordWordImpl::AppendRun(Text.Mid(Start, Index - Start), bKeepPlurals, Words);
 	}
 	return Words;
 }

@@ -13,7 +13,8 @@ bool StartsWithSmallWord(FStringView Rest)
 {
 	for (const FStringView Word : SmallWords)
 	{
-		if (Rest.Len() > Word.Len() && Rest.StartsWith(Word, ESearchCase::CaseSensitive)
+		// Hardly any word gets past its first letter.
+		if (Word[0] == Rest[0] && Rest.Len() > Word.Len() && Rest.StartsWith(Word, ESearchCase::CaseSensitive)
 			&& !FChar::IsLower(Rest[Word.Len()]))
 		{
 			return true;
@@ -77,6 +78,8 @@ FString FName::NameToDisplayString(const FString& InDisplayName, bool bIsBool)
 		Rest.RemovePrefix(1);
 	}
 	NameDisplayString::FTitleWriter Writer;
+	constexpr int32 RoomForBlanks = 8;
+	Writer.Title.Reserve(Rest.Len() + RoomForBlanks);
 	for (; !Rest.IsEmpty(); Rest.RemovePrefix(1))
 	{
 		Writer.Write(Rest);
