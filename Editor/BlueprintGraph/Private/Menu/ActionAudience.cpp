@@ -159,8 +159,8 @@ bool FActionAudience::IsOffered(const FBlueprintAction& Action)
 
 TSharedPtr<FBlueprintActionMenuItem> FActionAudience::GetItem(const FBlueprintAction& Action) const
 {
-	const bool bReadAsMember = Blueprint ? Classes.Contains(Action.MemberOf) : Action.bNamedAsMember;
-	if (Action.OtherCategory.IsEmpty() || bReadAsMember == Action.bNamedAsMember)
+	const bool bHasOtherWords = Blueprint && !Action.OtherCategory.IsEmpty();
+	if (!bHasOtherWords || Classes.Contains(Action.MemberOf) == Action.bNamedAsMember)
 	{
 		return Action.Item;
 	}
