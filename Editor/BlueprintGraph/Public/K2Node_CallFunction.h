@@ -53,6 +53,7 @@ public:
 	static bool CanFunctionSupportMultipleTargets(const UFunction* InFunction);
 
 	bool IsNodePure() const override;
+	bool IsLatentForMacros() const override { return IsLatentFunction(); }
 	bool AllowMultipleSelfs(bool bInputAsArray) const override;
 	void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,
 		const FName& InOldFuncName, const FName& InNewFuncName) override;

@@ -49,6 +49,9 @@ public:
 	FText GetCompactNodeTitle() const override;
 	UObject* GetJumpTargetForDoubleClick() const override;
 	bool IsCompatibleWithGraph(const UEdGraph* Graph) const override;
+	bool IsLatentForMacros() const override;
+	/** A Blueprint's own macros stay with it; a library's go to Blueprints of its class. Functions take none that wait.
+	 */
 	bool CanPasteHere(const UEdGraph* TargetGraph) const override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
 

@@ -292,6 +292,38 @@ TEST(InputNodes, StandWhereAPlayersInputArrives)
 	}
 }
 
+TEST(Pasting, WhatWaitsAndWhatIsAnothersStaysOut)
+{
+	const FBlueprintBuilder Actor;
+	UEdGraph* const Events = Actor.EventGraph().Get();
+	UEdGraph* const Function = Actor.Function(TEXT("Work")).Get();
+	const auto MacroOf = [Events](UEdGraph* Graph) {
+		return Make<UK2Node_MacroInstance>(Events, [Graph](UK2Node_MacroInstance& Node) { Node.SetMacroGraph(Graph); });
+	};
+	struct FCase
+	{
+		const char* Name;
+		const UK2Node* Node;
+		const UEdGraph* Graph;
+		bool bAllowed;
+	};
+	static const FName Authority(TEXT("Switch Has Authority"));
+	UEdGraph* const ActorMacro = StandardMacros::FindMacro(Authority, StandardMacros::ActorPackageName);
+	UEdGraph* const ComponentMacro = StandardMacros::FindMacro(Authority, StandardMacros::ActorComponentPackageName);
+	UEdGraph* const Loop = StandardMacros::FindMacro(FName(TEXT("ForLoop")));
+	const UK2Node* const Delay = CallOf<UK2Node_CallFunction>(Events, System, TEXT("Delay"));
+	const UK2Node* const Print = CallOf<UK2Node_CallFunction>(Events, System, TEXT("PrintString"));
+	const FCase Cases[] = {{"a wait among events", Delay, Events, true},
+		{"a wait in a function", Delay, Function, false}, {"a print in a function", Print, Function, true},
+		{"a loop in a function", MacroOf(Loop), Function, true},
+		{"an actor's macro in an actor", MacroOf(ActorMacro), Events, true},
+		{"a component's macro in an actor", MacroOf(ComponentMacro), Events, false}};
+	for (const FCase& Case : Cases)
+	{
+		EXPECT_EQ(Case.Node->CanPasteHere(Case.Graph), Case.bAllowed) << Case.Name;
+	}
+}
+
 TEST(StandardMacros, LibrariesAreFoundByPathAndFitTheirClass)
 {
 	struct FCase

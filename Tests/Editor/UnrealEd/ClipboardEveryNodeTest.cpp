@@ -57,7 +57,8 @@ TEST(Clipboard, EveryKindOfNodeIsCopiedAsItIs)
 		{
 			continue;
 		}
-		if (IsOneOfAKind(*Node))
+		const UK2Node* const K2Node = Cast<UK2Node>(Node);
+		if (IsOneOfAKind(*Node) || (K2Node && !K2Node->CanPasteHere(Graph)))
 		{
 			Node->DestroyNode();
 			continue;

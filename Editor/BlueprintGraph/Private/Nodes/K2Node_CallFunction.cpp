@@ -271,7 +271,13 @@ FText UK2Node_CallFunction::GetKeywords() const
 
 bool UK2Node_CallFunction::CanPasteHere(const UEdGraph* TargetGraph) const
 {
-	return Super::CanPasteHere(TargetGraph);
+	if (!Super::CanPasteHere(TargetGraph) || !TargetGraph || !TargetGraph->GetSchema())
+	{
+		return false;
+	}
+	const bool bIsFunction = TargetGraph->GetSchema()->GetGraphType(TargetGraph) == GT_Function;
+	return !(bIsFunction && IsLatentFunction())
+		&& (IsNodePure() || GetK2Schema()->DoesGraphSupportImpureFunctions(TargetGraph));
 }
 
 bool UK2Node_CallFunction::IsStructureWildcardProperty(const UFunction* InFunction, FName PropertyName)

@@ -263,9 +263,57 @@ bool UK2Node_MacroInstance::IsCompatibleWithGraph(const UEdGraph* Graph) const
 	return Super::IsCompatibleWithGraph(Graph);
 }
 
+namespace MacroInstances
+{
+/** Whether something in the graph goes on later, in macros that it uses and graphs collapsed in it too. */
+bool HoldsLatent(const UEdGraph& Graph, TSet<const UEdGraph*>& Seen)
+{
+	if (Seen.Contains(&Graph))
+	{
+		return false;
+	}
+	Seen.Add(&Graph);
+	for (UEdGraphNode* const Node : Graph.Nodes)
+	{
+		const UK2Node_MacroInstance* const Macro = Cast<UK2Node_MacroInstance>(Node);
+		const UEdGraph* const Inner = Macro ? Macro->GetMacroGraph() : nullptr;
+		const UK2Node* const Own = Macro ? nullptr : Cast<UK2Node>(Node);
+		if ((Own && Own->IsLatentForMacros()) || (Inner && HoldsLatent(*Inner, Seen)))
+		{
+			return true;
+		}
+	}
+	return Graph.SubGraphs.ContainsByPredicate(
+		[&Seen](const UEdGraph* Inner) { return Inner && HoldsLatent(*Inner, Seen); });
+}
+
+bool IsWithinReach(const UBlueprint* Source, const UBlueprint* Target)
+{
+	if (!Source || !Target || Source == Target)
+	{
+		return true;
+	}
+	const UClass* const Parent = Target->ParentClass.Get();
+	return Source->BlueprintType == BPTYPE_MacroLibrary && Parent && Parent->IsChildOf(Source->ParentClass.Get());
+}
+} // namespace MacroInstances
+
+bool UK2Node_MacroInstance::IsLatentForMacros() const
+{
+	TSet<const UEdGraph*> Seen;
+	const UEdGraph* const MacroGraph = GetMacroGraph();
+	return MacroGraph && MacroInstances::HoldsLatent(*MacroGraph, Seen);
+}
+
 bool UK2Node_MacroInstance::CanPasteHere(const UEdGraph* TargetGraph) const
 {
-	return IsCompatibleWithGraph(TargetGraph) && Super::CanPasteHere(TargetGraph);
+	if (!IsCompatibleWithGraph(TargetGraph) || !Super::CanPasteHere(TargetGraph))
+	{
+		return false;
+	}
+	const bool bIsFunction = TargetGraph->GetSchema()->GetGraphType(TargetGraph) == GT_Function;
+	return MacroInstances::IsWithinReach(MacroGraphReference.GetBlueprint(), TargetGraph->GetTypedOuter<UBlueprint>())
+		&& !(bIsFunction && IsLatentForMacros());
 }
 
 void UK2Node_MacroInstance::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const

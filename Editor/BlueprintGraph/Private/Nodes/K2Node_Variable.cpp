@@ -179,7 +179,10 @@ void UK2Node_Variable::ValidateNodeDuringCompilation(FCompilerResultsLog& Messag
 
 bool UK2Node_Variable::CanPasteHere(const UEdGraph* TargetGraph) const
 {
-	return Super::CanPasteHere(TargetGraph);
+	// A macro library has no variables: its macros run in whatever Blueprint uses them.
+	const UBlueprint* const Blueprint = TargetGraph ? TargetGraph->GetTypedOuter<UBlueprint>() : nullptr;
+	const bool bHasNone = Blueprint && Blueprint->BlueprintType == BPTYPE_MacroLibrary;
+	return Super::CanPasteHere(TargetGraph) && !(bHasNone && VariableReference.IsSelfContext());
 }
 
 FText UK2Node_Variable::GetMenuCategory() const
