@@ -65,6 +65,13 @@ TEST(PromotableOperator, TheOverloadFollowsWhatIsLinked)
 		ASSERT_TRUE(!*Case.B || Connect(Source(Graph, Case.B), Node->FindPin(TEXT("B")))) << Label;
 		EXPECT_EQ(Bound(*Node), Case.Function) << Label;
 		EXPECT_EQ(DataPins(*Node), Case.Pins) << Label;
+		for (const UEdGraphPin* const Pin : Node->Pins)
+		{
+			EXPECT_EQ(ToStd(Node->GetK2Schema()->IsPinDefaultValid(
+						  Pin, Pin->DefaultValue, Pin->DefaultObject, Pin->DefaultTextValue)),
+				"")
+				<< Label << ", the default of " << ToStd(Pin->GetName());
+		}
 		Node->ReconstructNode();
 		EXPECT_EQ(DataPins(*Node), Case.Pins) << Label << ", made anew";
 	}

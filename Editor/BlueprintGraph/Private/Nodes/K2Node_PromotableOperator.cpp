@@ -121,12 +121,10 @@ bool UK2Node_PromotableOperator::HasConnectionsOrDefaults() const
 
 void UK2Node_PromotableOperator::ConvertPinType(UEdGraphPin* PinToChange, const FEdGraphPinType NewPinType)
 {
-	if (!PinToChange || PinToChange->PinType == NewPinType)
+	if (PinToChange && WildcardTypes::Adopt(*PinToChange, NewPinType))
 	{
-		return;
+		UpdateFromBestMatchingFunction();
 	}
-	PinToChange->PinType = NewPinType;
-	UpdateFromBestMatchingFunction();
 }
 
 void UK2Node_PromotableOperator::ResetNodeToWildcard()
@@ -229,11 +227,11 @@ void UK2Node_PromotableOperator::PinConnectionListChanged(UEdGraphPin* Pin)
 		FEdGraphPinType Linked;
 		if (WildcardTypes::FindLinkedType({Input}, Linked))
 		{
-			WildcardTypes::SetTerminal(*Input, Linked);
+			WildcardTypes::Adopt(*Input, Linked);
 		}
 		else if (!WildcardTypes::IsAnyTypedIn({Input}))
 		{
-			WildcardTypes::SetTerminal(*Input, WildcardTypes::Open());
+			WildcardTypes::Adopt(*Input, WildcardTypes::Open());
 		}
 	}
 	UEdGraphPin* const Output = GetOutputPin();
