@@ -70,6 +70,29 @@ TEST(NodeFamilies, MakingTheSamePinsAnewChangesNothing)
 	}
 }
 
+TEST(NodeFamilies, ExactlyTheImpureOnesHaveExecutionPins)
+{
+	// Unbound, these have not the pins yet that their purity speaks of.
+	const TSet<FName> Unready = {FName(TEXT("K2Node_Tunnel")), FName(TEXT("K2Node_Composite")),
+		FName(TEXT("K2Node_MacroInstance")), FName(TEXT("K2Node_SetFieldsInStruct")),
+		FName(TEXT("K2Node_PromotableOperator"))};
+	const FBlueprintBuilder Blueprint;
+	UEdGraph* const Graph = Blueprint.EventGraph().Get();
+	for (UClass* const Class : ConcreteClasses())
+	{
+		if (Unready.Contains(Class->GetFName()) || Class->GetName().StartsWith(TEXT("AnimGraphNode_")))
+		{
+			continue;
+		}
+		UK2Node* const Node = CastChecked<UK2Node>(Graph->CreateNode(Class));
+		Node->AllocateDefaultPins();
+		const bool bHasExec = Node->Pins.ContainsByPredicate(
+			[](const UEdGraphPin* Pin) { return UEdGraphSchema_K2::IsExecPin(*Pin); });
+		EXPECT_EQ(bHasExec, !Node->IsNodePure()) << ToStd(Class->GetName()) << " " << PinNames(*Node);
+		Node->DestroyNode();
+	}
+}
+
 TEST(NodeFamilies, TitlesCategoriesPurityAndPins)
 {
 	EditorModules::StartEditor();
