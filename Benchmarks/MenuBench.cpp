@@ -2,6 +2,7 @@
 #include "BlueprintActionMenuUtils.h"
 #include "Boot/EditorModules.h"
 #include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
 
 #include <benchmark/benchmark.h>
 
@@ -52,6 +53,31 @@ void MenuWarm(benchmark::State& State)
 	Graph->MarkAsGarbage();
 }
 BENCHMARK(MenuWarm)->Unit(benchmark::kMillisecond);
+
+/** What an author sees who drags a link off a pin: each action is asked for a pin that fits. */
+void MenuForPin(benchmark::State& State)
+{
+	UEdGraph* const Graph = MakeGraph();
+	UBlueprint* const Blueprint = NewObject<UBlueprint>(GetTransientPackageAsObject());
+	Blueprint->ParentClass = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
+	UEdGraphNode* const Node = NewObject<UEdGraphNode>(Graph);
+	UEdGraphPin* const Pin = Node->CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Object, FName(TEXT("Dragged")));
+	Pin->PinType.PinSubCategoryObject = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Pawn"));
+	FBlueprintActionContext Context;
+	Context.Graphs.Add(Graph);
+	Context.Blueprints.Add(Blueprint);
+	Context.Pins.Add(Pin);
+	BuildMenu(Graph);
+	for (auto _ : State)
+	{
+		FBlueprintActionMenuBuilder Menu;
+		FBlueprintActionMenuUtils::MakeContextMenu(Context, true, EContextTargetFlags::ContextTargetFlagMask, Menu);
+		State.counters["actions"] = Menu.GetNumActions();
+	}
+	Blueprint->MarkAsGarbage();
+	Graph->MarkAsGarbage();
+}
+BENCHMARK(MenuForPin)->Unit(benchmark::kMillisecond);
 
 /** Every action of a sample placed and thrown away: what a populate run pays for a node. */
 void MenuSpawn(benchmark::State& State)
