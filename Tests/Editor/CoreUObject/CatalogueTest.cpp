@@ -384,11 +384,13 @@ TEST_F(Catalogue, EnumsNameTheirValuesInAllForms)
 		const char* Max;
 	} Cases[] = {
 		{TEXT("/Script/Engine.ECollisionChannel"), UEnum::ECppForm::Regular, TEXT("ECC_WorldStatic"), "ECC_WorldStatic",
-			"World Static", "ECC_MAX"},
+			"WorldStatic", "ECC_MAX"},
+		{TEXT("/Script/Engine.EInputEvent"), UEnum::ECppForm::Regular, TEXT("IE_DoubleClick"), "IE_DoubleClick",
+			"Double Click", "IE_MAX"},
 		{TEXT("/Script/Engine.ETimelineDirection"), UEnum::ECppForm::Namespaced, TEXT("Backward"),
 			"ETimelineDirection::Backward", "Backward", "ETimelineDirection::ETimelineDirection_MAX"},
 		{TEXT("/Script/UMG.ESlateVisibility"), UEnum::ECppForm::EnumClass, TEXT("SelfHitTestInvisible"),
-			"ESlateVisibility::SelfHitTestInvisible", "Self Hit Test Invisible",
+			"ESlateVisibility::SelfHitTestInvisible", "Not Hit-Testable (Self Only)",
 			"ESlateVisibility::ESlateVisibility_MAX"},
 	};
 	for (const FCase& Case : Cases)
