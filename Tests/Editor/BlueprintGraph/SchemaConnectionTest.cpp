@@ -3,7 +3,9 @@
 #include "BlueprintBuilder.h"
 #include "GraphBuilder.h"
 #include "K2Node_CallFunction.h"
+#include "K2Node_CustomEvent.h"
 #include "K2Node_DynamicCast.h"
+#include "K2Node_Knot.h"
 #include "K2Node_PromotableOperator.h"
 #include "K2Node_VariableGet.h"
 
@@ -232,6 +234,24 @@ TEST(SchemaConnection, ANodeIsToldWhenWhatItWasLinkedToIsGone)
 		bWholeNode ? Source->DestroyNode() : Schema.BreakSinglePinLink(Int, Operator->FindPin(TEXT("A")));
 		EXPECT_EQ(Operator->GetOutputPin()->PinType.PinCategory, UEdGraphSchema_K2::PC_Wildcard) << bWholeNode;
 	}
+}
+
+TEST(SchemaConnection, WhatIsLinkedByTheRulesCompiles)
+{
+	const FBlueprintBuilder Blueprint;
+	FGraphBuilder Events = Blueprint.EventGraph();
+	const UEdGraphSchema_K2& Schema = *GetDefault<UEdGraphSchema_K2>();
+	UK2Node_CustomEvent* const Start = Events.Add<UK2Node_CustomEvent>();
+	UK2Node_Knot* const Reroute = Events.Add<UK2Node_Knot>();
+	UK2Node* const All = Call(*Events.Get(), TEXT("GameplayStatics"), TEXT("GetAllActorsWithTag"));
+	UK2Node* const Destroy = Call(*Events.Get(), TEXT("Actor"), TEXT("K2_DestroyActor"));
+	// Execution goes through a reroute, and the call is made on each of the actors.
+	ASSERT_TRUE(Schema.TryCreateConnection(Start->FindPin(TEXT("then")), Reroute->GetInputPin()));
+	EXPECT_FALSE(Reroute->IsNodePure());
+	ASSERT_TRUE(Schema.TryCreateConnection(Reroute->GetOutputPin(), All->FindPin(TEXT("execute"))));
+	ASSERT_TRUE(Schema.TryCreateConnection(All->FindPin(TEXT("then")), Destroy->FindPin(TEXT("execute"))));
+	ASSERT_TRUE(Schema.TryCreateConnection(All->FindPin(TEXT("OutActors")), Destroy->FindPin(TEXT("self"))));
+	EXPECT_TRUE(Blueprint.Compiles());
 }
 
 TEST(SchemaConnection, BreakingTellsBothSidesAndDirtiesTheBlueprint)

@@ -48,6 +48,8 @@ static const FRow Rows[] = {{TEXT("bool"), TEXT("true"), true, nullptr}, {TEXT("
 	{TEXT("c:Actor"), TEXT("Class'/Script/Engine.Pawn'"), true, TEXT("")},
 	{TEXT("c:Actor"), TEXT("NoSuchClass"), false, nullptr},
 	{TEXT("so:StaticMesh"), TEXT("/Game/Meshes/SM_Cube.SM_Cube"), true, nullptr},
+	{TEXT("so:StaticMesh"), TEXT("/Game/Meshes/SM_Cube"), true, nullptr},
+	{TEXT("so:StaticMesh"), TEXT("StaticMesh'/Game/SM_Cube.SM_Cube'"), true, TEXT("/Game/SM_Cube.SM_Cube")},
 	{TEXT("so:StaticMesh"), TEXT("a cube"), false, nullptr}, {TEXT("so:StaticMesh"), TEXT("None"), true, nullptr},
 	{TEXT("sc:Actor"), TEXT("/Game/BP_Door.BP_Door_C"), true, nullptr},
 	{TEXT("sc:Actor"), TEXT("BP_Door"), false, nullptr},

@@ -8,6 +8,12 @@ IMPLEMENT_EDITOR_CLASS(UK2Node_Knot, "/Script/BlueprintGraph", CLASS_None)
 
 void UK2Node_Knot::DescribeClass(FClassDescriber&) {}
 
+bool UK2Node_Knot::IsNodePure() const
+{
+	const UEdGraphPin* const Input = GetInputPin();
+	return !Input || !UEdGraphSchema_K2::IsExecPin(*Input);
+}
+
 void UK2Node_Knot::AllocateDefaultPins()
 {
 	UEdGraphPin* const Input = CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Wildcard, FName(TEXT("InputPin")));

@@ -322,6 +322,12 @@ void FGraphValidator::CheckLinkTypes(const UEdGraphPin& Output, const UEdGraphPi
 	{
 		return;
 	}
+	// Some links stand though the types differ: an array of targets is called on one after the other. The schema knows,
+	// and is asked about what the types alone do not settle.
+	if (K2->CanCreateConnection(&Output, &Input).CanSafeConnect())
+	{
+		return;
+	}
 	const FString From = UEdGraphSchema_K2::TypeToText(Output.PinType).ToString();
 	const FString To = UEdGraphSchema_K2::TypeToText(Input.PinType).ToString();
 	Log.Error(*FString::Printf(TEXT("@@ can't be connected to @@ since %s is not compatible with %s."), *From, *To),
