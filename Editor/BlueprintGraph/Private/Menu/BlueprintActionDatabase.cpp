@@ -96,6 +96,42 @@ TArray<FAssetData> ListUnloadedBlueprints()
 		.FilterByPredicate([](const FAssetData& Asset) { return !Asset.IsAssetLoaded(); });
 }
 
+/** An asset that the menu is about, and the type that it is, if it is one. */
+struct FOfferedAsset
+{
+	FAssetData Asset;
+	UField* Type = nullptr;
+};
+
+/** Blueprints that are not in memory, input actions, and the structs and enums of the project, which are loaded. */
+TArray<FOfferedAsset> ListOfferedAssets(const TArray<FAssetData>& UnloadedBlueprints)
+{
+	TArray<FOfferedAsset> Offered;
+	for (const FAssetData& Asset : UnloadedBlueprints)
+	{
+		// Libraries were loaded since.
+		if (!Asset.IsAssetLoaded())
+		{
+			Offered.Add({Asset});
+		}
+	}
+	for (const FAssetData& Asset : ListAssets(TEXT("/Script/EnhancedInput.InputAction")))
+	{
+		Offered.Add({Asset});
+	}
+	for (const TCHAR* const Kind : {TEXT("/Script/Engine.UserDefinedStruct"), TEXT("/Script/Engine.UserDefinedEnum")})
+	{
+		for (const FAssetData& Asset : ListAssets(Kind))
+		{
+			if (UField* const Type = Cast<UField>(Asset.GetAsset()))
+			{
+				Offered.Add({Asset, Type});
+			}
+		}
+	}
+	return Offered;
+}
+
 /** Blueprints that are there to stay: assets, and libraries that are made in memory at a path of their own. */
 bool Lasts(const UBlueprint& Blueprint)
 {
@@ -217,47 +253,27 @@ void FBlueprintActionDatabase::UpdateAssets(const TArray<FAssetData>& UnloadedBl
 		Standing.Add(Assets[Index].Path, Index);
 	}
 	TArray<FAssetEntry> Updated;
-	const auto Take = [this, &Standing, &Updated](const FAssetData& Asset, UField* Type)
+	for (const ActionDatabase::FOfferedAsset& Offered : ActionDatabase::ListOfferedAssets(UnloadedBlueprints))
 	{
-		FString Path = Asset.GetObjectPathString();
+		FString Path = Offered.Asset.GetObjectPathString();
 		const int32* const Index = Standing.Find(Path);
+		FAssetEntry* const Known = Index ? &Assets[*Index] : nullptr;
 		// A change of case is a change of words.
-		if (Index && Assets[*Index].Path.Equals(Path, ESearchCase::CaseSensitive) && Assets[*Index].Type.Get() == Type)
+		if (Known && Known->Path.Equals(Path, ESearchCase::CaseSensitive) && Known->Type.Get() == Offered.Type)
 		{
-			Updated.Add(MoveTemp(Assets[*Index]));
-			return;
+			Updated.Add(MoveTemp(*Known));
+			continue;
 		}
 		FAssetEntry& Entry = Updated.AddDefaulted_GetRef();
 		Entry.Path = MoveTemp(Path);
-		Entry.Type = Type;
-		if (Type)
+		Entry.Type = Offered.Type;
+		if (Offered.Type)
 		{
-			AddType(Type, Entry.Actions);
+			AddType(Offered.Type, Entry.Actions);
 		}
 		else
 		{
-			ActionSources::AddAsset(Asset, Entry.Actions);
-		}
-	};
-	for (const FAssetData& Asset : UnloadedBlueprints)
-	{
-		if (!Asset.IsAssetLoaded())
-		{
-			Take(Asset, nullptr);
-		}
-	}
-	for (const FAssetData& Asset : ActionDatabase::ListAssets(TEXT("/Script/EnhancedInput.InputAction")))
-	{
-		Take(Asset, nullptr);
-	}
-	for (const TCHAR* const Kind : {TEXT("/Script/Engine.UserDefinedStruct"), TEXT("/Script/Engine.UserDefinedEnum")})
-	{
-		for (const FAssetData& Asset : ActionDatabase::ListAssets(Kind))
-		{
-			if (UField* const Type = Cast<UField>(Asset.GetAsset()))
-			{
-				Take(Asset, Type);
-			}
+			ActionSources::AddAsset(Offered.Asset, Entry.Actions);
 		}
 	}
 	for (FAssetEntry& Left : Assets)
