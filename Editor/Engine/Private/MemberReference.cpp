@@ -1,5 +1,6 @@
 #include "Engine/MemberReference.h"
 
+#include "EdGraph/EdGraph.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintClassProvider.h"
 #include "UObject/NativeClass.h"
@@ -90,6 +91,24 @@ FGuid FindVariableGuid(const UClass* Owner, FName Name)
 	return FGuid();
 }
 
+/** The guid of a function's graph in the Blueprint that declares it; none for native functions and events. */
+FGuid FindFunctionGuid(const UClass* Owner, FName Name)
+{
+	const UBlueprint* const Blueprint = UBlueprint::GetBlueprintFromClass(Owner);
+	if (!Blueprint)
+	{
+		return FGuid();
+	}
+	for (const UEdGraph* const Graph : Blueprint->FunctionGraphs)
+	{
+		if (Graph && Graph->GetFName() == Name)
+		{
+			return Graph->GraphGuid;
+		}
+	}
+	return FGuid();
+}
+
 bool IsOwnOrInherited(const UClass* Owner, const UClass* Self)
 {
 	if (!Owner || !Self)
@@ -116,7 +135,8 @@ void FMemberReference::SetFromField(const UFunction* InField, bool bIsConsidered
 		SetGlobalField(InField->GetFName(), InField->GetOutermost());
 		return;
 	}
-	SetDirect(InField->GetFName(), FGuid(), Owner, bIsConsideredSelfContext);
+	SetDirect(InField->GetFName(), MemberReference::FindFunctionGuid(Owner, InField->GetFName()), Owner,
+		bIsConsideredSelfContext);
 }
 
 void FMemberReference::SetFromField(const FProperty* InField, UClass* SelfScope)

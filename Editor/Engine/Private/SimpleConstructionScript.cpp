@@ -1,13 +1,13 @@
 #include "Engine/SimpleConstructionScript.h"
 
 #include "Components/SceneComponent.h"
+#include "ConstructionScriptNodes.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
 #include "GameFramework/Actor.h"
 #include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(USimpleConstructionScript, "/Script/Engine", CLASS_None)
-IMPLEMENT_EDITOR_CLASS(USCS_Node, "/Script/Engine", CLASS_None)
 
 void USimpleConstructionScript::DescribeClass(FClassDescriber& Class)
 {
@@ -16,30 +16,8 @@ void USimpleConstructionScript::DescribeClass(FClassDescriber& Class)
 	Class.Property(TEXT("DefaultSceneRootNode"), &USimpleConstructionScript::DefaultSceneRootNode);
 }
 
-void USCS_Node::DescribeClass(FClassDescriber& Class)
-{
-	Class.Property(TEXT("ComponentClass"), &USCS_Node::ComponentClass);
-	Class.Property(TEXT("ComponentTemplate"), &USCS_Node::ComponentTemplate);
-	Class.Property(TEXT("CategoryName"), &USCS_Node::CategoryName);
-	Class.Property(TEXT("AttachToName"), &USCS_Node::AttachToName);
-	Class.Property(TEXT("ParentComponentOrVariableName"), &USCS_Node::ParentComponentOrVariableName);
-	Class.Property(TEXT("ParentComponentOwnerClassName"), &USCS_Node::ParentComponentOwnerClassName);
-	Class.Property(TEXT("bIsParentComponentNative"), &USCS_Node::bIsParentComponentNative);
-	Class.Property(TEXT("ChildNodes"), &USCS_Node::ChildNodes);
-	Class.Property(TEXT("VariableGuid"), &USCS_Node::VariableGuid);
-	Class.Property(TEXT("InternalVariableName"), &USCS_Node::InternalVariableName);
-}
-
 namespace ConstructionScript
 {
-/** Templates are told from instances by this ending. */
-const TCHAR* const TemplateSuffix = TEXT("_GEN_VARIABLE");
-
-FName TemplateName(FName VariableName)
-{
-	return FName(VariableName.ToString() + TemplateSuffix);
-}
-
 /** Where templates live: the generated class, as what instances are made from. */
 UObject* TemplateOuter(const USimpleConstructionScript& Script)
 {
@@ -63,18 +41,6 @@ bool IsVariableNameTaken(const USimpleConstructionScript& Script, FName Name)
 			|| Blueprint->NewVariables.ContainsByPredicate(
 				[Name](const FBPVariableDescription& Variable) { return Variable.VarName == Name; }));
 }
-
-void CollectBelow(USCS_Node* Node, TArray<USCS_Node*>& Out)
-{
-	Out.Add(Node);
-	for (USCS_Node* const Child : Node->ChildNodes)
-	{
-		if (Child)
-		{
-			CollectBelow(Child, Out);
-		}
-	}
-}
 } // namespace ConstructionScript
 
 USCS_Node* USimpleConstructionScript::CreateNode(UClass* NewComponentClass, FName NewComponentVariableName)
@@ -85,7 +51,7 @@ USCS_Node* USimpleConstructionScript::CreateNode(UClass* NewComponentClass, FNam
 	}
 	const FName VariableName = GenerateNewComponentName(NewComponentClass, NewComponentVariableName);
 	UObject* const TemplateOuter = ConstructionScript::TemplateOuter(*this);
-	const FName TemplateName = ConstructionScript::TemplateName(VariableName);
+	const FName TemplateName = ConstructionScriptNodes::TemplateName(VariableName);
 	MoveLeftoverAside(TemplateOuter, TemplateName);
 	UActorComponent* const Template = NewObject<UActorComponent>(TemplateOuter, NewComponentClass, TemplateName,
 		static_cast<EObjectFlags>(RF_ArchetypeObject | RF_Transactional | RF_Public));
@@ -128,7 +94,7 @@ void USimpleConstructionScript::AddNode(USCS_Node* Node)
 	Modify();
 	RootNodes.AddUnique(Node);
 	TArray<USCS_Node*> Added;
-	ConstructionScript::CollectBelow(Node, Added);
+	ConstructionScriptNodes::CollectBelow(Node, Added);
 	for (USCS_Node* const Below : Added)
 	{
 		AllNodes.AddUnique(Below);
@@ -172,7 +138,7 @@ void USimpleConstructionScript::RemoveNode(USCS_Node* Node, bool bValidateSceneR
 		Node->bIsParentComponentNative = false;
 	}
 	TArray<USCS_Node*> Removed;
-	ConstructionScript::CollectBelow(Node, Removed);
+	ConstructionScriptNodes::CollectBelow(Node, Removed);
 	for (USCS_Node* const Below : Removed)
 	{
 		AllNodes.Remove(Below);
@@ -190,7 +156,7 @@ TArray<USCS_Node*> USimpleConstructionScript::GetAllNodes() const
 	{
 		if (Root)
 		{
-			ConstructionScript::CollectBelow(Root, Nodes);
+			ConstructionScriptNodes::CollectBelow(Root, Nodes);
 		}
 	}
 	return Nodes;
@@ -380,134 +346,4 @@ FName USimpleConstructionScript::GenerateNewComponentName(const UClass* Componen
 		Candidate = FName(FString::Printf(TEXT("%s%d"), *Base, Number));
 	}
 	return Candidate;
-}
-
-void USCS_Node::SetVariableName(const FName& NewName, bool bRenameTemplate)
-{
-	if (bRenameTemplate && ComponentTemplate)
-	{
-		const FName TemplateName = ConstructionScript::TemplateName(NewName);
-		if (IsUniqueObjectName(TemplateName, ComponentTemplate->GetOuter()))
-		{
-			ComponentTemplate->Rename(*TemplateName.ToString());
-		}
-	}
-	InternalVariableName = NewName;
-}
-
-USimpleConstructionScript* USCS_Node::GetSCS() const
-{
-	return Cast<USimpleConstructionScript>(GetOuter());
-}
-
-TArray<USCS_Node*> USCS_Node::GetAllChildNodes() const
-{
-	TArray<USCS_Node*> Nodes;
-	for (USCS_Node* const Child : ChildNodes)
-	{
-		ConstructionScript::CollectBelow(Child, Nodes);
-	}
-	return Nodes;
-}
-
-void USCS_Node::AddChildNode(USCS_Node* InNode, bool bAddToAllNodes)
-{
-	if (!InNode || ChildNodes.Contains(InNode))
-	{
-		return;
-	}
-	Modify();
-	ChildNodes.Add(InNode);
-	USimpleConstructionScript* const Script = GetSCS();
-	if (!Script || !bAddToAllNodes)
-	{
-		return;
-	}
-	TArray<USCS_Node*> Added;
-	ConstructionScript::CollectBelow(InNode, Added);
-	for (USCS_Node* const Below : Added)
-	{
-		Script->AllNodes.AddUnique(Below);
-	}
-}
-
-void USCS_Node::RemoveChildNode(USCS_Node* InNode, bool bRemoveFromAllNodes)
-{
-	Modify();
-	ChildNodes.Remove(InNode);
-	if (USimpleConstructionScript* const Script = GetSCS(); Script && bRemoveFromAllNodes)
-	{
-		Script->AllNodes.Remove(InNode);
-	}
-}
-
-void USCS_Node::MoveChildNodes(USCS_Node* SourceNode, int32 InsertLocation)
-{
-	if (SourceNode == this)
-	{
-		return;
-	}
-	Modify();
-	SourceNode->Modify();
-	int32 Index = InsertLocation == INDEX_NONE ? ChildNodes.Num() : InsertLocation;
-	for (USCS_Node* const Child : SourceNode->ChildNodes)
-	{
-		ChildNodes.Insert(Child, Index);
-		++Index;
-	}
-	SourceNode->ChildNodes.Empty();
-}
-
-USceneComponent* USCS_Node::GetParentComponentTemplate(UBlueprint* InBlueprint) const
-{
-	if (ParentComponentOrVariableName.IsNone())
-	{
-		const USimpleConstructionScript* const Script = GetSCS();
-		const USCS_Node* const Parent = Script ? Script->FindParentNode(this) : nullptr;
-		return Parent ? Cast<USceneComponent>(Parent->ComponentTemplate.Get()) : nullptr;
-	}
-	if (bIsParentComponentNative)
-	{
-		UClass* const Parent = InBlueprint ? InBlueprint->ParentClass.Get() : nullptr;
-		return Parent ? Cast<USceneComponent>(Parent->GetDefaultSubobjectByName(ParentComponentOrVariableName))
-					  : nullptr;
-	}
-	for (const UBlueprint* Above = InBlueprint; Above;
-		 Above = UBlueprint::GetBlueprintFromClass(Above->ParentClass.Get()))
-	{
-		const USimpleConstructionScript* const Script = Above->SimpleConstructionScript;
-		const USCS_Node* const Node = Script ? Script->FindSCSNode(ParentComponentOrVariableName) : nullptr;
-		if (Node && Above->GeneratedClass.Get()->GetFName() == ParentComponentOwnerClassName)
-		{
-			return Cast<USceneComponent>(Node->ComponentTemplate.Get());
-		}
-	}
-	return nullptr;
-}
-
-bool USCS_Node::IsChildOf(const USCS_Node* TestParent) const
-{
-	return TestParent && TestParent->GetAllChildNodes().Contains(const_cast<USCS_Node*>(this));
-}
-
-bool USCS_Node::IsRootNode() const
-{
-	const USimpleConstructionScript* const Script = GetSCS();
-	return Script && Script->RootNodes.Contains(const_cast<USCS_Node*>(this));
-}
-
-void USCS_Node::SetParent(const USCS_Node* InParentNode)
-{
-	const USimpleConstructionScript* const ParentScript = InParentNode->GetSCS();
-	const UClass* const OwnerClass = ParentScript ? ParentScript->GetOwnerClass() : nullptr;
-	ParentComponentOrVariableName = InParentNode->GetVariableName();
-	ParentComponentOwnerClassName = OwnerClass ? OwnerClass->GetFName() : FName();
-	bIsParentComponentNative = false;
-}
-
-void USCS_Node::SetParent(const USceneComponent* InParentComponent)
-{
-	ParentComponentOrVariableName = InParentComponent->GetFName();
-	ParentComponentOwnerClassName = NAME_None;
-	bIsParentComponentNative = true;
 }

@@ -82,6 +82,39 @@ TArray<UWidget*> UWidgetBlueprint::GetAllSourceWidgets() const
 	return Widgets;
 }
 
+namespace WidgetCycles
+{
+/** Whether a widget of the class holds, at any depth, one that the Blueprint makes. */
+bool Holds(const UClass* Class, const UWidgetBlueprint& Blueprint, TSet<const UWidgetBlueprint*>& Seen)
+{
+	const UClass* const Own = Blueprint.GeneratedClass.Get();
+	const UWidgetBlueprint* const Maker = Cast<UWidgetBlueprint>(UBlueprint::GetBlueprintFromClass(Class));
+	if (Own && Class->IsChildOf(Own))
+	{
+		return true;
+	}
+	if (!Maker || Seen.Contains(Maker))
+	{
+		return false;
+	}
+	Seen.Add(Maker);
+	for (const UWidget* const Widget : Maker->GetAllSourceWidgets())
+	{
+		if (Holds(Widget->GetClass(), Blueprint, Seen))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+} // namespace WidgetCycles
+
+bool UWidgetBlueprint::IsWidgetFreeFromCircularReferences(UUserWidget* UserWidget) const
+{
+	TSet<const UWidgetBlueprint*> Seen;
+	return UserWidget && !WidgetCycles::Holds(UserWidget->GetClass(), *this, Seen);
+}
+
 void UWidgetBlueprint::OnVariableAdded(const FName& VariableName)
 {
 	WidgetVariableNameToGuidMap.FindOrAdd(VariableName) = FGuid::NewGuid();

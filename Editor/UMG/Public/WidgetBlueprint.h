@@ -3,6 +3,7 @@
 #include "CoreMinimal.h"
 #include "Engine/Blueprint.h"
 
+class UUserWidget;
 class UWidget;
 class UWidgetAnimation;
 class UWidgetTree;
@@ -65,6 +66,9 @@ public:
 	UClass* GetBlueprintClass() const override;
 	TArray<UWidget*> GetAllSourceWidgets() const;
 	void ForEachSourceWidget(TFunctionRef<void(UWidget*)> Visit) const;
+
+	/** Whether a widget of another Blueprint may stand in this one: its tree, at any depth, has none of this class. */
+	bool IsWidgetFreeFromCircularReferences(UUserWidget* UserWidget) const;
 
 	/** The variables of widgets and animations have guids, so that what refers to one can follow a change of name. */
 	void OnVariableAdded(const FName& VariableName);

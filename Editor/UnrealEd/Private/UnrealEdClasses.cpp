@@ -10,6 +10,7 @@
 #include "Factories/BlueprintFactory.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/Kismet2NameValidators.h"
+#include "Kismet2/RenamedMembers.h"
 #include "UObject/NativeClass.h"
 #include "UObject/ObjectText.h"
 #include "UserDefinedStructure/UserDefinedStructEditorData.h"
@@ -21,6 +22,7 @@ namespace UnrealEdClasses
 void RegenerateOnLoad(UBlueprint* Blueprint)
 {
 	FBlueprintClassBuilder::Build(*Blueprint);
+	RenamedMembers::Follow(*Blueprint);
 	Blueprint->Status = BS_UpToDate;
 	Blueprint->bHasBeenRegenerated = true;
 }
@@ -49,10 +51,9 @@ UObject* MakePlaceholder(const FObjectTextRecord& Record, UObject* Outer)
 
 void RegisterUnrealEdClasses()
 {
-	NativeClass::RegisterNativeClasses(
-		{&UFactory::StaticClass, &UBlueprintFactory::StaticClass, &UWidgetBlueprintFactory::StaticClass,
-			&UEdGraphNode_Comment::StaticClass, &UEdGraphNode_Placeholder::StaticClass,
-			&UUserDefinedStructEditorData::StaticClass});
+	NativeClass::RegisterNativeClasses({&UFactory::StaticClass, &UBlueprintFactory::StaticClass,
+		&UWidgetBlueprintFactory::StaticClass, &UEdGraphNode_Comment::StaticClass,
+		&UEdGraphNode_Placeholder::StaticClass, &UUserDefinedStructEditorData::StaticClass});
 	FObjectTextImport::SetUnknownClassHandler(&UnrealEdClasses::MakePlaceholder);
 	BlueprintClassProvider::FFunctions Functions;
 	Functions.EnsureSkeletonIsUpToDate = &FBlueprintEditorUtils::EnsureSkeletonIsUpToDate;

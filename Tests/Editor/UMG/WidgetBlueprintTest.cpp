@@ -1,6 +1,7 @@
 #include "WidgetBlueprint.h"
 
 #include "Animation/WidgetAnimation.h"
+#include "Blueprint/UserWidget.h"
 #include "Blueprint/WidgetTree.h"
 #include "BlueprintBuilder.h"
 #include "BlueprintConsistency.h"
@@ -8,7 +9,9 @@
 #include "Components/PanelWidget.h"
 #include "EdGraphSchema_K2.h"
 #include "Kismet2/BlueprintEditorUtils.h"
+#include "Kismet2/KismetEditorUtilities.h"
 #include "MovieScene.h"
+#include "UObject/Package.h"
 #include "UObject/UnrealType.h"
 
 #include <gmock/gmock.h>
@@ -155,6 +158,27 @@ TEST(WidgetBlueprint, ChildrenChangePlaces)
 	EXPECT_FALSE(Root.ReplaceChildAt(0, &Root)) << "a panel does not hold itself";
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Menu.Blueprint.Get());
 	EXPECT_THAT(FindInconsistenciesAfterReload(Menu.Blueprint), IsEmpty());
+}
+
+TEST(WidgetBlueprint, NoWidgetHoldsItself)
+{
+	FMenu Menu;
+	UClass* const UserWidget = FindObject<UClass>(nullptr, TEXT("/Script/UMG.UserWidget"));
+	UPackage* const Package = CreatePackage(TEXT("/Game/Tests/WBP_Page"));
+	UWidgetBlueprint* const Page = CastChecked<UWidgetBlueprint>(
+		FKismetEditorUtilities::CreateBlueprint(UserWidget, Package, TEXT("WBP_Page"), BPTYPE_Normal));
+	const auto MakeFrom = [](UWidgetBlueprint& In, const UWidgetBlueprint& Maker)
+	{
+		return In.WidgetTree->ConstructWidget<UUserWidget>(
+			Maker.GeneratedClass.Get(), *(Maker.GetName() + TEXT("Inside")));
+	};
+	UUserWidget* const MenuInPage = MakeFrom(*Page, Menu.Widgets());
+	EXPECT_TRUE(Page->IsWidgetFreeFromCircularReferences(MenuInPage));
+	Page->WidgetTree->RootWidget = MenuInPage;
+	EXPECT_FALSE(Menu.Widgets().IsWidgetFreeFromCircularReferences(MakeFrom(Menu.Widgets(), *Page)));
+	EXPECT_FALSE(Menu.Widgets().IsWidgetFreeFromCircularReferences(MakeFrom(Menu.Widgets(), Menu.Widgets())));
+	EXPECT_FALSE(Menu.Widgets().IsWidgetFreeFromCircularReferences(nullptr));
+	Package->MarkAsGarbage();
 }
 
 TEST(WidgetBlueprint, AnAnimationIsAMemberOfItsOwnName)

@@ -147,6 +147,33 @@ TEST(BlueprintGraphs, CallsFollowARenamedCustomEvent)
 	EXPECT_THAT(FindInconsistenciesAfterReload(Blueprint), IsEmpty());
 }
 
+TEST(BlueprintGraphs, NodesFindWhatWasRenamedWhileTheyWereNotInMemory)
+{
+	FBlueprintBuilder Blueprint;
+	const FOther Owner(TEXT("BP_Owner"), FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor")));
+	ASSERT_TRUE(FUtils::AddMemberVariable(Owner.Get(), TEXT("Door"), FBlueprintBuilder::Type(FSchema::PC_Boolean)));
+	UEdGraph* const Function = AddFunction(Owner.Get(), TEXT("Open")).Get();
+	FUtils::EnsureSkeletonIsUpToDate(Owner.Get());
+	Add<UK2Node_VariableGet>(Blueprint.EventGraph(),
+		[&Owner](UK2Node_VariableGet& Node)
+		{ Node.VariableReference.SetFromField(Owner.Class()->FindPropertyByName(TEXT("Door")), false); });
+	Add<UK2Node_CallFunction>(Blueprint.EventGraph(),
+		[&Owner](UK2Node_CallFunction& Node)
+		{ Node.FunctionReference.SetFromField<UFunction>(Owner.Class()->FindFunctionByName(TEXT("Open")), false); });
+	ASSERT_TRUE(Blueprint.Save());
+	// Behind the back of those who refer to them, as if they were not there.
+	Owner->NewVariables[0].VarName = TEXT("Gate");
+	ASSERT_TRUE(Function->Rename(TEXT("Unlock"), nullptr));
+	FUtils::GetEntryNode(Function)->FunctionReference.SetMemberName(TEXT("Unlock"));
+	FUtils::MarkBlueprintAsStructurallyModified(Owner.Get());
+	ASSERT_NE(Blueprint.Reload(), nullptr);
+	EXPECT_THAT(FindInconsistencies(*Blueprint.Get()), IsEmpty());
+	TArray<UK2Node_VariableGet*> Gets;
+	FUtils::GetAllNodesOfClass(Blueprint.Get(), Gets);
+	ASSERT_EQ(Gets.Num(), 1);
+	EXPECT_EQ(Gets[0]->GetVarName(), FName(TEXT("Gate")));
+}
+
 TEST(BlueprintGraphs, ATakenGraphNameIsNotGiven)
 {
 	FBlueprintBuilder Blueprint;

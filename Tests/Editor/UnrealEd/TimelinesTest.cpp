@@ -3,6 +3,7 @@
 #include "EdGraphUtilities.h"
 #include "Engine/TimelineTemplate.h"
 #include "K2Node_Timeline.h"
+#include "UObject/UnrealType.h"
 
 using namespace EditedBlueprint;
 
@@ -76,6 +77,29 @@ TEST(Timelines, ARenameReachesTracksNodesAndReferences)
 	EXPECT_THAT(FindInconsistenciesAfterReload(Fade.Blueprint), IsEmpty());
 	ASSERT_NE(Fade.Find(TEXT("Glow")), nullptr);
 	EXPECT_EQ(Fade.Find(TEXT("Glow"))->FloatTracks[0].CurveFloat->FloatCurve.Eval(1.0f), 2.0f);
+}
+
+TEST(Timelines, TheClassHoldsWhatOneWritesWhileItRuns)
+{
+	FFade Fade;
+	const UTimelineTemplate* const Timeline = Fade.Find(TEXT("Fade"));
+	FUtils::EnsureSkeletonIsUpToDate(Fade.Blueprint.Get());
+	struct FCase
+	{
+		FName Name;
+		const char* Type;
+	};
+	for (const FCase& Case : {FCase{Timeline->GetVariableName(), "TimelineComponent*"},
+			 FCase{Timeline->GetDirectionPropertyName(), "ETimelineDirection"},
+			 FCase{Timeline->FloatTracks[0].GetPropertyName(), "float"},
+			 FCase{Timeline->VectorTracks[0].GetPropertyName(), "FVector"},
+			 FCase{Timeline->LinearColorTracks[0].GetPropertyName(), "FLinearColor"}})
+	{
+		const FProperty* const Property = Fade.Blueprint->GeneratedClass->FindPropertyByName(Case.Name);
+		ASSERT_NE(Property, nullptr) << Case.Type;
+		EXPECT_THAT(ToStd(Property->GetCPPType()), testing::HasSubstr(Case.Type));
+		EXPECT_EQ(Property->HasAnyPropertyFlags(CPF_BlueprintVisible), Case.Name == TEXT("Fade")) << Case.Type;
+	}
 }
 
 TEST(Timelines, ANodesTitleIsTheTimelinesName)

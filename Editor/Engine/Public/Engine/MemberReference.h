@@ -29,6 +29,19 @@ struct FMemberReference
 	void SetFromField(const UFunction* InField, bool bIsConsideredSelfContext);
 	void SetFromField(const FProperty* InField, UClass* SelfScope);
 	void SetFromField(const UFunction* InField, UClass* SelfScope);
+	/** The same with the kind of member named, as in SetFromField<FProperty>(Member, true). */
+	template <class TFieldType, class TScope>
+	void SetFromField(const TFieldType* InField, TScope SelfContextOrScope)
+	{
+		if constexpr (std::is_base_of_v<FProperty, TFieldType>)
+		{
+			SetFromField(static_cast<const FProperty*>(InField), SelfContextOrScope);
+		}
+		else
+		{
+			SetFromField(static_cast<const UFunction*>(InField), SelfContextOrScope);
+		}
+	}
 	void SetGivenSelfScope(FName InMemberName, FGuid InMemberGuid, TSubclassOf<UObject> InMemberParentClass,
 		TSubclassOf<UObject> SelfScope);
 	void SetDirect(FName InMemberName, FGuid InMemberGuid, TSubclassOf<UObject> InMemberParentClass,

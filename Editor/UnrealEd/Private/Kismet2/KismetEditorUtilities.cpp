@@ -211,6 +211,15 @@ const UK2Node_Event* FKismetEditorUtilities::FindBoundEventForComponent(
 	return nullptr;
 }
 
+void FKismetEditorUtilities::CreateNewBoundEventForComponent(
+	UObject* Component, FName EventName, UBlueprint* Blueprint, FObjectProperty* ComponentProperty)
+{
+	if (Component)
+	{
+		CreateNewBoundEventForClass(Component->GetClass(), EventName, Blueprint, ComponentProperty);
+	}
+}
+
 void FKismetEditorUtilities::CreateNewBoundEventForClass(
 	UClass* Class, FName EventName, UBlueprint* Blueprint, FObjectProperty* ComponentProperty)
 {

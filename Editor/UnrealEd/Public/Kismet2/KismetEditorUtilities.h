@@ -38,6 +38,9 @@ public:
 	static bool IsReferencedByUndoBuffer(UBlueprint* Blueprint) { return false; }
 	static const UK2Node_Event* FindBoundEventForComponent(
 		const UBlueprint* Blueprint, FName EventName, FName PropertyName);
+	/** An event of the component in the main event graph, at a good place. */
+	static void CreateNewBoundEventForComponent(
+		UObject* Component, FName EventName, UBlueprint* Blueprint, class FObjectProperty* ComponentProperty);
 	static void CreateNewBoundEventForClass(
 		UClass* Class, FName EventName, UBlueprint* Blueprint, class FObjectProperty* ComponentProperty);
 };
