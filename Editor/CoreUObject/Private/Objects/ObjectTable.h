@@ -47,15 +47,18 @@ public:
 			}
 		}
 	}
-	/** Visits all living objects in no order; none may be made or marked on the way. */
+	/** Visits all living objects in no order. A visitor may make objects, as a class does whose members are asked for
+	 * the first time; those it makes may be visited too. */
 	template <bool bEvenGarbage = false, class FVisitor>
 	void ForEachObject(FVisitor&& Visit) const
 	{
-		for (const FSlot& Slot : Slots)
+		// By index: what the visitor makes may move the slots.
+		for (std::size_t Index = 0; Index < Slots.size(); ++Index)
 		{
-			if (Slot.Object && (bEvenGarbage || !Slot.Object->IsGarbage()))
+			UObject* const Object = Slots[Index].Object;
+			if (Object && (bEvenGarbage || !Object->IsGarbage()))
 			{
-				Visit(Slot.Object);
+				Visit(Object);
 			}
 		}
 	}
