@@ -182,3 +182,61 @@ TEST(ClipboardForms, TextThatCannotBeReadMakesNothingAndSaysWhere)
 		EXPECT_EQ(Graph->Nodes.Num(), Before) << Case.Reason;
 	}
 }
+
+TEST(ClipboardForms, TextOutOfAllReasonIsSurvived)
+{
+	const auto Repeated = [](const std::string& Part, int32 Times)
+	{
+		std::string Text;
+		for (int32 Round = 0; Round < Times; ++Round)
+		{
+			Text += Part;
+		}
+		return Text;
+	};
+	const std::string Label = Repeated("LOCGEN_FORMAT_NAMED(", 2000) + "\"a\"" + Repeated(")", 2000);
+	const std::string Pin = "CustomProperties Pin (PinId=00000000000000000000000000000001,PinName=\"x\",";
+	const struct
+	{
+		const char* Class;
+		std::string Lines;
+		/** What the copy has all the same; empty where nothing of the text can stand. */
+		std::string Kept;
+	} Cases[] = {
+		{"K2Node_CallFunction", Pin + "PinFriendlyName=" + Label + ",PinType.PinCategory=\"int\",)", Label},
+		{"K2Node_CallFunction", Pin + "PinType.PinValueType=" + Repeated("(", 5000) + Repeated(")", 5000) + ",)",
+			Repeated("(", 5000)},
+		{"K2Node_CallFunction", Pin + "LinkedTo=(N 1,N,,(, ),SubPins=(N 00000000000000000000000000000001,),)",
+			"PinName=\"x\""},
+		{"K2Node_CallFunction", "FunctionReference=" + Repeated("(MemberParent=", 5000),
+			"(MemberParent=(MemberParent="},
+		{"K2Node_CallFunction", "Cloud=A'" + Repeated("a.", 5000) + "'", Repeated("a.", 5000)},
+		{"K2Node_SwitchString", "PinNames(16000000)=\"a\"\nPinNames(1)=\"b\"", "PinNames(1)=\"b\""},
+		{"K2Node_MakeArray", "NumInputs=2000000000", std::string()},
+		{"K2Node_MakeMap", "NumInputs=-5", std::string()},
+		{"K2Node_Select", "NumOptionPins=2000000000", std::string()},
+		{"K2Node_DoOnceMultiInput", "NumAdditionalInputs=2000000000", std::string()},
+		{"K2Node_CommutativeAssociativeBinaryOperator",
+			"NumAdditionalInputs=2000000000\n"
+			"FunctionReference=(MemberParent=Class'\"/Script/Engine.KismetStringLibrary\"',MemberName=\"Concat_StrStr\")",
+			"Concat_StrStr"},
+	};
+	const FBlueprintBuilder Blueprint;
+	for (const auto& Case : Cases)
+	{
+		FWarnings Warnings;
+		const TArray<UEdGraphNode*> Nodes = Paste(Blueprint.EventGraph().Get(),
+			"Begin Object Class=/Script/BlueprintGraph." + std::string(Case.Class) + " Name=\"N\"\n" + Case.Lines
+				+ "\nEnd Object\n",
+			&Warnings);
+		ASSERT_EQ(Nodes.Num(), 1) << Case.Class;
+		EXPECT_LT(Nodes[0]->Pins.Num(), 10000) << Case.Class;
+		const std::string Copied = Copy(Nodes);
+		EXPECT_TRUE(Copied.find(Case.Kept) != std::string::npos) << Case.Class << ": " << Case.Lines.substr(0, 100);
+		for (const std::string& Line : Warnings.Lines)
+		{
+			EXPECT_LT(Line.size(), 600u) << Line.substr(0, 200);
+		}
+		Nodes[0]->DestroyNode();
+	}
+}

@@ -182,6 +182,7 @@ void UK2Node_DoOnceMultiInput::AllocateDefaultPins()
 {
 	CreatePair(0);
 	CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Exec, FName(TEXT("Reset In")));
+	NumAdditionalInputs = FMath::Clamp(NumAdditionalInputs, 0, GetMaxInputPinsNum() - 1);
 	for (int32 Index = 0; Index < NumAdditionalInputs; ++Index)
 	{
 		CreatePair(Index + 1);

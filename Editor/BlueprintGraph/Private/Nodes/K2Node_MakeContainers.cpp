@@ -50,6 +50,9 @@ void UK2Node_MakeContainer::AllocateDefaultPins()
 	Params.ValueTerminalType.TerminalCategory = ContainerType == EPinContainerType::Map ? UEdGraphSchema_K2::PC_Wildcard
 																						: FName();
 	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Wildcard, GetOutputPinName(), Params);
+	// The number may come from text of any origin.
+	constexpr int32 MaxInputs = 4096;
+	NumInputs = FMath::Clamp(NumInputs, 0, MaxInputs);
 	for (int32 Index = 0; Index < NumInputs; ++Index)
 	{
 		CreateElementPins(Index);

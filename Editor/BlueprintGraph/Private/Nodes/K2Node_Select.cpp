@@ -90,6 +90,9 @@ FText UK2Node_Select::GetOptionFriendlyName(int32 Index) const
 
 void UK2Node_Select::AllocateDefaultPins()
 {
+	// The number may come from text of any origin.
+	constexpr int32 MaxOptions = 4096;
+	NumOptionPins = FMath::Clamp(NumOptionPins, 0, MaxOptions);
 	const int32 Count = Enum ? EnumEntries.Num() : NumOptionPins;
 	for (int32 Index = 0; Index < Count; ++Index)
 	{

@@ -1,5 +1,6 @@
 #include "Internationalization/TextData.h"
 #include "Misc/Parse.h"
+#include "Templates/UnrealTemplate.h"
 
 namespace TextReading
 {
@@ -169,7 +170,11 @@ static bool ReadOrderedFormat(FReader& Reader, FText& OutValue)
 	return Reader.Read(TEXT(')'));
 }
 
-/** Any LOCGEN form. Those that are understood are read in full, the others kept as they stand. */
+/** How many generated texts the one being read is an argument of. */
+static int32 GeneratedDepth = 0;
+
+/** Any LOCGEN form. Those that are understood, and not nested out of all reason, are read in full, the others kept as
+ * they stand. */
 static const TCHAR* ReadGenerated(const TCHAR* Buffer, FText& OutValue)
 {
 	FReader Reader{Buffer};
@@ -182,9 +187,12 @@ static const TCHAR* ReadGenerated(const TCHAR* Buffer, FText& OutValue)
 	{
 		return nullptr;
 	}
+	constexpr int32 MaxDepth = 32;
+	const TGuardValue<int32> Nested(GeneratedDepth, GeneratedDepth + 1);
 	FReader Attempt = Reader;
-	const bool bNamed = Form.Equals(TEXTVIEW("LOCGEN_FORMAT_NAMED"), ESearchCase::CaseSensitive);
-	const bool bOrdered = Form.Equals(TEXTVIEW("LOCGEN_FORMAT_ORDERED"), ESearchCase::CaseSensitive);
+	const bool bKnown = GeneratedDepth <= MaxDepth;
+	const bool bNamed = bKnown && Form.Equals(TEXTVIEW("LOCGEN_FORMAT_NAMED"), ESearchCase::CaseSensitive);
+	const bool bOrdered = bKnown && Form.Equals(TEXTVIEW("LOCGEN_FORMAT_ORDERED"), ESearchCase::CaseSensitive);
 	if ((bNamed && ReadNamedFormat(Attempt, OutValue)) || (bOrdered && ReadOrderedFormat(Attempt, OutValue)))
 	{
 		return Attempt.Cursor;

@@ -13,7 +13,7 @@ thread_local const FObjectTextImport* Current = nullptr;
 FObjectTextImport::FUnknownClassHandler UnknownClassHandler = nullptr;
 
 /** How far an element number may lie behind the end of an array. The skipped elements get their default value. */
-constexpr int32 MaxElementGap = 65536;
+constexpr int32 MaxElementGap = 1024;
 
 /** Collects why a value was refused. */
 class FReasonDevice final : public FOutputDevice
@@ -30,6 +30,13 @@ public:
 	FString Reason;
 };
 
+/** A problem may quote the whole text that it is about, which may be long. */
+FString Shortened(const FString& Problem)
+{
+	constexpr int32 MaxLength = 400;
+	return Problem.Len() > MaxLength ? Problem.Left(MaxLength) + TEXT("...") : Problem;
+}
+
 /** Tells where in the text the object stood that a problem is about. */
 class FPlacedWarnings final : public FFeedbackContext
 {
@@ -42,7 +49,7 @@ public:
 	}
 	void Serialize(const TCHAR* Text, ELogVerbosity::Type, const FName&) override
 	{
-		Target.Logf(TEXT("line %d: '%s': %s"), LineNumber, *Object.GetPathName(), Text);
+		Target.Logf(TEXT("line %d: '%s': %s"), LineNumber, *Object.GetPathName(), *Shortened(Text));
 	}
 
 private:
@@ -285,7 +292,7 @@ void* FObjectTextImport::PlaceForElement(
 void FObjectTextImport::Complain(const UObject* Object, const FObjectTextLine& Line, const FString& Problem)
 {
 	Warn.Logf(TEXT("line %d: property '%s' of '%s' keeps its value: %s"), Line.LineNumber, *Line.GetName(),
-		*Object->GetPathName(), *Problem);
+		*Object->GetPathName(), *ObjectTextImporting::Shortened(Problem));
 }
 
 std::string_view FObjectTextImport::RedirectReferences(std::string_view Value)
