@@ -19,8 +19,8 @@ TArray<int32> VisibleEntries(const UEnum& Enum)
 	return Visible;
 }
 
-void AddActionForEachEnum(FBlueprintActionDatabaseRegistrar& ActionRegistrar, UClass* NodeClass,
-	void (*Bind)(UEdGraphNode*, UEnum*), bool (*IsWanted)(const UEnum&))
+void AddActionForEachEnum(
+	FBlueprintActionDatabaseRegistrar& ActionRegistrar, UClass* NodeClass, void (*Bind)(UEdGraphNode*, UEnum*))
 {
 	ActionRegistrar.RegisterEnumActions(
 		[NodeClass, Bind](UEnum& Enum)
