@@ -54,6 +54,7 @@ UEdGraphPin* UK2Node_CommutativeAssociativeBinaryOperator::AddInputPinInner(int3
 void UK2Node_CommutativeAssociativeBinaryOperator::AllocateDefaultPins()
 {
 	Super::AllocateDefaultPins();
+	NumAdditionalInputs = FMath::Clamp(NumAdditionalInputs, 0, GetMaxInputPinsNum() - NumBinaryOperands);
 	for (int32 Index = 0; Index < NumAdditionalInputs; ++Index)
 	{
 		AddInputPinInner(Index);
