@@ -98,20 +98,6 @@ void PrintTo(const FGood& Good, std::ostream* Out)
 class FGoodBlueprint : public testing::TestWithParam<FGood>
 {
 };
-/** The graph that a sample was copied from by its kind: a function whose own entry gave way to the sample's. */
-UEdGraph* MakeGraphFor(const FBlueprintBuilder& Blueprint, const std::string& Text)
-{
-	if (Text.find("K2Node_FunctionEntry") == std::string::npos)
-	{
-		return Blueprint.EventGraph().Get();
-	}
-	UEdGraph* const Graph = Blueprint.Function(TEXT("Sample")).Get();
-	while (!Graph->Nodes.IsEmpty())
-	{
-		Graph->Nodes.Last()->DestroyNode();
-	}
-	return Graph;
-}
 } // namespace CompilerGoodTests
 
 using namespace CompilerGoodTests;
@@ -413,9 +399,10 @@ TEST(CompilerSamples, AnEditorsOwnGraphsLackOnlyWhatWasLeftBehind)
 	{
 		const FBlueprintBuilder Blueprint;
 		const std::string Text = ReadTestData("Graphs/" + std::string(Name) + ".txt");
+		const bool bFunction = Text.find("K2Node_FunctionEntry") != std::string::npos;
+		UEdGraph* const Graph = (bFunction ? Blueprint.Function(TEXT("Sample")) : Blueprint.EventGraph()).Get();
 		TSet<UEdGraphNode*> Nodes;
-		FEdGraphUtilities::ImportNodesFromText(
-			MakeGraphFor(Blueprint, Text), FString(UTF8_TO_TCHAR(Text.c_str())), Nodes);
+		FEdGraphUtilities::ImportNodesFromText(Graph, FString(UTF8_TO_TCHAR(Text.c_str())), Nodes);
 		FEdGraphUtilities::PostProcessPastedNodes(Nodes);
 		EXPECT_THAT(CompileMessages(Blueprint.Get()), testing::ElementsAreArray(Expected)) << Name;
 	}
