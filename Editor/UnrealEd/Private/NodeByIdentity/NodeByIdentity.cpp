@@ -75,7 +75,8 @@ UClass* FNodeByIdentity::ChooseParent(const FJsonObject& Identity) const
 	UClass* const Actor = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
 	if (UClass* const EventParent = FindObject<UClass>(nullptr, NodeIdentities::Text(Identity, TEXT("event_parent"))))
 	{
-		// The parent of a component's event is the class that declares the event, which need not be a Blueprint's parent.
+		// The parent of a component's event is the class that declares the event, which need not be a Blueprint's
+		// parent.
 		return FKismetEditorUtilities::CanCreateBlueprintOfClass(EventParent) ? EventParent : Actor;
 	}
 	bool bSelf = false;
