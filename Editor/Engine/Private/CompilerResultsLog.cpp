@@ -7,12 +7,12 @@ namespace CompilerLog
 /** Execution pins show no name of their own; a reader still has to know which one is meant. */
 FText NameOf(const UEdGraphPin& Pin)
 {
-	const FText Shown = Pin.GetDisplayName();
-	if (!Shown.ToString().TrimStartAndEnd().IsEmpty())
+	if (Pin.PinName.IsNone())
 	{
-		return Shown;
+		return FText::FromString(TEXT("the unnamed pin"));
 	}
-	return Pin.PinName.IsNone() ? FText::FromString(TEXT("the unnamed pin")) : FText::FromName(Pin.PinName);
+	const FText Shown = Pin.GetDisplayName();
+	return Shown.ToString().TrimStartAndEnd().IsEmpty() ? FText::FromName(Pin.PinName) : Shown;
 }
 } // namespace CompilerLog
 

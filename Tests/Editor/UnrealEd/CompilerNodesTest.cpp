@@ -90,6 +90,9 @@ const FFault NodeFaults[] = {
 			Scene.Wire({"begin.then > each.Exec"});
 		},
 		{"error: The type of Array is undetermined. Connect something to For Each Loop to imply a specific type. {For Each Loop.Array; For Each Loop}"}},
+	{"PinWithoutName",
+		[](const FBlueprintBuilder& Blueprint) { FCompileScene(Blueprint).Macro("flip", TEXT("FlipFlop")); },
+		{"warning: Flip Flop is never executed: nothing is connected to the unnamed pin {Flip Flop; Flip Flop.None}"}},
 	{"SwitchWithoutEnum",
 		[](const FBlueprintBuilder& Blueprint) { Run<UK2Node_SwitchEnum>(Blueprint, [](UK2Node_SwitchEnum&) {}); },
 		{"error: Switch on (bad enum) must have a valid enum defined {Switch on (bad enum)}"}},
