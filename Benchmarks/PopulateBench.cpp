@@ -36,6 +36,13 @@ public:
 		std::filesystem::remove_all(Root, Ignored);
 	}
 
+	/** So that no round finds the nodes of the one before it. */
+	void RemoveAssets() const
+	{
+		std::error_code Ignored;
+		std::filesystem::remove_all(std::filesystem::path(Root) / "Content", Ignored);
+	}
+
 private:
 	std::string Root;
 };
@@ -80,6 +87,7 @@ void Run(benchmark::State& State, bool bLoose, bool bSaves)
 		State.PauseTiming();
 		FindPackage(nullptr, TEXT("/Game/BP_Bench"))->MarkAsGarbage();
 		CollectGarbage();
+		Project.RemoveAssets();
 		State.ResumeTiming();
 	}
 	State.SetComplexityN(State.range(0));

@@ -157,12 +157,8 @@ void FObjectExtension::Relayout(UStruct& Class, const TArray<FProperty*>& OldPro
 {
 	const TArray<ObjectExtensionBlocks::FKeptValue> KeptValues = ObjectExtensionBlocks::FindKept(
 		ObjectExtensionBlocks::PropertiesInBlock(Class), OldProperties);
-	const auto MoveObject = [&](UObject* Object)
+	for (UObject* const Object : FObjectTable::Get().GetInstances(Class, true, true))
 	{
-		if (!Object->IsA(static_cast<const UClass*>(&Class)))
-		{
-			return;
-		}
 		FObjectExtension* const Extension = FObjectTable::GetExtension(*Object);
 		FBlock* Old = nullptr;
 		for (std::size_t Index = 0; Extension && Index < Extension->Blocks.size(); ++Index)
@@ -172,7 +168,7 @@ void FObjectExtension::Relayout(UStruct& Class, const TArray<FProperty*>& OldPro
 		if (!Old)
 		{
 			Match(*Object);
-			return;
+			continue;
 		}
 		uint8* const NewData = Class.ExtensionSize > 0 ? MakeBlock(Class) : nullptr;
 		for (const ObjectExtensionBlocks::FKeptValue& Value : KeptValues)
@@ -187,18 +183,13 @@ void FObjectExtension::Relayout(UStruct& Class, const TArray<FProperty*>& OldPro
 		{
 			Extension->Blocks.erase(Extension->Blocks.begin() + (Old - Extension->Blocks.data()));
 		}
-	};
-	FObjectTable::Get().ForEachObject<true>(MoveObject);
+	}
 }
 
 void FObjectExtension::MatchInstances(const UStruct& Class)
 {
-	FObjectTable::Get().ForEachObject<true>(
-		[&Class](UObject* Object)
-		{
-			if (Object->GetClass()->IsChildOf(&Class))
-			{
-				Match(*Object);
-			}
-		});
+	for (UObject* const Instance : FObjectTable::Get().GetInstances(Class, true, true))
+	{
+		Match(*Instance);
+	}
 }

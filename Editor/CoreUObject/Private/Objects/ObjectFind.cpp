@@ -268,17 +268,14 @@ void GetObjectsWithOuter(const UObject* Outer, TArray<UObject*>& Results, bool b
 void GetObjectsOfClass(const UClass* Class, TArray<UObject*>& Results, bool bIncludeDerived)
 {
 	ObjectFind::MakeAllLazy(Class);
-	FObjectTable::Get().ForEachObject(
-		[&](UObject* Object)
-		{
-			if (bIncludeDerived ? Object->IsA(Class) : Object->GetClass() == Class)
-			{
-				Results.Add(Object);
-			}
-		});
-	std::sort(Results.begin(), Results.end(),
+	std::vector<UObject*> Instances = FObjectTable::Get().GetInstances(*Class, bIncludeDerived, false);
+	std::sort(Instances.begin(), Instances.end(),
 		[](const UObject* Left, const UObject* Right)
 		{ return FObjectTable::GetCreationOrder(*Left) < FObjectTable::GetCreationOrder(*Right); });
+	for (UObject* const Instance : Instances)
+	{
+		Results.Add(Instance);
+	}
 }
 
 void GetDerivedClasses(const UClass* Class, TArray<UClass*>& Results, bool bRecursive)

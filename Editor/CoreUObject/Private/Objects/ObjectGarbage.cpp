@@ -201,6 +201,7 @@ void FObjectTable::Free(UObject* Object)
 	NameCounters.erase(Object->InternalIndex);
 	Slots[static_cast<std::size_t>(Object->InternalIndex)].Object = nullptr;
 	FreeSlots.push_back(Object->InternalIndex);
+	UnlinkFromClass(*Object);
 	Object->~UObject();
 	::operator delete(Object, Alignment);
 }

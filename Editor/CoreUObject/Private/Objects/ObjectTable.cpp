@@ -56,6 +56,7 @@ void FObjectTable::TakeConstruction(UObject& Object)
 		Slot.Object = &Object;
 		++Slot.Serial;
 	}
+	LinkToClass(Object);
 	LinkToOuter(Object);
 	AddToBuckets(Object);
 	if (What.Class && (What.Flags & RF_ClassDefaultObject) != 0)
@@ -138,6 +139,74 @@ void FObjectTable::RemoveFromBuckets(UObject& Object)
 	Object.NextInPathBucket = nullptr;
 	Object.NextInNameBucket = nullptr;
 	--NumInBuckets;
+}
+
+void FObjectTable::LinkToClass(UObject& Object)
+{
+	if (!Object.ClassPrivate)
+	{
+		return;
+	}
+	UObject*& Last = LastOfClass[Object.ClassPrivate];
+	Object.PrevOfClass = Last;
+	if (Last)
+	{
+		Last->NextOfClass = &Object;
+	}
+	Last = &Object;
+}
+
+void FObjectTable::UnlinkFromClass(UObject& Object)
+{
+	if (!Object.ClassPrivate)
+	{
+		return;
+	}
+	if (Object.PrevOfClass)
+	{
+		Object.PrevOfClass->NextOfClass = Object.NextOfClass;
+	}
+	if (Object.NextOfClass)
+	{
+		Object.NextOfClass->PrevOfClass = Object.PrevOfClass;
+	}
+	else if (Object.PrevOfClass)
+	{
+		LastOfClass[Object.ClassPrivate] = Object.PrevOfClass;
+	}
+	else
+	{
+		LastOfClass.erase(Object.ClassPrivate);
+	}
+	Object.NextOfClass = nullptr;
+	Object.PrevOfClass = nullptr;
+}
+
+void FObjectTable::SetClass(UObject& Object, UClass* Class)
+{
+	UnlinkFromClass(Object);
+	Object.ClassPrivate = Class;
+	LinkToClass(Object);
+}
+
+std::vector<UObject*> FObjectTable::GetInstances(const UStruct& Class, bool bIncludeDerived, bool bEvenGarbage) const
+{
+	std::vector<UObject*> Found;
+	for (const auto& [Candidate, Last] : LastOfClass)
+	{
+		if (Candidate != &Class && !(bIncludeDerived && Candidate->IsChildOf(&Class)))
+		{
+			continue;
+		}
+		for (UObject* Object = Last; Object; Object = Object->PrevOfClass)
+		{
+			if (bEvenGarbage || !Object->IsGarbage())
+			{
+				Found.push_back(Object);
+			}
+		}
+	}
+	return Found;
 }
 
 void FObjectTable::LinkToOuter(UObject& Object)

@@ -8,8 +8,9 @@
 #include <vector>
 
 /**
- * Owner of every object: slots with serial numbers for weak pointers, and two hash tables chained through the objects,
- * by outer and name and by name alone. One per process, never destroyed; used by one thread.
+ * Owner of every object: slots with serial numbers for weak pointers, two hash tables chained through the objects, by
+ * outer and name and by name alone, and a list of each class's own instances. One per process, never destroyed; used by
+ * one thread.
  */
 class FObjectTable
 {
@@ -31,7 +32,7 @@ public:
 	/** Called by the base constructor. Does nothing for an object that is not made by Construct. */
 	void TakeConstruction(UObject& Object);
 	/** For the first classes, which are made before the class of classes is. */
-	static void SetClass(UObject& Object, UClass* Class) { Object.ClassPrivate = Class; }
+	void SetClass(UObject& Object, UClass* Class);
 
 	UObject* Find(const UObject* Outer, FName Name) const;
 	/** Visits the objects of that name until Visit answers false. */
@@ -62,6 +63,8 @@ public:
 			}
 		}
 	}
+	/** The instances of the class, and of those below it if asked for, in no order. */
+	std::vector<UObject*> GetInstances(const UStruct& Class, bool bIncludeDerived, bool bEvenGarbage) const;
 	static uint64 GetCreationOrder(const UObject& Object) { return Object.CreationOrder; }
 	static uint8* FindExtension(const UObject& Object, const UStruct* OwnerClass);
 	static struct FObjectExtension*& GetExtension(UObject& Object) { return Object.Extension; }
@@ -96,6 +99,8 @@ private:
 	void GrowBuckets();
 	void AddToBuckets(UObject& Object);
 	void RemoveFromBuckets(UObject& Object);
+	void LinkToClass(UObject& Object);
+	void UnlinkFromClass(UObject& Object);
 	static void LinkToOuter(UObject& Object);
 	static void UnlinkFromOuter(UObject& Object);
 	void MarkTree(UObject& Object);
@@ -112,6 +117,8 @@ private:
 	std::vector<UObject*> PathBuckets;
 	std::vector<UObject*> NameBuckets;
 	std::size_t NumInBuckets = 0;
+	/** The newest instance of each class that has one. */
+	std::unordered_map<const UClass*, UObject*> LastOfClass;
 	uint64 NumCreated = 0;
 	std::unordered_map<int32, std::vector<FNameCounter>> NameCounters;
 	std::vector<UObject*> GarbageRoots;

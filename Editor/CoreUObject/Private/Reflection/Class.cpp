@@ -129,15 +129,11 @@ void UClass::SetSuperStruct(UStruct* NewSuper)
 			ClassDefaultObject = nullptr;
 		}
 		// Objects are C++ objects of the old native class, and stay that.
-		FObjectTable::Get().ForEachObject<true>(
-			[this, OldParent](UObject* Object)
-			{
-				if (Object->GetClass() == this)
-				{
-					FObjectTable::SetClass(*Object, OldParent);
-					FObjectExtension::Match(*Object);
-				}
-			});
+		for (UObject* const Instance : FObjectTable::Get().GetInstances(*this, false, true))
+		{
+			FObjectTable::Get().SetClass(*Instance, OldParent);
+			FObjectExtension::Match(*Instance);
+		}
 	}
 	SuperStruct = NewSuper;
 	if (bInstanced)

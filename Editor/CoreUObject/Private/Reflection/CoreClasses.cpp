@@ -61,10 +61,10 @@ FFirstClasses::FFirstClasses()
 	Struct = MakeBare<UClass>(CorePackage, TEXT("Struct"));
 	Class = MakeBare<UClass>(CorePackage, TEXT("Class"));
 	Package = MakeBare<UClass>(CorePackage, TEXT("Package"));
-	FObjectTable::SetClass(*CorePackage, Package);
+	FObjectTable::Get().SetClass(*CorePackage, Package);
 	for (UClass* const Made : {Object, Field, Struct, Class, Package})
 	{
-		FObjectTable::SetClass(*Made, Class);
+		FObjectTable::Get().SetClass(*Made, Class);
 	}
 	SetUp<UObject>(Object, TEXT("UObject"), nullptr, CLASS_Abstract);
 	SetUp<UField>(Field, TEXT("UField"), Object, CLASS_Abstract);

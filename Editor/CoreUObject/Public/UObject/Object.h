@@ -167,6 +167,8 @@ private:
 	UObject* PrevInner = nullptr;
 	UObject* NextInPathBucket = nullptr;
 	UObject* NextInNameBucket = nullptr;
+	UObject* NextOfClass = nullptr;
+	UObject* PrevOfClass = nullptr;
 	uint64 CreationOrder = 0;
 };
 
