@@ -465,15 +465,14 @@ private:
 			}
 		}
 		EnsureScanned();
-		if (const FAssetData* const Known = OnDisk.Find(PackageName))
-		{
-			return *Known;
-		}
+		// Other programs write to the folder too: a file may have come or gone since the scan.
 		const FString File = FPackageName::FindPackageFile(PackageName.ToString());
-		FString Ignored;
-		return !File.IsEmpty() && FPathConfinement::IsInside(File, Ignored) && ScanFile(File)
-			? OnDisk.FindRef(PackageName)
-			: FAssetData();
+		if (File.IsEmpty())
+		{
+			Forget(PackageName);
+			return FAssetData();
+		}
+		return OnDisk.Contains(PackageName) || ScanFile(File) ? OnDisk.FindRef(PackageName) : FAssetData();
 	}
 
 	void ForEach(bool bOnlyOnDisk, TFunctionRef<void(const FAssetData&)> Visit) const

@@ -162,6 +162,10 @@ TEST_F(AssetRegistry, FilesThatAppearAndAssetsThatGoAreNoticed)
 	Folder.Write("Content/First.uatext", Bytes);
 	EXPECT_TRUE(Find(TEXT("/Game/First.First")).IsValid()) << "a file that came after the scan";
 	std::filesystem::remove(Folder.Path() / "Content/First.uatext");
+	EXPECT_FALSE(Find(TEXT("/Game/First.First")).IsValid()) << "a file that another program removed";
+	Folder.Write("Content/First.uatext", Bytes);
+	Registry().ScanPathsSynchronous({TEXT("/Game")}, true);
+	std::filesystem::remove(Folder.Path() / "Content/First.uatext");
 	Registry().ScanPathsSynchronous({TEXT("/Game")}, true);
 	EXPECT_EQ(All(), "");
 }
