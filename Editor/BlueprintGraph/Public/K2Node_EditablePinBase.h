@@ -13,7 +13,8 @@ struct FUserPinInfo
 	EEdGraphPinDirection DesiredPinDirection = EGPD_Input;
 	FString PinDefaultValue;
 
-	/** What it was read from, when that names something that is missing. Written back as long as it exports TextAfter. */
+	/** What it was read from, when that names something that is missing. Written back as long as it exports TextAfter.
+	 */
 	FString KeptText;
 	FString TextAfter;
 };

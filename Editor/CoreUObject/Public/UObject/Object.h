@@ -116,7 +116,8 @@ public:
 
 	/** Object text beyond properties: each line after "CustomProperties ". */
 	virtual void ExportCustomProperties(FOutputDevice& Out, uint32 Indent) {}
-	/** One line's text after "CustomProperties ". What no class takes is kept and written back (see FKeptObjectText). */
+	/** One line's text after "CustomProperties ". What no class takes is kept and written back (see FKeptObjectText).
+	 */
 	virtual void ImportCustomProperties(const TCHAR* SourceText, FFeedbackContext* Warn);
 
 	/**

@@ -188,7 +188,8 @@ void ApplyFields(UEdGraphNode& Node, const FJsonObject& Identity)
 		FString Asset;
 		FString Name;
 		FString Package;
-		if (!Macro->GetMacroGraph() && Path.Split(TEXT(":"), &Asset, &Name) && Asset.Split(TEXT("."), &Package, nullptr))
+		if (!Macro->GetMacroGraph() && Path.Split(TEXT(":"), &Asset, &Name)
+			&& Asset.Split(TEXT("."), &Package, nullptr))
 		{
 			Macro->SetMacroGraph(StandardMacros::FindMacro(FName(Name), Package));
 		}
