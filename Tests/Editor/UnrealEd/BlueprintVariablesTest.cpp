@@ -208,6 +208,27 @@ TEST(BlueprintVariables, ADispatcherIsRenamedAndRemovedWhole)
 	EXPECT_TRUE(Blueprint->DelegateSignatureGraphs.IsEmpty());
 }
 
+TEST(BlueprintVariables, ARenamedDispatcherLeavesItsNamesakesAlone)
+{
+	FBlueprintBuilder Blueprint;
+	AddDispatcher(Blueprint.Get(), TEXT("Opened"));
+	const FOther Other(TEXT("BP_Namesake"), Blueprint->ParentClass.Get());
+	AddDispatcher(Other.Get(), TEXT("Opened"));
+	// A variable makes the other Blueprint one that depends on the renamed dispatcher's.
+	FUtils::AddMemberVariable(
+		Other.Get(), TEXT("Door"), FBlueprintBuilder::Type(FSchema::PC_Object, Blueprint->GeneratedClass.Get()));
+	UK2Node_AddDelegate* const Own = Add<UK2Node_AddDelegate>(
+		Other.EventGraph(), [](UK2Node_AddDelegate& Node) { Node.DelegateReference.SetSelfMember(TEXT("Opened")); });
+	UClass* const Class = Blueprint->GeneratedClass.Get();
+	UK2Node_AddDelegate* const Foreign = Add<UK2Node_AddDelegate>(Other.EventGraph(),
+		[Class](UK2Node_AddDelegate& Node) { Node.DelegateReference.SetExternalMember(TEXT("Opened"), Class); });
+	FUtils::RenameMemberVariable(Blueprint.Get(), TEXT("Opened"), TEXT("Unlocked"));
+	const auto SignatureOf = [](const UK2Node_AddDelegate& Node)
+	{ return ToStd(Node.GetDelegatePin()->PinType.PinSubCategoryMemberReference.MemberName.ToString()); };
+	EXPECT_EQ(SignatureOf(*Own), "Opened__DelegateSignature");
+	EXPECT_EQ(SignatureOf(*Foreign), "Unlocked__DelegateSignature");
+}
+
 TEST(BlueprintVariables, AChildGivesUpANameThatItsParentTakes)
 {
 	struct FCase

@@ -125,7 +125,6 @@ void MoveOverrides(UBlueprint* Blueprint, FName OldName, FName NewName)
 		}
 	}
 }
-
 } // namespace BlueprintReferences
 
 void FBlueprintEditorUtils::GetDependentBlueprints(UBlueprint* Blueprint, TArray<UBlueprint*>& DependentBlueprints)
@@ -229,12 +228,15 @@ void FBlueprintEditorUtils::ReplaceFunctionReferences(UBlueprint* Blueprint, con
 
 namespace DispatcherSignatures
 {
-/** Pins and types that bind to a dispatcher name its signature. */
-void Move(FEdGraphPinType& Type, FName OldName, FName NewName)
+/** Types that bind to a dispatcher name its signature and the class that declares it; other classes may have
+ * dispatchers of the same name. Without a class, the Blueprint of the type is meant. */
+void Move(FEdGraphPinType& Type, const UObject* Class, bool bOfOwner, FName OldName, FName NewName)
 {
-	if (Type.PinSubCategoryMemberReference.MemberName == OldName)
+	FSimpleMemberReference& Signature = Type.PinSubCategoryMemberReference;
+	const bool bMeant = Signature.MemberParent ? Signature.MemberParent == Class : bOfOwner;
+	if (bMeant && Signature.MemberName == OldName)
 	{
-		Type.PinSubCategoryMemberReference.MemberName = NewName;
+		Signature.MemberName = NewName;
 	}
 }
 } // namespace DispatcherSignatures
@@ -245,18 +247,19 @@ void FBlueprintEditorUtils::MoveDispatcherSignature(UBlueprint& Blueprint, FName
 	{
 		RenameGraph(Graph, NewName.ToString());
 	}
+	const UClass* const Class = Blueprint.GeneratedClass.Get();
 	const FName OldSignature = FBlueprintClassBuilder::DelegateSignatureName(OldName);
 	const FName NewSignature = FBlueprintClassBuilder::DelegateSignatureName(NewName);
 	for (FBPVariableDescription& Variable : Blueprint.NewVariables)
 	{
-		DispatcherSignatures::Move(Variable.VarType, OldSignature, NewSignature);
+		DispatcherSignatures::Move(Variable.VarType, Class, true, OldSignature, NewSignature);
 	}
 	BlueprintReferences::VisitNodes(&Blueprint,
-		[OldSignature, NewSignature](UBlueprint*, UK2Node* Node)
+		[&Blueprint, Class, OldSignature, NewSignature](UBlueprint* Owner, UK2Node* Node)
 		{
 			for (UEdGraphPin* const Pin : Node->Pins)
 			{
-				DispatcherSignatures::Move(Pin->PinType, OldSignature, NewSignature);
+				DispatcherSignatures::Move(Pin->PinType, Class, Owner == &Blueprint, OldSignature, NewSignature);
 			}
 		});
 }
