@@ -45,7 +45,7 @@ FSubobjectDataHandle FSubobjectDataGathering::Add(UObject& Object, USCS_Node* No
 	}
 	if (Parent.IsValid())
 	{
-		Parent.GetData()->ChildrenHandles.Add(Handle);
+		Children.FindOrAdd(Parent.GetData()).Add(Handle);
 	}
 	Handles.Add(Handle);
 	return Handle;
@@ -135,10 +135,10 @@ void FSubobjectDataGathering::Sort()
 	{
 		const FSubobjectDataHandle Handle = Stack.Pop();
 		Handles.Add(Handle);
-		const TArray<FSubobjectDataHandle>& Children = Handle.GetData()->ChildrenHandles;
-		for (int32 Index = Children.Num() - 1; Index >= 0; --Index)
+		const TArray<FSubobjectDataHandle>* const Below = Children.Find(Handle.GetData());
+		for (int32 Index = Below ? Below->Num() - 1 : INDEX_NONE; Index >= 0; --Index)
 		{
-			Stack.Add(Children[Index]);
+			Stack.Add((*Below)[Index]);
 		}
 	}
 }

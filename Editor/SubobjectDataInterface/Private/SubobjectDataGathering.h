@@ -27,4 +27,5 @@ private:
 
 	UBlueprint& Blueprint;
 	FSubobjectDataHandle SceneRoot;
+	TMap<const FSubobjectData*, TArray<FSubobjectDataHandle>> Children;
 };

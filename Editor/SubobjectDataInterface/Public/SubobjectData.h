@@ -40,7 +40,6 @@ struct FSubobjectData
 	bool CanRename() const { return IsComponent() && !IsInheritedComponent(); }
 
 	const FSubobjectDataHandle& GetParentHandle() const { return ParentHandle; }
-	const TArray<FSubobjectDataHandle>& GetChildrenHandles() const { return ChildrenHandles; }
 	/** Whether it stands below the other one, at any depth. */
 	bool IsAttachedTo(const FSubobjectDataHandle& InHandle) const;
 
@@ -50,8 +49,8 @@ private:
 	TWeakObjectPtr<UObject> Object;
 	TWeakObjectPtr<USCS_Node> Node;
 	TWeakObjectPtr<UBlueprint> Blueprint;
+	/** Holds the parent, so no parent may hold its children. */
 	FSubobjectDataHandle ParentHandle;
-	TArray<FSubobjectDataHandle> ChildrenHandles;
 	bool bIsInherited = false;
 	bool bIsRootComponent = false;
 };
