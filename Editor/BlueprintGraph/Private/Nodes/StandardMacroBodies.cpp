@@ -112,27 +112,46 @@ void SetDefault(UK2Node& Node, const TCHAR* Pin, const TCHAR* Value)
 	}
 }
 
-/** Counter < Length, run the body, counter + 1, again. Answers the counter's pin. */
+/** A branch that is taken while the counter stands to the limit as the comparison says. */
+UK2Node_IfThenElse& BranchOn(FBody& Body, const TCHAR* Comparison, UEdGraphPin* Counter, UEdGraphPin* Limit)
+{
+	UK2Node_CallFunction& Compare = Body.Call(Math, Comparison);
+	FBody::Link(Counter, Compare.FindPin(TEXT("A"), EGPD_Input));
+	FBody::Link(Limit, Compare.FindPin(TEXT("B"), EGPD_Input));
+	return Body.Branch(Compare.GetReturnValuePin());
+}
+
+/** Sets the counter to one more. */
+UK2Node_AssignmentStatement& Increment(FBody& Body, UEdGraphPin* Counter)
+{
+	UK2Node_CallFunction& Next = Body.Call(Math, TEXT("Add_IntInt"));
+	FBody::Link(Counter, Next.FindPin(TEXT("A"), EGPD_Input));
+	SetDefault(Next, TEXT("B"), TEXT("1"));
+	return Body.Assign(Counter, Next.GetReturnValuePin());
+}
+
+/** Runs the body as long as the branch is taken. The second output is what comes between two rounds. */
+UK2Node_ExecutionSequence& Loop(FBody& Body, UK2Node_IfThenElse& Branch)
+{
+	UK2Node_ExecutionSequence& Sequence = Body.Add<UK2Node_ExecutionSequence>();
+	FBody::Run(Branch.GetThenPin(), Sequence);
+	FBody::Link(Sequence.GetThenPinGivenIndex(0), Body.Out(TEXT("LoopBody")));
+	FBody::Link(Branch.GetElsePin(), Body.Out(TEXT("Completed")));
+	return Sequence;
+}
+
+/** Counts from the first value on, running the body each time. Answers the counter's pin. */
 UEdGraphPin* LoopOver(FBody& Body, UEdGraphPin* Start, UEdGraphPin* First, UEdGraphPin* Last, const TCHAR* Comparison)
 {
 	UEdGraphPin* const Counter = Body.Local(UEdGraphSchema_K2::PC_Int).GetVariablePin();
 	UK2Node_AssignmentStatement& Init = Body.Assign(Counter, First, TEXT("0"));
 	FBody::Run(Start, Init);
-	UK2Node_CallFunction& Compare = Body.Call(Math, Comparison);
-	FBody::Link(Counter, Compare.FindPin(TEXT("A"), EGPD_Input));
-	FBody::Link(Last, Compare.FindPin(TEXT("B"), EGPD_Input));
-	UK2Node_IfThenElse& Branch = Body.Branch(Compare.GetReturnValuePin());
+	UK2Node_IfThenElse& Branch = BranchOn(Body, Comparison, Counter, Last);
 	FBody::Run(Init.GetThenPin(), Branch);
-	UK2Node_ExecutionSequence& Sequence = Body.Add<UK2Node_ExecutionSequence>();
-	FBody::Run(Branch.GetThenPin(), Sequence);
-	FBody::Link(Sequence.GetThenPinGivenIndex(0), Body.Out(TEXT("LoopBody")));
-	UK2Node_CallFunction& Next = Body.Call(Math, TEXT("Add_IntInt"));
-	FBody::Link(Counter, Next.FindPin(TEXT("A"), EGPD_Input));
-	SetDefault(Next, TEXT("B"), TEXT("1"));
-	UK2Node_AssignmentStatement& Step = Body.Assign(Counter, Next.GetReturnValuePin());
+	UK2Node_ExecutionSequence& Sequence = Loop(Body, Branch);
+	UK2Node_AssignmentStatement& Step = Increment(Body, Counter);
 	FBody::Run(Sequence.GetThenPinGivenIndex(1), Step);
 	FBody::Run(Step.GetThenPin(), Branch);
-	FBody::Link(Branch.GetElsePin(), Body.Out(TEXT("Completed")));
 	if (UEdGraphPin* const Break = Body.In(TEXT("Break")))
 	{
 		UK2Node_AssignmentStatement& Leave = Body.Assign(Counter, Last);
@@ -145,6 +164,22 @@ UEdGraphPin* LoopOver(FBody& Body, UEdGraphPin* Start, UEdGraphPin* First, UEdGr
 UEdGraphPin* State(FBody& Body)
 {
 	return Body.Local(UEdGraphSchema_K2::PC_Boolean, true).GetVariablePin();
+}
+
+/** A branch on whether the way is closed. Before it is asked the first time, the pin of that name says so. */
+UK2Node_IfThenElse& BranchOnClosed(
+	FBody& Body, UEdGraphPin* Start, UEdGraphPin* Initialized, UEdGraphPin* Closed, const TCHAR* StartClosed)
+{
+	UK2Node_IfThenElse& First = Body.Branch(Initialized);
+	FBody::Run(Start, First);
+	UK2Node_AssignmentStatement& SetInitialized = Body.Assign(Initialized, nullptr, TEXT("true"));
+	FBody::Run(First.GetElsePin(), SetInitialized);
+	UK2Node_AssignmentStatement& TakeStart = Body.Assign(Closed, Body.In(StartClosed));
+	FBody::Run(SetInitialized.GetThenPin(), TakeStart);
+	UK2Node_IfThenElse& IsClosed = Body.Branch(Closed);
+	FBody::Run(First.GetThenPin(), IsClosed);
+	FBody::Run(TakeStart.GetThenPin(), IsClosed);
+	return IsClosed;
 }
 
 void ChangeByOne(FBody& Body, const TCHAR* Function, const TCHAR* One)
@@ -214,11 +249,7 @@ void WhileLoop(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
 	FBody Body(Graph, Entry, Exit);
 	UK2Node_IfThenElse& Branch = Body.Branch(Body.In(TEXT("Condition")));
 	FBody::Run(Body.In(TEXT("execute")), Branch);
-	UK2Node_ExecutionSequence& Sequence = Body.Add<UK2Node_ExecutionSequence>();
-	FBody::Run(Branch.GetThenPin(), Sequence);
-	FBody::Link(Sequence.GetThenPinGivenIndex(0), Body.Out(TEXT("LoopBody")));
-	FBody::Run(Sequence.GetThenPinGivenIndex(1), Branch);
-	FBody::Link(Branch.GetElsePin(), Body.Out(TEXT("Completed")));
+	FBody::Run(Loop(Body, Branch).GetThenPinGivenIndex(1), Branch);
 }
 
 void DoOnce(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
@@ -226,17 +257,10 @@ void DoOnce(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
 	FBody Body(Graph, Entry, Exit);
 	UEdGraphPin* const Initialized = State(Body);
 	UEdGraphPin* const Closed = State(Body);
-	UK2Node_IfThenElse& First = Body.Branch(Initialized);
-	FBody::Run(Body.In(TEXT("execute")), First);
-	UK2Node_AssignmentStatement& SetInitialized = Body.Assign(Initialized, nullptr, TEXT("true"));
-	FBody::Run(First.GetElsePin(), SetInitialized);
-	UK2Node_AssignmentStatement& TakeStart = Body.Assign(Closed, Body.In(TEXT("Start Closed")));
-	FBody::Run(SetInitialized.GetThenPin(), TakeStart);
-	UK2Node_IfThenElse& Gate = Body.Branch(Closed);
-	FBody::Run(First.GetThenPin(), Gate);
-	FBody::Run(TakeStart.GetThenPin(), Gate);
+	UK2Node_IfThenElse& IsClosed = BranchOnClosed(
+		Body, Body.In(TEXT("execute")), Initialized, Closed, TEXT("Start Closed"));
 	UK2Node_AssignmentStatement& Close = Body.Assign(Closed, nullptr, TEXT("true"));
-	FBody::Run(Gate.GetElsePin(), Close);
+	FBody::Run(IsClosed.GetElsePin(), Close);
 	FBody::Link(Close.GetThenPin(), Body.Out(TEXT("Completed")));
 	UK2Node_AssignmentStatement& Reset = Body.Assign(Closed, nullptr, TEXT("false"));
 	FBody::Run(Body.In(TEXT("Reset")), Reset);
@@ -246,15 +270,9 @@ void DoN(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
 {
 	FBody Body(Graph, Entry, Exit);
 	UEdGraphPin* const Counter = Body.Local(UEdGraphSchema_K2::PC_Int, true).GetVariablePin();
-	UK2Node_CallFunction& Compare = Body.Call(Math, TEXT("Less_IntInt"));
-	FBody::Link(Counter, Compare.FindPin(TEXT("A"), EGPD_Input));
-	FBody::Link(Body.In(TEXT("n")), Compare.FindPin(TEXT("B"), EGPD_Input));
-	UK2Node_IfThenElse& Branch = Body.Branch(Compare.GetReturnValuePin());
+	UK2Node_IfThenElse& Branch = BranchOn(Body, TEXT("Less_IntInt"), Counter, Body.In(TEXT("n")));
 	FBody::Run(Body.In(TEXT("Enter")), Branch);
-	UK2Node_CallFunction& Next = Body.Call(Math, TEXT("Add_IntInt"));
-	FBody::Link(Counter, Next.FindPin(TEXT("A"), EGPD_Input));
-	SetDefault(Next, TEXT("B"), TEXT("1"));
-	UK2Node_AssignmentStatement& Step = Body.Assign(Counter, Next.GetReturnValuePin());
+	UK2Node_AssignmentStatement& Step = Increment(Body, Counter);
 	FBody::Run(Branch.GetThenPin(), Step);
 	FBody::Link(Step.GetThenPin(), Body.Out(TEXT("Exit")));
 	FBody::Link(Counter, Body.Out(TEXT("Counter")));
@@ -267,15 +285,8 @@ void Gate(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
 	FBody Body(Graph, Entry, Exit);
 	UEdGraphPin* const Initialized = State(Body);
 	UEdGraphPin* const Closed = State(Body);
-	UK2Node_IfThenElse& First = Body.Branch(Initialized);
-	FBody::Run(Body.In(TEXT("Enter")), First);
-	UK2Node_AssignmentStatement& SetInitialized = Body.Assign(Initialized, nullptr, TEXT("true"));
-	FBody::Run(First.GetElsePin(), SetInitialized);
-	UK2Node_AssignmentStatement& TakeStart = Body.Assign(Closed, Body.In(TEXT("bStartClosed")));
-	FBody::Run(SetInitialized.GetThenPin(), TakeStart);
-	UK2Node_IfThenElse& IsClosed = Body.Branch(Closed);
-	FBody::Run(First.GetThenPin(), IsClosed);
-	FBody::Run(TakeStart.GetThenPin(), IsClosed);
+	UK2Node_IfThenElse& IsClosed = BranchOnClosed(
+		Body, Body.In(TEXT("Enter")), Initialized, Closed, TEXT("bStartClosed"));
 	FBody::Link(IsClosed.GetElsePin(), Body.Out(TEXT("Exit")));
 	UK2Node_CallFunction& Not = Body.Call(Math, TEXT("Not_PreBool"));
 	FBody::Link(Closed, Not.FindPin(TEXT("A"), EGPD_Input));
