@@ -4,7 +4,6 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "K2Node_AddComponent.h"
-#include "Menu/MenuWords.h"
 #include "Menu/SpawnerPins.h"
 #include "UObject/NativeClass.h"
 

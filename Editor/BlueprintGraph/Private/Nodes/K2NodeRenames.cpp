@@ -7,7 +7,6 @@
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_CreateDelegate.h"
 #include "K2Node_FunctionEntry.h"
-#include "K2Node_Timeline.h"
 #include "K2Node_Variable.h"
 #include "PinNames.h"
 

@@ -6,7 +6,6 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/BlueprintClassProvider.h"
-#include "K2Node_FunctionEntry.h"
 #include "K2Node_Timeline.h"
 #include "K2Node_Variable.h"
 
