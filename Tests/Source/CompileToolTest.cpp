@@ -9,6 +9,8 @@
 #include "ToolResults.h"
 #include "UObject/Package.h"
 
+#include <filesystem>
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -221,4 +223,36 @@ TEST(CompileTool, MessagesComeInTheSameOrderEachTime)
 		EXPECT_EQ(Errors(Again), Errors(First));
 		EXPECT_EQ(Warnings(Again), Warnings(First));
 	}
+}
+
+TEST(CompileTool, ABlueprintWhoseParentIsGoneIsReadAndEditedButDoesNotCompile)
+{
+	FBlueprintBuilder Blueprint;
+	const auto Make = [](const char* Name, const char* Parent)
+	{
+		RunTool(Morvane::ToolInfo::ToolName_BPCreateAsset,
+			std::string(R"({"path":"/Game/Tests/)") + Name + R"(","blueprint_parent_class":)" + Parent + "}");
+		const Morvane::FToolResult Result = CompileToolTest::Compile(std::string(R"(["/Game/Tests/)") + Name + R"("])");
+		ASSERT_THAT(Errors(Result), IsEmpty());
+	};
+	Make("BP_Parent", R"({"type":"native","parent_path":"/Script/Engine.Actor"})");
+	Make("BP_Child", R"({"type":"blueprint","parent_path":"/Game/Tests/BP_Parent"})");
+	const std::string Before = Blueprint.Folder().Read("Content/Tests/BP_Child.uatext");
+	for (const TCHAR* const Name : {TEXT("/Game/Tests/BP_Parent"), TEXT("/Game/Tests/BP_Child")})
+	{
+		FindPackage(nullptr, Name)->MarkAsGarbage();
+	}
+	CollectGarbage();
+	std::filesystem::remove(Blueprint.Folder().Path() / "Content/Tests/BP_Parent.uatext");
+
+	const std::string Child = R"(["/Game/Tests/BP_Child"])";
+	EXPECT_THAT(Errors(CompileToolTest::Compile(Child)),
+		ElementsAre("Failed to compile all 1 Blueprint(s)",
+			"[/Game/Tests/BP_Child] Blueprint 'BP_Child' has no parent class: the class it was derived from is gone"));
+	EXPECT_TRUE(RunTool(
+		Morvane::ToolInfo::ToolName_BPCreateGraph, R"({"path":"/Game/Tests/BP_Child","functions":[{"name":"Open"}]})")
+					->WasSuccessful());
+	const std::string After = Blueprint.Folder().Read("Content/Tests/BP_Child.uatext");
+	EXPECT_NE(After, Before);
+	EXPECT_THAT(After, testing::ContainsRegex("ParentClass=.*BP_Parent_C")) << "what is saved still names the parent";
 }

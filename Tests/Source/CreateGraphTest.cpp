@@ -282,6 +282,10 @@ TEST(CreateGraph, ADelegateGetsASignatureGraphWithPins)
 	EXPECT_TRUE(Entry->bIsEditable);
 	EXPECT_EQ(Entry->GetExtraFlags() & 0x0C020000, 0x0C020000);
 	EXPECT_THAT(PinNames(Entry, EGPD_Output), ElementsAre("Damage"));
+	const UFunction* const Signature = FBlueprintEditorUtils::GetMostUpToDateClass(Case.Blueprint->GeneratedClass)
+										   ->FindFunctionByName(TEXT("OnHit__DelegateSignature"));
+	ASSERT_NE(Signature, nullptr);
+	EXPECT_FALSE(UEdGraphSchema_K2::CanKismetOverrideFunction(Signature)) << "a signature is no event to implement";
 	EXPECT_THAT(Case.Tracked(),
 		ElementsAre(R"(read_blueprint_delegate {"path":"/Game/Tests/BP_Test","delegate_name":["OnHit"]})"));
 	EXPECT_THAT(Successes(Case.Result),

@@ -39,6 +39,7 @@ bool UEdGraphSchema_K2::FunctionCanBeUsedInDelegate(const UFunction* InFunction)
 bool UEdGraphSchema_K2::CanKismetOverrideFunction(const UFunction* Function)
 {
 	return Function && Function->HasAllFunctionFlags(FUNC_BlueprintEvent)
+		&& !Function->HasAllFunctionFlags(FUNC_Delegate)
 		&& !Function->GetBoolMetaData(FBlueprintMetadata::MD_BlueprintInternalUseOnly)
 		&& !Function->HasMetaData(FBlueprintMetadata::MD_DeprecatedFunction);
 }

@@ -20,7 +20,8 @@ class UField : public UObject
 	EDITOR_CLASS(UField, UObject)
 
 public:
-	bool IsAsset() const override { return false; }
+	/** Structs and enums made in the editor alone are assets of their own. */
+	bool IsAsset() const override { return IsMadeInEditor() && UObject::IsAsset(); }
 	bool HasMetaData(FName Key) const { return FindMetaData(Key) != nullptr; }
 	const FString* FindMetaData(FName Key) const;
 	const FString& GetMetaData(FName Key) const;
@@ -39,6 +40,7 @@ public:
 protected:
 	/** Reads what is still only data, so that metadata and members are complete. */
 	virtual void EnsureMembers() const {}
+	virtual bool IsMadeInEditor() const { return false; }
 
 	FMetaDataTable MetaData;
 };
@@ -250,13 +252,15 @@ class UUserDefinedStruct : public UScriptStruct
 	EDITOR_CLASS(UUserDefinedStruct, UScriptStruct)
 
 public:
-	bool IsAsset() const override { return UObject::IsAsset(); }
 	/** Has the members made. Whoever lays the struct out as part of another calls it first, see ConditionalPostLoad. */
 	void PostLoad() override;
 
 	FGuid Guid;
 	/** Null for a struct that is only referred to. */
 	TObjectPtr<UObject> EditorData;
+
+protected:
+	bool IsMadeInEditor() const override { return true; }
 };
 
 /** A function's description. Parameters are its properties, in order, the return last. Nothing is ever executed. */
@@ -347,7 +351,6 @@ class UUserDefinedEnum : public UEnum
 	EDITOR_CLASS(UUserDefinedEnum, UEnum)
 
 public:
-	bool IsAsset() const override { return UObject::IsAsset(); }
 	void PostLoad() override;
 	/** Makes the entries anew, with the closing "_MAX", after DisplayNameMap was changed. */
 	void RebuildEntries();
@@ -355,6 +358,9 @@ public:
 	FText EnumDescription;
 	/** By name without the enum's ("NewEnumerator0"). */
 	TMap<FName, FText> DisplayNameMap;
+
+protected:
+	bool IsMadeInEditor() const override { return true; }
 };
 
 namespace EIncludeSuperFlag

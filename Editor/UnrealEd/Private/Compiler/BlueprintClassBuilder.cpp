@@ -49,8 +49,9 @@ public:
 private:
 	void SetUpClass()
 	{
+		// A Blueprint whose parent is gone still has a class to be read and edited with; compiling it is an error.
 		UClass* const Parent = Blueprint.ParentClass.Get();
-		Class.SetSuperStruct(Parent);
+		Class.SetSuperStruct(Parent ? Parent : UObject::StaticClass());
 		Class.ClassGeneratedBy = &Blueprint;
 		uint32 Flags = CLASS_CompiledFromBlueprint;
 		if (Parent)
