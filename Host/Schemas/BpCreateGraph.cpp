@@ -30,7 +30,7 @@ const FToolSchema BpCreateGraphSchema = {"bp_create_graph", "Create functions an
 						}
 					},
 					"return_type": { "$ref": "#/$defs/pin_type" },
-					"is_delegate": { "type": "boolean", "description": "true makes the signature of an event dispatcher instead of a function." },
+					"is_delegate": { "type": "boolean", "description": "true makes the signature of an event dispatcher instead of a function. The variable that is called and bound is not made by this." },
 					"is_rep_notify": { "type": "boolean" },
 					"replicated_property": { "type": "string" }
 				},

@@ -171,7 +171,7 @@ TEST(Matching, OtherSpellingsOfATitleFindIt)
 		{"joined", &ToCamelCase}, {"prefixed", [](std::string Title) { return "K2_" + ToCamelCase(Title); }},
 		{"underscores", &ToSnakeCase}, {"slip", &SwapTwoLetters},
 		{"node", [](std::string Title) { return "the " + Title + " node"; }}};
-	const std::vector<std::string> Titles = SampleTitles(*Menu.Menu, 80);
+	const std::vector<std::string> Titles = SampleTitles(*Menu.Menu, 400);
 	for (const auto& [Name, Spell] : Spellings)
 	{
 		int32 Right = 0;

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "CoreMinimal.h"
+#include "Engine/Blueprint.h"
+#include "Engine/SCS_Node.h"
 #include "SubobjectDataHandle.h"
 #include "UObject/WeakObjectPtr.h"
 
 class UActorComponent;
-class UBlueprint;
-class USCS_Node;
 
 /** One object in the tree of an actor's components: the actor itself, or the template of a component. */
 struct FSubobjectData

@@ -226,7 +226,7 @@ void UK2Node_EditablePinBase::ImportCustomProperties(const TCHAR* SourceText, FF
 	FStringOutputDevice Complaints;
 	if (!FUserPinInfo::StaticStruct()->ImportText(Cursor, Info.Get(), this, PPF_Delimited, &Complaints, StructName))
 	{
-		UObject::ImportCustomProperties(SourceText, Warn);
+		UEdGraphNode::ImportCustomProperties(SourceText, Warn);
 	}
 	else
 	{

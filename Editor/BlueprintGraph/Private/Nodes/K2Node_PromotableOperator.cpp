@@ -262,7 +262,8 @@ void UK2Node_PromotableOperator::ReallocatePinsDuringReconstruction(TArray<UEdGr
 
 void UK2Node_PromotableOperator::PostReconstructNode()
 {
-	UK2Node::PostReconstructNode();
+	// A call conforms to its function; an operator looks for the overload that fits its pins.
+	UK2Node::PostReconstructNode(); // NOLINT(bugprone-parent-virtual-call)
 	if (OperationName.IsNone())
 	{
 		UpdateOpName(GetTargetFunction());

@@ -188,6 +188,8 @@ void UK2Node_StructOperation::ReallocatePinsDuringReconstruction(TArray<UEdGraph
 UK2Node::ERedirectType UK2Node_StructOperation::DoPinsMatchForReconstruction(
 	const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const
 {
+	// The rules of a variable's pins, which the base class has, are not those of members.
+	// NOLINTNEXTLINE(bugprone-parent-virtual-call)
 	const ERedirectType Base = UK2Node::DoPinsMatchForReconstruction(NewPin, NewPinIndex, OldPin, OldPinIndex);
 	if (Base != ERedirectType_None || NewPin->Direction != OldPin->Direction || NewPin->PinName == OldPin->PinName
 		|| !GetK2Schema()->ArePinTypesCompatible(OldPin->PinType, NewPin->PinType))
@@ -207,7 +209,8 @@ UK2Node::ERedirectType UK2Node_StructOperation::DoPinsMatchForReconstruction(
 
 void UK2Node_StructOperation::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const
 {
-	UK2Node::ValidateNodeDuringCompilation(MessageLog);
+	// There is no variable to be missed.
+	UK2Node::ValidateNodeDuringCompilation(MessageLog); // NOLINT(bugprone-parent-virtual-call)
 	if (!StructType)
 	{
 		MessageLog.Error(TEXT("Unknown structure at @@ "), this);
