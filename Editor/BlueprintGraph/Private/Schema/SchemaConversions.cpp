@@ -252,6 +252,7 @@ bool UEdGraphSchema_K2::CreateAutomaticConversionNodeAndConnections(UEdGraphPin*
 		return false;
 	}
 	UEdGraph* const Graph = Input->GetOwningNode()->GetGraph();
+	const int32 NumNodesBefore = Graph->Nodes.Num();
 	UK2Node* Node = nullptr;
 	if (!FindSpecializedConversionNode(Output->PinType, *Input, true, Node))
 	{
@@ -264,7 +265,11 @@ bool UEdGraphSchema_K2::CreateAutomaticConversionNodeAndConnections(UEdGraphPin*
 	Place(*Node, *Graph, *Output->GetOwningNode(), *Input->GetOwningNode());
 	if (!Wire(*this, *Output, *Node) || !Wire(*this, *Input, *Node))
 	{
-		Node->DestroyNode();
+		// The node, and what a conversion on its way to one of the pins has placed.
+		while (Graph->Nodes.Num() > NumNodesBefore)
+		{
+			Graph->Nodes.Last()->DestroyNode();
+		}
 		return false;
 	}
 	return true;
