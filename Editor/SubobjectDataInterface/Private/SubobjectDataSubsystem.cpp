@@ -211,7 +211,7 @@ bool USubobjectDataSubsystem::IsValidRename(
 		return false;
 	}
 	FKismetNameValidator Validator(Data->GetBlueprint(), Data->GetVariableName());
-	const FString Name = InNewText.ToString();
+	const FString& Name = InNewText.ToString();
 	const EValidatorResult Result = Validator.IsValid(Name);
 	OutErrorMessage = INameValidatorInterface::GetErrorText(Name, Result);
 	return Result == EValidatorResult::Ok;
