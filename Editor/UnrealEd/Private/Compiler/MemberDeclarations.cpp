@@ -5,6 +5,7 @@
 #include "Engine/Blueprint.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Kismet2/InterfaceFunctions.h"
 #include "UObject/UnrealType.h"
 
 namespace MemberDeclarations
@@ -118,9 +119,8 @@ private:
 		{
 			for (TFieldIterator<UFunction> It(Interface.Interface.Get(), EFieldIteratorFlags::IncludeSuper); It; ++It)
 			{
-				const bool bNeedsGraph = UEdGraphSchema_K2::CanKismetOverrideFunction(*It)
-					&& !UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(*It);
-				if (bNeedsGraph && !Class.FindFunctionByName(It->GetFName(), EIncludeSuperFlag::ExcludeSuper))
+				if (InterfaceFunctions::NeedsGraph(**It)
+					&& !Class.FindFunctionByName(It->GetFName(), EIncludeSuperFlag::ExcludeSuper))
 				{
 					Log.Error(*FString::Printf(TEXT("Interface function '%s' of '%s' is not implemented"),
 						*It->GetName(), *Interface.Interface.Get()->GetName()));

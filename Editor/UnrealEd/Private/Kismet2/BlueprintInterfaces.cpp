@@ -7,6 +7,7 @@
 #include "K2Node_Event.h"
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/BlueprintEvents.h"
+#include "Kismet2/InterfaceFunctions.h"
 #include "Kismet2/KismetEditorUtilities.h"
 
 namespace BlueprintInterfaces
@@ -31,20 +32,13 @@ UEdGraph* FindGraph(const FBPInterfaceDescription& Interface, FName Name)
 	return nullptr;
 }
 
-/** Functions that are no events have a graph each; an author fills it and cannot remove it. */
-bool NeedsGraph(const UFunction& Function)
-{
-	return UEdGraphSchema_K2::CanKismetOverrideFunction(&Function)
-		&& !UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(&Function);
-}
-
 void AddMissingGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
 {
 	UClass* const Class = Interface.Interface.Get();
 	for (TFieldIterator<UFunction> It(Class, EFieldIteratorFlags::IncludeSuper); It; ++It)
 	{
 		const UFunction* const Function = *It;
-		if (!NeedsGraph(*Function) || FindGraph(Interface, Function->GetFName()))
+		if (!InterfaceFunctions::NeedsGraph(*Function) || FindGraph(Interface, Function->GetFName()))
 		{
 			continue;
 		}
@@ -96,8 +90,9 @@ const UObject* FindConflict(const UBlueprint& Blueprint, const UClass& Interface
 {
 	for (TFieldIterator<UFunction> It(&Interface, EFieldIteratorFlags::IncludeSuper); It; ++It)
 	{
-		const UObject* const Occupant = NeedsGraph(**It) ? StaticFindObjectFast(nullptr, &Blueprint, It->GetFName())
-														 : nullptr;
+		const UObject* const Occupant = InterfaceFunctions::NeedsGraph(**It)
+			? StaticFindObjectFast(nullptr, &Blueprint, It->GetFName())
+			: nullptr;
 		if (Occupant)
 		{
 			return Occupant;
