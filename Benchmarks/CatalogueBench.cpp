@@ -1,8 +1,8 @@
-#include "UObject/Catalogue.h"
+#include "Standalone/Catalogue.h"
 
-#include "Boot/EditorModules.h"
 #include "Misc/FileHelper.h"
 #include "Misc/Paths.h"
+#include "Session/EditorModules.h"
 #include "UObject/Class.h"
 #include "UObject/UnrealType.h"
 

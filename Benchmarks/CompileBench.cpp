@@ -1,7 +1,6 @@
 // Compiles of Blueprints that are large in other ways than by nodes: by variables, functions, interfaces, macros that
 // use macros, and Blueprints derived from one another. Growth should be linear in each.
 
-#include "Boot/EditorModules.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
@@ -11,6 +10,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "Kismet2/KismetEditorUtilities.h"
+#include "Session/EditorModules.h"
 #include "UObject/Package.h"
 #include "UObject/TopLevelAssetPath.h"
 

@@ -1,7 +1,6 @@
 // What an edit of a graph is made of, over growing graphs: making nodes, linking them, compiling the Blueprint, copying
 // and pasting. Growth should be linear in the number of nodes.
 
-#include "Boot/EditorModules.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "EdGraphUtilities.h"
@@ -11,6 +10,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "Kismet2/KismetEditorUtilities.h"
+#include "Session/EditorModules.h"
 #include "UObject/Package.h"
 
 #include <benchmark/benchmark.h>

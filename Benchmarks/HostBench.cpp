@@ -1,6 +1,6 @@
 // What a client waits for: the start of the program to its first answer, and one small call to a server that runs.
 
-#include "Server/FileDescriptor.h"
+#include "Support/FileDescriptor.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,7 +2,7 @@
 
 #include "Dom/JsonObject.h"
 #include "Serialization/JsonSerializer.h"
-#include "Serialization/JsonUtf8.h"
+#include "Standalone/JsonUtf8.h"
 
 #include <benchmark/benchmark.h>
 

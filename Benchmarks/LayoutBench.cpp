@@ -2,10 +2,10 @@
 // should be linear in the number of nodes.
 
 #include "BlueprintFormatterService.h"
-#include "Boot/EditorModules.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphNode_Comment.h"
 #include "EdGraphSchema_K2.h"
+#include "Session/EditorModules.h"
 #include "UObject/Package.h"
 
 #include <benchmark/benchmark.h>

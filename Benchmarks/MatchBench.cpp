@@ -1,11 +1,11 @@
 // One loose request against the real action menu, once it is built and indexed; and the building of both. A match
 // should take well under a millisecond.
 
-#include "Boot/EditorModules.h"
 #include "EdGraph/EdGraph.h"
 #include "GameFramework/Actor.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"
+#include "Session/EditorModules.h"
 #include "Spawning/CamMatching.h"
 #include "ToolResult.h"
 #include "UObject/Package.h"

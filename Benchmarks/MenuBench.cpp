@@ -1,8 +1,8 @@
 #include "BlueprintActionDatabase.h"
 #include "BlueprintActionMenuUtils.h"
-#include "Boot/EditorModules.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "Session/EditorModules.h"
 
 #include <benchmark/benchmark.h>
 

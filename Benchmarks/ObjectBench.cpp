@@ -1,7 +1,7 @@
 // Making, finding, writing and freeing objects, over growing numbers of them.
 
-#include "UObject/NativeClass.h"
-#include "UObject/ObjectProviders.h"
+#include "Standalone/NativeClass.h"
+#include "Standalone/ObjectProviders.h"
 #include "UObject/Package.h"
 
 #include <benchmark/benchmark.h>

@@ -1,10 +1,10 @@
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "Misc/FileHelper.h"
 #include "Misc/PackageName.h"
+#include "Standalone/ObjectText.h"
+#include "Standalone/PackageText.h"
 #include "TemporaryFolder.h"
 #include "TestAssets.h"
-#include "UObject/ObjectText.h"
-#include "UObject/PackageText.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,10 +1,10 @@
 // A whole populate call through the executor, with as many links as nodes: exact nodes in a chain of execution, half of
 // them fed by a pure node. Growth should be linear. The save is part of the call and is measured apart by name.
 
-#include "Boot/EditorModules.h"
 #include "IToolExecutor.h"
 #include "MorvaneToolkitModule.h"
-#include "Projects/Project.h"
+#include "Session/EditorModules.h"
+#include "Standalone/Project.h"
 #include "ToolResult.h"
 #include "UObject/Package.h"
 

@@ -1,6 +1,5 @@
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "BlueprintReadUtils.h"
-#include "Boot/EditorModules.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "GameFramework/Actor.h"
@@ -8,7 +7,8 @@
 #include "K2Node_CustomEvent.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"
-#include "Serialization/JsonUtf8.h"
+#include "Session/EditorModules.h"
+#include "Standalone/JsonUtf8.h"
 #include "ToolResult.h"
 #include "UObject/Package.h"
 

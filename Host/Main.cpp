@@ -1,5 +1,5 @@
-#include "Boot/EditorSession.h"
 #include "Cli/CommandLine.h"
+#include "Session/EditorSession.h"
 
 int main(int NumWords, char** Words)
 {

@@ -1,5 +1,6 @@
 # morvane_module(NAME DIR [DEPS...]): a static library from DIR/Private/**.cpp.
-# DIR/Public is visible to every module above, DIR/Private to the module alone. A module may have headers only.
+# DIR/Public holds the headers that the engine has too, DIR/Standalone those that only this editor has: both are visible to
+# every module above. DIR/Private is visible to the module alone. A module may have headers only.
 
 file(WRITE "${CMAKE_BINARY_DIR}/generated/HeadersOnly.cpp.in" "// This module has no source of its own yet.\n")
 configure_file("${CMAKE_BINARY_DIR}/generated/HeadersOnly.cpp.in" "${CMAKE_BINARY_DIR}/generated/HeadersOnly.cpp" COPYONLY)
@@ -13,9 +14,14 @@ function(morvane_module NAME DIR)
   if(NOT SOURCES)
     set(SOURCES "${CMAKE_BINARY_DIR}/generated/HeadersOnly.cpp")
   endif()
+  # Its headers are included by their folder: "Standalone/ObjectText.h".
+  file(GLOB STANDALONE CONFIGURE_DEPENDS LIST_DIRECTORIES true "${CMAKE_SOURCE_DIR}/${DIR}/Standalone")
+  if(STANDALONE)
+    set(STANDALONE "${CMAKE_SOURCE_DIR}/${DIR}")
+  endif()
   add_library(${NAME} STATIC ${SOURCES})
   target_include_directories(${NAME}
-    PUBLIC "${CMAKE_SOURCE_DIR}/${DIR}/Public"
+    PUBLIC "${CMAKE_SOURCE_DIR}/${DIR}/Public" ${STANDALONE}
     PRIVATE "${CMAKE_SOURCE_DIR}/${DIR}/Private")
   target_link_libraries(${NAME} PUBLIC ${ARGN})
   morvane_precompile(${NAME})

@@ -1,6 +1,6 @@
 #include "MorvaneSettings.h"
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UMorvaneSettings, "/Script/MorvaneToolkit", CLASS_None)
 

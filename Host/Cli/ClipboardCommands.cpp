@@ -1,11 +1,11 @@
 #include <CLI/CLI.hpp>
 
-#include "Boot/EditorSession.h"
-#include "Boot/GraphClipboard.h"
-#include "Boot/ResultText.h"
 #include "Cli/CommandTable.h"
+#include "Cli/GraphClipboard.h"
 #include "Cli/JsonArgument.h"
 #include "Containers/StringConv.h"
+#include "Session/EditorSession.h"
+#include "ToolFace/ResultText.h"
 #include "ToolResult.h"
 
 namespace ClipboardCommandsPrivate

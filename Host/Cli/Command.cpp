@@ -1,9 +1,7 @@
 #include "Cli/Command.h"
 
-#include <cstdio>
-
 #include "Dom/JsonValue.h"
-#include "Serialization/JsonUtf8.h"
+#include "Standalone/JsonUtf8.h"
 
 void FCommandContext::Print(const std::string& Json) const
 {
@@ -17,9 +15,4 @@ void FCommandContext::Print(const std::string& Json) const
 	std::string Text;
 	JsonUtf8::WriteValue(*Value, Text, true);
 	Output.WriteLine(Text);
-}
-
-void Complain(const std::string& Text)
-{
-	std::fprintf(stderr, "morvane: %s\n", Text.c_str());
 }

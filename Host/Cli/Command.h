@@ -1,13 +1,13 @@
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 
-#include "Server/ResultOutput.h"
-#include "Server/ToolHost.h"
+#include "Session/HostOptions.h"
+#include "Support/Complaint.h"
+#include "Support/ResultOutput.h"
+#include "ToolFace/ToolHost.h"
 
 namespace CLI
 {
@@ -22,17 +22,6 @@ enum class EExitStatus : int
 	Failed = 1,
 	/** Nothing was run, as the command line makes no sense. */
 	Misused = 2
-};
-
-/** Options that every command takes. */
-struct FHostOptions
-{
-	/** The project folder; empty means the current one. */
-	std::string ProjectDir;
-	/** Makes the ids of new nodes and assets repeatable. */
-	std::optional<uint64_t> Seed;
-	/** Results on several lines. */
-	bool bPretty = false;
 };
 
 /** What a command works with. */
@@ -58,6 +47,3 @@ public:
 
 	virtual EExitStatus Run(const FCommandContext& Context) = 0;
 };
-
-/** A complaint on standard error. */
-void Complain(const std::string& Text);

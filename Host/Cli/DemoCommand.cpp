@@ -9,7 +9,7 @@
 #include "Cli/DemoSteps.h"
 #include "Containers/StringConv.h"
 #include "Dom/JsonObject.h"
-#include "Serialization/JsonUtf8.h"
+#include "Standalone/JsonUtf8.h"
 
 namespace DemoCommandPrivate
 {

@@ -4,11 +4,11 @@
 #include "BlueprintActionMenuItem.h"
 #include "BlueprintActionMenuUtils.h"
 #include "BlueprintNodeSpawner.h"
-#include "Boot/EditorSession.h"
-#include "Boot/ResultText.h"
 #include "Cli/CommandTable.h"
 #include "EdGraphSchema_K2.h"
-#include "Server/JsonText.h"
+#include "Session/EditorSession.h"
+#include "Support/JsonText.h"
+#include "ToolFace/ResultText.h"
 
 namespace MenuCommandPrivate
 {

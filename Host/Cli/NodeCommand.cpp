@@ -2,11 +2,11 @@
 
 #include <iostream>
 
-#include "Boot/EditorModules.h"
-#include "Boot/ResultText.h"
 #include "Cli/CommandTable.h"
-#include "NodeByIdentity.h"
-#include "Serialization/JsonUtf8.h"
+#include "Session/EditorModules.h"
+#include "Standalone/JsonUtf8.h"
+#include "Standalone/NodeByIdentity.h"
+#include "ToolFace/ResultText.h"
 
 namespace NodeCommandPrivate
 {

@@ -2,11 +2,11 @@
 
 #include "Cli/CommandTable.h"
 #include "Cli/JsonArgument.h"
-#include "Serialization/JsonUtf8.h"
-#include "Server/JsonFields.h"
 #include "Server/LineReader.h"
-#include "Server/ResultJson.h"
 #include "Server/StdioServer.h"
+#include "Standalone/JsonUtf8.h"
+#include "Support/JsonFields.h"
+#include "ToolFace/ResultJson.h"
 
 namespace RunCommandPrivate
 {

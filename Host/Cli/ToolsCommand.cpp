@@ -1,7 +1,7 @@
 #include <CLI/CLI.hpp>
 
 #include "Cli/CommandTable.h"
-#include "Schemas/ToolListing.h"
+#include "ToolFace/ToolListing.h"
 
 /** morvane tools */
 class FToolsCommand : public ICommand

@@ -4,11 +4,11 @@
 #include <array>
 #include <exception>
 
-#include "Schemas/ToolListing.h"
 #include "Server/Identity.h"
-#include "Server/JsonText.h"
-#include "Server/ResultJson.h"
 #include "Server/Revisions.h"
+#include "Support/JsonText.h"
+#include "ToolFace/ResultJson.h"
+#include "ToolFace/ToolListing.h"
 
 struct FDispatcher::FMethod
 {

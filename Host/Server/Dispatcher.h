@@ -10,7 +10,7 @@
 #include "Server/CallQueue.h"
 #include "Server/JsonRpc.h"
 #include "Server/Reply.h"
-#include "Server/ToolHost.h"
+#include "ToolFace/ToolHost.h"
 
 /** Whether a message is written in the revision that needs no handshake. Told from each message alone; nothing is
  * remembered. */

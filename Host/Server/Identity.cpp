@@ -1,6 +1,6 @@
 #include "Server/Identity.h"
 
-#include "Server/JsonText.h"
+#include "Support/JsonText.h"
 
 const std::string& Identity::ServerInfoJson()
 {

@@ -1,7 +1,7 @@
 #include "Server/JsonRpc.h"
 
-#include "Serialization/JsonUtf8.h"
-#include "Server/JsonText.h"
+#include "Standalone/JsonUtf8.h"
+#include "Support/JsonText.h"
 
 namespace JsonRpcPrivate
 {

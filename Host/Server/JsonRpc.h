@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "Server/JsonFields.h"
+#include "Support/JsonFields.h"
 
 /** The codes that a JSON-RPC error of this server may carry. */
 namespace RpcError

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "Server/StopSignal.h"
-#include "Server/ToolHost.h"
+#include "ToolFace/ToolHost.h"
 
 /** Longest message that is read; a longer line is skipped and answered with an error. */
 constexpr size_t MaxMessageBytes = 64u << 20;

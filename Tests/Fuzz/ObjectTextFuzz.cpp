@@ -2,8 +2,8 @@
 // themselves, and that can be made into objects.
 
 #include "Misc/FeedbackContext.h"
-#include "UObject/ObjectProviders.h"
-#include "UObject/ObjectText.h"
+#include "Standalone/ObjectProviders.h"
+#include "Standalone/ObjectText.h"
 #include "UObject/Package.h"
 
 #include <cstdint>

@@ -1,9 +1,9 @@
 // Any bytes as a package file: refused with a sentence, or loaded. The first byte chooses whether the rest is the file
 // as it is, or object text that gets a valid header, since chance never finds a checksum.
 
-#include "UObject/ObjectProviders.h"
+#include "Standalone/ObjectProviders.h"
+#include "Standalone/PackageText.h"
 #include "UObject/Package.h"
-#include "UObject/PackageText.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,7 +1,6 @@
 // Any bytes pasted into a Blueprint's event graph: either nothing comes of it, or nodes whose pins agree about their
 // links, and whose copy can be pasted again for as many nodes.
 
-#include "Boot/EditorModules.h"
 #include "Containers/StringConv.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphNode.h"
@@ -10,6 +9,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "Misc/FeedbackContext.h"
+#include "Session/EditorModules.h"
 #include "UObject/Package.h"
 
 #include <cstdint>

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <cstdlib>
 
-#include "Serialization/JsonUtf8.h"
 #include "Server/Dispatcher.h"
 #include "Server/LineReader.h"
+#include "Standalone/JsonUtf8.h"
 
 namespace WireFuzz
 {

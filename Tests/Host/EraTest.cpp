@@ -4,8 +4,8 @@
 #include "Dom/JsonObject.h"
 #include "Host/FakeToolHost.h"
 #include "Host/ServeText.h"
-#include "Serialization/JsonUtf8.h"
 #include "Server/Dispatcher.h"
+#include "Standalone/JsonUtf8.h"
 
 namespace EraTest
 {

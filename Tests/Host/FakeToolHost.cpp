@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "Server/ResultJson.h"
+#include "ToolFace/ResultJson.h"
 
 FFakeToolHost::FFakeToolHost()
 {

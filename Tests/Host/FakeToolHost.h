@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "Server/ToolHost.h"
+#include "ToolFace/ToolHost.h"
 
 /** Tools made of lambdas, and a record of what was called. */
 class FFakeToolHost : public IToolHost

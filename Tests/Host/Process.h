@@ -5,7 +5,7 @@
 
 #include <sys/types.h>
 
-#include "Server/FileDescriptor.h"
+#include "Support/FileDescriptor.h"
 
 /** The program under test. */
 std::string GetMorvanePath();

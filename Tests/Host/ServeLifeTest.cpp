@@ -10,8 +10,8 @@
 
 #include "Host/FakeToolHost.h"
 #include "Server/CallQueue.h"
-#include "Server/FileDescriptor.h"
 #include "Server/StdioServer.h"
+#include "Support/FileDescriptor.h"
 
 namespace ServeLifeTest
 {

@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "Server/FileDescriptor.h"
 #include "Server/StdioServer.h"
+#include "Support/FileDescriptor.h"
 
 namespace ServeTextPrivate
 {

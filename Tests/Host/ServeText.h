@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Server/ToolHost.h"
+#include "ToolFace/ToolHost.h"
 
 /** Serves Input from its first byte to its end and answers the lines that came back. */
 std::vector<std::string> ServeText(IToolHost& Tools, std::string_view Input);

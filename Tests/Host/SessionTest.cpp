@@ -6,7 +6,7 @@
 
 #include "Dom/JsonObject.h"
 #include "Host/Process.h"
-#include "Serialization/JsonUtf8.h"
+#include "Standalone/JsonUtf8.h"
 #include "Support/TemporaryFolder.h"
 
 namespace SessionTest

@@ -4,9 +4,9 @@
 
 #include "Containers/StringConv.h"
 #include "Dom/JsonObject.h"
-#include "Schemas/ToolListing.h"
-#include "Schemas/ToolSchema.h"
-#include "Serialization/JsonUtf8.h"
+#include "Standalone/JsonUtf8.h"
+#include "ToolFace/ToolListing.h"
+#include "ToolFace/ToolSchema.h"
 
 namespace ToolSchemaTest
 {

@@ -6,7 +6,7 @@
 #include "BlueprintUtils.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"
-#include "Testing/EditorFaults.h"
+#include "Standalone/EditorFaults.h"
 #include "ToolResults.h"
 #include "UObject/Package.h"
 

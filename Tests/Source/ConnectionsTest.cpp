@@ -1,9 +1,9 @@
 #include "EdGraphSchema_K2.h"
 #include "K2Node.h"
+#include "Standalone/NativeClass.h"
 #include "ToolResults.h"
-#include "UObject/NativeClass.h"
-#include "Utils/PinConnections.h"
-#include "Utils/Records/GraphSession.h"
+#include "Utils/Graph/PinConnections.h"
+#include "Utils/Report/GraphSession.h"
 
 using testing::AllOf;
 using testing::ElementsAre;

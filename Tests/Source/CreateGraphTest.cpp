@@ -8,9 +8,9 @@
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "Kismet2/BlueprintEditorUtils.h"
-#include "Testing/EditorFaults.h"
+#include "Standalone/EditorFaults.h"
 #include "ToolResults.h"
-#include "Utils/FunctionGraphs.h"
+#include "Utils/Graph/FunctionGraphs.h"
 
 using testing::AllOf;
 using testing::ElementsAre;

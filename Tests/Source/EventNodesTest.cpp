@@ -1,4 +1,4 @@
-#include "Utils/EventNodes.h"
+#include "Utils/Graph/EventNodes.h"
 #include "BlueprintBuilder.h"
 #include "BlueprintGraphUtils.h"
 #include "BlueprintMatchingUtils.h"

@@ -1,4 +1,4 @@
-#include "Utils/EventTracing.h"
+#include "Utils/Read/EventTracing.h"
 #include "BlueprintMatchingUtils.h"
 #include "BlueprintNodeUtils.h"
 #include "GraphBuilder.h"

@@ -25,7 +25,7 @@
 #include "K2Node_Literal.h"
 #include "K2Node_VariableGet.h"
 #include "Kismet2/BlueprintEditorUtils.h"
-#include "Misc/GuidGenerator.h"
+#include "Standalone/GuidGenerator.h"
 #include "UObject/UnrealType.h"
 #include "WidgetBlueprint.h"
 

@@ -1,4 +1,4 @@
-#include "Utils/LocalVariables.h"
+#include "Utils/Graph/LocalVariables.h"
 #include "BlueprintBuilder.h"
 #include "EdGraphSchema_K2.h"
 #include "K2Node_FunctionEntry.h"

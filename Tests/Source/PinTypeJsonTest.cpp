@@ -1,8 +1,8 @@
 #include "AssetOperationBase.h"
 #include "BlueprintBuilder.h"
-#include "Boot/EditorModules.h"
 #include "EdGraph/EdGraphPin.h"
 #include "EdGraphSchema_K2.h"
+#include "Session/EditorModules.h"
 #include "ToolResults.h"
 #include "UObject/UnrealType.h"
 

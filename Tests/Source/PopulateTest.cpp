@@ -8,7 +8,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "Populating.h"
-#include "Testing/EditorFaults.h"
+#include "Standalone/EditorFaults.h"
 #include "UObject/Package.h"
 
 #include <sys/stat.h>

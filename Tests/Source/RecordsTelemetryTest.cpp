@@ -1,6 +1,6 @@
 #include "ToolResults.h"
-#include "Utils/Records/GraphSession.h"
-#include "Utils/Records/GraphTelemetry.h"
+#include "Utils/Report/GraphSession.h"
+#include "Utils/Report/GraphTelemetry.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -1,6 +1,6 @@
+#include "Operations/Graph/GraphModification.h"
 #include "ToolResults.h"
-#include "Utils/Records/GraphModification.h"
-#include "Utils/Records/PopulateRecords.h"
+#include "Utils/Request/PopulateRecords.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -1,13 +1,13 @@
 #include "BlueprintBuilder.h"
 
-#include "Boot/EditorModules.h"
 #include "EdGraphSchema_K2.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "Logging/TokenizedMessage.h"
 #include "Misc/PackageName.h"
-#include "Projects/Project.h"
+#include "Session/EditorModules.h"
+#include "Standalone/Project.h"
 #include "UObject/Package.h"
 #include "UObject/SavePackage.h"
 

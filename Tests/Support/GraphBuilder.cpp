@@ -1,9 +1,9 @@
 #include "GraphBuilder.h"
 
-#include "Boot/EditorModules.h"
 #include "EdGraphNode_Comment.h"
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
+#include "Session/EditorModules.h"
 #include "UObject/Package.h"
 
 FGraphBuilder::FGraphBuilder()

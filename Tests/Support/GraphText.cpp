@@ -1,6 +1,6 @@
 #include "GraphText.h"
 
-#include "UObject/ObjectText.h"
+#include "Standalone/ObjectText.h"
 
 #include <algorithm>
 #include <fstream>

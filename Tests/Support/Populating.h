@@ -1,9 +1,9 @@
 #pragma once
 
 #include "BlueprintBuilder.h"
-#include "Boot/EditorModules.h"
 #include "IToolExecutor.h"
 #include "MorvaneToolkitModule.h"
+#include "Session/EditorModules.h"
 #include "ToolInfo.h"
 #include "ToolResults.h"
 

@@ -1,9 +1,9 @@
 #include "TestAssets.h"
 
 #include "Misc/PackageName.h"
-#include "UObject/NativeClass.h"
-#include "UObject/ObjectProviders.h"
-#include "UObject/PackageText.h"
+#include "Standalone/NativeClass.h"
+#include "Standalone/ObjectProviders.h"
+#include "Standalone/PackageText.h"
 #include "UObject/SavePackage.h"
 #include "UObject/UnrealType.h"
 

@@ -4,7 +4,7 @@
 #include "AnimationGraphSchema.h"
 #include "AnimationStateMachineSchema.h"
 #include "BlueprintActionDatabaseRegistrar.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UAnimGraphNode_Base, "/Script/AnimGraph", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UAnimGraphNode_Root, "/Script/AnimGraph", CLASS_None)

@@ -8,7 +8,7 @@
 #include "AnimationStateGraph.h"
 #include "AnimationStateMachineSchema.h"
 #include "AnimationTransitionGraph.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UAnimStateNodeBase, "/Script/AnimGraph", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UAnimStateNode, "/Script/AnimGraph", CLASS_None)

@@ -6,7 +6,6 @@
 #include "AnimationStateGraph.h"
 #include "AnimationStateMachineSchema.h"
 #include "AnimationTransitionGraph.h"
-#include "AnimGraphClasses.h"
 #include "AnimGraphNode_Root.h"
 #include "AnimGraphNode_StateMachine.h"
 #include "AnimStateAliasNode.h"
@@ -14,7 +13,8 @@
 #include "AnimStateEntryNode.h"
 #include "AnimStateNode.h"
 #include "AnimStateTransitionNode.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/AnimGraphClasses.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UAnimationGraph, "/Script/AnimGraph", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UAnimationStateGraph, "/Script/AnimGraph", CLASS_None)

@@ -2,9 +2,9 @@
 
 #include "AssetRegistry/ARFilter.h"
 #include "Misc/PackageName.h"
+#include "Standalone/PackageText.h"
 #include "UObject/Class.h"
 #include "UObject/Package.h"
-#include "UObject/PackageText.h"
 
 FAssetData::FAssetData(FName InPackageName, FName InAssetName, const FTopLevelAssetPath& InClassPath)
 	: PackageName(InPackageName)

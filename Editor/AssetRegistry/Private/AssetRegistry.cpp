@@ -3,11 +3,11 @@
 #include "ContentScan.h"
 #include "HAL/FileManager.h"
 #include "Misc/PackageName.h"
-#include "Misc/PathConfinement.h"
 #include "Misc/Paths.h"
+#include "Standalone/PackageText.h"
+#include "Standalone/PathConfinement.h"
 #include "UObject/Class.h"
 #include "UObject/Package.h"
-#include "UObject/PackageText.h"
 
 namespace AssetRegistries
 {

@@ -2,8 +2,8 @@
 
 #include "Misc/FileHelper.h"
 #include "Misc/PackageName.h"
-#include "Misc/PathConfinement.h"
-#include "UObject/PackageText.h"
+#include "Standalone/PackageText.h"
+#include "Standalone/PathConfinement.h"
 
 #include <algorithm>
 #include <dirent.h>

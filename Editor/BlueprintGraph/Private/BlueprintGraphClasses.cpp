@@ -1,4 +1,4 @@
-#include "BlueprintGraphClasses.h"
+#include "Standalone/BlueprintGraphClasses.h"
 
 #include "BlueprintComponentNodeSpawner.h"
 #include "BlueprintDelegateNodeSpawner.h"
@@ -49,7 +49,6 @@
 #include "K2Node_EnumEquality.h"
 #include "K2Node_EnumInequality.h"
 #include "K2Node_EnumLiteral.h"
-#include "K2Node_EnumNodes.h"
 #include "K2Node_Event.h"
 #include "K2Node_EventNodeInterface.h"
 #include "K2Node_ExecutionSequence.h"
@@ -113,7 +112,8 @@
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
 #include "NodeDependingOnEnumInterface.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/K2Node_EnumNodes.h"
+#include "Standalone/NativeClass.h"
 
 void RegisterBlueprintGraphClasses()
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CoreMinimal.h"
-#include "K2Node_EnumNodes.h"
+#include "Standalone/K2Node_EnumNodes.h"
 
 /** A number as an entry of an enum. */
 class UK2Node_CastByteToEnum : public UK2Node_EnumNodeBase

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CoreMinimal.h"
-#include "K2Node_EnumNodes.h"
+#include "Standalone/K2Node_EnumNodes.h"
 
 /** An entry of an enum as a value. */
 class UK2Node_EnumLiteral : public UK2Node_EnumNodeBase

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CoreMinimal.h"
-#include "K2Node_EnumNodes.h"
+#include "Standalone/K2Node_EnumNodes.h"
 
 /** How many entries an enum has. */
 class UK2Node_GetNumEnumEntries : public UK2Node_EnumNodeBase

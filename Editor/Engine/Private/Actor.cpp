@@ -1,7 +1,7 @@
 #include "GameFramework/Actor.h"
 
 #include "Components/SceneComponent.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(AActor, "/Script/Engine", CLASS_None)
 

@@ -1,6 +1,6 @@
 #include "Animation/AnimNodeBase.h"
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_STRUCT(FPoseLink, "/Script/Engine")
 IMPLEMENT_EDITOR_STRUCT(FComponentSpacePoseLink, "/Script/Engine")

@@ -2,11 +2,11 @@
 
 #include "Components/ActorComponent.h"
 #include "EdGraph/EdGraph.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "Engine/BlueprintGeneratedClass.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Engine/TimelineTemplate.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/BlueprintClassProvider.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintCore, "/Script/Engine", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UBlueprint, "/Script/Engine", CLASS_None)

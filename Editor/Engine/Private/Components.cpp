@@ -1,7 +1,7 @@
 #include "Components/ActorComponent.h"
 #include "Components/SceneComponent.h"
 #include "GameFramework/Actor.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UActorComponent, "/Script/Engine", CLASS_DefaultToInstanced)
 IMPLEMENT_EDITOR_CLASS(USceneComponent, "/Script/Engine", CLASS_None)

@@ -1,6 +1,6 @@
 #include "Curves/CurveBase.h"
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UCurveBase, "/Script/Engine", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UCurveFloat, "/Script/Engine", CLASS_None)

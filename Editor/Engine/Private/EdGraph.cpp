@@ -1,7 +1,7 @@
 #include "EdGraph/EdGraph.h"
 
 #include "EdGraph/EdGraphSchema.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UEdGraph, "/Script/Engine", CLASS_None)
 

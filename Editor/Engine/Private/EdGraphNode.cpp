@@ -4,7 +4,7 @@
 #include "EdGraph/EdGraphSchema.h"
 #include "Misc/FeedbackContext.h"
 #include "Misc/Parse.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UEdGraphNode, "/Script/Engine", CLASS_None)
 

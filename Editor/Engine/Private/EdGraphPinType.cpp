@@ -1,6 +1,6 @@
 #include "EdGraph/EdGraphPin.h"
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_STRUCT(FSimpleMemberReference, "/Script/Engine")
 IMPLEMENT_EDITOR_STRUCT(FEdGraphTerminalType, "/Script/Engine")

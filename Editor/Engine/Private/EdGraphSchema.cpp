@@ -1,6 +1,6 @@
 #include "EdGraph/EdGraphSchema.h"
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UEdGraphSchema, "/Script/Engine", CLASS_None)
 

@@ -1,4 +1,4 @@
-#include "EngineClasses.h"
+#include "Standalone/EngineClasses.h"
 
 #include "Components/SceneComponent.h"
 #include "Curves/CurveBase.h"
@@ -10,7 +10,7 @@
 #include "Engine/TimelineTemplate.h"
 #include "GameFramework/Actor.h"
 #include "InputCoreTypes.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 void RegisterEngineClasses()
 {

@@ -1,6 +1,6 @@
 #include "InputCoreTypes.h"
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_STRUCT(FKey, "/Script/InputCore")
 

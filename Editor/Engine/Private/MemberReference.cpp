@@ -2,8 +2,8 @@
 
 #include "EdGraph/EdGraph.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/BlueprintClassProvider.h"
+#include "Standalone/NativeClass.h"
 #include "UObject/Package.h"
 
 IMPLEMENT_EDITOR_STRUCT(FMemberReference, "/Script/Engine")

@@ -4,7 +4,7 @@
 #include "ConstructionScriptNodes.h"
 #include "Engine/Blueprint.h"
 #include "Engine/SimpleConstructionScript.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(USCS_Node, "/Script/Engine", CLASS_None)
 

@@ -1,6 +1,6 @@
 #include "Engine/TimelineTemplate.h"
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UTimelineTemplate, "/Script/Engine", CLASS_None)
 IMPLEMENT_EDITOR_STRUCT(FTTTrackBase, "/Script/Engine")

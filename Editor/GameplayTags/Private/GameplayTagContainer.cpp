@@ -1,7 +1,7 @@
 #include "GameplayTagContainer.h"
 
 #include "GameplayTagsManager.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_STRUCT(FGameplayTag, "/Script/GameplayTags")
 IMPLEMENT_EDITOR_STRUCT(FGameplayTagContainer, "/Script/GameplayTags")

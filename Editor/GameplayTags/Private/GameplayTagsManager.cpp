@@ -1,11 +1,11 @@
 #include "GameplayTagsManager.h"
 
-#include "GameplayTagsClasses.h"
 #include "HAL/FileManager.h"
 #include "Misc/FileHelper.h"
 #include "Misc/Paths.h"
-#include "Projects/Project.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/GameplayTagsClasses.h"
+#include "Standalone/NativeClass.h"
+#include "Standalone/Project.h"
 
 IMPLEMENT_EDITOR_CLASS(UGameplayTagsManager, "/Script/GameplayTags", CLASS_None)
 

@@ -1,6 +1,6 @@
 #include "MovieScene.h"
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UMovieScene, "/Script/MovieScene", CLASS_None)
 

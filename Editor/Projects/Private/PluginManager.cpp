@@ -3,9 +3,9 @@
 #include "Dom/JsonObject.h"
 #include "HAL/FileManager.h"
 #include "Misc/FileHelper.h"
-#include "Misc/PathConfinement.h"
 #include "Misc/Paths.h"
 #include "Serialization/JsonSerializer.h"
+#include "Standalone/PathConfinement.h"
 
 #include <dirent.h>
 

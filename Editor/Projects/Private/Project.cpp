@@ -1,13 +1,13 @@
-#include "Projects/Project.h"
+#include "Standalone/Project.h"
 
 #include "HAL/FileManager.h"
 #include "Interfaces/IPluginManager.h"
 #include "Misc/PackageName.h"
-#include "Misc/PathConfinement.h"
 #include "Misc/Paths.h"
-#include "Misc/ProjectPaths.h"
 #include "ProjectLock.h"
-#include "UObject/PackageText.h"
+#include "Standalone/PackageText.h"
+#include "Standalone/PathConfinement.h"
+#include "Standalone/ProjectPaths.h"
 
 namespace Projects
 {

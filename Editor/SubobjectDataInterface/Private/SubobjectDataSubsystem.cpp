@@ -6,9 +6,9 @@
 #include "Engine/SimpleConstructionScript.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/Kismet2NameValidators.h"
+#include "Standalone/NativeClass.h"
+#include "Standalone/SubobjectDataInterfaceClasses.h"
 #include "SubobjectDataGathering.h"
-#include "SubobjectDataInterfaceClasses.h"
-#include "UObject/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(USubobjectDataSubsystem, "/Script/SubobjectDataInterface", CLASS_None)
 

@@ -1,7 +1,7 @@
-#include "Testing/EditorFaults.h"
+#include "Standalone/EditorFaults.h"
 
 #include "ISourceControlModule.h"
-#include "UObject/PackageText.h"
+#include "Standalone/PackageText.h"
 #include "UObject/UObjectGlobals.h"
 
 namespace EditorFaults

@@ -6,9 +6,9 @@
 #include "Components/ContentWidget.h"
 #include "Engine/BlueprintGeneratedClass.h"
 #include "MovieScene.h"
-#include "UMGClasses.h"
-#include "UObject/NativeClass.h"
-#include "WidgetBlueprintVariables.h"
+#include "Standalone/NativeClass.h"
+#include "Standalone/UMGClasses.h"
+#include "Standalone/WidgetBlueprintVariables.h"
 
 IMPLEMENT_EDITOR_CLASS(UWidgetBlueprint, "/Script/UMGEditor", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UWidgetAnimation, "/Script/UMG", CLASS_None)

@@ -2,8 +2,8 @@
 #include "Blueprint/WidgetTree.h"
 #include "Components/ContentWidget.h"
 #include "Components/PanelWidget.h"
-#include "UMGClasses.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
+#include "Standalone/UMGClasses.h"
 
 IMPLEMENT_EDITOR_CLASS(UVisual, "/Script/UMG", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UWidget, "/Script/UMG", CLASS_Abstract)

@@ -4,7 +4,7 @@
 #include "AnimationGraphSchema.h"
 #include "Blueprint/WidgetTree.h"
 #include "Kismet2/BlueprintEditorUtils.h"
-#include "Kismet2/BlueprintKinds.h"
+#include "Standalone/BlueprintKinds.h"
 #include "WidgetBlueprint.h"
 
 namespace BlueprintKindSetup

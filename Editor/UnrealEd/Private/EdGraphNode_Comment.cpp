@@ -1,6 +1,6 @@
 #include "EdGraphNode_Comment.h"
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UEdGraphNode_Comment, "/Script/UnrealEd", CLASS_None)
 

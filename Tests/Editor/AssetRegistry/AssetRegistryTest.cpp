@@ -1,6 +1,6 @@
 #include "AssetRegistry/AssetRegistryModule.h"
 
-#include "Projects/Project.h"
+#include "Standalone/Project.h"
 #include "TemporaryFolder.h"
 #include "TestAssets.h"
 

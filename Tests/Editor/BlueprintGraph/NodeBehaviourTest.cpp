@@ -21,7 +21,7 @@
 #include "K2Node_SwitchString.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "NodeTests.h"
-#include "StandardMacros.h"
+#include "Standalone/StandardMacros.h"
 
 #include <gtest/gtest.h>
 

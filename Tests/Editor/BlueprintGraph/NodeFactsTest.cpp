@@ -1,9 +1,9 @@
 // Nodes made from their identity, against a table of what the editor's own nodes look like.
 
-#include "Boot/EditorModules.h"
 #include "GraphBuilder.h"
-#include "NodeByIdentity.h"
 #include "NodeFactTable.h"
+#include "Session/EditorModules.h"
+#include "Standalone/NodeByIdentity.h"
 #include "ToolResults.h"
 
 #include <gtest/gtest.h>

@@ -2,11 +2,11 @@
 // are called and filed under.
 
 #include "BlueprintBuilder.h"
-#include "Boot/EditorModules.h"
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
-#include "NodeByIdentity.h"
 #include "NodeFamilyTable.h"
+#include "Session/EditorModules.h"
+#include "Standalone/NodeByIdentity.h"
 #include "ToolResults.h"
 
 #include <gtest/gtest.h>

@@ -15,7 +15,7 @@
 #include "K2Node_SpawnActorFromClass.h"
 #include "K2Node_VariableGet.h"
 #include "NodeTests.h"
-#include "StandardMacros.h"
+#include "Standalone/StandardMacros.h"
 
 #include <gtest/gtest.h>
 

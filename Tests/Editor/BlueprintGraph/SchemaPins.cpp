@@ -1,8 +1,8 @@
 #include "SchemaPins.h"
 
-#include "Boot/EditorModules.h"
 #include "Engine/MemberReference.h"
 #include "GraphBuilder.h"
+#include "Session/EditorModules.h"
 #include "UObject/Package.h"
 
 #include <gtest/gtest.h>

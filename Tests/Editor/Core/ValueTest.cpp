@@ -1,7 +1,7 @@
 #include "CoreMinimal.h"
-#include "Misc/GuidGenerator.h"
 #include "Misc/Parse.h"
 #include "Misc/ScopeExit.h"
+#include "Standalone/GuidGenerator.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // What objects of catalogued classes start with, as their constructors have it.
 
-#include "Boot/EditorModules.h"
+#include "Session/EditorModules.h"
 #include "UObject/Class.h"
 #include "UObject/UnrealType.h"
 

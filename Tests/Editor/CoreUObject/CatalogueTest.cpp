@@ -1,6 +1,6 @@
-#include "UObject/Catalogue.h"
+#include "Standalone/Catalogue.h"
 
-#include "Boot/EditorModules.h"
+#include "Session/EditorModules.h"
 #include "UObject/Class.h"
 #include "UObject/UnrealType.h"
 

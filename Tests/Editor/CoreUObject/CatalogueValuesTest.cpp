@@ -1,5 +1,5 @@
-#include "Boot/EditorModules.h"
 #include "ReflectedThings.h"
+#include "Session/EditorModules.h"
 
 #include <gtest/gtest.h>
 

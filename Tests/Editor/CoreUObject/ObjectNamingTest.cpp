@@ -1,6 +1,6 @@
 #include "ReflectedThings.h"
 
-#include "UObject/ObjectProviders.h"
+#include "Standalone/ObjectProviders.h"
 #include "UObject/UObjectIterator.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "ReflectedThings.h"
 
-#include "UObject/ObjectText.h"
+#include "Standalone/ObjectText.h"
 
 #include <gtest/gtest.h>
 

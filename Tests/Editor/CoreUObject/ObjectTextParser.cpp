@@ -1,4 +1,4 @@
-#include "UObject/ObjectText.h"
+#include "Standalone/ObjectText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "UObject/ObjectText.h"
+#include "Standalone/ObjectText.h"
 
 #include "Misc/FeedbackContext.h"
 #include "TestAssets.h"

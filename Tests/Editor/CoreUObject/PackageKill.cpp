@@ -1,5 +1,5 @@
 #include "PackageTest.h"
-#include "UObject/ObjectText.h"
+#include "Standalone/ObjectText.h"
 
 #include <csignal>
 #include <random>

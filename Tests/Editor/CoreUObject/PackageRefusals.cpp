@@ -1,6 +1,6 @@
-#include "Misc/PathConfinement.h"
 #include "PackageTest.h"
-#include "UObject/ObjectText.h"
+#include "Standalone/ObjectText.h"
+#include "Standalone/PathConfinement.h"
 
 #include <sys/mount.h>
 #include <sys/stat.h>

@@ -1,6 +1,6 @@
 #include "PackageTest.h"
 
-#include "UObject/ObjectText.h"
+#include "Standalone/ObjectText.h"
 #include "UObject/UnrealType.h"
 
 class PackageRoundTrip : public FPackageTest

@@ -2,10 +2,10 @@
 
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
+#include "Standalone/ObjectText.h"
+#include "Standalone/PackageText.h"
 #include "TemporaryFolder.h"
 #include "TestAssets.h"
-#include "UObject/ObjectText.h"
-#include "UObject/PackageText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "UObject/Catalogue.h"
+#include "Standalone/Catalogue.h"
 
-#include "Boot/EditorModules.h"
 #include "HAL/FileManager.h"
 #include "Misc/FileHelper.h"
 #include "Misc/Guid.h"
 #include "Misc/Paths.h"
+#include "Session/EditorModules.h"
 #include "UObject/Class.h"
 #include "UObject/UnrealType.h"
 

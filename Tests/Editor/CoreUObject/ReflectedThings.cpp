@@ -1,6 +1,6 @@
 #include "ReflectedThings.h"
 
-#include "UObject/ObjectProviders.h"
+#include "Standalone/ObjectProviders.h"
 
 IMPLEMENT_EDITOR_CLASS(UThingListener, "/Script/ThingTests", CLASS_Abstract | CLASS_Interface)
 IMPLEMENT_EDITOR_CLASS(UThing, "/Script/ThingTests", CLASS_None)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CoreMinimal.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "UObject/Package.h"
 
 /** Native types with one member of every kind that properties know, for the tests of this folder. */

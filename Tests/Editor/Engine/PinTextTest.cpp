@@ -1,9 +1,9 @@
 #include "EdGraph/EdGraphPin.h"
 
-#include "Boot/EditorModules.h"
 #include "Engine/MemberReference.h"
 #include "GraphBuilder.h"
 #include "Misc/OutputDevice.h"
+#include "Session/EditorModules.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "Dom/JsonObject.h"
 #include "Containers/StringConv.h"
-#include "Serialization/JsonUtf8.h"
+#include "Standalone/JsonUtf8.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "Containers/StringConv.h"
 #include "Dom/JsonObject.h"
 #include "Serialization/JsonSerializer.h"
-#include "Serialization/JsonUtf8.h"
+#include "Standalone/JsonUtf8.h"
 
 #include <gtest/gtest.h>
 

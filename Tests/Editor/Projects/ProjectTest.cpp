@@ -1,8 +1,8 @@
-#include "Projects/Project.h"
+#include "Standalone/Project.h"
 
 #include "Interfaces/IPluginManager.h"
 #include "Misc/PackageName.h"
-#include "Misc/PathConfinement.h"
+#include "Standalone/PathConfinement.h"
 #include "TemporaryFolder.h"
 #include "TestAssets.h"
 

@@ -2,7 +2,7 @@
 #include "SourceControlHelpers.h"
 #include "SourceControlOperations.h"
 
-#include "Misc/ProjectPaths.h"
+#include "Standalone/ProjectPaths.h"
 #include "TemporaryFolder.h"
 
 #include <git2.h>

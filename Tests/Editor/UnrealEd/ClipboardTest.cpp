@@ -3,7 +3,6 @@
 #include "BlueprintBuilder.h"
 #include "ClipboardText.h"
 #include "EdGraphNode_Comment.h"
-#include "EdGraphNode_Placeholder.h"
 #include "EdGraphSchema_K2.h"
 #include "GraphText.h"
 #include "K2Node_CallFunction.h"
@@ -15,6 +14,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "Kismet2/KismetEditorUtilities.h"
+#include "Standalone/EdGraphNode_Placeholder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -9,7 +9,7 @@
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
 #include "Kismet2/BlueprintEditorUtils.h"
-#include "StandardMacros.h"
+#include "Standalone/StandardMacros.h"
 
 #include <gtest/gtest.h>
 

@@ -4,10 +4,10 @@
 #include "BlueprintNodeSpawner.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "K2Node.h"
 #include "Menu/MenuWords.h"
 #include "Nodes/FunctionPins.h"
+#include "Standalone/BlueprintClassProvider.h"
 
 namespace ActionAudiences
 {

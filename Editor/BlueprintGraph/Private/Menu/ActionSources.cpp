@@ -15,7 +15,7 @@
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
 #include "Menu/MenuWords.h"
-#include "UObject/Catalogue.h"
+#include "Standalone/Catalogue.h"
 #include "UObject/UnrealType.h"
 
 namespace ActionSources

@@ -8,12 +8,12 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_MacroInstance.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
 #include "Menu/MenuWords.h"
+#include "Standalone/BlueprintClassProvider.h"
 #include "UObject/UnrealType.h"
 
 namespace ActionSources

@@ -5,8 +5,8 @@
 #include "Engine/Blueprint.h"
 #include "Menu/ActionSources.h"
 #include "Menu/InputMappings.h"
-#include "StandardMacros.h"
-#include "UObject/Catalogue.h"
+#include "Standalone/Catalogue.h"
+#include "Standalone/StandardMacros.h"
 #include "UObject/Package.h"
 
 namespace ActionDatabase

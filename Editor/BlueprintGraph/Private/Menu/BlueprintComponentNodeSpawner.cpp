@@ -5,7 +5,7 @@
 #include "Engine/Blueprint.h"
 #include "K2Node_AddComponent.h"
 #include "Menu/SpawnerPins.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintComponentNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
 

@@ -8,7 +8,7 @@
 #include "K2Node_RemoveDelegate.h"
 #include "Menu/MenuWords.h"
 #include "Menu/SpawnerPins.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintDelegateNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
 

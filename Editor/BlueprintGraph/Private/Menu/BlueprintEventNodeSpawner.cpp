@@ -2,12 +2,12 @@
 
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_Event.h"
 #include "Menu/MenuWords.h"
 #include "Menu/SpawnerPins.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/BlueprintClassProvider.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintEventNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UBlueprintBoundEventNodeSpawner, "/Script/BlueprintGraph", CLASS_None)

@@ -7,7 +7,7 @@
 #include "K2Node_MakeStruct.h"
 #include "K2Node_SetFieldsInStruct.h"
 #include "Menu/SpawnerPins.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "UObject/UnrealType.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintFieldNodeSpawner, "/Script/BlueprintGraph", CLASS_None)

@@ -7,7 +7,7 @@
 #include "Menu/MenuWords.h"
 #include "Menu/SpawnerPins.h"
 #include "Nodes/FunctionPins.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintFunctionNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
 

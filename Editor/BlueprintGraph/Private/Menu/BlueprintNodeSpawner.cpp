@@ -3,7 +3,7 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Menu/SpawnerPins.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
 

@@ -5,7 +5,7 @@
 #include "K2Node_VariableSet.h"
 #include "Menu/MenuWords.h"
 #include "Menu/SpawnerPins.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintVariableNodeSpawner, "/Script/BlueprintGraph", CLASS_None)
 

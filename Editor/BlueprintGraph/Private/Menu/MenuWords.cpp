@@ -2,7 +2,7 @@
 
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
+#include "Standalone/BlueprintClassProvider.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
 

@@ -1,7 +1,7 @@
 #include "GameplayTagsK2Node_SwitchGameplayTag.h"
 
 #include "EdGraphSchema_K2.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UGameplayTagsK2Node_SwitchGameplayTag, "/Script/GameplayTagsEditor", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UGameplayTagsK2Node_SwitchGameplayTagContainer, "/Script/GameplayTagsEditor", CLASS_None)

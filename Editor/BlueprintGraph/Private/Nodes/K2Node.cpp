@@ -3,8 +3,8 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/BlueprintClassProvider.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node, "/Script/BlueprintGraph", CLASS_Abstract)
 IMPLEMENT_EDITOR_STRUCT(FOptionalPinFromProperty, "/Script/BlueprintGraph")

@@ -1,6 +1,6 @@
 #include "K2Node_AddPinInterface.h"
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_AddPinInterface, "/Script/BlueprintGraph", CLASS_Interface | CLASS_Abstract)
 

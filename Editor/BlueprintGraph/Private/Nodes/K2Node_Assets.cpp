@@ -10,7 +10,7 @@
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphSchema_K2.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "WildcardTypes.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_GetDataTableRow, "/Script/BlueprintGraph", CLASS_None)

@@ -12,7 +12,7 @@
 #include "K2Node_CallFunction.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "Menu/MenuWords.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_BaseAsyncTask, "/Script/BlueprintGraph", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UK2Node_AsyncAction, "/Script/BlueprintGraph", CLASS_None)

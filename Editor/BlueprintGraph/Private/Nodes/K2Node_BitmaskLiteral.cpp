@@ -2,7 +2,7 @@
 
 #include "EdGraphSchema_K2.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_BitmaskLiteral, "/Script/BlueprintGraph", CLASS_None)
 

@@ -8,7 +8,7 @@
 #include "Engine/Blueprint.h"
 #include "FunctionTips.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_ComponentBoundEvent, "/Script/BlueprintGraph", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UK2Node_ActorBoundEvent, "/Script/BlueprintGraph", CLASS_None)

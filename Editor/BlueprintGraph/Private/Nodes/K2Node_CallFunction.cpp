@@ -8,7 +8,7 @@
 #include "K2Node_Event.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "Menu/MenuWords.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_CallFunction, "/Script/BlueprintGraph", CLASS_None)
 

@@ -2,7 +2,7 @@
 
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_CallParentFunction, "/Script/BlueprintGraph", CLASS_None)
 

@@ -12,7 +12,7 @@
 #include "Engine/Blueprint.h"
 #include "ExposedVariables.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "WildcardTypes.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_CallArrayFunction, "/Script/BlueprintGraph", CLASS_None)

@@ -13,7 +13,7 @@
 #include "Engine/Blueprint.h"
 #include "ExposedVariables.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_ConstructObjectFromClass, "/Script/BlueprintGraph", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UK2Node_SpawnActorFromClass, "/Script/BlueprintGraph", CLASS_None)

@@ -6,7 +6,7 @@
 #include "Engine/Blueprint.h"
 #include "K2Node_BaseMCDelegate.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_CreateDelegate, "/Script/BlueprintGraph", CLASS_None)
 

@@ -1,7 +1,7 @@
 #include "K2Node_CreateDragDropOperation.h"
 
 #include "EdGraphSchema_K2.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_CreateDragDropOperation, "/Script/UMGEditor", CLASS_None)
 

@@ -6,7 +6,7 @@
 #include "K2Node_Tunnel.h"
 #include "Misc/FeedbackContext.h"
 #include "Misc/Parse.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_EditablePinBase, "/Script/BlueprintGraph", CLASS_Abstract)
 IMPLEMENT_EDITOR_STRUCT(FUserPinInfo, "/Script/BlueprintGraph")

@@ -6,7 +6,7 @@
 #include "EdGraphSchema_K2.h"
 #include "InputGraphs.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_EnhancedInputAction, "/Script/InputBlueprintNodes", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UK2Node_GetInputActionValue, "/Script/InputBlueprintNodes", CLASS_None)

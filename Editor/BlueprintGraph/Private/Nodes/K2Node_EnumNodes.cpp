@@ -11,7 +11,7 @@
 #include "EdGraphSchema_K2.h"
 #include "EnumPins.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "WildcardTypes.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_EnumNodeBase, "/Script/BlueprintGraph", CLASS_Abstract)

@@ -8,7 +8,7 @@
 #include "K2Node_CallFunction.h"
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_EventNodeInterface, "/Script/BlueprintGraph", CLASS_Interface | CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UK2Node_Event, "/Script/BlueprintGraph", CLASS_None)

@@ -6,7 +6,7 @@
 #include "BlueprintActionDatabaseRegistrar.h"
 #include "EdGraphSchema_K2.h"
 #include "PinNames.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_IfThenElse, "/Script/BlueprintGraph", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UK2Node_ExecutionSequence, "/Script/BlueprintGraph", CLASS_None)

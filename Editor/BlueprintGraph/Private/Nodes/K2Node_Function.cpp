@@ -6,9 +6,9 @@
 #include "BlueprintActionDatabaseRegistrar.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "FunctionTips.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/BlueprintClassProvider.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_FunctionTerminator, "/Script/BlueprintGraph", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UK2Node_FunctionEntry, "/Script/BlueprintGraph", CLASS_None)

@@ -4,7 +4,7 @@
 #include "ClassPins.h"
 #include "EdGraphSchema_K2.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_GetClassDefaults, "/Script/BlueprintGraph", CLASS_None)
 

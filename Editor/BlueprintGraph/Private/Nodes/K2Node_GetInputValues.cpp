@@ -8,7 +8,7 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "InputBinding.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_GetInputAxisValue, "/Script/BlueprintGraph", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UK2Node_GetInputAxisKeyValue, "/Script/BlueprintGraph", CLASS_None)

@@ -15,7 +15,7 @@
 #include "InputBinding.h"
 #include "InputGraphs.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "UObject/Package.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_InputKey, "/Script/BlueprintGraph", CLASS_None)

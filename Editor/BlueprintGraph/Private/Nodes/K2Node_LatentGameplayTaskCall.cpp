@@ -9,7 +9,7 @@
 #include "Engine/Blueprint.h"
 #include "ExposedVariables.h"
 #include "FunctionPins.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_LatentGameplayTaskCall, "/Script/GameplayTasksEditor", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UK2Node_LatentAbilityCall, "/Script/GameplayAbilitiesEditor", CLASS_None)

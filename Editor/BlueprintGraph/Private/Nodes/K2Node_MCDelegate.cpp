@@ -12,7 +12,7 @@
 #include "Engine/Blueprint.h"
 #include "K2Node_CustomEvent.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_BaseMCDelegate, "/Script/BlueprintGraph", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UK2Node_AddDelegate, "/Script/BlueprintGraph", CLASS_None)

@@ -9,7 +9,7 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphSchema_K2.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "WildcardTypes.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_TemporaryVariable, "/Script/BlueprintGraph", CLASS_None)

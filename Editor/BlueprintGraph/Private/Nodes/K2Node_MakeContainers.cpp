@@ -9,7 +9,7 @@
 #include "EdGraphSchema_K2.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "PinNames.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "WildcardTypes.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_MakeContainer, "/Script/BlueprintGraph", CLASS_Abstract)

@@ -8,7 +8,7 @@
 #include "Kismet2/Kismet2NameValidators.h"
 #include "MathExpressionFunctions.h"
 #include "MathExpressionParser.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_MathExpression, "/Script/BlueprintGraph", CLASS_None)
 

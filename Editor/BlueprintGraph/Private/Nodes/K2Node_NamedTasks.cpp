@@ -4,7 +4,7 @@
 #include "K2Node_PlayMontage.h"
 
 #include "BlueprintActionDatabaseRegistrar.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_AIMoveTo, "/Script/BlueprintGraph", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UK2Node_PlayMontage, "/Script/AnimGraph", CLASS_None)

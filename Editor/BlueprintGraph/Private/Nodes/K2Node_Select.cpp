@@ -8,7 +8,7 @@
 #include "EnumPins.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "PinNames.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "WildcardTypes.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_Select, "/Script/BlueprintGraph", CLASS_None)

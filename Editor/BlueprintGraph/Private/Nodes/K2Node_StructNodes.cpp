@@ -5,7 +5,7 @@
 
 #include "EdGraphSchema_K2.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_StructOperation, "/Script/BlueprintGraph", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UK2Node_StructMemberGet, "/Script/BlueprintGraph", CLASS_Abstract)

@@ -10,7 +10,7 @@
 #include "EnumPins.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "PinNames.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UNodeDependingOnEnumInterface, "/Script/BlueprintGraph", CLASS_Interface | CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UK2Node_Switch, "/Script/BlueprintGraph", CLASS_Abstract)

@@ -5,10 +5,10 @@
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "Engine/TimelineTemplate.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/BlueprintClassProvider.h"
+#include "Standalone/NativeClass.h"
 #include "UObject/UObjectIterator.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_Timeline, "/Script/BlueprintGraph", CLASS_None)

@@ -2,7 +2,7 @@
 
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_Tunnel, "/Script/BlueprintGraph", CLASS_None)
 

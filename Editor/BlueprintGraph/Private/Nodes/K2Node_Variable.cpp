@@ -3,11 +3,11 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "Menu/MenuWords.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/BlueprintClassProvider.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_Variable, "/Script/BlueprintGraph", CLASS_Abstract)
 

@@ -1,11 +1,11 @@
-#include "StandardMacros.h"
+#include "Standalone/StandardMacros.h"
 
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "K2Node_Tunnel.h"
+#include "Standalone/ObjectProviders.h"
 #include "StandardMacroBodies.h"
-#include "UObject/ObjectProviders.h"
 #include "UObject/Package.h"
 
 namespace StandardMacros

@@ -5,7 +5,7 @@
 #include "Engine/Blueprint.h"
 #include "K2Node_Knot.h"
 #include "K2Node_PromotableOperator.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UEdGraphSchema_K2, "/Script/BlueprintGraph", CLASS_None)
 

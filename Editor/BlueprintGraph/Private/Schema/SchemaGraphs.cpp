@@ -5,10 +5,10 @@
 
 #include "EdGraph/EdGraph.h"
 #include "Engine/Blueprint.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "K2Node_Tunnel.h"
+#include "Standalone/BlueprintClassProvider.h"
 #include "UObject/UnrealType.h"
 
 namespace SchemaGraphs

@@ -1,14 +1,14 @@
 #include "Containers/StringConv.h"
 #include "CoreGlobals.h"
-#include "Logging/LogControl.h"
 #include "Logging/LogMacros.h"
 #include "Misc/OutputDeviceRedirector.h"
+#include "Standalone/LogControl.h"
 
 // clang-format off
-#include "HAL/PreThirdParty.h"
+#include "Standalone/PreThirdParty.h"
 #include <spdlog/sinks/stdout_sinks.h>
 #include <spdlog/spdlog.h>
-#include "HAL/PostThirdParty.h"
+#include "Standalone/PostThirdParty.h"
 // clang-format on
 
 DEFINE_LOG_CATEGORY(LogTemp);

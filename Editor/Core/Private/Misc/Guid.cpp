@@ -1,6 +1,6 @@
 #include "Misc/Guid.h"
 
-#include "Misc/GuidGenerator.h"
+#include "Standalone/GuidGenerator.h"
 
 #include <optional>
 #include <random>

@@ -2,7 +2,7 @@
 
 #include "Containers/StringConv.h"
 #include "HAL/FileManager.h"
-#include "Misc/ProjectPaths.h"
+#include "Standalone/ProjectPaths.h"
 
 #include <filesystem>
 #include <system_error>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Containers/Array.h"
-#include "Containers/OrderedTable.h"
+#include "Standalone/OrderedTable.h"
 
 #include <initializer_list>
 

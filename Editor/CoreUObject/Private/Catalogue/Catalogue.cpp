@@ -1,8 +1,8 @@
-#include "UObject/Catalogue.h"
+#include "Standalone/Catalogue.h"
 
 #include "Catalogue/CatalogueObjects.h"
 #include "Objects/ObjectTable.h"
-#include "UObject/ObjectProviders.h"
+#include "Standalone/ObjectProviders.h"
 #include "UObject/Package.h"
 
 // The packed engine catalogue; the build links it in as read-only data.

@@ -3,7 +3,7 @@
 #include "HAL/FileManager.h"
 #include "Misc/FileHelper.h"
 #include "Misc/Paths.h"
-#include "UObject/Catalogue.h"
+#include "Standalone/Catalogue.h"
 
 #include <algorithm>
 #include <unordered_map>

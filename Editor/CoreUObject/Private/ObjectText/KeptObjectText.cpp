@@ -1,6 +1,6 @@
 #include "ObjectText/ObjectTextWriter.h"
+#include "Standalone/ObjectText.h"
 #include "UObject/Object.h"
-#include "UObject/ObjectText.h"
 
 #include "Misc/FeedbackContext.h"
 

@@ -1,6 +1,6 @@
 #include "ObjectText/ObjectTextWriter.h"
+#include "Standalone/ObjectText.h"
 #include "UObject/Class.h"
-#include "UObject/ObjectText.h"
 #include "UObject/UnrealType.h"
 
 #include "Misc/FeedbackContext.h"

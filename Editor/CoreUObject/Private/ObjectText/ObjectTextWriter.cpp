@@ -2,8 +2,8 @@
 
 #include "ObjectText/ObjectTextSyntax.h"
 #include "Properties/ScriptRows.h"
+#include "Standalone/ObjectText.h"
 #include "UObject/Class.h"
-#include "UObject/ObjectText.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Standalone/ObjectText.h"
 #include "UObject/Object.h"
-#include "UObject/ObjectText.h"
 
 #include <string>
 #include <unordered_map>

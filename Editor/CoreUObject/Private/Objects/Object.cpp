@@ -2,9 +2,9 @@
 
 #include "Objects/ObjectExtension.h"
 #include "Objects/ObjectTable.h"
-#include "UObject/NativeClass.h"
-#include "UObject/ObjectProviders.h"
-#include "UObject/ObjectText.h"
+#include "Standalone/NativeClass.h"
+#include "Standalone/ObjectProviders.h"
+#include "Standalone/ObjectText.h"
 #include "UObject/Package.h"
 
 namespace ObjectCustomData

@@ -2,7 +2,7 @@
 
 #include "Objects/ObjectExtension.h"
 #include "Objects/ObjectTable.h"
-#include "UObject/ObjectProviders.h"
+#include "Standalone/ObjectProviders.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
 

@@ -2,7 +2,7 @@
 
 #include "Objects/ObjectPaths.h"
 #include "Objects/ObjectTable.h"
-#include "UObject/ObjectProviders.h"
+#include "Standalone/ObjectProviders.h"
 #include "UObject/Package.h"
 #include "UObject/TopLevelAssetPath.h"
 

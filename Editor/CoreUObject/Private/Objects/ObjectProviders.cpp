@@ -1,4 +1,4 @@
-#include "UObject/ObjectProviders.h"
+#include "Standalone/ObjectProviders.h"
 
 namespace ObjectProviders
 {

@@ -1,7 +1,7 @@
 #include "UObject/Package.h"
 
 #include "Objects/ObjectTable.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 void UPackage::DescribeClass(FClassDescriber& Class) {}
 

@@ -1,14 +1,14 @@
-#include "UObject/PackageText.h"
+#include "Standalone/PackageText.h"
 
 #include "Misc/FeedbackContext.h"
 #include "Misc/OutputDeviceRedirector.h"
 #include "Misc/PackageName.h"
-#include "Misc/PathConfinement.h"
 #include "Package/AtomicFile.h"
 #include "Package/PackageFile.h"
+#include "Standalone/ObjectProviders.h"
+#include "Standalone/ObjectText.h"
+#include "Standalone/PathConfinement.h"
 #include "UObject/Class.h"
-#include "UObject/ObjectProviders.h"
-#include "UObject/ObjectText.h"
 #include "UObject/Package.h"
 
 #include <algorithm>

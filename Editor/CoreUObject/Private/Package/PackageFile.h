@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Package/AtomicFile.h"
-#include "UObject/PackageText.h"
+#include "Standalone/PackageText.h"
 
 #include <string>
 #include <string_view>

@@ -1,8 +1,8 @@
 #include "Misc/PackageName.h"
 
-#include "Misc/PathConfinement.h"
 #include "Misc/Paths.h"
 #include "Package/PackageFile.h"
+#include "Standalone/PathConfinement.h"
 #include "UObject/Object.h"
 #include "UObject/Package.h"
 

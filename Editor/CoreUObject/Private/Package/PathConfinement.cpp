@@ -1,4 +1,4 @@
-#include "Misc/PathConfinement.h"
+#include "Standalone/PathConfinement.h"
 
 #include <cstdlib>
 #include <memory>

@@ -1,14 +1,14 @@
 #include "UObject/SavePackage.h"
 
 #include "Misc/PackageName.h"
-#include "Misc/PathConfinement.h"
 #include "Misc/Paths.h"
 #include "ObjectText/ObjectTextWriter.h"
 #include "Package/AtomicFile.h"
 #include "Package/PackageFile.h"
+#include "Standalone/ObjectText.h"
+#include "Standalone/PackageText.h"
+#include "Standalone/PathConfinement.h"
 #include "UObject/Class.h"
-#include "UObject/ObjectText.h"
-#include "UObject/PackageText.h"
 
 #include <sys/stat.h>
 

@@ -2,7 +2,7 @@
 
 #include "Objects/ObjectExtension.h"
 #include "Objects/ObjectTable.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "UObject/UnrealType.h"
 
 void UClass::DescribeClass(FClassDescriber& Class) {}

@@ -1,7 +1,7 @@
 #include "Objects/ObjectTable.h"
 #include "Reflection/CoreStructs.h"
 #include "Reflection/NativeClassSetup.h"
-#include "UObject/ObjectProviders.h"
+#include "Standalone/ObjectProviders.h"
 #include "UObject/Package.h"
 
 namespace CoreClasses

@@ -1,7 +1,7 @@
 #include "Reflection/CoreStructs.h"
 
 #include "Properties/PropertyTextReader.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "UObject/UnrealType.h"
 
 namespace CoreStructs

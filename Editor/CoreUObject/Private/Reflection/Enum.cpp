@@ -1,6 +1,6 @@
 #include "UObject/Class.h"
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 namespace EnumNames
 {

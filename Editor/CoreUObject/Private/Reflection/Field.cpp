@@ -1,7 +1,7 @@
 #include "UObject/Field.h"
 
+#include "Standalone/NativeClass.h"
 #include "UObject/Class.h"
-#include "UObject/NativeClass.h"
 #include "UObject/UnrealType.h"
 
 namespace FieldTexts

@@ -1,4 +1,4 @@
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 #include "Objects/ObjectTable.h"
 #include "Reflection/NativeClassSetup.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 
 namespace NativeClass
 {

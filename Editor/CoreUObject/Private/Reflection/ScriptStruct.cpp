@@ -1,7 +1,7 @@
 #include "UObject/Class.h"
 
 #include "Properties/PropertyTextReader.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "UObject/UnrealType.h"
 
 #include <cstring>

@@ -2,8 +2,8 @@
 
 #include "Objects/ObjectExtension.h"
 #include "Properties/MemoryLayout.h"
-#include "UObject/NativeClass.h"
-#include "UObject/ObjectProviders.h"
+#include "Standalone/NativeClass.h"
+#include "Standalone/ObjectProviders.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "UObject/ContainerProperty.h"
-#include "UObject/FieldIterator.h"
-#include "UObject/ObjectProperty.h"
-#include "UObject/Property.h"
+#include "Standalone/ContainerProperty.h"
+#include "Standalone/FieldIterator.h"
+#include "Standalone/ObjectProperty.h"
+#include "Standalone/Property.h"

@@ -1,4 +1,4 @@
-#include "Serialization/JsonEmitter.h"
+#include "Standalone/JsonEmitter.h"
 
 #include "Containers/StringConv.h"
 #include "Dom/JsonObject.h"

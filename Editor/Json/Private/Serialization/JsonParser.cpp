@@ -2,7 +2,7 @@
 
 #include "Containers/StringConv.h"
 #include "Dom/JsonObject.h"
-#include "Serialization/JsonUtf8.h"
+#include "Standalone/JsonUtf8.h"
 
 #include <simdjson.h>
 

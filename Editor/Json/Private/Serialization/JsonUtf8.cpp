@@ -1,9 +1,9 @@
-#include "Serialization/JsonUtf8.h"
+#include "Standalone/JsonUtf8.h"
 
 #include "Containers/StringConv.h"
 #include "Dom/JsonObject.h"
-#include "Serialization/JsonEmitter.h"
 #include "Serialization/JsonParser.h"
+#include "Standalone/JsonEmitter.h"
 
 /** Large texts are not copied when there is nothing to put them behind. */
 static void Append(std::string& OutText, std::string&& Text)

@@ -3,8 +3,8 @@
 #include "JsonFwd.h"
 #include "Policies/CondensedJsonPrintPolicy.h"
 #include "Policies/PrettyJsonPrintPolicy.h"
-#include "Serialization/JsonEmitter.h"
 #include "Serialization/JsonTypes.h"
+#include "Standalone/JsonEmitter.h"
 #include "Templates/SharedPointer.h"
 
 #include <type_traits>

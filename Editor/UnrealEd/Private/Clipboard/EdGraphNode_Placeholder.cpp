@@ -1,8 +1,8 @@
-#include "EdGraphNode_Placeholder.h"
+#include "Standalone/EdGraphNode_Placeholder.h"
 
 #include "Kismet2/CompilerResultsLog.h"
-#include "UObject/NativeClass.h"
-#include "UObject/ObjectText.h"
+#include "Standalone/NativeClass.h"
+#include "Standalone/ObjectText.h"
 
 IMPLEMENT_EDITOR_CLASS(UEdGraphNode_Placeholder, "/Script/UnrealEd", CLASS_None)
 

@@ -7,7 +7,7 @@
 #include "K2Node.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Misc/FeedbackContext.h"
-#include "UObject/ObjectText.h"
+#include "Standalone/ObjectText.h"
 
 namespace GraphClipboard
 {

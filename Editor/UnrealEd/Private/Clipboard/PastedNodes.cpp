@@ -2,7 +2,6 @@
 
 #include "Clipboard/PastedTracks.h"
 #include "EdGraph/EdGraph.h"
-#include "EdGraphNode_Placeholder.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Engine/TimelineTemplate.h"
@@ -17,7 +16,8 @@
 #include "K2Node_Variable.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Misc/FeedbackContext.h"
-#include "UObject/ObjectText.h"
+#include "Standalone/EdGraphNode_Placeholder.h"
+#include "Standalone/ObjectText.h"
 #include "UObject/UnrealType.h"
 
 namespace PastedNodes

@@ -11,9 +11,9 @@
 #include "K2Node_CustomEvent.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
+#include "Standalone/WidgetBlueprintVariables.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
-#include "WidgetBlueprintVariables.h"
 
 namespace ClassBuilder
 {

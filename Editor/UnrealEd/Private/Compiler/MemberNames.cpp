@@ -7,8 +7,8 @@
 #include "K2Node_CustomEvent.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Standalone/WidgetBlueprintVariables.h"
 #include "UObject/UnrealType.h"
-#include "WidgetBlueprintVariables.h"
 
 namespace MemberNames
 {

@@ -3,10 +3,10 @@
 
 #include "Engine/BlueprintGeneratedClass.h"
 #include "GameFramework/Actor.h"
-#include "Kismet2/BlueprintKinds.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "Misc/FeedbackContext.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/BlueprintKinds.h"
+#include "Standalone/NativeClass.h"
 #include "WidgetBlueprint.h"
 
 IMPLEMENT_EDITOR_CLASS(UFactory, "/Script/UnrealEd", CLASS_Abstract)

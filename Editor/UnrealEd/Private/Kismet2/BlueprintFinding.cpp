@@ -6,7 +6,6 @@
 #include "Components/ActorComponent.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Engine/TimelineTemplate.h"
 #include "GameFramework/Actor.h"
@@ -14,7 +13,8 @@
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "K2Node_Timeline.h"
-#include "WidgetBlueprintVariables.h"
+#include "Standalone/BlueprintClassProvider.h"
+#include "Standalone/WidgetBlueprintVariables.h"
 
 UBlueprint* FBlueprintEditorUtils::FindBlueprintForGraph(const UEdGraph* Graph)
 {

@@ -5,9 +5,9 @@
 #include "Compiler/BlueprintClassBuilder.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "K2Node_Timeline.h"
 #include "K2Node_Variable.h"
+#include "Standalone/BlueprintClassProvider.h"
 
 void FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(UBlueprint* Blueprint)
 {

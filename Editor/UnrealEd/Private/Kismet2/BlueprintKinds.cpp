@@ -1,4 +1,4 @@
-#include "Kismet2/BlueprintKinds.h"
+#include "Standalone/BlueprintKinds.h"
 
 #include "Engine/Blueprint.h"
 #include "UObject/Class.h"

@@ -11,9 +11,9 @@
 #include "K2Node_FunctionTerminator.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/BlueprintEvents.h"
-#include "Kismet2/BlueprintKinds.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "Kismet2/TakenNames.h"
+#include "Standalone/BlueprintKinds.h"
 
 namespace BlueprintParents
 {

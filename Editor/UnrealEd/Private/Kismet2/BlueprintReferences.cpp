@@ -5,12 +5,12 @@
 #include "Compiler/BlueprintClassBuilder.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_Variable.h"
 #include "Kismet2/TakenNames.h"
+#include "Standalone/BlueprintClassProvider.h"
 #include "UObject/UObjectIterator.h"
 #include "WidgetBlueprint.h"
 

@@ -4,13 +4,13 @@
 
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
-#include "Engine/BlueprintClassProvider.h"
 #include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_Variable.h"
 #include "Kismet2/Kismet2NameValidators.h"
 #include "Kismet2/VariableDescriptions.h"
+#include "Standalone/BlueprintClassProvider.h"
 
 namespace BlueprintVariables
 {

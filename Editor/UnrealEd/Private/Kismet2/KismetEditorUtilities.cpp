@@ -11,7 +11,7 @@
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_Event.h"
 #include "Kismet2/BlueprintEditorUtils.h"
-#include "Kismet2/BlueprintKinds.h"
+#include "Standalone/BlueprintKinds.h"
 #include "UObject/Package.h"
 
 bool FKismetEditorUtilities::IsClassABlueprintInterface(const UClass* Class)

@@ -2,7 +2,7 @@
 
 #include "Compiler/PinTypeProperty.h"
 #include "EdGraphSchema_K2.h"
-#include "UObject/NativeClass.h"
+#include "Standalone/NativeClass.h"
 #include "UObject/UnrealType.h"
 #include "UserDefinedStructure/UserDefinedStructEditorData.h"
 

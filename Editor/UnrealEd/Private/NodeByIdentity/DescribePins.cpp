@@ -1,4 +1,4 @@
-#include "NodeByIdentity.h"
+#include "Standalone/NodeByIdentity.h"
 
 #include "EdGraph/EdGraphNode.h"
 #include "Engine/BlueprintGeneratedClass.h"

@@ -16,8 +16,8 @@
 #include "K2Node_StructOperation.h"
 #include "K2Node_SwitchEnum.h"
 #include "K2Node_Variable.h"
-#include "StandardMacros.h"
-#include "UObject/ObjectText.h"
+#include "Standalone/ObjectText.h"
+#include "Standalone/StandardMacros.h"
 
 namespace IdentityBinding
 {

@@ -1,4 +1,4 @@
-#include "NodeByIdentity.h"
+#include "Standalone/NodeByIdentity.h"
 
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
@@ -9,7 +9,7 @@
 #include "K2Node_FunctionTerminator.h"
 #include "K2Node_PromotableOperator.h"
 #include "Kismet2/KismetEditorUtilities.h"
-#include "UObject/ObjectText.h"
+#include "Standalone/ObjectText.h"
 #include "UObject/Package.h"
 
 namespace NodeIdentities

@@ -9,8 +9,8 @@
 #include "KeywordIndex.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
-#include "Utils/Records/GraphTelemetry.h"
-#include "Utils/Records/JsonTexts.h"
+#include "Utils/Report/GraphTelemetry.h"
+#include "Utils/Report/JsonTexts.h"
 
 namespace CamMatching
 {

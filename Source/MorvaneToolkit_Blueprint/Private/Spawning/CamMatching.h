@@ -3,7 +3,7 @@
 #include "BlueprintActionMenuBuilder.h"
 #include "CoreMinimal.h"
 #include "KeywordSimilarity.h"
-#include "Utils/Records/GraphRecords.h"
+#include "Utils/Request/GraphRecords.h"
 
 class UEdGraph;
 

@@ -8,7 +8,7 @@
 #include "K2Node_PromotableOperator.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
-#include "Utils/Records/GraphTelemetry.h"
+#include "Utils/Report/GraphTelemetry.h"
 
 namespace DeterministicSpawn
 {

@@ -2,7 +2,7 @@
 
 #include "CoreMinimal.h"
 #include "Spawning/ClassResolution.h"
-#include "Utils/Records/GraphRecords.h"
+#include "Utils/Request/GraphRecords.h"
 
 class UClass;
 class UEdGraph;

@@ -19,9 +19,9 @@
 #include "Spawning/SpawnWaterfall.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
-#include "Utils/EventNodes.h"
-#include "Utils/PinConnections.h"
-#include "Utils/Records/GraphTelemetry.h"
+#include "Utils/Graph/EventNodes.h"
+#include "Utils/Graph/PinConnections.h"
+#include "Utils/Report/GraphTelemetry.h"
 
 UEdGraphNode* FPostSpawnValidation::Run(UEdGraphNode* InNode)
 {

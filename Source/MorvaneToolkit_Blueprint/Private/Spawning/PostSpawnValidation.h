@@ -2,7 +2,7 @@
 
 #include "CoreMinimal.h"
 #include "Spawning/CamMatching.h"
-#include "Utils/Records/GraphRecords.h"
+#include "Utils/Request/GraphRecords.h"
 
 class UBlueprint;
 class UEdGraph;

@@ -8,8 +8,8 @@
 #include "Misc/Paths.h"
 #include "Spawning/SpawnAttempt.h"
 #include "ToolResult.h"
-#include "Utils/Records/GraphTelemetry.h"
-#include "Utils/SafeObjectLoad.h"
+#include "Utils/Asset/SafeObjectLoad.h"
+#include "Utils/Report/GraphTelemetry.h"
 
 // The variable road. What it makes stands for a variable that was found, so it is not validated again.
 

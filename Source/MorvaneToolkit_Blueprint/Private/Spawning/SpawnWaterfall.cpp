@@ -8,8 +8,8 @@
 #include "Spawning/PostSpawnValidation.h"
 #include "Spawning/SpawnAttempt.h"
 #include "ToolResult.h"
-#include "Utils/EventNodes.h"
-#include "Utils/Records/GraphTelemetry.h"
+#include "Utils/Graph/EventNodes.h"
+#include "Utils/Report/GraphTelemetry.h"
 
 namespace SpawnWaterfall
 {

@@ -2,8 +2,8 @@
 
 #include "CoreMinimal.h"
 #include "Spawning/CamMatching.h"
-#include "Utils/Records/GraphRecords.h"
-#include "Utils/Records/GraphSession.h"
+#include "Utils/Report/GraphSession.h"
+#include "Utils/Request/GraphRecords.h"
 
 class FSpawnLookups;
 class UBlueprint;

@@ -9,9 +9,9 @@
 #include "MorvaneSettings.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
-#include "Utils/FunctionGraphs.h"
-#include "Utils/Records/JsonTexts.h"
-#include "Utils/Records/PopulateRecords.h"
+#include "Utils/Graph/FunctionGraphs.h"
+#include "Utils/Report/JsonTexts.h"
+#include "Utils/Request/PopulateRecords.h"
 
 namespace BlueprintGraphCreate
 {

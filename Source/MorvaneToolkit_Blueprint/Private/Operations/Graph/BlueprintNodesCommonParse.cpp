@@ -1,9 +1,9 @@
 #include "BlueprintNodesCommonOperation.h"
 
+#include "Operations/Graph/GraphModification.h"
 #include "ToolResult.h"
-#include "Utils/LocalVariables.h"
-#include "Utils/Records/GraphModification.h"
-#include "Utils/Records/RecordWords.h"
+#include "Utils/Graph/LocalVariables.h"
+#include "Utils/Request/RecordWords.h"
 
 // The strict, whole-request parser. It refuses where the parsers of the populate run leave a default.
 

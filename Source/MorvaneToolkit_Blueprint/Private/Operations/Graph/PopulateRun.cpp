@@ -11,10 +11,10 @@
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "UObject/Package.h"
-#include "Utils/FunctionGraphs.h"
-#include "Utils/LocalVariables.h"
-#include "Utils/PinConnections.h"
-#include "Utils/Records/PopulateRecords.h"
+#include "Utils/Graph/FunctionGraphs.h"
+#include "Utils/Graph/LocalVariables.h"
+#include "Utils/Graph/PinConnections.h"
+#include "Utils/Request/PopulateRecords.h"
 
 // The steps that change the Blueprint. What is said about them stands in PopulateRunReport.cpp.
 

@@ -4,9 +4,9 @@
 #include "Dom/JsonObject.h"
 #include "Spawning/DeterministicSpawn.h"
 #include "Spawning/SpawnWaterfall.h"
-#include "Utils/EventTracing.h"
-#include "Utils/Records/GraphRecords.h"
-#include "Utils/Records/GraphSession.h"
+#include "Utils/Read/EventTracing.h"
+#include "Utils/Report/GraphSession.h"
+#include "Utils/Request/GraphRecords.h"
 
 class FNodeIdIndex;
 class UBlueprint;

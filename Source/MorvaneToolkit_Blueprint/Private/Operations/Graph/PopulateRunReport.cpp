@@ -9,8 +9,8 @@
 #include "PopulateRun.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
-#include "Utils/Records/GraphTelemetry.h"
-#include "Utils/Records/JsonTexts.h"
+#include "Utils/Report/GraphTelemetry.h"
+#include "Utils/Report/JsonTexts.h"
 
 // The steps that tell what the run did, lay it out and save it.
 

@@ -1,0 +1,165 @@
+#include "Session/EditorSession.h"
+
+#include <filesystem>
+
+#include "Containers/StringConv.h"
+#include "MorvaneToolkitModule.h"
+#include "Session/EditorModules.h"
+#include "Standalone/Catalogue.h"
+#include "Standalone/GuidGenerator.h"
+#include "Standalone/JsonUtf8.h"
+#include "Standalone/PackageText.h"
+#include "Standalone/Project.h"
+#include "Support/Complaint.h"
+#include "ToolFace/ResultText.h"
+#include "ToolResult.h"
+#include "UObject/UObjectGlobals.h"
+
+namespace EditorSessionPrivate
+{
+FString GetProjectDir(const FHostOptions& Options)
+{
+	std::error_code Ignored;
+	const std::string Directory = Options.ProjectDir.empty() ? "." : Options.ProjectDir;
+	return FromUtf8(std::filesystem::absolute(Directory, Ignored).lexically_normal().string());
+}
+
+/** A project begins with its first call, so a folder that is not there yet is made, but never the one above it. */
+bool EnsureFolder(const FString& Directory, FString& OutError)
+{
+	std::error_code Error;
+	const std::filesystem::path Path = ToUtf8(Directory);
+	if (!std::filesystem::is_directory(Path, Error))
+	{
+		std::filesystem::create_directory(Path, Error);
+	}
+	if (Error)
+	{
+		OutError = FString::Printf(
+			TEXT("The project folder '%s' cannot be made: %s"), *Directory, *FromUtf8(Error.message()));
+	}
+	return !Error;
+}
+
+/**
+ * The tool parses its arguments by itself and says so when they are none. What it cannot say is where the fault stands;
+ * nor can text that is not UTF-8 be handed to it, so it gets an empty text in place of a broken one.
+ */
+FString ReadArguments(const std::string_view Json, Morvane::FToolResult& Result)
+{
+	std::string Fault;
+	if (JsonUtf8::Check(Json, Fault))
+	{
+		return FromUtf8(Json);
+	}
+	Result.AddWarningMessage(FString::Printf(TEXT("The arguments are not JSON: %s"), *FromUtf8(Fault)));
+	return FString();
+}
+} // namespace EditorSessionPrivate
+
+FEditorSession::FEditorSession(const FHostOptions& InOptions)
+	: ProjectDir(EditorSessionPrivate::GetProjectDir(InOptions))
+{
+	if (InOptions.Seed)
+	{
+		FGuidGenerator::Seed(*InOptions.Seed);
+	}
+	EditorModules::StartTools();
+}
+
+FEditorSession::~FEditorSession()
+{
+	if (FProject::IsOpen())
+	{
+		const TArray<FString> Names = FUnsavedPackages::ListUnsaved();
+		if (!Names.IsEmpty())
+		{
+			Complain("Not saved and lost: " + ToUtf8(FString::Join(Names, TEXT(", "))));
+		}
+		FProject::Close();
+	}
+	EditorModules::StopTools();
+}
+
+std::vector<FToolListing> FEditorSession::ListTools()
+{
+	std::vector<FToolListing> Listed;
+	const TSharedPtr<IToolExecutor> Executor = FMorvaneToolkitModule::GetToolExecutor();
+	for (const FString& Name : Executor->GetToolNames())
+	{
+		Listed.push_back({ToUtf8(Name), ToUtf8(Executor->FindTool(Name)->GetDescription())});
+	}
+	return Listed;
+}
+
+FToolOutcome FEditorSession::CallTool(const std::string_view Name, const std::string_view ArgumentsJson)
+{
+	const FString ToolName = FromUtf8(Name);
+	const FString CommandId = LexToString(++NumCalls);
+	const auto Result = MakeShared<Morvane::FToolResult>(Morvane::FToolCommand(CommandId, ToolName, FString()));
+	FString Error;
+	if (!OpenProject(Error))
+	{
+		Result->AddErrorMessage(Error);
+		return {WriteResultText(*Result), false};
+	}
+	const Morvane::FToolCommand Command(
+		CommandId, ToolName, EditorSessionPrivate::ReadArguments(ArgumentsJson, *Result));
+	FMorvaneToolkitModule::GetToolExecutor()->ExecuteTool(
+		Command, Result, [](const TSharedPtr<Morvane::FToolResult>&) {});
+	Unsaved.EndCall(*Result);
+	AddFileProblems(*Result);
+	FToolOutcome Outcome = {WriteResultText(*Result), Result->WasSuccessful()};
+	CollectGarbage();
+	return Outcome;
+}
+
+/**
+ * A tool says that an asset cannot be found or saved; here is why: the truncated file, the full disk. What the tool has
+ * quoted is not said twice.
+ */
+void FEditorSession::AddFileProblems(Morvane::FToolResult& Result)
+{
+	TArray<FString> Problems = MoveTemp(CatalogueFaults);
+	CatalogueFaults.Empty();
+	Problems.Append(FPackageText::TakeProblems());
+	for (const FString& Problem : Problems)
+	{
+		const bool bQuoted = Result.GetErrorMessages().ContainsByPredicate(
+			[&Problem](const FString& Error) { return Error.Contains(Problem, ESearchCase::CaseSensitive); });
+		if (!bQuoted)
+		{
+			Result.AddWarningMessage(Problem);
+		}
+	}
+}
+
+bool FEditorSession::OpenProject(FString& OutError)
+{
+	if (FProject::IsOpen())
+	{
+		return true;
+	}
+	EditorModules::StartEditor();
+	if (!EditorSessionPrivate::EnsureFolder(ProjectDir, OutError) || !FProject::Open(ProjectDir, OutError))
+	{
+		return false;
+	}
+	LoadCatalogue(FProject::GetDirectory());
+	return true;
+}
+
+/** A file with a fault is left out; the rest of the project works. */
+void FEditorSession::LoadCatalogue(const FString& Directory)
+{
+	FCatalogue::Get().LoadProjectCatalogue(Directory, CatalogueFaults);
+	for (const FString& Fault : CatalogueFaults)
+	{
+		Complain(ToUtf8(Fault));
+	}
+}
+
+std::unique_ptr<IToolHost> MakeEditorSession(const FHostOptions& Options)
+{
+	return std::make_unique<FEditorSession>(Options);
+}

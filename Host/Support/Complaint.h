@@ -1,0 +1,6 @@
+#pragma once
+
+#include <string>
+
+/** A complaint on standard error. */
+void Complain(const std::string& Text);

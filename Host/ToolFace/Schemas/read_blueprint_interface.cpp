@@ -1,0 +1,11 @@
+#include "ToolFace/ToolSchema.h"
+
+const FToolSchema ReadBlueprintInterfaceSchema = {
+	"read_blueprint_interface", "Read interface", true, false, true, R"json({
+	"type": "object",
+	"properties": {
+		"path": { "$ref": "#/$defs/asset_path" },
+		"interface_name": { "type": "string", "description": "Name of an interface that the Blueprint implements." }
+	},
+	"required": ["path", "interface_name"]
+})json"};

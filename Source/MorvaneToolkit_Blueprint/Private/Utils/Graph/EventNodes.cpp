@@ -1,0 +1,272 @@
+#include "Utils/Graph/EventNodes.h"
+
+#include "Blueprint/WidgetTree.h"
+#include "BlueprintGraphUtils.h"
+#include "BlueprintNodeUtils.h"
+#include "Components/Widget.h"
+#include "EdGraph/EdGraph.h"
+#include "EdGraphSchema_K2.h"
+#include "K2Node_CustomEvent.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "ToolResult.h"
+#include "WidgetBlueprint.h"
+
+namespace EventNodes
+{
+/** More known variables than this are counted and not listed: an agent gets a short list or a pointer, never a dump. */
+constexpr int32 MaxListedVariables = 10;
+
+FVector2D GetPosition(UEdGraph& Graph, const FBPNodeModification& Record)
+{
+	const FVector2D Good = Graph.GetGoodPlaceForNewNode();
+	return FVector2D(Record.PositionX ? *Record.PositionX : Good.X, Record.PositionY ? *Record.PositionY : Good.Y);
+}
+
+void Place(UEdGraphNode& Node, const FVector2D& Position)
+{
+	Node.NodePosX = static_cast<int32>(Position.X);
+	Node.NodePosY = static_cast<int32>(Position.Y);
+}
+
+bool AllowsDuplicate(const FBPNodeModification& Record)
+{
+	const FString Word = Record.GetMetadata(TEXT("allow_duplicate"));
+	return Word.Equals(TEXT("true"), ESearchCase::IgnoreCase) || Word.Equals(TEXT("1"), ESearchCase::IgnoreCase)
+		|| Word.Equals(TEXT("yes"), ESearchCase::IgnoreCase);
+}
+
+UK2Node_CustomEvent* FindCustomEvent(const UEdGraph& Graph, const FString& EventName)
+{
+	for (UEdGraphNode* const Node : Graph.Nodes)
+	{
+		if (!Node || !Node->IsA(UK2Node_CustomEvent::StaticClass()))
+		{
+			continue;
+		}
+		UK2Node_CustomEvent* const Event = CastChecked<UK2Node_CustomEvent>(Node);
+		if (Event->GetFunctionName() == *EventName)
+		{
+			return Event;
+		}
+	}
+	return nullptr;
+}
+
+UK2Node_CustomEvent* SpawnCustomEvent(UEdGraph& Graph, const FString& EventName, const FVector2D& Position)
+{
+	FGraphNodeCreator<UK2Node_CustomEvent> Creator(Graph);
+	UK2Node_CustomEvent* const Event = Creator.CreateNode(false);
+	if (!Event)
+	{
+		return nullptr;
+	}
+	Event->CustomFunctionName = FName(*EventName);
+	Event->bIsEditable = true;
+	Place(*Event, Position);
+	Creator.Finalize();
+	return Event;
+}
+
+UEdGraphNode* CreateCustomEvent(UBlueprint& Blueprint, UEdGraph& Graph, const FString& EventName,
+	const FBPNodeModification& Record, Morvane::FToolResult& Result)
+{
+	UK2Node_CustomEvent* const Existing = AllowsDuplicate(Record) ? nullptr : FindCustomEvent(Graph, EventName);
+	if (Existing)
+	{
+		Result.AddWarningMessage(FString::Printf(TEXT("[Warning] Custom Event '%s' already exists; reusing node %s"),
+			*EventName, *FBlueprintNodeUtils::GetShortNodeId(Existing)));
+		return Existing;
+	}
+	UK2Node_CustomEvent* const Event = SpawnCustomEvent(Graph, EventName, GetPosition(Graph, Record));
+	if (!Event)
+	{
+		Result.AddWarningMessage(FString::Printf(TEXT("Failed to create custom event '%s'"), *EventName));
+		return nullptr;
+	}
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
+	Result.AddSuccessMessage(
+		FString::Printf(TEXT("Created custom event '%s' in EventGraph '%s'"), *EventName, *Graph.GetName()));
+	return Event;
+}
+
+/** A default event that nobody has used is disabled and says so; who asks for it wants it to run. */
+void Enable(UBlueprint& Blueprint, UK2Node_Event& Event)
+{
+	if (!Event.IsAutomaticallyPlacedGhostNode())
+	{
+		return;
+	}
+	Event.Modify();
+	Event.SetEnabledState(ENodeEnabledState::Enabled, false);
+	Event.NodeComment.Empty();
+	Event.bCommentBubblePinned = false;
+	Event.bCommentBubbleVisible = false;
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
+}
+
+UEdGraphNode* CreateOverride(UBlueprint& Blueprint, UEdGraph& Graph, const FString& EventName,
+	const FBPNodeModification& Record, Morvane::FToolResult& Result)
+{
+	const FName Name(*EventName);
+	UFunction* Function = nullptr;
+	UClass* const SignatureClass = FBlueprintEditorUtils::GetOverrideFunctionClass(&Blueprint, Name, &Function);
+	if (!SignatureClass || !Function || !UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(Function))
+	{
+		const UClass* const ParentClass = Blueprint.ParentClass;
+		Result.AddErrorMessage(FString::Printf(TEXT("Event '%s' not found on class '%s'"), *EventName,
+			ParentClass ? *ParentClass->GetName() : TEXT("Unknown")));
+		return nullptr;
+	}
+	if (UK2Node_Event* const Existing = FBlueprintEditorUtils::FindOverrideForFunction(
+			&Blueprint, SignatureClass, Function->GetFName()))
+	{
+		Enable(Blueprint, *Existing);
+		Result.AddWarningMessage(
+			FString::Printf(TEXT("[Warning] Event '%s' already exists in EventGraph; reusing node %s"), *EventName,
+				*FBlueprintNodeUtils::GetShortNodeId(Existing)));
+		return Existing;
+	}
+	UK2Node_Event* const Event = FBlueprintEventNodeUtils::SpawnEventOverride(
+		Graph, *Function, SignatureClass, GetPosition(Graph, Record));
+	if (!Event)
+	{
+		Result.AddWarningMessage(FString::Printf(TEXT("Failed to create event override '%s'"), *EventName));
+		return nullptr;
+	}
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
+	Result.AddSuccessMessage(FString::Printf(
+		TEXT("Created override for Event %s in parent class %s"), *EventName, *SignatureClass->GetName()));
+	return Event;
+}
+
+/** The class that knows most: the skeleton has what was declared since the last compile. */
+const UClass* GetKnownClass(const UBlueprint& Blueprint)
+{
+	const UClass* Class = Blueprint.SkeletonGeneratedClass;
+	Class = Class ? Class : Blueprint.GeneratedClass.Get();
+	return Class ? Class : Blueprint.ParentClass.Get();
+}
+
+TArray<UWidget*> GetWidgets(const UBlueprint& Blueprint)
+{
+	TArray<UWidget*> Widgets;
+	const UWidgetBlueprint* const WidgetBlueprint = Cast<UWidgetBlueprint>(&Blueprint);
+	if (WidgetBlueprint && WidgetBlueprint->WidgetTree)
+	{
+		WidgetBlueprint->WidgetTree->GetAllWidgets(Widgets);
+	}
+	return Widgets;
+}
+
+bool IsKnownName(const UBlueprint& Blueprint, const FString& Name)
+{
+	const UClass* const Class = GetKnownClass(Blueprint);
+	return Blueprint.NewVariables.ContainsByPredicate(
+			   [&Name](const FBPVariableDescription& Variable) { return Variable.VarName == *Name; })
+		|| (Class && Class->FindPropertyByName(FName(*Name, FNAME_Find)))
+		|| GetWidgets(Blueprint).ContainsByPredicate(
+			[&Name](const UWidget* Widget) { return Widget->GetFName() == *Name; });
+}
+
+/** Each name once, ignoring case, in the order in which the sources are asked. */
+TArray<FString> CollectKnownNames(const UBlueprint& Blueprint)
+{
+	TSet<FString> Names;
+	for (const FBPVariableDescription& Variable : Blueprint.NewVariables)
+	{
+		Names.FindOrAdd(Variable.VarName.ToString());
+	}
+	if (const UClass* const Class = GetKnownClass(Blueprint))
+	{
+		for (TFieldIterator<FProperty> It(Class); It; ++It)
+		{
+			Names.FindOrAdd(It->GetName());
+		}
+	}
+	for (const UWidget* const Widget : GetWidgets(Blueprint))
+	{
+		Names.FindOrAdd(Widget->GetName());
+	}
+	TArray<FString> Ordered;
+	Ordered.Append(Names);
+	return Ordered;
+}
+} // namespace EventNodes
+
+bool FBlueprintEventNodeUtils::CreateEventNode(UBlueprint* Blueprint, UEdGraph* Graph,
+	const FBPNodeModification& Record, Morvane::FToolResult& Result, UEdGraphNode*& OutNode, FString& OutError)
+{
+	OutNode = nullptr;
+	if (!Blueprint || !Graph)
+	{
+		OutError = TEXT("Cannot create event node without a valid Blueprint and EventGraph");
+		Result.AddErrorMessage(OutError);
+		return false;
+	}
+	if (!FBlueprintGraphUtils::IsUbergraphPage(Blueprint, Graph))
+	{
+		Result.AddWarningMessage(
+			FString::Printf(TEXT("Cannot create event nodes outside EventGraph '%s'"), *Graph->GetName()));
+		return false;
+	}
+	const FString EventName = Record.GetMetadata(TEXT("event_name"));
+	if (EventName.IsEmpty())
+	{
+		OutError = TEXT("Event requests must include node_metadata.event_name");
+		Result.AddErrorMessage(OutError);
+		return false;
+	}
+	const bool bCustom = Record.ClassName.Equals(TEXT("K2Node_CustomEvent"), ESearchCase::CaseSensitive);
+	OutNode = bCustom ? EventNodes::CreateCustomEvent(*Blueprint, *Graph, EventName, Record, Result)
+					  : EventNodes::CreateOverride(*Blueprint, *Graph, EventName, Record, Result);
+	return OutNode != nullptr;
+}
+
+UK2Node_Event* FBlueprintEventNodeUtils::SpawnEventOverride(
+	UEdGraph& Graph, const UFunction& Function, UClass* SignatureClass, const FVector2D& Position)
+{
+	FGraphNodeCreator<UK2Node_Event> Creator(Graph);
+	UK2Node_Event* const Event = Creator.CreateNode(false);
+	if (!Event)
+	{
+		return nullptr;
+	}
+	Event->EventReference.SetExternalMember(Function.GetFName(), SignatureClass);
+	Event->bOverrideFunction = true;
+	EventNodes::Place(*Event, Position);
+	Creator.Finalize();
+	return Event;
+}
+
+bool FBlueprintEventNodeUtils::ValidateVariableExists(
+	const UBlueprint* Blueprint, const FString& VariableName, FString& OutError)
+{
+	if (!Blueprint)
+	{
+		OutError = TEXT("Blueprint is null");
+		return false;
+	}
+	if (EventNodes::IsKnownName(*Blueprint, VariableName))
+	{
+		return true;
+	}
+
+	const TArray<FString> Known = EventNodes::CollectKnownNames(*Blueprint);
+	OutError = FString::Printf(
+		TEXT("Variable '%s' does not exist in blueprint. Create the variable first and then try again."),
+		*VariableName);
+	if (Known.IsEmpty())
+	{
+		OutError += TEXT("\n\nNo variables exist in this blueprint yet.");
+	}
+	else if (Known.Num() <= EventNodes::MaxListedVariables)
+	{
+		OutError += FString::Printf(TEXT("\n\nAvailable variables: %s"), *FString::Join(Known, TEXT(", ")));
+	}
+	else
+	{
+		OutError += FString::Printf(
+			TEXT("\n\n%d variables exist in this blueprint. Use read_blueprint_variables to list them."), Known.Num());
+	}
+	return false;
+}

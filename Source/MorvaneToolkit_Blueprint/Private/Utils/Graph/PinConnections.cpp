@@ -1,0 +1,336 @@
+#include "Utils/Graph/PinConnections.h"
+
+#include "BlueprintNodeUtils.h"
+#include "EdGraph/EdGraph.h"
+#include "EdGraph/EdGraphNode.h"
+#include "EdGraphSchema_K2.h"
+#include "K2Node.h"
+#include "ToolResult.h"
+#include "UObject/UObjectGlobals.h"
+#include "Utils/Report/GraphSession.h"
+#include "Utils/Report/GraphTelemetry.h"
+#include "Utils/Request/RecordWords.h"
+
+namespace PinConnections
+{
+/** What agents call a pin, and the names to try for it, in order. */
+struct FPinAlias
+{
+	const TCHAR* Requested;
+	TArray<FString> PinNames;
+};
+
+/** Null for a name that is no alias. The table is made on first use and never changes. */
+const TArray<FString>* FindAliases(const FString& Requested)
+{
+	static const FPinAlias Rows[] = {
+		{TEXT("target"), {UEdGraphSchema_K2::PN_Self.ToString()}},
+		{TEXT("true"), {UEdGraphSchema_K2::PN_Then.ToString()}},
+		{TEXT("false"), {UEdGraphSchema_K2::PN_Else.ToString()}},
+		{TEXT("execute"), {UEdGraphSchema_K2::PN_Execute.ToString()}},
+		{TEXT("completed"), {UEdGraphSchema_K2::PN_Completed.ToString()}},
+		{TEXT("return value"), {UEdGraphSchema_K2::PN_ReturnValue.ToString()}},
+		{TEXT("world context object"),
+			{TEXT("WorldContextObject"), TEXT("WidgetContextObject"), TEXT("Context"), TEXT("WorldContext")}},
+	};
+	for (const FPinAlias& Row : Rows)
+	{
+		if (Requested.Equals(Row.Requested, ESearchCase::IgnoreCase))
+		{
+			return &Row.PinNames;
+		}
+	}
+	return nullptr;
+}
+
+/** Names compare ignoring case, as FName does. */
+UEdGraphPin* FindPin(const UEdGraphNode& Node, const FString& PinName, EEdGraphPinDirection Direction)
+{
+	for (UEdGraphPin* const Pin : Node.Pins)
+	{
+		if (Pin && Pin->Direction == Direction && Pin->PinName == *PinName)
+		{
+			return Pin;
+		}
+	}
+	return nullptr;
+}
+
+/** Both ends of a request, each found or missed with a warning; the source is looked for first. */
+struct FEnds
+{
+	FEnds(const UEdGraphNode* SourceNode, const FString& SourcePinName, const UEdGraphNode* TargetNode,
+		const FString& TargetPinName, Morvane::FToolResult& Result, FBPGraphSession* Session)
+	{
+		Source = FBlueprintPinUtils::FindPinWithAliases(SourceNode, SourcePinName, EGPD_Output, Session);
+		if (!Source)
+		{
+			Result.AddWarningMessage(FString::Printf(TEXT("[Failure] Source pin '%s' not found on node '%s'"),
+				*SourcePinName, *FBlueprintNodeUtils::GetFullTitle(SourceNode)));
+			return;
+		}
+		Target = FBlueprintPinUtils::FindPinWithAliases(TargetNode, TargetPinName, EGPD_Input, Session);
+		if (!Target)
+		{
+			Result.AddWarningMessage(FString::Printf(TEXT("[Failure] Target pin '%s' not found on node '%s'"),
+				*TargetPinName, *FBlueprintNodeUtils::GetFullTitle(TargetNode)));
+		}
+	}
+
+	bool AreFound() const { return Source && Target; }
+
+	UEdGraphPin* Source = nullptr;
+	UEdGraphPin* Target = nullptr;
+};
+
+bool IsExecPinOfPureNode(const UEdGraphPin& Pin)
+{
+	const UK2Node* const Node = Cast<UK2Node>(Pin.GetOwningNodeUnchecked());
+	return Pin.PinType.PinCategory == UEdGraphSchema_K2::PC_Exec && Node && Node->IsNodePure();
+}
+
+FString GetListTitle(const UEdGraphPin& Pin)
+{
+	return Pin.GetOwningNode()->GetNodeTitle(ENodeTitleType::ListView).ToString();
+}
+
+/** What a link is called, taken before an attempt at it: the attempt may make pins anew. */
+struct FLinkNames
+{
+	explicit FLinkNames(const FEnds& Ends)
+		: SourceTitle(FBlueprintNodeUtils::GetFullTitle(Ends.Source->GetOwningNode()))
+		, SourcePin(Ends.Source->GetName())
+		, TargetTitle(FBlueprintNodeUtils::GetFullTitle(Ends.Target->GetOwningNode()))
+		, TargetPin(Ends.Target->GetName())
+	{
+	}
+
+	FString SourceTitle;
+	FString SourcePin;
+	FString TargetTitle;
+	FString TargetPin;
+};
+
+/** A connection that the graph refused: to the telemetry, twice, and to the agent. */
+void ReportRefusal(const FLinkNames& Names, const FString& Message, const FString& Reason, Morvane::FToolResult& Result)
+{
+	GraphTelemetry::RecordValidationFailure(Result, Message);
+	GraphTelemetry::RecordConnectionFailure(
+		Result, Names.SourceTitle, Names.SourcePin, Names.TargetTitle, Names.TargetPin, Reason);
+	Result.AddWarningMessage(Message);
+}
+
+const UEdGraphSchema* GetSchemaOf(const UEdGraph& Graph)
+{
+	const UEdGraphSchema* const Schema = Graph.GetSchema();
+	return Schema ? Schema : GetDefault<UEdGraphSchema_K2>();
+}
+
+/** All three forms in which a pin may hold its default. */
+struct FKeptDefault
+{
+	explicit FKeptDefault(const UEdGraphPin& Pin)
+		: Value(Pin.DefaultValue)
+		, Object(Pin.DefaultObject)
+		, Text(Pin.DefaultTextValue)
+	{
+	}
+
+	void Restore(const UEdGraphSchema_K2& Schema, UEdGraphPin& Pin) const
+	{
+		Schema.TrySetDefaultValue(Pin, Value);
+		// The text form of an object or a text pin is empty: what it held has to go back by its own way.
+		if (Pin.DefaultObject != Object)
+		{
+			Schema.TrySetDefaultObject(Pin, Object);
+		}
+		if (!Pin.DefaultTextValue.EqualTo(Text))
+		{
+			Schema.TrySetDefaultText(Pin, Text);
+		}
+	}
+
+	FString Value;
+	TObjectPtr<UObject> Object;
+	FText Text;
+};
+
+/** "float" and "double" are no pin categories any more: what they mean is a real of that precision. */
+void SetCategory(const FBPPinType& Record, FName& OutCategory, FName& OutSubCategory)
+{
+	OutCategory = FName(*Record.Category);
+	OutSubCategory = FName(*Record.SubCategory);
+	if (OutCategory == UEdGraphSchema_K2::PC_Float || OutCategory == UEdGraphSchema_K2::PC_Double)
+	{
+		OutSubCategory = OutSubCategory.IsNone() ? OutCategory : OutSubCategory;
+		OutCategory = UEdGraphSchema_K2::PC_Real;
+	}
+}
+
+UObject* FindSubCategoryObject(const FBPPinType& Record)
+{
+	return Record.SubCategoryObject.IsEmpty()
+		? nullptr
+		: StaticFindObject(UObject::StaticClass(), nullptr, *Record.SubCategoryObject);
+}
+} // namespace PinConnections
+
+UEdGraphPin* FBlueprintPinUtils::FindPinWithAliases(
+	const UEdGraphNode* Node, const FString& PinName, EEdGraphPinDirection Direction, FBPGraphSession* Session)
+{
+	if (!Node || (Direction != EGPD_Input && Direction != EGPD_Output))
+	{
+		return nullptr;
+	}
+	if (const TArray<FString>* const Names = PinConnections::FindAliases(PinName))
+	{
+		for (const FString& Name : *Names)
+		{
+			if (UEdGraphPin* const Pin = PinConnections::FindPin(*Node, Name, Direction))
+			{
+				return Pin;
+			}
+		}
+	}
+	if (UEdGraphPin* const Pin = PinConnections::FindPin(*Node, PinName, Direction))
+	{
+		return Pin;
+	}
+	const EEdGraphPinDirection Opposite = Direction == EGPD_Input ? EGPD_Output : EGPD_Input;
+	UEdGraphPin* const Pin = PinConnections::FindPin(*Node, PinName, Opposite);
+	if (Pin && Session)
+	{
+		Session->CountPinDirectionFallback();
+	}
+	return Pin;
+}
+
+bool FBlueprintPinUtils::ConnectPins(UEdGraph* Graph, UEdGraphNode* SourceNode, const FString& SourcePinName,
+	UEdGraphNode* TargetNode, const FString& TargetPinName, Morvane::FToolResult& Result, FBPGraphSession* Session)
+{
+	using namespace PinConnections;
+	if (!Graph)
+	{
+		Result.AddErrorMessage(TEXT("Graph is null"));
+		return false;
+	}
+	const FEnds Ends(SourceNode, SourcePinName, TargetNode, TargetPinName, Result, Session);
+	if (!Ends.AreFound())
+	{
+		return false;
+	}
+	if (IsExecPinOfPureNode(*Ends.Source))
+	{
+		Result.AddWarningMessage(FString::Printf(
+			TEXT("[Failure] Attempted to connect execution pin on pure node '%s'. Pure nodes have no execution flow."),
+			*GetListTitle(*Ends.Source)));
+		return false;
+	}
+	if (IsExecPinOfPureNode(*Ends.Target))
+	{
+		Result.AddWarningMessage(FString::Printf(
+			TEXT("[Failure] Attempted to connect execution pin to pure node '%s'. Pure nodes have no execution flow."),
+			*GetListTitle(*Ends.Target)));
+		return false;
+	}
+
+	const FLinkNames Names(Ends);
+	const UEdGraphSchema* const Schema = GetSchemaOf(*Graph);
+	const FPinConnectionResponse Response = Schema->CanCreateConnection(Ends.Source, Ends.Target);
+	if (Response.Response == CONNECT_RESPONSE_DISALLOW)
+	{
+		const FString Reason = Response.Message.ToString();
+		ReportRefusal(Names, FString::Printf(TEXT("[Failure] Schema forbids connection: %s"), *Reason), Reason, Result);
+		return false;
+	}
+	if (!Schema->TryCreateConnection(Ends.Source, Ends.Target))
+	{
+		const FString Message = FString::Printf(TEXT("[Failure] TryCreateConnection failed: %s.%s -> %s.%s"),
+			*Names.SourceTitle, *Names.SourcePin, *Names.TargetTitle, *Names.TargetPin);
+		ReportRefusal(Names, Message, TEXT("TryCreateConnection returned false"), Result);
+		return false;
+	}
+	return true;
+}
+
+bool FBlueprintPinUtils::DisconnectPins(UEdGraph* Graph, UEdGraphNode* SourceNode, const FString& SourcePinName,
+	UEdGraphNode* TargetNode, const FString& TargetPinName, Morvane::FToolResult& Result)
+{
+	using namespace PinConnections;
+	if (!Graph)
+	{
+		Result.AddWarningMessage(TEXT("[Failure] Graph is null"));
+		return false;
+	}
+	const FEnds Ends(SourceNode, SourcePinName, TargetNode, TargetPinName, Result, nullptr);
+	if (!Ends.AreFound())
+	{
+		return false;
+	}
+	const FLinkNames Names(Ends);
+	if (!Ends.Source->LinkedTo.Contains(Ends.Target))
+	{
+		Result.AddWarningMessage(FString::Printf(TEXT("No connection found between %s.%s and %s.%s"),
+			*Names.SourceTitle, *Names.SourcePin, *Names.TargetTitle, *Names.TargetPin));
+		return true;
+	}
+	Ends.Source->BreakLinkTo(Ends.Target);
+	Result.AddSuccessMessage(FString::Printf(TEXT("Removed connection: %s.%s -> %s.%s"), *Names.SourceTitle,
+		*Names.SourcePin, *Names.TargetTitle, *Names.TargetPin));
+	// Breaking a link tells nobody; wildcard pins lose their type only when their node hears of it.
+	SourceNode->PinConnectionListChanged(Ends.Source);
+	TargetNode->PinConnectionListChanged(Ends.Target);
+	return true;
+}
+
+bool FBlueprintPinUtils::SetPinDefaultValue(UEdGraphPin* Pin, const FString& Value, Morvane::FToolResult& Result)
+{
+	if (!Pin || (Pin->Direction != EGPD_Input && Pin->Direction != EGPD_Output))
+	{
+		return false;
+	}
+	if (!Pin->LinkedTo.IsEmpty())
+	{
+		Result.AddWarningMessage(FString::Printf(
+			TEXT(
+				"Failed to set value of pin '%s' to '%s'. Pin is connected to another pin. Break the connection if you want to set a manual value."),
+			*Pin->GetName(), *Value));
+		return false;
+	}
+
+	const UEdGraphSchema_K2* const Schema = GetDefault<UEdGraphSchema_K2>();
+	const PinConnections::FKeptDefault Kept(*Pin);
+	Schema->TrySetDefaultValue(*Pin, Value, true);
+	const FString Refusal = Schema->IsCurrentPinDefaultValid(Pin);
+	if (Refusal.IsEmpty())
+	{
+		return true;
+	}
+	Kept.Restore(*Schema, *Pin);
+	Result.AddWarningMessage(Refusal);
+	if (Refusal.Contains(TEXT("must have an input wired into"), ESearchCase::IgnoreCase))
+	{
+		Result.AddWarningMessage(
+			TEXT("You can use Make literal Name node to set the value and connect it to this pin"));
+	}
+	return false;
+}
+
+FEdGraphPinType FBlueprintPinUtils::ConvertPinType(const FBPPinType& Record)
+{
+	FEdGraphPinType Type;
+	PinConnections::SetCategory(Record, Type.PinCategory, Type.PinSubCategory);
+	Type.PinSubCategoryObject = PinConnections::FindSubCategoryObject(Record);
+	Type.ContainerType = RecordWords::ToContainerType(Record.ContainerType);
+	Type.bIsReference = Record.bIsReference;
+	Type.bIsConst = Record.bIsConst;
+	Type.bIsWeakPointer = Record.bIsWeakPointer;
+	Type.bIsUObjectWrapper = Record.bIsUObjectWrapper;
+	if (Type.IsMap() && Record.ValueType)
+	{
+		PinConnections::SetCategory(
+			*Record.ValueType, Type.PinValueType.TerminalCategory, Type.PinValueType.TerminalSubCategory);
+		Type.PinValueType.TerminalSubCategoryObject = PinConnections::FindSubCategoryObject(*Record.ValueType);
+	}
+	return Type;
+}

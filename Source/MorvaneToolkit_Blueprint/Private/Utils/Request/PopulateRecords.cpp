@@ -1,0 +1,155 @@
+#include "Utils/Request/PopulateRecords.h"
+
+#include "AssetOperationBase.h"
+#include "Utils/Request/RecordWords.h"
+
+namespace PopulateRecordsParsing
+{
+FBPPinModification ParsePin(const FJsonObject& Json)
+{
+	FBPPinModification Record;
+	FString Action;
+	RecordWords::ReadString(Json, TEXT("action"), Action);
+	Record.Action = RecordWords::ToNodeAction(Action).Get(EBPNodeAction::Add);
+	RecordWords::ReadString(Json, TEXT("name"), Record.Name);
+	RecordWords::ReadString(Json, TEXT("value"), Record.Value);
+	const TSharedPtr<FJsonObject>* Type = nullptr;
+	if (Json.TryGetObjectField(TEXT("type"), Type))
+	{
+		Record.Type = RecordWords::ReadPinTypeWords(**Type);
+	}
+	return Record;
+}
+
+/** Metadata is text, but for two keys that are a number and a flag by nature: agents write them as such. */
+TMap<FString, FString> ParseMetadata(const FJsonObject& Json)
+{
+	TMap<FString, FString> Metadata = RecordWords::ReadStringMap(Json, TEXT("node_metadata"));
+	const TSharedPtr<FJsonObject>* Object = nullptr;
+	if (Json.TryGetObjectField(TEXT("node_metadata"), Object))
+	{
+		if ((*Object)->HasTypedField<EJson::Number>(TEXT("minimum_confidence")))
+		{
+			Metadata.Add(TEXT("minimum_confidence"),
+				FString::SanitizeFloat((*Object)->GetNumberField(TEXT("minimum_confidence")), 0));
+		}
+		if ((*Object)->HasTypedField<EJson::Boolean>(TEXT("allow_duplicate")))
+		{
+			Metadata.Add(TEXT("allow_duplicate"),
+				(*Object)->GetBoolField(TEXT("allow_duplicate")) ? TEXT("true") : TEXT("false"));
+		}
+	}
+	return Metadata;
+}
+
+TOptional<FEdGraphPinType> ParseType(const FJsonObject& Json, const TCHAR* Key)
+{
+	const TSharedPtr<FJsonObject>* Type = nullptr;
+	FEdGraphPinType PinType;
+	if (Json.TryGetObjectField(Key, Type) && FAssetOperationBase::ConvertJsonToEdGraphPinType(**Type, PinType))
+	{
+		return PinType;
+	}
+	return {};
+}
+} // namespace PopulateRecordsParsing
+
+namespace PopulateRecords
+{
+using namespace PopulateRecordsParsing;
+
+bool ParseNode(const TSharedPtr<FJsonValue>& Value, FBPNodeModification& OutRecord)
+{
+	const TSharedPtr<FJsonObject>* Object = nullptr;
+	if (!Value || !Value->TryGetObject(Object))
+	{
+		return false;
+	}
+	const FJsonObject& Json = **Object;
+	FString Action;
+	RecordWords::ReadString(Json, TEXT("node_guid"), OutRecord.NodeGuid);
+	RecordWords::ReadString(Json, TEXT("action"), Action);
+	OutRecord.Action = RecordWords::ToNodeAction(Action).Get(EBPNodeAction::Add);
+	RecordWords::ReadString(Json, TEXT("class_name"), OutRecord.ClassName);
+	RecordWords::ReadString(Json, TEXT("menu_title"), OutRecord.MenuTitle);
+	RecordWords::ReadString(Json, TEXT("target_class"), OutRecord.TargetClass);
+	RecordWords::ReadString(Json, TEXT("target_function"), OutRecord.TargetFunction);
+	RecordWords::ReadString(Json, TEXT("menu_category"), OutRecord.MenuCategory);
+	OutRecord.Metadata = ParseMetadata(Json);
+	RecordWords::ReadPosition(Json, OutRecord);
+
+	const TArray<TSharedPtr<FJsonValue>>* Pins = nullptr;
+	if (Json.TryGetArrayField(TEXT("pins"), Pins))
+	{
+		for (const TSharedPtr<FJsonValue>& Pin : *Pins)
+		{
+			const TSharedPtr<FJsonObject>* PinObject = nullptr;
+			if (Pin && Pin->TryGetObject(PinObject))
+			{
+				OutRecord.Pins.Add(ParsePin(**PinObject));
+			}
+		}
+	}
+	return true;
+}
+
+bool ParseConnection(const TSharedPtr<FJsonValue>& Value, FBPConnectionModification& OutRecord)
+{
+	const TSharedPtr<FJsonObject>* Object = nullptr;
+	if (!Value || !Value->TryGetObject(Object))
+	{
+		return false;
+	}
+	const FJsonObject& Json = **Object;
+	FString Action;
+	RecordWords::ReadString(Json, TEXT("action"), Action);
+	OutRecord.Action = RecordWords::ToConnectionAction(Action).Get(EBPConnectionAction::Add);
+	RecordWords::ReadString(Json, TEXT("source_node_guid"), TEXT("source_node_id"), OutRecord.SourceNodeGuid);
+	RecordWords::ReadString(Json, TEXT("target_node_guid"), TEXT("target_node_id"), OutRecord.TargetNodeGuid);
+	RecordWords::ReadString(Json, TEXT("source_pin_name"), OutRecord.SourcePinName);
+	RecordWords::ReadString(Json, TEXT("target_pin_name"), OutRecord.TargetPinName);
+	return true;
+}
+
+bool ParseFunction(const FJsonObject& Json, FBPFunctionModification& OutRecord)
+{
+	RecordWords::ReadString(Json, TEXT("name"), OutRecord.Name);
+	Json.TryGetBoolField(TEXT("is_delegate"), OutRecord.bIsDelegate);
+	Json.TryGetBoolField(TEXT("is_rep_notify"), OutRecord.bIsRepNotify);
+	RecordWords::ReadString(Json, TEXT("replicated_property"), OutRecord.ReplicatedProperty);
+	ParseSignature(Json, OutRecord);
+	return !OutRecord.Name.IsEmpty();
+}
+
+void ParseSignature(const FJsonObject& Json, FBPFunctionModification& OutRecord)
+{
+	const TArray<TSharedPtr<FJsonValue>>* Parameters = nullptr;
+	if (Json.TryGetArrayField(TEXT("parameters"), Parameters))
+	{
+		for (const TSharedPtr<FJsonValue>& Value : *Parameters)
+		{
+			const TSharedPtr<FJsonObject>* Object = nullptr;
+			if (!Value || !Value->TryGetObject(Object))
+			{
+				continue;
+			}
+			FBPParameterModification Parameter;
+			RecordWords::ReadString(**Object, TEXT("name"), Parameter.Name);
+			RecordWords::ReadString(**Object, TEXT("direction"), Parameter.Direction);
+			if (const TOptional<FEdGraphPinType> Type = ParseType(**Object, TEXT("type")))
+			{
+				Parameter.Type = *Type;
+				OutRecord.Parameters.Add(Parameter);
+			}
+			else
+			{
+				OutRecord.UnreadableParameters.Add(Parameter.Name);
+			}
+		}
+	}
+	// A null is as good as no return type: agents write it for a void function.
+	OutRecord.bHasReturnType = Json.HasField(TEXT("return_type"))
+		&& !Json.HasTypedField<EJson::Null>(TEXT("return_type"));
+	OutRecord.ReturnType = ParseType(Json, TEXT("return_type"));
+}
+} // namespace PopulateRecords
