@@ -10,8 +10,9 @@
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "Utils/Graph/FunctionGraphs.h"
-#include "Utils/Report/JsonTexts.h"
+#include "Utils/Report/TrackedNames.h"
 #include "Utils/Request/PopulateRecords.h"
+#include "Utils/Request/RequiredField.h"
 
 namespace BlueprintGraphCreate
 {
@@ -71,8 +72,10 @@ public:
 		{
 			FKismetEditorUtilities::BringKismetToFocusAttentionOnObject(LastGraph, false);
 		}
-		TrackNames(ToolInfo::ToolName_ReadBlueprintFunction, ToolInfo::FieldName_FunctionName, FunctionNames);
-		TrackNames(ToolInfo::ToolName_ReadBlueprintDelegate, ToolInfo::FieldName_DelegateName, DelegateNames);
+		TrackNames(
+			ToolInfo::ToolName_ReadBlueprintFunction, Path, ToolInfo::FieldName_FunctionName, FunctionNames, Result);
+		TrackNames(
+			ToolInfo::ToolName_ReadBlueprintDelegate, Path, ToolInfo::FieldName_DelegateName, DelegateNames, Result);
 		if (!FAssetOperationBase::SaveAsset(&Blueprint, Result))
 		{
 			return; // the helper has told why
@@ -122,18 +125,6 @@ private:
 		}
 	}
 
-	void TrackNames(const TCHAR* ReadTool, const TCHAR* NameField, const TArray<FString>& Names)
-	{
-		if (Names.IsEmpty())
-		{
-			return;
-		}
-		const TSharedPtr<FJsonObject> Parameters = MakeShared<FJsonObject>();
-		Parameters->SetStringField(ToolInfo::FieldName_Path, Path);
-		Parameters->SetArrayField(NameField, ToJsonTexts(Names));
-		Result.TrackModification(ReadTool, Parameters);
-	}
-
 	UBlueprint& Blueprint;
 	FString Path;
 	FToolResult& Result;
@@ -169,9 +160,8 @@ UBlueprint* LoadOrMakeBlueprint(const FString& Path, FToolResult& Result)
 void FBlueprintGraphCreateOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
 {
 	FString Path;
-	if (!Args.TryGetStringField(Morvane::ToolInfo::FieldName_Path, Path))
+	if (!RequireStringField(Args, Morvane::ToolInfo::FieldName_Path, Path, Result))
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), Morvane::ToolInfo::FieldName_Path));
 		return;
 	}
 	const TArray<TSharedPtr<FJsonValue>>* Functions = nullptr;

@@ -8,6 +8,7 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "Operations/Frame/OperationFrame.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "UObject/Package.h"
@@ -15,6 +16,7 @@
 #include "Utils/Graph/LocalVariables.h"
 #include "Utils/Graph/PinConnections.h"
 #include "Utils/Request/PopulateRecords.h"
+#include "Utils/Request/RequiredField.h"
 
 // The steps that change the Blueprint. What is said about them stands in PopulateRunReport.cpp.
 
@@ -54,14 +56,9 @@ FPopulateRun::~FPopulateRun() = default;
 bool FPopulateRun::ReadArguments()
 {
 	using namespace Morvane;
-	if (!Args.TryGetStringField(ToolInfo::FieldName_Path, Path))
+	if (!RequireStringField(Args, ToolInfo::FieldName_Path, Path, Result)
+		|| !RequireStringField(Args, TEXT("graph_name"), GraphName, Result))
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), ToolInfo::FieldName_Path));
-		return false;
-	}
-	if (!Args.TryGetStringField(TEXT("graph_name"), GraphName))
-	{
-		Result.AddErrorMessage(TEXT("Missing required field 'graph_name'"));
 		return false;
 	}
 	FString GraphType = TEXT("function");
@@ -92,14 +89,7 @@ bool FPopulateRun::LoadOrCreateBlueprint()
 		Blueprint = CreateBlueprint();
 		return Blueprint != nullptr;
 	}
-	FString Error;
-	if (!FAssetOperationBase::CheckOutAssetForModify(Path, Error))
-	{
-		Result.AddErrorMessage(
-			FString::Printf(TEXT("Cannot modify Blueprint - source control checkout failed:\n%s"), *Error));
-		return false;
-	}
-	return true;
+	return OperationFrame::CheckOut(*Blueprint, Result);
 }
 
 UBlueprint* FPopulateRun::CreateBlueprint()

@@ -11,6 +11,7 @@
 #include "ToolResult.h"
 #include "Utils/Report/GraphTelemetry.h"
 #include "Utils/Report/JsonTexts.h"
+#include "Utils/Report/TrackedNames.h"
 
 // The steps that tell what the run did, lay it out and save it.
 
@@ -203,16 +204,7 @@ void FPopulateRun::TrackEvents(const TCHAR* NameField, const TSet<FString>& Name
 
 void FPopulateRun::TrackNames(const TCHAR* ReadTool, const TCHAR* NameField, const TSet<FString>& Names)
 {
-	if (Names.IsEmpty())
-	{
-		return;
-	}
-	TArray<FString> Texts;
-	Texts.Append(Names);
-	const TSharedPtr<FJsonObject> Parameters = MakeShared<FJsonObject>();
-	Parameters->SetStringField(Morvane::ToolInfo::FieldName_Path, Path);
-	Parameters->SetArrayField(NameField, ToJsonTexts(Texts));
-	Result.TrackModification(ReadTool, Parameters);
+	::TrackNames(ReadTool, Path, NameField, Names.Array(), Result);
 }
 
 void FPopulateRun::ReportCounts()

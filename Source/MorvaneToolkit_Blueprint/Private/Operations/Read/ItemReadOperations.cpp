@@ -7,6 +7,7 @@
 #include "Operations/Read/ReadStatus.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
+#include "Utils/Request/RequiredField.h"
 
 namespace ItemReads
 {
@@ -46,15 +47,10 @@ void AddFailure(const FItemRead& Item, const FString& Name, const FString& Path,
 void Read(const FItemRead& Item, const FJsonObject& Args, FToolResult& Result)
 {
 	FString Path;
-	if (!Args.TryGetStringField(TEXT("path"), Path))
-	{
-		Result.AddErrorMessage(TEXT("Missing required field 'path'"));
-		return;
-	}
 	FString Name;
-	if (!Args.TryGetStringField(Item.NameField, Name))
+	if (!RequireStringField(Args, TEXT("path"), Path, Result)
+		|| !RequireStringField(Args, Item.NameField, Name, Result))
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), Item.NameField));
 		return;
 	}
 	Path = FAssetOperationBase::NormalizeAssetPath(Path);

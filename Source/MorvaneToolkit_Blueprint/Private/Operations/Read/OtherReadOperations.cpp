@@ -7,20 +7,11 @@
 #include "Operations/Read/ReadStatus.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
+#include "Utils/Request/RequiredField.h"
 
 namespace OtherReads
 {
 namespace ToolInfo = Morvane::ToolInfo;
-
-bool RequireStringField(const FJsonObject& Args, const TCHAR* Field, FString& OutValue, Morvane::FToolResult& Result)
-{
-	if (Args.TryGetStringField(Field, OutValue))
-	{
-		return true;
-	}
-	Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), Field));
-	return false;
-}
 
 TSharedPtr<FJsonObject> MakeCommand(const FString& Path, const TCHAR* ReadTool)
 {

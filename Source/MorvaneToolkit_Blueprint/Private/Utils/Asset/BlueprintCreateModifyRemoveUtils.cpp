@@ -5,13 +5,13 @@
 #include "Engine/Blueprint.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
+#include "Utils/Request/RequiredField.h"
 
 UBlueprint* FBlueprintCreateModifyRemoveUtils::CreateBlueprint(const FJsonObject& Args, Morvane::FToolResult& Result)
 {
 	FString Path;
-	if (!Args.TryGetStringField(Morvane::ToolInfo::FieldName_Path, Path))
+	if (!RequireStringField(Args, Morvane::ToolInfo::FieldName_Path, Path, Result))
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), Morvane::ToolInfo::FieldName_Path));
 		return nullptr;
 	}
 	const TSharedPtr<FJsonObject>* ParentClass = nullptr;

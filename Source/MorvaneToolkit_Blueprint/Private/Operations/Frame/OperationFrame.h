@@ -1,0 +1,23 @@
+#pragma once
+
+#include "CoreMinimal.h"
+
+namespace Morvane
+{
+class FToolResult;
+}
+class UBlueprint;
+
+/** The steps that every tool on an existing Blueprint begins with. */
+namespace OperationFrame
+{
+/**
+ * Gets the asset out of source control for a change. Comes after the load and before the first change; false after an
+ * error in the result, and then nothing may be touched. The error speaks of a Widget Blueprint where it is one and
+ * bWidgetTool is set.
+ */
+bool CheckOut(const UBlueprint& Blueprint, Morvane::FToolResult& Result, bool bWidgetTool = false);
+
+/** The Blueprint at a path in any spelling, loaded and checked out; null after an error in the result. */
+UBlueprint* LoadForEdit(const FString& Path, Morvane::FToolResult& Result);
+} // namespace OperationFrame

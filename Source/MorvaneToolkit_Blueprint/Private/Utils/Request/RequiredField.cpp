@@ -1,0 +1,15 @@
+#include "Utils/Request/RequiredField.h"
+
+#include "Dom/JsonObject.h"
+#include "ToolResult.h"
+
+bool RequireStringField(
+	const FJsonObject& Args, const TCHAR* const Field, FString& OutValue, Morvane::FToolResult& Result)
+{
+	if (Args.TryGetStringField(Field, OutValue))
+	{
+		return true;
+	}
+	Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), Field));
+	return false;
+}
