@@ -162,14 +162,14 @@ bool UEdGraphNode::RemovePin(UEdGraphPin* Pin)
 	}
 	Pins.Remove(Pin);
 	Pin->BreakAllPinLinks();
-	delete Pin;
+	Pin->MarkAsGarbage();
 	return true;
 }
 
 void UEdGraphNode::DestroyPin(UEdGraphPin* Pin)
 {
 	Pins.Remove(Pin);
-	delete Pin;
+	Pin->MarkAsGarbage();
 }
 
 void UEdGraphNode::DestroyAllPins()
@@ -178,7 +178,7 @@ void UEdGraphNode::DestroyAllPins()
 	Pins.Empty();
 	for (UEdGraphPin* const Pin : OldPins)
 	{
-		delete Pin;
+		Pin->MarkAsGarbage();
 	}
 }
 

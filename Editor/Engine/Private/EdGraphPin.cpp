@@ -4,6 +4,7 @@
 #include "EdGraph/EdGraphNode.h"
 #include "EdGraph/EdGraphSchema.h"
 #include "Engine/Blueprint.h"
+#include "UObject/UObjectGlobals.h"
 
 UEdGraphPin* UEdGraphPin::CreatePin(UEdGraphNode* InOwningNode)
 {
@@ -14,21 +15,65 @@ UEdGraphPin* UEdGraphPin::CreatePin(UEdGraphNode* InOwningNode)
 
 UEdGraphPin::~UEdGraphPin()
 {
+	Detach();
+}
+
+void UEdGraphPin::Detach()
+{
 	for (UEdGraphPin* const Linked : LinkedTo)
 	{
 		Linked->LinkedTo.Remove(this);
 	}
+	LinkedTo.Empty();
 	for (UEdGraphPin* const SubPin : SubPins)
 	{
 		SubPin->ParentPin = nullptr;
 	}
+	SubPins.Empty();
 	if (ParentPin)
 	{
 		ParentPin->SubPins.Remove(this);
+		ParentPin = nullptr;
 	}
 	if (ReferencePassThroughConnection && ReferencePassThroughConnection->ReferencePassThroughConnection == this)
 	{
 		ReferencePassThroughConnection->ReferencePassThroughConnection = nullptr;
+	}
+	ReferencePassThroughConnection = nullptr;
+}
+
+namespace TrashedPins
+{
+/** Never destroyed: pins may be trashed until the process ends. */
+TArray<UEdGraphPin*>& Get()
+{
+	static TArray<UEdGraphPin*>& Trashed = *[]
+	{
+		FCoreUObjectDelegates::GetPostGarbageCollect().AddStatic(&UEdGraphPin::Purge);
+		return new TArray<UEdGraphPin*>();
+	}();
+	return Trashed;
+}
+} // namespace TrashedPins
+
+void UEdGraphPin::MarkAsGarbage()
+{
+	if (bWasTrashed)
+	{
+		return;
+	}
+	Detach();
+	bWasTrashed = true;
+	TrashedPins::Get().Add(this);
+}
+
+void UEdGraphPin::Purge()
+{
+	const TArray<UEdGraphPin*> Trashed = MoveTemp(TrashedPins::Get());
+	TrashedPins::Get().Empty();
+	for (UEdGraphPin* const Pin : Trashed)
+	{
+		delete Pin;
 	}
 }
 
@@ -122,7 +167,8 @@ void UEdGraphPin::BreakAllPinLinks(bool bNotifyNodes, bool bIncludeSubPins)
 	}
 	if (bIncludeSubPins)
 	{
-		for (UEdGraphPin* const SubPin : SubPins)
+		const TArray<UEdGraphPin*> Parts = SubPins;
+		for (UEdGraphPin* const SubPin : Parts)
 		{
 			SubPin->BreakAllPinLinks(bNotifyNodes, true);
 		}
@@ -196,11 +242,6 @@ void UEdGraphPin::AssignByRefPassThroughConnection(UEdGraphPin* InTargetPin)
 	}
 	ReferencePassThroughConnection = InTargetPin;
 	InTargetPin->ReferencePassThroughConnection = this;
-}
-
-void UEdGraphPin::MarkAsGarbage()
-{
-	bWasTrashed = true;
 }
 
 void UEdGraphPin::Modify()

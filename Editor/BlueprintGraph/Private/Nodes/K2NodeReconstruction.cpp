@@ -186,7 +186,7 @@ void UK2Node::DestroyPinList(TArray<UEdGraphPin*>& InPins)
 	}
 	for (UEdGraphPin* const Pin : InPins)
 	{
-		delete Pin;
+		Pin->MarkAsGarbage();
 	}
 	InPins.Empty();
 }

@@ -300,10 +300,20 @@ bool UEdGraphSchema_K2::CreatePromotedConnection(UEdGraphPin* PinA, UEdGraphPin*
 	}
 	UK2Node_PromotableOperator* const Operator = static_cast<UK2Node_PromotableOperator*>(Input->GetOwningNode());
 	Operator->Modify();
+	// A node that hears of a broken link may make its pins anew.
+	const FEdGraphPinReference HeldInput(Input);
+	const FEdGraphPinReference HeldOutput(Output);
 	BreakPinLinks(*Input, true);
-	Operator->ConvertPinType(Input, Output->PinType);
-	Input->MakeLinkTo(Output);
-	return true;
+	if (!HeldInput.Get() || !HeldOutput.Get())
+	{
+		return false;
+	}
+	Operator->ConvertPinType(HeldInput.Get(), HeldOutput.Get()->PinType);
+	if (HeldInput.Get() && HeldOutput.Get())
+	{
+		HeldInput.Get()->MakeLinkTo(HeldOutput.Get());
+	}
+	return HeldInput.Get() && HeldInput.Get()->HasAnyConnections();
 }
 
 void UEdGraphSchema_K2::BreakPinLinks(UEdGraphPin& TargetPin, bool bSendsNodeNotification) const

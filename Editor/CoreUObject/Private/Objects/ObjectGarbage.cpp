@@ -208,7 +208,7 @@ void FObjectTable::Free(UObject* Object)
 
 void FObjectTable::CollectGarbage()
 {
-	if (GarbageRoots.empty() || GIsGarbageCollecting)
+	if (GarbageRoots.empty())
 	{
 		return;
 	}
@@ -239,5 +239,16 @@ void FObjectTable::CollectGarbage()
 
 void CollectGarbage(EObjectFlags KeepFlags, bool bPerformFullPurge)
 {
+	if (GIsGarbageCollecting)
+	{
+		return;
+	}
 	FObjectTable::Get().CollectGarbage();
+	FCoreUObjectDelegates::GetPostGarbageCollect().Broadcast();
+}
+
+FSimpleMulticastDelegate& FCoreUObjectDelegates::GetPostGarbageCollect()
+{
+	static FSimpleMulticastDelegate Delegate;
+	return Delegate;
 }

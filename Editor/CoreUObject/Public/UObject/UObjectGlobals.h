@@ -137,6 +137,12 @@ UPackage* LoadPackage(UPackage* Outer, const TCHAR* LongPackageName, uint32 Load
  * here. */
 void CollectGarbage(EObjectFlags KeepFlags = RF_NoFlags, bool bPerformFullPurge = true);
 
+struct FCoreUObjectDelegates
+{
+	/** After each CollectGarbage, also one that found nothing to free. */
+	static FSimpleMulticastDelegate& GetPostGarbageCollect();
+};
+
 /** A name that no object has below Outer: the base name (the class's if none), '_' and a number. */
 FName MakeUniqueObjectName(UObject* Outer, const UClass* Class, FName BaseName = NAME_None);
 bool IsUniqueObjectName(FName Name, const UObject* Outer);

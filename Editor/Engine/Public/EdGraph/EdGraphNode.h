@@ -97,7 +97,7 @@ public:
 		UObject* PinSubCategoryObject, FName PinName, const FCreatePinParams& PinParams = FCreatePinParams());
 	/** A name no pin of the node has: the base name with a number behind it if need be. */
 	FName CreateUniquePinName(FName SourcePinName) const;
-	/** Takes the pin and its sub pins out, breaking links, and frees them. */
+	/** Takes the pin and its sub pins out, breaking links. */
 	bool RemovePin(UEdGraphPin* Pin);
 	void DestroyPin(UEdGraphPin* Pin);
 	void BreakAllNodeLinks();

@@ -109,6 +109,11 @@ enum EBlueprintPinStyleType : int
 /**
  * A pin of a node. No object: the node owns it and destroys it. Links are kept on both ends and are always made and
  * broken in pairs.
+ *
+ * A node may make its pins anew whenever it hears of a change: of a class chosen, of a link. So a pin that is destroyed
+ * stays readable until the collection that follows the tool call, without links and with WasTrashed() set, and whoever
+ * holds it across such a change finds its successor through FEdGraphPinReference: pins that are made anew keep their
+ * id.
  */
 class UEdGraphPin
 {
@@ -139,7 +144,10 @@ public:
 	bool IsLinkedTo(const UEdGraphPin* Other) const { return LinkedTo.Contains(const_cast<UEdGraphPin*>(Other)); }
 	bool WasTrashed() const { return bWasTrashed; }
 	bool IsPendingKill() const { return bWasTrashed; }
+	/** Takes the pin out of all links and relations; it is freed by the next Purge. */
 	void MarkAsGarbage();
+	/** Frees the pins that were marked; called after each collection of objects, when no tool holds a pin. */
+	static void Purge();
 	void SetOwningNode(UEdGraphNode* NewOwningNode) { OwningNode = NewOwningNode; }
 	void Modify();
 	bool SetPinName(FName NewName);
@@ -224,6 +232,9 @@ private:
 		: OwningNode(InOwningNode)
 	{
 	}
+
+	/** Leaves links, parent, parts and pass-through of both sides. */
+	void Detach();
 
 	UEdGraphNode* OwningNode = nullptr;
 	bool bWasTrashed = false;

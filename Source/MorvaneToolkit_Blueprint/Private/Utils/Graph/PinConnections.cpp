@@ -126,30 +126,40 @@ const UEdGraphSchema* GetSchemaOf(const UEdGraph& Graph)
 	return Schema ? Schema : GetDefault<UEdGraphSchema_K2>();
 }
 
-/** All three forms in which a pin may hold its default. */
+/**
+ * All three forms in which a pin may hold its default, and the pin by its id: a node may make its pins anew at each
+ * change of a value, so the pin is looked up again for each step.
+ */
 struct FKeptDefault
 {
-	explicit FKeptDefault(const UEdGraphPin& Pin)
-		: Value(Pin.DefaultValue)
-		, Object(Pin.DefaultObject)
-		, Text(Pin.DefaultTextValue)
+	explicit FKeptDefault(UEdGraphPin& InPin)
+		: Pin(&InPin)
+		, Value(InPin.DefaultValue)
+		, Object(InPin.DefaultObject)
+		, Text(InPin.DefaultTextValue)
 	{
 	}
 
-	void Restore(const UEdGraphSchema_K2& Schema, UEdGraphPin& Pin) const
+	void Restore(const UEdGraphSchema_K2& Schema) const
 	{
-		Schema.TrySetDefaultValue(Pin, Value);
+		if (UEdGraphPin* const Found = Pin.Get())
+		{
+			Schema.TrySetDefaultValue(*Found, Value);
+		}
 		// The text form of an object or a text pin is empty: what it held has to go back by its own way.
-		if (Pin.DefaultObject != Object)
+		UEdGraphPin* const AfterValue = Pin.Get();
+		if (AfterValue && AfterValue->DefaultObject != Object)
 		{
-			Schema.TrySetDefaultObject(Pin, Object);
+			Schema.TrySetDefaultObject(*AfterValue, Object);
 		}
-		if (!Pin.DefaultTextValue.EqualTo(Text))
+		UEdGraphPin* const AfterObject = Pin.Get();
+		if (AfterObject && !AfterObject->DefaultTextValue.EqualTo(Text))
 		{
-			Schema.TrySetDefaultText(Pin, Text);
+			Schema.TrySetDefaultText(*AfterObject, Text);
 		}
 	}
 
+	FEdGraphPinReference Pin;
 	FString Value;
 	TObjectPtr<UObject> Object;
 	FText Text;
@@ -277,9 +287,14 @@ bool FBlueprintPinUtils::DisconnectPins(UEdGraph* Graph, UEdGraphNode* SourceNod
 	Ends.Source->BreakLinkTo(Ends.Target);
 	Result.AddSuccessMessage(FString::Printf(TEXT("Removed connection: %s.%s -> %s.%s"), *Names.SourceTitle,
 		*Names.SourcePin, *Names.TargetTitle, *Names.TargetPin));
-	// Breaking a link tells nobody; wildcard pins lose their type only when their node hears of it.
+	// Breaking a link tells nobody; wildcard pins lose their type only when their node hears of it, and may be made
+	// anew then.
+	const FEdGraphPinReference Target(Ends.Target);
 	SourceNode->PinConnectionListChanged(Ends.Source);
-	TargetNode->PinConnectionListChanged(Ends.Target);
+	if (UEdGraphPin* const Found = Target.Get())
+	{
+		TargetNode->PinConnectionListChanged(Found);
+	}
 	return true;
 }
 
@@ -301,12 +316,17 @@ bool FBlueprintPinUtils::SetPinDefaultValue(UEdGraphPin* Pin, const FString& Val
 	const UEdGraphSchema_K2* const Schema = GetDefault<UEdGraphSchema_K2>();
 	const PinConnections::FKeptDefault Kept(*Pin);
 	Schema->TrySetDefaultValue(*Pin, Value, true);
-	const FString Refusal = Schema->IsCurrentPinDefaultValid(Pin);
+	const UEdGraphPin* const Changed = Kept.Pin.Get();
+	if (!Changed)
+	{
+		return false;
+	}
+	const FString Refusal = Schema->IsCurrentPinDefaultValid(Changed);
 	if (Refusal.IsEmpty())
 	{
 		return true;
 	}
-	Kept.Restore(*Schema, *Pin);
+	Kept.Restore(*Schema);
 	Result.AddWarningMessage(Refusal);
 	if (Refusal.Contains(TEXT("must have an input wired into"), ESearchCase::IgnoreCase))
 	{
