@@ -1,7 +1,5 @@
 #include <algorithm>
 
-#include <CLI/CLI.hpp>
-
 #include "Cli/CommandTable.h"
 #include "Cli/JsonArgument.h"
 
@@ -18,16 +16,15 @@ bool IsListed(IToolHost& Tools, const std::string& Name)
 class FCallCommand : public ICommand
 {
 public:
-	void Describe(CLI::App& App) override
+	void Describe(FArguments& Arguments) override
 	{
-		App.add_option("TOOL", ToolName, "Name of the tool, see 'morvane tools'")->required();
-		App.add_option("JSON", Arguments, "Arguments as JSON, - to read them from standard input, @FILE from a file")
-			->required();
+		Arguments.Word("TOOL", ToolName, "Name of the tool, see 'morvane tools'");
+		Arguments.Word("JSON", Json, "Arguments as JSON, - to read them from standard input, @FILE from a file");
 	}
 
 	EExitStatus Run(const FCommandContext& Context) override
 	{
-		const std::optional<std::string> Text = ReadJsonArgument(Arguments);
+		const std::optional<std::string> Text = ReadJsonArgument(Json);
 		if (!Text)
 		{
 			return EExitStatus::Misused;
@@ -45,7 +42,7 @@ public:
 
 private:
 	std::string ToolName;
-	std::string Arguments;
+	std::string Json;
 };
 
 std::unique_ptr<ICommand> MakeCallCommand()

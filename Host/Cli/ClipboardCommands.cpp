@@ -1,5 +1,3 @@
-#include <CLI/CLI.hpp>
-
 #include "Cli/CommandTable.h"
 #include "Cli/GraphClipboard.h"
 #include "Cli/JsonArgument.h"
@@ -31,11 +29,11 @@ bool Open(FEditorSession& Session, Morvane::FToolResult& Result)
 class FCopyCommand : public ICommand
 {
 public:
-	void Describe(CLI::App& App) override
+	void Describe(FArguments& Arguments) override
 	{
-		App.add_option("PATH", Path, "Asset path of the Blueprint")->required();
-		App.add_option("GRAPH", Graph, "Name of the graph")->required();
-		App.add_option("--node", Nodes, "Name or id of a node to copy, any number of times; all nodes by default");
+		Arguments.Word("PATH", Path, "Asset path of the Blueprint");
+		Arguments.Word("GRAPH", Graph, "Name of the graph");
+		Arguments.Option("--node", Nodes, "Name or id of a node to copy, any number of times; all nodes by default");
 	}
 
 	EExitStatus Run(const FCommandContext& Context) override
@@ -71,13 +69,12 @@ private:
 class FPasteCommand : public ICommand
 {
 public:
-	void Describe(CLI::App& App) override
+	void Describe(FArguments& Arguments) override
 	{
-		App.add_option("PATH", Path, "Asset path of the Blueprint")->required();
-		App.add_option("GRAPH", Graph, "Name of the graph")->required();
-		App.add_option("--at", TopLeft, "Where the top left corner of the nodes goes; where the text has it by default")
-			->expected(2)
-			->type_name("X Y");
+		Arguments.Word("PATH", Path, "Asset path of the Blueprint");
+		Arguments.Word("GRAPH", Graph, "Name of the graph");
+		Arguments.Pair(
+			"--at", TopLeft, "Where the top left corner of the nodes goes; where the text has it by default", "X Y");
 	}
 
 	EExitStatus Run(const FCommandContext& Context) override

@@ -9,10 +9,7 @@
 #include "Support/ResultOutput.h"
 #include "ToolFace/ToolHost.h"
 
-namespace CLI
-{
-class App;
-}
+class FArguments;
 
 /** What the process answers to its caller. */
 enum class EExitStatus : int
@@ -43,7 +40,7 @@ public:
 	virtual ~ICommand() = default;
 
 	/** Adds the command's own arguments. They write into members of this object. */
-	virtual void Describe(CLI::App& App) = 0;
+	virtual void Describe(FArguments& Arguments) = 0;
 
 	virtual EExitStatus Run(const FCommandContext& Context) = 0;
 };

@@ -90,7 +90,8 @@ int RunCommandLine(
 	{
 		CLI::App* Subcommand = App.add_subcommand(Row.Name, Row.Summary);
 		Entries.push_back({Subcommand, Row.Make()});
-		Entries.back().Command->Describe(*Subcommand);
+		FArguments Arguments(*Subcommand);
+		Entries.back().Command->Describe(Arguments);
 	}
 	try
 	{

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "Cli/Arguments.h"
 #include "Cli/Command.h"
 
 /** One command of the program. */

@@ -3,8 +3,6 @@
 #include <filesystem>
 #include <map>
 
-#include <CLI/CLI.hpp>
-
 #include "Cli/CommandTable.h"
 #include "Cli/DemoSteps.h"
 #include "Containers/StringConv.h"
@@ -175,7 +173,7 @@ std::string ListFiles(const std::string& Folder)
 class FDemoCommand : public ICommand
 {
 public:
-	void Describe(CLI::App&) override {}
+	void Describe(FArguments&) override {}
 
 	/** Without a project given, one in a temporary folder is made and thrown away. */
 	EExitStatus Run(const FCommandContext& Context) override

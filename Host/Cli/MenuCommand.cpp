@@ -1,5 +1,3 @@
-#include <CLI/CLI.hpp>
-
 #include "AssetRegistry/IAssetRegistry.h"
 #include "BlueprintActionMenuItem.h"
 #include "BlueprintActionMenuUtils.h"
@@ -89,12 +87,12 @@ std::string PlainLine(const FEdGraphSchemaAction& Action, const FString& NodeCla
 class FMenuCommand : public ICommand
 {
 public:
-	void Describe(CLI::App& App) override
+	void Describe(FArguments& Arguments) override
 	{
-		App.add_flag("--json", bJson, "As a JSON array of objects, with keywords and tooltips");
-		App.add_option("--title", Query.Title, "Only actions whose title contains this");
-		App.add_option("--category", Query.Category, "Only actions whose category begins with this");
-		App.add_option("--node-class", Query.NodeClass, "Only actions that make nodes of this class");
+		Arguments.Flag("--json", bJson, "As a JSON array of objects, with keywords and tooltips");
+		Arguments.Option("--title", Query.Title, "Only actions whose title contains this");
+		Arguments.Option("--category", Query.Category, "Only actions whose category begins with this");
+		Arguments.Option("--node-class", Query.NodeClass, "Only actions that make nodes of this class");
 	}
 
 	EExitStatus Run(const FCommandContext& Context) override

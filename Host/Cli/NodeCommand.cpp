@@ -1,5 +1,3 @@
-#include <CLI/CLI.hpp>
-
 #include <iostream>
 
 #include "Cli/CommandTable.h"
@@ -36,10 +34,9 @@ std::string DescribeLine(FNodeByIdentity& Nodes, const std::string& Line, bool& 
 class FNodeCommand : public ICommand
 {
 public:
-	void Describe(CLI::App& App) override
+	void Describe(FArguments& Arguments) override
 	{
-		App.add_option("IDENTITY", Identity, "The node as a JSON object; - reads one from each line of standard input")
-			->required();
+		Arguments.Word("IDENTITY", Identity, "The node as a JSON object; - reads one from each line of standard input");
 	}
 
 	EExitStatus Run(const FCommandContext& Context) override

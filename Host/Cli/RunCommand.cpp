@@ -1,5 +1,3 @@
-#include <CLI/CLI.hpp>
-
 #include "Cli/CommandTable.h"
 #include "Cli/JsonArgument.h"
 #include "Server/LineReader.h"
@@ -41,11 +39,10 @@ FToolOutcome RunLine(IToolHost& Tools, const std::string_view Line)
 class FRunCommand : public ICommand
 {
 public:
-	void Describe(CLI::App& App) override
+	void Describe(FArguments& Arguments) override
 	{
-		App.add_option(
-			   "SCRIPT", Script, R"(File with one {"tool": ..., "arguments": {...}} a line, - for standard input)")
-			->required();
+		Arguments.Word(
+			"SCRIPT", Script, R"(File with one {"tool": ..., "arguments": {...}} a line, - for standard input)");
 	}
 
 	/** A failed call does not end the script. */

@@ -1,7 +1,5 @@
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
-
 #include "Cli/CommandTable.h"
 #include "Server/StdioServer.h"
 
@@ -9,16 +7,15 @@
 class FServeCommand : public ICommand
 {
 public:
-	void Describe(CLI::App& App) override
+	void Describe(FArguments& Arguments) override
 	{
-		HttpOption = App.add_option(
-							"--http", HttpPort, "Serve Streamable HTTP on this port of 127.0.0.1 (not available yet)")
-						 ->type_name("PORT");
+		Arguments.Option(
+			"--http", HttpPort, "Serve Streamable HTTP on this port of 127.0.0.1 (not available yet)", "PORT");
 	}
 
 	EExitStatus Run(const FCommandContext& Context) override
 	{
-		if (HttpOption->count() > 0)
+		if (HttpPort)
 		{
 			Complain("Streamable HTTP is not available yet. Run without --http to serve on standard input and output.");
 			return EExitStatus::Misused;
@@ -31,8 +28,7 @@ public:
 	}
 
 private:
-	CLI::Option* HttpOption = nullptr;
-	int HttpPort = 0;
+	std::optional<int> HttpPort;
 };
 
 std::unique_ptr<ICommand> MakeServeCommand()

@@ -1,5 +1,3 @@
-#include <CLI/CLI.hpp>
-
 #include "Cli/CommandTable.h"
 #include "ToolFace/ToolListing.h"
 
@@ -7,9 +5,9 @@
 class FToolsCommand : public ICommand
 {
 public:
-	void Describe(CLI::App& App) override
+	void Describe(FArguments& Arguments) override
 	{
-		App.add_flag("--json", bJson, "As JSON, with the schemas of arguments and result");
+		Arguments.Flag("--json", bJson, "As JSON, with the schemas of arguments and result");
 	}
 
 	EExitStatus Run(const FCommandContext& Context) override
