@@ -291,7 +291,7 @@ TEST(CompileTool, GoodOneIsSavedAndOneThatCannotBeSavedSucceedsAllTheSame)
 	const EditorFaults::FFailSaves Fail(TEXT("no space left"));
 	const Morvane::FToolResult Unsaved = AssetToolsTest::Compile(R"(["/Game/Tests/BP_Test"])");
 	EXPECT_TRUE(Unsaved.WasSuccessful());
-	EXPECT_THAT(Successes(Unsaved), ElementsAre("Successfully compiled and saved 1 Blueprint(s) with 1 warning(s)"));
+	EXPECT_THAT(Successes(Unsaved), ElementsAre("Successfully compiled and saved 0 Blueprint(s) with 1 warning(s)"));
 	EXPECT_THAT(Warnings(Unsaved), ElementsAre("[/Game/Tests/BP_Test] Compiled successfully but failed to save"));
 }
 

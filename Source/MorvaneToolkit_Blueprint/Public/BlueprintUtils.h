@@ -44,9 +44,10 @@ public:
 
 	/** Compiles without reading the messages; true when there is no error. */
 	static bool CompileBlueprint(UBlueprint* Blueprint, bool bSkipSave);
-	/** Compiles and appends what the compiler says, each message with the nodes, pins and objects that it points at. */
-	static bool CompileBlueprintWithResults(
-		UBlueprint* Blueprint, bool bSkipSave, TArray<FString>& OutErrors, TArray<FString>& OutWarnings);
+	/** Compiles and appends what the compiler says, each message with the nodes, pins and objects that it points at.
+	 * Notes, which ask for nothing, are dropped unless the caller has a place for them. */
+	static bool CompileBlueprintWithResults(UBlueprint* Blueprint, bool bSkipSave, TArray<FString>& OutErrors,
+		TArray<FString>& OutWarnings, TArray<FString>* OutNotes = nullptr);
 
 	/** Whether a new member may have the name. False after an error in the result that says who has it already. */
 	static bool VerifyBlueprintVariableName(UBlueprint* Blueprint, const FString& Name, Morvane::FToolResult& Result);

@@ -251,7 +251,8 @@ TEST(ClassBuilder, TheStatusFollowsChangesAndCompiles)
 	FKismetEditorUtilities::CompileBlueprint(Blueprint.Get());
 	EXPECT_EQ(Blueprint->Status, BS_Error);
 	FBlueprintEditorUtils::RemoveMemberVariable(Blueprint.Get(), TEXT("Broken"));
-	Blueprint.EventGraph().Call(TEXT("/Script/Engine.KismetSystemLibrary"), TEXT("PrintString"));
+	FBlueprintEditorUtils::AddMemberVariable(
+		Blueprint.Get(), TEXT("Count"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Int), TEXT("many"));
 	FKismetEditorUtilities::CompileBlueprint(Blueprint.Get());
 	EXPECT_EQ(Blueprint->Status, BS_UpToDateWithWarnings);
 	FBlueprintEditorUtils::MarkBlueprintAsModified(Blueprint.Get());

@@ -209,8 +209,8 @@ const FFault DeclarationFaults[] = {
 				}
 			}
 		},
-		{"warning: Return Node is never executed: nothing is connected to execute {Return Node; Return Node.execute}",
-			"warning: Return Node is never executed: nothing is connected to execute {Return Node; Return Node.execute}"}},
+		{"note: Return Node is never executed: nothing is connected to execute {Return Node; Return Node.execute}",
+			"note: Return Node is never executed: nothing is connected to execute {Return Node; Return Node.execute}"}},
 	{"ParameterOfMissingType",
 		[](const FBlueprintBuilder& Blueprint)
 		{
@@ -256,7 +256,7 @@ const FFault DeclarationFaults[] = {
 			UseMacro(Blueprint.EventGraph().Get(), Macro);
 		},
 		{"error: Wait holds a latent action, which can only be used in an event graph, not in a function {Wait}",
-			"warning: Delay is never executed: nothing is connected to execute {Delay; Delay.execute}"}},
+			"note: Delay is never executed: nothing is connected to execute {Delay; Delay.execute}"}},
 	{"TimelineInFunction",
 		[](const FBlueprintBuilder& Blueprint)
 		{

@@ -375,15 +375,11 @@ TEST(CompilerSamples, AnEditorsOwnGraphsLackOnlyWhatWasLeftBehind)
 	};
 	const std::string NoStruct = "error: Unknown structure at Make <unknown struct> {Make <unknown struct>}";
 	const std::string Loose =
-		"warning: Print String is never executed: nothing is connected to execute {Print String; Print String.execute}";
+		"note: Print String is never executed: nothing is connected to execute {Print String; Print String.execute}";
 	const std::pair<const char*, std::vector<std::string>> Samples[] = {
 		{"async-call-and-append",
-			{"error: Async task node Async Task: Missing Function refers to the missing function 'RpcCall' of 'None'. "
-			 "{Async Task: Missing Function}",
-				"warning: Print String is never executed: nothing that is executed leads to execute {Print String; "
-				"Print String.execute}",
-				"warning: Print String is never executed: nothing that is executed leads to execute {Print String; "
-				"Print String.execute}"}},
+			{"note: Async Task: Missing Function is never executed: nothing is connected to execute {Async Task: Missing "
+			 "Function; Async Task: Missing Function.execute}"}},
 		{"construction-lights",
 			{NoVariable("PointLight2", "Get Point Light 2"), NoVariable("Brightness", "Get Brightness"),
 				NoVariable("Color", "Get Color"), NoVariable("Inner Cone Angle", "Get Inner Cone Angle"),

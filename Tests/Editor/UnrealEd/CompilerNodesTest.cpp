@@ -92,7 +92,7 @@ const FFault NodeFaults[] = {
 		{"error: The type of Array is undetermined. Connect something to For Each Loop to imply a specific type. {For Each Loop.Array; For Each Loop}"}},
 	{"PinWithoutName",
 		[](const FBlueprintBuilder& Blueprint) { FCompileScene(Blueprint).Macro("flip", TEXT("FlipFlop")); },
-		{"warning: Flip Flop is never executed: nothing is connected to the unnamed pin {Flip Flop; Flip Flop.None}"}},
+		{"note: Flip Flop is never executed: nothing is connected to the unnamed pin {Flip Flop; Flip Flop.None}"}},
 	{"SwitchWithoutEnum",
 		[](const FBlueprintBuilder& Blueprint) { Run<UK2Node_SwitchEnum>(Blueprint, [](UK2Node_SwitchEnum&) {}); },
 		{"error: Switch on (bad enum) must have a valid enum defined {Switch on (bad enum)}"}},
@@ -108,8 +108,10 @@ const FFault NodeFaults[] = {
 	{"TimelineGone",
 		[](const FBlueprintBuilder& Blueprint)
 		{
-			FCompileScene(Blueprint).Add<UK2Node_Timeline>(
-				"time", [](UK2Node_Timeline& Node) { Node.TimelineName = TEXT("Swing"); });
+			FCompileScene Scene(Blueprint);
+			Scene.Add<UK2Node_Timeline>("time", [](UK2Node_Timeline& Node) { Node.TimelineName = TEXT("Swing"); });
+			Scene.Event("begin", TEXT("ReceiveBeginPlay"));
+			Scene.Wire({"begin.then > time.Play"});
 		},
 		{"error: Timeline node Swing has no template. Delete it and make it again. {Swing}"}},
 	{"EventGone",
@@ -235,7 +237,7 @@ const FFault NodeFaults[] = {
 			Other.Print("print");
 			FGraphBuilder::Link(Scene.Pin("begin.then"), Other.Pin("print.execute"));
 		},
-		{"warning: Print String is never executed: nothing that is executed leads to execute {Print String; Print String.execute}",
+		{"note: Print String is never executed: nothing that is executed leads to execute {Print String; Print String.execute}",
 			"error: then is connected to a node outside its graph {Event BeginPlay.then}"}},
 	{"NotABool",
 		[](const FBlueprintBuilder& Blueprint)

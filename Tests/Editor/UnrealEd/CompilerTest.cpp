@@ -100,15 +100,19 @@ TEST_P(FCompileFault, IsFoundAndPointedAt)
 	const FBlueprintBuilder Blueprint;
 	GetParam().Make(Blueprint);
 	EXPECT_THAT(CompileMessages(Blueprint.Get()), testing::ElementsAreArray(GetParam().Expected));
-	const bool bError = std::any_of(GetParam().Expected.begin(), GetParam().Expected.end(),
-		[](const std::string& Message) { return Message.compare(0, 5, "error") == 0; });
-	EXPECT_EQ(Blueprint->Status, bError ? BS_Error : BS_UpToDateWithWarnings);
+	const auto Has = [](const std::string& Severity)
+	{
+		return std::any_of(GetParam().Expected.begin(), GetParam().Expected.end(),
+			[&Severity](const std::string& Message) { return Message.starts_with(Severity); });
+	};
+	EXPECT_EQ(Blueprint->Status, Has("error") ? BS_Error : Has("warning") ? BS_UpToDateWithWarnings : BS_UpToDate);
 }
 
 const FFault Faults[] = {
 	{"UnknownVariable", [](const FBlueprintBuilder& Blueprint) { Get(Blueprint.EventGraph(), TEXT("Absent")); },
 		{"error: Could not find a variable named \"Absent\" in 'BP_Test_C'.\nMake sure 'BP_Test_C' has been compiled for Get Absent {Get Absent}"}},
-	{"UnknownFunction", [](const FBlueprintBuilder& Blueprint) { CallOwn(Blueprint.EventGraph(), TEXT("Absent")); },
+	{"UnknownFunction",
+		[](const FBlueprintBuilder& Blueprint) { Begin(Blueprint, CallOwn(Blueprint.EventGraph(), TEXT("Absent"))); },
 		{"error: Could not find a function named \"Absent\" in 'BP_Test_C'.\nMake sure 'BP_Test_C' has been compiled for Absent {Absent}"}},
 	{"RemovedVariable",
 		[](const FBlueprintBuilder& Blueprint)
@@ -256,7 +260,32 @@ const FFault Faults[] = {
 		[](const FBlueprintBuilder& Blueprint) { Blueprint.EventGraph().Add<UK2Node_FunctionEntry>(); },
 		{"error: Event Graph starts a function and can only stand in the graph of one {Event Graph}"}},
 	{"NeverExecuted", [](const FBlueprintBuilder& Blueprint) { Print(Blueprint); },
-		{"warning: Print String is never executed: nothing is connected to execute {Print String; Print String.execute}"}},
+		{"note: Print String is never executed: nothing is connected to execute {Print String; Print String.execute}"}},
+	{"NeverExecutedAndWrongInManyWays",
+		[](const FBlueprintBuilder& Blueprint)
+		{
+			FGraphBuilder Graph = Blueprint.EventGraph();
+			const FNodeHandle Adding = Graph.Call(TEXT("/Script/Engine.KismetArrayLibrary"), TEXT("Array_Add"));
+			Print(Blueprint).Input(TEXT("Duration"))->DefaultValue = TEXT("soon");
+			FGraphBuilder::Then(Adding, CallOwn(Graph, TEXT("Absent")));
+			FGraphBuilder::Link(
+				Get(Graph, TEXT("Gone")).Node->CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_String, TEXT("Gone")),
+				Adding.Input(TEXT("NewItem")));
+		},
+		{"note: Add is never executed: nothing is connected to execute {Add; Add.execute}",
+			"note: Print String is never executed: nothing is connected to execute {Print String; Print String.execute}"}},
+	{"ValueOfWhatIsNeverExecuted",
+		[](const FBlueprintBuilder& Blueprint)
+		{
+			FGraphNodeCreator<UK2Node_DynamicCast> Creator(*Blueprint.EventGraph().Get());
+			UK2Node_DynamicCast* const CastNode = Creator.CreateNode(false);
+			CastNode->TargetType = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
+			Creator.Finalize();
+			const FNodeHandle Destroy = Begin(Blueprint, Blueprint.EventGraph().Call(Actor, TEXT("K2_DestroyActor")));
+			Connect(CastNode->GetCastResultPin(), Destroy.Input(TEXT("self")));
+		},
+		{"note: Cast To Actor is never executed: nothing is connected to execute {Cast To Actor; Cast To Actor.execute}",
+			"warning: Cast To Actor is never executed, so Target of Destroy Actor reads a default instead of its value {Cast To Actor; Destroy Actor.self; Destroy Actor}"}},
 	{"UnreachableRing",
 		[](const FBlueprintBuilder& Blueprint)
 		{
@@ -265,7 +294,7 @@ const FFault Faults[] = {
 			FGraphBuilder::Then(First, Second);
 			FGraphBuilder::Then(Second, First);
 		},
-		{"warning: Print String is never executed: nothing that is executed leads to execute {Print String; Print String.execute}"}},
+		{"note: Print String is never executed: nothing that is executed leads to execute {Print String; Print String.execute}"}},
 	{"LatentInFunction",
 		[](const FBlueprintBuilder& Blueprint)
 		{

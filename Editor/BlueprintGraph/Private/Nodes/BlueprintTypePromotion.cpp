@@ -1,6 +1,7 @@
 #include "BlueprintTypePromotion.h"
 
 #include "EdGraphSchema_K2.h"
+#include "K2Node_CallFunction.h"
 #include "UObject/Class.h"
 #include "UObject/UnrealType.h"
 #include "WildcardTypes.h"
@@ -243,6 +244,24 @@ bool TakesOneType(const FSignature& Signature)
 	return IsSame(Signature.Types[0], Signature.Types[1]);
 }
 
+/** Whether a value that an author gave an operand of no type yet would be lost by this one. */
+bool LosesValue(const UEdGraphPin& Pin, const FEdGraphPinType& Param)
+{
+	const bool bTypedIn = Pin.Direction == EGPD_Input && Pin.LinkedTo.IsEmpty() && !Pin.DefaultValue.IsEmpty();
+	return bTypedIn
+		&& !GetDefault<UEdGraphSchema_K2>()->DefaultValueSimpleValidation(
+			Param, Pin.PinName, Pin.DefaultValue, nullptr, FText::GetEmpty());
+}
+
+/** The overload that the operator stands for now. */
+const UFunction* BoundOverload(const TArray<UEdGraphPin*>& Pins)
+{
+	const UK2Node_CallFunction* const Node = Pins.IsEmpty()
+		? nullptr
+		: Cast<UK2Node_CallFunction>(Pins[0]->GetOwningNodeUnchecked());
+	return Node ? Node->GetTargetFunction() : nullptr;
+}
+
 /** How far the pins are from the overload; -1 when one of them does not fit. */
 int32 Distance(const FSignature& Signature, const TArray<UEdGraphPin*>& Pins)
 {
@@ -252,11 +271,12 @@ int32 Distance(const FSignature& Signature, const TArray<UEdGraphPin*>& Pins)
 	{
 		const bool bOutput = Pin->Direction == EGPD_Output;
 		const int32 Index = bOutput ? ResultIndex : FMath::Min(Operand++, ResultIndex - 1);
+		const FEdGraphPinType& Param = Signature.Types[Index];
 		if (WildcardTypes::IsOpen(Pin->PinType))
 		{
+			Total += LosesValue(*Pin, Param) ? 1 : 0;
 			continue;
 		}
-		const FEdGraphPinType& Param = Signature.Types[Index];
 		// Operands are promoted on the way in; nothing does that to a result on its way out.
 		const int32 Step = !bOutput									? Distance(Pin->PinType, Param)
 			: FTypePromotion::IsValidPromotion(Param, Pin->PinType) ? -1
@@ -273,17 +293,22 @@ int32 Distance(const FSignature& Signature, const TArray<UEdGraphPin*>& Pins)
 
 const UFunction* FTypePromotion::FindBestMatchingFunc(FName Operation, const TArray<UEdGraphPin*>& PinsToConsider)
 {
+	// Among overloads that fit alike, the one that was asked for stays: a vector times a number is no vector times a
+	// vector only because the number has no link.
+	constexpr int32 WeightOfDistance = 3;
+	const UFunction* const Bound = TypePromotion::BoundOverload(PinsToConsider);
 	const UFunction* Best = nullptr;
 	int32 BestDistance = MAX_int32;
 	for (const UFunction* const Function : GetAllFuncsForOp(Operation))
 	{
 		const TypePromotion::FSignature& Signature = *TypePromotion::GetTable().Signatures.Find(Function);
 		const int32 Distance = TypePromotion::Distance(Signature, PinsToConsider);
-		if (Distance < 0 || 2 * Distance >= BestDistance)
+		if (Distance < 0 || WeightOfDistance * Distance >= BestDistance)
 		{
 			continue;
 		}
-		const int32 Weighed = 2 * Distance + (TypePromotion::TakesOneType(Signature) ? 0 : 1);
+		const int32 Rank = Function == Bound ? 0 : TypePromotion::TakesOneType(Signature) ? 1 : 2;
+		const int32 Weighed = WeightOfDistance * Distance + Rank;
 		if (Weighed < BestDistance)
 		{
 			Best = Function;

@@ -10,6 +10,7 @@
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphSchema_K2.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Misc/PackageName.h"
 #include "Standalone/NativeClass.h"
 #include "WildcardTypes.h"
 
@@ -86,7 +87,7 @@ UScriptStruct* UK2Node_GetDataTableRow::GetDataTableRowStructType() const
 	{
 		FString Path;
 		RowStruct->ExportText_InContainer(0, Path, Table, nullptr, nullptr, PPF_None);
-		return FindObject<UScriptStruct>(nullptr, Path);
+		return LoadObject<UScriptStruct>(nullptr, *FPackageName::ExportTextPathToObjectPath(Path));
 	}
 	const UEdGraphPin* const Result = GetResultPin();
 	const UEdGraphPin* const Linked = Result && !Result->LinkedTo.IsEmpty() ? Result->LinkedTo[0] : nullptr;

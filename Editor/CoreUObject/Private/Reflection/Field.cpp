@@ -15,6 +15,19 @@ static FText DisplayName(const FMetaDataTable& MetaData, const FString& Name, bo
 	return FText::FromString(Given ? *Given : FName::NameToDisplayString(Name, bIsBool));
 }
 
+/** A class that a Blueprint made is shown by the Blueprint's name, whichever of its two classes it is. */
+static FString ShownName(const UField& Field)
+{
+	FString Name = Field.GetName();
+	const UClass* const Class = Cast<UClass>(&Field);
+	if (Class && Class->HasAnyClassFlags(CLASS_CompiledFromBlueprint))
+	{
+		Name.RemoveFromEnd(TEXT("_C"), ESearchCase::CaseSensitive);
+		Name.RemoveFromStart(TEXT("SKEL_"), ESearchCase::CaseSensitive);
+	}
+	return Name;
+}
+
 static FText ToolTip(const FMetaDataTable& MetaData, const FText& DisplayName, bool bShort)
 {
 	static const FName ToolTipKey(TEXT("ToolTip"));
@@ -102,7 +115,7 @@ const FMetaDataTable& UField::GetMetaDataTable() const
 FText UField::GetDisplayNameText() const
 {
 	EnsureMembers();
-	return FieldTexts::DisplayName(MetaData, GetName(), false);
+	return FieldTexts::DisplayName(MetaData, FieldTexts::ShownName(*this), false);
 }
 
 FText UField::GetToolTipText(bool bShortTooltip) const

@@ -74,9 +74,12 @@ private:
 		}
 		Class.SetMetaData(FBlueprintMetadata::MD_IsBlueprintBase, TEXT("true"));
 		Class.SetMetaData(FBlueprintMetadata::MD_BlueprintType, TEXT("true"));
-		FString DisplayName = Blueprint.BlueprintDisplayName.IsEmpty() ? Blueprint.GetName()
-																	   : Blueprint.BlueprintDisplayName;
-		Class.SetMetaData(FBlueprintMetadata::MD_DisplayName, DisplayName);
+		// Without a name of its own to be shown by, the class's name is made readable where it is shown.
+		Class.RemoveMetaData(FBlueprintMetadata::MD_DisplayName);
+		if (!Blueprint.BlueprintDisplayName.IsEmpty())
+		{
+			Class.SetMetaData(FBlueprintMetadata::MD_DisplayName, Blueprint.BlueprintDisplayName);
+		}
 		Class.SimpleConstructionScript = Blueprint.SimpleConstructionScript;
 		Class.Timelines = Blueprint.Timelines;
 		Class.ComponentTemplates = Blueprint.ComponentTemplates;

@@ -112,10 +112,15 @@ public:
 				? Functions.Find(Graph)
 				: nullptr;
 			const bool bStarts = !Origin || FunctionGraphs::Check(Blueprint, *Graph, *Origin, Log);
-			Validator.Validate();
+			TOptional<GraphFlow::FGraphUse> Use;
 			if (bStarts)
 			{
-				GraphFlow::CheckReachability(*Graph, Log);
+				Use.Emplace(*Graph);
+			}
+			Validator.Validate(Use ? &*Use : nullptr);
+			if (Use)
+			{
+				Use->Tell(Log);
 			}
 			GraphFlow::CheckDataCycles(*Graph, Log);
 		}

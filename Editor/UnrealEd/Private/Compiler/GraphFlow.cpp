@@ -102,15 +102,28 @@ bool IsMissed(const UEdGraphNode& Result, bool bFunctionActs)
 		{ return Pin && !FSchema::IsExecPin(*Pin) && (bFunctionActs || !Pin->LinkedTo.IsEmpty()); });
 }
 
-/** A node that somebody has to execute, and that is not wrong already. */
+bool IsGraphEnd(const UEdGraphNode& Node)
+{
+	return ExactCast<UK2Node_Tunnel>(const_cast<UEdGraphNode*>(&Node)) != nullptr;
+}
+
+bool HasLinkedOutput(const UEdGraphNode& Node)
+{
+	return Node.Pins.ContainsByPredicate(
+		[](const UEdGraphPin* Pin) { return Pin && Pin->Direction == EGPD_Output && !Pin->LinkedTo.IsEmpty(); });
+}
+
+/** A node that takes part only when somebody executes it or, having takers, one of them takes part. */
+bool WaitsForUse(const UEdGraphNode& Node)
+{
+	return !IsGraphEnd(Node) && (FindExecInput(Node) || (IsPure(Node) && HasLinkedOutput(Node)));
+}
+
+/** A node that somebody has to execute. */
 bool WaitsForExecution(const UEdGraphNode* Node, bool bGraphActs)
 {
-	if (!IsCompiled(Node) || ExactCast<UK2Node_Tunnel>(const_cast<UEdGraphNode*>(Node)) || !FindExecInput(*Node)
-		|| (Node->IsA<UK2Node_FunctionResult>() && !IsMissed(*Node, bGraphActs)))
-	{
-		return false;
-	}
-	return !Node->bHasCompilerMessage || Node->ErrorType != EMessageSeverity::Error;
+	return IsCompiled(Node) && !IsGraphEnd(*Node) && FindExecInput(*Node)
+		&& (!Node->IsA<UK2Node_FunctionResult>() || IsMissed(*Node, bGraphActs));
 }
 
 /** Depth-first walk over the pure nodes that a node takes its values from; finds nodes that depend on themselves. */
@@ -185,37 +198,107 @@ private:
 };
 } // namespace
 
-void CheckReachability(const UEdGraph& Graph, FCompilerResultsLog& Log)
+FGraphUse::FGraphUse(const UEdGraph& InGraph)
+	: Graph(InGraph)
 {
-	TSet<const UEdGraphNode*> Reached;
 	TArray<const UEdGraphNode*> Starts;
 	for (const UEdGraphNode* const Node : Graph.Nodes)
 	{
 		if (IsCompiled(Node) && StartsExecution(*Node))
 		{
-			Reached.Add(Node);
+			Used.Add(Node);
 			Starts.Add(Node);
 		}
 	}
 	const int32 NumStarts = Starts.Num();
-	Spread(MoveTemp(Starts), Reached);
-	const bool bGraphActs = Reached.Num() > NumStarts;
+	Spread(MoveTemp(Starts), Used);
+	bActs = Used.Num() > NumStarts;
+	for (const UEdGraphNode* const Node : Graph.Nodes)
+	{
+		if (IsCompiled(Node) && !WaitsForUse(*Node))
+		{
+			Used.Add(Node);
+		}
+	}
+	FollowValues();
+}
+
+void FGraphUse::FollowValues()
+{
+	TArray<const UEdGraphNode*> Queue;
+	for (const UEdGraphNode* const Node : Used)
+	{
+		Queue.Add(Node);
+	}
+	for (int32 Next = 0; Next < Queue.Num(); ++Next)
+	{
+		for (const UEdGraphPin* const Pin : Queue[Next]->Pins)
+		{
+			if (!Pin || Pin->Direction != EGPD_Input || FSchema::IsExecPin(*Pin))
+			{
+				continue;
+			}
+			for (const UEdGraphPin* const Linked : Pin->LinkedTo)
+			{
+				const UEdGraphNode* const Source = Linked ? Linked->GetOwningNodeUnchecked() : nullptr;
+				if (Source && !Used.Contains(Source) && IsPure(*Source))
+				{
+					Used.Add(Source);
+					Queue.Add(Source);
+				}
+			}
+		}
+	}
+}
+
+void FGraphUse::Tell(FCompilerResultsLog& Log) const
+{
+	TellOfUnexecuted(Log);
+	TellOfMissingValues(Log);
+}
+
+void FGraphUse::TellOfUnexecuted(FCompilerResultsLog& Log) const
+{
+	TSet<const UEdGraphNode*> Told;
 	// First those that nothing leads to; what is left then goes round in rings or hangs on what is
 	// disabled, each told once.
 	for (const bool bRings : {false, true})
 	{
 		for (const UEdGraphNode* const Node : Graph.Nodes)
 		{
-			if (Reached.Contains(Node) || !WaitsForExecution(Node, bGraphActs)
+			if (Used.Contains(Node) || Told.Contains(Node) || !WaitsForExecution(Node, bActs)
 				|| (!bRings && HasLinkedExecInput(*Node)))
 			{
 				continue;
 			}
-			Log.Warning(bRings ? TEXT("@@ is never executed: nothing that is executed leads to @@")
-							   : TEXT("@@ is never executed: nothing is connected to @@"),
+			Log.Note(bRings ? TEXT("@@ is never executed: nothing that is executed leads to @@")
+							: TEXT("@@ is never executed: nothing is connected to @@"),
 				Node, FindExecInput(*Node));
-			Reached.Add(Node);
-			Spread({Node}, Reached);
+			Told.Add(Node);
+			Spread({Node}, Told);
+		}
+	}
+}
+
+void FGraphUse::TellOfMissingValues(FCompilerResultsLog& Log) const
+{
+	for (const UEdGraphNode* const Node : Graph.Nodes)
+	{
+		if (!IsCompiled(Node) || !Used.Contains(Node))
+		{
+			continue;
+		}
+		for (const UEdGraphPin* const Pin : Node->Pins)
+		{
+			const bool bTakesValue = Pin && Pin->Direction == EGPD_Input && !FSchema::IsExecPin(*Pin)
+				&& !Pin->LinkedTo.IsEmpty();
+			const UEdGraphPin* const Linked = bTakesValue ? Pin->LinkedTo[0] : nullptr;
+			const UEdGraphNode* const Source = Linked ? Linked->GetOwningNodeUnchecked() : nullptr;
+			if (Source && IsCompiled(Source) && Source->GetGraph() == &Graph && !Used.Contains(Source))
+			{
+				Log.Warning(
+					TEXT("@@ is never executed, so @@ of @@ reads a default instead of its value"), Source, Pin, Node);
+			}
 		}
 	}
 }

@@ -63,7 +63,7 @@ FGraphValidator::FGraphValidator(
 	}
 }
 
-void FGraphValidator::Validate()
+void FGraphValidator::Validate(const GraphFlow::FGraphUse* Use)
 {
 	if (!Schema)
 	{
@@ -73,7 +73,7 @@ void FGraphValidator::Validate()
 	for (int32 Index = 0; Index < Graph.Nodes.Num(); ++Index)
 	{
 		UEdGraphNode* const Node = Graph.Nodes[Index];
-		if (GraphFlow::IsCompiled(Node))
+		if (GraphFlow::IsCompiled(Node) && (!Use || Use->IsUsed(Node)))
 		{
 			CheckNode(*Node);
 		}

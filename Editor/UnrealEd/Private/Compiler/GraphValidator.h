@@ -3,6 +3,11 @@
 #include "CoreMinimal.h"
 #include "EdGraph/EdGraphSchema.h"
 
+namespace GraphFlow
+{
+class FGraphUse;
+}
+
 class FCompilerResultsLog;
 class FMacroUse;
 class UBlueprint;
@@ -23,7 +28,8 @@ class FGraphValidator
 {
 public:
 	FGraphValidator(UBlueprint& InBlueprint, UEdGraph& InGraph, FMacroUse& InMacros, FCompilerResultsLog& InLog);
-	void Validate();
+	/** Passes over what takes no part in the graph; null when that cannot be told. */
+	void Validate(const GraphFlow::FGraphUse* Use);
 	EGraphType GetGraphType() const { return GraphType; }
 
 private:

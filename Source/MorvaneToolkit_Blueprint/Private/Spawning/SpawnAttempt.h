@@ -51,6 +51,8 @@ private:
 	/** Null, silently, when the path names no class; what the loader has to say is a warning of its own. */
 	UClass* LoadSourceClass(const FString& Path);
 	void ReportMissingSourceClass(const FString& Path);
+	/** The node stands all the same; without its target it reads this Blueprint, which is not what was asked for. */
+	void WarnOfUnlinkedOwner(const UEdGraphNode& Node, const UEdGraphPin& OwnerPin);
 	bool IsGetRequest() const;
 
 	// The parent call road.

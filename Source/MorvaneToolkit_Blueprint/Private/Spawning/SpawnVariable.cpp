@@ -1,6 +1,7 @@
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "BlueprintNodeUtils.h"
 #include "EdGraph/EdGraph.h"
+#include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
@@ -188,10 +189,31 @@ UEdGraphNode* FSpawnAttempt::SpawnCrossObjectVariable()
 	{
 		Node = FBlueprintNodeUtils::CreateCrossObjectVariableSetNode(&Graph, Name, SourceClass, OwnerPin, Place);
 	}
-	return Node ? Node
-				: Fail(FString::Printf(
-					TEXT("[Failure] Cross-object variable %s spawn returned null for variable '%s' on class '%s'"),
-					IsGetRequest() ? TEXT("get") : TEXT("set"), *Name, *SourcePath));
+	if (!Node)
+	{
+		return Fail(FString::Printf(
+			TEXT("[Failure] Cross-object variable %s spawn returned null for variable '%s' on class '%s'"),
+			IsGetRequest() ? TEXT("get") : TEXT("set"), *Name, *SourcePath));
+	}
+	WarnOfUnlinkedOwner(*Node, *OwnerPin);
+	return Node;
+}
+
+void FSpawnAttempt::WarnOfUnlinkedOwner(const UEdGraphNode& Node, const UEdGraphPin& OwnerPin)
+{
+	const UEdGraphPin* const Target = Node.FindPin(UEdGraphSchema_K2::PN_Self, EGPD_Input);
+	if (Target && !Target->LinkedTo.IsEmpty())
+	{
+		return;
+	}
+	const UEdGraphSchema* const Schema = Graph.GetSchema();
+	const FString Reason = Target && Schema ? Schema->CanCreateConnection(&OwnerPin, Target).Message.ToString()
+											: FString(TEXT("the node takes no target"));
+	SpawnReport::Report(Result,
+		FString::Printf(
+			TEXT("[Failure] Variable '%s' was placed without its owner: pin '%s' of '%s' does not fit its target: %s"),
+			*Record.GetMetadata(TEXT("variable_name")), *OwnerPin.GetName(),
+			*FBlueprintNodeUtils::GetFullTitle(OwnerPin.GetOwningNode()), *Reason));
 }
 
 UEdGraphNode* FSpawnAttempt::FindOwnerNode(FString& OutMethod) const

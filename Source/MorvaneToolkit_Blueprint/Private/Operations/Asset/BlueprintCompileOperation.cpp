@@ -3,6 +3,7 @@
 #include "AssetOperationBase.h"
 #include "BlueprintUtils.h"
 #include "ToolResult.h"
+#include "Utils/Report/JsonTexts.h"
 
 namespace BlueprintCompileBatch
 {
@@ -18,10 +19,10 @@ public:
 	void CompilePath(const FString& Path)
 	{
 		const double BlueprintStart = FPlatformTime::Seconds();
-		const bool bSucceeded = CompileOne(Path);
-		(bSucceeded ? NumSucceeded : NumFailed) += 1;
 		const TSharedPtr<FJsonObject> Record = MakeShared<FJsonObject>();
 		Record->SetStringField(TEXT("path"), Path);
+		const bool bSucceeded = CompileOne(Path, *Record);
+		(bSucceeded ? NumSucceeded : NumFailed) += 1;
 		Record->SetBoolField(TEXT("success"), bSucceeded);
 		Record->SetNumberField(TEXT("duration_ms"), (FPlatformTime::Seconds() - BlueprintStart) * 1000.0);
 		Records.Add(MakeShared<FJsonValueObject>(Record));
@@ -45,7 +46,7 @@ public:
 	}
 
 private:
-	bool CompileOne(const FString& Path)
+	bool CompileOne(const FString& Path, FJsonObject& Record)
 	{
 		UBlueprint* const Blueprint = FBlueprintUtils::LoadBlueprint(Path, Result);
 		if (!Blueprint)
@@ -55,10 +56,19 @@ private:
 		}
 		TArray<FString> Errors;
 		TArray<FString> Warnings;
-		const bool bCompiled = FBlueprintUtils::CompileBlueprintWithResults(Blueprint, false, Errors, Warnings);
-		if (bCompiled && !FBlueprintUtils::SaveBlueprint(Blueprint))
+		TArray<FString> Notes;
+		const bool bCompiled = FBlueprintUtils::CompileBlueprintWithResults(Blueprint, false, Errors, Warnings, &Notes);
+		const bool bSaved = bCompiled && FBlueprintUtils::SaveBlueprint(Blueprint);
+		NumSaved += bSaved ? 1 : 0;
+		if (bCompiled && !bSaved)
 		{
 			WarningLines.Add(FString::Printf(TEXT("[%s] Compiled successfully but failed to save"), *Path));
+		}
+		Record.SetBoolField(TEXT("saved"), bSaved);
+		if (!Notes.IsEmpty())
+		{
+			// Nothing that an agent has to act on, such as nodes that nothing executes, but it may look here for them.
+			Record.SetArrayField(TEXT("notes"), ToJsonTexts(Notes));
 		}
 		for (const FString& Error : Errors)
 		{
@@ -88,13 +98,13 @@ private:
 		else if (WarningLines.IsEmpty())
 		{
 			Result.AddSuccessMessage(
-				FString::Printf(TEXT("Successfully compiled and saved %d Blueprint(s)"), NumSucceeded));
+				FString::Printf(TEXT("Successfully compiled and saved %d Blueprint(s)"), NumSaved));
 		}
 		else
 		{
 			Result.AddSuccessMessage(
-				FString::Printf(TEXT("Successfully compiled and saved %d Blueprint(s) with %d warning(s)"),
-					NumSucceeded, WarningLines.Num()));
+				FString::Printf(TEXT("Successfully compiled and saved %d Blueprint(s) with %d warning(s)"), NumSaved,
+					WarningLines.Num()));
 		}
 	}
 
@@ -102,6 +112,8 @@ private:
 	const double StartTime = FPlatformTime::Seconds();
 	int32 NumSucceeded = 0;
 	int32 NumFailed = 0;
+	/** Of those that succeeded. One that could not be saved is told as a warning and not counted as saved. */
+	int32 NumSaved = 0;
 	TArray<FString> WarningLines;
 	TArray<FString> ErrorLines;
 	TArray<TSharedPtr<FJsonValue>> Records;

@@ -100,8 +100,8 @@ bool FBlueprintUtils::CompileBlueprint(UBlueprint* Blueprint, bool bSkipSave)
 	return Log.NumErrors == 0;
 }
 
-bool FBlueprintUtils::CompileBlueprintWithResults(
-	UBlueprint* Blueprint, bool bSkipSave, TArray<FString>& OutErrors, TArray<FString>& OutWarnings)
+bool FBlueprintUtils::CompileBlueprintWithResults(UBlueprint* Blueprint, bool bSkipSave, TArray<FString>& OutErrors,
+	TArray<FString>& OutWarnings, TArray<FString>* OutNotes)
 {
 	FCompilerResultsLog Log;
 	BlueprintCompileText::Compile(Blueprint, bSkipSave, Log);
@@ -117,6 +117,10 @@ bool FBlueprintUtils::CompileBlueprintWithResults(
 			OutWarnings.Add(BlueprintCompileText::Describe(*Message));
 			break;
 		default:
+			if (OutNotes)
+			{
+				OutNotes->Add(BlueprintCompileText::Describe(*Message));
+			}
 			break;
 		}
 	}
