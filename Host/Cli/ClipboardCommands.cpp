@@ -3,7 +3,8 @@
 #include "Cli/JsonArgument.h"
 #include "Containers/StringConv.h"
 #include "Session/EditorSession.h"
-#include "ToolFace/ResultText.h"
+#include "Session/UnsavedPackages.h"
+#include "ToolFace/ResultObject.h"
 #include "ToolResult.h"
 
 namespace ClipboardCommandsPrivate
@@ -95,7 +96,7 @@ public:
 			}
 			GraphClipboard::Paste(Path, Graph, *Text, Place, Result);
 		}
-		Context.Print(WriteResultText(Result));
+		Context.Print(ResultObject::Write(Result, UnsavedPackages::List()));
 		return Result.WasSuccessful() ? EExitStatus::Succeeded : EExitStatus::Failed;
 	}
 

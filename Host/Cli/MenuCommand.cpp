@@ -6,7 +6,6 @@
 #include "EdGraphSchema_K2.h"
 #include "Session/EditorSession.h"
 #include "Support/JsonText.h"
-#include "ToolFace/ResultText.h"
 
 namespace MenuCommandPrivate
 {

@@ -4,7 +4,6 @@
 #include "Session/EditorModules.h"
 #include "Standalone/JsonUtf8.h"
 #include "Standalone/NodeByIdentity.h"
-#include "ToolFace/ResultText.h"
 
 namespace NodeCommandPrivate
 {

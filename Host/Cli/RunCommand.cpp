@@ -4,13 +4,13 @@
 #include "Server/StdioServer.h"
 #include "Standalone/JsonUtf8.h"
 #include "Support/JsonFields.h"
-#include "ToolFace/ResultJson.h"
+#include "ToolFace/ResultObject.h"
 
 namespace RunCommandPrivate
 {
 FToolOutcome Fail(const std::string& Reason)
 {
-	return {ResultJson::Failure(Reason), false};
+	return {ResultObject::Failure(Reason), false};
 }
 
 FToolOutcome RunLine(IToolHost& Tools, const std::string_view Line)

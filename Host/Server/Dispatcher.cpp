@@ -7,7 +7,7 @@
 #include "Server/Identity.h"
 #include "Server/Revisions.h"
 #include "Support/JsonText.h"
-#include "ToolFace/ResultJson.h"
+#include "ToolFace/ResultObject.h"
 #include "ToolFace/ToolListing.h"
 
 struct FDispatcher::FMethod
@@ -40,7 +40,7 @@ FToolOutcome TooLarge(const std::string& Name, const FToolOutcome& Outcome)
 		+ " bytes long, more than the " + std::to_string(FDispatcher::MaxResultBytes)
 		+ " that fit into one answer. The tool itself " + (Outcome.bSuccess ? "succeeded" : "failed")
 		+ " and what it changed stands. Ask for less at a time: name single functions, events or widgets instead of the whole Blueprint.";
-	return {ResultJson::Failure(Text), false};
+	return {ResultObject::Failure(Text), false};
 }
 
 std::string CallMembers(const FToolOutcome& Outcome)
@@ -230,7 +230,7 @@ void FDispatcher::RunTool(const FRequest& Request, const std::string& Name, cons
 	}
 	catch (const std::exception& Fault)
 	{
-		Outcome = {ResultJson::Failure(std::string("Internal fault in ") + Name + ": " + Fault.what()), false};
+		Outcome = {ResultObject::Failure(std::string("Internal fault in ") + Name + ": " + Fault.what()), false};
 	}
 	if (Outcome.ResultJson.size() > MaxResultBytes)
 	{

@@ -5,13 +5,14 @@
 #include "Containers/StringConv.h"
 #include "MorvaneToolkitModule.h"
 #include "Session/EditorModules.h"
+#include "Session/UnsavedPackages.h"
 #include "Standalone/Catalogue.h"
 #include "Standalone/GuidGenerator.h"
 #include "Standalone/JsonUtf8.h"
 #include "Standalone/PackageText.h"
 #include "Standalone/Project.h"
 #include "Support/Complaint.h"
-#include "ToolFace/ResultText.h"
+#include "ToolFace/ResultObject.h"
 #include "ToolResult.h"
 #include "UObject/UObjectGlobals.h"
 
@@ -71,7 +72,7 @@ FEditorSession::~FEditorSession()
 {
 	if (FProject::IsOpen())
 	{
-		const TArray<FString> Names = FUnsavedPackages::ListUnsaved();
+		const TArray<FString> Names = UnsavedPackages::List();
 		if (!Names.IsEmpty())
 		{
 			Complain("Not saved and lost: " + ToUtf8(FString::Join(Names, TEXT(", "))));
@@ -101,15 +102,15 @@ FToolOutcome FEditorSession::CallTool(const std::string_view Name, const std::st
 	if (!OpenProject(Error))
 	{
 		Result->AddErrorMessage(Error);
-		return {WriteResultText(*Result), false};
+		return {ResultObject::Write(*Result, UnsavedPackages::List()), false};
 	}
 	const Morvane::FToolCommand Command(
 		CommandId, ToolName, EditorSessionPrivate::ReadArguments(ArgumentsJson, *Result));
 	FMorvaneToolkitModule::GetToolExecutor()->ExecuteTool(
 		Command, Result, [](const TSharedPtr<Morvane::FToolResult>&) {});
-	Unsaved.EndCall(*Result);
+	UnsavedPackages::EndCall(*Result);
 	AddFileProblems(*Result);
-	FToolOutcome Outcome = {WriteResultText(*Result), Result->WasSuccessful()};
+	FToolOutcome Outcome = {ResultObject::Write(*Result, UnsavedPackages::List()), Result->WasSuccessful()};
 	CollectGarbage();
 	return Outcome;
 }

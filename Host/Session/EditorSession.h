@@ -5,8 +5,12 @@
 
 #include "CoreMinimal.h"
 #include "Session/HostOptions.h"
-#include "Session/UnsavedPackages.h"
 #include "ToolFace/ToolHost.h"
+
+namespace Morvane
+{
+class FToolResult;
+}
 
 /**
  * The tools of this process at work on one project.
@@ -35,7 +39,6 @@ private:
 	void AddFileProblems(Morvane::FToolResult& Result);
 
 	const FString ProjectDir;
-	FUnsavedPackages Unsaved;
 	/** What is wrong with the project's own catalogue files; handed out with the first result. */
 	TArray<FString> CatalogueFaults;
 	uint64 NumCalls = 0;

@@ -1,22 +1,24 @@
 #include "Session/UnsavedPackages.h"
 
 #include "AssetOperationBase.h"
+#include "AssetRegistry/AssetRegistryModule.h"
 #include "Misc/PackageName.h"
 #include "ToolResult.h"
 #include "UObject/Package.h"
 #include "UObject/SavePackage.h"
 #include "UObject/UObjectIterator.h"
 
-namespace UnsavedPackagesPrivate
+namespace UnsavedPackages
 {
 /** Dirty, and with something in it that a file could hold. */
-bool IsUnsaved(const UPackage* Package)
+static bool IsUnsaved(const UPackage* Package)
 {
 	return Package->IsDirty() && !FPackageName::GetPackageMountPoint(Package->GetName()).IsNone()
 		&& !FPackageName::IsScriptPackage(Package->GetName()) && Package->FindAssetInPackage() != nullptr;
 }
 
-TArray<UPackage*> FindCreated()
+/** None is older than the call: each call leaves its own with a file or takes it away again. */
+static TArray<UPackage*> FindCreated()
 {
 	TArray<UPackage*> Created;
 	for (TObjectIterator<UPackage> It; It; ++It)
@@ -29,11 +31,11 @@ TArray<UPackage*> FindCreated()
 	return Created;
 }
 
-void Save(UPackage* Package, Morvane::FToolResult& Result)
+static bool Save(UPackage* Package, Morvane::FToolResult& Result)
 {
 	if (!FAssetOperationBase::SaveAsset(Package->FindAssetInPackage(), Result))
 	{
-		return;
+		return false;
 	}
 	FString Reason;
 	if (!FAssetOperationBase::AddAssetToSourceControl(Package->GetName(), Reason))
@@ -41,41 +43,34 @@ void Save(UPackage* Package, Morvane::FToolResult& Result)
 		Result.AddWarningMessage(FString::Printf(
 			TEXT("'%s' is saved, but could not be added to source control: %s"), *Package->GetName(), *Reason));
 	}
+	return true;
 }
-} // namespace UnsavedPackagesPrivate
 
-void FUnsavedPackages::EndCall(Morvane::FToolResult& Result)
+static void Discard(UPackage* Package)
+{
+	FAssetRegistryModule::AssetDeleted(Package->FindAssetInPackage());
+	Package->MarkAsGarbage();
+}
+
+void EndCall(Morvane::FToolResult& Result)
 {
 	const bool bKeep = Result.WasSuccessful();
-	for (UPackage* Package : UnsavedPackagesPrivate::FindCreated())
+	for (UPackage* const Package : FindCreated())
 	{
-		if (IsLeftBehind(Package))
+		if (!bKeep || !Save(Package, Result))
 		{
-			continue;
-		}
-		if (bKeep)
-		{
-			UnsavedPackagesPrivate::Save(Package, Result);
-		}
-		if (Package->IsDirty())
-		{
-			LeftBehind.Add(Package);
+			Discard(Package);
+			Result.DropModifications();
 		}
 	}
 }
 
-bool FUnsavedPackages::IsLeftBehind(const UPackage* Package) const
-{
-	return LeftBehind.ContainsByPredicate(
-		[Package](const TWeakObjectPtr<UPackage>& Known) { return Known.Get() == Package; });
-}
-
-TArray<FString> FUnsavedPackages::ListUnsaved()
+TArray<FString> List()
 {
 	TArray<FString> Names;
 	for (TObjectIterator<UPackage> It; It; ++It)
 	{
-		if (UnsavedPackagesPrivate::IsUnsaved(*It))
+		if (IsUnsaved(*It))
 		{
 			Names.Add(It->GetName());
 		}
@@ -83,3 +78,4 @@ TArray<FString> FUnsavedPackages::ListUnsaved()
 	Names.Sort();
 	return Names;
 }
+} // namespace UnsavedPackages

@@ -162,35 +162,6 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 6> Types = {
 	{"connection", Connection},
 	{"widget_properties", WidgetProperties},
 }};
-
-constexpr std::string_view ResultObject = R"json({
-	"type": "object",
-	"description": "The outcome of a call. success is false when there is any error; warnings tell what failed in part.",
-	"properties": {
-		"success": { "type": "boolean" },
-		"errors": { "type": "array", "items": { "type": "string" } },
-		"warnings": { "type": "array", "items": { "type": "string" } },
-		"messages": { "type": "array", "items": { "type": "string" }, "description": "What was done, in sentences." },
-		"data": {
-			"type": "object",
-			"description": "What the tool answers, by key. Read tools put the document they read under content, as JSON text. Counts are decimal text."
-		},
-		"modifications": {
-			"type": "array",
-			"description": "What changed, each read again after the change.",
-			"items": {
-				"type": "object",
-				"properties": {
-					"tool": { "type": "string", "description": "The read tool that shows it." },
-					"parameters": { "type": "object", "description": "What that tool was asked for." },
-					"content": { "type": "object", "description": "What it answered." }
-				},
-				"required": ["tool", "parameters"]
-			}
-		}
-	},
-	"required": ["success", "errors", "warnings", "messages", "data", "modifications"]
-})json";
 } // namespace SharedTypesPrivate
 
 std::string_view ToolSchemas::SharedType(const std::string_view Name)
@@ -199,9 +170,4 @@ std::string_view ToolSchemas::SharedType(const std::string_view Name)
 	const auto Known = std::find_if(
 		Types.begin(), Types.end(), [Name](const auto& Type) { return Type.first == Name; });
 	return Known != Types.end() ? Known->second : std::string_view();
-}
-
-std::string_view ToolSchemas::Result()
-{
-	return SharedTypesPrivate::ResultObject;
 }

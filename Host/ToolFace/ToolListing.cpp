@@ -6,6 +6,7 @@
 #include <simdjson.h>
 
 #include "Support/JsonText.h"
+#include "ToolFace/ResultObject.h"
 #include "ToolFace/ToolSchema.h"
 
 namespace ToolListingPrivate
@@ -61,7 +62,7 @@ std::string Entry(const FToolListing& Tool)
 	}
 	Text += R"(,"description":)" + JsonText::Quote(Tool.Description);
 	Text += R"(,"inputSchema":)" + ToolListing::InputSchemaJson(Tool.Name);
-	Text += R"(,"outputSchema":)" + Minify(ToolSchemas::Result());
+	Text += R"(,"outputSchema":)" + Minify(ResultObject::Schema());
 	if (Schema)
 	{
 		Text += R"(,"annotations":)" + Annotations(*Schema);

@@ -30,9 +30,6 @@ const std::vector<const FToolSchema*>& All();
 
 /** The schema of a type that several tools share; empty when there is none of that name. */
 std::string_view SharedType(std::string_view Name);
-
-/** The schema of the result object of every tool, whether it succeeded or failed. */
-std::string_view Result();
 } // namespace ToolSchemas
 
 extern const FToolSchema ReadBlueprintSchemaSchema;

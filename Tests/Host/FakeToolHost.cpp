@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "ToolFace/ResultJson.h"
+#include "ToolFace/ResultObject.h"
 
 FFakeToolHost::FFakeToolHost()
 {
@@ -20,7 +20,7 @@ FToolOutcome FFakeToolHost::CallTool(const std::string_view Name, const std::str
 	Calls.emplace_back(Name);
 	const auto Body = Bodies.find(Name);
 	return Body != Bodies.end() ? Body->second(ArgumentsJson)
-								: FToolOutcome{ResultJson::Failure("no such tool"), false};
+								: FToolOutcome{ResultObject::Failure("no such tool"), false};
 }
 
 FToolOutcome FFakeToolHost::Success(const std::string_view DataJson)

@@ -154,15 +154,33 @@ TEST(Session, FailedCallWritesNothing)
 	EXPECT_FALSE(Project.Exists("Content"));
 }
 
-TEST(Session, AssetThatCannotBeWrittenMakesTheCallAFailureAndIsNamedAtTheEnd)
+TEST(Session, AssetThatCannotBeWrittenIsNotThereAfterTheCall)
 {
 	const FTemporaryFolder Project;
 	Project.Write("Content", "a file where a folder should be");
 	const FProcessResult Run = SessionTest::Call(Project, "bp_create_asset", SessionTest::Door);
 	EXPECT_EQ(Run.Status, 1) << Run.Output;
 	EXPECT_EQ(SessionTest::ErrorsOf(Run.Output).find("Failed to save asset '/Game/Doors/BP_Door': "), 0u) << Run.Output;
-	EXPECT_NE(Run.Errors.find("Not saved and lost: /Game/Doors/BP_Door"), std::string::npos) << Run.Errors;
+	const TSharedPtr<FJsonObject> Result = SessionTest::Parse(Run.Output);
+	EXPECT_TRUE(Result->GetArrayField(TEXT("modifications")).IsEmpty()) << Run.Output;
+	EXPECT_FALSE(Result->HasField(TEXT("unsaved"))) << Run.Output;
+	EXPECT_EQ(Run.Errors.find("Not saved and lost"), std::string::npos) << Run.Errors;
 	EXPECT_EQ(Project.Read("Content"), "a file where a folder should be");
+}
+
+TEST(Session, AFailedCallThatMadeItsBlueprintLeavesNone)
+{
+	const FTemporaryFolder Project;
+	const FProcessResult Run = RunMorvane({"run", "-", "--project", Project.Path()},
+		R"({"tool":"bp_create_graph","arguments":{"path":"/Game/BP_A","functions":[{"name":"F"},7]}})"
+		"\n"
+		R"({"tool":"read_blueprint_schema","arguments":{"path":"/Game/BP_A"}})"
+		"\n");
+	EXPECT_EQ(Run.Status, 1) << Run.Output;
+	EXPECT_NE(Run.Output.find("Blueprint does not exist: /Game/BP_A"), std::string::npos) << Run.Output;
+	EXPECT_EQ(Run.Output.find("\"unsaved\""), std::string::npos) << Run.Output;
+	EXPECT_FALSE(Project.Exists("Content"));
+	EXPECT_EQ(Run.Errors.find("Not saved and lost"), std::string::npos) << Run.Errors;
 }
 
 TEST(Session, FullDiskLosesTheNewAssetOnly)

@@ -5,6 +5,7 @@
 #include "Containers/StringConv.h"
 #include "Dom/JsonObject.h"
 #include "Standalone/JsonUtf8.h"
+#include "ToolFace/ResultObject.h"
 #include "ToolFace/ToolListing.h"
 #include "ToolFace/ToolSchema.h"
 
@@ -116,7 +117,7 @@ TEST(ToolSchemas, InputSchemasStayInTheCommonPartOfJsonSchema)
 
 TEST(ToolSchemas, ResultSchemaFitsEveryClient)
 {
-	const TSharedPtr<FJsonValue> Result = ToolSchemaTest::Parse(ToolSchemas::Result());
+	const TSharedPtr<FJsonValue> Result = ToolSchemaTest::Parse(ResultObject::Schema());
 	ToolSchemaTest::FSchemaCheck("result").Check(Result, "");
 	EXPECT_EQ(ToUtf8(Result->AsObject()->GetStringField(TEXT("type"))), "object");
 }

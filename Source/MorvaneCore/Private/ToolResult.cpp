@@ -85,6 +85,13 @@ FToolResult& FToolResult::FinalizeModifications()
 	return *this;
 }
 
+FToolResult& FToolResult::DropModifications()
+{
+	Modifications.Empty();
+	bModificationsClosed = true;
+	return *this;
+}
+
 FJsonObject& FToolResult::EnsureDatas()
 {
 	if (!Datas.IsValid())

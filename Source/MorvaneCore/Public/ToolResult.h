@@ -62,6 +62,11 @@ public:
 	 */
 	FToolResult& FinalizeModifications();
 
+	/** Forgets what was recorded and closes the list: the changes did not last. */
+	FToolResult& DropModifications();
+	/** Whether the list is closed, so that what stands in it was saved. */
+	bool HasFinalModifications() const { return bModificationsClosed; }
+
 	const TArray<FTrackedModification>& GetModifications() const { return Modifications; }
 	const TArray<TWeakObjectPtr<UObject>>& GetModifiedObjects() const { return ModifiedObjects; }
 	const FToolCommand& GetCommand() const { return Command; }
