@@ -1,9 +1,9 @@
 #include <iostream>
 
 #include "Cli/CommandTable.h"
+#include "NodeIdentity/NodeByIdentity.h"
 #include "Session/EditorModules.h"
 #include "Standalone/JsonUtf8.h"
-#include "Standalone/NodeByIdentity.h"
 
 namespace NodeCommandPrivate
 {

@@ -4,27 +4,9 @@
 
 const std::vector<const FToolSchema*>& ToolSchemas::All()
 {
-	static const std::vector<const FToolSchema*> Schemas = {
-		&ReadBlueprintSchemaSchema,
-		&ReadBlueprintVariableSchema,
-		&ReadBlueprintComponentSchema,
-		&ReadBlueprintFunctionSchema,
-		&ReadBlueprintInterfaceSchema,
-		&ReadBlueprintEventSchema,
-		&ReadBlueprintTimelineSchema,
-		&ReadBlueprintDelegateSchema,
-		&ReadBlueprintMacroSchema,
-		&ReadBlueprintWidgetTreeSchema,
-		&ModifyBlueprintClassStructureSchema,
-		&UiModifyWidgetBpSchema,
-		&BpPopulateGraphSchema,
-		&BpCreateGraphSchema,
-		&BpModifyGraphNodesSchema,
-		&BpRemoveGraphConnectionsSchema,
-		&BpCreateAssetSchema,
-		&DeleteBlueprintSchema,
-		&CompileBlueprintSchema,
-	};
+#define MORVANE_LIST_SCHEMA(Schema) &Schema,
+	static const std::vector<const FToolSchema*> Schemas = {MORVANE_TOOL_SCHEMAS(MORVANE_LIST_SCHEMA)};
+#undef MORVANE_LIST_SCHEMA
 	return Schemas;
 }
 

@@ -32,22 +32,28 @@ const std::vector<const FToolSchema*>& All();
 std::string_view SharedType(std::string_view Name);
 } // namespace ToolSchemas
 
-extern const FToolSchema ReadBlueprintSchemaSchema;
-extern const FToolSchema ReadBlueprintVariableSchema;
-extern const FToolSchema ReadBlueprintComponentSchema;
-extern const FToolSchema ReadBlueprintFunctionSchema;
-extern const FToolSchema ReadBlueprintInterfaceSchema;
-extern const FToolSchema ReadBlueprintEventSchema;
-extern const FToolSchema ReadBlueprintTimelineSchema;
-extern const FToolSchema ReadBlueprintDelegateSchema;
-extern const FToolSchema ReadBlueprintMacroSchema;
-extern const FToolSchema ReadBlueprintWidgetTreeSchema;
-extern const FToolSchema ModifyBlueprintClassStructureSchema;
-extern const FToolSchema UiModifyWidgetBpSchema;
-extern const FToolSchema BpPopulateGraphSchema;
-extern const FToolSchema BpCreateGraphSchema;
-extern const FToolSchema BpModifyGraphNodesSchema;
-extern const FToolSchema BpRemoveGraphConnectionsSchema;
-extern const FToolSchema BpCreateAssetSchema;
-extern const FToolSchema DeleteBlueprintSchema;
-extern const FToolSchema CompileBlueprintSchema;
+// One line a tool, in the order of the tool table. Each schema stands in Schemas/, in the file of the tool's name.
+#define MORVANE_TOOL_SCHEMAS(ROW) \
+	ROW(ReadBlueprintSchemaSchema) \
+	ROW(ReadBlueprintVariableSchema) \
+	ROW(ReadBlueprintComponentSchema) \
+	ROW(ReadBlueprintFunctionSchema) \
+	ROW(ReadBlueprintInterfaceSchema) \
+	ROW(ReadBlueprintEventSchema) \
+	ROW(ReadBlueprintTimelineSchema) \
+	ROW(ReadBlueprintDelegateSchema) \
+	ROW(ReadBlueprintMacroSchema) \
+	ROW(ReadBlueprintWidgetTreeSchema) \
+	ROW(ModifyBlueprintClassStructureSchema) \
+	ROW(UiModifyWidgetBpSchema) \
+	ROW(BpPopulateGraphSchema) \
+	ROW(BpCreateGraphSchema) \
+	ROW(BpModifyGraphNodesSchema) \
+	ROW(BpRemoveGraphConnectionsSchema) \
+	ROW(BpCreateAssetSchema) \
+	ROW(DeleteBlueprintSchema) \
+	ROW(CompileBlueprintSchema)
+
+#define MORVANE_DECLARE_SCHEMA(Schema) extern const FToolSchema Schema;
+MORVANE_TOOL_SCHEMAS(MORVANE_DECLARE_SCHEMA)
+#undef MORVANE_DECLARE_SCHEMA

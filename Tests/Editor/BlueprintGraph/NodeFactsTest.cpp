@@ -3,7 +3,7 @@
 #include "GraphBuilder.h"
 #include "NodeFactTable.h"
 #include "Session/EditorModules.h"
-#include "Standalone/NodeByIdentity.h"
+#include "NodeIdentity/NodeByIdentity.h"
 #include "ToolResults.h"
 
 #include <gtest/gtest.h>

@@ -6,7 +6,7 @@
 #include "K2Node_CallFunction.h"
 #include "NodeFamilyTable.h"
 #include "Session/EditorModules.h"
-#include "Standalone/NodeByIdentity.h"
+#include "NodeIdentity/NodeByIdentity.h"
 #include "ToolResults.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "Standalone/NodeByIdentity.h"
+#include "NodeIdentity/NodeByIdentity.h"
 
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"

@@ -1,4 +1,4 @@
-#include "Standalone/NodeByIdentity.h"
+#include "NodeIdentity/NodeByIdentity.h"
 
 #include "EdGraph/EdGraphNode.h"
 #include "Engine/BlueprintGeneratedClass.h"
