@@ -12,6 +12,7 @@
 
 IMPLEMENT_EDITOR_CLASS(UWidgetBlueprint, "/Script/UMGEditor", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UWidgetAnimation, "/Script/UMG", CLASS_None)
+IMPLEMENT_EDITOR_STRUCT(FWidgetAnimationBinding, "/Script/UMG")
 IMPLEMENT_EDITOR_STRUCT(FEditorPropertyPathSegment, "/Script/UMGEditor")
 IMPLEMENT_EDITOR_STRUCT(FEditorPropertyPath, "/Script/UMGEditor")
 IMPLEMENT_EDITOR_STRUCT(FDelegateEditorBinding, "/Script/UMGEditor")
@@ -59,7 +60,16 @@ void UWidgetBlueprint::DescribeClass(FClassDescriber& Class)
 void UWidgetAnimation::DescribeClass(FClassDescriber& Class)
 {
 	Class.Property(TEXT("MovieScene"), &UWidgetAnimation::MovieScene);
+	Class.Property(TEXT("AnimationBindings"), &UWidgetAnimation::AnimationBindings);
 	Class.Property(TEXT("DisplayLabel"), &UWidgetAnimation::DisplayLabel);
+}
+
+void FWidgetAnimationBinding::DescribeStruct(FStructDescriber& Struct)
+{
+	Struct.Property(TEXT("WidgetName"), &FWidgetAnimationBinding::WidgetName);
+	Struct.Property(TEXT("SlotWidgetName"), &FWidgetAnimationBinding::SlotWidgetName);
+	Struct.Property(TEXT("AnimationGuid"), &FWidgetAnimationBinding::AnimationGuid);
+	Struct.Property(TEXT("bIsRootWidget"), &FWidgetAnimationBinding::bIsRootWidget);
 }
 
 UClass* UWidgetBlueprint::GetBlueprintClass() const
@@ -141,6 +151,14 @@ void UWidgetBlueprint::OnVariableRenamed(const FName& OldName, const FName& NewN
 		if (!Binding.SourcePath.IsEmpty() && Binding.SourcePath.Segments[0].MemberName == OldName)
 		{
 			Binding.SourcePath.Segments[0].MemberName = NewName;
+		}
+	}
+	for (UWidgetAnimation* const Animation : Animations)
+	{
+		for (FWidgetAnimationBinding& Binding : Animation->AnimationBindings)
+		{
+			Binding.WidgetName = Binding.WidgetName == OldName ? NewName : Binding.WidgetName;
+			Binding.SlotWidgetName = Binding.SlotWidgetName == OldName ? NewName : Binding.SlotWidgetName;
 		}
 	}
 }

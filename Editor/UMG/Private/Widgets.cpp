@@ -280,6 +280,12 @@ void UWidgetTree::GetAllWidgets(TArray<UWidget*>& Widgets) const
 
 UWidget* UWidgetTree::FindWidget(const FName& Name) const
 {
+	// All widgets that the tree makes are its own, so that most are known by name without a walk.
+	UWidget* const Own = Cast<UWidget>(StaticFindObjectFast(nullptr, const_cast<UWidgetTree*>(this), Name));
+	if (Own && Contains(*Own))
+	{
+		return Own;
+	}
 	UWidget* Found = nullptr;
 	ForEachWidget(
 		[&Found, &Name](UWidget* Widget)

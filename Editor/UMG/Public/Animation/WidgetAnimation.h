@@ -5,6 +5,18 @@
 
 class UMovieScene;
 
+/** A widget that an animation moves, and under which id its tracks are found. */
+struct FWidgetAnimationBinding
+{
+	EDITOR_STRUCT(FWidgetAnimationBinding)
+
+	FName WidgetName;
+	/** The slot of a widget whose content is moved; none for the widget itself. */
+	FName SlotWidgetName;
+	FGuid AnimationGuid;
+	bool bIsRootWidget = false;
+};
+
 /** A named animation of a Widget Blueprint. */
 class UWidgetAnimation : public UObject
 {
@@ -18,7 +30,10 @@ public:
 	float GetStartTime() const;
 	float GetEndTime() const;
 
+	const TArray<FWidgetAnimationBinding>& GetBindings() const { return AnimationBindings; }
+
 	TObjectPtr<UMovieScene> MovieScene;
+	TArray<FWidgetAnimationBinding> AnimationBindings;
 
 private:
 	FString DisplayLabel;

@@ -8,6 +8,7 @@
 #include "BlueprintRemoveOperation.h"
 #include "ToolAdapter.h"
 #include "ToolInfo.h"
+#include "WidgetBlueprintModifyOperation.h"
 
 namespace ToolTableRows
 {
@@ -42,6 +43,8 @@ constexpr FToolRow Rows[] = {
 		TEXT("Read a specific Blueprint macro with full details including macro graph with nodes, connections, inputs, and outputs")),
 	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintWidgetTree, &FWidgetBlueprintWidgetTreeReadOperation::Execute>(EToolKind::Read, TEXT("widget_tree"), TEXT("{}"),
 		TEXT("Read Widget Blueprint widget tree. Returns widget_hierarchy (lightweight skeleton with names, classes, is_variable, and children structure) and optionally widgets dict with full details (properties, slots) for specific widget(s) if name parameter is provided.")),
+	MakeRow<Morvane::ToolInfo::ToolName_UIModifyWidgetBP, &FWidgetBlueprintModifyOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),
+		TEXT("Modify Widget Blueprint widget tree (add/modify/remove/reorder widgets with properties, slots, events) and animations (add/remove). Supports root widget replacement, nested widget hierarchies, slot layout properties (anchors, padding, alignment), widget property configuration, event node creation (OnClicked, OnPressed, etc.), and animation timeline management.")),
 	MakeRow<Morvane::ToolInfo::ToolName_BPPopulateGraph, &FBlueprintGraphModifyOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),
 		TEXT("[INTERNAL TOOL] Create/modify Blueprint graph nodes with waterfall spawning (deterministic → CAM context → CAM global). For manual testing via console commands and automation tests. Supports target_class/target_function for exact node creation, class_name/menu_title/menu_category for CAM filtering.")),
 	MakeRow<Morvane::ToolInfo::ToolName_BPCreateGraph, &FBlueprintGraphCreateOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),

@@ -1,0 +1,497 @@
+// The widget tree: records become widgets, and operations run in order until one fails.
+
+#include "WidgetBlueprintService.h"
+
+#include "Blueprint/WidgetTree.h"
+#include "Components/PanelSlot.h"
+#include "Components/PanelWidget.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "ToolResult.h"
+#include "Utils/Widget/QuotedValue.h"
+#include "Utils/Widget/WidgetChanges.h"
+#include "Utils/Widget/WidgetEvents.h"
+#include "Utils/Widget/WidgetPlacement.h"
+#include "Utils/Widget/WidgetRemains.h"
+#include "WidgetBlueprint.h"
+#include "WidgetBlueprintUtils.h"
+
+namespace WidgetTreeEdit
+{
+using Morvane::FToolResult;
+
+bool HasTree(const UWidgetBlueprint* Blueprint, FToolResult& Result)
+{
+	if (Blueprint && Blueprint->WidgetTree)
+	{
+		return true;
+	}
+	Result.AddErrorMessage(TEXT("Widget Blueprint or Widget Tree is null"));
+	return false;
+}
+
+/** A name as long as no object's is never made one: names live as long as the process. */
+UWidget* FindWidget(const UWidgetBlueprint& Blueprint, const FString& Name)
+{
+	return !Name.IsEmpty() && Name.Len() < NAME_SIZE ? Blueprint.WidgetTree->FindWidget(FName(*Name)) : nullptr;
+}
+
+/** The request's object under a key; null where there is none. */
+TSharedPtr<FJsonObject> GetObject(const FJsonObject& Json, const TCHAR* Key)
+{
+	const TSharedPtr<FJsonObject>* Object = nullptr;
+	return Json.TryGetObjectField(Key, Object) ? *Object : nullptr;
+}
+
+bool IsAction(const FString& Action, const TCHAR* Word)
+{
+	return Action.Equals(Word, ESearchCase::IgnoreCase);
+}
+
+/** The widget that a record means, made if it is new; null after an error. */
+UWidget* FindOrCreate(UWidgetBlueprint& Blueprint, const FJsonObject& Record, const FString& Name, UPanelWidget* Parent,
+	FToolResult& Result, bool& bOutCreated)
+{
+	FString Action;
+	bOutCreated = !Record.TryGetStringField(TEXT("action"), Action) || !IsAction(Action, TEXT("modify"));
+	if (!bOutCreated)
+	{
+		UWidget* const Known = FindWidget(Blueprint, Name);
+		if (!Known)
+		{
+			Result.AddErrorMessage(
+				FString::Printf(TEXT("Widget '%s' not found for modification"), *QuotedValue::Shorten(Name)));
+		}
+		return Known;
+	}
+	FString Class;
+	if (!Record.TryGetStringField(TEXT("class"), Class))
+	{
+		Result.AddErrorMessage(TEXT("Widget class path is required for new widgets"));
+		return nullptr;
+	}
+	UWidget* const Made = FWidgetBlueprintUtils::CreateWidget(&Blueprint, Class, Name, Parent, Result);
+	if (Made)
+	{
+		Result.AddSuccessMessage(
+			FString::Printf(TEXT("Created widget '%s' of class '%s'"), *Name, *QuotedValue::Shorten(Class)));
+	}
+	return Made;
+}
+
+/** True when the Blueprint gets or loses a variable by it. */
+bool ApplyIsVariable(UWidget& Widget, const FJsonObject& Record, FWidgetChanges& Changes)
+{
+	bool bIsVariable = false;
+	if (!Record.TryGetBoolField(TEXT("is_variable"), bIsVariable) || Widget.bIsVariable == bIsVariable)
+	{
+		return false;
+	}
+	Widget.Modify();
+	Widget.bIsVariable = bIsVariable;
+	Changes.Variables.Add(Widget.GetName());
+	return true;
+}
+
+/** One call: the root and the operations, in order. */
+class FRun
+{
+public:
+	FRun(UWidgetBlueprint& InBlueprint, FToolResult& InResult, FWidgetChanges& InChanges)
+		: Blueprint(InBlueprint)
+		, Tree(*InBlueprint.WidgetTree)
+		, Result(InResult)
+		, Changes(InChanges)
+	{
+	}
+
+	bool Run(const FJsonObject& Request)
+	{
+		Changes.bCollectEvents = true;
+		const TSharedPtr<FJsonObject> Root = GetObject(Request, TEXT("root_widget"));
+		const bool bDone = (!Root || RunRoot(*Root, Root)) && RunAll(Request);
+		MakePendingEvents();
+		Changes.bCollectEvents = false;
+		WidgetRemains::Remove(Blueprint, Changes.Removed, Result);
+		if (Changes.bAny)
+		{
+			FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
+		}
+		return bDone;
+	}
+
+private:
+	bool RunRoot(const FJsonObject& Record, const TSharedPtr<FJsonObject>& Shared)
+	{
+		FString Name;
+		FString Action;
+		Record.TryGetStringField(TEXT("name"), Name);
+		Record.TryGetStringField(TEXT("action"), Action);
+		UWidget* const OldRoot = Tree.RootWidget;
+		const bool bModify = IsAction(Action, TEXT("modify"));
+		const bool bSameName = !bModify && OldRoot && OldRoot == FindWidget(Blueprint, Name);
+		const FString OldName = OldRoot ? OldRoot->GetName() : FString();
+		if (bSameName)
+		{
+			// A new root of the old one's name is meant to take its place.
+			OldRoot->Rename(*MakeUniqueObjectName(&Tree, OldRoot->GetClass(), OldRoot->GetFName()).ToString(), nullptr);
+		}
+		UWidget* const NewRoot = FWidgetBlueprintService::CreateOrModifyWidget(
+			&Blueprint, Shared, nullptr, Result, nullptr, Changes);
+		if (!NewRoot)
+		{
+			if (bSameName)
+			{
+				OldRoot->Rename(*OldName, nullptr);
+			}
+			return TellFailure(TEXT("root_widget"), Name);
+		}
+		WidgetPlacement::ReplaceRoot(Tree, *NewRoot, Result, Changes);
+		Changes.bAny = true;
+		Changes.NumModified += bModify ? 1 : 0;
+		return true;
+	}
+
+	bool RunAll(const FJsonObject& Request)
+	{
+		const TArray<TSharedPtr<FJsonValue>>* Operations = nullptr;
+		if (!Request.TryGetArrayField(TEXT("widgets"), Operations))
+		{
+			return true;
+		}
+		for (int32 Index = 0; Index < Operations->Num(); ++Index)
+		{
+			const TSharedPtr<FJsonObject>* Operation = nullptr;
+			const TSharedPtr<FJsonValue>& Value = (*Operations)[Index];
+			const bool bObject = Value && Value->TryGetObject(Operation);
+			FString Action;
+			if (!bObject || !(*Operation)->TryGetStringField(TEXT("action"), Action))
+			{
+				Result.AddErrorMessage(TEXT("Widget operation missing 'action' field"));
+				return TellFailure(FString::Printf(TEXT("widgets[%d]"), Index), FString());
+			}
+			if (!RunOperation(Action, *Operation))
+			{
+				FString Name;
+				(*Operation)->TryGetStringField(TEXT("name"), Name);
+				return TellFailure(
+					FString::Printf(TEXT("widgets[%d] (%s)"), Index, *QuotedValue::Shorten(Action)), Name);
+			}
+		}
+		return true;
+	}
+
+	/** What stands in memory is neither taken back nor saved, which the caller has to know. */
+	bool TellFailure(const FString& Operation, const FString& Name)
+	{
+		const FString Subject = Name.IsEmpty()
+			? Operation
+			: FString::Printf(TEXT("%s for '%s'"), *Operation, *QuotedValue::Shorten(Name));
+		Result.AddWarningMessage(
+			Changes.bAny ? FString::Printf(
+				TEXT(
+					"Operation %s failed and ended the call. What earlier operations changed stands in memory, unsaved; the next successful call on this Blueprint saves it."),
+				*Subject)
+						 : FString::Printf(
+							 TEXT("Operation %s failed and ended the call; nothing was changed."), *Subject));
+		return false;
+	}
+
+	bool RunOperation(const FString& Action, const TSharedPtr<FJsonObject>& Operation)
+	{
+		if (IsAction(Action, TEXT("add")))
+		{
+			return Add(Operation);
+		}
+		if (IsAction(Action, TEXT("modify")))
+		{
+			return Modify(Operation);
+		}
+		if (IsAction(Action, TEXT("reorder")))
+		{
+			return Reorder(*Operation);
+		}
+		// A word that is none of these is passed over.
+		return !IsAction(Action, TEXT("remove")) || Remove(*Operation);
+	}
+
+	/** OutParent is null when the operation names none. */
+	bool FindParent(const FJsonObject& Operation, UWidget*& OutParent)
+	{
+		FString Name;
+		OutParent = nullptr;
+		if (!Operation.TryGetStringField(TEXT("parent"), Name))
+		{
+			return true;
+		}
+		OutParent = FindWidget(Blueprint, Name);
+		if (!OutParent)
+		{
+			Result.AddErrorMessage(FString::Printf(TEXT("Parent widget '%s' not found"), *QuotedValue::Shorten(Name)));
+		}
+		return OutParent != nullptr;
+	}
+
+	/** Null after an error when the widget is there and holds no children. */
+	UPanelWidget* AsPanel(UWidget& Parent)
+	{
+		UPanelWidget* const Panel = Cast<UPanelWidget>(&Parent);
+		if (!Panel)
+		{
+			Result.AddErrorMessage(
+				FString::Printf(TEXT("Parent widget '%s' is a %s, which is no panel and cannot hold children"),
+					*Parent.GetName(), *Parent.GetClass()->GetName()));
+		}
+		return Panel;
+	}
+
+	/** A widget without a named parent goes into the root; the first one becomes the root. */
+	bool FindDefaultParent(const FJsonObject& Operation, UPanelWidget*& OutPanel)
+	{
+		OutPanel = Cast<UPanelWidget>(Tree.RootWidget.Get());
+		FString Name;
+		if (!Tree.RootWidget || !Operation.TryGetStringField(TEXT("name"), Name))
+		{
+			return true;
+		}
+		if (!OutPanel || !OutPanel->CanAddMoreChildren())
+		{
+			Result.AddErrorMessage(FString::Printf(
+				TEXT("Widget '%s' has no parent, and the root '%s' has no room for it: name a panel as its parent"),
+				*QuotedValue::Shorten(Name), *Tree.RootWidget->GetName()));
+			return false;
+		}
+		return true;
+	}
+
+	bool Add(const TSharedPtr<FJsonObject>& Operation)
+	{
+		UWidget* Parent = nullptr;
+		UPanelWidget* Panel = nullptr;
+		if (!FindParent(*Operation, Parent))
+		{
+			return false;
+		}
+		if (Parent)
+		{
+			Panel = AsPanel(*Parent);
+		}
+		if (Parent ? !Panel : !FindDefaultParent(*Operation, Panel))
+		{
+			return false;
+		}
+		UWidget* const Made = FWidgetBlueprintService::CreateOrModifyWidget(
+			&Blueprint, Operation, Panel, Result, nullptr, Changes);
+		if (!Made)
+		{
+			return false;
+		}
+		if (!Panel)
+		{
+			Tree.RootWidget = Made;
+		}
+		else if (!Parent)
+		{
+			Result.AddWarningMessage(
+				FString::Printf(TEXT("Widget '%s' names no parent and was placed in the root '%s'"), *Made->GetName(),
+					*Panel->GetName()));
+		}
+		Changes.bAny = true;
+		return true;
+	}
+
+	bool Modify(const TSharedPtr<FJsonObject>& Operation)
+	{
+		UWidget* Parent = nullptr;
+		if (!FindParent(*Operation, Parent))
+		{
+			return false;
+		}
+		bool bIsVariable = false;
+		if (Operation->TryGetBoolField(TEXT("is_variable"), bIsVariable))
+		{
+			MakePendingEvents(); // while their widgets are what they were when the events were asked for
+		}
+		UWidget* const Widget = FWidgetBlueprintService::CreateOrModifyWidget(
+			&Blueprint, Operation, nullptr, Result, nullptr, Changes);
+		if (!Widget)
+		{
+			return false;
+		}
+		if (Parent && Widget->GetParent() != Parent)
+		{
+			Result.AddWarningMessage(
+				FString::Printf(TEXT("Widget '%s' stays where it is: to move it into '%s', use the action 'reorder'"),
+					*Widget->GetName(), *Parent->GetName()));
+		}
+		++Changes.NumModified;
+		Changes.bAny = true;
+		return true;
+	}
+
+	bool Reorder(const FJsonObject& Operation)
+	{
+		FString Name;
+		if (!Operation.TryGetStringField(TEXT("name"), Name))
+		{
+			Result.AddErrorMessage(TEXT("Reorder operation missing 'name' field"));
+			return false;
+		}
+		UWidget* Parent = nullptr;
+		if (!FindParent(Operation, Parent))
+		{
+			return false;
+		}
+		UPanelWidget* const Panel = Parent ? AsPanel(*Parent) : nullptr;
+		int32 Index = INDEX_NONE;
+		Operation.TryGetNumberField(TEXT("index"), Index);
+		if ((Parent && !Panel) || !FWidgetBlueprintService::ReorderWidget(&Blueprint, Name, Panel, Index, Result))
+		{
+			return false;
+		}
+		Changes.Widgets.Add(FindWidget(Blueprint, Name)->GetName());
+		Changes.bAny = true;
+		return true;
+	}
+
+	bool Remove(const FJsonObject& Operation)
+	{
+		FString Name;
+		if (!Operation.TryGetStringField(TEXT("name"), Name))
+		{
+			Result.AddErrorMessage(TEXT("Remove widget operation missing 'name' field"));
+			return false;
+		}
+		MakePendingEvents();
+		UWidget* const Widget = FindWidget(Blueprint, Name);
+		if (!Widget)
+		{
+			Result.AddErrorMessage(
+				FString::Printf(TEXT("Widget '%s' not found for removal"), *QuotedValue::Shorten(Name)));
+			return false;
+		}
+		Changes.Removed.Append(WidgetPlacement::NamesFrom(*Widget));
+		Changes.Widgets.Add(Widget->GetName());
+		Tree.RemoveWidget(Widget);
+		Changes.bAny = true;
+		Result.AddSuccessMessage(FString::Printf(TEXT("Removed widget '%s'"), *Name));
+		return true;
+	}
+
+	void MakePendingEvents()
+	{
+		if (Changes.PendingEvents.IsEmpty())
+		{
+			return;
+		}
+		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
+		const TArray<FWidgetChanges::FPendingEvents> Pending = MoveTemp(Changes.PendingEvents);
+		Changes.PendingEvents.Empty();
+		WidgetEvents::Create(&Blueprint, Pending, Result, &Changes.Events);
+	}
+
+	UWidgetBlueprint& Blueprint;
+	UWidgetTree& Tree;
+	FToolResult& Result;
+	FWidgetChanges& Changes;
+};
+} // namespace WidgetTreeEdit
+
+bool FWidgetBlueprintService::ModifyWidgetTree(UWidgetBlueprint* Blueprint, const TSharedPtr<FJsonObject>& Request,
+	Morvane::FToolResult& Result, FWidgetChanges& Changes)
+{
+	return WidgetTreeEdit::HasTree(Blueprint, Result)
+		&& (!Request || WidgetTreeEdit::FRun(*Blueprint, Result, Changes).Run(*Request));
+}
+
+UWidget* FWidgetBlueprintService::CreateOrModifyWidget(UWidgetBlueprint* Blueprint,
+	const TSharedPtr<FJsonObject>& Record, UPanelWidget* Parent, Morvane::FToolResult& Result,
+	bool* bOutStructureChanged, FWidgetChanges& Changes)
+{
+	using namespace WidgetTreeEdit;
+	if (!HasTree(Blueprint, Result))
+	{
+		return nullptr;
+	}
+	FString Name;
+	if (!Record || !Record->TryGetStringField(TEXT("name"), Name) || Name.IsEmpty())
+	{
+		Result.AddErrorMessage(TEXT("Widget name is required"));
+		return nullptr;
+	}
+	bool bCreated = false;
+	UWidget* const Widget = FindOrCreate(*Blueprint, *Record, Name, Parent, Result, bCreated);
+	if (!Widget)
+	{
+		return nullptr;
+	}
+	const bool bVariable = ApplyIsVariable(*Widget, *Record, Changes);
+	if (const TSharedPtr<FJsonObject> Properties = GetObject(*Record, TEXT("properties")))
+	{
+		FWidgetBlueprintUtils::ApplyWidgetProperties(Widget, Properties, Result);
+	}
+	const TSharedPtr<FJsonObject> Layout = GetObject(*Record, TEXT("slot"));
+	if (Widget->Slot && Layout)
+	{
+		FWidgetBlueprintUtils::ApplySlotProperties(Widget->Slot, Layout, Result);
+	}
+	if (bOutStructureChanged)
+	{
+		*bOutStructureChanged = bCreated || bVariable;
+	}
+	if (bCreated || bVariable)
+	{
+		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
+	}
+	Changes.Widgets.Add(Widget->GetName());
+	if (const TSharedPtr<FJsonObject> Events = GetObject(*Record, TEXT("events")))
+	{
+		if (Changes.bCollectEvents)
+		{
+			Changes.PendingEvents.Add({Widget->GetName(), Events});
+		}
+		else
+		{
+			CreateWidgetEventNodes(Blueprint, Widget->GetName(), Events, Result, &Changes.Events);
+		}
+	}
+	return Widget;
+}
+
+bool FWidgetBlueprintService::ReorderWidget(UWidgetBlueprint* Blueprint, const FString& Name, UPanelWidget* NewParent,
+	int32 Index, Morvane::FToolResult& Result)
+{
+	using namespace WidgetTreeEdit;
+	if (!HasTree(Blueprint, Result))
+	{
+		return false;
+	}
+	UWidget* const Widget = FindWidget(*Blueprint, Name);
+	if (!Widget)
+	{
+		Result.AddErrorMessage(
+			FString::Printf(TEXT("Widget '%s' not found for reordering"), *QuotedValue::Shorten(Name)));
+		return false;
+	}
+	if (!NewParent)
+	{
+		Result.AddErrorMessage(TEXT("New parent widget is required for reorder"));
+		return false;
+	}
+	for (const UWidget* Above = NewParent; Above; Above = Above->GetParent())
+	{
+		if (Above == Widget)
+		{
+			Result.AddErrorMessage(FString::Printf(TEXT("Widget '%s' cannot be moved into '%s', which is part of it"),
+				*Widget->GetName(), *NewParent->GetName()));
+			return false;
+		}
+	}
+	if (!WidgetPlacement::CheckRoom(*NewParent, Name, Widget, Result))
+	{
+		return false;
+	}
+	WidgetPlacement::Move(*Widget, *NewParent, Index);
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
+	Result.AddSuccessMessage(FString::Printf(TEXT("Reordered widget '%s'"), *Name));
+	return true;
+}
