@@ -5,8 +5,8 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "K2Node.h"
-#include "Menu/MenuWords.h"
 #include "Nodes/FunctionPins.h"
+#include "Nodes/MenuWords.h"
 #include "Standalone/BlueprintClassProvider.h"
 
 namespace ActionAudiences

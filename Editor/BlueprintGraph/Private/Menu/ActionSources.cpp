@@ -14,7 +14,7 @@
 #include "K2Node_RemoveDelegate.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
-#include "Menu/MenuWords.h"
+#include "Nodes/MenuWords.h"
 #include "Standalone/Catalogue.h"
 #include "UObject/UnrealType.h"
 

@@ -12,7 +12,7 @@
 #include "K2Node_InputAction.h"
 #include "K2Node_InputAxisEvent.h"
 #include "Menu/InputMappings.h"
-#include "Menu/MenuWords.h"
+#include "Nodes/MenuWords.h"
 #include "UObject/UnrealType.h"
 
 namespace ActionSources

@@ -12,7 +12,7 @@
 #include "K2Node_MacroInstance.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
-#include "Menu/MenuWords.h"
+#include "Nodes/MenuWords.h"
 #include "Standalone/BlueprintClassProvider.h"
 #include "UObject/UnrealType.h"
 

@@ -8,8 +8,8 @@
 #include "Engine/Blueprint.h"
 #include "K2Node_ClassDynamicCast.h"
 #include "K2Node_DynamicCast.h"
-#include "Menu/MenuWords.h"
 #include "Menu/SpawnerPins.h"
+#include "Nodes/MenuWords.h"
 #include "UObject/UnrealType.h"
 
 namespace ActionSources

@@ -6,8 +6,8 @@
 #include "K2Node_CallDelegate.h"
 #include "K2Node_ClearDelegate.h"
 #include "K2Node_RemoveDelegate.h"
-#include "Menu/MenuWords.h"
 #include "Menu/SpawnerPins.h"
+#include "Nodes/MenuWords.h"
 #include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintDelegateNodeSpawner, "/Script/BlueprintGraph", CLASS_None)

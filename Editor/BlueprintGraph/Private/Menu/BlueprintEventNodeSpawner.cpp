@@ -4,8 +4,8 @@
 #include "Engine/Blueprint.h"
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_Event.h"
-#include "Menu/MenuWords.h"
 #include "Menu/SpawnerPins.h"
+#include "Nodes/MenuWords.h"
 #include "Standalone/BlueprintClassProvider.h"
 #include "Standalone/NativeClass.h"
 

@@ -4,9 +4,9 @@
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_PromotableOperator.h"
-#include "Menu/MenuWords.h"
 #include "Menu/SpawnerPins.h"
 #include "Nodes/FunctionPins.h"
+#include "Nodes/MenuWords.h"
 #include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintFunctionNodeSpawner, "/Script/BlueprintGraph", CLASS_None)

@@ -3,8 +3,8 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "K2Node_VariableSet.h"
-#include "Menu/MenuWords.h"
 #include "Menu/SpawnerPins.h"
+#include "Nodes/MenuWords.h"
 #include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UBlueprintVariableNodeSpawner, "/Script/BlueprintGraph", CLASS_None)

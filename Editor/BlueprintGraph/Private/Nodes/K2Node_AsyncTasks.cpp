@@ -11,7 +11,7 @@
 #include "FunctionTips.h"
 #include "K2Node_CallFunction.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "Menu/MenuWords.h"
+#include "Nodes/MenuWords.h"
 #include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_BaseAsyncTask, "/Script/BlueprintGraph", CLASS_Abstract)

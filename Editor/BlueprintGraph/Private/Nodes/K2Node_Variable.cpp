@@ -5,7 +5,7 @@
 #include "Engine/Blueprint.h"
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "Menu/MenuWords.h"
+#include "Nodes/MenuWords.h"
 #include "Standalone/BlueprintClassProvider.h"
 #include "Standalone/NativeClass.h"
 

@@ -1,11 +1,11 @@
 #include "Compiler/MemberDeclarations.h"
 
+#include "Compiler/InterfaceFunctions.h"
 #include "Components/ActorComponent.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Kismet2/CompilerResultsLog.h"
-#include "Kismet2/InterfaceFunctions.h"
 #include "UObject/UnrealType.h"
 
 namespace MemberDeclarations

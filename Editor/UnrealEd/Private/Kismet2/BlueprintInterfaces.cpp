@@ -2,12 +2,12 @@
 
 #include "Kismet2/BlueprintEditorUtils.h"
 
+#include "Compiler/InterfaceFunctions.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "K2Node_Event.h"
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/BlueprintEvents.h"
-#include "Kismet2/InterfaceFunctions.h"
 #include "Kismet2/KismetEditorUtilities.h"
 
 namespace BlueprintInterfaces

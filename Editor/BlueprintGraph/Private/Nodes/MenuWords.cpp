@@ -1,4 +1,4 @@
-#include "Menu/MenuWords.h"
+#include "Nodes/MenuWords.h"
 
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
