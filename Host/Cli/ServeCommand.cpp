@@ -22,6 +22,7 @@ public:
 		}
 		// Before the tools and after them: a signal at any moment ends the process in order.
 		const FStopSignal Stop;
+		const FStopDeadline Deadline(Stop);
 		const std::unique_ptr<IToolHost> Tools = Context.MakeToolHost(Context.Options);
 		FStdioServer(*Tools, Stop, STDIN_FILENO, Context.Output.GetDescriptor()).Run();
 		return EExitStatus::Succeeded;

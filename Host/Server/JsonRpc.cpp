@@ -1,5 +1,8 @@
 #include "Server/JsonRpc.h"
 
+#include <simdjson.h>
+
+#include "Server/MessageId.h"
 #include "Standalone/JsonUtf8.h"
 #include "Support/JsonText.h"
 
@@ -33,10 +36,17 @@ std::string ReadId(const FJsonFields& Envelope)
 
 /**
  * The text as a whole is no JSON, but its envelope may still be: one lone surrogate or too deep a nest in an argument
- * must not leave the caller waiting for an answer that carries no id.
+ * must not leave the caller waiting for an answer that carries no id. Bytes that are no text hide the envelope from the
+ * parser; the id is found without it then.
  */
 FRpcMessage DescribeBrokenText(const std::string_view Text, const std::string& Reason)
 {
+	if (!simdjson::validate_utf8(Text.data(), Text.size()))
+	{
+		FMessageIdScanner Scanner;
+		Scanner.Feed(Text);
+		return Malformed(Scanner.GetId(), RpcError::ParseError, "Parse error: " + Reason);
+	}
 	FJsonFields Envelope;
 	if (Envelope.Read(Text) == FJsonFields::EOutcome::Read && Envelope.FindString("method"))
 	{
@@ -88,7 +98,7 @@ FRpcMessage ReadEnvelope(const FJsonFields& Envelope)
 FRpcMessage ParseRpcMessage(const std::string_view Text)
 {
 	std::string Reason;
-	if (!JsonUtf8::Check(Text, Reason))
+	if (!JsonUtf8::Check(Text, Reason, MaxMessageValues))
 	{
 		return JsonRpcPrivate::DescribeBrokenText(Text, Reason);
 	}

@@ -42,6 +42,12 @@ struct FRpcMessage
 	std::string ErrorText;
 };
 
+/**
+ * How many values one message may hold, those in arrays and objects counted singly. With the bound on its bytes it
+ * bounds what a message costs in memory, which is a good hundred bytes for each value beside its text.
+ */
+constexpr size_t MaxMessageValues = 500'000;
+
 /** Never fails: a message that cannot be read comes back as Malformed, with the answer that it deserves. */
 FRpcMessage ParseRpcMessage(std::string_view Text);
 

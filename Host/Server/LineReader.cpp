@@ -8,10 +8,11 @@ namespace LineReaderPrivate
 constexpr size_t KeptCapacity = 1u << 20;
 } // namespace LineReaderPrivate
 
-FLineReader::FLineReader(const size_t InMaxLine, FOnLine InOnLine, FOnTooLong InOnTooLong)
+FLineReader::FLineReader(const size_t InMaxLine, FOnLine InOnLine, FOnTooLong InOnTooLong, FOnSkipped InOnSkipped)
 	: MaxLine(InMaxLine)
 	, OnLine(std::move(InOnLine))
 	, OnTooLong(std::move(InOnTooLong))
+	, OnSkipped(std::move(InOnSkipped))
 {
 }
 
@@ -40,15 +41,26 @@ void FLineReader::Append(const std::string_view Part)
 {
 	if (bTooLong)
 	{
+		Skip(Part);
 		return;
 	}
 	if (Line.size() + Part.size() > MaxLine)
 	{
 		bTooLong = true;
+		Skip(Line);
+		Skip(Part);
 		Line = std::string();
 		return;
 	}
 	Line += Part;
+}
+
+void FLineReader::Skip(const std::string_view Part) const
+{
+	if (OnSkipped)
+	{
+		OnSkipped(Part);
+	}
 }
 
 void FLineReader::EndLine()

@@ -11,6 +11,7 @@
 #include "Server/Dispatcher.h"
 #include "Server/LineReader.h"
 #include "Server/LineWriter.h"
+#include "Server/MessageId.h"
 
 namespace StdioServerPrivate
 {
@@ -38,14 +39,17 @@ bool WaitForInput(const int Input, const int Output, const FStopSignal& Stop)
 EReadEnd ReadMessages(const int Input, const int Output, const FStopSignal& Stop, FDispatcher& Dispatcher,
 	const std::shared_ptr<FLineWriter>& Writer)
 {
+	FMessageIdScanner Skipped;
 	FLineReader Lines(
 		MaxMessageBytes, [&](const std::string_view Line) { Dispatcher.Receive(Line, Writer); },
 		[&]
 		{
 			const std::string Text = "Invalid request: a message may be " + std::to_string(MaxMessageBytes)
 				+ " bytes long at most";
-			Writer->Send({RpcText::Error({}, RpcError::InvalidRequest, Text), RpcError::InvalidRequest});
-		});
+			Writer->Send({RpcText::Error(Skipped.GetId(), RpcError::InvalidRequest, Text), RpcError::InvalidRequest});
+			Skipped.Reset();
+		},
+		[&](const std::string_view Part) { Skipped.Feed(Part); });
 	std::vector<char> Buffer(256u << 10);
 	while (!Writer->IsBroken() && WaitForInput(Input, Output, Stop))
 	{

@@ -7,7 +7,7 @@
 #include "ToolFace/ToolHost.h"
 
 /** Longest message that is read; a longer line is skipped and answered with an error. */
-constexpr size_t MaxMessageBytes = 64u << 20;
+constexpr size_t MaxMessageBytes = 16u << 20;
 
 /**
  * Serves one client over two descriptors, one message a line, until the input ends, the process is asked to stop or the

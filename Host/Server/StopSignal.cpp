@@ -3,6 +3,7 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <string_view>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -19,6 +20,7 @@ std::atomic<int> WriteEnd = -1;
 
 struct sigaction OldTerminate;
 struct sigaction OldInterrupt;
+struct sigaction OldHangUp;
 struct sigaction OldPipe;
 
 /** Runs as a signal handler: a write to a pipe is all that is allowed here. */
@@ -59,6 +61,12 @@ FStopSignal::FStopSignal()
 	StopSignalPrivate::PreparePipe();
 	StopSignalPrivate::Install(SIGTERM, StopSignalPrivate::Wake, &StopSignalPrivate::OldTerminate);
 	StopSignalPrivate::Install(SIGINT, StopSignalPrivate::Wake, &StopSignalPrivate::OldInterrupt);
+	StopSignalPrivate::Install(SIGHUP, StopSignalPrivate::Wake, &StopSignalPrivate::OldHangUp);
+	if (StopSignalPrivate::OldHangUp.sa_handler == SIG_IGN)
+	{
+		// Started so as to outlive its terminal.
+		sigaction(SIGHUP, &StopSignalPrivate::OldHangUp, nullptr);
+	}
 	StopSignalPrivate::Install(SIGPIPE, SIG_IGN, &StopSignalPrivate::OldPipe);
 }
 
@@ -66,6 +74,7 @@ FStopSignal::~FStopSignal()
 {
 	sigaction(SIGTERM, &StopSignalPrivate::OldTerminate, nullptr);
 	sigaction(SIGINT, &StopSignalPrivate::OldInterrupt, nullptr);
+	sigaction(SIGHUP, &StopSignalPrivate::OldHangUp, nullptr);
 	sigaction(SIGPIPE, &StopSignalPrivate::OldPipe, nullptr);
 }
 
@@ -78,4 +87,53 @@ bool FStopSignal::IsRaised() const
 {
 	pollfd Poll = {GetDescriptor(), POLLIN, 0};
 	return poll(&Poll, 1, 0) > 0;
+}
+
+namespace StopSignalPrivate
+{
+/** Answers whether the descriptor was readable within the time; a negative time waits for ever. */
+bool WaitFor(const int Descriptor, const int Other, const int Milliseconds)
+{
+	pollfd Polls[2] = {{Descriptor, POLLIN, 0}, {Other, POLLIN, 0}};
+	const nfds_t Count = Other >= 0 ? 2 : 1;
+	int Ready = poll(Polls, Count, Milliseconds);
+	while (Ready < 0 && errno == EINTR)
+	{
+		Ready = poll(Polls, Count, Milliseconds);
+	}
+	return (Polls[0].revents & POLLIN) != 0;
+}
+
+void WatchUntilDone(const int Stop, const int Done, const std::chrono::milliseconds Grace)
+{
+	const bool bDone = WaitFor(Done, Stop, -1) || WaitFor(Done, -1, static_cast<int>(Grace.count()));
+	if (!bDone)
+	{
+		constexpr std::string_view Words = "morvane: stopped while a call was running; what it had not saved is lost\n";
+		[[maybe_unused]] const ssize_t Written = write(STDERR_FILENO, Words.data(), Words.size());
+		// Neither destructors nor buffers: they belong to threads that run still.
+		_exit(1);
+	}
+}
+} // namespace StopSignalPrivate
+
+FStopDeadline::FStopDeadline(const FStopSignal& Stop, const std::chrono::milliseconds Grace)
+{
+	int Ends[2] = {-1, -1};
+	if (pipe2(Ends, O_CLOEXEC) != 0)
+	{
+		return;
+	}
+	DoneReader = FFileDescriptor(Ends[0]);
+	DoneWriter = FFileDescriptor(Ends[1]);
+	Watcher = std::thread(&StopSignalPrivate::WatchUntilDone, Stop.GetDescriptor(), DoneReader.Get(), Grace);
+}
+
+FStopDeadline::~FStopDeadline()
+{
+	const char Byte = 1;
+	if (Watcher.joinable() && write(DoneWriter.Get(), &Byte, 1) == 1)
+	{
+		Watcher.join();
+	}
 }

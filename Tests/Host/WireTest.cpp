@@ -1,7 +1,9 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "Host/FakeToolHost.h"
 #include "Host/ServeText.h"
+#include "Server/JsonRpc.h"
 #include "Server/StdioServer.h"
 
 namespace WireTest
@@ -65,7 +67,12 @@ std::vector<FCase> EnvelopeCases()
 		{"two messages on a line", "{} {}\n",
 			Error("", -32700, "Parse error: There is text after the value (line 1, character 4)")},
 		{"invalid UTF-8", "{\"jsonrpc\":\"2.0\",\"id\":1,\"method\":\"p\xFF\"}\n",
-			Error("", -32700, "Parse error: The text is not valid UTF-8 (line 1, character 36)")},
+			Error("1", -32700, "Parse error: The text is not valid UTF-8 (line 1, character 36)")},
+		{"invalid UTF-8 before the id, and other ids below",
+			"{\"params\":{\"id\":4,\"a\":[{\"id\":5}],\"x\":\"\xFF\\\",\\\"id\\\":6\"},\"id\":\"a\",\"method\":\"p\"}\n",
+			Error("\"a\"", -32700, "Parse error: The text is not valid UTF-8 (line 1, character 39)")},
+		{"invalid UTF-8 in the id", "{\"jsonrpc\":\"2.0\",\"id\":\"\xFF\",\"method\":\"p\"}\n",
+			Error("", -32700, "Parse error: The text is not valid UTF-8 (line 1, character 24)")},
 		{"blank lines and line ends", "\n  \r\n" + Ping("1") + "\r\n\n", Pong("1")},
 		{"carriage return",
 			R"({"jsonrpc":"2.0","id":1,"method":"ping"})"
@@ -189,15 +196,45 @@ TEST(Wire, CallsAnswerOrRefuse)
 
 TEST(Wire, OverlongLineIsSkippedAndTheNextOneRead)
 {
-	FFakeToolHost Tools;
-	const std::string Long = R"({"jsonrpc":"2.0","id":1,"method":"ping","params":{"x":")"
-		+ std::string(MaxMessageBytes, 'x') + "\"}}\n";
-	EXPECT_EQ(JoinLines(ServeText(Tools, Long + WireTest::Ping("2"))),
-		WireTest::Error("", -32600, "Invalid request: a message may be 67108864 bytes long at most")
-			+ WireTest::Pong("2"));
+	const std::string Limit = "Invalid request: a message may be 16777216 bytes long at most";
+	const std::string Long = std::string(MaxMessageBytes, 'x') + "{[\\\"";
+	const std::vector<WireTest::FCase> Cases = {
+		{"id first", R"({"jsonrpc":"2.0","id":1,"method":"ping","params":{"x":")" + Long + "\"}}\n",
+			WireTest::Error("1", -32600, Limit)},
+		{"id last", R"({"method":"ping","params":{"id":7,"x":")" + Long + R"("},"id":"last"})" + "\n",
+			WireTest::Error("\"last\"", -32600, Limit)},
+		{"no id", R"({"method":"ping","params":{"id":7,"x":")" + Long + "\"}}\n", WireTest::Error("", -32600, Limit)},
+		{"no JSON", Long + "\n", WireTest::Error("", -32600, Limit)},
+	};
+	for (const WireTest::FCase& Case : Cases)
+	{
+		FFakeToolHost Tools;
+		EXPECT_EQ(JoinLines(ServeText(Tools, Case.In + WireTest::Ping("2"))), Case.Out + WireTest::Pong("2"))
+			<< Case.Label;
+	}
 }
 
-TEST(Wire, FiftyMegabytesOfArgumentsReachTheTool)
+TEST(Wire, AMessageHoldsNoMoreThanSoManyValues)
+{
+	const auto Ask = [](const size_t NumElements)
+	{
+		std::string Params = R"({"x":[0)";
+		for (size_t Index = 1; Index < NumElements; ++Index)
+		{
+			Params += ",{}";
+		}
+		FFakeToolHost Tools;
+		return JoinLines(ServeText(Tools, WireTest::Request("ping", Params + "]}")));
+	};
+	// Around the elements stand the message, its version, id, method and params, and the array.
+	constexpr size_t Most = MaxMessageValues - 6;
+	EXPECT_EQ(Ask(Most), WireTest::Pong("1"));
+	EXPECT_THAT(Ask(Most + 1),
+		testing::StartsWith(R"({"jsonrpc":"2.0","id":1,"error":{"code":-32602,"message":)"
+							R"("Malformed params: There are too many values)"));
+}
+
+TEST(Wire, MegabytesOfArgumentsReachTheTool)
 {
 	FFakeToolHost Tools;
 	size_t Received = 0;
@@ -207,7 +244,7 @@ TEST(Wire, FiftyMegabytesOfArgumentsReachTheTool)
 			Received = Arguments.size();
 			return FFakeToolHost::Success("{}");
 		});
-	const std::string Big = R"({"text":")" + std::string(50u << 20, 'y') + "\"}";
+	const std::string Big = R"({"text":")" + std::string(MaxMessageBytes - 1000, 'y') + "\"}";
 	EXPECT_EQ(
 		JoinLines(ServeText(Tools, WireTest::Request("tools/call", R"({"name":"measure","arguments":)" + Big + "}"))),
 		WireTest::Called("1", "{}"));

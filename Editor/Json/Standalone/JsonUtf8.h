@@ -3,6 +3,7 @@
 #include "Containers/UnrealString.h"
 #include "Templates/SharedPointer.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -21,8 +22,11 @@ namespace JsonUtf8
 {
 constexpr int32 MaxDepth = 512;
 
-/** Whether Text is one JSON value; builds nothing. OutError, in UTF-8, is set on failure only. */
-bool Check(std::string_view Text, std::string& OutError);
+/**
+ * Whether Text is one JSON value of no more than MaxValues, each element and member counted; builds nothing. OutError,
+ * in UTF-8, is set on failure only.
+ */
+bool Check(std::string_view Text, std::string& OutError, std::size_t MaxValues = SIZE_MAX);
 
 /** On failure OutObject is null and OutError is set. A value that is not an object is a failure. */
 bool Parse(std::string_view Text, TSharedPtr<FJsonObject>& OutObject, FString& OutError);

@@ -8,6 +8,10 @@
 #include <cstring>
 #include <memory>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace FileBytes
 {
 struct FCloser
@@ -19,6 +23,20 @@ using FFile = std::unique_ptr<std::FILE, FCloser>;
 static FFile Open(const TCHAR* Path, const char* Mode)
 {
 	return FFile(std::fopen(TCHAR_TO_UTF8(Path), Mode));
+}
+
+/** Opens what is a file or a folder; of a pipe, which may never end, a reader is not made to wait. */
+static FFile OpenToRead(const TCHAR* Path)
+{
+	const int Handle = open(TCHAR_TO_UTF8(Path), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+	struct stat Info;
+	if (Handle >= 0 && (fstat(Handle, &Info) != 0 || S_ISFIFO(Info.st_mode) || S_ISCHR(Info.st_mode)))
+	{
+		close(Handle);
+		errno = EINVAL;
+		return FFile();
+	}
+	return FFile(Handle >= 0 ? fdopen(Handle, "rb") : nullptr);
 }
 
 static FString GetLastError()
@@ -48,7 +66,7 @@ bool FFileHelper::LoadFileToBytes(std::string& OutBytes, const TCHAR* Path, FStr
 {
 	OutBytes.clear();
 	// A folder opens like a file and fails at the first read only.
-	const FileBytes::FFile File = FileBytes::Open(Path, "rb");
+	const FileBytes::FFile File = FileBytes::OpenToRead(Path);
 	if (!File)
 	{
 		OutError = FString::Printf(TEXT("Cannot open '%s': %s"), Path, *FileBytes::GetLastError());

@@ -88,10 +88,16 @@ bool FlushFolder(const std::string& Folder)
 bool WriteTemporary(
 	const std::string& Path, mode_t Mode, std::initializer_list<std::string_view> Pieces, FString& OutError)
 {
-	FDescriptor Handle(open(Path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, Mode));
+	FDescriptor Handle(open(Path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, Mode));
 	if (!Handle.IsOpen())
 	{
 		return Fail(OutError, TEXT("the temporary file beside it cannot be made"));
+	}
+	struct stat Info;
+	if (fstat(Handle.Get(), &Info) != 0 || !S_ISREG(Info.st_mode))
+	{
+		OutError = TEXT("the temporary file beside it cannot be made: something that is no file has its name");
+		return false;
 	}
 	for (const std::string_view Piece : Pieces)
 	{
@@ -163,7 +169,8 @@ bool Read(const std::string& Path, std::string& OutBytes, FString& OutError)
 bool ReadStart(const std::string& Path, std::size_t MaxBytes, std::string& OutBytes, FString& OutError)
 {
 	OutBytes.clear();
-	FDescriptor Handle(open(Path.c_str(), O_RDONLY | O_CLOEXEC));
+	// A pipe under an asset's name has no end to wait for.
+	FDescriptor Handle(open(Path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
 	struct stat Info;
 	if (!Handle.IsOpen() || fstat(Handle.Get(), &Info) != 0)
 	{

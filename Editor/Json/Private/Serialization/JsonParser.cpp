@@ -41,6 +41,8 @@ const char* DescribeCode(const error_code Code)
 		return "There is text after the value";
 	case DEPTH_ERROR:
 		return "Arrays and objects are nested too deep";
+	case OUT_OF_BOUNDS:
+		return "There are too many values";
 	default:
 		return "Unexpected or missing character, expected a value, a name, a comma or a closing bracket";
 	}
@@ -119,8 +121,9 @@ template <typename SinkType>
 class TWalk
 {
 public:
-	explicit TWalk(SinkType& InSink)
+	explicit TWalk(SinkType& InSink, std::size_t MaxValues)
 		: Sink(InSink)
+		, NumLeft(MaxValues)
 	{
 	}
 
@@ -201,6 +204,11 @@ private:
 		{
 			Location = Here;
 		}
+		if (NumLeft == 0)
+		{
+			return OUT_OF_BOUNDS;
+		}
+		--NumLeft;
 		ondemand::json_type Type;
 		if (const error_code Code = Source.type().get(Type))
 		{
@@ -308,6 +316,7 @@ private:
 
 	ondemand::parser Parser;
 	SinkType& Sink;
+	std::size_t NumLeft;
 	const char* Begin = nullptr;
 	/** The last token that was looked at. */
 	const char* Location = nullptr;
@@ -378,9 +387,10 @@ std::string Wrap(const std::string_view Text)
 }
 
 template <typename SinkType>
-bool Walk(const std::string_view Text, SinkType& Sink, FJsonParseError& OutError)
+bool Walk(
+	const std::string_view Text, SinkType& Sink, FJsonParseError& OutError, const std::size_t MaxValues = SIZE_MAX)
 {
-	TWalk<SinkType> Walker(Sink);
+	TWalk<SinkType> Walker(Sink, MaxValues);
 	const error_code Code = IsBareScalar(Text) ? Walker.RunWrapped(padded_string(Wrap(Text)))
 											   : Walker.Run(padded_string(Text));
 	if (Code != SUCCESS)
@@ -397,10 +407,10 @@ std::string FJsonParseError::Describe() const
 	return Reason + " (line " + std::to_string(Line) + ", character " + std::to_string(Character) + ")";
 }
 
-bool JsonParser::Check(const std::string_view Text, FJsonParseError& OutError)
+bool JsonParser::Check(const std::string_view Text, FJsonParseError& OutError, const std::size_t MaxValues)
 {
 	JsonParserPrivate::FNullSink Sink;
-	return JsonParserPrivate::Walk(Text, Sink, OutError);
+	return JsonParserPrivate::Walk(Text, Sink, OutError, MaxValues);
 }
 
 bool JsonParser::Parse(const std::string_view Text, TSharedPtr<FJsonValue>& OutValue, FJsonParseError& OutError)

@@ -22,7 +22,7 @@ struct FJsonParseError
 
 namespace JsonParser
 {
-bool Check(std::string_view Text, FJsonParseError& OutError);
+bool Check(std::string_view Text, FJsonParseError& OutError, std::size_t MaxValues);
 
 /** On failure OutValue is null. */
 bool Parse(std::string_view Text, TSharedPtr<FJsonValue>& OutValue, FJsonParseError& OutError);

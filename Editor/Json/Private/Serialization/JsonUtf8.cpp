@@ -18,10 +18,10 @@ static void Append(std::string& OutText, std::string&& Text)
 	}
 }
 
-bool JsonUtf8::Check(const std::string_view Text, std::string& OutError)
+bool JsonUtf8::Check(const std::string_view Text, std::string& OutError, const std::size_t MaxValues)
 {
 	FJsonParseError Error;
-	if (JsonParser::Check(Text, Error))
+	if (JsonParser::Check(Text, Error, MaxValues))
 	{
 		return true;
 	}
