@@ -43,7 +43,6 @@ public:
 	static int32 GetMaximumNameLength() { return 100; }
 
 private:
-	TSet<FName> Names;
 	/** Parameters and local variables of the scope. */
 	TSet<FName> LocalNames;
 	FName ExistingName;

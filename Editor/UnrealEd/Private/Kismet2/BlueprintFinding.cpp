@@ -13,6 +13,7 @@
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "K2Node_Timeline.h"
+#include "Kismet2/TakenNames.h"
 #include "Standalone/BlueprintClassProvider.h"
 #include "Standalone/WidgetBlueprintVariables.h"
 
@@ -342,23 +343,12 @@ void FBlueprintEditorUtils::GetSCSVariableNameList(const UBlueprint* Blueprint, 
 	}
 }
 
-namespace BlueprintFinding
-{
-/** Any object of the Blueprint counts: graphs and what else it holds are found by name. */
-bool IsNameTaken(FName Name, const TSet<FName>& Taken, const UBlueprint& Blueprint)
-{
-	return Taken.Contains(Name) || StaticFindObjectFast(nullptr, &Blueprint, Name) != nullptr;
-}
-} // namespace BlueprintFinding
-
 FName FBlueprintEditorUtils::FindUniqueKismetName(
 	const UBlueprint* InBlueprint, const FString& InBaseName, UStruct* InScope)
 {
+	FName Candidate(InBaseName);
 	TSet<FName> Taken;
-	GetFunctionNameList(InBlueprint, Taken);
-	GetClassVariableList(InBlueprint, Taken, true);
-	GetSCSVariableNameList(InBlueprint, Taken);
-	GetAllGraphNames(InBlueprint, Taken);
+	TakenNames::AddDeclared(*InBlueprint, Taken);
 	if (InScope)
 	{
 		for (TFieldIterator<FProperty> It(InScope, EFieldIteratorFlags::IncludeSuper); It; ++It)
@@ -366,8 +356,9 @@ FName FBlueprintEditorUtils::FindUniqueKismetName(
 			Taken.Add(It->GetFName());
 		}
 	}
-	FName Candidate(InBaseName);
-	for (int32 Number = 0; BlueprintFinding::IsNameTaken(Candidate, Taken, *InBlueprint); ++Number)
+	const auto IsTaken = [&](FName Name)
+	{ return Taken.Contains(Name) || TakenNames::IsKnownAtOnce(*InBlueprint, Name); };
+	for (int32 Number = 0; IsTaken(Candidate); ++Number)
 	{
 		Candidate = FName(FString::Printf(TEXT("%s_%d"), *InBaseName, Number));
 	}

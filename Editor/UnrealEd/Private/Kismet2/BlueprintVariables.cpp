@@ -9,6 +9,7 @@
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_Variable.h"
 #include "Kismet2/Kismet2NameValidators.h"
+#include "Kismet2/TakenNames.h"
 #include "Kismet2/VariableDescriptions.h"
 #include "Standalone/BlueprintClassProvider.h"
 
@@ -80,14 +81,7 @@ int32 FindRenamable(UBlueprint* Blueprint, FName OldName, FName NewName)
 bool FBlueprintEditorUtils::AddMemberVariable(
 	UBlueprint* Blueprint, const FName& NewVarName, const FEdGraphPinType& NewVarType, const FString& DefaultValue)
 {
-	if (!Blueprint || NewVarName.IsNone())
-	{
-		return false;
-	}
-	TSet<FName> Taken;
-	GetClassVariableList(Blueprint, Taken, true);
-	GetSCSVariableNameList(Blueprint, Taken);
-	if (Taken.Contains(NewVarName))
+	if (!Blueprint || NewVarName.IsNone() || TakenNames::IsVariable(*Blueprint, NewVarName))
 	{
 		return false;
 	}

@@ -2,7 +2,7 @@
 
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CustomEvent.h"
-#include "Kismet2/BlueprintEditorUtils.h"
+#include "Kismet2/TakenNames.h"
 #include "UObject/Class.h"
 
 FString INameValidatorInterface::GetErrorString(const FString& Name, EValidatorResult ErrorCode)
@@ -31,13 +31,6 @@ FKismetNameValidator::FKismetNameValidator(const UBlueprint* Blueprint, FName In
 	: ExistingName(InExistingName)
 	, BlueprintObject(Blueprint)
 {
-	if (Blueprint)
-	{
-		FBlueprintEditorUtils::GetClassVariableList(Blueprint, Names, true);
-		FBlueprintEditorUtils::GetFunctionNameList(Blueprint, Names);
-		FBlueprintEditorUtils::GetAllGraphNames(Blueprint, Names);
-		FBlueprintEditorUtils::GetSCSVariableNameList(Blueprint, Names);
-	}
 	if (InScope)
 	{
 		for (TFieldIterator<FProperty> It(InScope, EFieldIteratorFlags::IncludeSuper); It; ++It)
@@ -82,6 +75,6 @@ EValidatorResult FKismetNameValidator::IsValid(const FName& Name, bool)
 	{
 		return EValidatorResult::LocallyInUse;
 	}
-	const bool bObjectStands = BlueprintObject && StaticFindObjectFast(nullptr, BlueprintObject, Name);
-	return Names.Contains(Name) || bObjectStands ? EValidatorResult::AlreadyInUse : EValidatorResult::Ok;
+	return BlueprintObject && TakenNames::IsTaken(*BlueprintObject, Name) ? EValidatorResult::AlreadyInUse
+																		  : EValidatorResult::Ok;
 }

@@ -27,35 +27,30 @@ const IAssetRegistry& GetRegistry()
 }
 
 /** The first asset of just this class whose name or path is the text, ignoring case. */
-FAssetData FindAssetByText(const UClass* Class, const FString& Text)
+FAssetData FindAssetByText(const UClass* Class, const TArray<FAssetData>& Candidates)
 {
-	TArray<FAssetData> Assets;
-	GetRegistry().GetAssetsByClass(Class->GetStructPathName(), Assets);
-	for (const FAssetData& Asset : Assets)
-	{
-		if (Asset.AssetName.ToString().Equals(Text, ESearchCase::IgnoreCase)
-			|| Asset.GetObjectPathString().Equals(Text, ESearchCase::IgnoreCase))
-		{
-			return Asset;
-		}
-	}
-	return FAssetData();
+	const FTopLevelAssetPath ClassPath = Class->GetStructPathName();
+	const FAssetData* const Found = Candidates.FindByPredicate(
+		[&ClassPath](const FAssetData& Asset) { return Asset.AssetClassPath == ClassPath; });
+	return Found ? *Found : FAssetData();
 }
 
-UBlueprint* LoadOfClass(const UClass* Class, const FString& Path)
+/** The assets that a text can mean, which the registry knows by name and by package without a look at all others. */
+TArray<FAssetData> FindCandidates(const FString& Text)
 {
-	if (Path.IsEmpty())
+	TArray<FAssetData> Candidates;
+	GetRegistry().GetAssetsByName(FName(*Text), Candidates);
+	if (Text.StartsWith(TEXT("/")))
 	{
-		return nullptr;
+		GetRegistry().GetAssetsByPackageName(FName(*FPackageName::ObjectPathToPackageName(Text)), Candidates);
 	}
-	// Quiet: a miss is ordinary here, since each family is tried in turn.
-	UObject* Loaded = StaticLoadObject(Class, nullptr, *Path, nullptr, LOAD_Quiet | LOAD_NoWarn);
-	if (!Loaded)
-	{
-		const FAssetData Asset = FindAssetByText(Class, Path);
-		Loaded = Asset.IsValid() ? Asset.GetAsset() : nullptr;
-	}
-	return Loaded && Loaded->IsA(Class) ? Cast<UBlueprint>(Loaded) : nullptr;
+	Candidates.RemoveAll(
+		[&Text](const FAssetData& Asset)
+		{
+			return !Asset.AssetName.ToString().Equals(Text, ESearchCase::IgnoreCase)
+				&& !Asset.GetObjectPathString().Equals(Text, ESearchCase::IgnoreCase);
+		});
+	return Candidates;
 }
 
 /** Whether a file stands where the asset's own would. */
@@ -139,10 +134,23 @@ UBlueprint* MakeOfClass(const FString& Path, UClass* ParentClass, Morvane::FTool
 
 UBlueprint* FBlueprintUtils::TryLoadBlueprint(const FString& Path)
 {
+	if (Path.IsEmpty())
+	{
+		return nullptr;
+	}
+	// One path leads to one object, whatever its kind. Quiet: the caller says what a miss means.
+	UObject* const Loaded = StaticLoadObject(
+		UBlueprint::StaticClass(), nullptr, *Path, nullptr, LOAD_Quiet | LOAD_NoWarn);
+	if (UBlueprint* const Blueprint = Cast<UBlueprint>(Loaded))
+	{
+		return Blueprint;
+	}
+	const TArray<FAssetData> Candidates = BlueprintLoading::FindCandidates(Path);
 	for (const UClass* const Class :
 		{UAnimBlueprint::StaticClass(), UWidgetBlueprint::StaticClass(), UBlueprint::StaticClass()})
 	{
-		if (UBlueprint* const Blueprint = BlueprintLoading::LoadOfClass(Class, Path))
+		const FAssetData Asset = BlueprintLoading::FindAssetByText(Class, Candidates);
+		if (UBlueprint* const Blueprint = Asset.IsValid() ? Cast<UBlueprint>(Asset.GetAsset()) : nullptr)
 		{
 			return Blueprint;
 		}
@@ -260,8 +268,13 @@ bool FBlueprintUtils::VerifyBlueprintVariableName(
 		Result.AddErrorMessage(FString::Printf(TEXT("A variable with name '%s' already exists"), *Name));
 		return false;
 	}
+	// A list of all functions is made only for a name that somebody has.
+	const EValidatorResult Verdict = FKismetNameValidator(Blueprint).IsValid(Name);
 	TSet<FName> Functions;
-	FBlueprintEditorUtils::GetFunctionNameList(Blueprint, Functions);
+	if (Verdict != EValidatorResult::Ok)
+	{
+		FBlueprintEditorUtils::GetFunctionNameList(Blueprint, Functions);
+	}
 	if (Functions.Contains(VariableName))
 	{
 		Result.AddErrorMessage(FString::Printf(TEXT("A function with name '%s' already exists"), *Name));
@@ -278,7 +291,6 @@ bool FBlueprintUtils::VerifyBlueprintVariableName(
 			FString::Printf(TEXT("A property with name '%s' already exists in the parent class"), *Name));
 		return false;
 	}
-	const EValidatorResult Verdict = FKismetNameValidator(Blueprint).IsValid(Name);
 	if (Verdict != EValidatorResult::Ok)
 	{
 		Result.AddErrorMessage(

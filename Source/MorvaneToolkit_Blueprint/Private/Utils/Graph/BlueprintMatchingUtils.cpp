@@ -60,14 +60,14 @@ struct FNodeId
 	TOptional<FGuid> Guid;
 };
 
-UEdGraph* FindNested(UEdGraph* Graph, const FString& Name, TSet<const UEdGraph*>& Visited)
+UEdGraph* FindNested(UEdGraph* Graph, FName Name, TSet<const UEdGraph*>& Visited)
 {
 	if (!Graph || Visited.Contains(Graph))
 	{
 		return nullptr;
 	}
 	Visited.Add(Graph);
-	if (Graph->GetName().Equals(Name, ESearchCase::IgnoreCase))
+	if (Graph->GetFName() == Name)
 	{
 		return Graph;
 	}
@@ -136,7 +136,9 @@ UEdGraphNode* FNodeIdIndex::Find(const FString& Id) const
 UEdGraph* FBlueprintMatchingUtils::FindGraphByName(
 	const UBlueprint* Blueprint, const FString& Name, UEdGraph** OutTopGraph)
 {
-	if (!Blueprint)
+	// A name that no graph in memory has needs no walk: requests ask for each graph that they are about to make.
+	const FName Wanted(*Name);
+	if (!Blueprint || Wanted.IsNone() || !FindFirstObject<UEdGraph>(*Wanted.ToString()))
 	{
 		return nullptr;
 	}
@@ -145,7 +147,7 @@ UEdGraph* FBlueprintMatchingUtils::FindGraphByName(
 	TSet<const UEdGraph*> Visited;
 	for (UEdGraph* const Graph : Graphs)
 	{
-		if (UEdGraph* const Found = BlueprintMatchingUtils::FindNested(Graph, Name, Visited))
+		if (UEdGraph* const Found = BlueprintMatchingUtils::FindNested(Graph, Wanted, Visited))
 		{
 			if (OutTopGraph)
 			{
