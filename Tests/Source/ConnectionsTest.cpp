@@ -153,7 +153,9 @@ TEST(Connect, PinsThatAreNotThereAreNamedAndTheSourceGoesFirst)
 	EXPECT_THAT(Warnings(Case.Result),
 		ElementsAre("[Failure] Source pin 'nope' not found on node 'Pure (full)'",
 			"[Failure] Target pin 'gone' not found on node 'Pure (full)'"));
-	EXPECT_EQ(Telemetry(Case.Result), "null");
+	EXPECT_EQ(Telemetry(Case.Result),
+		"{\"pin_lookup_failures\":[{\"node\":\"Pure (full)\",\"asked\":\"nope\",\"available\":[\"then\",\"out\"]},"
+		"{\"node\":\"Pure (full)\",\"asked\":\"gone\",\"available\":[\"execute\"]}]}");
 }
 
 TEST(Connect, ANullGraphIsAnError)

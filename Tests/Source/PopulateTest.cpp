@@ -106,8 +106,7 @@ TEST(PopulateRun, FillsLinksLaysOutAndSaves)
 		Graph, UTF8_TO_TCHAR(Case.GuidOf("p").c_str()));
 	ASSERT_TRUE(Node);
 	EXPECT_EQ(ToStd(Node->FindPin(TEXT("InString"))->DefaultValue), "Hello");
-	EXPECT_EQ(ToStd(Node->FindPin(TEXT("Duration"))->DefaultValue), "2.000000")
-		<< "a pin record without an action adds";
+	EXPECT_EQ(ToStd(Node->FindPin(TEXT("Duration"))->DefaultValue), "9") << "a value alone asks to be set";
 	EXPECT_EQ(Node->FindPin(TEXT("then"))->LinkedTo.Num(), 1);
 	EXPECT_EQ(Node->FindPin(TEXT("execute"))->LinkedTo.Num(), 1);
 }
@@ -220,7 +219,12 @@ TEST(PopulateRun, OtherActionsAreSkippedAndCountAsFailed)
 	EXPECT_THAT(Successes(*Case.Result),
 		Contains(
 			"Created 1/3 nodes and 0/1 connections in graph 'EventGraph' (2 node(s) failed, 1 connection(s) failed)"));
-	EXPECT_THAT(Warnings(*Case.Result), IsEmpty());
+	EXPECT_THAT(Warnings(*Case.Result),
+		ElementsAre(
+			"[Warning] Node 'm' was skipped: 'modify' does nothing here; bp_modify_graph_nodes changes and removes nodes.",
+			"[Warning] Node 'r' was skipped: 'remove' does nothing here; bp_modify_graph_nodes changes and removes nodes.",
+			"[Warning] Connection p. -> p. was skipped: 'remove' does nothing here; bp_remove_graph_connections removes "
+			"wires."));
 }
 
 TEST(PopulateRun, AnErrorAfterTheStartPreventsTheSave)

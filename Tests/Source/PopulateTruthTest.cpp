@@ -2,7 +2,10 @@
 
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
+#include "K2Node_ComponentBoundEvent.h"
+#include "K2Node_CustomEvent.h"
 #include "K2Node_DynamicCast.h"
+#include "K2Node_ExecutionSequence.h"
 #include "K2Node_GetDataTableRow.h"
 #include "Populating.h"
 #include "UObject/Package.h"
@@ -116,4 +119,122 @@ TEST(PopulateTruth, ARowOfADataTableHasTheTablesStruct)
 	ASSERT_NE(Row, nullptr);
 	EXPECT_EQ(ToStd(UEdGraphSchema_K2::TypeToText(Row->GetResultPin()->PinType).ToString()), "Hit Result Structure");
 	Table->GetOutermost()->MarkAsGarbage();
+}
+
+TEST(PopulateTruth, EveryPinRecordDoesSomethingOrIsToldWithNodePinAndReason)
+{
+	const struct
+	{
+		const char* Record;
+		std::vector<std::string> Warnings;
+	} Cases[] = {
+		{R"({"name":"Duration","value":9})", {}},
+		{R"({"name":"bPrintToLog","value":false})", {}},
+		{R"({"action":"MODIFY","name":"instring","value":"a"})", {}},
+		{R"({"action":"modify","name":"Nope","value":"1"})",
+			{"[Failure] Pin 'Nope' of node 'Print String' (p): it was not found, so the value '1' was not set. The inputs "
+			 "are: execute, InString, bPrintToScreen, bPrintToLog, TextColor, Duration, Key."}},
+		{R"({"action":"modify","name":"Duration","value":"soon"})",
+			{"'soon' is not a valid number",
+				"[Failure] Pin 'Duration' of node 'Print String' (p): the value 'soon' was not set."}},
+		{R"({"action":"modify","name":"Duration"})",
+			{"[Warning] Pin 'Duration' of node 'Print String' (p): the record has no value, so nothing was set."}},
+		{R"({"action":"add","name":"Duration","value":"1"})",
+			{"[Warning] Pin 'Duration' of node 'Print String' (p): 'add' does nothing on this node. A value is set by "
+			 "action modify, or by a record without an action."}},
+		{R"({"action":"remove","name":"Duration"})",
+			{"[Warning] Pin 'Duration' of node 'Print String' (p): 'remove' does nothing here; bp_modify_graph_nodes "
+			 "removes pins."}},
+	};
+	for (const auto& Case : Cases)
+	{
+		FPopulating Run;
+		Run.Nodes(CallNode("p", "KismetSystemLibrary", "PrintString", Pins(Case.Record)));
+		EXPECT_THAT(Warnings(*Run.Result), testing::ElementsAreArray(Case.Warnings)) << Case.Record;
+	}
+}
+
+TEST(PopulateTruth, ValuesFindPinsThatComeWithOtherValuesOrLinks)
+{
+	FPopulating Run;
+	Run.Nodes(LooseNode("text", "Format Text",
+		Pins(ModifyPin("Count", "3") + "," + ModifyPin("Format", "{Count} of {Total}") + ","
+			+ ModifyPin("Total", "9"))));
+	EXPECT_THAT(Warnings(*Run.Result), IsEmpty()) << "the pins come with the format, which stands later";
+
+	FPopulating Lost;
+	Lost.Populate(R"("nodes":[)" + CallNode("op", "KismetMathLibrary", "EqualEqual_IntInt", Pins(ModifyPin("B", "1000"))) + ","
+		+ CallNode("v", "Actor", "GetActorForwardVector") + R"(],"connections":[)" + Link("v", "ReturnValue", "op", "A")
+		+ "]");
+	EXPECT_THAT(Warnings(*Lost.Result),
+		ElementsAre(
+			"[Warning] Pin 'B' of node 'Equal (==)' (op): its value '1000' was lost when a link or another value made the "
+			"pin a Vector."));
+}
+
+TEST(PopulateTruth, ACustomEventTakesParametersAndReplication)
+{
+	FPopulating Run;
+	const std::string Event =
+		R"({"node_guid":"fire","class_name":"K2Node_CustomEvent","node_metadata":{"event_name":"Fire",)"
+		R"("replicates":"Server","reliable":true},"pins":[{"action":"add","name":"Amount",)"
+		R"("type":{"category":"float"}},{"action":"add","name":"Who","type":{"category":"object",)"
+		R"("sub_category_object":"/Script/Engine.Actor"}}]})";
+	Run.Nodes(Event);
+	EXPECT_THAT(Warnings(*Run.Result), IsEmpty());
+	Run.Nodes(Event);
+	EXPECT_EQ(Warnings(*Run.Result).size(), 1U) << "that the event is there; its parameters are not added twice";
+	Run.Nodes(
+		R"({"node_guid":"fire","class_name":"K2Node_CustomEvent","node_metadata":{"event_name":"Fire","replicates":"all"},)"
+		R"("pins":[{"action":"add","name":"Who","type":{"category":"int"}},{"action":"add","name":"Odd","type":{}}]})");
+	EXPECT_THAT(Warnings(*Run.Result),
+		ElementsAre(HasSubstr("already exists"),
+			"[Failure] Custom event 'Fire' does not replicate: 'all' is none of server, client, multicast and none",
+			"[Failure] Pin 'Who' of node 'Fire' (fire): a parameter was not added: the event has a pin of that name, a Actor "
+			"Object Reference.",
+			"[Failure] Pin 'Odd' of node 'Fire' (fire): a parameter was not added: it needs a name and a type, such as "
+			"{\"category\":\"float\"}."));
+
+	const UEdGraph* const Graph = ReadBack(Run);
+	ASSERT_NE(Graph, nullptr);
+	const UK2Node_CustomEvent* const Saved = FPopulating::FindNode<UK2Node_CustomEvent>(Graph);
+	ASSERT_NE(Saved, nullptr);
+	EXPECT_EQ(Saved->UserDefinedPins.Num(), 2);
+	EXPECT_NE(Saved->FindPin(TEXT("Amount"), EGPD_Output), nullptr);
+	EXPECT_EQ(Saved->FunctionFlags & FUNC_NetFuncFlags, FUNC_Net | FUNC_NetServer | FUNC_NetReliable);
+}
+
+TEST(PopulateTruth, NodesThatTakeMorePinsGrowByOnesThatAreAskedFor)
+{
+	FPopulating Run;
+	Run.Nodes(LooseNode("s", "Sequence",
+		Pins(R"({"action":"add","name":"then_2"},{"action":"add","name":"then_3"},{"action":"add","name":"x"})")));
+	EXPECT_THAT(Warnings(*Run.Result),
+		ElementsAre(
+			"[Warning] Pin 'x' of node 'Sequence' (s): the node adds pins, but this is not the name of its next one."));
+	const UEdGraph* const Graph = ReadBack(Run);
+	const UEdGraphNode* const Node = FPopulating::FindNode<UK2Node_ExecutionSequence>(Graph);
+	ASSERT_NE(Node, nullptr);
+	EXPECT_NE(Node->FindPin(TEXT("then_3")), nullptr);
+}
+
+TEST(PopulateTruth, SummariesTellTitlesAsTheyAreAtTheEnd)
+{
+	FPopulating Run;
+	Run.Nodes(LooseNode("s", "Spawn Actor from Class", Pins(ModifyPin("Class", "/Script/Engine.Pawn"))));
+	EXPECT_THAT(Run.Data(TEXT("created_nodes_summary")), HasSubstr("SpawnActor Pawn"));
+	EXPECT_THAT(Run.Data(TEXT("nodes_attached_to_events")), HasSubstr("SpawnActor Pawn"));
+}
+
+TEST(PopulateTruth, AnEventOfAComponentStandsWhenComponentAndDelegateDo)
+{
+	FPopulating Run(TEXT("/Script/Engine.Character"));
+	Run.Nodes(LooseNode("hit", "On Component Hit (CapsuleComponent)"));
+	EXPECT_THAT(Errors(*Run.Result), IsEmpty());
+	EXPECT_EQ(Run.Data(TEXT("nodes_created")), "1") << testing::PrintToString(Warnings(*Run.Result));
+	const UEdGraph* const Graph = ReadBack(Run);
+	const UK2Node_ComponentBoundEvent* const Event = FPopulating::FindNode<UK2Node_ComponentBoundEvent>(Graph);
+	ASSERT_NE(Event, nullptr);
+	EXPECT_EQ(ToStd(Event->ComponentPropertyName.ToString()), "CapsuleComponent");
+	EXPECT_EQ(ToStd(Event->DelegatePropertyName.ToString()), "OnComponentHit");
 }

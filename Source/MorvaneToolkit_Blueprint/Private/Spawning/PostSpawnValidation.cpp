@@ -5,7 +5,9 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "K2Node_ActorBoundEvent.h"
 #include "K2Node_CallFunction.h"
+#include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_CreateDelegate.h"
 #include "K2Node_CustomEvent.h"
 #include "K2Node_DynamicCast.h"
@@ -106,11 +108,23 @@ bool FPostSpawnValidation::HasExistingFunction()
 		*Call->FunctionReference.GetMemberName().ToString(), Parent ? *Parent->GetName() : TEXT("Unknown")));
 }
 
+bool FPostSpawnValidation::IsBoundToSomething(const UK2Node_Event& Event) const
+{
+	// Such an event answers a delegate of a component; no function of the class has its name.
+	if (const UK2Node_ComponentBoundEvent* const Bound = Cast<UK2Node_ComponentBoundEvent>(&Event))
+	{
+		const UClass* const Class = Event.GetBlueprintClassFromNode();
+		return Class && Class->FindPropertyByName(Bound->ComponentPropertyName) && Bound->GetTargetDelegateProperty();
+	}
+	const UK2Node_ActorBoundEvent* const Bound = Cast<UK2Node_ActorBoundEvent>(&Event);
+	return Bound && Bound->EventOwner && Bound->GetTargetDelegateProperty();
+}
+
 bool FPostSpawnValidation::HasExistingEvent()
 {
 	const UK2Node_Event* const Event = Cast<UK2Node_Event>(Node);
 	const FName EventName = Event ? Event->EventReference.GetMemberName() : FName();
-	if (EventName.IsNone())
+	if (EventName.IsNone() || IsBoundToSomething(*Event))
 	{
 		return true;
 	}

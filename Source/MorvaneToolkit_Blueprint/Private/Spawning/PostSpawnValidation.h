@@ -8,6 +8,7 @@ class UBlueprint;
 class UEdGraph;
 class UEdGraphNode;
 class UK2Node_EditablePinBase;
+class UK2Node_Event;
 
 namespace Morvane
 {
@@ -44,6 +45,8 @@ private:
 	bool HasRequestedFunction();
 	bool HasExistingFunction();
 	bool HasExistingEvent();
+	/** Whether the event answers a delegate that is there, of a component or an actor that is there. */
+	bool IsBoundToSomething(const UK2Node_Event& Event) const;
 	bool TakesEventName();
 	bool HasCastTarget();
 	bool TakesPosition();

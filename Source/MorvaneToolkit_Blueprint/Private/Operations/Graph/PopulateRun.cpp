@@ -48,6 +48,7 @@ FPopulateRun::FPopulateRun(const FJsonObject& InArgs, Morvane::FToolResult& InRe
 	: Args(InArgs)
 	, Result(InResult)
 	, Session(InResult)
+	, Pins(Session, InResult)
 {
 }
 
@@ -220,7 +221,14 @@ void FPopulateRun::SpawnOtherNodes()
 {
 	for (const FBPNodeModification& Record : Nodes)
 	{
-		if (Record.Action == EBPNodeAction::Add && !IsCustomEventRequest(Record))
+		if (Record.Action != EBPNodeAction::Add)
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT(
+					"[Warning] Node '%s' was skipped: '%s' does nothing here; bp_modify_graph_nodes changes and removes nodes."),
+				*Record.NodeGuid, Record.Action == EBPNodeAction::Modify ? TEXT("modify") : TEXT("remove")));
+		}
+		else if (!IsCustomEventRequest(Record))
 		{
 			SpawnNode(Record);
 		}
@@ -238,21 +246,8 @@ UEdGraphNode* FPopulateRun::SpawnNode(const FBPNodeModification& Record)
 	}
 	Session.RecordCreatedNode(Record.NodeGuid, Node);
 	LastNode = Node;
-	SetPinValues(*Node, Record);
+	Pins.Apply(*Blueprint, *Node, Record);
 	return Node;
-}
-
-void FPopulateRun::SetPinValues(UEdGraphNode& Node, const FBPNodeModification& Record)
-{
-	for (const FBPPinModification& Pin : Record.Pins)
-	{
-		if (Pin.Action == EBPNodeAction::Modify && !Pin.Value.IsEmpty())
-		{
-			// Silent for a pin that is not there.
-			FBlueprintPinUtils::SetPinDefaultValue(
-				FBlueprintPinUtils::FindPinWithAliases(&Node, Pin.Name, EGPD_Input, &Session), Pin.Value, Result);
-		}
-	}
 }
 
 void FPopulateRun::ReadConnections()
@@ -264,10 +259,20 @@ void FPopulateRun::ReadConnections()
 	for (const TSharedPtr<FJsonValue>& Value : *ConnectionValues)
 	{
 		FBPConnectionModification Connection;
-		if (PopulateRecords::ParseConnection(Value, Connection) && Connection.Action == EBPConnectionAction::Add)
+		if (!PopulateRecords::ParseConnection(Value, Connection))
+		{
+			continue;
+		}
+		if (Connection.Action == EBPConnectionAction::Add)
 		{
 			Connections.Add(MoveTemp(Connection));
+			continue;
 		}
+		Result.AddWarningMessage(FString::Printf(
+			TEXT(
+				"[Warning] Connection %s.%s -> %s.%s was skipped: 'remove' does nothing here; bp_remove_graph_connections removes wires."),
+			*Connection.SourceNodeGuid, *Connection.SourcePinName, *Connection.TargetNodeGuid,
+			*Connection.TargetPinName));
 	}
 }
 
@@ -278,6 +283,7 @@ void FPopulateRun::ConnectPins()
 	{
 		Connect(Connection);
 	}
+	Pins.Finish();
 }
 
 void FPopulateRun::Connect(const FBPConnectionModification& Connection)

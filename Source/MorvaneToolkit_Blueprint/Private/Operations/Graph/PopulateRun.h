@@ -2,6 +2,7 @@
 
 #include "CoreMinimal.h"
 #include "Dom/JsonObject.h"
+#include "PopulatePins.h"
 #include "Spawning/DeterministicSpawn.h"
 #include "Spawning/SpawnWaterfall.h"
 #include "Utils/Read/EventTracing.h"
@@ -61,7 +62,6 @@ private:
 	static bool IsCustomEventRequest(const FBPNodeModification& Record);
 	/** Spawns and records; null for a node that failed. */
 	UEdGraphNode* SpawnNode(const FBPNodeModification& Record);
-	void SetPinValues(UEdGraphNode& Node, const FBPNodeModification& Record);
 	void ReadConnections();
 	void Connect(const FBPConnectionModification& Connection);
 	/** Null after the connection was blocked. */
@@ -100,6 +100,7 @@ private:
 	TUniquePtr<FNodeIdIndex> NodeIds;
 
 	FBPGraphSession Session;
+	FPopulatePins Pins;
 	/** Made when the last link stands; null in a graph without events. */
 	TUniquePtr<FEventTrace> Trace;
 	int32 NumConnected = 0;

@@ -117,11 +117,14 @@ void FPopulateRun::FormatNodes()
 
 TSharedRef<FJsonObject> FPopulateRun::DescribeNode(const FBPCreatedNodeRecord& Record) const
 {
+	// As the node is called now: values and links may have given it another title than it was made with.
+	const UEdGraphNode* const Node = Record.Node.Get();
+	const FString Title = Node ? Node->GetNodeTitle(ENodeTitleType::FullTitle).ToString() : Record.NodeTitle;
 	const TSharedRef<FJsonObject> Json = MakeShared<FJsonObject>();
 	Json->SetStringField(TEXT("request_guid"), Record.RequestId);
 	Json->SetStringField(TEXT("node_guid"), Record.NodeGuid);
 	Json->SetStringField(TEXT("class_name"), Record.ClassName);
-	Json->SetStringField(TEXT("node_title"), Record.NodeTitle);
+	Json->SetStringField(TEXT("node_title"), Title);
 	return Json;
 }
 

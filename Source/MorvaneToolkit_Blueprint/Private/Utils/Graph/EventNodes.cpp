@@ -11,6 +11,8 @@
 #include "ToolResult.h"
 #include "WidgetBlueprint.h"
 
+#include <algorithm>
+
 namespace EventNodes
 {
 /** More known variables than this are counted and not listed: an agent gets a short list or a pointer, never a dump. */
@@ -67,6 +69,49 @@ UK2Node_CustomEvent* SpawnCustomEvent(UEdGraph& Graph, const FString& EventName,
 	return Event;
 }
 
+/** What the event does over the network, where the request says so; what it does not say stays as it is. */
+void ApplyReplication(
+	UBlueprint& Blueprint, UK2Node_CustomEvent& Event, const FBPNodeModification& Record, Morvane::FToolResult& Result)
+{
+	static constexpr struct
+	{
+		const TCHAR* Word;
+		uint32 Flags;
+	} Rows[] = {
+		{TEXT("server"), FUNC_Net | FUNC_NetServer},
+		{TEXT("client"), FUNC_Net | FUNC_NetClient},
+		{TEXT("multicast"), FUNC_Net | FUNC_NetMulticast},
+		{TEXT("none"), 0},
+	};
+	constexpr uint32 AllNet = FUNC_Net | FUNC_NetServer | FUNC_NetClient | FUNC_NetMulticast;
+	const uint32 Before = Event.FunctionFlags;
+	if (const FString* const Word = Record.FindMetadata(TEXT("replicates")))
+	{
+		const auto* const Row = std::find_if(std::begin(Rows), std::end(Rows),
+			[Word](const auto& Candidate) { return Word->Equals(Candidate.Word, ESearchCase::IgnoreCase); });
+		if (Row != std::end(Rows))
+		{
+			Event.FunctionFlags = (Event.FunctionFlags & ~AllNet) | Row->Flags;
+		}
+		else
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT(
+					"[Failure] Custom event '%s' does not replicate: '%s' is none of server, client, multicast and none"),
+				*Event.CustomFunctionName.ToString(), **Word));
+		}
+	}
+	if (const FString* const Word = Record.FindMetadata(TEXT("reliable")))
+	{
+		Event.FunctionFlags = Word->ToBool() ? Event.FunctionFlags | FUNC_NetReliable
+											 : Event.FunctionFlags & ~static_cast<uint32>(FUNC_NetReliable);
+	}
+	if (Event.FunctionFlags != Before)
+	{
+		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
+	}
+}
+
 UEdGraphNode* CreateCustomEvent(UBlueprint& Blueprint, UEdGraph& Graph, const FString& EventName,
 	const FBPNodeModification& Record, Morvane::FToolResult& Result)
 {
@@ -75,6 +120,7 @@ UEdGraphNode* CreateCustomEvent(UBlueprint& Blueprint, UEdGraph& Graph, const FS
 	{
 		Result.AddWarningMessage(FString::Printf(TEXT("[Warning] Custom Event '%s' already exists; reusing node %s"),
 			*EventName, *FBlueprintNodeUtils::GetShortNodeId(Existing)));
+		ApplyReplication(Blueprint, *Existing, Record, Result);
 		return Existing;
 	}
 	UK2Node_CustomEvent* const Event = SpawnCustomEvent(Graph, EventName, GetPosition(Graph, Record));
@@ -86,6 +132,7 @@ UEdGraphNode* CreateCustomEvent(UBlueprint& Blueprint, UEdGraph& Graph, const FS
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
 	Result.AddSuccessMessage(
 		FString::Printf(TEXT("Created custom event '%s' in EventGraph '%s'"), *EventName, *Graph.GetName()));
+	ApplyReplication(Blueprint, *Event, Record, Result);
 	return Event;
 }
 

@@ -67,6 +67,7 @@ struct FEnds
 		{
 			Result.AddWarningMessage(FString::Printf(TEXT("[Failure] Source pin '%s' not found on node '%s'"),
 				*SourcePinName, *FBlueprintNodeUtils::GetFullTitle(SourceNode)));
+			RecordMiss(SourceNode, SourcePinName, EGPD_Output, Result);
 			return;
 		}
 		Target = FBlueprintPinUtils::FindPinWithAliases(TargetNode, TargetPinName, EGPD_Input, Session);
@@ -74,6 +75,7 @@ struct FEnds
 		{
 			Result.AddWarningMessage(FString::Printf(TEXT("[Failure] Target pin '%s' not found on node '%s'"),
 				*TargetPinName, *FBlueprintNodeUtils::GetFullTitle(TargetNode)));
+			RecordMiss(TargetNode, TargetPinName, EGPD_Input, Result);
 		}
 	}
 
@@ -81,6 +83,16 @@ struct FEnds
 
 	UEdGraphPin* Source = nullptr;
 	UEdGraphPin* Target = nullptr;
+
+private:
+	static void RecordMiss(
+		const UEdGraphNode* Node, const FString& PinName, EEdGraphPinDirection Direction, Morvane::FToolResult& Result)
+	{
+		if (Node)
+		{
+			FBlueprintPinUtils::RecordLookupFailure(*Node, PinName, Direction, Result);
+		}
+	}
 };
 
 bool IsExecPinOfPureNode(const UEdGraphPin& Pin)
@@ -213,6 +225,21 @@ UEdGraphPin* FBlueprintPinUtils::FindPinWithAliases(
 		Session->CountPinDirectionFallback();
 	}
 	return Pin;
+}
+
+TArray<FString> FBlueprintPinUtils::RecordLookupFailure(
+	const UEdGraphNode& Node, const FString& PinName, EEdGraphPinDirection Direction, Morvane::FToolResult& Result)
+{
+	TArray<FString> Available;
+	for (const UEdGraphPin* const Pin : Node.Pins)
+	{
+		if (Pin && Pin->Direction == Direction && !Pin->bHidden && !Pin->bOrphanedPin)
+		{
+			Available.Add(Pin->GetName());
+		}
+	}
+	GraphTelemetry::RecordPinLookupFailure(Result, FBlueprintNodeUtils::GetFullTitle(&Node), PinName, Available);
+	return Available;
 }
 
 bool FBlueprintPinUtils::ConnectPins(UEdGraph* Graph, UEdGraphNode* SourceNode, const FString& SourcePinName,

@@ -25,6 +25,10 @@ public:
 	static UEdGraphPin* FindPinWithAliases(
 		const UEdGraphNode* Node, const FString& PinName, EEdGraphPinDirection Direction, FBPGraphSession* Session);
 
+	/** To the telemetry: the pin that was asked for and those there are, which are answered too. */
+	static TArray<FString> RecordLookupFailure(
+		const UEdGraphNode& Node, const FString& PinName, EEdGraphPinDirection Direction, Morvane::FToolResult& Result);
+
 	/** True when the link stands. Reports its own failure. */
 	static bool ConnectPins(UEdGraph* Graph, UEdGraphNode* SourceNode, const FString& SourcePinName,
 		UEdGraphNode* TargetNode, const FString& TargetPinName, Morvane::FToolResult& Result, FBPGraphSession* Session);

@@ -1,6 +1,7 @@
 #include "Utils/Report/GraphTelemetry.h"
 
 #include "ToolResult.h"
+#include "Utils/Report/JsonTexts.h"
 
 namespace GraphTelemetry
 {
@@ -102,6 +103,16 @@ void RecordConnectionFailure(Morvane::FToolResult& Result, const FString& Source
 	Entry->SetStringField(TEXT("target_pin"), TargetPin);
 	Entry->SetStringField(TEXT("reason"), Reason);
 	Append(Result, TEXT("connection_failures"), Entry);
+}
+
+void RecordPinLookupFailure(
+	Morvane::FToolResult& Result, const FString& Node, const FString& Asked, const TArray<FString>& Available)
+{
+	const TSharedRef<FJsonObject> Entry = MakeShared<FJsonObject>();
+	Entry->SetStringField(TEXT("node"), Node);
+	Entry->SetStringField(TEXT("asked"), Asked);
+	Entry->SetArrayField(TEXT("available"), ToJsonTexts(Available));
+	Append(Result, TEXT("pin_lookup_failures"), Entry);
 }
 
 void RecordHalfConnectedNode(Morvane::FToolResult& Result, const FString& NodeId, const FString& NodeTitle,

@@ -38,6 +38,9 @@ void RecordPinDirectionFallback(Morvane::FToolResult& Result);
 /** "connection_failures". */
 void RecordConnectionFailure(Morvane::FToolResult& Result, const FString& SourceNode, const FString& SourcePin,
 	const FString& TargetNode, const FString& TargetPin, const FString& Reason);
+/** "pin_lookup_failures": what was asked of which node, and what could have been. */
+void RecordPinLookupFailure(
+	Morvane::FToolResult& Result, const FString& Node, const FString& Asked, const TArray<FString>& Available);
 /** "half_connected_nodes". */
 void RecordHalfConnectedNode(Morvane::FToolResult& Result, const FString& NodeId, const FString& NodeTitle,
 	int32 ExpectedConnections, int32 ActualConnections);

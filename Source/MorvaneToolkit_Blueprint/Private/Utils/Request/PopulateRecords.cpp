@@ -9,10 +9,13 @@ FBPPinModification ParsePin(const FJsonObject& Json)
 {
 	FBPPinModification Record;
 	FString Action;
+	RecordWords::ReadText(Json.TryGetField(TEXT("value")), Record.Value);
+	// Who gives a value and says nothing else wants it set.
+	const bool bSaysAction = Json.HasField(TEXT("action"));
+	const EBPNodeAction Default = bSaysAction || Record.Value.IsEmpty() ? EBPNodeAction::Add : EBPNodeAction::Modify;
 	RecordWords::ReadString(Json, TEXT("action"), Action);
-	Record.Action = RecordWords::ToNodeAction(Action).Get(EBPNodeAction::Add);
+	Record.Action = RecordWords::ToNodeAction(Action).Get(Default);
 	RecordWords::ReadString(Json, TEXT("name"), Record.Name);
-	RecordWords::ReadString(Json, TEXT("value"), Record.Value);
 	const TSharedPtr<FJsonObject>* Type = nullptr;
 	if (Json.TryGetObjectField(TEXT("type"), Type))
 	{
@@ -21,22 +24,20 @@ FBPPinModification ParsePin(const FJsonObject& Json)
 	return Record;
 }
 
-/** Metadata is text, but for two keys that are a number and a flag by nature: agents write them as such. */
+/** Metadata is text, but for keys that are a number or a flag by nature: agents write them as such. */
 TMap<FString, FString> ParseMetadata(const FJsonObject& Json)
 {
 	TMap<FString, FString> Metadata = RecordWords::ReadStringMap(Json, TEXT("node_metadata"));
 	const TSharedPtr<FJsonObject>* Object = nullptr;
 	if (Json.TryGetObjectField(TEXT("node_metadata"), Object))
 	{
-		if ((*Object)->HasTypedField<EJson::Number>(TEXT("minimum_confidence")))
+		for (const TCHAR* const Key : {TEXT("minimum_confidence"), TEXT("allow_duplicate"), TEXT("reliable")})
 		{
-			Metadata.Add(TEXT("minimum_confidence"),
-				FString::SanitizeFloat((*Object)->GetNumberField(TEXT("minimum_confidence")), 0));
-		}
-		if ((*Object)->HasTypedField<EJson::Boolean>(TEXT("allow_duplicate")))
-		{
-			Metadata.Add(TEXT("allow_duplicate"),
-				(*Object)->GetBoolField(TEXT("allow_duplicate")) ? TEXT("true") : TEXT("false"));
+			FString Value;
+			if (RecordWords::ReadText((*Object)->TryGetField(Key), Value))
+			{
+				Metadata.Add(Key, Value);
+			}
 		}
 	}
 	return Metadata;

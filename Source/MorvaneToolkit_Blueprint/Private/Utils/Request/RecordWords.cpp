@@ -70,6 +70,31 @@ void ReadString(const FJsonObject& Json, const TCHAR* Key, const TCHAR* OtherKey
 	}
 }
 
+bool ReadText(const TSharedPtr<FJsonValue>& Value, FString& OutText)
+{
+	double Number = 0.0;
+	bool bFlag = false;
+	if (!Value)
+	{
+		return false;
+	}
+	if (Value->TryGetString(OutText))
+	{
+		return true;
+	}
+	if (Value->TryGetBool(bFlag))
+	{
+		OutText = bFlag ? TEXT("true") : TEXT("false");
+		return true;
+	}
+	if (Value->TryGetNumber(Number))
+	{
+		OutText = FString::SanitizeFloat(Number, 0);
+		return true;
+	}
+	return false;
+}
+
 TMap<FString, FString> ReadStringMap(const FJsonObject& Json, const TCHAR* Key)
 {
 	TMap<FString, FString> Map;

@@ -18,6 +18,8 @@ EPinContainerType ToContainerType(const FString& Word);
 void ReadString(const FJsonObject& Json, const TCHAR* Key, FString& InOutValue);
 /** The same for two names of one thing: the first key wins when it is there. */
 void ReadString(const FJsonObject& Json, const TCHAR* Key, const TCHAR* OtherKey, FString& InOutValue);
+/** The value as text: a string as it is, a number, "true" or "false". False, and nothing changed, for any other. */
+bool ReadText(const TSharedPtr<FJsonValue>& Value, FString& OutText);
 /** All string members of an object; members of other types are left out. */
 TMap<FString, FString> ReadStringMap(const FJsonObject& Json, const TCHAR* Key);
 /** "position" with "x" and "y", each for itself. */
