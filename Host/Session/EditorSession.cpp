@@ -9,6 +9,7 @@
 #include "Standalone/Catalogue.h"
 #include "Standalone/GuidGenerator.h"
 #include "Standalone/JsonUtf8.h"
+#include "Standalone/MissingObjects.h"
 #include "Standalone/PackageText.h"
 #include "Standalone/Project.h"
 #include "Support/Complaint.h"
@@ -104,6 +105,7 @@ FToolOutcome FEditorSession::CallTool(const std::string_view Name, const std::st
 		Result->AddErrorMessage(Error);
 		return {ResultObject::Write(*Result, UnsavedPackages::List()), false};
 	}
+	FMissingObjects::LoadAndBind();
 	const Morvane::FToolCommand Command(
 		CommandId, ToolName, EditorSessionPrivate::ReadArguments(ArgumentsJson, *Result));
 	FMorvaneToolkitModule::GetToolExecutor()->ExecuteTool(

@@ -243,7 +243,8 @@ TEST(CompileTool, ABlueprintWhoseParentIsGoneIsReadAndEditedButDoesNotCompile)
 	const std::string Child = R"(["/Game/Tests/BP_Child"])";
 	EXPECT_THAT(Errors(CompileToolTest::Compile(Child)),
 		ElementsAre("Failed to compile all 1 Blueprint(s)",
-			"[/Game/Tests/BP_Child] Blueprint 'BP_Child' has no parent class: the class it was derived from is gone"));
+			"[/Game/Tests/BP_Child] Blueprint 'BP_Child' has no parent class: the class it was derived from is gone: "
+			"'/Game/Tests/BP_Parent.BP_Parent_C'"));
 	EXPECT_TRUE(RunTool(
 		Morvane::ToolInfo::ToolName_BPCreateGraph, R"({"path":"/Game/Tests/BP_Child","functions":[{"name":"Open"}]})")
 					->WasSuccessful());

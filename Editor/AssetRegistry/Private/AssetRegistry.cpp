@@ -4,6 +4,7 @@
 #include "HAL/FileManager.h"
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
+#include "Standalone/MissingObjects.h"
 #include "Standalone/PackageText.h"
 #include "Standalone/PathConfinement.h"
 #include "UObject/Class.h"
@@ -291,6 +292,7 @@ public:
 		if (NewAsset && NewAsset->GetOutermost())
 		{
 			NewAsset->GetOutermost()->PackageFlags |= PKG_NewlyCreated;
+			FMissingObjects::Bind();
 			Added.Broadcast(FAssetData(NewAsset));
 		}
 	}

@@ -112,11 +112,13 @@
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
 #include "NodeDependingOnEnumInterface.h"
+#include "Nodes/MissingDeclarations.h"
 #include "Standalone/K2Node_EnumNodes.h"
 #include "Standalone/NativeClass.h"
 
 void RegisterBlueprintGraphClasses()
 {
+	MissingDeclarations::Register();
 	NativeClass::RegisterNativeClasses({&UEdGraphSchema_K2::StaticClass, &UBlueprintNodeSpawner::StaticClass,
 		&UBlueprintFunctionNodeSpawner::StaticClass, &UK2Node::StaticClass, &UK2Node_EditablePinBase::StaticClass,
 		&UK2Node_Event::StaticClass, &UK2Node_ActorBoundEvent::StaticClass, &UK2Node_CallFunction::StaticClass,

@@ -10,6 +10,7 @@
 #include "Engine/TimelineTemplate.h"
 #include "GameFramework/Actor.h"
 #include "InputCoreTypes.h"
+#include "MissingReferences.h"
 #include "Standalone/NativeClass.h"
 
 void RegisterEngineClasses()
@@ -22,6 +23,7 @@ void RegisterEngineClasses()
 			&UActorComponent::StaticClass, &USceneComponent::StaticClass, &UTimelineTemplate::StaticClass,
 			&UCurveBase::StaticClass, &UCurveFloat::StaticClass, &UCurveVector::StaticClass,
 			&UCurveLinearColor::StaticClass});
+	MissingReferences::Register();
 	FKey::StaticStruct();
 	FMemberReference::StaticStruct();
 	FEdGraphPinType::StaticStruct();

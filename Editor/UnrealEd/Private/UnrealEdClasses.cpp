@@ -1,16 +1,23 @@
 #include "Standalone/UnrealEdClasses.h"
 
+#include "Blueprint/WidgetTree.h"
 #include "BlueprintKindSetup.h"
 #include "Compiler/BlueprintClassBuilder.h"
+#include "Components/PanelSlot.h"
+#include "Components/PanelWidget.h"
+#include "Components/SceneComponent.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphNode_Comment.h"
 #include "Engine/Blueprint.h"
+#include "Engine/BlueprintGeneratedClass.h"
 #include "Factories/BlueprintFactory.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/Kismet2NameValidators.h"
 #include "Kismet2/RenamedMembers.h"
+#include "Misc/PackageName.h"
 #include "Standalone/BlueprintClassProvider.h"
 #include "Standalone/EdGraphNode_Placeholder.h"
+#include "Standalone/MissingObjects.h"
 #include "Standalone/NativeClass.h"
 #include "Standalone/ObjectText.h"
 #include "UserDefinedStructure/UserDefinedStructEditorData.h"
@@ -32,20 +39,66 @@ TSharedPtr<INameValidatorInterface> MakeNameValidator(const UBlueprint* Blueprin
 	return MakeShared<FKismetNameValidator>(Blueprint, ExistingName);
 }
 
-/** Nodes alone are worth a stand-in: they have places and links. Other objects stay as text with their owner. */
+UObject* MakePlaceholderNode(const FObjectTextRecord& Record, UEdGraph& Graph)
+{
+	FName Name(Record.GetName());
+	if (Name.IsNone() || !IsUniqueObjectName(Name, &Graph))
+	{
+		Name = MakeUniqueObjectName(&Graph, UEdGraphNode_Placeholder::StaticClass());
+	}
+	return NewObject<UEdGraphNode_Placeholder>(
+		&Graph, Name, static_cast<EObjectFlags>(Record.Flags | RF_Transactional));
+}
+
+/** Whether the text sets anything that Class has and Base does not. */
+bool SetsMemberOf(const FObjectTextRecord& Record, const UClass& Class, const UClass& Base)
+{
+	for (const FObjectTextLine& Line : Record.Lines)
+	{
+		const FName Name(Line.GetName(), FNAME_Find);
+		if (!Name.IsNone() && Class.FindPropertyByName(Name) && !Base.FindPropertyByName(Name))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
+/** What an object of an unknown class must at least be in its place; null where nothing can be told. */
+UClass* LikelyClass(const FObjectTextRecord& Record, const UObject& Outer)
+{
+	if (Outer.IsA<UWidgetTree>())
+	{
+		const bool bPanel = SetsMemberOf(Record, *UPanelWidget::StaticClass(), *UWidget::StaticClass());
+		return bPanel ? UPanelWidget::StaticClass() : UWidget::StaticClass();
+	}
+	if (Outer.IsA<UPanelWidget>())
+	{
+		return UPanelSlot::StaticClass();
+	}
+	if (Outer.IsA<UBlueprintGeneratedClass>() && Record.GetName().EndsWith(TEXT("_GEN_VARIABLE")))
+	{
+		const bool bScene = SetsMemberOf(Record, *USceneComponent::StaticClass(), *UActorComponent::StaticClass());
+		return bScene ? USceneComponent::StaticClass() : UActorComponent::StaticClass();
+	}
+	return nullptr;
+}
+
+/**
+ * Nodes, components and widgets have places and links, so there is a stand-in for one of an unknown class. Other
+ * objects stay as text with their owner.
+ */
 UObject* MakePlaceholder(const FObjectTextRecord& Record, UObject* Outer)
 {
-	UEdGraph* const Graph = Cast<UEdGraph>(Outer);
-	if (!Graph)
+	if (UEdGraph* const Graph = Cast<UEdGraph>(Outer))
 	{
-		return nullptr;
+		return MakePlaceholderNode(Record, *Graph);
 	}
-	FName Name(Record.GetName());
-	if (Name.IsNone() || !IsUniqueObjectName(Name, Graph))
-	{
-		Name = MakeUniqueObjectName(Graph, UEdGraphNode_Placeholder::StaticClass());
-	}
-	return NewObject<UEdGraphNode_Placeholder>(Graph, Name, static_cast<EObjectFlags>(Record.Flags | RF_Transactional));
+	UClass* const Base = Outer && !Record.GetName().IsEmpty() ? LikelyClass(Record, *Outer) : nullptr;
+	const FString Path = FPackageName::ExportTextPathToObjectPath(Record.GetClassPath());
+	UClass* const Class = Base ? FMissingObjects::StandInForClass(Path, *Base) : nullptr;
+	const bool bFits = Class && Class->IsChildOf(Base);
+	return bFits ? NewObject<UObject>(Outer, Class, FName(Record.GetName()), Record.Flags) : nullptr;
 }
 } // namespace UnrealEdClasses
 

@@ -5,6 +5,7 @@
 
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
+#include "Nodes/MissingDeclarations.h"
 
 void UK2Node::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
 {
@@ -14,6 +15,11 @@ void UK2Node::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
 
 void UK2Node::ReconstructNode()
 {
+	// Made anew without its declaration, a node would lose what nobody can tell again when that comes back.
+	if (!Pins.IsEmpty() && MissingDeclarations::IsMissing(*this))
+	{
+		return;
+	}
 	Modify();
 	TArray<UEdGraphPin*> OldPins = MoveTemp(Pins);
 	Pins.Empty();

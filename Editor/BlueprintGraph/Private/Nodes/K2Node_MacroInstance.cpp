@@ -5,6 +5,7 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Standalone/MissingObjects.h"
 #include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_MacroInstance, "/Script/BlueprintGraph", CLASS_None)
@@ -32,7 +33,7 @@ void FGraphReference::SetGraph(UEdGraph* InGraph)
 
 UEdGraph* FGraphReference::GetGraph() const
 {
-	if (MacroGraph && ::IsValid(MacroGraph.Get()))
+	if (MacroGraph && ::IsValid(MacroGraph.Get()) && !FMissingObjects::IsMissing(MacroGraph.Get()))
 	{
 		return MacroGraph;
 	}

@@ -1,7 +1,9 @@
 #include "Objects/ObjectConstruction.h"
 
+#include "Missing/KeptValues.h"
 #include "Objects/ObjectExtension.h"
 #include "Objects/ObjectTable.h"
+#include "Standalone/MissingObjects.h"
 #include "Standalone/ObjectProviders.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
@@ -248,7 +250,9 @@ void UClass::ResetDefaultObject()
 	{
 		ObjectConstruction::TakeOverOwnValues(New, Old, GetSuperClass()->GetDefaultObject());
 		ObjectConstruction::PointTreeAtCounterparts(New, Old);
+		KeptValues::Carry(*New, *Old);
 	}
+	const FMissingObjects::FScope Keeping;
 	for (const auto& Stashed : StashedDefaults)
 	{
 		const FProperty* const Property = FindPropertyByName(Stashed.Key);

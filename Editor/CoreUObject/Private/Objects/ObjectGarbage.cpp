@@ -1,6 +1,7 @@
 #include "Objects/ObjectConstruction.h"
 #include "Objects/ObjectExtension.h"
 #include "Objects/ObjectTable.h"
+#include "Standalone/MissingObjects.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
 
@@ -48,30 +49,6 @@ static void VisitTypes(const UObject* Object, TFunctionRef<void(const UObject*)>
 	for (int32 Index = 0; Class && Index < Class->Interfaces.Num(); ++Index)
 	{
 		Visit(Class->Interfaces[Index].Class);
-	}
-}
-
-using FReferenceProperties = std::vector<const FProperty*>;
-
-static FReferenceProperties PropertiesWithReferences(const UClass* Class)
-{
-	FReferenceProperties Properties;
-	for (TFieldIterator<FProperty> It(Class); It; ++It)
-	{
-		TArray<const FStructProperty*> Encountered;
-		if (It->ContainsObjectReference(Encountered))
-		{
-			Properties.push_back(*It);
-		}
-	}
-	return Properties;
-}
-
-static void ForgetGarbage(UObject*& Reference)
-{
-	if (Reference && Reference->IsGarbage())
-	{
-		Reference = nullptr;
 	}
 }
 } // namespace ObjectGarbage
@@ -176,24 +153,6 @@ std::vector<UObject*> FObjectTable::TakeCollectableRoots()
 	return Roots;
 }
 
-void FObjectTable::ClearReferencesToGarbage() const
-{
-	std::unordered_map<const UClass*, ObjectGarbage::FReferenceProperties> ByClass;
-	ForEachObject(
-		[&ByClass](UObject* Object)
-		{
-			const auto [Entry, bIsNew] = ByClass.try_emplace(Object->GetClass());
-			if (bIsNew)
-			{
-				Entry->second = ObjectGarbage::PropertiesWithReferences(Object->GetClass());
-			}
-			for (const FProperty* const Property : Entry->second)
-			{
-				Property->VisitObjects(Property->GetValuePtr(Object), ObjectGarbage::ForgetGarbage);
-			}
-		});
-}
-
 void FObjectTable::Free(UObject* Object)
 {
 	const UClass* const Native = Object->GetClass()->GetNativeClass();
@@ -213,7 +172,7 @@ void FObjectTable::CollectGarbage()
 		return;
 	}
 	const TGuardValue<bool> Collecting(GIsGarbageCollecting, true);
-	ClearReferencesToGarbage();
+	FMissingObjects::ReplaceDeleted();
 	std::vector<UObject*> Dead;
 	for (UObject* const Root : TakeCollectableRoots())
 	{

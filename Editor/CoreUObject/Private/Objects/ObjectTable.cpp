@@ -247,6 +247,13 @@ void FObjectTable::Move(UObject& Object, FName NewName, UObject* NewOuter)
 	AddToBuckets(Object);
 }
 
+void FObjectTable::Hide(UObject& Object)
+{
+	UnlinkFromOuter(Object);
+	RemoveFromBuckets(Object);
+	UnlinkFromClass(Object);
+}
+
 FName FObjectTable::MakeUniqueName(const UObject* Outer, FName Base)
 {
 	if (Base.GetNumber() != NAME_NO_NUMBER_INTERNAL)

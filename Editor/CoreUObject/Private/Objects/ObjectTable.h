@@ -71,6 +71,10 @@ public:
 
 	FName MakeUniqueName(const UObject* Outer, FName Base);
 	void Move(UObject& Object, FName NewName, UObject* NewOuter);
+	/** Takes a new object out of everything by which objects are found, for good. It is never freed. */
+	void Hide(UObject& Object);
+	/** Another name for a hidden object. */
+	static void NameHidden(UObject& Object, FName Name) { Object.NamePrivate = Name; }
 	void MarkGarbage(UObject& Root);
 	void CollectGarbage();
 
@@ -109,7 +113,6 @@ private:
 	std::vector<UObject*> TakeCollectableRoots();
 	/** Those of the roots that hold a type which an object outside of all of them needs. */
 	std::vector<UObject*> FindRootsInUse(const std::vector<UObject*>& Roots) const;
-	void ClearReferencesToGarbage() const;
 	void Free(UObject* Object);
 
 	std::vector<FSlot> Slots;

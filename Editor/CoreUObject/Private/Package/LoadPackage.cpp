@@ -5,6 +5,7 @@
 #include "Misc/PackageName.h"
 #include "Package/AtomicFile.h"
 #include "Package/PackageFile.h"
+#include "Standalone/MissingObjects.h"
 #include "Standalone/ObjectProviders.h"
 #include "Standalone/ObjectText.h"
 #include "Standalone/PathConfinement.h"
@@ -36,7 +37,11 @@ enum class EStage
 	Finished,
 };
 
-/** Logs problems with single values under the file's name. */
+/**
+ * Problems with single values, under the file's name: logged, and kept for the result of the call that reads the file.
+ * What is missing is told once for all references to it, at the end, since a package may only come later in the same
+ * load.
+ */
 class FFileWarnings final : public FFeedbackContext
 {
 public:
@@ -46,11 +51,79 @@ public:
 	}
 	void Serialize(const TCHAR* Text, ELogVerbosity::Type, const FName&) override
 	{
-		UE_LOG(LogPackage, Warning, TEXT("%s: %s"), *Filename, Text);
+		const TArray<FString> Asked = FMissingObjects::TakeAsked();
+		for (const FString& Path : Asked)
+		{
+			FMissing* const Known = Missing.FindByPredicate(
+				[&Path](const FMissing& Row) { return Row.Path.Equals(Path, ESearchCase::IgnoreCase); });
+			if (Known)
+			{
+				++Known->NumPlaces;
+			}
+			else
+			{
+				Missing.Add(FMissing{Path, PlaceIn(Text), 1});
+			}
+		}
+		if (Asked.IsEmpty())
+		{
+			Say(FString::Printf(TEXT("%s: %s"), *Filename, Text));
+		}
+	}
+	/** Tells what is still missing. */
+	void Flush()
+	{
+		for (const FMissing& Row : Missing)
+		{
+			if (StaticFindObject(nullptr, nullptr, *Row.Path))
+			{
+				continue;
+			}
+			const FString Others = Row.NumPlaces == 1
+				? FString()
+				: FString::Printf(TEXT(", here and in %d more places"), Row.NumPlaces - 1);
+			Say(FString::Printf(
+				TEXT("%s, %s: '%s' is missing%s; what refers to it is kept as it is and binds again when "
+					 "it is there"),
+				*Filename, *Row.Place, *Row.Path, *Others));
+		}
+		Missing.Empty();
+		if (NumSaid > MaxSaid)
+		{
+			PackageFile::NoteProblem(
+				FString::Printf(TEXT("%s: %d more warnings stand in the log"), *Filename, NumSaid - MaxSaid));
+		}
+		NumSaid = 0;
 	}
 
 private:
+	struct FMissing
+	{
+		FString Path;
+		FString Place;
+		int32 NumPlaces = 0;
+	};
+	static constexpr int32 MaxSaid = 30;
+
+	/** "line 12" of "line 12: ...". */
+	static FString PlaceIn(const FString& Text)
+	{
+		int32 Colon = INDEX_NONE;
+		return Text.FindChar(TEXT(':'), Colon) ? Text.Left(Colon) : FString();
+	}
+	void Say(const FString& Warning)
+	{
+		UE_LOG(LogPackage, Warning, TEXT("%s"), *Warning);
+		++NumSaid;
+		if (NumSaid <= MaxSaid)
+		{
+			PackageFile::NoteProblem(Warning);
+		}
+	}
+
 	const FString Filename;
+	TArray<FMissing> Missing;
+	int32 NumSaid = 0;
 };
 
 FString PackageNameOf(const FString& ClassPath)
@@ -129,6 +202,7 @@ public:
 			return false;
 		}
 		LoadClassesOfOthers();
+		bClassesOfOthersLoaded = true;
 		GiveClassesTheirParent(TEXT("ParentClass"));
 		const std::size_t NumOutermost = Made.size();
 		for (std::size_t Index = 0; Index < NumOutermost; ++Index)
@@ -165,6 +239,8 @@ public:
 		Package->ClearDirtyFlag();
 		Stage = EStage::Finished;
 	}
+
+	void TellWarnings() { Warnings.Flush(); }
 
 	EStage Stage = EStage::Making;
 	FPackageText::FHeader Header;
@@ -218,11 +294,43 @@ private:
 			{
 				Shell->SetSuperStruct(Parent);
 			}
+			else if (Shell && Tag && !Parent && bClassesOfOthersLoaded)
+			{
+				Shell->SetSuperStruct(MissingParent(*Tag, Shell->GetSuperClass()));
+			}
 			else if (Shell && !Shell->GetSuperClass())
 			{
 				Shell->SetSuperStruct(UObject::StaticClass());
 			}
 		}
+	}
+
+	/** What the parent of the package's class must at least be, where no tag says so. */
+	UClass* LikelyParent() const
+	{
+		const bool bHasComponents = Bytes.find("Class=/Script/Engine.SimpleConstructionScript ") != std::string::npos;
+		const TCHAR* Path = bHasComponents ? TEXT("/Script/Engine.Actor") : TEXT("/Script/CoreUObject.Object");
+		if (Header.AssetClassPath.EndsWith(TEXT(".WidgetBlueprint")))
+		{
+			Path = TEXT("/Script/UMG.UserWidget");
+		}
+		else if (Header.AssetClassPath.EndsWith(TEXT(".AnimBlueprint")))
+		{
+			Path = TEXT("/Script/Engine.AnimInstance");
+		}
+		UClass* const Parent = FindObject<UClass>(nullptr, Path);
+		return Parent ? Parent : UObject::StaticClass();
+	}
+
+	/** The stand-in for a parent class that is missing, with as much of its line as the package tells. */
+	UClass* MissingParent(const FString& Tag, UClass* NativeParent) const
+	{
+		UClass* const Base = NativeParent && NativeParent != UObject::StaticClass() ? NativeParent : LikelyParent();
+		int32 Quote = INDEX_NONE;
+		const FString ClassPath = Tag.FindChar(TEXT('\''), Quote) ? Tag.Left(Quote) : FString();
+		UClass* const Parent = FMissingObjects::StandInForClass(
+			FPackageName::ExportTextPathToObjectPath(Tag), *Base, ClassPath);
+		return Parent ? Parent : Base;
 	}
 
 	/** The record's object, null when it waits for its class or can only be kept as text. */
@@ -337,6 +445,7 @@ private:
 	 * that. */
 	void FillFrom(std::size_t First)
 	{
+		const FMissingObjects::FScope Keeping;
 		for (std::size_t Index = First; Index < Made.size(); ++Index)
 		{
 			Import.ImportInto(Made[Index].Object, *Made[Index].Record);
@@ -375,6 +484,7 @@ private:
 	FObjectTextTree Tree;
 	std::string OwnClassPrefix;
 	UObject* Asset = nullptr;
+	bool bClassesOfOthersLoaded = false;
 	bool bOwnClassesReady = false;
 	std::vector<FMade> Made;
 	std::vector<FDeferred> Deferred;
@@ -407,6 +517,11 @@ void FinishAll()
 		}
 	}
 	std::erase_if(Running(), [](const std::shared_ptr<FPackageLoad>& Done) { return Done->Stage == EStage::Finished; });
+	FMissingObjects::Bind();
+	for (const std::shared_ptr<FPackageLoad>& Done : Now)
+	{
+		Done->TellWarnings();
+	}
 }
 
 UPackage* RunLoad(const std::shared_ptr<FPackageLoad>& Run, const FString& ExpectedName, FString& OutError)

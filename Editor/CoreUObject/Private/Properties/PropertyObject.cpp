@@ -1,6 +1,7 @@
 #include "UObject/UnrealType.h"
 
 #include "Properties/PropertyTextReader.h"
+#include "Standalone/MissingObjects.h"
 #include "UObject/Package.h"
 
 namespace ObjectReferences
@@ -51,6 +52,21 @@ static void Append(FString& Out, const UObject* Object, UObject* Parent, int32 P
 	}
 }
 
+/** What the class in a class property must be, or null. */
+static const UClass* RequiredBase(const FProperty& Property)
+{
+	const FClassProperty* const ClassProperty = CastField<FClassProperty>(&Property);
+	return ClassProperty ? ClassProperty->MetaClass : nullptr;
+}
+/** The class in front of the path of a reference's text; empty when it has none. */
+static FString ClassText(const TCHAR* Start, const TCHAR* End)
+{
+	FStringView Text(Start, static_cast<int32>(End - Start));
+	Text = !Text.IsEmpty() && Text[0] == TEXT('"') ? Text.Mid(1) : Text;
+	int32 Quote = INDEX_NONE;
+	return Text.FindChar(TEXT('\''), Quote) ? FString(Text.Left(Quote)) : FString();
+}
+
 /** Reads a reference of any spelling; null when it is malformed or names nothing of that class. */
 static const TCHAR* Read(const TCHAR* Buffer, const UClass* Class, const FProperty& Property, UObject* Owner,
 	int32 PortFlags, UObject*& OutObject, FOutputDevice* ErrorText)
@@ -77,21 +93,16 @@ static const TCHAR* Read(const TCHAR* Buffer, const UClass* Class, const FProper
 	if (!OutObject)
 	{
 		PropertyText::Report(ErrorText, TEXT("%s: unresolved reference to '%s'"), *Property.GetName(), *Path);
-		return nullptr;
+		OutObject = FMissingObjects::IsKeeping()
+			? FMissingObjects::StandInFor(ClassText(Start, End), Path, Class, RequiredBase(Property), Owner)
+			: nullptr;
 	}
-	return End;
+	return OutObject ? End : nullptr;
 }
 
 static FString CppName(const UClass* Class)
 {
 	return Class ? FString(Class->GetPrefixCPP()) + Class->GetName() : FString(TEXT("UObject"));
-}
-
-/** What the class in a class property must be, or null. */
-static const UClass* RequiredBase(const FProperty& Property)
-{
-	const FClassProperty* const ClassProperty = CastField<FClassProperty>(&Property);
-	return ClassProperty ? ClassProperty->MetaClass : nullptr;
 }
 } // namespace ObjectReferences
 
@@ -102,7 +113,8 @@ void FObjectPropertyBase::VisitTypes(TFunctionRef<void(const UObject*)> Visit) c
 
 void FObjectPropertyBase::VisitObjects(void* Value, TFunctionRef<void(UObject*&)> Visit) const
 {
-	UObject* const Before = GetObjectPropertyValue(Value);
+	UObject* const Before = IsA<FWeakObjectProperty>() ? static_cast<FWeakObjectPtr*>(Value)->Get(true)
+													   : GetObjectPropertyValue(Value);
 	UObject* Object = Before;
 	Visit(Object);
 	if (Object != Before)
@@ -134,7 +146,7 @@ const TCHAR* FObjectPropertyBase::ImportText_Direct(
 	const TCHAR* End = ObjectReferences::Read(Buffer, PropertyClass, *this, OwnerObject, PortFlags, Object, ErrorText);
 	const UClass* const Base = ObjectReferences::RequiredBase(*this);
 	const UClass* const AsClass = Base ? Cast<UClass>(Object) : nullptr;
-	if (AsClass && !AsClass->IsChildOf(Base))
+	if (AsClass && !AsClass->IsChildOf(Base) && !FMissingObjects::IsMissing(AsClass))
 	{
 		PropertyText::Report(ErrorText, TEXT("%s: %s is no %s"), *GetName(), *AsClass->GetName(), *Base->GetName());
 		Object = nullptr;
@@ -263,7 +275,7 @@ const TCHAR* FInterfaceProperty::ImportText_Direct(
 	const TCHAR* End = ObjectReferences::Read(
 		Buffer, UObject::StaticClass(), *this, OwnerObject, PortFlags, Object, ErrorText);
 	const bool bAnyFits = !InterfaceClass || InterfaceClass == UInterface::StaticClass();
-	if (Object && !bAnyFits && !Object->ImplementsInterface(InterfaceClass))
+	if (Object && !bAnyFits && !FMissingObjects::IsMissing(Object) && !Object->ImplementsInterface(InterfaceClass))
 	{
 		PropertyText::Report(ErrorText, TEXT("%s: %s does not implement %s"), *GetName(), *Object->GetName(),
 			*InterfaceClass->GetName());

@@ -1,7 +1,9 @@
 #include "UObject/Class.h"
 
+#include "Missing/KeptValues.h"
 #include "Objects/ObjectExtension.h"
 #include "Objects/ObjectTable.h"
+#include "Standalone/MissingObjects.h"
 #include "Standalone/NativeClass.h"
 #include "UObject/UnrealType.h"
 
@@ -135,9 +137,25 @@ void UClass::SetSuperStruct(UStruct* NewSuper)
 			FObjectExtension::Match(*Instance);
 		}
 	}
+	const bool bComesOrGoes = bInstanced
+		&& (FMissingObjects::FindMissingParent(NewParent) || FMissingObjects::FindMissingParent(OldParent));
+	if (bComesOrGoes)
+	{
+		for (UObject* const Instance : FObjectTable::Get().GetInstances(*this, true, false))
+		{
+			KeptValues::Leave(*Instance, NewParent, this);
+		}
+	}
 	SuperStruct = NewSuper;
 	if (bInstanced)
 	{
 		FObjectExtension::MatchInstances(*this);
+	}
+	if (bComesOrGoes)
+	{
+		for (UObject* const Instance : FObjectTable::Get().GetInstances(*this, true, false))
+		{
+			KeptValues::Retry(*Instance);
+		}
 	}
 }

@@ -11,6 +11,7 @@
 #include "K2Node_CustomEvent.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
+#include "Standalone/MissingObjects.h"
 #include "Standalone/WidgetBlueprintVariables.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
@@ -487,6 +488,7 @@ private:
 	/** The description's text is what counts for the Blueprint's own variables. */
 	void SetDefaults()
 	{
+		const FMissingObjects::FScope Keeping;
 		UObject* const Default = Class.GetDefaultObject();
 		for (const FBPVariableDescription& Variable : Blueprint.NewVariables)
 		{

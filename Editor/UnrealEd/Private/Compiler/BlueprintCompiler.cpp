@@ -21,6 +21,7 @@
 #include "K2Node_Variable.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Standalone/MissingObjects.h"
 #include "UObject/UObjectIterator.h"
 
 namespace BlueprintCompilation
@@ -145,12 +146,14 @@ private:
 
 	bool CheckParent()
 	{
-		if (Blueprint.ParentClass.Get())
+		const UClass* const Missing = FMissingObjects::FindMissingParent(Blueprint.ParentClass.Get());
+		if (Blueprint.ParentClass.Get() && !Missing)
 		{
 			return true;
 		}
-		Log.Error(*FString::Printf(
-			TEXT("Blueprint '%s' has no parent class: the class it was derived from is gone"), *Blueprint.GetName()));
+		const FString Path = Missing ? FString::Printf(TEXT(": '%s'"), *Missing->GetPathName()) : FString();
+		Log.Error(*FString::Printf(TEXT("Blueprint '%s' has no parent class: the class it was derived from is gone%s"),
+			*Blueprint.GetName(), *Path));
 		return false;
 	}
 
@@ -163,7 +166,12 @@ private:
 		}
 		for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
 		{
-			if (!Interface.Interface.Get())
+			if (FMissingObjects::IsMissing(Interface.Interface.Get()))
+			{
+				Log.Error(*FString::Printf(TEXT("Blueprint '%s' implements an interface that is missing: '%s'"),
+					*Blueprint.GetName(), *Interface.Interface.Get()->GetPathName()));
+			}
+			else if (!Interface.Interface.Get())
 			{
 				Log.Warning(*FString::Printf(
 					TEXT(

@@ -16,6 +16,7 @@
 #include "K2Node_VariableSet.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Standalone/MissingObjects.h"
 #include "UObject/UnrealType.h"
 
 namespace GraphValidation
@@ -86,6 +87,7 @@ void FGraphValidator::CheckNode(UEdGraphNode& Node)
 	Node.ValidateNodeDuringCompilation(Log);
 	// What the node knows to be wrong is not told once more for its pins.
 	bNodeComplained = Log.NumErrors > ErrorsBefore;
+	CheckMissing(Node);
 	CheckPlacement(Node);
 	CheckEvent(Node);
 	CheckMacro(Node);
@@ -97,6 +99,51 @@ void FGraphValidator::CheckNode(UEdGraphNode& Node)
 			CheckPin(Node, *Pin);
 		}
 	}
+}
+
+/** Each missing thing once, whatever refers to it: the node, the value of a pin or its type. */
+void FGraphValidator::CheckMissing(UEdGraphNode& Node)
+{
+	TArray<const UObject*> Told;
+	const auto Check = [&](const UObject* Object)
+	{
+		if (FMissingObjects::IsMissing(Object) && !Told.Contains(Object))
+		{
+			Told.Add(Object);
+			Log.Error(*FString::Printf(TEXT("@@ refers to '%s', which is missing"), *Object->GetPathName()), &Node);
+			bNodeComplained = true;
+		}
+	};
+	for (const FProperty* const Property : ReferenceProperties(Node))
+	{
+		Property->VisitObjects(Property->GetValuePtr(&Node), [&Check](UObject*& Object) { Check(Object); });
+	}
+	for (const UEdGraphPin* const Pin : Node.Pins)
+	{
+		Check(Pin->DefaultObject);
+		Check(Pin->PinType.PinSubCategoryObject.Get());
+		Check(Pin->PinType.PinValueType.TerminalSubCategoryObject.Get());
+		Check(Pin->PinType.PinSubCategoryMemberReference.MemberParent);
+	}
+}
+
+/** Properties that may refer to something beside the node, found once for each class. */
+const TArray<const FProperty*>& FGraphValidator::ReferenceProperties(const UEdGraphNode& Node)
+{
+	TArray<const FProperty*>* Found = PropertiesByClass.Find(Node.GetClass());
+	if (!Found)
+	{
+		Found = &PropertiesByClass.Add(Node.GetClass());
+		for (TFieldIterator<FProperty> It(Node.GetClass()); It; ++It)
+		{
+			TArray<const FStructProperty*> Encountered;
+			if (It->ContainsObjectReference(Encountered))
+			{
+				Found->Add(*It);
+			}
+		}
+	}
+	return *Found;
 }
 
 void FGraphValidator::CheckPlacement(const UEdGraphNode& Node)
@@ -371,7 +418,8 @@ void FGraphValidator::CheckTarget(const UEdGraphNode& Node, const UEdGraphPin& S
 	const bool bNeedsTarget = Node.IsA<UK2Node_CallFunction>() || Node.IsA<UK2Node_Variable>();
 	const UClass* const Wanted = Cast<UClass>(Self.PinType.PinSubCategoryObject.Get());
 	const UClass* const Own = Blueprint.GeneratedClass.Get();
-	if (!bNeedsTarget || !Wanted || !Own || Own->IsChildOf(Wanted) || Own->ImplementsInterface(Wanted))
+	if (!bNeedsTarget || !Wanted || !Own || FMissingObjects::IsMissing(Wanted) || Own->IsChildOf(Wanted)
+		|| Own->ImplementsInterface(Wanted))
 	{
 		return;
 	}

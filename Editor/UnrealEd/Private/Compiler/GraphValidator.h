@@ -10,6 +10,7 @@ class FGraphUse;
 
 class FCompilerResultsLog;
 class FMacroUse;
+class FProperty;
 class UBlueprint;
 class UClass;
 class UEdGraph;
@@ -34,6 +35,8 @@ public:
 
 private:
 	void CheckNode(UEdGraphNode& Node);
+	void CheckMissing(UEdGraphNode& Node);
+	const TArray<const FProperty*>& ReferenceProperties(const UEdGraphNode& Node);
 	void CheckPlacement(const UEdGraphNode& Node);
 	void CheckEvent(const UEdGraphNode& Node);
 	void CheckMacro(const UEdGraphNode& Node);
@@ -58,6 +61,7 @@ private:
 	EGraphType GraphType = GT_MAX;
 	/** Whether the graph's function promised not to change its object. */
 	bool bConstFunction = false;
+	TMap<const UClass*, TArray<const FProperty*>> PropertiesByClass;
 	/** Whether the node that is being checked told of an error by itself. */
 	bool bNodeComplained = false;
 };

@@ -6,6 +6,7 @@
 #include "Engine/Blueprint.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Standalone/MissingObjects.h"
 #include "UObject/UnrealType.h"
 
 namespace MemberDeclarations
@@ -42,7 +43,7 @@ private:
 	{
 		const FString Name = Variable.VarName.ToString();
 		const FProperty* const Property = Class.FindOwnProperty(Variable.VarName);
-		if (!Property)
+		if (!Property || NamesMissing(Variable.VarType))
 		{
 			Log.Error(*FString::Printf(TEXT("The variable '%s' declared in '%s' has an invalid type: %s"), *Name,
 				*Blueprint.GetName(), *TypeText(Variable)));
@@ -60,6 +61,12 @@ private:
 		}
 		CheckReplication(Variable);
 		CheckExposure(Variable, *Property);
+	}
+
+	static bool NamesMissing(const FEdGraphPinType& Type)
+	{
+		return FMissingObjects::IsMissing(Type.PinSubCategoryObject.Get())
+			|| FMissingObjects::IsMissing(Type.PinValueType.TerminalSubCategoryObject.Get());
 	}
 
 	void CheckReplication(const FBPVariableDescription& Variable)
@@ -99,7 +106,12 @@ private:
 		{
 			const FString Name = Node->GetVariableName().ToString();
 			const UClass* const ComponentClass = Node->ComponentClass.Get();
-			if (!ComponentClass)
+			if (FMissingObjects::IsMissing(ComponentClass))
+			{
+				Log.Error(*FString::Printf(
+					TEXT("The class of the component '%s' is gone: '%s'"), *Name, *ComponentClass->GetPathName()));
+			}
+			else if (!ComponentClass)
 			{
 				Log.Error(*FString::Printf(TEXT("The class of the component '%s' is gone"), *Name));
 			}

@@ -9,6 +9,7 @@
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/BlueprintEvents.h"
 #include "Kismet2/KismetEditorUtilities.h"
+#include "Standalone/MissingObjects.h"
 
 namespace BlueprintInterfaces
 {
@@ -191,12 +192,15 @@ bool FBlueprintEditorUtils::ImplementNewInterface(UBlueprint* Blueprint, const F
 void FBlueprintEditorUtils::RemoveInterface(
 	UBlueprint* Blueprint, FTopLevelAssetPath InterfaceClassPathName, bool bPreserveFunctions)
 {
-	const UClass* const Class = BlueprintInterfaces::Find(InterfaceClassPathName);
-	const int32 Index = Class ? BlueprintInterfaces::FindIndex(*Blueprint, Class) : INDEX_NONE;
+	// By path: an interface that is missing can be removed like any other.
+	const int32 Index = Blueprint->ImplementedInterfaces.IndexOfByPredicate(
+		[&InterfaceClassPathName](const FBPInterfaceDescription& Row)
+		{ return Row.Interface.Get() && FTopLevelAssetPath(Row.Interface.Get()) == InterfaceClassPathName; });
 	if (Index == INDEX_NONE)
 	{
 		return;
 	}
+	const UClass* const Class = Blueprint->ImplementedInterfaces[Index].Interface.Get();
 	Blueprint->Modify();
 	const TArray<UK2Node_Event*> Events = BlueprintInterfaces::FindEvents(*Blueprint, *Class);
 	if (bPreserveFunctions)
@@ -248,6 +252,11 @@ void FBlueprintEditorUtils::ConformImplementedInterfaces(UBlueprint* Blueprint)
 			BlueprintInterfaces::PreserveGraphs(*Blueprint, Interface);
 			Blueprint->ImplementedInterfaces.RemoveAt(Index);
 			MarkBlueprintAsStructurallyModified(Blueprint);
+			continue;
+		}
+		// Which functions a missing interface has is not known; all that was written for it waits for it.
+		if (FMissingObjects::IsMissing(Interface.Interface.Get()))
+		{
 			continue;
 		}
 		const TArray<TObjectPtr<UEdGraph>> Before = Interface.Graphs;
