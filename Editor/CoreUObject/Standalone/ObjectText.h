@@ -11,6 +11,7 @@
 #include <vector>
 
 class FFeedbackContext;
+class FProperty;
 
 /**
  * The text form of objects: "Begin Object Class=... Name="..." ... End Object". One parser and one exporter serve the
@@ -250,6 +251,8 @@ struct FKeptObjectText
 	const FUnread* FindUnread(FName Property, int32 Index) const;
 	static FKeptObjectText& FindOrAdd(UObject* Object);
 	static void Forget(const UObject* Object);
+	/** Keeps the text of a value that the property could not take, in place of what was kept for it. */
+	static void KeepUnread(UObject& Object, const FProperty& Property, FStringView Value);
 	/** Keeps a record that no object could be made for with what would be its outer, and tells so. */
 	static void KeepRecord(const FObjectTextRecord& Record, UObject* Outer, FFeedbackContext& Warn);
 	/** The record with all below it, as one piece of text. */

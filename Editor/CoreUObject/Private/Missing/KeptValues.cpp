@@ -145,11 +145,47 @@ void Carry(UObject& New, const UObject& Old)
 	}
 }
 
-bool GiveClass(UObject& Object, UClass& Class)
+namespace
 {
-	if (Object.GetClass() == &Class || Object.GetClass()->GetNativeClass() != Class.GetNativeClass())
+UObject* Remake(UObject& Old, UClass& Class)
+{
+	std::string Text;
+	FString Ignored;
+	FObjectTextTree Tree;
+	FObjectTextError Unreadable;
+	const bool bWritten = FObjectTextExport::Package(Old.GetOutermost()).Write({&Old}, Text, Ignored);
+	if (!bWritten || !Tree.ParseView(Text, Unreadable) || Tree.Objects.empty())
 	{
-		return Object.GetClass() == &Class;
+		return &Old;
+	}
+	UObject* const Outer = Old.GetOuter();
+	const FName Name = Old.GetFName();
+	const EObjectFlags Flags = Old.GetFlags();
+	Old.MarkAsGarbage();
+	const FObjectTextRecord& Root = Tree.Objects.front();
+	const FMissingObjects::FScope Keeping;
+	FSilence Silence;
+	FObjectTextImport Import(Silence, false);
+	UObject* const New = Import.Create(Root, Outer,
+		[&](const FObjectTextRecord& Record, UObject* Below)
+		{
+			return &Record == &Root ? NewObject<UObject>(Below, &Class, Name, Flags)
+									: FObjectTextImport::DefaultFactory(Record, Below);
+		});
+	Import.ImportProperties();
+	return New;
+}
+} // namespace
+
+UObject* GiveClass(UObject& Object, UClass& Class)
+{
+	if (Object.GetClass() == &Class)
+	{
+		return &Object;
+	}
+	if (Object.GetClass()->GetNativeClass() != Class.GetNativeClass())
+	{
+		return Remake(Object, Class);
 	}
 	Leave(Object, &Class);
 	Class.GetDefaultObject();
@@ -160,6 +196,6 @@ bool GiveClass(UObject& Object, UClass& Class)
 		FKeptObjectText::FindOrAdd(&Object).ClassPath.clear();
 		Retry(Object);
 	}
-	return true;
+	return &Object;
 }
 } // namespace KeptValues

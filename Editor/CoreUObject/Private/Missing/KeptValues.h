@@ -12,8 +12,9 @@ void Leave(UObject& Object, const UClass* NewParent, const UClass* From = nullpt
 void Retry(UObject& Object);
 /** What was kept with the old default object of a class is kept, or set, on the new one. */
 void Carry(UObject& New, const UObject& Old);
-/** Makes it an object of another class in its place. False, and nothing happened, when the C++ types differ. */
-bool GiveClass(UObject& Object, UClass& Class);
+/** Makes it an object of another class. Where the C++ types differ that is a new one of its name and place, which is
+ * answered; references are the caller's then. */
+UObject* GiveClass(UObject& Object, UClass& Class);
 /** The default object of a class, that of a deleted one too; makes none. */
 const UObject* FindDefault(const UClass* Class);
 } // namespace KeptValues

@@ -176,6 +176,7 @@ T* ReplacementOf(const FReplacements& Replacements, const T* Object)
 
 void TurnAll(const FReplacements& Replacements)
 {
+	FReplacements Remade;
 	FReferenceProperties Properties;
 	std::vector<UObject*> Changed;
 	FObjectTable::Get().ForEachObject(
@@ -194,7 +195,13 @@ void TurnAll(const FReplacements& Replacements)
 			}
 			if (UClass* const Class = ReplacementOf(Replacements, Object->GetClass()))
 			{
-				bChanged |= KeptValues::GiveClass(*Object, *Class);
+				UObject* const Now = KeptValues::GiveClass(*Object, *Class);
+				bChanged |= Now == Object;
+				if (Now != Object)
+				{
+					Remade.emplace(Object, Now);
+					return;
+				}
 			}
 			VisitAll(*Object, Properties.Of(Object->GetClass()),
 				[&](const FProperty*, UObject*& Reference)
@@ -210,6 +217,10 @@ void TurnAll(const FReplacements& Replacements)
 				Changed.push_back(Object);
 			}
 		});
+	if (!Remade.empty())
+	{
+		TurnAll(Remade);
+	}
 	for (UObject* const Object : Changed)
 	{
 		KeptValues::Retry(*Object);
@@ -245,15 +256,29 @@ void FMissingObjects::Bind()
 	}
 }
 
+namespace MissingObjects
+{
+/** Whether the package's file came, or changed, since it was last looked for here. */
+bool HasNewFile(const FString& Package)
+{
+	static std::unordered_map<std::string, AtomicFile::FStamp> Seen;
+	const FString File = PackageFile::FindOnDisk(Package);
+	const AtomicFile::FStamp Now = File.IsEmpty() ? AtomicFile::FStamp() : AtomicFile::StampOf(ToUtf8(File));
+	AtomicFile::FStamp& Before = Seen[KeyOf(Package)];
+	const bool bChanged = Now.IsValid() && !(Now == Before);
+	Before = Now;
+	return bChanged;
+}
+} // namespace MissingObjects
+
 void FMissingObjects::LoadAndBind()
 {
 	std::unordered_set<std::string> Tried;
 	for (const MissingObjects::FEntry* const Entry : MissingObjects::UsedEntries())
 	{
 		const FString Package(ObjectPaths::Split(Entry->Path).Package);
-		const bool bNew = Tried.insert(MissingObjects::KeyOf(Package)).second
-			&& !Package.StartsWith(TEXT("/Script/"), ESearchCase::IgnoreCase);
-		if (bNew && !PackageFile::FindOnDisk(Package).IsEmpty() && FPackageText::GetLastLoadError(Package).IsEmpty())
+		const bool bIsScript = Package.StartsWith(TEXT("/Script/"), ESearchCase::IgnoreCase);
+		if (!bIsScript && Tried.insert(MissingObjects::KeyOf(Package)).second && MissingObjects::HasNewFile(Package))
 		{
 			LoadPackage(nullptr, *Package, LOAD_Quiet);
 		}
@@ -293,7 +318,7 @@ void FMissingObjects::ReplaceDeleted()
 			if (bContent && Object->GetClass()->IsGarbage())
 			{
 				UObject* const Own = MissingObjects::ReplacementFor(*Object->GetClass());
-				bChanged |= Own && KeptValues::GiveClass(*Object, *static_cast<UClass*>(Own));
+				bChanged |= Own && KeptValues::GiveClass(*Object, *static_cast<UClass*>(Own)) == Object;
 			}
 			if (bChanged && bContent)
 			{

@@ -1,6 +1,7 @@
 #include "ObjectText/ObjectTextWriter.h"
 #include "Standalone/ObjectText.h"
 #include "UObject/Object.h"
+#include "UObject/UnrealType.h"
 
 #include "Misc/FeedbackContext.h"
 
@@ -71,6 +72,16 @@ const FKeptObjectText::FUnread* FKeptObjectText::FindUnread(FName Property, int3
 void FKeptObjectText::Forget(const UObject* Object)
 {
 	KeptObjectText::Entries().erase(Object->GetInternalIndex());
+}
+
+void FKeptObjectText::KeepUnread(UObject& Object, const FProperty& Property, FStringView Value)
+{
+	std::vector<FUnread>& Rows = FindOrAdd(&Object).Unread;
+	std::erase_if(Rows, [&Property](const FUnread& Row) { return Row.Property == Property.GetFName(); });
+	FUnread& Row = Rows.emplace_back();
+	Row.Property = Property.GetFName();
+	Row.Value = ToUtf8(FString(Value));
+	Property.ExportTextItem_Direct(Row.TextAfter, Property.GetValuePtr(&Object), nullptr, &Object, PPF_Delimited);
 }
 
 void FKeptObjectText::KeepRecord(const FObjectTextRecord& Record, UObject* Outer, FFeedbackContext& Warn)

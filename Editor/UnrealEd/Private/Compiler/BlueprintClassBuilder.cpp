@@ -12,6 +12,7 @@
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "Standalone/MissingObjects.h"
+#include "Standalone/ObjectText.h"
 #include "Standalone/WidgetBlueprintVariables.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
@@ -497,8 +498,23 @@ private:
 				: Class.FindPropertyByName(Variable.VarName);
 			if (Property && Property->GetOwnerStruct() == &Class)
 			{
-				Property->ImportText_InContainer(*Variable.DefaultValue, Default, Default, PPF_None);
+				SetDefault(Variable, *Property, *Default);
 			}
+		}
+	}
+
+	static void SetDefault(const FBPVariableDescription& Variable, const FProperty& Property, UObject& Default)
+	{
+		FStringOutputDevice Complaints;
+		const bool bRead = Property.ImportText_InContainer(
+							   *Variable.DefaultValue, &Default, &Default, PPF_None, &Complaints)
+			!= nullptr;
+		// Of a missing struct or enum the text is all that there is of a value.
+		const UObject* const Type = Variable.VarType.PinSubCategoryObject.Get();
+		const bool bHasText = FMissingObjects::IsMissing(Type) && !Type->IsA<UClass>();
+		if (bHasText && (!bRead || !Complaints.IsEmpty()))
+		{
+			FKeptObjectText::KeepUnread(Default, Property, *Variable.DefaultValue);
 		}
 	}
 
