@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "Containers/StringConv.h"
+#include "Dom/JsonObject.h"
 #include "MorvaneToolkitModule.h"
 #include "Session/EditorModules.h"
 #include "Session/UnsavedPackages.h"
@@ -13,6 +14,7 @@
 #include "Standalone/PackageText.h"
 #include "Standalone/Project.h"
 #include "Support/Complaint.h"
+#include "ToolFace/ArgumentCheck.h"
 #include "ToolFace/ResultObject.h"
 #include "ToolResult.h"
 #include "UObject/UObjectGlobals.h"
@@ -56,6 +58,17 @@ FString ReadArguments(const std::string_view Json, Morvane::FToolResult& Result)
 	}
 	Result.AddWarningMessage(FString::Printf(TEXT("The arguments are not JSON: %s"), *FromUtf8(Fault)));
 	return FString();
+}
+
+/** The tool reads what it knows and passes over the rest, so what it passed over is told here, for all tools alike. */
+void TellUnread(const std::string_view Name, const std::string_view Json, Morvane::FToolResult& Result)
+{
+	TSharedPtr<FJsonObject> Arguments;
+	FString NotJson;
+	if (JsonUtf8::Parse(Json, Arguments, NotJson) && Arguments)
+	{
+		ArgumentCheck::AddWarnings(Name, *Arguments, Result);
+	}
 }
 } // namespace EditorSessionPrivate
 
@@ -110,6 +123,7 @@ FToolOutcome FEditorSession::CallTool(const std::string_view Name, const std::st
 		CommandId, ToolName, EditorSessionPrivate::ReadArguments(ArgumentsJson, *Result));
 	FMorvaneToolkitModule::GetToolExecutor()->ExecuteTool(
 		Command, Result, [](const TSharedPtr<Morvane::FToolResult>&) {});
+	EditorSessionPrivate::TellUnread(Name, ArgumentsJson, *Result);
 	UnsavedPackages::EndCall(*Result);
 	AddFileProblems(*Result);
 	FToolOutcome Outcome = {ResultObject::Write(*Result, UnsavedPackages::List()), Result->WasSuccessful()};

@@ -37,13 +37,21 @@ constexpr std::string_view PinType = R"json({
 			"description": "Another name for container_type, read when that is absent."
 		},
 		"value_type": {
-			"type": "object",
-			"description": "The type of a map's values.",
-			"properties": {
-				"category": { "type": "string" },
-				"sub_category": { "type": "string" },
-				"sub_category_object": { "type": "string" }
-			}
+			"description": "The type of a map's values: an object like this one, or its category alone.",
+			"anyOf": [
+				{
+					"type": "object",
+					"properties": {
+						"category": { "type": "string" },
+						"sub_category": { "type": "string" },
+						"sub_category_object": { "type": "string" },
+						"is_const": { "type": "boolean" },
+						"is_weak_pointer": { "type": "boolean" },
+						"is_u_object_wrapper": { "type": "boolean" }
+					}
+				},
+				{ "type": "string" }
+			]
 		},
 		"is_reference": { "type": "boolean", "description": "Pass by reference." },
 		"is_const": { "type": "boolean" },
@@ -68,7 +76,7 @@ constexpr std::string_view LocalVariable = R"json({
 
 constexpr std::string_view NewNode = R"json({
 	"type": "object",
-	"description": "One node to add. Say exactly what you want where you can; without an exact form the best match in the action menu is taken. Exact forms: a function call is class_name K2Node_CallFunction with target_class and target_function, such as {\"class_name\":\"K2Node_CallFunction\",\"target_class\":\"KismetSystemLibrary\",\"target_function\":\"PrintString\"}; a cast is K2Node_DynamicCast with the class as target_class and any text as target_function; an event of the parent class is K2Node_Event with node_metadata.event_name ReceiveBeginPlay, ReceiveTick, ReceiveActorBeginOverlap, ...; an own event is K2Node_CustomEvent with node_metadata.event_name; a variable is K2Node_VariableGet or K2Node_VariableSet with node_metadata.variable_name; a call of the parent's version is K2Node_CallParentFunction with target_function. Flow nodes go by class_name and menu_title: {\"class_name\":\"K2Node_IfThenElse\",\"menu_title\":\"Branch\"}, {\"class_name\":\"K2Node_ExecutionSequence\",\"menu_title\":\"Sequence\"}, {\"class_name\":\"K2Node_MacroInstance\",\"menu_title\":\"For Each Loop\"}.",
+	"description": "One node to add. Exact forms first, for they never guess; without one the best match in the action menu is taken. Exact forms: a function call is class_name K2Node_CallFunction with target_class and target_function, such as {\"class_name\":\"K2Node_CallFunction\",\"target_class\":\"KismetSystemLibrary\",\"target_function\":\"PrintString\"}; a cast is K2Node_DynamicCast with the class as target_class and any text as target_function; an event of the parent class is K2Node_Event with node_metadata.event_name ReceiveBeginPlay, ReceiveTick, ReceiveActorBeginOverlap, ...; an own event is K2Node_CustomEvent with node_metadata.event_name; a variable is K2Node_VariableGet or K2Node_VariableSet with node_metadata.variable_name; a call of the parent's version is K2Node_CallParentFunction with target_function. Flow nodes go by class_name and menu_title: {\"class_name\":\"K2Node_IfThenElse\",\"menu_title\":\"Branch\"}, {\"class_name\":\"K2Node_ExecutionSequence\",\"menu_title\":\"Sequence\"}, {\"class_name\":\"K2Node_MacroInstance\",\"menu_title\":\"For Each Loop\"}.",
 	"properties": {
 		"node_guid": {
 			"type": "string",
@@ -94,35 +102,48 @@ constexpr std::string_view NewNode = R"json({
 			"description": "Further facts, each a text.",
 			"properties": {
 				"event_name": { "type": "string", "description": "For events: the parent's event function (ReceiveBeginPlay) or the name of a new custom event. An event that exists is used again." },
-				"allow_duplicate": { "type": "string", "description": "\"true\" makes a second custom event of a name that exists." },
+				"allow_duplicate": { "anyOf": [{ "type": "string" }, { "type": "boolean" }], "description": "true makes a second custom event of a name that exists." },
+				"replicates": { "type": "string", "enum": ["server", "client", "multicast", "none"], "description": "For custom events: where a call of it is executed." },
+				"reliable": { "anyOf": [{ "type": "string" }, { "type": "boolean" }], "description": "For replicated custom events." },
 				"variable_name": { "type": "string", "description": "For variable nodes. The variable must exist; make it with modify_blueprint_class_structure." },
 				"variable_source_class": { "type": "string", "description": "For a variable of another object, with the next two keys: the class that has it, /Script/Engine.Character or /Game/Doors/BP_Door.BP_Door_C." },
 				"property_owner_node_guid": { "type": "string", "description": "The node whose output is that object: a node_guid of this request or an id in the graph." },
 				"owner_pin_name": { "type": "string", "description": "That node's output pin, such as ReturnValue." },
 				"binding_function": { "type": "string", "description": "For K2Node_CreateDelegate: the function to bind." },
 				"state_name": { "type": "string", "description": "For a new animation state: its name." },
-				"minimum_confidence": { "type": "string", "description": "How good a menu match must be, \"0.0\" to \"1.0\"; default \"0.6\"." }
-			},
-			"additionalProperties": { "type": "string" }
+				"minimum_confidence": { "anyOf": [{ "type": "string" }, { "type": "number" }], "description": "How good a menu match must be, 0.0 to 1.0; default 0.6." }
+			}
+		},
+		"position": {
+			"type": "object",
+			"description": "Where the node goes; only events, variables and calls of the parent's version keep it, the others are laid out.",
+			"properties": { "x": { "type": "number" }, "y": { "type": "number" } }
 		},
 		"pins": {
 			"type": "array",
-			"description": "Values of input pins, each with action modify: {\"action\":\"modify\",\"name\":\"InString\",\"value\":\"Hello\"}. Without that word, or for a pin with a wire, nothing is set.",
-			"items": {
-				"type": "object",
-				"properties": {
-					"action": { "type": "string", "enum": ["modify", "add"], "description": "modify sets a value. add gives a new K2Node_FunctionEntry or K2Node_FunctionResult a parameter." },
-					"name": { "type": "string" },
-					"value": {
-						"type": "string",
-						"description": "As text: true, 42, 0.5, Hello, (X=0.0,Y=0.0,Z=100.0), an enum's value name, or the path of an asset or class."
-					},
-					"type": { "$ref": "#/$defs/pin_type" }
-				},
-				"required": ["action", "name"]
-			}
+			"description": "Values of input pins: {\"name\":\"InString\",\"value\":\"Hello\"}. Pins go by their own names: the parameters of the function (InString, NewLocation, bSweep), self for the object it is called on, Condition of a Branch, Duration of a Delay, Class and SpawnTransform of Spawn Actor from Class, the variable's name on its set node. A name that is not found is told with the pins there are.",
+			"items": { "$ref": "#/$defs/new_pin" }
 		}
 	}
+})json";
+
+constexpr std::string_view NewPin = R"json({
+	"type": "object",
+	"description": "One pin of a new node: a value to set, or a pin to add.",
+	"properties": {
+		"action": {
+			"type": "string",
+			"enum": ["modify", "add"],
+			"description": "modify sets the value of an input without a wire, and is what a record with a value means when it says nothing. add, with a type, gives a K2Node_CustomEvent, K2Node_FunctionEntry or K2Node_FunctionResult a parameter; without one it gives a Sequence, Make Array and their like their next pin, such as then_2."
+		},
+		"name": { "type": "string", "description": "The pin's own name. Case is ignored." },
+		"value": {
+			"anyOf": [{ "type": "string" }, { "type": "number" }, { "type": "boolean" }],
+			"description": "true, 42, 0.5, Hello, (X=0.0,Y=0.0,Z=100.0), an enum's entry by its name, or the path of an asset or class."
+		},
+		"type": { "$ref": "#/$defs/pin_type" }
+	},
+	"required": ["name"]
 })json";
 
 constexpr std::string_view Connection = R"json({
@@ -136,7 +157,7 @@ constexpr std::string_view Connection = R"json({
 		},
 		"source_pin_name": {
 			"type": "string",
-			"description": "An output pin. Exec outputs: then; of a Branch true or false; of a Sequence then_0, then_1; of a loop LoopBody or completed; of a cast then or CastFailed. Results: ReturnValue, or the parameter's name. Case is ignored."
+			"description": "An output pin. Exec outputs: then; of a Branch true or false; of a Sequence then_0, then_1; of a loop LoopBody or completed; of a cast then or CastFailed. Results: ReturnValue, or the parameter's name; of a get node the variable's name; of a cast As and the class as the editor shows it, AsPawn or AsBP Door. Case is ignored."
 		},
 		"target_node_guid": { "type": "string", "description": "The node that the wire enters." },
 		"target_pin_name": {
@@ -154,11 +175,12 @@ constexpr std::string_view WidgetProperties = R"json({
 	"description": "Properties of the widget by name: {\"Text\":\"Start\",\"ColorAndOpacity\":{\"R\":1,\"G\":1,\"B\":1,\"A\":1},\"Font.Size\":24,\"Visibility\":\"Hidden\"}. Colors, margins and 2D vectors may be objects; one level into any other struct goes by a dot; else the text form, such as (X=1.0,Y=2.0)."
 })json";
 
-constexpr std::array<std::pair<std::string_view, std::string_view>, 6> Types = {{
+constexpr std::array<std::pair<std::string_view, std::string_view>, 7> Types = {{
 	{"asset_path", AssetPath},
 	{"pin_type", PinType},
 	{"local_variable", LocalVariable},
 	{"new_node", NewNode},
+	{"new_pin", NewPin},
 	{"connection", Connection},
 	{"widget_properties", WidgetProperties},
 }};

@@ -163,7 +163,8 @@ TEST(PopulateTruth, ValuesFindPinsThatComeWithOtherValuesOrLinks)
 	EXPECT_THAT(Warnings(*Run.Result), IsEmpty()) << "the pins come with the format, which stands later";
 
 	FPopulating Lost;
-	Lost.Populate(R"("nodes":[)" + CallNode("op", "KismetMathLibrary", "EqualEqual_IntInt", Pins(ModifyPin("B", "1000"))) + ","
+	Lost.Populate(R"("nodes":[)"
+		+ CallNode("op", "KismetMathLibrary", "EqualEqual_IntInt", Pins(ModifyPin("B", "1000"))) + ","
 		+ CallNode("v", "Actor", "GetActorForwardVector") + R"(],"connections":[)" + Link("v", "ReturnValue", "op", "A")
 		+ "]");
 	EXPECT_THAT(Warnings(*Lost.Result),

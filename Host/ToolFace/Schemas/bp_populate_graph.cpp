@@ -24,9 +24,11 @@ const FToolSchema BpPopulateGraphSchema = {
 			"items": { "$ref": "#/$defs/connection" }
 		},
 		"local_variables": {
-			"type": "object",
-			"description": "Local variables of a function graph, by name: {\"Count\": {\"type\": {\"category\": \"int\"}, \"default_variable_value\": 0}}.",
-			"additionalProperties": { "$ref": "#/$defs/local_variable" }
+			"description": "Local variables of a function graph, by name: {\"Count\": {\"type\": {\"category\": \"int\"}, \"default_variable_value\": 0}}. Nodes of this call may use them.",
+			"anyOf": [
+				{ "type": "object", "additionalProperties": { "$ref": "#/$defs/local_variable" } },
+				{ "type": "array" }
+			]
 		}
 	},
 	"required": ["path", "graph_name"]

@@ -51,6 +51,7 @@ const FToolSchema ModifyBlueprintClassStructureSchema = {
 					"properties": {
 						"type": "object",
 						"description": "Any property of the component by its own name, and these:",
+						"additionalProperties": {},
 						"properties": {
 							"relative_location": {
 								"type": "object",
