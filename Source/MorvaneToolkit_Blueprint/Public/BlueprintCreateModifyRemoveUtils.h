@@ -40,4 +40,6 @@ public:
 		UBlueprint* Blueprint, const TArray<TSharedPtr<FJsonValue>>& Delegates, Morvane::FToolResult& Result);
 	static bool CreateModifyRemoveBlueprintTimeline(
 		UBlueprint* Blueprint, const TArray<TSharedPtr<FJsonValue>>& Timelines, Morvane::FToolResult& Result);
+	/** Tells in warnings what looks wrong in the curves of the Blueprint's timelines; changes nothing. */
+	static void ValidateTimelineCurves(UBlueprint* Blueprint, Morvane::FToolResult& Result);
 };

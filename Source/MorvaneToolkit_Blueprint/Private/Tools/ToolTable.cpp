@@ -4,6 +4,7 @@
 #include "BlueprintCreateOperation.h"
 #include "BlueprintGraphCreateOperation.h"
 #include "BlueprintGraphModifyOperation.h"
+#include "BlueprintModifyClassStructureOperation.h"
 #include "BlueprintReadOperations.h"
 #include "BlueprintRemoveOperation.h"
 #include "ToolAdapter.h"
@@ -43,6 +44,8 @@ constexpr FToolRow Rows[] = {
 		TEXT("Read a specific Blueprint macro with full details including macro graph with nodes, connections, inputs, and outputs")),
 	MakeRow<Morvane::ToolInfo::ToolName_ReadBlueprintWidgetTree, &FWidgetBlueprintWidgetTreeReadOperation::Execute>(EToolKind::Read, TEXT("widget_tree"), TEXT("{}"),
 		TEXT("Read Widget Blueprint widget tree. Returns widget_hierarchy (lightweight skeleton with names, classes, is_variable, and children structure) and optionally widgets dict with full details (properties, slots) for specific widget(s) if name parameter is provided.")),
+	MakeRow<Morvane::ToolInfo::ToolName_ModifyBlueprintClassStructure, &FBlueprintModifyClassStructureOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),
+		TEXT("Modifies Blueprint class structure including variables, components, interfaces, timelines, and delegates. This consolidated tool replaces the individual variable/component/interface/timeline/delegate modification tools.")),
 	MakeRow<Morvane::ToolInfo::ToolName_UIModifyWidgetBP, &FWidgetBlueprintModifyOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),
 		TEXT("Modify Widget Blueprint widget tree (add/modify/remove/reorder widgets with properties, slots, events) and animations (add/remove). Supports root widget replacement, nested widget hierarchies, slot layout properties (anchors, padding, alignment), widget property configuration, event node creation (OnClicked, OnPressed, etc.), and animation timeline management.")),
 	MakeRow<Morvane::ToolInfo::ToolName_BPPopulateGraph, &FBlueprintGraphModifyOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),

@@ -1,0 +1,222 @@
+#include "BlueprintModifyClassStructureOperation.h"
+
+#include "AssetOperationBase.h"
+#include "BlueprintCreateModifyRemoveUtils.h"
+#include "Dom/JsonObject.h"
+#include "Engine/Blueprint.h"
+#include "HAL/PlatformTime.h"
+#include "Operations/Frame/OperationFrame.h"
+#include "ToolInfo.h"
+#include "ToolResult.h"
+#include "Utils/Request/RequiredField.h"
+#include "Utils/Structure/StructureEntry.h"
+
+namespace ClassStructure
+{
+using namespace Morvane;
+using FValues = TArray<TSharedPtr<FJsonValue>>;
+using FUtils = FBlueprintCreateModifyRemoveUtils;
+
+/** One kind of member: the field that holds its entries, what is done with them, and what a call for it alone says. */
+struct FKind
+{
+	const TCHAR* Field;
+	/** Null where the field is an object keyed by name. */
+	bool (*RunList)(UBlueprint*, const FValues&, FToolResult&);
+	const TCHAR* Done;
+};
+
+constexpr FKind Variables{TEXT("variables"), nullptr, TEXT("Successfully modified variables in Blueprint: %s")};
+constexpr FKind Components{TEXT("components"), &FUtils::CreateModifyRemoveBlueprintComponent,
+	TEXT("Successfully modified components in Blueprint: %s")};
+constexpr FKind Interfaces{TEXT("interfaces"), &FUtils::CreateModifyRemoveBlueprintInterface,
+	TEXT("Successfully modified interfaces in Blueprint: %s")};
+constexpr FKind Timelines{TEXT("timelines"), &FUtils::CreateModifyRemoveBlueprintTimeline,
+	TEXT("Successfully created timelines in Blueprint: %s")};
+constexpr FKind Delegates{TEXT("delegates"), &FUtils::CreateModifyRemoveBlueprintDelegate,
+	TEXT("Successfully created delegates in Blueprint: %s")};
+
+/** Components may hold what variables describe, and delegates come last, as their names give way to all others. */
+constexpr const FKind* InOrder[] = {&Variables, &Components, &Interfaces, &Timelines, &Delegates};
+
+/** Null after an error in the result. */
+UBlueprint* Begin(const FJsonObject& Args, FToolResult& Result)
+{
+	FString Path;
+	if (!RequireStringField(Args, ToolInfo::FieldName_Path, Path, Result))
+	{
+		return nullptr;
+	}
+	UBlueprint* const Blueprint = OperationFrame::LoadForEdit(Path, Result);
+	if (Blueprint && !Blueprint->GeneratedClass.Get())
+	{
+		Result.AddErrorMessage(TEXT("Blueprint doesn't have a valid generated class."));
+		return nullptr;
+	}
+	return Blueprint;
+}
+
+/** The entries by name, from an object or from a list of objects that name themselves. Null when it is neither. */
+TSharedPtr<FJsonObject> ReadByName(const TSharedPtr<FJsonValue>& Value)
+{
+	if (const TSharedPtr<FJsonObject>& Object = Value->AsObject())
+	{
+		return Object;
+	}
+	if (Value->Type != EJson::Array)
+	{
+		return nullptr;
+	}
+	const TSharedPtr<FJsonObject> ByName = MakeShared<FJsonObject>();
+	for (const TSharedPtr<FJsonValue>& Element : Value->AsArray())
+	{
+		TSharedPtr<FJsonObject> Named;
+		FString Name;
+		if (!FStructureEntry::FindNamed(Element, Named, Name))
+		{
+			ByName->SetField(FString(), MakeShared<FJsonValueNull>());
+			continue;
+		}
+		const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>(*Named);
+		Entry->RemoveField(TEXT("name"));
+		ByName->SetObjectField(Name, Entry);
+	}
+	return ByName;
+}
+
+/** False when the routine says so, or after an error for a field that holds something else. */
+bool Run(const FKind& Kind, UBlueprint& Blueprint, const TSharedPtr<FJsonValue>& Value, FToolResult& Result)
+{
+	if (!Kind.RunList)
+	{
+		const TSharedPtr<FJsonObject> ByName = ReadByName(Value);
+		if (!ByName)
+		{
+			Result.AddErrorMessage(FString::Printf(TEXT("Field '%s' must be an object keyed by name"), Kind.Field));
+		}
+		return ByName && FUtils::CreateModifyRemoveBlueprintVariables(&Blueprint, *ByName, Result);
+	}
+	if (Value->Type == EJson::Array)
+	{
+		return Kind.RunList(&Blueprint, Value->AsArray(), Result);
+	}
+	TSharedPtr<FJsonObject> Single;
+	FString Name;
+	if (FStructureEntry::FindNamed(Value, Single, Name))
+	{
+		return Kind.RunList(&Blueprint, {Value}, Result);
+	}
+	Result.AddErrorMessage(FString::Printf(TEXT("Field '%s' must be an array of objects with a name"), Kind.Field));
+	return false;
+}
+
+TSharedPtr<FJsonValue> FindEntries(const FKind& Kind, const FJsonObject& Args)
+{
+	const TSharedPtr<FJsonValue> Value = Args.TryGetField(Kind.Field);
+	return Value && !Value->IsNull() ? Value : nullptr;
+}
+
+/** A call for one kind alone. */
+void ExecuteKind(const FKind& Kind, const FJsonObject& Args, FToolResult& Result)
+{
+	UBlueprint* const Blueprint = Begin(Args, Result);
+	if (!Blueprint)
+	{
+		return;
+	}
+	const TSharedPtr<FJsonValue> Entries = FindEntries(Kind, Args);
+	if (!Entries)
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), Kind.Field));
+		return;
+	}
+	if (Run(Kind, *Blueprint, Entries, Result) && FAssetOperationBase::SaveAsset(Blueprint, Result))
+	{
+		Result.AddSuccessMessage(
+			FString::Printf(Kind.Done, *FAssetOperationBase::GetAssetNameFromPath(Blueprint->GetPathName())));
+		Result.FinalizeModifications();
+	}
+}
+
+void SetDuration(double Start, FToolResult& Result)
+{
+	const TSharedPtr<FJsonObject> Telemetry = MakeShared<FJsonObject>();
+	Telemetry->SetNumberField(TEXT("duration_ms"), (FPlatformTime::Seconds() - Start) * 1000.0);
+	Result.SetData(TEXT("telemetry"), Telemetry);
+}
+
+/** A partly done batch is saved: what could be done stands, and the messages tell the rest. */
+void Finish(UBlueprint& Blueprint, bool bAllDone, FToolResult& Result)
+{
+	const FString Name = FAssetOperationBase::GetAssetNameFromPath(Blueprint.GetPathName());
+	const bool bSaved = FAssetOperationBase::SaveAsset(&Blueprint, Result);
+	if (bAllDone && bSaved)
+	{
+		Result.AddSuccessMessage(
+			FString::Printf(TEXT("Successfully modified class structure in Blueprint: %s"), *Name));
+	}
+	else if (!bAllDone)
+	{
+		Result.AddWarningMessage(
+			FString::Printf(TEXT("Some class structure modifications failed in Blueprint: %s"), *Name));
+	}
+	Result.FinalizeModifications();
+}
+} // namespace ClassStructure
+
+void FBlueprintVariableCreateModifyRemoveOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
+{
+	ClassStructure::ExecuteKind(ClassStructure::Variables, Args, Result);
+}
+
+void FBlueprintComponentCreateModifyRemoveOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
+{
+	ClassStructure::ExecuteKind(ClassStructure::Components, Args, Result);
+}
+
+void FBlueprintInterfaceCreateModifyRemoveOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
+{
+	ClassStructure::ExecuteKind(ClassStructure::Interfaces, Args, Result);
+}
+
+void FBlueprintTimelineCreateModifyRemoveOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
+{
+	ClassStructure::ExecuteKind(ClassStructure::Timelines, Args, Result);
+}
+
+void FBlueprintDelegateCreateModifyRemoveOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
+{
+	ClassStructure::ExecuteKind(ClassStructure::Delegates, Args, Result);
+}
+
+void FBlueprintModifyClassStructureOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
+{
+	using namespace ClassStructure;
+	const double Start = FPlatformTime::Seconds();
+	UBlueprint* const Blueprint = Begin(Args, Result);
+	if (!Blueprint)
+	{
+		return;
+	}
+	bool bAnyGiven = false;
+	bool bAllDone = true;
+	for (const FKind* const Kind : InOrder)
+	{
+		if (const TSharedPtr<FJsonValue> Entries = FindEntries(*Kind, Args))
+		{
+			bAnyGiven = true;
+			bAllDone &= Run(*Kind, *Blueprint, Entries, Result);
+		}
+	}
+	FStructureEntry(Args, TEXT("the call for"), Blueprint->GetName(), Result)
+		.WarnOfOtherKeys({Morvane::ToolInfo::FieldName_Path, Variables.Field, Components.Field, Interfaces.Field,
+			Timelines.Field, Delegates.Field});
+	if (!bAnyGiven)
+	{
+		Result.AddErrorMessage(
+			TEXT("At least one of variables, components, interfaces, timelines, or delegates must be provided"));
+		return;
+	}
+	SetDuration(Start, Result);
+	Finish(*Blueprint, bAllDone, Result);
+}

@@ -1,0 +1,349 @@
+// Components of a Blueprint's construction script: one batch. First what is added and modified, then what is removed,
+// then one compile.
+
+#include "AssetOperationBase.h"
+#include "BlueprintCreateModifyRemoveUtils.h"
+#include "BlueprintUtils.h"
+#include "Components/ActorComponent.h"
+#include "Engine/Blueprint.h"
+#include "Engine/SCS_Node.h"
+#include "Engine/SimpleConstructionScript.h"
+#include "GameFramework/Actor.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "ToolInfo.h"
+#include "ToolResult.h"
+#include "UObject/UnrealType.h"
+#include "Utils/Report/TrackedNames.h"
+#include "Utils/Structure/ComponentAttachment.h"
+#include "Utils/Structure/ComponentProperties.h"
+#include "Utils/Structure/MemberNodes.h"
+#include "Utils/Structure/StructureEntry.h"
+#include "Utils/Structure/StructureNames.h"
+
+namespace BlueprintComponents
+{
+using namespace Morvane;
+
+/** "PointLight" and the like are short for the component, unless a class has that name. Null when it is no component.
+ */
+UClass* FindComponentClass(const FString& Type)
+{
+	UClass* Class = FAssetOperationBase::GetAssetClassFromAssetName(Type);
+	Class = Class ? Class : FAssetOperationBase::GetAssetClassFromAssetName(Type + TEXT("Component"));
+	return Class && Class->IsChildOf(UActorComponent::StaticClass()) ? Class : nullptr;
+}
+
+class FBatch
+{
+public:
+	FBatch(UBlueprint& InBlueprint, FToolResult& InResult)
+		: Blueprint(InBlueprint)
+		, Script(*InBlueprint.SimpleConstructionScript)
+		, Result(InResult)
+	{
+		for (USCS_Node* const Node : Script.GetAllNodes())
+		{
+			Nodes.Add(Node->GetVariableName(), Node);
+		}
+	}
+
+	void Run(const TArray<TSharedPtr<FJsonValue>>& Components)
+	{
+		TArray<FString> Removals;
+		for (const TSharedPtr<FJsonValue>& Value : Components)
+		{
+			TSharedPtr<FJsonObject> Json;
+			FString Name;
+			if (!FStructureEntry::FindNamed(Value, Json, Name))
+			{
+				Result.AddWarningMessage(TEXT("Component entry missing 'name' field."));
+				continue;
+			}
+			const FStructureEntry Entry(*Json, TEXT("component"), Name, Result);
+			const TOptional<EBPNodeAction> Action = Entry.ReadAction(EBPNodeAction::Add);
+			if (Action == EBPNodeAction::Remove)
+			{
+				Removals.Add(Name);
+			}
+			else if (Action)
+			{
+				AddOrModify(Name, Entry, *Action == EBPNodeAction::Add);
+			}
+		}
+		for (const FString& Name : Removals)
+		{
+			Remove(Name);
+		}
+		Finish();
+	}
+
+private:
+	USCS_Node* Find(const FString& Name) const { return Nodes.FindRef(FName(*Name)); }
+
+	/** The stand-in for a root comes and goes with the other scene components. */
+	void SettleStandIn()
+	{
+		USCS_Node* const StandIn = Script.GetDefaultSceneRootNode();
+		if (StandIn && Script.GetRootNodes().Contains(StandIn))
+		{
+			Nodes.Add(StandIn->GetVariableName(), StandIn);
+		}
+		else if (StandIn)
+		{
+			Nodes.Remove(StandIn->GetVariableName());
+		}
+	}
+
+	void AddOrModify(const FString& Name, const FStructureEntry& Entry, bool bAdd)
+	{
+		SettleStandIn();
+		USCS_Node* const Node = Find(Name);
+		if (bAdd && Node)
+		{
+			Result.AddWarningMessage(FString::Printf(TEXT("Component '%s' already exists, cannot add"), *Name));
+		}
+		else if (bAdd)
+		{
+			Add(Name, Entry);
+		}
+		else if (Node)
+		{
+			Modify(Name, *Node, Entry);
+		}
+		else
+		{
+			RefuseModify(Name);
+		}
+	}
+
+	/** A component of a parent is changed there: its template belongs to the parent. */
+	void RefuseModify(const FString& Name)
+	{
+		const FName Wanted(*Name);
+		for (const USCS_Node* const Node : FBlueprintUtils::GetBlueprintComponentsFromSCS(&Blueprint))
+		{
+			if (Node->GetVariableName() == Wanted)
+			{
+				RefuseInherited(Name, Node->GetSCS()->GetOwnerClass());
+				return;
+			}
+		}
+		UClass* const Parent = Blueprint.ParentClass.Get();
+		const FProperty* const Property = Parent ? Parent->FindPropertyByName(Wanted) : nullptr;
+		const AActor* const Default = Parent ? Cast<AActor>(Parent->GetDefaultObject()) : nullptr;
+		TArray<UActorComponent*> Native;
+		if (Default)
+		{
+			Default->GetComponents(Native);
+		}
+		const bool bNative = Native.ContainsByPredicate(
+			[Wanted](const UActorComponent* Component) { return Component->GetFName() == Wanted; });
+		if (bNative || Property)
+		{
+			RefuseInherited(Name, Property ? Property->GetOwnerClass() : Parent);
+			return;
+		}
+		Result.AddWarningMessage(FString::Printf(TEXT("Component '%s' not found for modification"), *Name));
+	}
+
+	void RefuseInherited(const FString& Name, const UClass* Owner)
+	{
+		Result.AddWarningMessage(
+			FString::Printf(TEXT("Component '%s' is inherited from '%s' and can only be modified there"), *Name,
+				Owner ? *Owner->GetName() : TEXT("the parent class")));
+	}
+
+	/** Null after a warning. */
+	UClass* ReadClass(const FString& Name, const FString& Type)
+	{
+		UClass* const Class = FindComponentClass(Type);
+		if (!Class)
+		{
+			Result.AddWarningMessage(FString::Printf(TEXT("Invalid component class: %s"), *Type));
+			return nullptr;
+		}
+		if (Class->HasAnyClassFlags(CLASS_Abstract))
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT("Invalid component class: %s (it is abstract; use a class derived from it)"), *Type));
+			return nullptr;
+		}
+		return Class;
+	}
+
+	void Add(const FString& Name, const FStructureEntry& Entry)
+	{
+		const TOptional<FString> Type = Entry.ReadString(TEXT("type"));
+		if (!Type)
+		{
+			Result.AddWarningMessage(
+				FString::Printf(TEXT("Component '%s' with 'Add' action missing 'type' field."), *Name));
+			return;
+		}
+		if (!FBlueprintUtils::VerifyBlueprintVariableName(&Blueprint, Name, Result)
+			|| !StructureNames::VerifyObjectName(Name, Result))
+		{
+			return;
+		}
+		UClass* const Class = ReadClass(Name, *Type);
+		if (!Class)
+		{
+			return;
+		}
+		USCS_Node* const Node = Script.CreateNode(Class, FName(*Name));
+		if (!Node || !Node->ComponentTemplate)
+		{
+			Result.AddWarningMessage(FString::Printf(TEXT("Failed to create component: %s"), *Name));
+			return;
+		}
+		Script.Modify();
+		if (const TSharedPtr<FJsonObject> Properties = Entry.ReadObject(TEXT("properties")))
+		{
+			ComponentProperties::Apply(*Node->ComponentTemplate, Name, *Properties, Result);
+		}
+		const TOptional<FString> ParentName = Entry.ReadString(TEXT("attach_to"));
+		USCS_Node* const Parent = ParentName ? Find(*ParentName) : nullptr;
+		ComponentAttachment::AddNode(Blueprint, *Node, Parent);
+		Nodes.Add(Node->GetVariableName(), Node);
+		Result.AddSuccessMessage(FString::Printf(TEXT("Created new component: %s of type %s"), *Name, **Type));
+		if (Parent && ComponentAttachment::CanHang(*Node, *Parent))
+		{
+			Result.AddSuccessMessage(
+				FString::Printf(TEXT("Attached existing component '%s' to parent '%s'"), *Name, **ParentName));
+		}
+		else if (ParentName)
+		{
+			ComponentAttachment::Attach(Blueprint, *Node, Parent, *ParentName, Result);
+		}
+		WarnOfOtherKeys(Entry);
+		Changed.Add(Name);
+	}
+
+	void Modify(const FString& Name, USCS_Node& Node, const FStructureEntry& Entry)
+	{
+		WarnOfOtherKeys(Entry);
+		bool bChanged = false;
+		const TSharedPtr<FJsonObject> Properties = Entry.ReadObject(TEXT("properties"));
+		if (Properties && Node.ComponentTemplate)
+		{
+			bChanged = ComponentProperties::Apply(*Node.ComponentTemplate, Name, *Properties, Result);
+		}
+		const TOptional<FString> Type = Entry.ReadString(TEXT("type"));
+		if (Type && FindComponentClass(*Type) != Node.ComponentClass.Get())
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT("Component '%s' is of class %s and keeps it; remove it and add it again for another"), *Name,
+				*Node.ComponentClass.Get()->GetName()));
+		}
+		if (const TOptional<FString> ParentName = Entry.ReadString(TEXT("attach_to")))
+		{
+			bChanged |= ComponentAttachment::Attach(Blueprint, Node, Find(*ParentName), *ParentName, Result);
+		}
+		if (!bChanged)
+		{
+			Result.AddSuccessMessage(FString::Printf(TEXT("No changes made to component: %s"), *Name));
+			return;
+		}
+		Result.AddSuccessMessage(FString::Printf(TEXT("Modified existing component: %s"), *Name));
+		Changed.Add(Node.GetVariableName().ToString());
+	}
+
+	static void WarnOfOtherKeys(const FStructureEntry& Entry)
+	{
+		Entry.WarnOfOtherKeys({TEXT("name"), TEXT("action"), TEXT("type"), TEXT("properties"), TEXT("attach_to")});
+	}
+
+	void Remove(const FString& Name)
+	{
+		SettleStandIn();
+		USCS_Node* const Node = Find(Name);
+		if (!Node)
+		{
+			ReportMissing(Name);
+			return;
+		}
+		if (Node == Script.GetDefaultSceneRootNode() && Node->GetChildNodes().IsEmpty())
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT("Component '%s' stands in for a root and stays until another scene component takes its place"),
+				*Name));
+			return;
+		}
+		if (!Node->GetChildNodes().IsEmpty())
+		{
+			Result.AddWarningMessage(
+				FString::Printf(TEXT("Warning: Removing component '%s' will affect %d attached children."), *Name,
+					Node->GetChildNodes().Num()));
+		}
+		TArray<USCS_Node*> Gone = Node->GetAllChildNodes();
+		Gone.Insert(Node, 0);
+		Script.RemoveNode(Node);
+		for (USCS_Node* const Each : Gone)
+		{
+			Forget(*Each, Each != Node);
+		}
+		Result.AddSuccessMessage(FString::Printf(TEXT("Removed component: %s"), *Name));
+	}
+
+	/** What hung below a removed component went with it. */
+	void Forget(const USCS_Node& Node, bool bWithParent)
+	{
+		const FName Variable = Node.GetVariableName();
+		MemberNodes::Remove(Blueprint, Variable, FString::Printf(TEXT("component '%s'"), *Variable.ToString()), Result);
+		Nodes.Remove(Variable);
+		Changed.Add(Variable.ToString());
+		if (bWithParent)
+		{
+			GoneWithParent.Add(Variable);
+			Result.AddWarningMessage(FString::Printf(
+				TEXT("Component '%s' was removed with the component that it hung on"), *Variable.ToString()));
+		}
+	}
+
+	void ReportMissing(const FString& Name)
+	{
+		if (GoneWithParent.Contains(FName(*Name)))
+		{
+			Result.AddSuccessMessage(FString::Printf(TEXT("Removed component: %s"), *Name));
+			return;
+		}
+		Result.AddWarningMessage(FString::Printf(TEXT("Component not found for removal: %s"), *Name));
+	}
+
+	void Finish()
+	{
+		if (!Changed.IsEmpty())
+		{
+			Blueprint.MarkPackageDirty();
+			FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
+		}
+		FBlueprintUtils::CompileBlueprint(&Blueprint, false);
+		TrackNames(ToolInfo::ToolName_ReadBlueprintComponent, Blueprint.GetPathName(),
+			ToolInfo::FieldName_ComponentName, Changed, Result);
+	}
+
+	UBlueprint& Blueprint;
+	USimpleConstructionScript& Script;
+	FToolResult& Result;
+	TMap<FName, USCS_Node*> Nodes;
+	TSet<FName> GoneWithParent;
+	TArray<FString> Changed;
+};
+} // namespace BlueprintComponents
+
+bool FBlueprintCreateModifyRemoveUtils::CreateModifyRemoveBlueprintComponent(
+	UBlueprint* Blueprint, const TArray<TSharedPtr<FJsonValue>>& Components, Morvane::FToolResult& Result)
+{
+	if (!Blueprint)
+	{
+		Result.AddErrorMessage(TEXT("Invalid Blueprint provided."));
+		return false;
+	}
+	if (!Blueprint->SimpleConstructionScript)
+	{
+		Result.AddErrorMessage(TEXT("Blueprint does not have a SimpleConstructionScript."));
+		return false;
+	}
+	BlueprintComponents::FBatch(*Blueprint, Result).Run(Components);
+	return true;
+}

@@ -1,0 +1,78 @@
+#include "Utils/Structure/MemberNodes.h"
+
+#include "BlueprintNodeUtils.h"
+#include "EdGraph/EdGraph.h"
+#include "Engine/Blueprint.h"
+#include "K2Node_BaseMCDelegate.h"
+#include "K2Node_ComponentBoundEvent.h"
+#include "K2Node_Variable.h"
+#include "Kismet2/BlueprintEditorUtils.h"
+#include "ToolResult.h"
+
+namespace MemberNodes
+{
+namespace
+{
+FString Describe(const UEdGraphNode& Node)
+{
+	return FString::Printf(TEXT("'%s' in graph '%s' (NodeID: %s)"), *FBlueprintNodeUtils::GetFullTitle(&Node),
+		*Node.GetGraph()->GetName(), *FBlueprintNodeUtils::GetShortNodeId(&Node));
+}
+
+TArray<FString> DescribeUsers(const UBlueprint& Blueprint, TFunctionRef<bool(const UEdGraphNode&)> Uses)
+{
+	TArray<FString> Users;
+	TArray<UEdGraph*> Graphs;
+	Blueprint.GetAllGraphs(Graphs);
+	for (const UEdGraph* const Graph : Graphs)
+	{
+		for (const UEdGraphNode* const Node : Graph->Nodes)
+		{
+			if (Node && Uses(*Node))
+			{
+				Users.Add(Describe(*Node));
+			}
+		}
+	}
+	return Users;
+}
+} // namespace
+
+void Remove(UBlueprint& Blueprint, FName Member, const FString& What, Morvane::FToolResult& Result)
+{
+	UClass* const Self = Blueprint.GeneratedClass.Get();
+	const TArray<FString> Users = DescribeUsers(Blueprint,
+		[Member, Self](const UEdGraphNode& Node)
+		{
+			const UK2Node_Variable* const Access = Cast<UK2Node_Variable>(&Node);
+			const UK2Node_ComponentBoundEvent* const Event = Cast<UK2Node_ComponentBoundEvent>(&Node);
+			return (Event && Event->GetComponentPropertyName() == Member)
+				|| (Access && Access->GetVarName() == Member && !Access->VariableReference.IsLocalScope()
+					&& Access->VariableReference.GetMemberParentClass(Self) == Self);
+		});
+	FBlueprintEditorUtils::RemoveVariableNodes(&Blueprint, Member);
+	if (!Users.IsEmpty())
+	{
+		Result.AddWarningMessage(FString::Printf(TEXT("%d node(s) about %s were removed with it: %s"), Users.Num(),
+			*What, *FString::Join(Users, TEXT(", "))));
+	}
+}
+
+void WarnOfDispatcherNodes(UBlueprint& Blueprint, FName Dispatcher, Morvane::FToolResult& Result)
+{
+	UClass* const Self = Blueprint.GeneratedClass.Get();
+	const TArray<FString> Users = DescribeUsers(Blueprint,
+		[Dispatcher, Self](const UEdGraphNode& Node)
+		{
+			const UK2Node_BaseMCDelegate* const User = Cast<UK2Node_BaseMCDelegate>(&Node);
+			return User && User->DelegateReference.GetMemberName() == Dispatcher
+				&& User->DelegateReference.GetMemberParentClass(Self) == Self;
+		});
+	if (!Users.IsEmpty())
+	{
+		Result.AddWarningMessage(FString::Printf(
+			TEXT("%d node(s) still refer to delegate '%s', which is gone, and have to be removed too: %s"), Users.Num(),
+			*Dispatcher.ToString(), *FString::Join(Users, TEXT(", "))));
+	}
+}
+} // namespace MemberNodes
