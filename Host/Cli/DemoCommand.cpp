@@ -76,7 +76,8 @@ std::string Sentences(const FJsonObject& Result, const TCHAR* Name, const std::s
 	return Text;
 }
 
-/** The ids that nodes were given, by the names under which a request asked for them. */
+/** The ids that nodes were given, by the names under which a request asked for them, and by the titles that a call
+ * shows for nodes that it made by itself. */
 class FNodeIds
 {
 public:
@@ -85,6 +86,11 @@ public:
 	{
 		const TSharedPtr<FJsonValue> Result = Parse(Outcome.ResultJson);
 		const TSharedPtr<FJsonObject> Data = Result ? Result->AsObject()->GetObjectField(TEXT("data")) : nullptr;
+		for (const TSharedPtr<FJsonValue>& Modification :
+			Result ? Result->AsObject()->GetArrayField(TEXT("modifications")) : TArray<TSharedPtr<FJsonValue>>())
+		{
+			LearnTitles(Modification);
+		}
 		FString Created;
 		if (!Data || !Data->TryGetStringField(TEXT("created_nodes_summary"), Created))
 		{
@@ -113,6 +119,30 @@ public:
 	}
 
 private:
+	/** From every node in the value, at any depth. */
+	void LearnTitles(const TSharedPtr<FJsonValue>& Value)
+	{
+		for (const TSharedPtr<FJsonValue>& Element : Value->AsArray())
+		{
+			LearnTitles(Element);
+		}
+		const TSharedPtr<FJsonObject>& Object = Value->AsObject();
+		FString Title;
+		FString Id;
+		if (Object && Object->TryGetStringField(TEXT("full_title"), Title)
+			&& Object->TryGetStringField(TEXT("node_guid"), Id))
+		{
+			Ids[ToUtf8(Title)] = ToUtf8(Id);
+		}
+		else if (Object)
+		{
+			for (const auto& Pair : Object->Values)
+			{
+				LearnTitles(Pair.Value);
+			}
+		}
+	}
+
 	std::map<std::string, std::string> Ids;
 };
 

@@ -1,8 +1,23 @@
 #include "Cli/DemoSteps.h"
 
+namespace
+{
+using FSteps = std::vector<FDemoStep>;
+
+/** Each area has its own list; the stories follow one another. */
+FSteps JoinSteps(FSteps Steps, std::initializer_list<const FSteps*> More)
+{
+	for (const FSteps* const List : More)
+	{
+		Steps.insert(Steps.end(), List->begin(), List->end());
+	}
+	return Steps;
+}
+} // namespace
+
 const std::vector<FDemoStep>& GetDemoSteps()
 {
-	static const std::vector<FDemoStep> Steps = {
+	static const FSteps DoorSteps = {
 		{"A plain Blueprint, derived from Actor", "bp_create_asset",
 			R"({"path": "/Game/Doors/BP_Door",
   "blueprint_parent_class": {"type": "native", "parent_path": "/Script/Engine.Actor"}})"},
@@ -57,5 +72,6 @@ const std::vector<FDemoStep>& GetDemoSteps()
 		{"Read the whole door", "read_blueprint_schema", R"({"path": "/Game/Doors/BP_Door"})"},
 		{"Delete the heavy door", "delete_blueprint", R"({"path": "/Game/Doors/BP_HeavyDoor"})"},
 	};
+	static const FSteps Steps = JoinSteps(DoorSteps, {&GetDemoWidgetSteps()});
 	return Steps;
 }

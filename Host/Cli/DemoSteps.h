@@ -9,7 +9,8 @@ struct FDemoStep
 	/** What is going on, for the person who watches. */
 	std::string_view Story;
 	std::string_view Tool;
-	/** JSON. "$wait" stands for the id of the node that an earlier call asked for as "wait". */
+	/** JSON. "$wait" stands for the id of the node that an earlier call asked for as "wait", "$On Clicked (Play)" for
+	 * that of one that an earlier call showed under this title. */
 	std::string_view Arguments;
 };
 
@@ -18,3 +19,6 @@ struct FDemoStep
  * repaired, a compile, a look, a clean-up.
  */
 const std::vector<FDemoStep>& GetDemoSteps();
+
+/** Two widgets: a health bar whose text a function sets, and a main menu whose button opens a level. */
+const std::vector<FDemoStep>& GetDemoWidgetSteps();

@@ -172,7 +172,7 @@ constexpr std::string_view Connection = R"json({
 
 constexpr std::string_view WidgetProperties = R"json({
 	"type": "object",
-	"description": "Properties of the widget by name: {\"Text\":\"Start\",\"ColorAndOpacity\":{\"R\":1,\"G\":1,\"B\":1,\"A\":1},\"Font.Size\":24,\"Visibility\":\"Hidden\"}. Colors, margins and 2D vectors may be objects; one level into any other struct goes by a dot; else the text form, such as (X=1.0,Y=2.0)."
+	"description": "Properties of the widget by name: {\"Text\":\"Start\",\"ColorAndOpacity\":{\"R\":1,\"G\":1,\"B\":1,\"A\":1},\"Font.Size\":24,\"Visibility\":\"Hidden\"}. Structs may be objects with the members to set, in any depth: {\"Brush\":{\"TintColor\":{\"R\":1}}}; one level into a struct also goes by a dot; else the text form, such as (X=1.0,Y=2.0). Enums take the value's name, lists their text: (\"a\",\"b\")."
 })json";
 
 constexpr std::array<std::pair<std::string_view, std::string_view>, 7> Types = {{

@@ -9,6 +9,7 @@
 #include "Misc/Paths.h"
 #include "Spawning/SpawnAttempt.h"
 #include "ToolResult.h"
+#include "UObject/UnrealType.h"
 #include "Utils/Asset/SafeObjectLoad.h"
 #include "Utils/Report/GraphTelemetry.h"
 
@@ -16,6 +17,14 @@
 
 namespace SpawnVariableRoad
 {
+/** Components, widgets, animations and timelines are variables of the class, too, and are in no list of variables. */
+bool IsDeclaredElsewhere(const UBlueprint& Blueprint, FName Name)
+{
+	const UClass* const Class = FBlueprintEditorUtils::GetMostUpToDateClass(Blueprint.GeneratedClass);
+	const FObjectProperty* const Property = Class ? FindFProperty<FObjectProperty>(Class, Name) : nullptr;
+	return Property && UBlueprint::GetBlueprintFromClass(Property->GetOwnerClass());
+}
+
 /** What an agent may have meant by a class path under which there is nothing. */
 struct FSuggestion
 {
@@ -124,7 +133,8 @@ UEdGraphNode* FSpawnAttempt::SpawnVariable()
 UEdGraphNode* FSpawnAttempt::SpawnOwnVariable()
 {
 	const FString Name = Record.GetMetadata(TEXT("variable_name"));
-	if (!FBlueprintEditorUtils::FindMemberVariableGuidByName(&Blueprint, FName(*Name)).IsValid())
+	if (!FBlueprintEditorUtils::FindMemberVariableGuidByName(&Blueprint, FName(*Name)).IsValid()
+		&& !SpawnVariableRoad::IsDeclaredElsewhere(Blueprint, FName(*Name)))
 	{
 		// The tool is named twice: agents know this sentence as it is.
 		return Fail(FString::Printf(

@@ -1,12 +1,14 @@
 // Member variables of a Blueprint and of those above it.
 
 #include "AssetOperationBase.h"
+#include "Blueprint/WidgetTree.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Read/ReadItems.h"
+#include "WidgetBlueprint.h"
 
 namespace ReadVariables
 {
@@ -44,6 +46,25 @@ TSharedPtr<FJsonObject> MakeReplication(const FBPVariableDescription& Variable)
 	return Replication;
 }
 
+/**
+ * The description of a variable that stands for a widget of the tree; false for any other property. The tree declares
+ * it, so that the overview of variables has no word of it, but a read that asks for it by name finds it.
+ */
+bool DescribeWidgetVariable(const FReadSection& Section, const FProperty& Property, FBPVariableDescription& Out)
+{
+	const UWidgetBlueprint* const WidgetBlueprint = Cast<UWidgetBlueprint>(&Section.Blueprint);
+	const UWidgetTree* const Tree = Section.bFull && WidgetBlueprint ? WidgetBlueprint->WidgetTree.Get() : nullptr;
+	const UWidget* const Widget = Tree ? Tree->FindWidget(Property.GetFName()) : nullptr;
+	if (!Widget || !Widget->bIsVariable)
+	{
+		return false;
+	}
+	Out.VarName = Property.GetFName();
+	Out.PropertyFlags = Property.GetPropertyFlags() | CPF_DisableEditOnInstance;
+	Out.Category = FText::FromString(Section.Blueprint.GetName());
+	return true;
+}
+
 void AddVariable(FReadSection& Section, const FString& Name, const FBPVariableDescription& Variable,
 	const FEdGraphPinType& Type, const FString& DefaultValue)
 {
@@ -78,7 +99,12 @@ void ReadSections::AddVariables(FReadSection& Section)
 	const UObject* const Default = Section.Class.GetDefaultObject();
 	for (TFieldIterator<FProperty> It(&Section.Class, EFieldIteratorFlags::IncludeSuper); It; ++It)
 	{
-		const FBPVariableDescription* const Variable = ReadVariables::FindDescription(Blueprints, It->GetFName());
+		const FBPVariableDescription* Variable = ReadVariables::FindDescription(Blueprints, It->GetFName());
+		FBPVariableDescription Widget;
+		if (!Variable && ReadVariables::DescribeWidgetVariable(Section, **It, Widget))
+		{
+			Variable = &Widget;
+		}
 		if (Variable && Section.Stands(It->GetName()))
 		{
 			FEdGraphPinType Type;

@@ -1,5 +1,6 @@
 #include "Utils/Widget/JsonPropertyValue.h"
 
+#include "AssetOperationBase.h"
 #include "UObject/UnrealType.h"
 
 #include <new>
@@ -70,6 +71,7 @@ bool ToEnumeratorName(const UEnum& Enum, const FString& Text, FString& OutName)
 {
 	const FString Word = Text.TrimStartAndEnd();
 	int32 Index = FindEnumerator(Enum, Word);
+	Index = Index == INDEX_NONE ? FindEnumerator(Enum, Word.Replace(TEXT(" "), TEXT(""))) : Index;
 	if (Index == INDEX_NONE && Word.IsNumeric() && !Word.Contains(TEXT(".")))
 	{
 		Index = Enum.GetIndexByValue(FCString::Atoi64(*Word));
@@ -111,26 +113,54 @@ FString ToImportText(const FProperty& Property, const FString& Text)
 	return bPlainColor ? TEXT("(SpecifiedColor=") + Text + TEXT(",ColorUseRule=UseColor_Specified)") : Text;
 }
 
+/** The full path of what an author names by asset path or name alone; empty when the property refers to nothing. */
+FString ToReference(const FProperty& Property, const FString& Text)
+{
+	if (Property.IsA<FClassProperty>())
+	{
+		const UClass* const Class = FAssetOperationBase::GetAssetClassFromAssetName(Text);
+		return Class ? Class->GetPathName() : FString();
+	}
+	if (!Property.IsA<FObjectProperty>() || !Text.Contains(TEXT("/")))
+	{
+		return FString();
+	}
+	const FString Package = FAssetOperationBase::NormalizeAssetPath(Text);
+	return Package + TEXT(".") + FAssetOperationBase::GetAssetNameFromPath(Package);
+}
+
+bool ImportAll(const FProperty& Property, const FString& Text, void* Value, UObject& Owner)
+{
+	const TCHAR* End = Property.ImportText_Direct(*Text, Value, &Owner, PPF_None, nullptr);
+	while (End && FChar::IsWhitespace(*End))
+	{
+		++End;
+	}
+	return End && *End == TEXT('\0');
+}
+
 bool ImportWhole(const FProperty& Property, const FString& Text, void* Value, UObject& Owner)
 {
 	if (const UEnum* const Enum = GetEnum(Property))
 	{
 		FString Name;
-		return ToEnumeratorName(*Enum, Text, Name)
-			&& Property.ImportText_Direct(*Name, Value, &Owner, PPF_None, nullptr);
+		return ToEnumeratorName(*Enum, Text, Name) && ImportAll(Property, Name, Value, Owner);
+	}
+	if (Property.IsA<FNameProperty>() && Text.Len() >= NAME_SIZE)
+	{
+		return false;
 	}
 	if (Text.IsEmpty() && !IsPlainText(Property))
 	{
 		Property.ClearValue(Value);
 		return true;
 	}
-	const FString Import = ToImportText(Property, Text);
-	const TCHAR* End = Property.ImportText_Direct(*Import, Value, &Owner, PPF_None, nullptr);
-	while (End && FChar::IsWhitespace(*End))
+	if (ImportAll(Property, ToImportText(Property, Text), Value, Owner))
 	{
-		++End;
+		return true;
 	}
-	return End && *End == TEXT('\0');
+	const FString Reference = ToReference(Property, Text);
+	return !Reference.IsEmpty() && ImportAll(Property, Reference, Value, Owner);
 }
 
 EOutcome WriteValue(const FProperty& Property, const TSharedPtr<FJsonValue>& Value, void* Target, UObject& Owner);

@@ -238,7 +238,7 @@ private:
 		if (!Panel)
 		{
 			Result.AddErrorMessage(
-				FString::Printf(TEXT("Parent widget '%s' is a %s, which is no panel and cannot hold children"),
+				FString::Printf(TEXT("Parent widget '%s' of class '%s' is no panel and cannot hold children"),
 					*Parent.GetName(), *Parent.GetClass()->GetName()));
 		}
 		return Panel;

@@ -59,7 +59,7 @@ bool CheckRoom(const UPanelWidget& Parent, const FString& Name, const UWidget* M
 	const UWidget* const Held = Parent.GetChildAt(0);
 	Result.AddErrorMessage(FString::Printf(
 		TEXT(
-			"Widget '%s' cannot be placed in '%s': a %s holds one child and has '%s'. Give it a panel as its child, or remove that one first."),
+			"Widget '%s' cannot be placed in '%s' of class '%s', which holds one child and has '%s'. Give it a panel as its child, or remove that one first."),
 		*Name, *Parent.GetName(), *Parent.GetClass()->GetName(), Held ? *Held->GetName() : TEXT("None")));
 	return false;
 }
@@ -99,7 +99,7 @@ void ReplaceRoot(UWidgetTree& Tree, UWidget& NewRoot, Morvane::FToolResult& Resu
 	{
 		Changes.Removed.Append(Lost);
 		Result.AddWarningMessage(FString::Printf(
-			TEXT("The new root '%s' is a %s and cannot hold all that the old root '%s' held. Lost: %s"),
+			TEXT("The new root '%s' of class '%s' cannot hold all that the old root '%s' held. Lost: %s"),
 			*NewRoot.GetName(), *NewRoot.GetClass()->GetName(), *OldRoot->GetName(), *FString::Join(Lost, TEXT(", "))));
 	}
 }
