@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 
 #include <CLI/CLI.hpp>
@@ -40,6 +41,17 @@ void AddSharedOptions(CLI::App& App, FHostOptions& Options)
 	App.add_flag("--pretty", Options.bPretty, "Print results on several lines");
 }
 
+/** A result that did not reach its reader is no success, whatever the tool did. */
+EExitStatus AfterOutput(const EExitStatus Status, const FResultOutput& Output)
+{
+	if (Output.GetError() == 0)
+	{
+		return Status;
+	}
+	Complain(std::string("The result could not be written: ") + std::strerror(Output.GetError()));
+	return Status == EExitStatus::Succeeded ? EExitStatus::Failed : Status;
+}
+
 /** Help and version are no faults. They are not results either, but a person who asks for them reads standard output.
  */
 int ExplainParse(CLI::App& App, const CLI::ParseError& Error, const FResultOutput& Output)
@@ -53,7 +65,7 @@ int ExplainParse(CLI::App& App, const CLI::ParseError& Error, const FResultOutpu
 			Text.pop_back();
 		}
 		Output.WriteLine(Text);
-		return static_cast<int>(EExitStatus::Succeeded);
+		return static_cast<int>(AfterOutput(EExitStatus::Succeeded, Output));
 	}
 	Complain(std::string(Error.what()) + "\nRun with --help for more information.");
 	return static_cast<int>(EExitStatus::Misused);
@@ -103,5 +115,6 @@ int RunCommandLine(
 	{
 		return CommandLinePrivate::ExplainParse(App, Error, Output);
 	}
-	return static_cast<int>(CommandLinePrivate::RunChosen(Entries, {Options, Output, MakeToolHost}));
+	const EExitStatus Status = CommandLinePrivate::RunChosen(Entries, {Options, Output, MakeToolHost});
+	return static_cast<int>(CommandLinePrivate::AfterOutput(Status, Output));
 }

@@ -45,7 +45,8 @@ public:
 			"SCRIPT", Script, R"(File with one {"tool": ..., "arguments": {...}} a line, - for standard input)");
 	}
 
-	/** A failed call does not end the script. */
+	/** A failed call does not end the script, but a result that cannot be written does: nobody would know of the rest.
+	 */
 	EExitStatus Run(const FCommandContext& Context) override
 	{
 		const std::optional<std::string> Text = ReadInput(Script);
@@ -61,7 +62,14 @@ public:
 			Context.Print(Outcome.ResultJson);
 		};
 		FLineReader Lines(
-			MaxMessageBytes, [&](const std::string_view Line) { Report(RunCommandPrivate::RunLine(*Tools, Line)); },
+			MaxMessageBytes,
+			[&](const std::string_view Line)
+			{
+				if (Context.Output.GetError() == 0)
+				{
+					Report(RunCommandPrivate::RunLine(*Tools, Line));
+				}
+			},
 			[&] { Report(RunCommandPrivate::Fail("The line is too long")); });
 		Lines.Feed(*Text);
 		Lines.Finish();

@@ -70,6 +70,36 @@ void TellUnread(const std::string_view Name, const std::string_view Json, Morvan
 		ArgumentCheck::AddWarnings(Name, *Arguments, Result);
 	}
 }
+
+/**
+ * Other programs work on the same files: a checkout, a second editor. What they changed is read afresh by this call,
+ * without a word; what went missing or cannot be taken in is told.
+ */
+void TakeInForeignChanges(Morvane::FToolResult& Result)
+{
+	for (const FPackageText::FForeignChange& Change : FPackageText::TakeInForeignChanges())
+	{
+		if (!Change.HeldBy.IsEmpty())
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT(
+					"'%s' is shown as it was: another program has changed %s, but '%s', which uses it, stands changed in memory. It is read afresh once that is saved."),
+				*Change.PackageName, *Change.Filename, *Change.HeldBy));
+		}
+		else if (Change.bDeleted)
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT("'%s' is gone: another program has deleted %s."), *Change.PackageName, *Change.Filename));
+		}
+		else if (Change.bDroppedChanges)
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT(
+					"'%s' is read afresh, as another program has changed %s; what stood changed in memory and could not be saved is dropped."),
+				*Change.PackageName, *Change.Filename));
+		}
+	}
+}
 } // namespace EditorSessionPrivate
 
 FEditorSession::FEditorSession(const FHostOptions& InOptions)
@@ -118,6 +148,7 @@ FToolOutcome FEditorSession::CallTool(const std::string_view Name, const std::st
 		Result->AddErrorMessage(Error);
 		return {ResultObject::Write(*Result, UnsavedPackages::List()), false};
 	}
+	EditorSessionPrivate::TakeInForeignChanges(*Result);
 	FMissingObjects::LoadAndBind();
 	const Morvane::FToolCommand Command(
 		CommandId, ToolName, EditorSessionPrivate::ReadArguments(ArgumentsJson, *Result));
@@ -155,7 +186,7 @@ bool FEditorSession::OpenProject(FString& OutError)
 {
 	if (FProject::IsOpen())
 	{
-		return true;
+		return FProject::KeepLock(OutError);
 	}
 	EditorModules::StartEditor();
 	if (!EditorSessionPrivate::EnsureFolder(ProjectDir, OutError) || !FProject::Open(ProjectDir, OutError))

@@ -13,11 +13,14 @@ class FResultOutput
 public:
 	FResultOutput();
 
-	/** False when the reader has gone or the disk is full. */
+	/** False when the reader has gone, the disk is full or standard output was closed from the start. */
 	bool WriteLine(std::string_view Line) const;
+	/** The system's number for why a line could not be written; 0 as long as all could. */
+	int GetError() const { return ErrorNumber; }
 
 	int GetDescriptor() const { return Output.Get(); }
 
 private:
 	FFileDescriptor Output;
+	mutable int ErrorNumber = 0;
 };

@@ -8,6 +8,8 @@
 
 #include "Cli/CommandLine.h"
 #include "Host/FakeToolHost.h"
+#include "Host/Process.h"
+#include "Support/TemporaryFolder.h"
 
 namespace CommandLineTest
 {
@@ -181,4 +183,57 @@ TEST(CommandLine, ScriptGoesOnAfterAFailure)
 			+ CommandLineTest::EmptySuccess);
 	const std::string Good = CommandLineTest::WriteFile("good.jsonl", "{\"tool\":\"echo\"}\n");
 	EXPECT_EQ(CommandLineTest::Run({"run", Good}).Status, 0);
+}
+
+namespace CommandLineTest
+{
+/** The status of the program when a shell redirects it, and what it says on standard error. */
+FProcessResult RunShell(const std::string& Words)
+{
+	FProcessResult Result;
+	const std::string Command = GetMorvanePath() + " " + Words;
+	FILE* const Pipe = popen(("{ " + Command + " ; } 2>&1").c_str(), "r");
+	char Buffer[4096];
+	while (const size_t Count = fread(Buffer, 1, sizeof(Buffer), Pipe))
+	{
+		Result.Errors.append(Buffer, Count);
+	}
+	Result.Status = WEXITSTATUS(pclose(Pipe));
+	return Result;
+}
+} // namespace CommandLineTest
+
+TEST(CommandLine, AResultThatCannotBeWrittenIsNoSuccess)
+{
+	const FTemporaryFolder Project;
+	Project.Write("script", "{\"tool\":\"x\"}\n");
+	const std::string Where = " --project " + Project.Path().string();
+	const std::string Door =
+		R"('{"path":"/Game/A","blueprint_parent_class":{"type":"native","parent_path":"/Script/Engine.Actor"}}')";
+	const struct
+	{
+		const char* Label;
+		std::string Words;
+		const char* Reason;
+	} Cases[] = {
+		{"call, disk full", "call bp_create_asset " + Door + Where + " >/dev/full", "No space left on device"},
+		{"call, closed", "call read_blueprint_schema '{\"path\":\"/Game/A\"}'" + Where + " >&-", "Bad file descriptor"},
+		{"tools", "tools >/dev/full", "No space left on device"},
+		{"tools as JSON", "tools --json >/dev/full", "No space left on device"},
+		{"help", "--help >/dev/full", "No space left on device"},
+		{"version", "--version >/dev/full", "No space left on device"},
+		{"menu", "menu" + Where + " >/dev/full", "No space left on device"},
+		{"node", "node '{\"class\":\"K2Node_IfThenElse\"}' >/dev/full", "No space left on device"},
+		{"copy", "copy /Game/A EventGraph" + Where + " >/dev/full", "No space left on device"},
+		{"run", "run " + (Project.Path() / "script").string() + Where + " >/dev/full", "No space left on device"},
+	};
+	for (const auto& Case : Cases)
+	{
+		const FProcessResult Run = CommandLineTest::RunShell(Case.Words);
+		EXPECT_EQ(Run.Status, 1) << Case.Label << Run.Errors;
+		EXPECT_NE(Run.Errors.find(std::string("The result could not be written: ") + Case.Reason), std::string::npos)
+			<< Case.Label << Run.Errors;
+	}
+	EXPECT_TRUE(Project.Exists("Content/A.uatext")) << "what the tool did stands";
+	EXPECT_FALSE(Project.Exists(".editor.lock")) << "the process has ended in order";
 }

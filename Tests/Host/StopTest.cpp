@@ -105,7 +105,9 @@ TEST(Stop, AnEndWithinTheGraceIsLeftAlone)
 
 TEST(Stop, APipeInPlaceOfAFileHangsNothing)
 {
-	for (const char* const Name : {"BP_Pipe.uatext", ".BP_Pipe.uatext.tmp"})
+	// One in the place of the asset is the user's, one under the temporary name is swept as what a killed process left.
+	constexpr std::pair<const char*, bool> Cases[] = {{"BP_Pipe.uatext", true}, {".BP_Pipe.uatext.tmp", false}};
+	for (const auto& [Name, bIsError] : Cases)
 	{
 		const FTemporaryFolder Folder;
 		const std::string Content = Folder.Path().string() + "/Content";
@@ -114,7 +116,7 @@ TEST(Stop, APipeInPlaceOfAFileHangsNothing)
 		FMorvaneProcess Process(Serve(Folder));
 		Process.Send(Call("bp_populate_graph",
 			R"({"path":"/Game/BP_Pipe","graph_name":"EventGraph","nodes":[{"menu_title":"Branch"}]})"));
-		EXPECT_THAT(Process.Receive(), HasSubstr(R"("isError":true)")) << Name;
+		EXPECT_THAT(Process.Receive(), HasSubstr(bIsError ? R"("isError":true)" : R"("isError":false)")) << Name;
 		Process.Send(Call("read_blueprint_schema", R"({"path":"/Game/BP_Pipe"})"));
 		EXPECT_THAT(Process.Receive(), HasSubstr(R"("id":2)")) << Name;
 		int Status = -1;

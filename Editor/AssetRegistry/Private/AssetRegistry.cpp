@@ -116,6 +116,15 @@ public:
 					AssetSaved(*Asset);
 				}
 			});
+		FPackageText::OnFileChanged().AddLambda(
+			[this](const FString& PackageName, const FString& Filename)
+			{
+				Forget(FName(PackageName));
+				if (IFileManager::Get().FileExists(*Filename))
+				{
+					ScanFile(Filename);
+				}
+			});
 	}
 
 	bool GetAssets(const FARFilter& Filter, TArray<FAssetData>& OutAssets, bool) const override

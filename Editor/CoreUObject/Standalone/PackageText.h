@@ -81,6 +81,32 @@ public:
 	/** After a package was written: the package and its file. */
 	static TMulticastDelegate<void(UPackage*, const FString&)>& OnPackageSaved();
 
+	/** What another program did to the file of a package that is in memory. */
+	struct FForeignChange
+	{
+		FString PackageName;
+		FString Filename;
+		bool bDeleted = false;
+		/** The package stood changed in memory, a save of it was refused for the file's sake, and it is dropped now. */
+		bool bDroppedChanges = false;
+		/** A package that stands changed in memory and uses this one; while it does, this one stays as it is. */
+		FString HeldBy;
+	};
+	/**
+	 * Drops packages from memory whose files are no longer what was read or written here, and those that use them, so
+	 * that the next use reads them afresh; tells listeners of OnFileChanged. Objects are freed here, so it belongs
+	 * between calls. A package that stands changed in memory is dropped only after a save of it was refused.
+	 */
+	static TArray<FForeignChange> TakeInForeignChanges();
+	/** A package's name and its file, which another program has replaced or deleted. */
+	static TMulticastDelegate<void(const FString&, const FString&)>& OnFileChanged();
+
+	/** Removes what killed processes left beside package files, in a folder and below it; follows no links. */
+	static void SweepTemporaryFiles(const FString& Directory);
+
+	/** Refuses every save while it is set: the project is not this process's own. */
+	static void SetReadOnly(bool bReadOnly);
+
 	/** Asked before a file is written; a text that is not empty stops the save with it. For tests of failing saves. */
 	using FSaveFault = TFunction<FString(const FString& Filename)>;
 	static void SetSaveFault(FSaveFault Fault);

@@ -25,6 +25,11 @@ std::string ReadAll(int Handle)
 	return Count > 0 ? std::string(Text, static_cast<std::size_t>(Count)) : std::string();
 }
 
+bool IsSame(const struct stat& Left, const struct stat& Right)
+{
+	return Left.st_ino == Right.st_ino && Left.st_dev == Right.st_dev;
+}
+
 /** "PID HOST" as text for a message. */
 FString Describe(const std::string& Owner)
 {
@@ -58,13 +63,45 @@ FProjectLock::EOutcome FProjectLock::Take(const std::string& InPath, FString& Ou
 	return EOutcome::Held;
 }
 
+/** A file that is there is opened as it is: what a link leads to is not ours to write, and a pipe would wait. */
+int FProjectLock::OpenFile() const
+{
+	const int Made = open(Path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0644);
+	return Made >= 0 || errno != EEXIST ? Made : open(Path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+}
+
 FProjectLock::EOutcome FProjectLock::TakeOnce(FString& OutOwner, bool& bOutRetry)
 {
-	const int Opened = open(Path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0644);
+	const int Opened = OpenFile();
 	if (Opened < 0)
 	{
-		OutOwner = FromUtf8(std::strerror(errno));
+		const bool bLink = errno == ELOOP;
+		bOutRetry = errno == ENOENT;
+		OutOwner = bLink ? FString(TEXT("a link stands in the place of its lock file"))
+						 : FromUtf8(std::strerror(errno));
 		return errno == EROFS || errno == EACCES ? EOutcome::ReadOnly : EOutcome::Failed;
+	}
+	const EOutcome Outcome = TakeOpened(Opened, OutOwner, bOutRetry);
+	if (Outcome == EOutcome::Taken)
+	{
+		Handle = Opened;
+		OwnerProcess = getpid();
+		WriteOwner();
+	}
+	else
+	{
+		close(Opened);
+	}
+	return Outcome;
+}
+
+FProjectLock::EOutcome FProjectLock::TakeOpened(int Opened, FString& OutOwner, bool& bOutRetry)
+{
+	struct stat Mine;
+	if (fstat(Opened, &Mine) != 0 || !S_ISREG(Mine.st_mode))
+	{
+		OutOwner = TEXT("its lock file is no file");
+		return EOutcome::Failed;
 	}
 	const bool bLocked = flock(Opened, LOCK_EX | LOCK_NB) == 0;
 	const bool bHasLocks = bLocked || errno == EWOULDBLOCK;
@@ -72,20 +109,61 @@ FProjectLock::EOutcome FProjectLock::TakeOnce(FString& OutOwner, bool& bOutRetry
 	if (bHasLocks ? !bLocked : !IsOwnerGone(Owner))
 	{
 		OutOwner = ProjectLocks::Describe(Owner);
-		close(Opened);
 		return EOutcome::Held;
 	}
-	struct stat Mine;
 	struct stat Present;
-	if (fstat(Opened, &Mine) != 0 || stat(Path.c_str(), &Present) != 0 || Mine.st_ino != Present.st_ino)
+	const bool bStands = lstat(Path.c_str(), &Present) == 0 && ProjectLocks::IsSame(Mine, Present);
+	if (bStands && Mine.st_nlink > 1)
+	{
+		// Another name of the file may lie anywhere; its text is not ours to write.
+		unlink(Path.c_str());
+	}
+	bOutRetry = !bStands || Mine.st_nlink > 1;
+	return bOutRetry ? EOutcome::Failed : EOutcome::Taken;
+}
+
+FProjectLock::EOutcome FProjectLock::TakeFolder(const std::string& InPath, FString& OutOwner)
+{
+	Release();
+	Path = InPath;
+	const int Opened = open(Path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+	if (Opened >= 0 && flock(Opened, LOCK_EX | LOCK_NB) == 0)
+	{
+		Handle = Opened;
+		OwnerProcess = getpid();
+		bIsFolder = true;
+		return EOutcome::Taken;
+	}
+	const bool bHeld = Opened >= 0 && errno == EWOULDBLOCK;
+	OutOwner = bHeld ? FString(TEXT("another process")) : FromUtf8(std::strerror(errno));
+	if (Opened >= 0)
 	{
 		close(Opened);
-		bOutRetry = true;
-		return EOutcome::Failed;
 	}
-	Handle = Opened;
-	WriteOwner();
-	return EOutcome::Taken;
+	return bHeld ? EOutcome::Held : EOutcome::Failed;
+}
+
+bool FProjectLock::IsHeldByOther(const std::string& File, FString& OutOwner)
+{
+	const int Opened = open(File.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+	const bool bHeld = Opened >= 0 && flock(Opened, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+	if (bHeld)
+	{
+		OutOwner = ProjectLocks::Describe(ProjectLocks::ReadAll(Opened));
+	}
+	if (Opened >= 0)
+	{
+		close(Opened);
+	}
+	return bHeld;
+}
+
+bool FProjectLock::IsHeld() const
+{
+	struct stat Mine;
+	struct stat Present;
+	return Handle >= 0 && fstat(Handle, &Mine) == 0 && lstat(Path.c_str(), &Present) == 0
+		&& ProjectLocks::IsSame(Mine, Present);
 }
 
 bool FProjectLock::IsOwnerGone(const std::string& Owner) const
@@ -112,10 +190,15 @@ void FProjectLock::WriteOwner() const
 
 void FProjectLock::Release()
 {
-	if (Handle >= 0)
+	if (Handle < 0)
+	{
+		return;
+	}
+	if (!bIsFolder && OwnerProcess == getpid() && IsHeld())
 	{
 		unlink(Path.c_str());
-		close(Handle);
-		Handle = -1;
 	}
+	close(Handle);
+	Handle = -1;
+	bIsFolder = false;
 }

@@ -1,5 +1,6 @@
 #include "GitSourceControl.h"
 
+#include "FileRemoval.h"
 #include "HAL/FileManager.h"
 #include "Misc/Paths.h"
 
@@ -197,15 +198,22 @@ FString FGitSourceControl::Remove(const FString& File)
 	{
 		return FString::Printf(TEXT("The file '%s' is read-only."), *File);
 	}
-	if (!IFileManager::Get().Delete(*File))
-	{
-		return FString::Printf(TEXT("The file '%s' could not be deleted."), *File);
-	}
 	std::string Path;
 	const GitSourceControl::FIndexPtr Index = GitSourceControl::OpenIndex(Repository);
-	if (!Index || !RelativePath(File, Path) || !GitSourceControl::IsTracked(Index.get(), Path))
+	if (!Index)
 	{
-		return FString();
+		// Whether the file is in a conflict, and so what its loss would mean, cannot be told.
+		return FString::Printf(TEXT("The git index cannot be read: %s."), *GitSourceControl::LastError());
+	}
+	const bool bInside = RelativePath(File, Path);
+	if (bInside && GitSourceControl::HasConflict(Index.get(), Path))
+	{
+		return FString::Printf(TEXT("The file '%s' has a merge conflict that is not resolved."), *File);
+	}
+	const FString Problem = RemoveFileForGood(File);
+	if (!Problem.IsEmpty() || !bInside || !GitSourceControl::IsTracked(Index.get(), Path))
+	{
+		return Problem;
 	}
 	if (git_index_remove_bypath(Index.get(), Path.c_str()) != 0 || git_index_write(Index.get()) != 0)
 	{

@@ -1,5 +1,6 @@
 #include "NoSourceControl.h"
 
+#include "FileRemoval.h"
 #include "HAL/FileManager.h"
 
 const FName& FNoSourceControl::GetName() const
@@ -24,10 +25,13 @@ ECommandResult::Type FNoSourceControl::Execute(
 			Operation->AddErrorMessage(FText::FromString(FString::Printf(
 				TEXT("The file '%s' is read-only and there is no source control to check it out from."), *File)));
 		}
-		else if (Operation->GetName() == TEXT("Delete") && !IFileManager::Get().Delete(*File))
+		else if (Operation->GetName() == TEXT("Delete"))
 		{
-			Operation->AddErrorMessage(
-				FText::FromString(FString::Printf(TEXT("The file '%s' could not be deleted."), *File)));
+			const FString Problem = RemoveFileForGood(File);
+			if (!Problem.IsEmpty())
+			{
+				Operation->AddErrorMessage(FText::FromString(Problem));
+			}
 		}
 	}
 	return Operation->GetResultInfo().HasErrors() ? ECommandResult::Failed : ECommandResult::Succeeded;

@@ -28,7 +28,8 @@ FAssetData FindAsset(const FString& Path, const FString& TypeWord, Morvane::FToo
 		Result.AddErrorMessage(File.IsEmpty()
 				? FString::Printf(TEXT("%s does not exist: %s"), *TypeWord, *Path)
 				: FString::Printf(
-					TEXT("%s cannot be deleted: the file '%s' is damaged or of a newer format. Remove it by hand."),
+					TEXT(
+						"%s cannot be deleted: the file '%s' cannot be read, see the warning. Mend it, or remove it by hand."),
 					*TypeWord, *File));
 		return FAssetData();
 	}
@@ -68,9 +69,17 @@ TArray<FString> FindReferencers(const FAssetData& Asset)
 	return Names;
 }
 
-bool DeleteFile(const FString& Path, const FString& TypeWord, Morvane::FToolResult& Result)
+/** The asset's file: the one that is found, else the one it was read from or saved to, which may hide for now. */
+FString FindFile(const FString& Path)
 {
 	const FString File = FPackageName::FindPackageFile(Path);
+	const UPackage* const Package = File.IsEmpty() ? FindPackage(nullptr, *Path) : nullptr;
+	return Package ? Package->GetLoadedPathName() : File;
+}
+
+bool DeleteFile(const FString& Path, const FString& TypeWord, Morvane::FToolResult& Result)
+{
+	const FString File = FindFile(Path);
 	if (File.IsEmpty() || USourceControlHelpers::MarkFileForDelete(File))
 	{
 		return true; // an asset that was never saved has no file

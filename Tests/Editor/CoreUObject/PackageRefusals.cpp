@@ -2,6 +2,8 @@
 #include "Standalone/ObjectText.h"
 #include "Standalone/PathConfinement.h"
 
+#include <regex>
+
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -42,6 +44,18 @@ TEST_F(PackageRefusals, FilesThatAreNoWholePackageAreNamedAndNeverOverwritten)
 			"Thing.uatext: the file is a binary asset of the engine, which only the engine's own editor can read"},
 		{"newer", Changed("uatext 1", "uatext 2"),
 			"Thing.uatext: the file has format version 2, this program reads up to version 1"},
+		{"older", Changed("uatext 1", "uatext 0"),
+			"Thing.uatext: the file has format version 0, this program reads up to version 1"},
+		{"Git LFS pointer", "version https://git-lfs.github.com/spec/v1\noid sha256:4d7a\nsize 12345\n",
+			"Thing.uatext: the file is a Git LFS pointer in place of the asset; 'git lfs pull' fetches the asset"},
+		{"conflict in the header", Changed("Checksum=", "<<<<<<< HEAD\nChecksum="),
+			"Thing.uatext: the file has merge conflict markers (line 2); resolve the conflict by taking one side whole"},
+		{"conflict in the text", Changed("End Object", "=======\n>>>>>>> theirs\nEnd Object"),
+			"Thing.uatext: the file has merge conflict markers (line "},
+		{"CRLF", std::regex_replace(Good, std::regex("\n"), "\r\n"),
+			"Thing.uatext: the file has CRLF line ends, which git or another program has put in; set '*.uatext -text' in"},
+		{"CRLF in one place", Changed("End Object", "\r\nEnd Object"), "Thing.uatext: the file has CRLF line ends, "},
+		{"byte order mark", "\xEF\xBB\xBF" + Good, "Thing.uatext: the file begins with a byte order mark: "},
 		{"cut in the header", Good.substr(0, 40), "Thing.uatext: the file is truncated within its header"},
 		{"cut in the text", Good.substr(0, Good.size() - 20), "Thing.uatext: the file is truncated: "},
 		{"one bit", Changed("text\"", "tert\""),

@@ -9,6 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -29,6 +32,7 @@ public:
 		if (Process == 0)
 		{
 			FString Error;
+			FProject::Close(); // what the parent has open
 			const char Outcome = FProject::Open(Directory, Error) ? 'y' : 'n';
 			const ssize_t Written = write(Pipe[1], &Outcome, 1);
 			pause();
@@ -210,4 +214,129 @@ TEST_F(Project, TheProjectFileSwitchesPlugins)
 	ASSERT_EQ(Open(), "");
 	EXPECT_FALSE(IPluginManager::Get().FindPlugin(TEXT("Doors"))->IsEnabled());
 	EXPECT_TRUE(IPluginManager::Get().FindPlugin(TEXT("Off"))->IsEnabled());
+}
+
+TEST_F(Project, ALockThatIsAnothersNowIsLeftToIt)
+{
+	ASSERT_EQ(Open(), "");
+	std::filesystem::remove(Folder.Path() / ".editor.lock");
+	{
+		FOtherOwner Other(Folder.Get());
+		ASSERT_TRUE(Other.bOpened);
+		const std::string Theirs = Folder.Read(".editor.lock");
+		FString Error;
+		EXPECT_FALSE(FProject::KeepLock(Error));
+		EXPECT_NE(ToUtf8(Error).find("is in use by process "), std::string::npos) << ToUtf8(Error);
+		UTestAsset* const Asset = TestAssets::MakeAsset(TEXT("/Game/Late"));
+		EXPECT_NE(ToUtf8(TestAssets::Save(Asset)).find("the project is open for reading only"), std::string::npos);
+		FProject::Close();
+		EXPECT_EQ(Folder.Read(".editor.lock"), Theirs);
+		EXPECT_NE(Open(), "");
+	}
+	EXPECT_EQ(Open(), "");
+	std::filesystem::remove(Folder.Path() / ".editor.lock");
+	FString Error;
+	EXPECT_TRUE(FProject::KeepLock(Error)) << ToUtf8(Error);
+	EXPECT_TRUE(Folder.Exists(".editor.lock")) << "a lock file that somebody removed is made again";
+	TestAssets::Unload(TEXT("/Game/Late"));
+}
+
+TEST_F(Project, AForkedChildGivesNothingBack)
+{
+	ASSERT_EQ(Open(), "");
+	const pid_t Child = fork();
+	if (Child == 0)
+	{
+		FProject::Close();
+		_exit(0);
+	}
+	waitpid(Child, nullptr, 0);
+	EXPECT_TRUE(Folder.Exists(".editor.lock"));
+}
+
+TEST_F(Project, WhatStandsInTheLocksPlaceIsNotWrittenThrough)
+{
+	FTemporaryFolder Outside;
+	Outside.Write("file", "outside");
+	const std::filesystem::path Lock = Folder.Path() / ".editor.lock";
+	std::filesystem::create_hard_link(Outside.Path() / "file", Lock);
+	EXPECT_EQ(Open(), "") << "the other name keeps its file, this one gets a new one";
+	FProject::Close();
+	EXPECT_EQ(Outside.Read("file"), "outside");
+
+	std::filesystem::create_symlink(Outside.Path() / "file", Lock);
+	EXPECT_EQ(Open(), "The project 'P' cannot be locked: a link stands in the place of its lock file");
+	std::filesystem::remove(Lock);
+	ASSERT_EQ(mkfifo(Lock.c_str(), 0644), 0);
+	EXPECT_EQ(Open(), "The project 'P' cannot be locked: its lock file is no file");
+	EXPECT_EQ(Outside.Read("file"), "outside");
+}
+
+namespace ProjectTests
+{
+/** What a user who owns nothing here sees when opening the project: the error, and whether it is for reading only. */
+std::string OpenAsNobody(const FString& Directory)
+{
+	int Pipe[2];
+	EXPECT_EQ(pipe(Pipe), 0);
+	const pid_t Child = fork();
+	if (Child == 0)
+	{
+		FString Error = TEXT("not another user");
+		FProject::Close(); // what the parent has open
+		const bool bOpen = seteuid(65534) == 0 && FProject::Open(Directory, Error);
+		const std::string Text = bOpen ? (FProject::IsReadOnly() ? "reader" : "owner") : ToUtf8(Error);
+		const ssize_t Written = write(Pipe[1], Text.data(), Text.size());
+		_exit(Written < 0 ? 1 : 0);
+	}
+	close(Pipe[1]);
+	char Text[1000];
+	const ssize_t Count = read(Pipe[0], Text, sizeof(Text));
+	close(Pipe[0]);
+	waitpid(Child, nullptr, 0);
+	return std::string(Text, static_cast<std::size_t>(std::max<ssize_t>(Count, 0)));
+}
+} // namespace ProjectTests
+
+TEST_F(Project, AFolderThatCannotBeWrittenIsOwnedWhereItsContentCanBe)
+{
+	if (geteuid() != 0)
+	{
+		GTEST_SKIP() << "needs two users";
+	}
+	const std::filesystem::path Content = Folder.Path() / "Content";
+	std::filesystem::create_directory(Content);
+	chmod(Folder.Path().c_str(), 0755);
+	EXPECT_EQ(ProjectTests::OpenAsNobody(Folder.Get()), "reader");
+	chmod(Content.c_str(), 0777);
+	EXPECT_EQ(ProjectTests::OpenAsNobody(Folder.Get()), "owner");
+	ASSERT_EQ(Open(), "");
+	EXPECT_NE(ProjectTests::OpenAsNobody(Folder.Get()).find("is in use by process"), std::string::npos);
+	FProject::Close();
+
+	const int Handle = open(Folder.Path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+	ASSERT_EQ(flock(Handle, LOCK_EX), 0) << "as such an owner does";
+	EXPECT_EQ(Open(), "The project 'P' is in use by another process");
+	EXPECT_FALSE(Folder.Exists(".editor.lock"));
+	close(Handle);
+}
+
+TEST_F(Project, TheFirstPackageTellsGitAndTouchesNothingThatIsThere)
+{
+	Folder.Write(".gitignore", "mine\n");
+	Folder.Write("Content/.A.uatext.tmp", "half");
+	ASSERT_EQ(Open(), "");
+	EXPECT_FALSE(Folder.Exists("Content/.A.uatext.tmp")) << "what a killed process left";
+	ASSERT_EQ(ToUtf8(TestAssets::Save(TestAssets::MakeAsset(TEXT("/Game/A")))), "");
+	EXPECT_FALSE(Folder.Exists(".gitattributes")) << "a project that was there is its owner's business";
+	FProject::Close();
+	TestAssets::Unload(TEXT("/Game/A"));
+
+	std::filesystem::remove_all(Folder.Path() / "Content");
+	ASSERT_EQ(Open(), "");
+	EXPECT_FALSE(Folder.Exists(".gitattributes"));
+	ASSERT_EQ(ToUtf8(TestAssets::Save(TestAssets::MakeAsset(TEXT("/Game/A")))), "");
+	EXPECT_NE(Folder.Read(".gitattributes").find("*.uatext -text -merge\n"), std::string::npos);
+	EXPECT_EQ(Folder.Read(".gitignore"), "mine\n");
+	TestAssets::Unload(TEXT("/Game/A"));
 }

@@ -134,3 +134,42 @@ TEST_F(GitSourceControl, AProjectInASubFolderBelongsToTheWorkTreeAroundIt)
 	EXPECT_TRUE(USourceControlHelpers::MarkFileForAdd(Folder.Get("Game/Content/A.uatext"))) << LastError();
 	EXPECT_EQ(Staged(), "Game/Content/A.uatext");
 }
+
+TEST_F(SourceControl, ADeletionIsASuccessOnlyWhenTheFileIsGone)
+{
+	EXPECT_TRUE(USourceControlHelpers::MarkFileForDelete(Folder.Get("None.uatext"))) << "it is gone";
+	EXPECT_TRUE(USourceControlHelpers::MarkFileForDelete(Folder.Get("No/Such/Folder.uatext")));
+	std::filesystem::create_directories(Folder.Path() / "Folder.uatext");
+	EXPECT_FALSE(USourceControlHelpers::MarkFileForDelete(Folder.Get("Folder.uatext")));
+	EXPECT_EQ(LastError(), "The file 'Folder.uatext' could not be deleted: Is a directory.");
+	std::filesystem::create_symlink("Loop", Folder.Path() / "Loop");
+	EXPECT_FALSE(USourceControlHelpers::MarkFileForDelete(Folder.Get("Loop/A.uatext")))
+		<< "a question that failed is no answer";
+	EXPECT_NE(LastError().find("Too many levels of symbolic links"), std::string::npos) << LastError();
+	const std::string Long(300, 'a');
+	EXPECT_FALSE(USourceControlHelpers::MarkFileForDelete(Folder.Get(Long)));
+}
+
+TEST_F(GitSourceControl, AFileInMergeConflictIsNotDeleted)
+{
+	Folder.Write("Content/A.uatext", "one");
+	ASSERT_TRUE(USourceControlHelpers::MarkFileForAdd(Folder.Get("Content/A.uatext")));
+	git_index* Index = nullptr;
+	git_repository_index(&Index, Repository);
+	git_index_read(Index, 1);
+	const git_index_entry Entry = *git_index_get_bypath(Index, "Content/A.uatext", 0);
+	git_index_entry Ours = Entry;
+	git_index_entry Theirs = Entry;
+	ASSERT_EQ(git_index_conflict_add(Index, nullptr, &Ours, &Theirs), 0);
+	git_index_remove(Index, "Content/A.uatext", 0);
+	ASSERT_EQ(git_index_write(Index), 0);
+	git_index_free(Index);
+	EXPECT_FALSE(USourceControlHelpers::MarkFileForDelete(Folder.Get("Content/A.uatext")));
+	EXPECT_EQ(LastError(), "The file 'Content/A.uatext' has a merge conflict that is not resolved.");
+	EXPECT_TRUE(Folder.Exists("Content/A.uatext"));
+
+	Folder.Write(".git/index", "no index");
+	EXPECT_FALSE(USourceControlHelpers::MarkFileForDelete(Folder.Get("Content/A.uatext")));
+	EXPECT_NE(LastError().find("The git index cannot be read: "), std::string::npos) << LastError();
+	EXPECT_TRUE(Folder.Exists("Content/A.uatext"));
+}

@@ -65,15 +65,18 @@ bool IFileManager::MakeDirectory(const TCHAR* Path, bool Tree)
 
 bool IFileManager::Delete(const TCHAR* Path, bool RequireExists, bool EvenReadOnly, bool Quiet)
 {
-	if (!FileExists(Path))
+	// A question that fails does not say that there is no file.
+	std::error_code Error;
+	const std::filesystem::file_status Status = std::filesystem::symlink_status(Files::ToPath(Path), Error);
+	if (Status.type() == std::filesystem::file_type::not_found)
 	{
 		return !RequireExists;
 	}
-	if (IsReadOnly(Path) && !EvenReadOnly)
+	if (Status.type() == std::filesystem::file_type::none || std::filesystem::is_directory(Status)
+		|| (IsReadOnly(Path) && !EvenReadOnly))
 	{
 		return false;
 	}
-	std::error_code Error;
 	return std::filesystem::remove(Files::ToPath(Path), Error);
 }
 

@@ -1,7 +1,9 @@
 #include "Package/AtomicFile.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -29,12 +31,6 @@ public:
 	FDescriptor& operator=(const FDescriptor&) = delete;
 	int Get() const { return Handle; }
 	bool IsOpen() const { return Handle >= 0; }
-	bool Close()
-	{
-		const int Closing = Handle;
-		Handle = -1;
-		return close(Closing) == 0;
-	}
 
 private:
 	int Handle;
@@ -84,20 +80,39 @@ bool FlushFolder(const std::string& Folder)
 	return Handle.IsOpen() && fsync(Handle.Get()) == 0;
 }
 
-/** The temporary file, complete and on the disk. */
-bool WriteTemporary(
-	const std::string& Path, mode_t Mode, std::initializer_list<std::string_view> Pieces, FString& OutError)
+FStamp StampFrom(const struct stat& Info)
 {
-	FDescriptor Handle(open(Path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, Mode));
+	FStamp Stamp;
+	Stamp.Seconds = static_cast<int64>(Info.st_mtim.tv_sec);
+	Stamp.Nanoseconds = static_cast<int64>(Info.st_mtim.tv_nsec);
+	Stamp.ChangeSeconds = static_cast<int64>(Info.st_ctim.tv_sec);
+	Stamp.ChangeNanoseconds = static_cast<int64>(Info.st_ctim.tv_nsec);
+	Stamp.Size = static_cast<int64>(Info.st_size);
+	Stamp.Device = static_cast<uint64>(Info.st_dev);
+	Stamp.Node = static_cast<uint64>(Info.st_ino);
+	return Stamp;
+}
+
+/** A name that is taken, by what a killed process left or by a link to elsewhere, is given up and never written
+ * through. */
+int OpenTemporary(const std::string& Path, mode_t Mode)
+{
+	constexpr int Flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+	const int Handle = open(Path.c_str(), Flags, Mode);
+	if (Handle >= 0 || errno != EEXIST || unlink(Path.c_str()) != 0)
+	{
+		return Handle;
+	}
+	return open(Path.c_str(), Flags, Mode);
+}
+
+/** The bytes of the temporary file, complete and on the disk. */
+bool WriteTemporary(
+	const FDescriptor& Handle, mode_t Mode, std::initializer_list<std::string_view> Pieces, FString& OutError)
+{
 	if (!Handle.IsOpen())
 	{
 		return Fail(OutError, TEXT("the temporary file beside it cannot be made"));
-	}
-	struct stat Info;
-	if (fstat(Handle.Get(), &Info) != 0 || !S_ISREG(Info.st_mode))
-	{
-		OutError = TEXT("the temporary file beside it cannot be made: something that is no file has its name");
-		return false;
 	}
 	for (const std::string_view Piece : Pieces)
 	{
@@ -106,11 +121,45 @@ bool WriteTemporary(
 			return Fail(OutError, TEXT("writing failed"));
 		}
 	}
-	if (fchmod(Handle.Get(), Mode) != 0 || fsync(Handle.Get()) != 0 || !Handle.Close())
+	if (fchmod(Handle.Get(), Mode) != 0 || fsync(Handle.Get()) != 0)
 	{
 		return Fail(OutError, TEXT("writing failed"));
 	}
 	return true;
+}
+
+/**
+ * The last step of a write. Between the look and the rename another program has some microseconds left, since no system
+ * call replaces one certain file; where none stood the kernel itself refuses to replace.
+ */
+bool TakePlace(const std::string& Temporary, const std::string& Path, const FStamp& Replaced, FString& OutError)
+{
+	if (Replaced.IsValid())
+	{
+		if (StampOf(Path) != Replaced)
+		{
+			OutError = TEXT("another program has changed the file just now");
+			return false;
+		}
+		return rename(Temporary.c_str(), Path.c_str()) == 0
+			|| Fail(OutError, TEXT("the new file cannot take its place"));
+	}
+	if (renameat2(AT_FDCWD, Temporary.c_str(), AT_FDCWD, Path.c_str(), RENAME_NOREPLACE) == 0)
+	{
+		return true;
+	}
+	// Some network disks know no such rename.
+	const bool bUnknown = errno == EINVAL || errno == ENOSYS;
+	if (bUnknown && !StampOf(Path).IsValid() && rename(Temporary.c_str(), Path.c_str()) == 0)
+	{
+		return true;
+	}
+	if (errno == EEXIST)
+	{
+		OutError = TEXT("another program has made a file of that name just now");
+		return false;
+	}
+	return Fail(OutError, TEXT("the new file cannot take its place"));
 }
 
 mode_t ModeFor(const std::string& Path)
@@ -121,23 +170,33 @@ mode_t ModeFor(const std::string& Path)
 } // namespace Steps
 using namespace Steps;
 
-bool Write(const std::string& Path, std::initializer_list<std::string_view> Pieces, FString& OutError)
+bool Write(const std::string& Path, std::initializer_list<std::string_view> Pieces, const FStamp& Replaced,
+	FStamp& OutStamp, FString& OutError)
 {
 	const std::string Temporary = TemporaryBeside(Path);
-	if (!WriteTemporary(Temporary, ModeFor(Path), Pieces, OutError))
+	const mode_t Mode = ModeFor(Path);
+	FDescriptor Handle(OpenTemporary(Temporary, Mode));
+	if (!WriteTemporary(Handle, Mode, Pieces, OutError) || !TakePlace(Temporary, Path, Replaced, OutError))
 	{
-		unlink(Temporary.c_str());
+		if (Handle.IsOpen())
+		{
+			unlink(Temporary.c_str());
+		}
 		return false;
 	}
-	if (rename(Temporary.c_str(), Path.c_str()) != 0)
-	{
-		Fail(OutError, TEXT("the new file cannot take its place"));
-		unlink(Temporary.c_str());
-		return false;
-	}
+	// By its handle: another file may bear the name by now. The rename may have changed the stamp.
+	struct stat Info;
+	OutStamp = fstat(Handle.Get(), &Info) == 0 ? StampFrom(Info) : FStamp();
 	// The new file stands by now; a folder that cannot be flushed, as on some network disks, does not undo that.
 	FlushFolder(FolderOf(Path));
 	return true;
+}
+
+bool IsTemporaryName(std::string_view Name, std::string_view Extension)
+{
+	constexpr std::string_view End = ".tmp";
+	return Name.size() > 1 + Extension.size() + End.size() && Name.front() == '.' && Name.ends_with(End)
+		&& Name.substr(0, Name.size() - End.size()).ends_with(Extension);
 }
 
 bool MakeFolders(const std::string& Folder, FString& OutError)
@@ -161,12 +220,13 @@ bool MakeFolders(const std::string& Folder, FString& OutError)
 	return true;
 }
 
-bool Read(const std::string& Path, std::string& OutBytes, FString& OutError)
+bool Read(const std::string& Path, std::string& OutBytes, FString& OutError, FStamp* OutStamp)
 {
-	return ReadStart(Path, std::string::npos, OutBytes, OutError);
+	return ReadStart(Path, std::string::npos, OutBytes, OutError, OutStamp);
 }
 
-bool ReadStart(const std::string& Path, std::size_t MaxBytes, std::string& OutBytes, FString& OutError)
+bool ReadStart(
+	const std::string& Path, std::size_t MaxBytes, std::string& OutBytes, FString& OutError, FStamp* OutStamp)
 {
 	OutBytes.clear();
 	// A pipe under an asset's name has no end to wait for.
@@ -180,6 +240,10 @@ bool ReadStart(const std::string& Path, std::size_t MaxBytes, std::string& OutBy
 	{
 		OutError = TEXT("it is no file");
 		return false;
+	}
+	if (OutStamp)
+	{
+		*OutStamp = StampFrom(Info);
 	}
 	OutBytes.resize(std::min(MaxBytes, static_cast<std::size_t>(Info.st_size)));
 	std::size_t Filled = 0;
@@ -200,14 +264,25 @@ bool ReadStart(const std::string& Path, std::size_t MaxBytes, std::string& OutBy
 	return true;
 }
 
-FStamp StampOf(const std::string& Path)
+FStamp StampOf(const std::string& Path, int* OutErrorNumber)
 {
 	struct stat Info;
-	if (stat(Path.c_str(), &Info) != 0)
+	const bool bSeen = stat(Path.c_str(), &Info) == 0;
+	if (OutErrorNumber)
 	{
-		return FStamp();
+		*OutErrorNumber = bSeen ? 0 : errno;
 	}
-	return {static_cast<int64>(Info.st_mtim.tv_sec), static_cast<int64>(Info.st_mtim.tv_nsec),
-		static_cast<int64>(Info.st_size), static_cast<uint64>(Info.st_ino)};
+	return bSeen ? StampFrom(Info) : FStamp();
+}
+
+bool IsSettled(const FStamp& Stamp)
+{
+	constexpr int64 NanosecondsASecond = 1'000'000'000;
+	constexpr int64 SlowestTick = NanosecondsASecond / 20;
+	timespec Now = {};
+	clock_gettime(CLOCK_REALTIME, &Now);
+	const int64 Seconds = static_cast<int64>(Now.tv_sec) - Stamp.ChangeSeconds;
+	return Seconds > 1
+		|| Seconds * NanosecondsASecond + static_cast<int64>(Now.tv_nsec) - Stamp.ChangeNanoseconds > SlowestTick;
 }
 } // namespace AtomicFile

@@ -4,6 +4,7 @@
 #include "Misc/OutputDeviceRedirector.h"
 #include "Misc/PackageName.h"
 #include "Package/AtomicFile.h"
+#include "Package/KnownFiles.h"
 #include "Package/PackageFile.h"
 #include "Standalone/MissingObjects.h"
 #include "Standalone/ObjectProviders.h"
@@ -584,19 +585,19 @@ UPackage* LoadFile(const FString& PackageName, FString& OutError, bool& bOutMiss
 		return nullptr;
 	}
 	const FString Filename = FindFile(PackageName, OutError, bOutMissing);
-	// From before the bytes: what comes to stand there while they are read was not seen.
-	const AtomicFile::FStamp Stamp = AtomicFile::StampOf(ToUtf8(Filename));
+	AtomicFile::FStamp Stamp;
 	std::string Bytes;
 	FString Reason;
-	if (Filename.IsEmpty() || !AtomicFile::Read(ToUtf8(Filename), Bytes, Reason))
+	if (Filename.IsEmpty() || !AtomicFile::Read(ToUtf8(Filename), Bytes, Reason, &Stamp))
 	{
 		OutError = OutError.IsEmpty() ? FString::Printf(TEXT("%s: %s"), *Filename, *Reason) : OutError;
 		return nullptr;
 	}
-	UPackage* const Package = RunLoad(std::make_shared<FPackageLoad>(MoveTemp(Bytes), Filename), PackageName, OutError);
+	const auto Run = std::make_shared<FPackageLoad>(MoveTemp(Bytes), Filename);
+	UPackage* const Package = RunLoad(Run, PackageName, OutError);
 	if (Package)
 	{
-		PackageFile::RememberWhole(Filename, Stamp);
+		KnownFiles::Remember(Filename, Package->GetName(), Stamp, Run->Header.Checksum);
 	}
 	return Package;
 }

@@ -3,6 +3,7 @@
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
 #include "Package/AtomicFile.h"
+#include "Package/FileMishap.h"
 #include "UObject/Class.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
@@ -84,7 +85,7 @@ FString FieldText(std::string_view Value)
 	return FromUtf8(Plain);
 }
 
-std::string MakeHeader(const FPackageText::FHeader& Header, std::string_view Body)
+std::string MakeHeader(const FPackageText::FHeader& Header, std::string_view Body, uint64& OutChecksum)
 {
 	std::string Fields;
 	Fields.append("Size=").append(std::to_string(Body.size())).append("\n");
@@ -96,8 +97,9 @@ std::string MakeHeader(const FPackageText::FHeader& Header, std::string_view Bod
 		AppendField(Fields, "Tag." + ToUtf8(Tag.Name.GetView()), Tag.Value);
 	}
 	Fields.push_back('\n');
+	OutChecksum = ChecksumOf(Body, ChecksumOf(Fields));
 	char Checksum[17];
-	std::snprintf(Checksum, sizeof(Checksum), "%016llx", ChecksumOf(Body, ChecksumOf(Fields)));
+	std::snprintf(Checksum, sizeof(Checksum), "%016llx", OutChecksum);
 	std::string Result(Magic);
 	Result.append(std::to_string(FPackageText::FormatVersion))
 		.append("\nChecksum=")
@@ -113,7 +115,7 @@ enum class EHeaderState
 	Complete,
 	Foreign,
 	EngineBinary,
-	Newer,
+	OtherVersion,
 	CutOff,
 	Malformed,
 };
@@ -142,14 +144,14 @@ public:
 			return Bytes.size() < 64 ? EHeaderState::CutOff : EHeaderState::Foreign;
 		}
 		int32 Version = 0;
-		if (!ParseNumber(Line.substr(Magic.size()), 10, Version) || Version < 1)
+		if (!ParseNumber(Line.substr(Magic.size()), 10, Version) || Version < 0)
 		{
 			return EHeaderState::Foreign;
 		}
-		if (Version > FPackageText::FormatVersion)
+		if (Version < 1 || Version > FPackageText::FormatVersion)
 		{
 			FoundVersion = Version;
-			return EHeaderState::Newer;
+			return EHeaderState::OtherVersion;
 		}
 		if (!NextLine(Line))
 		{
@@ -245,9 +247,15 @@ private:
 	bool bHasSize = false;
 };
 
-/** One sentence for each way in which a file is not a package that can be read. */
-FString Describe(EHeaderState State, const FString& Filename, const FHeaderReader& Reader)
+/** One sentence for each way in which a file is not a package that can be read. What others did to it goes first. */
+FString Describe(EHeaderState State, const FString& Filename, const FHeaderReader& Reader, std::string_view Bytes)
 {
+	const bool bReadable = State == EHeaderState::Complete || State == EHeaderState::OtherVersion;
+	const FString Mishap = bReadable ? FString() : FileMishap::Find(Bytes);
+	if (!Mishap.IsEmpty())
+	{
+		return FString::Printf(TEXT("%s: the file %s"), *Filename, *Mishap);
+	}
 	switch (State)
 	{
 	case EHeaderState::Complete:
@@ -258,7 +266,7 @@ FString Describe(EHeaderState State, const FString& Filename, const FHeaderReade
 		return FString::Printf(
 			TEXT("%s: the file is a binary asset of the engine, which only the engine's own editor can read"),
 			*Filename);
-	case EHeaderState::Newer:
+	case EHeaderState::OtherVersion:
 		return FString::Printf(TEXT("%s: the file has format version %d, this program reads up to version %d"),
 			*Filename, Reader.FoundVersion, FPackageText::FormatVersion);
 	case EHeaderState::CutOff:
@@ -269,34 +277,12 @@ FString Describe(EHeaderState State, const FString& Filename, const FHeaderReade
 	return FString();
 }
 
-std::unordered_map<std::string, AtomicFile::FStamp>& WholeFiles()
+bool IsReadable(const FString& Filename, const FString& PackageName, FString& OutError)
 {
-	static std::unordered_map<std::string, AtomicFile::FStamp> Table;
-	return Table;
-}
-
-void RememberWhole(const FString& Filename, const AtomicFile::FStamp& Stamp)
-{
-	WholeFiles()[ToUtf8(Filename)] = Stamp;
-}
-
-bool MayReplace(const FString& Filename, const FString& PackageName, FString& OutError)
-{
-	const std::string Path = ToUtf8(Filename);
-	const AtomicFile::FStamp Stamp = AtomicFile::StampOf(Path);
-	if (!Stamp.IsValid())
-	{
-		return true;
-	}
-	const auto Known = WholeFiles().find(Path);
-	if (Known != WholeFiles().end() && Known->second == Stamp)
-	{
-		return true;
-	}
 	std::string Bytes;
 	FPackageText::FHeader Header;
 	FString Reason;
-	if (!AtomicFile::Read(Path, Bytes, Reason))
+	if (!AtomicFile::Read(ToUtf8(Filename), Bytes, Reason))
 	{
 		OutError = FString::Printf(TEXT("%s: %s"), *Filename, *Reason);
 		return false;
@@ -311,7 +297,6 @@ bool MayReplace(const FString& Filename, const FString& PackageName, FString& Ou
 			TEXT("%s: the file holds the package '%s', not '%s'"), *Filename, *Header.PackageName, *PackageName);
 		return false;
 	}
-	RememberWhole(Filename, Stamp);
 	return true;
 }
 } // namespace PackageFile
@@ -345,7 +330,7 @@ bool FPackageText::ReadHeader(const FString& Filename, FHeader& OutHeader, FStri
 		const PackageFile::EHeaderState State = Reader.Run(OutHeader);
 		if (State != PackageFile::EHeaderState::CutOff || Bytes.size() < Limit || Limit == PackageFile::MaxHeaderSize)
 		{
-			OutError = PackageFile::Describe(State, Filename, Reader);
+			OutError = PackageFile::Describe(State, Filename, Reader, Bytes);
 			return State == PackageFile::EHeaderState::Complete;
 		}
 	}
@@ -359,20 +344,27 @@ bool FPackageText::CheckBytes(std::string_view Bytes, const FString& Filename, F
 	const PackageFile::EHeaderState State = Reader.Run(OutHeader);
 	if (State != PackageFile::EHeaderState::Complete)
 	{
-		OutError = PackageFile::Describe(State, Filename, Reader);
+		OutError = PackageFile::Describe(State, Filename, Reader, Bytes);
 		return false;
 	}
 	const std::size_t BodyOffset = static_cast<std::size_t>(OutHeader.BodyOffset);
 	const int64 Present = static_cast<int64>(Bytes.size() - BodyOffset);
 	const std::string_view Fields = Bytes.substr(Reader.ChecksumStart, BodyOffset - Reader.ChecksumStart);
+	const std::string_view Body = Bytes.substr(BodyOffset);
+	const bool bMatches = PackageFile::ChecksumOf(Body, PackageFile::ChecksumOf(Fields)) == OutHeader.Checksum;
+	const FString Mishap = bMatches ? FString() : FileMishap::Find(Bytes);
+	if (!Mishap.IsEmpty())
+	{
+		OutError = FString::Printf(TEXT("%s: the file %s"), *Filename, *Mishap);
+		return false;
+	}
 	if (Present < OutHeader.BodySize)
 	{
 		OutError = FString::Printf(
 			TEXT("%s: the file is truncated: %lld of %lld bytes are there"), *Filename, Present, OutHeader.BodySize);
 		return false;
 	}
-	const std::string_view Body = Bytes.substr(BodyOffset);
-	if (PackageFile::ChecksumOf(Body, PackageFile::ChecksumOf(Fields)) != OutHeader.Checksum)
+	if (!bMatches)
 	{
 		OutError = FString::Printf(
 			TEXT("%s: the file is damaged: its checksum does not match its contents"), *Filename);
@@ -383,7 +375,8 @@ bool FPackageText::CheckBytes(std::string_view Bytes, const FString& Filename, F
 
 std::string FPackageText::MakeBytes(const FHeader& Header, std::string_view Body)
 {
-	return PackageFile::MakeHeader(Header, Body).append(Body);
+	uint64 Checksum = 0;
+	return PackageFile::MakeHeader(Header, Body, Checksum).append(Body);
 }
 
 namespace PackageFile

@@ -12,7 +12,7 @@ namespace PackageFile
 uint64 ChecksumOf(std::string_view Bytes, uint64 Seed = 0);
 
 /** The header for an object text; everything but the text itself. */
-std::string MakeHeader(const FPackageText::FHeader& Header, std::string_view Body);
+std::string MakeHeader(const FPackageText::FHeader& Header, std::string_view Body, uint64& OutChecksum);
 
 /** As FPackageName::FindPackageFile, wherever the file's folders lead. */
 FString FindOnDisk(const FString& LongPackageName);
@@ -22,12 +22,8 @@ void NoteProblem(const FString& Problem);
 
 /** What a file is, told by its first bytes. */
 bool IsEngineBinary(std::string_view Bytes);
-
-/** Remembers that a file was whole when it had that stamp, so that a save over it need not read it again. */
-void RememberWhole(const FString& Filename, const AtomicFile::FStamp& Stamp);
 /**
- * Whether a save may replace what stands at the path: nothing, or a whole package of this format and this name.
- * OutError is a sentence that begins with the path.
+ * Whether a whole package of this format and this name stands there. OutError is a sentence that begins with the path.
  */
-bool MayReplace(const FString& Filename, const FString& PackageName, FString& OutError);
+bool IsReadable(const FString& Filename, const FString& PackageName, FString& OutError);
 } // namespace PackageFile

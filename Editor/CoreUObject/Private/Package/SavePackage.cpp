@@ -4,6 +4,7 @@
 #include "Misc/Paths.h"
 #include "ObjectText/ObjectTextWriter.h"
 #include "Package/AtomicFile.h"
+#include "Package/KnownFiles.h"
 #include "Package/PackageFile.h"
 #include "Standalone/ObjectText.h"
 #include "Standalone/PackageText.h"
@@ -15,6 +16,7 @@
 namespace PackageSaving
 {
 FPackageText::FSaveFault Fault;
+bool bReadOnlyProject = false;
 
 /** Says that a package is being written for as long as it lives. */
 struct FSavingScope
@@ -70,6 +72,10 @@ private:
 		{
 			return Refuse(*Reason);
 		}
+		if (bReadOnlyProject)
+		{
+			return Refuse(TEXT("the project is open for reading only, as this process does not own it"));
+		}
 		Reason = Fault.IsSet() ? Fault(Filename) : FString();
 		if (!Reason.IsEmpty())
 		{
@@ -100,8 +106,54 @@ private:
 		{
 			return Refuse(*FString::Printf(TEXT("the file %s differs from it in case only"), *Present));
 		}
+		return bExists ? IsOwnFile() : IsNotGone();
+	}
+
+	/** What this process knows to stand there is replaced, and nothing else. */
+	bool IsOwnFile()
+	{
 		FString Reason;
-		return PackageFile::MayReplace(Filename, Package.GetName(), Reason) || Refuse(*Reason);
+		switch (KnownFiles::Look(Filename, Replaced, Reason))
+		{
+		case KnownFiles::EStanding::AsKnown:
+		case KnownFiles::EStanding::Nothing:
+		case KnownFiles::EStanding::Gone: // since the first look; the last step sees to it
+			return true;
+		case KnownFiles::EStanding::Hidden:
+			return Refuse(*Reason);
+		case KnownFiles::EStanding::Changed:
+		case KnownFiles::EStanding::Unknown:
+			break;
+		}
+		if (!PackageFile::IsReadable(Filename, Package.GetName(), Reason))
+		{
+			KnownFiles::NoteRefusal(Filename);
+			return Refuse(*Reason);
+		}
+		if (!Package.FileName.Equals(Filename, ESearchCase::CaseSensitive))
+		{
+			return Refuse(TEXT("a file that was not read here stands there, so nothing was written; read it first"));
+		}
+		KnownFiles::NoteRefusal(Filename);
+		return Refuse(TEXT(
+			"another program has changed the file since it was read here, so nothing was written. The next call drops what stands changed in memory and reads the file as it is now: make the change again on that"));
+	}
+
+	bool IsNotGone()
+	{
+		FString Reason;
+		const KnownFiles::EStanding Standing = KnownFiles::Look(Filename, Replaced, Reason);
+		if (Standing == KnownFiles::EStanding::Hidden)
+		{
+			return Refuse(*Reason);
+		}
+		if (Standing != KnownFiles::EStanding::Gone || !Package.FileName.Equals(Filename, ESearchCase::CaseSensitive))
+		{
+			return true;
+		}
+		KnownFiles::NoteRefusal(Filename);
+		return Refuse(TEXT(
+			"another program has deleted the file since it was read here, so nothing was written. The next call drops the asset from memory: create it anew if it is still wanted"));
 	}
 
 	/** Objects of classes that stand in the package itself come last: reading makes them when those classes are
@@ -158,14 +210,15 @@ private:
 	bool Store()
 	{
 		const std::string Path = ToUtf8(Filename);
-		const std::string Head = PackageFile::MakeHeader(Header, Body);
+		const std::string Head = PackageFile::MakeHeader(Header, Body, Header.Checksum);
+		AtomicFile::FStamp Stamp;
 		FString Reason;
 		if (!AtomicFile::MakeFolders(Path.substr(0, Path.rfind('/')), Reason)
-			|| !AtomicFile::Write(Path, {Head, Body}, Reason))
+			|| !AtomicFile::Write(Path, {Head, Body}, Replaced, Stamp, Reason))
 		{
 			return Refuse(*Reason);
 		}
-		PackageFile::RememberWhole(Filename, AtomicFile::StampOf(Path));
+		KnownFiles::Remember(Filename, Package.GetName(), Stamp, Header.Checksum);
 		NumBytes = static_cast<int64>(Head.size() + Body.size());
 		return true;
 	}
@@ -176,6 +229,8 @@ private:
 	TArray<UObject*> Roots;
 	std::string Body;
 	FPackageText::FHeader Header;
+	/** What was seen to stand at the file's place. */
+	AtomicFile::FStamp Replaced;
 };
 
 UObject* FindAsset(UPackage& Package, UObject* Asset, EObjectFlags TopLevelFlags)
@@ -232,6 +287,11 @@ TMulticastDelegate<void(UPackage*, const FString&)>& FPackageText::OnPackageSave
 {
 	static TMulticastDelegate<void(UPackage*, const FString&)> Listeners;
 	return Listeners;
+}
+
+void FPackageText::SetReadOnly(bool bReadOnly)
+{
+	PackageSaving::bReadOnlyProject = bReadOnly;
 }
 
 void FPackageText::SetSaveFault(FSaveFault InFault)
