@@ -78,6 +78,26 @@ struct FConnecting
 
 using ConnectionsTest::FConnecting;
 
+TEST(PinLookup, AHiddenAliasComesBehindTheNameItselfAndBeforeTheOtherDirection)
+{
+	FConnecting Case;
+	const FNodeHandle Node = Case.Graph.Bare();
+	Case.Graph.AddPin(Node, EGPD_Input, TEXT("self"))->bHidden = true;
+	UEdGraphPin* const Named = Case.Graph.AddPin(Node, EGPD_Input, TEXT("Target"));
+	EXPECT_EQ(FBlueprintPinUtils::FindPinWithAliases(Node, TEXT("target"), EGPD_Input, &Case.Session), Named);
+	Node.Input(TEXT("self"))->bHidden = false;
+	EXPECT_EQ(FBlueprintPinUtils::FindPinWithAliases(Node, TEXT("target"), EGPD_Input, &Case.Session),
+		Node.Input(TEXT("self")));
+
+	const FNodeHandle World = Case.Graph.Bare();
+	UEdGraphPin* const Hidden = Case.Graph.AddPin(World, EGPD_Input, TEXT("WorldContextObject"));
+	Hidden->bHidden = true;
+	Case.Graph.AddPin(World, EGPD_Output, TEXT("World Context Object"));
+	EXPECT_EQ(
+		FBlueprintPinUtils::FindPinWithAliases(World, TEXT("world context object"), EGPD_Input, &Case.Session), Hidden);
+	EXPECT_EQ(Telemetry(Case.Result).find("pin_direction_fallbacks"), std::string::npos);
+}
+
 TEST(PinLookup, AliasThenNameThenTheOtherDirection)
 {
 	FConnecting Case;

@@ -253,7 +253,8 @@ TEST(CreateGraph, AnEventGraphKeepsItsName)
 {
 	FCreating Case;
 	Case.Create(R"([{"name":"eventgraph","return_type":{"category":"bool"}}])");
-	EXPECT_THAT(Errors(Case.Result), ElementsAre("Failed to create function graph: eventgraph"));
+	EXPECT_THAT(Errors(Case.Result),
+		ElementsAre("Failed to create function graph: eventgraph (an event graph has this name already)"));
 	EXPECT_EQ(FBlueprintGraphUtils::FindFunctionEntry(Case.Blueprint.EventGraph().Get()), nullptr);
 }
 
@@ -261,12 +262,41 @@ TEST(CreateGraph, NamesThatNoFunctionCanHaveAreRefused)
 {
 	FCreating Case;
 	Case.Blueprint.AddVariable(TEXT("Health"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Int));
+	Case.Create(R"([{"name":"OnHit","is_delegate":true}])");
 	const std::string Long(200, 'x');
-	for (const std::string& Name : {std::string("Health"), std::string("a.b"), Long})
+	for (const auto& [Name, Reason] :
+		{std::pair<std::string, const char*>("Health", "a variable has this name already"),
+			{"onhit", "an event dispatcher has this name already"},
+			{"bCanBeDamaged", "a variable of the parent class 'Actor' has this name already"},
+			{"a.b", "\"a.b\" contains characters that a name cannot have: . and line breaks"},
+			{Long, "Names must have fewer than 100 characters!"}})
 	{
 		Case.Create(R"([{"name":")" + Name + "\"}]");
-		EXPECT_THAT(Errors(Case.Result), ElementsAre("Failed to create function graph: " + Name));
+		EXPECT_THAT(Errors(Case.Result), ElementsAre("Failed to create function graph: " + Name + " (" + Reason + ")"));
 	}
+	Case.Create(R"([{"name":"Health","is_delegate":true}])");
+}
+
+TEST(CreateGraph, ABatchSentAgainChangesNothing)
+{
+	FCreating Case;
+	const std::string Batch = R"([{"name":"Heal","parameters":[{"name":"Amount","type":{"category":"float"}},
+		{"name":"Names","type":{"category":"string","container_type":"array"}}],"return_type":{"category":"bool"}},
+		{"name":"OnHit","is_delegate":true,"parameters":[{"name":"Damage","type":{"category":"real"}}]}])";
+	Case.Create(Batch);
+	Case.Create(Batch);
+	EXPECT_THAT(Warnings(Case.Result), IsEmpty());
+	ASSERT_NE(Case.Blueprint.Reload(), nullptr);
+	Case.Create(Batch);
+	UEdGraph* const Graph = Case.Graph(TEXT("Heal"));
+	EXPECT_THAT(PinNames(FBlueprintGraphUtils::FindFunctionEntry(Graph), EGPD_Output), ElementsAre("Amount", "Names"));
+	EXPECT_THAT(PinNames(FBlueprintGraphUtils::FindFunctionResult(Graph), EGPD_Input), ElementsAre("ReturnValue"));
+	EXPECT_THAT(PinNames(FBlueprintGraphUtils::FindFunctionEntry(Case.Graph(TEXT("OnHit"))), EGPD_Output),
+		ElementsAre("Damage"));
+
+	Case.Create(R"([{"name":"Heal","parameters":[{"name":"amount","type":{"category":"int"}}]}])");
+	EXPECT_THAT(Warnings(Case.Result),
+		ElementsAre(StartsWith("Parameter 'amount' of 'Heal' stands already with another type; '")));
 }
 
 TEST(CreateGraph, ADelegateGetsASignatureGraphWithPins)
@@ -360,7 +390,7 @@ TEST(GraphSignature, NeedsABlueprintAGraphAndAnEntry)
 	EXPECT_THAT(Errors(Result),
 		ElementsAre("Invalid parameters for ConfigureGraphSignature", "No FunctionEntry node found in function graph",
 			"Invalid Blueprint or FunctionName", "Invalid Blueprint or DelegateName",
-			"Failed to create delegate signature graph: EventGraph"));
+			"Failed to create delegate signature graph: EventGraph (an event graph has this name already)"));
 }
 
 TEST(FunctionUtils, CreateModifyRemoveOneFunction)

@@ -76,7 +76,8 @@ TEST(PopulateEdges, ABlueprintWhoseGraphCannotBeMadeDoesNotStay)
 	for (int32 Try = 0; Try < 2; ++Try)
 	{
 		EXPECT_THAT(Errors(*RunTool(Morvane::ToolInfo::ToolName_BPPopulateGraph, Call)),
-			ElementsAre("Failed to auto-create blueprint fixture: Failed to create function graph: Bad.Name",
+			ElementsAre(
+				"Failed to auto-create blueprint fixture: Failed to create function graph: Bad.Name (\"Bad.Name\" contains characters that a name cannot have: . and line breaks)",
 				"Blueprint not found: /Game/Fresh"));
 		EXPECT_FALSE(FBlueprintUtils::BlueprintExists(TEXT("/Game/Fresh")));
 	}

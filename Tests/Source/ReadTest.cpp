@@ -219,15 +219,15 @@ TEST(ItemReads, MissingFieldsMissingItemsAndMissingAssets)
 	}
 }
 
-TEST(EventReads, MissingEventEndsWithSuccessAndSaysSoInside)
+TEST(EventReads, AMissingEventIsAWarningAndNoSuccess)
 {
 	FBlueprintBuilder Blueprint;
 	const Morvane::FToolResult Result = RunRead(&FBlueprintEventReadOperation::Execute,
 		WithPath(Blueprint, R"("graph_name":"EventGraph","event_name":"Nope")"));
-	EXPECT_THAT(Warnings(Result), testing::IsEmpty());
-	EXPECT_THAT(Successes(Result),
-		testing::ElementsAre("Successfully read event 'Nope' from graph 'EventGraph' in Blueprint: "
-			+ ToStd(Blueprint.Get()->GetName())));
+	EXPECT_THAT(Warnings(Result),
+		testing::ElementsAre(
+			"'Nope' event does not exist in graph 'EventGraph' in Blueprint: " + ToStd(Blueprint.Get()->GetName())));
+	EXPECT_THAT(Successes(Result), testing::IsEmpty());
 	EXPECT_NE(Content(Result).find("\"not_found\""), std::string::npos);
 	for (const char* const Field : {"graph_name", "event_name"})
 	{

@@ -113,7 +113,7 @@ void FAssetOperationBase::ExecuteDeleteOperation(
 		Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), Morvane::ToolInfo::FieldName_Path));
 		return;
 	}
-	Path = NormalizeAssetPath(Path);
+	Path = ResolveBlueprintPath(Path);
 	const FAssetData Asset = FindAsset(Path, TypeWord, Result);
 	if (!Asset.IsValid())
 	{

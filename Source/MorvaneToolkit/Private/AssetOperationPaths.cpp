@@ -121,20 +121,39 @@ UClass* GetGeneratedClass(UObject* Asset)
 	return Blueprint ? Blueprint->GeneratedClass.Get() : nullptr;
 }
 
-/** The generated class of the first Blueprint in the project that has the name. */
-UClass* LoadClassOfBlueprintNamed(const FString& Name)
+/** Blueprints of a short name, of whatever family, sorted by path. */
+TArray<FAssetData> FindBlueprintsNamed(const FString& Name)
 {
 	const FAssetRegistryModule& Module = FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry"));
 	TArray<FAssetData> Assets;
-	Module.Get().GetAssetsByClass(UBlueprint::StaticClass()->GetStructPathName(), Assets, true);
-	for (const FAssetData& Asset : Assets)
+	Module.Get().GetAssetsByName(FName(*Name), Assets);
+	Assets.RemoveAll([](const FAssetData& Asset) { return !Asset.IsInstanceOf(UBlueprint::StaticClass()); });
+	return Assets;
+}
+
+/** The one that a bare name means: a family that is more special goes first, then the order of paths decides. */
+const FAssetData* ChooseByFamily(const TArray<FAssetData>& Blueprints)
+{
+	static const FTopLevelAssetPath Special[] = {FTopLevelAssetPath(TEXT("/Script/Engine"), TEXT("AnimBlueprint")),
+		FTopLevelAssetPath(TEXT("/Script/UMGEditor"), TEXT("WidgetBlueprint"))};
+	for (const FTopLevelAssetPath& Family : Special)
 	{
-		if (Asset.AssetName.ToString().Equals(Name, ESearchCase::IgnoreCase))
+		const FAssetData* const Found = Blueprints.FindByPredicate(
+			[&Family](const FAssetData& Asset) { return Asset.AssetClassPath == Family; });
+		if (Found)
 		{
-			return GetGeneratedClass(Asset.GetAsset());
+			return Found;
 		}
 	}
-	return nullptr;
+	return Blueprints.IsEmpty() ? nullptr : &Blueprints[0];
+}
+
+/** The generated class of the Blueprint in the project that the name means. */
+UClass* LoadClassOfBlueprintNamed(const FString& Name)
+{
+	const TArray<FAssetData> Blueprints = FindBlueprintsNamed(Name);
+	const FAssetData* const Asset = ChooseByFamily(Blueprints);
+	return Asset ? GetGeneratedClass(Asset->GetAsset()) : nullptr;
 }
 
 FString StripClassSuffix(const FString& Name)
@@ -167,6 +186,36 @@ FString FAssetOperationBase::NormalizeAssetPath(const FString& Path)
 	return GetKnownSpelling(StripObjectName(AddRoot(Clean)));
 }
 
+FString FAssetOperationBase::ResolveBlueprintPath(const FString& Path)
+{
+	using namespace AssetOperationPathText;
+
+	const FString Normal = NormalizeAssetPath(Path);
+	if (Normal.IsEmpty() || Normal.Contains(TEXT("/")))
+	{
+		return Normal;
+	}
+	for (const FString& Name : {Normal, StripClassSuffix(Normal)})
+	{
+		const TArray<FAssetData> Blueprints = FindBlueprintsNamed(Name);
+		if (const FAssetData* const Asset = ChooseByFamily(Blueprints))
+		{
+			return Asset->PackageName.ToString();
+		}
+	}
+	return Normal;
+}
+
+TArray<FString> FAssetOperationBase::FindBlueprintPaths(const FString& Name)
+{
+	TArray<FString> Paths;
+	for (const FAssetData& Asset : AssetOperationPathText::FindBlueprintsNamed(Name))
+	{
+		Paths.Add(Asset.GetObjectPathString());
+	}
+	return Paths;
+}
+
 FString FAssetOperationBase::GetAssetNameFromPath(const FString& Path)
 {
 	return FPackageName::GetShortName(AssetOperationPathText::StripObjectName(Path));
@@ -176,7 +225,7 @@ UClass* FAssetOperationBase::GetAssetClassFromAssetName(const FString& Name)
 {
 	using namespace AssetOperationPathText;
 
-	const FString Text = FPackageName::ExportTextPathToObjectPath(Name.TrimStartAndEnd()).TrimQuotes();
+	const FString Text = CleanSlashes(FPackageName::ExportTextPathToObjectPath(Name.TrimStartAndEnd()).TrimQuotes());
 	if (Text.IsEmpty())
 	{
 		return nullptr;

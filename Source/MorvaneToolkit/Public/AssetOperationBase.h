@@ -30,6 +30,14 @@ public:
 	 * or is no asset path stays as it is, for the error.
 	 */
 	static FString NormalizeAssetPath(const FString& Path);
+	/**
+	 * The path of the Blueprint that a text means, in any spelling that NormalizeAssetPath takes or as a bare name: the
+	 * one place where a tool's path becomes an asset's. Of several Blueprints of a bare name an Animation Blueprint
+	 * goes before a Widget Blueprint, and that before a plain one. What names none comes out normalised, for the error.
+	 */
+	static FString ResolveBlueprintPath(const FString& Path);
+	/** The object paths of all Blueprints of that short name, ignoring case, in the registry's order. Loads nothing. */
+	static TArray<FString> FindBlueprintPaths(const FString& Name);
 	/** "BP_X" for "/Game/A/BP_X" and "/Game/A/BP_X.BP_X". */
 	static FString GetAssetNameFromPath(const FString& Path);
 	/**

@@ -16,9 +16,9 @@ class FBlueprintUtils
 {
 public:
 	/**
-	 * The Blueprint of any of the three families at a path, or of a bare asset name anywhere in the project. An
-	 * Animation Blueprint goes before a Widget Blueprint, and that before a plain one. Null after an error in the
-	 * result; where a file is there and cannot be read, a second error tells why.
+	 * The Blueprint of any family at a path in any spelling, or of a bare asset name anywhere in the project, as
+	 * FAssetOperationBase::ResolveBlueprintPath understands it. Null after an error in the result, which names the path
+	 * as it was given; where a file is there and cannot be read, a second error tells why.
 	 */
 	static UBlueprint* LoadBlueprint(const FString& Path, Morvane::FToolResult& Result);
 	/** The same without a word when there is none; a caller that goes on without the Blueprint asks this way. */
@@ -38,6 +38,8 @@ public:
 	/** Writes the Blueprint's package to disk. */
 	static bool SaveBlueprint(UBlueprint* Blueprint);
 	static void MarkBlueprintDirty(UBlueprint* Blueprint);
+	/** "/Game/A/BP_X": what messages and tracked modifications call the Blueprint, whatever path led to it. */
+	static FString GetBlueprintPath(const UBlueprint* Blueprint);
 	/** "BP_X" of "/Game/A/BP_X.BP_X" and "/Game/A/BP_X". */
 	static FString GetBlueprintName(const FString& Path);
 	static UPackage* GetBlueprintPackage(UBlueprint* Blueprint);

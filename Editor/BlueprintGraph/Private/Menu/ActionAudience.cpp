@@ -57,6 +57,10 @@ FActionAudience::FActionAudience(const FBlueprintActionFilter& Filter)
 	{
 		Blueprint = Graph->GetTypedOuter<UBlueprint>();
 	}
+	for (const UEdGraph* Above = Graph; Above; Above = Above->GetParentGraph())
+	{
+		TopGraph = Above;
+	}
 	if (Graph && Graph->GetSchema())
 	{
 		GraphType = Graph->GetSchema()->GetGraphType(Graph);
@@ -107,7 +111,7 @@ bool FActionAudience::FitsGraph(const UClass& NodeClass)
 bool FActionAudience::CanHave(const FBlueprintAction& Action)
 {
 	const bool bOthers = (Action.OnlyInBlueprint && Action.OnlyInBlueprint != Blueprint)
-		|| (Action.OnlyInGraph && Action.OnlyInGraph != Graph)
+		|| (Action.OnlyInGraph && Action.OnlyInGraph != TopGraph)
 		|| (Action.bIsProtected && !OwnClasses.Contains(Action.MemberOf));
 	if (bOthers || (Action.bIsLatent && GraphType == GT_Function))
 	{

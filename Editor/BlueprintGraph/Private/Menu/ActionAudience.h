@@ -29,6 +29,8 @@ private:
 
 	const UBlueprint* Blueprint = nullptr;
 	const UEdGraph* Graph = nullptr;
+	/** The one that Graph is nested in, or Graph itself: whose local variables it sees. */
+	const UEdGraph* TopGraph = nullptr;
 	EGraphType GraphType = GT_MAX;
 	bool bContextSensitive = false;
 	bool bInConstructionScript = false;

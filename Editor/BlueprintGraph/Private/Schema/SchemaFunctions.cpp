@@ -26,6 +26,7 @@ bool UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(const UFunction* InFunction)
 	// An event runs in the event graph, which changes its object, on the game's thread, and gives nothing back.
 	constexpr EFunctionFlags NoEvent = static_cast<EFunctionFlags>(FUNC_Static | FUNC_Const | FUNC_BlueprintPure);
 	return InFunction && CanKismetOverrideFunction(InFunction) && !InFunction->HasAnyFunctionFlags(NoEvent)
+		&& InFunction->GetFName() != FN_UserConstructionScript // a graph of its own, which is never an event
 		&& !InFunction->HasMetaData(ForceAsFunction) && !InFunction->HasMetaData(ThreadSafe)
 		&& !HasFunctionAnyOutputParameter(InFunction);
 }

@@ -30,7 +30,8 @@ class UEdGraph : public UObject
 
 public:
 	const UEdGraphSchema* GetSchema() const;
-	UEdGraph* GetParentGraph() const { return Cast<UEdGraph>(GetOuter()); }
+	/** The graph that this one is nested in, directly or inside a node, as collapsed graphs and state machines are. */
+	UEdGraph* GetParentGraph() const { return GetTypedOuter<UEdGraph>(); }
 	static UEdGraph* GetOuterGraph(UObject* Obj);
 
 	/** Makes a node of the class inside the graph; the caller places it and allocates its pins. */

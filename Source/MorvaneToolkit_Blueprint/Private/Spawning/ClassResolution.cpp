@@ -1,8 +1,10 @@
 #include "Spawning/ClassResolution.h"
 
-#include "AssetRegistry/AssetRegistryModule.h"
+#include "AssetOperationBase.h"
+#include "BlueprintUtils.h"
 #include "Engine/Blueprint.h"
 #include "Interfaces/IPluginManager.h"
+#include "Kismet2/BlueprintEditorUtils.h"
 #include "UObject/Class.h"
 #include "UObject/UObjectGlobals.h"
 
@@ -107,16 +109,16 @@ FString GetAssetName(const FString& Text)
 	return Name.EndsWith(TEXT("_C"), ESearchCase::CaseSensitive) ? Name.LeftChop(2) : Name;
 }
 
-TArray<FAssetData> FindBlueprintsByName(const FString& Name)
+/** A path that leaves nothing open: it names one asset or none, and never a namesake in another folder. */
+bool IsFullPath(const FString& Text)
 {
-	FARFilter Filter;
-	Filter.ClassPaths.Add(UBlueprint::StaticClass()->GetStructPathName());
-	Filter.bRecursiveClasses = true;
-	TArray<FAssetData> Blueprints;
-	FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry")).Get().GetAssets(Filter, Blueprints);
-	Blueprints.RemoveAll(
-		[&Name](const FAssetData& Asset) { return !Asset.AssetName.ToString().Equals(Name, ESearchCase::IgnoreCase); });
-	return Blueprints;
+	return Text.StartsWith(TEXT("/"), ESearchCase::CaseSensitive);
+}
+
+UClass* LoadClassOf(const FString& BlueprintPath)
+{
+	const UBlueprint* const Blueprint = FBlueprintUtils::TryLoadBlueprint(BlueprintPath);
+	return Blueprint ? Blueprint->GeneratedClass.Get() : nullptr;
 }
 } // namespace ClassResolutionImpl
 
@@ -149,7 +151,8 @@ FClassResolution ClassResolution::Resolve(const FString& ClassText)
 	Resolution.Class = FindOrLoadFirst(Resolution.Variants);
 	if (!Resolution.Class)
 	{
-		Resolution.Class = ResolveBlueprintClassByName(ClassText, Resolution.Error);
+		Resolution.Class = IsFullPath(ClassText) ? LoadClassOf(ClassText)
+												 : ResolveBlueprintClassByName(ClassText, Resolution.Error);
 		if (Resolution.Class)
 		{
 			Resolution.Method = TEXT("asset_registry");
@@ -159,26 +162,21 @@ FClassResolution ClassResolution::Resolve(const FString& ClassText)
 	{
 		Resolution.Class = FindInMemory(ClassText);
 	}
+	// What a Blueprint declared since, also in this very call, stands in its class once somebody asks.
+	FBlueprintEditorUtils::GetMostUpToDateClass(Resolution.Class);
 	return Resolution;
 }
 
 UClass* ClassResolution::ResolveBlueprintClassByName(const FString& Name, FString& OutError)
 {
-	const TArray<FAssetData> Matches = ClassResolutionImpl::FindBlueprintsByName(
-		ClassResolutionImpl::GetAssetName(Name));
-	if (Matches.Num() > 1)
+	const TArray<FString> Paths = FAssetOperationBase::FindBlueprintPaths(ClassResolutionImpl::GetAssetName(Name));
+	if (Paths.Num() > 1)
 	{
-		TArray<FString> Paths;
-		for (const FAssetData& Match : Matches)
-		{
-			Paths.Add(Match.GetObjectPathString());
-		}
 		OutError = FString::Printf(TEXT("Ambiguous Blueprint name '%s'. Found %d matches: %s. Use full package path."),
-			*Name, Matches.Num(), *FString::Join(Paths, TEXT(", ")));
+			*Name, Paths.Num(), *FString::Join(Paths, TEXT(", ")));
 		return nullptr;
 	}
-	const UBlueprint* const Blueprint = Matches.IsEmpty() ? nullptr : Cast<UBlueprint>(Matches[0].GetAsset());
-	return Blueprint ? Blueprint->GeneratedClass.Get() : nullptr;
+	return Paths.IsEmpty() ? nullptr : ClassResolutionImpl::LoadClassOf(Paths[0]);
 }
 
 FString ClassResolution::DescribeVariants(const TArray<FString>& Variants)

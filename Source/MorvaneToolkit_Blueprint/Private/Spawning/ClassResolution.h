@@ -28,7 +28,8 @@ FClassResolution Resolve(const FString& ClassText);
 
 /**
  * The class of the Blueprint of that name, which may stand at the end of a path or have the "_C" of a class. Null when
- * there is none, and null with an error when there are several.
+ * there is none, and null with an error when there are several. By name alone: Resolve asks it for no full path, which
+ * names one Blueprint or none.
  */
 UClass* ResolveBlueprintClassByName(const FString& Name, FString& OutError);
 

@@ -17,6 +17,7 @@
 #include "K2Node_Variable.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
+#include "Kismet2/BlueprintEditorUtils.h"
 #include "Spawning/SpawnAttempt.h"
 #include "Spawning/SpawnWaterfall.h"
 #include "ToolResult.h"
@@ -128,7 +129,7 @@ bool FPostSpawnValidation::HasExistingEvent()
 	{
 		return true;
 	}
-	const UClass* const Class = Blueprint.GeneratedClass;
+	const UClass* const Class = FBlueprintEditorUtils::GetMostUpToDateClass(Blueprint.GeneratedClass);
 	if (Class && Class->FindFunctionByName(EventName))
 	{
 		return true;

@@ -29,7 +29,6 @@ public:
 	UEdGraphNode* Run();
 
 private:
-	bool IsEventRequest() const;
 	bool IsVariableRequest() const;
 	bool IsParentCallRequest() const;
 

@@ -1,3 +1,4 @@
+#include "AssetOperationBase.h"
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "BlueprintNodeUtils.h"
 #include "EdGraph/EdGraph.h"
@@ -17,14 +18,6 @@
 
 namespace SpawnVariableRoad
 {
-/** Components, widgets, animations and timelines are variables of the class, too, and are in no list of variables. */
-bool IsDeclaredElsewhere(const UBlueprint& Blueprint, FName Name)
-{
-	const UClass* const Class = FBlueprintEditorUtils::GetMostUpToDateClass(Blueprint.GeneratedClass);
-	const FObjectProperty* const Property = Class ? FindFProperty<FObjectProperty>(Class, Name) : nullptr;
-	return Property && UBlueprint::GetBlueprintFromClass(Property->GetOwnerClass());
-}
-
 /** What an agent may have meant by a class path under which there is nothing. */
 struct FSuggestion
 {
@@ -91,6 +84,35 @@ FSuggestion Suggest(const FString& Path)
 	return Path.StartsWith(TEXT("/Game/"), ESearchCase::IgnoreCase) ? SuggestNativeClass(Path) : FSuggestion();
 }
 
+enum class EAccess
+{
+	None,
+	ReadOnly,
+	Full,
+};
+
+/**
+ * What a graph of the Blueprint may do with a variable of the name: a local one of its function, or a member of the
+ * class as it is declared now, so also a component, a widget, and whatever is inherited.
+ */
+EAccess GetAccess(UBlueprint& Blueprint, const UEdGraph& Graph, FName Name)
+{
+	if (FBlueprintEditorUtils::FindLocalVariable(&Blueprint, &Graph, Name)
+		|| FBlueprintEditorUtils::FindMemberVariableGuidByName(&Blueprint, Name).IsValid())
+	{
+		return EAccess::Full;
+	}
+	const UClass* const Class = FBlueprintEditorUtils::GetMostUpToDateClass(Blueprint.GeneratedClass);
+	const FProperty* const Property = Class ? Class->FindPropertyByName(Name) : nullptr;
+	if (!Property || !Property->HasAnyPropertyFlags(CPF_BlueprintVisible))
+	{
+		return EAccess::None;
+	}
+	const UClass* const Owner = Property->GetOwnerClass();
+	const bool bNative = !Owner || !Owner->ClassGeneratedBy;
+	return bNative && Property->HasAnyPropertyFlags(CPF_BlueprintReadOnly) ? EAccess::ReadOnly : EAccess::Full;
+}
+
 const TCHAR* PresentOrMissing(const FString* Value)
 {
 	return Value ? TEXT("present") : TEXT("missing");
@@ -133,8 +155,13 @@ UEdGraphNode* FSpawnAttempt::SpawnVariable()
 UEdGraphNode* FSpawnAttempt::SpawnOwnVariable()
 {
 	const FString Name = Record.GetMetadata(TEXT("variable_name"));
-	if (!FBlueprintEditorUtils::FindMemberVariableGuidByName(&Blueprint, FName(*Name)).IsValid()
-		&& !SpawnVariableRoad::IsDeclaredElsewhere(Blueprint, FName(*Name)))
+	const SpawnVariableRoad::EAccess Access = SpawnVariableRoad::GetAccess(Blueprint, Graph, FName(*Name));
+	if (Access == SpawnVariableRoad::EAccess::ReadOnly && !IsGetRequest())
+	{
+		return Fail(FString::Printf(
+			TEXT("[Failure] Variable '%s' is read-only in Blueprints. Use K2Node_VariableGet to read it."), *Name));
+	}
+	if (Access == SpawnVariableRoad::EAccess::None)
 	{
 		// The tool is named twice: agents know this sentence as it is.
 		return Fail(FString::Printf(
@@ -249,6 +276,12 @@ UEdGraphNode* FSpawnAttempt::FindOwnerNode(FString& OutMethod) const
 
 UClass* FSpawnAttempt::LoadSourceClass(const FString& Path)
 {
+	// A bare Blueprint name, or a path as folders show it, is no object path and means a class all the same.
+	UClass* const Named = Path.StartsWith(TEXT("/")) ? nullptr : FAssetOperationBase::GetAssetClassFromAssetName(Path);
+	if (Named)
+	{
+		return Named;
+	}
 	UObject* const Loaded = SafeObjectLoad::LoadObjectSafe(Path, Result);
 	const UBlueprint* const Asset = Cast<UBlueprint>(Loaded);
 	return Asset ? Asset->GeneratedClass.Get() : Cast<UClass>(Loaded);

@@ -53,7 +53,7 @@ UEdGraphNode* FBlueprintSpawnWaterfall::CreateNodeFromRecord(UEdGraph* Graph, co
 
 UEdGraphNode* FSpawnAttempt::Run()
 {
-	const bool bEventRequest = IsEventRequest();
+	const bool bEventRequest = FBlueprintSpawnWaterfall::IsEventRequest(Record);
 	GraphTelemetry::RecordSpawnMethod(
 		Result, bEventRequest ? TEXT("deterministic_event") : FBlueprintSpawnWaterfall::GetSpawnMethodLabel(Record));
 
@@ -148,11 +148,11 @@ FSpawnAttempt::FSpawnAttempt(UEdGraph& InGraph, const FBPNodeModification& InRec
 {
 }
 
-bool FSpawnAttempt::IsEventRequest() const
+bool FBlueprintSpawnWaterfall::IsEventRequest(const FBPNodeModification& Record)
 {
 	// The key alone makes it an event, whatever its value: an empty name is for the event road to refuse.
 	return Record.ClassName.Equals(TEXT("K2Node_Event"), ESearchCase::CaseSensitive)
-		|| Record.ClassName.Equals(TEXT("K2Node_CustomEvent"), ESearchCase::CaseSensitive)
+		|| Record.ClassName.Equals(TEXT("K2Node_CustomEvent"), ESearchCase::IgnoreCase)
 		|| Record.FindMetadata(TEXT("event_name"));
 }
 

@@ -34,6 +34,8 @@ public:
 	static FString GetSpawnMethodLabel(const FBPNodeModification& Record);
 	/** The confidence that a menu match needs: the record's own where it gives one from 0 to 1, else 0.6. */
 	static float GetMinimumConfidence(const FBPNodeModification& Record);
+	/** An event by its class, or by the name that it gives, whatever road then refuses it. */
+	static bool IsEventRequest(const FBPNodeModification& Record);
 	/** Class and function are both named. */
 	static bool IsDeterministicRequest(const FBPNodeModification& Record);
 	static bool IsEquivalentNodeClass(

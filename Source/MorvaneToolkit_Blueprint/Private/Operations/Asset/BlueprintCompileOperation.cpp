@@ -136,7 +136,7 @@ void FBlueprintCompileOperation::Execute(const FJsonObject& Args, Morvane::FTool
 	BlueprintCompileBatch::FCompileRun Run(Result);
 	for (const TSharedPtr<FJsonValue>& Path : *Paths)
 	{
-		Run.CompilePath(FAssetOperationBase::NormalizeAssetPath(Path->AsString()));
+		Run.CompilePath(FAssetOperationBase::ResolveBlueprintPath(Path->AsString()));
 	}
 	Run.Report();
 }

@@ -20,6 +20,6 @@ bool OperationFrame::CheckOut(const UBlueprint& Blueprint, Morvane::FToolResult&
 
 UBlueprint* OperationFrame::LoadForEdit(const FString& Path, Morvane::FToolResult& Result)
 {
-	UBlueprint* const Blueprint = FBlueprintUtils::LoadBlueprint(FAssetOperationBase::NormalizeAssetPath(Path), Result);
+	UBlueprint* const Blueprint = FBlueprintUtils::LoadBlueprint(Path, Result);
 	return Blueprint && CheckOut(*Blueprint, Result) ? Blueprint : nullptr;
 }

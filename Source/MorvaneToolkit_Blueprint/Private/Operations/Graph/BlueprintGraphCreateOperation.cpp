@@ -22,9 +22,9 @@ using namespace Morvane;
 class FCreateRun
 {
 public:
-	FCreateRun(UBlueprint& InBlueprint, const FString& InPath, FToolResult& InResult)
+	FCreateRun(UBlueprint& InBlueprint, FToolResult& InResult)
 		: Blueprint(InBlueprint)
-		, Path(InPath)
+		, Path(FBlueprintUtils::GetBlueprintPath(&InBlueprint))
 		, Result(InResult)
 	{
 	}
@@ -126,7 +126,8 @@ private:
 	}
 
 	UBlueprint& Blueprint;
-	FString Path;
+	/** The Blueprint's own, whatever path led to it. */
+	const FString Path;
 	FToolResult& Result;
 	TArray<FString> FunctionNames;
 	TArray<FString> DelegateNames;
@@ -176,7 +177,7 @@ void FBlueprintGraphCreateOperation::Execute(const FJsonObject& Args, Morvane::F
 		return; // the loader has told why
 	}
 
-	BlueprintGraphCreate::FCreateRun Run(*Blueprint, Path, Result);
+	BlueprintGraphCreate::FCreateRun Run(*Blueprint, Result);
 	for (int32 Index = 0; Index < Functions->Num(); ++Index)
 	{
 		Run.MakeEntry((*Functions)[Index], Index);

@@ -11,7 +11,6 @@ void FBlueprintGraphModifyOperation::Execute(const FJsonObject& Args, Morvane::F
 		return; // the step has told why
 	}
 	Run.OpenForEdit();
-	Run.BuildMenu();
 	if (!Run.ReadLocalVariables())
 	{
 		return; // before any node exists

@@ -8,6 +8,7 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "Kismet2/BlueprintEditorUtils.h"
 #include "Operations/Frame/OperationFrame.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
@@ -15,6 +16,7 @@
 #include "Utils/Graph/FunctionGraphs.h"
 #include "Utils/Graph/LocalVariables.h"
 #include "Utils/Graph/PinConnections.h"
+#include "Utils/Report/GraphTelemetry.h"
 #include "Utils/Request/PopulateRecords.h"
 #include "Utils/Request/RequiredField.h"
 
@@ -88,8 +90,10 @@ bool FPopulateRun::LoadOrCreateBlueprint()
 	if (!Blueprint)
 	{
 		Blueprint = CreateBlueprint();
+		Path = Blueprint ? FBlueprintUtils::GetBlueprintPath(Blueprint) : Path;
 		return Blueprint != nullptr;
 	}
+	Path = FBlueprintUtils::GetBlueprintPath(Blueprint);
 	return OperationFrame::CheckOut(*Blueprint, Result);
 }
 
@@ -143,23 +147,31 @@ bool FPopulateRun::FindGraph()
 	if (!Graph)
 	{
 		Result.AddErrorMessage(FString::Printf(TEXT("Graph '%s' not found in blueprint"), *GraphName));
+		return false;
 	}
-	return Graph != nullptr;
+	// An event graph is one also where the request does not say so.
+	bIsEventGraph = FBlueprintGraphUtils::IsUbergraphPage(Blueprint, Graph);
+	GraphName = bIsEventGraph ? Graph->GetName() : GraphName;
+	return CanHoldNodes();
+}
+
+bool FPopulateRun::CanHoldNodes() const
+{
+	if (Blueprint->BlueprintType != BPTYPE_Interface)
+	{
+		return true;
+	}
+	Result.AddErrorMessage(FString::Printf(
+		TEXT(
+			"Graph '%s' belongs to an interface, whose functions have no body. Declare parameters and a return_type with bp_create_graph, and fill the function in a Blueprint that implements the interface."),
+		*GraphName));
+	return false;
 }
 
 void FPopulateRun::OpenForEdit()
 {
-	bIsFunctionGraph = FBlueprintGraphUtils::IsFunctionGraph(Blueprint, Graph);
 	Blueprint->Modify();
 	Graph->Modify();
-}
-
-void FPopulateRun::BuildMenu()
-{
-	if (NodeValues)
-	{
-		Menu = FBlueprintCamMatching::BuildSharedCAM(*Graph, Result);
-	}
 }
 
 bool FPopulateRun::ReadLocalVariables()
@@ -173,6 +185,8 @@ void FPopulateRun::ReadNodes()
 	{
 		return;
 	}
+	// A run with nodes has telemetry, whatever becomes of them.
+	GraphTelemetry::Ensure(Result);
 	Nodes.Reserve(NodeValues->Num());
 	for (const TSharedPtr<FJsonValue>& Value : *NodeValues)
 	{
@@ -235,8 +249,17 @@ void FPopulateRun::SpawnOtherNodes()
 	}
 }
 
+void FPopulateRun::EnsureMenu(const FBPNodeModification& Record)
+{
+	if (!Menu && !FBlueprintSpawnWaterfall::IsEventRequest(Record))
+	{
+		Menu = FBlueprintCamMatching::BuildSharedCAM(*Graph, Result);
+	}
+}
+
 UEdGraphNode* FPopulateRun::SpawnNode(const FBPNodeModification& Record)
 {
+	EnsureMenu(Record);
 	UEdGraphNode* const Node = FBlueprintSpawnWaterfall::CreateNodeFromRecord(
 		Graph, Record, Blueprint, Menu, Result, Lookups, &Session.GetCreatedNodesByRequestId());
 	if (!Node)
@@ -338,7 +361,7 @@ void FPopulateRun::TraceTouchedNodes()
 	}
 	if (!bIsEventGraph)
 	{
-		(bIsFunctionGraph ? TouchedFunctions : TouchedDelegates).Add(GraphName);
+		TouchTopGraph();
 		return;
 	}
 	// One trace for all of them, now that the last link stands.
@@ -347,6 +370,38 @@ void FPopulateRun::TraceTouchedNodes()
 	{
 		TraceNode(*Node);
 	}
+}
+
+void FPopulateRun::TouchTopGraph()
+{
+	UEdGraph* const Top = FBlueprintEditorUtils::GetTopLevelGraph(Graph);
+	if (FBlueprintGraphUtils::IsUbergraphPage(Blueprint, Top))
+	{
+		// Collapsed into an event graph: the node that shows the graph belongs to events there.
+		UEdGraph* Nested = Graph;
+		while (Nested->GetParentGraph() != Top)
+		{
+			Nested = Nested->GetParentGraph();
+		}
+		GraphName = Top->GetName();
+		if (UEdGraphNode* const Shown = Nested->GetTypedOuter<UEdGraphNode>())
+		{
+			Trace = MakeUnique<FEventTrace>(*Top);
+			TraceNode(*Shown);
+			Trace.Reset();
+		}
+		return;
+	}
+	const FString Name = Top == Graph ? GraphName : Top->GetName();
+	if (FBlueprintGraphUtils::IsDelegateSignatureGraph(Blueprint, Top))
+	{
+		TouchedDelegates.Add(Name);
+		return;
+	}
+	const bool bIsMacro = Blueprint->MacroGraphs.ContainsByPredicate(
+		[Top](const UEdGraph* Macro) { return Macro == Top; });
+	// Graphs of interfaces and animation graphs are read as functions.
+	(bIsMacro ? TouchedMacros : TouchedFunctions).Add(Name);
 }
 
 void FPopulateRun::TraceNode(UEdGraphNode& Node)

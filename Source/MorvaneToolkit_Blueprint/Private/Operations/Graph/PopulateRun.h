@@ -30,8 +30,6 @@ public:
 	bool LoadOrCreateBlueprint();
 	bool FindGraph();
 	void OpenForEdit();
-	/** Once for the whole batch, and only when there are nodes: it is the slow step. */
-	void BuildMenu();
 	bool ReadLocalVariables();
 	/** What is no node record is dropped in silence and counts nowhere. */
 	void ReadNodes();
@@ -56,9 +54,13 @@ public:
 private:
 	/** Null after a report. */
 	UBlueprint* CreateBlueprint();
+	/** False, reported, for a graph of an interface, whose functions have no body. */
+	bool CanHoldNodes() const;
 	/** A function graph of the graph's name in a new Blueprint; false with a reason. */
 	bool CreateFunction(UBlueprint& InBlueprint, FString& OutReason) const;
 
+	/** Once for the whole batch, after all that the run declares and before the first node that is no event. */
+	void EnsureMenu(const FBPNodeModification& Record);
 	static bool IsCustomEventRequest(const FBPNodeModification& Record);
 	/** Spawns and records; null for a node that failed. */
 	UEdGraphNode* SpawnNode(const FBPNodeModification& Record);
@@ -67,6 +69,8 @@ private:
 	/** Null after the connection was blocked. */
 	UEdGraphNode* ResolveEnd(const TCHAR* Label, const FString& Id, const FBPConnectionModification& Connection);
 	void TraceNode(UEdGraphNode& Node);
+	/** What a read shows of nodes in a graph that is no event page: the top graph that they stand in. */
+	void TouchTopGraph();
 
 	TSharedRef<FJsonObject> DescribeNode(const FBPCreatedNodeRecord& Record) const;
 	void TrackEvents(const TCHAR* NameField, const TSet<FString>& Names);
@@ -76,6 +80,7 @@ private:
 	Morvane::FToolResult& Result;
 
 	// Valid once the arguments are read.
+	/** As given, and the Blueprint's own once it is loaded. */
 	FString Path;
 	/** Where an event graph of another name took the place of the one asked for, the name of that one. */
 	FString GraphName;
@@ -87,9 +92,8 @@ private:
 	// Valid once found.
 	UBlueprint* Blueprint = nullptr;
 	UEdGraph* Graph = nullptr;
-	bool bIsFunctionGraph = false;
 
-	/** Null in a run without nodes. */
+	/** Null until a node may need it. */
 	TSharedPtr<FSharedActionMenu> Menu;
 	FSpawnLookups Lookups;
 	TArray<FBPLocalVariableModification> LocalVariables;
@@ -111,4 +115,5 @@ private:
 	TSet<FString> FloatingNodes;
 	TSet<FString> TouchedFunctions;
 	TSet<FString> TouchedDelegates;
+	TSet<FString> TouchedMacros;
 };

@@ -182,6 +182,7 @@ void FPopulateRun::TrackChanges()
 	}
 	TrackNames(ToolInfo::ToolName_ReadBlueprintFunction, ToolInfo::FieldName_FunctionName, TouchedFunctions);
 	TrackNames(ToolInfo::ToolName_ReadBlueprintDelegate, ToolInfo::FieldName_DelegateName, TouchedDelegates);
+	TrackNames(ToolInfo::ToolName_ReadBlueprintMacro, ToolInfo::FieldName_MacroName, TouchedMacros);
 }
 
 void FPopulateRun::TrackEvents(const TCHAR* NameField, const TSet<FString>& Names)

@@ -53,7 +53,7 @@ void Read(const FItemRead& Item, const FJsonObject& Args, FToolResult& Result)
 	{
 		return;
 	}
-	Path = FAssetOperationBase::NormalizeAssetPath(Path);
+	Path = FAssetOperationBase::ResolveBlueprintPath(Path);
 	const TSharedPtr<FJsonObject> Command = MakeShared<FJsonObject>();
 	Command->SetStringField(TEXT("path"), Path);
 	Command->SetArrayField(Item.NameField, {MakeShared<FJsonValueString>(Name)});

@@ -21,6 +21,20 @@ TSharedPtr<FJsonObject> MakeCommand(const FString& Path, const TCHAR* ReadTool)
 	return Command;
 }
 
+/** One name or several; none where the field holds neither. */
+TArray<TSharedPtr<FJsonValue>> ReadWidgetNames(const FJsonObject& Args)
+{
+	FString Name;
+	const TArray<TSharedPtr<FJsonValue>>* Names = nullptr;
+	if (Args.TryGetArrayField(TEXT("widget_name"), Names))
+	{
+		return *Names;
+	}
+	return Args.TryGetStringField(TEXT("widget_name"), Name) && !Name.IsEmpty()
+		? TArray<TSharedPtr<FJsonValue>>{MakeShared<FJsonValueString>(Name)}
+		: TArray<TSharedPtr<FJsonValue>>();
+}
+
 bool IsEmptyRead(const FString& Text)
 {
 	return Text.IsEmpty() || Text == TEXT("{}");
@@ -39,7 +53,7 @@ void FBlueprintEventReadOperation::Execute(const FJsonObject& Args, Morvane::FTo
 	{
 		return;
 	}
-	Path = FAssetOperationBase::NormalizeAssetPath(Path);
+	Path = FAssetOperationBase::ResolveBlueprintPath(Path);
 	const TSharedPtr<FJsonObject> Event = MakeShared<FJsonObject>();
 	Event->SetStringField(ToolInfo::FieldName_EventName, EventName);
 	// The graph's name goes along for the record; all event pages are searched.
@@ -60,9 +74,7 @@ void FBlueprintEventReadOperation::Execute(const FJsonObject& Args, Morvane::FTo
 	{
 		return;
 	}
-	// Looks for flows at the top of the document. They stand below "graphs", so the read of a missing event ends with
-	// its success text: the status is in the content, where an agent that asked for several events looks anyway.
-	if (ReadStatus::IsFirstMissing(Text, TEXT("event_flows")))
+	if (ReadStatus::IsEventMissing(Text))
 	{
 		Result.AddWarningMessage(FString::Printf(
 			TEXT("'%s' event does not exist in graph '%s' in Blueprint: %s"), *EventName, *GraphName, *AssetName));
@@ -80,7 +92,7 @@ void FBlueprintReadSchemaOperation::Execute(const FJsonObject& Args, Morvane::FT
 	{
 		return;
 	}
-	Path = FAssetOperationBase::NormalizeAssetPath(Path);
+	Path = FAssetOperationBase::ResolveBlueprintPath(Path);
 	if (!FAssetOperationBase::AssetExists(Path))
 	{
 		Result.AddErrorMessage(FString::Printf(TEXT("Blueprint does not exist: %s"), *Path));
@@ -107,17 +119,12 @@ void FWidgetBlueprintWidgetTreeReadOperation::Execute(const FJsonObject& Args, M
 	{
 		return;
 	}
-	Path = FAssetOperationBase::NormalizeAssetPath(Path);
+	Path = FAssetOperationBase::ResolveBlueprintPath(Path);
 	const TSharedPtr<FJsonObject> Command = MakeCommand(Path, ToolInfo::ToolName_ReadBlueprintWidgetTree);
-	FString WidgetName;
-	const TArray<TSharedPtr<FJsonValue>>* WidgetNames = nullptr;
-	if (Args.TryGetArrayField(TEXT("widget_name"), WidgetNames))
+	const TArray<TSharedPtr<FJsonValue>> WidgetNames = OtherReads::ReadWidgetNames(Args);
+	if (!WidgetNames.IsEmpty())
 	{
-		Command->SetArrayField(TEXT("widget_name"), *WidgetNames);
-	}
-	else if (Args.TryGetStringField(TEXT("widget_name"), WidgetName) && !WidgetName.IsEmpty())
-	{
-		Command->SetArrayField(TEXT("widget_name"), {MakeShared<FJsonValueString>(WidgetName)});
+		Command->SetArrayField(TEXT("widget_name"), WidgetNames);
 	}
 	const FString Text = FBlueprintReadUtils::ReadBlueprint(Command, Result);
 	if (IsEmptyRead(Text))
@@ -126,6 +133,17 @@ void FWidgetBlueprintWidgetTreeReadOperation::Execute(const FJsonObject& Args, M
 		return;
 	}
 	Result.SetData(TEXT("content"), Text);
-	Result.AddSuccessMessage(FString::Printf(TEXT("Successfully read widget_tree from Widget Blueprint: %s"),
-		*FAssetOperationBase::GetAssetNameFromPath(Path)));
+	const FString AssetName = FAssetOperationBase::GetAssetNameFromPath(Path);
+	const TArray<FString> Missing = WidgetNames.IsEmpty() ? TArray<FString>()
+														  : ReadStatus::FindMissingWidgets(Text, WidgetNames);
+	for (const FString& Name : Missing)
+	{
+		Result.AddWarningMessage(
+			FString::Printf(TEXT("'%s' widget does not exist in Widget Blueprint: %s"), *Name, *AssetName));
+	}
+	if (WidgetNames.IsEmpty() || Missing.Num() < WidgetNames.Num())
+	{
+		Result.AddSuccessMessage(
+			FString::Printf(TEXT("Successfully read widget_tree from Widget Blueprint: %s"), *AssetName));
+	}
 }

@@ -63,7 +63,7 @@ private:
 			Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), ToolInfo::FieldName_Path));
 			return false;
 		}
-		Path = FAssetOperationBase::NormalizeAssetPath(Path);
+		Path = FAssetOperationBase::ResolveBlueprintPath(Path);
 		UBlueprint* const Loaded = FBlueprintUtils::LoadBlueprint(Path, Result);
 		if (!Loaded)
 		{

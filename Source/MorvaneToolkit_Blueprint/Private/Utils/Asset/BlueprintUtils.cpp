@@ -1,7 +1,6 @@
 #include "BlueprintUtils.h"
 
 #include "AssetOperationBase.h"
-#include "AssetRegistry/AssetRegistryModule.h"
 #include "Blueprint/UserWidget.h"
 #include "Engine/Blueprint.h"
 #include "Engine/SimpleConstructionScript.h"
@@ -21,38 +20,6 @@
 
 namespace BlueprintLoading
 {
-const IAssetRegistry& GetRegistry()
-{
-	return FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry")).Get();
-}
-
-/** The first asset of just this class whose name or path is the text, ignoring case. */
-FAssetData FindAssetByText(const UClass* Class, const TArray<FAssetData>& Candidates)
-{
-	const FTopLevelAssetPath ClassPath = Class->GetStructPathName();
-	const FAssetData* const Found = Candidates.FindByPredicate(
-		[&ClassPath](const FAssetData& Asset) { return Asset.AssetClassPath == ClassPath; });
-	return Found ? *Found : FAssetData();
-}
-
-/** The assets that a text can mean, which the registry knows by name and by package without a look at all others. */
-TArray<FAssetData> FindCandidates(const FString& Text)
-{
-	TArray<FAssetData> Candidates;
-	GetRegistry().GetAssetsByName(FName(*Text), Candidates);
-	if (Text.StartsWith(TEXT("/")))
-	{
-		GetRegistry().GetAssetsByPackageName(FName(*FPackageName::ObjectPathToPackageName(Text)), Candidates);
-	}
-	Candidates.RemoveAll(
-		[&Text](const FAssetData& Asset)
-		{
-			return !Asset.AssetName.ToString().Equals(Text, ESearchCase::IgnoreCase)
-				&& !Asset.GetObjectPathString().Equals(Text, ESearchCase::IgnoreCase);
-		});
-	return Candidates;
-}
-
 /** Whether a file stands where the asset's own would. */
 bool HasFile(const FString& PackageName)
 {
@@ -67,7 +34,7 @@ bool HasFile(const FString& PackageName)
 /** What the loader has to say about a file that cannot be read; empty when there is no file. */
 FString AskWhyNotLoaded(const FString& Path)
 {
-	const FString PackageName = FPackageName::ObjectPathToPackageName(Path);
+	const FString PackageName = FAssetOperationBase::ResolveBlueprintPath(Path);
 	if (!HasFile(PackageName))
 	{
 		return FString();
@@ -134,28 +101,11 @@ UBlueprint* MakeOfClass(const FString& Path, UClass* ParentClass, Morvane::FTool
 
 UBlueprint* FBlueprintUtils::TryLoadBlueprint(const FString& Path)
 {
-	if (Path.IsEmpty())
-	{
-		return nullptr;
-	}
-	// One path leads to one object, whatever its kind. Quiet: the caller says what a miss means.
-	UObject* const Loaded = StaticLoadObject(
-		UBlueprint::StaticClass(), nullptr, *Path, nullptr, LOAD_Quiet | LOAD_NoWarn);
-	if (UBlueprint* const Blueprint = Cast<UBlueprint>(Loaded))
-	{
-		return Blueprint;
-	}
-	const TArray<FAssetData> Candidates = BlueprintLoading::FindCandidates(Path);
-	for (const UClass* const Class :
-		{UAnimBlueprint::StaticClass(), UWidgetBlueprint::StaticClass(), UBlueprint::StaticClass()})
-	{
-		const FAssetData Asset = BlueprintLoading::FindAssetByText(Class, Candidates);
-		if (UBlueprint* const Blueprint = Asset.IsValid() ? Cast<UBlueprint>(Asset.GetAsset()) : nullptr)
-		{
-			return Blueprint;
-		}
-	}
-	return nullptr;
+	const FString Resolved = FAssetOperationBase::ResolveBlueprintPath(Path);
+	// A bare name is nobody's by now. Quiet: a miss is ordinary to those who make what they do not find.
+	return Resolved.Contains(TEXT("/")) ? Cast<UBlueprint>(
+			   StaticLoadObject(UBlueprint::StaticClass(), nullptr, *Resolved, nullptr, LOAD_Quiet | LOAD_NoWarn))
+										: nullptr;
 }
 
 UBlueprint* FBlueprintUtils::LoadBlueprint(const FString& Path, Morvane::FToolResult& Result)
@@ -175,8 +125,7 @@ UBlueprint* FBlueprintUtils::LoadBlueprint(const FString& Path, Morvane::FToolRe
 
 bool FBlueprintUtils::BlueprintExists(const FString& Path)
 {
-	// A package path stands for its asset here as everywhere.
-	return !Path.IsEmpty() && BlueprintLoading::GetRegistry().GetAssetByObjectPath(FSoftObjectPath(Path)).IsValid();
+	return !Path.IsEmpty() && FAssetOperationBase::AssetExists(FAssetOperationBase::ResolveBlueprintPath(Path));
 }
 
 UBlueprint* FBlueprintUtils::CreateBlueprint(
@@ -226,6 +175,11 @@ void FBlueprintUtils::MarkBlueprintDirty(UBlueprint* Blueprint)
 	{
 		Blueprint->MarkPackageDirty();
 	}
+}
+
+FString FBlueprintUtils::GetBlueprintPath(const UBlueprint* Blueprint)
+{
+	return Blueprint ? Blueprint->GetOutermost()->GetName() : FString();
 }
 
 FString FBlueprintUtils::GetBlueprintName(const FString& Path)

@@ -6,6 +6,7 @@
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
+#include "Utils/Graph/MemberNames.h"
 
 // The functions of FBlueprintCreateModifyRemoveUtils: one plain function at a time, for siblings.
 
@@ -59,14 +60,14 @@ bool FBlueprintCreateModifyRemoveUtils::CreateFunction(
 		Result.AddErrorMessage(FString::Printf(TEXT("Function '%s' already exists"), *Name));
 		return false;
 	}
-	UEdGraph* const Graph = Name.IsEmpty() ? nullptr
-										   : FBlueprintEditorUtils::CreateNewGraph(Blueprint, FName(*Name),
-											   UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
-	if (!Graph)
+	const FString Obstacle = MemberNames::DescribeObstacle(*Blueprint, Name);
+	if (!Obstacle.IsEmpty())
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Failed to create function '%s'"), *Name));
+		Result.AddErrorMessage(FString::Printf(TEXT("Failed to create function '%s' (%s)"), *Name, *Obstacle));
 		return false;
 	}
+	UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(
+		Blueprint, FName(*Name), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
 	FGraphNodeCreator<UK2Node_FunctionEntry> Creator(*Graph);
 	UK2Node_FunctionEntry* const Entry = Creator.CreateNode(false);
 	Entry->FunctionReference.SetExternalMember(FName(*Name), Blueprint->GeneratedClass);

@@ -8,6 +8,7 @@
 #include "K2Node_FunctionResult.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
+#include "Utils/Graph/MemberNames.h"
 
 namespace BlueprintGraphUtils
 {
@@ -92,15 +93,15 @@ UEdGraph* FBlueprintGraphUtils::EnsureEventGraph(
 		}
 	}
 
-	UEdGraph* const Graph = bNameIsTaken || !FBlueprintEditorUtils::DoesSupportEventGraphs(Blueprint)
-		? nullptr
-		: FBlueprintEditorUtils::CreateNewGraph(
-			Blueprint, FName(*GraphName), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
-	if (!Graph)
+	FString Obstacle = MemberNames::WhyNoEventGraph(*Blueprint);
+	Obstacle = Obstacle.IsEmpty() ? MemberNames::DescribeObstacle(*Blueprint, GraphName) : Obstacle;
+	if (!Obstacle.IsEmpty())
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Failed to create event graph '%s'"), *GraphName));
+		Result.AddErrorMessage(FString::Printf(TEXT("Failed to create event graph '%s' (%s)"), *GraphName, *Obstacle));
 		return nullptr;
 	}
+	UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(
+		Blueprint, FName(*GraphName), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
 	// It starts empty: the schema's default node is a function's entry, which no event graph may hold.
 	FBlueprintEditorUtils::AddUbergraphPage(Blueprint, Graph);
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);

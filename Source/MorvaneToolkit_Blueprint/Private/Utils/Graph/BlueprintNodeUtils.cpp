@@ -35,10 +35,18 @@ TNode* SpawnForOwnVariable(
 		return nullptr;
 	}
 	const FName Name(*VariableName);
+	const FBPVariableDescription* const Local = FBlueprintEditorUtils::FindLocalVariable(Blueprint, Graph, Name);
 	FGuid Guid = FBlueprintEditorUtils::FindMemberVariableGuidByName(Blueprint, Name);
 	return Spawn<TNode>(*Graph, Position,
-		[Name, &Guid](TNode& Node)
+		[Name, &Guid, Local, Graph](TNode& Node)
 		{
+			// Within its function a local variable hides a member of the same name.
+			if (Local)
+			{
+				Node.VariableReference.SetLocalMember(
+					Local->VarName, FBlueprintEditorUtils::GetTopLevelGraph(Graph)->GetName(), Local->VarGuid);
+				return;
+			}
 			// An inherited variable has no guid here and is known by its name alone.
 			if (Guid.IsValid())
 			{
@@ -66,7 +74,8 @@ TNode* SpawnForOtherClass(
 	UEdGraph* Graph, const FString& VariableName, UClass* SourceClass, UEdGraphPin* OwnerPin, const FVector2D& Position)
 {
 	const FName Name(*VariableName);
-	if (!Graph || !SourceClass || !SourceClass->FindPropertyByName(Name))
+	const UClass* const Known = FBlueprintEditorUtils::GetMostUpToDateClass(SourceClass);
+	if (!Graph || !Known || !Known->FindPropertyByName(Name))
 	{
 		return nullptr;
 	}

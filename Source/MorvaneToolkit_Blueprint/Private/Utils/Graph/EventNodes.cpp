@@ -9,6 +9,7 @@
 #include "K2Node_CustomEvent.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
+#include "Utils/Graph/MemberNames.h"
 #include "WidgetBlueprint.h"
 
 #include <algorithm>
@@ -112,8 +113,16 @@ void ApplyReplication(
 	}
 }
 
+/** Why the event cannot have its name; empty when it can. What is to be a duplicate shares it with another event. */
+FString DescribeObstacle(const UBlueprint& Blueprint, const FString& EventName, const FBPNodeModification& Record)
+{
+	const bool bDuplicates = AllowsDuplicate(Record)
+		&& FBlueprintEditorUtils::FindCustomEventNode(&Blueprint, FName(*EventName));
+	return bDuplicates ? FString() : MemberNames::DescribeObstacle(Blueprint, EventName);
+}
+
 UEdGraphNode* CreateCustomEvent(UBlueprint& Blueprint, UEdGraph& Graph, const FString& EventName,
-	const FBPNodeModification& Record, Morvane::FToolResult& Result)
+	const FBPNodeModification& Record, Morvane::FToolResult& Result, FString& OutError)
 {
 	UK2Node_CustomEvent* const Existing = AllowsDuplicate(Record) ? nullptr : FindCustomEvent(Graph, EventName);
 	if (Existing)
@@ -123,10 +132,15 @@ UEdGraphNode* CreateCustomEvent(UBlueprint& Blueprint, UEdGraph& Graph, const FS
 		ApplyReplication(Blueprint, *Existing, Record, Result);
 		return Existing;
 	}
-	UK2Node_CustomEvent* const Event = SpawnCustomEvent(Graph, EventName, GetPosition(Graph, Record));
+	const FString Obstacle = DescribeObstacle(Blueprint, EventName, Record);
+	UK2Node_CustomEvent* const Event = Obstacle.IsEmpty()
+		? SpawnCustomEvent(Graph, EventName, GetPosition(Graph, Record))
+		: nullptr;
 	if (!Event)
 	{
-		Result.AddWarningMessage(FString::Printf(TEXT("Failed to create custom event '%s'"), *EventName));
+		OutError = FString::Printf(TEXT("Failed to create custom event '%s' (%s)"), *EventName,
+			Obstacle.IsEmpty() ? TEXT("the graph took no node") : *Obstacle);
+		Result.AddWarningMessage(OutError);
 		return nullptr;
 	}
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
@@ -177,7 +191,8 @@ UEdGraphNode* CreateOverride(UBlueprint& Blueprint, UEdGraph& Graph, const FStri
 		Graph, *Function, SignatureClass, GetPosition(Graph, Record));
 	if (!Event)
 	{
-		Result.AddWarningMessage(FString::Printf(TEXT("Failed to create event override '%s'"), *EventName));
+		Result.AddWarningMessage(FString::Printf(
+			TEXT("Failed to create event override '%s' (the graph '%s' took no node)"), *EventName, *Graph.GetName()));
 		return nullptr;
 	}
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
@@ -186,11 +201,10 @@ UEdGraphNode* CreateOverride(UBlueprint& Blueprint, UEdGraph& Graph, const FStri
 	return Event;
 }
 
-/** The class that knows most: the skeleton has what was declared since the last compile. */
+/** The class as it is declared now, whatever was declared since the last compile. */
 const UClass* GetKnownClass(const UBlueprint& Blueprint)
 {
-	const UClass* Class = Blueprint.SkeletonGeneratedClass;
-	Class = Class ? Class : Blueprint.GeneratedClass.Get();
+	const UClass* const Class = FBlueprintEditorUtils::GetMostUpToDateClass(Blueprint.GeneratedClass);
 	return Class ? Class : Blueprint.ParentClass.Get();
 }
 
@@ -263,8 +277,8 @@ bool FBlueprintEventNodeUtils::CreateEventNode(UBlueprint* Blueprint, UEdGraph* 
 		Result.AddErrorMessage(OutError);
 		return false;
 	}
-	const bool bCustom = Record.ClassName.Equals(TEXT("K2Node_CustomEvent"), ESearchCase::CaseSensitive);
-	OutNode = bCustom ? EventNodes::CreateCustomEvent(*Blueprint, *Graph, EventName, Record, Result)
+	const bool bCustom = Record.ClassName.Equals(TEXT("K2Node_CustomEvent"), ESearchCase::IgnoreCase);
+	OutNode = bCustom ? EventNodes::CreateCustomEvent(*Blueprint, *Graph, EventName, Record, Result, OutError)
 					  : EventNodes::CreateOverride(*Blueprint, *Graph, EventName, Record, Result);
 	return OutNode != nullptr;
 }

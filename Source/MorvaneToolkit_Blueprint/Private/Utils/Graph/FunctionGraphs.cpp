@@ -10,10 +10,10 @@
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "Kismet2/BlueprintEditorUtils.h"
-#include "Kismet2/Kismet2NameValidators.h"
 #include "ToolResult.h"
 #include "UObject/Script.h"
 #include "Utils/Graph/EventNodes.h"
+#include "Utils/Graph/MemberNames.h"
 
 namespace FunctionGraphs
 {
@@ -69,12 +69,14 @@ UEdGraph* EnsureEventGraphFor(UBlueprint& Blueprint, const FString& FunctionName
 	{
 		return EventGraph;
 	}
-	UEdGraph* const EventGraph = MakeGraph(Blueprint, UEdGraphSchema_K2::GN_EventGraph.ToString());
-	if (!EventGraph)
+	const FString Reason = MemberNames::WhyNoEventGraph(Blueprint);
+	if (!Reason.IsEmpty())
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Failed to create event graph for %s"), *FunctionName));
+		Result.AddErrorMessage(
+			FString::Printf(TEXT("Failed to create event graph for %s (%s)"), *FunctionName, *Reason));
 		return nullptr;
 	}
+	UEdGraph* const EventGraph = MakeGraph(Blueprint, UEdGraphSchema_K2::GN_EventGraph.ToString());
 	FBlueprintEditorUtils::AddUbergraphPage(&Blueprint, EventGraph);
 	Result.AddSuccessMessage(FString::Printf(TEXT("Created new event graph: %s, with graph_schema: %s"),
 		*EventGraph->GetName(), *GetSchemaName(*EventGraph)));
@@ -102,7 +104,9 @@ EFunctionGraphOutcome TakeEventWay(UBlueprint& Blueprint, const FString& Name, c
 		*EventGraph, Function, ParentClass, EventGraph->GetGoodPlaceForNewNode());
 	if (!Event)
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Failed to create event override node for %s"), *Name));
+		Result.AddErrorMessage(
+			FString::Printf(TEXT("Failed to create event override node for %s (the graph '%s' took no node)"), *Name,
+				*EventGraph->GetName()));
 		return EFunctionGraphOutcome::Failure;
 	}
 	Result.AddSuccessMessage(FString::Printf(
@@ -113,28 +117,56 @@ EFunctionGraphOutcome TakeEventWay(UBlueprint& Blueprint, const FString& Name, c
 	return EFunctionGraphOutcome::HandledAsEvent;
 }
 
-/** A graph with an entry that requests may add to. An event graph or a macro keeps its name to itself. */
+/**
+ * Whether requests may add to the graph as to a function: it is one, of the Blueprint itself or of an interface. Event
+ * graphs, macros, dispatchers, animation graphs and what is nested in any graph keep their names to themselves, since
+ * an entry would break them.
+ */
 bool CanHoldFunction(const UBlueprint& Blueprint, const UEdGraph* Graph, const UEdGraph* TopGraph)
 {
-	return FBlueprintGraphUtils::FindFunctionEntry(Graph)
-		|| (!FBlueprintGraphUtils::IsUbergraphPage(&Blueprint, TopGraph)
-			&& !Blueprint.MacroGraphs.ContainsByPredicate(
-				[TopGraph](const UEdGraph* Macro) { return Macro == TopGraph; }));
+	const UEdGraphSchema* const Schema = Graph->GetSchema();
+	return Graph == TopGraph && Schema && Schema->GetGraphType(Graph) == GT_Function
+		&& !FBlueprintGraphUtils::IsDelegateSignatureGraph(&Blueprint, Graph);
 }
 
-/** Whether a new function may have the name: it is free, short enough, and holds nothing that a path cannot. */
-bool IsFreeFunctionName(const UBlueprint& Blueprint, const FString& Name)
+bool ReportNoGraph(const FString& Name, const FString& Reason, Morvane::FToolResult& Result)
 {
-	return FKismetNameValidator(&Blueprint).IsValid(Name) == EValidatorResult::Ok;
+	Result.AddErrorMessage(FString::Printf(TEXT("Failed to create function graph: %s (%s)"), *Name, *Reason));
+	return false;
 }
 
-/** The signature of an override is fixed, so what it has already is what the request means. */
-void AddPin(UK2Node_EditablePinBase& Node, FName Name, const FEdGraphPinType& Type, EEdGraphPinDirection Direction)
+/** The type under which the node has the pin already; null when it has none of the name. */
+const FEdGraphPinType* FindDeclaredType(const UK2Node_EditablePinBase& Node, FName Name)
 {
-	const bool bIsFixed = !Node.bIsEditable;
-	if (!bIsFixed || !Node.FindPin(Name, Direction))
+	for (const TSharedPtr<FUserPinInfo>& Pin : Node.UserDefinedPins)
 	{
-		Node.CreateUserDefinedPin(Name, Type, Direction, true);
+		if (Pin && Pin->PinName == Name)
+		{
+			return &Pin->PinType;
+		}
+	}
+	return nullptr;
+}
+
+/**
+ * What stands already with this name and type is what the request means, so that a batch may be sent again; the
+ * signature of an override is fixed, whatever type is asked for.
+ */
+void AddPin(UK2Node_EditablePinBase& Node, FName Name, const FEdGraphPinType& Type, EEdGraphPinDirection Direction,
+	Morvane::FToolResult& Result)
+{
+	const FEdGraphPinType* const Declared = FindDeclaredType(Node, Name);
+	const bool bIsDone = Node.bIsEditable ? Declared && *Declared == Type : Node.FindPin(Name, Direction) != nullptr;
+	if (bIsDone)
+	{
+		return;
+	}
+	const UEdGraphPin* const Pin = Node.CreateUserDefinedPin(Name, Type, Direction, true);
+	if (Pin && Declared)
+	{
+		Result.AddWarningMessage(
+			FString::Printf(TEXT("Parameter '%s' of '%s' stands already with another type; '%s' was added beside it."),
+				*Name.ToString(), *Node.GetGraph()->GetName(), *Pin->GetName()));
 	}
 }
 } // namespace FunctionGraphs
@@ -158,8 +190,8 @@ bool FBlueprintFunctionGraphUtils::EnsureFunctionGraph(UBlueprint* Blueprint, co
 	UEdGraph* Graph = FBlueprintMatchingUtils::FindGraphByName(Blueprint, Name, &TopGraph);
 	if (Graph && !FunctionGraphs::CanHoldFunction(*Blueprint, Graph, TopGraph))
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Failed to create function graph: %s"), *Name));
-		return false;
+		return FunctionGraphs::ReportNoGraph(
+			Name, MemberNames::DescribeGraph(*Blueprint, *Graph) + TEXT(" has this name already"), Result);
 	}
 	if (!Graph)
 	{
@@ -175,7 +207,8 @@ bool FBlueprintFunctionGraphUtils::EnsureFunctionGraph(UBlueprint* Blueprint, co
 	OutEntry = OutEntry ? OutEntry : FunctionGraphs::SpawnEntry(*Graph, Name);
 	if (!OutEntry)
 	{
-		Result.AddErrorMessage(TEXT("Failed to create FunctionEntry node"));
+		Result.AddErrorMessage(FString::Printf(
+			TEXT("Failed to create FunctionEntry node (the graph '%s' took no node)"), *Graph->GetName()));
 		return false;
 	}
 	OutResult = FBlueprintGraphUtils::FindFunctionResult(Graph);
@@ -202,13 +235,14 @@ EFunctionGraphOutcome FBlueprintFunctionGraphUtils::CreateOrOverride(
 		}
 	}
 
-	const bool bNameIsFit = Function || FunctionGraphs::IsFreeFunctionName(Blueprint, Name);
-	UEdGraph* const Graph = bNameIsFit ? FunctionGraphs::MakeGraph(Blueprint, Name) : nullptr;
-	if (!Graph)
+	FString Obstacle = Function ? FString() : MemberNames::DescribeObstacle(Blueprint, Name);
+	Obstacle = Blueprint.BlueprintType == BPTYPE_MacroLibrary ? TEXT("a macro library has no functions") : Obstacle;
+	if (!Obstacle.IsEmpty())
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Failed to create function graph: %s"), *Name));
+		FunctionGraphs::ReportNoGraph(Name, Obstacle, Result);
 		return EFunctionGraphOutcome::Failure;
 	}
+	UEdGraph* const Graph = FunctionGraphs::MakeGraph(Blueprint, Name);
 	FBlueprintEditorUtils::AddFunctionGraph<UClass>(&Blueprint, Graph, !Function, Function ? ParentClass : nullptr);
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
 	if (Function)
@@ -245,7 +279,8 @@ bool FBlueprintFunctionGraphUtils::ConfigureGraphSignature(
 		// default, and not the word "input", that asks for a function input; what an entry makes of the other wish is
 		// its own affair. Held by CreateGraph.DirectionWords.
 		const bool bInput = Parameter.Direction.Equals(TEXT("input"), ESearchCase::IgnoreCase);
-		FunctionGraphs::AddPin(*Entry, FName(*Parameter.Name), Parameter.Type, bInput ? EGPD_Input : EGPD_Output);
+		FunctionGraphs::AddPin(
+			*Entry, FName(*Parameter.Name), Parameter.Type, bInput ? EGPD_Input : EGPD_Output, Result);
 	}
 	if (Request.bHasReturnType)
 	{
@@ -253,7 +288,8 @@ bool FBlueprintFunctionGraphUtils::ConfigureGraphSignature(
 		ResultNode = ResultNode ? ResultNode : FunctionGraphs::SpawnResult(*Graph, *Entry);
 		if (ResultNode && Request.ReturnType)
 		{
-			FunctionGraphs::AddPin(*ResultNode, UEdGraphSchema_K2::PN_ReturnValue, *Request.ReturnType, EGPD_Input);
+			FunctionGraphs::AddPin(
+				*ResultNode, UEdGraphSchema_K2::PN_ReturnValue, *Request.ReturnType, EGPD_Input, Result);
 		}
 	}
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
@@ -275,12 +311,18 @@ bool FBlueprintFunctionGraphUtils::EnsureDelegateSignature(
 		OutGraph = Existing;
 		return true;
 	}
-	UEdGraph* const Graph = Existing ? nullptr : FunctionGraphs::MakeGraph(*Blueprint, Name);
-	if (!Graph)
+	FString Obstacle = MemberNames::WhyNoDispatchers(*Blueprint);
+	if (Obstacle.IsEmpty() && Existing)
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Failed to create delegate signature graph: %s"), *Name));
+		Obstacle = MemberNames::DescribeGraph(*Blueprint, *Existing) + TEXT(" has this name already");
+	}
+	if (!Obstacle.IsEmpty())
+	{
+		Result.AddErrorMessage(
+			FString::Printf(TEXT("Failed to create delegate signature graph: %s (%s)"), *Name, *Obstacle));
 		return false;
 	}
+	UEdGraph* const Graph = FunctionGraphs::MakeGraph(*Blueprint, Name);
 	const UEdGraphSchema_K2* const Schema = GetDefault<UEdGraphSchema_K2>();
 	Graph->bEditable = false;
 	Schema->CreateDefaultNodesForGraph(*Graph);

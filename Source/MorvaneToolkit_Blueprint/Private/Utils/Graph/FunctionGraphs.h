@@ -41,8 +41,9 @@ public:
 		UBlueprint& Blueprint, const FString& Name, UEdGraph*& OutGraph, Morvane::FToolResult& Result);
 
 	/**
-	 * Adds the request's parameters and return value to the graph's pins; what is there stays. The signature of an
-	 * override is its parent's, so pins that such a graph has already are not added again.
+	 * Adds the request's parameters and return value to the graph's pins; what is there stays. A pin of the same name
+	 * and type counts as done. The signature of an override is its parent's, so pins that such a graph has already are
+	 * not added again whatever their type.
 	 */
 	static bool ConfigureGraphSignature(
 		UBlueprint* Blueprint, UEdGraph* Graph, const FBPFunctionModification& Request, Morvane::FToolResult& Result);

@@ -216,7 +216,9 @@ private:
 		if (!FBlueprintEditorUtils::AddLocalVariable(
 				&Blueprint, &Graph, FName(*Record.Name), *Record.Type, Record.DefaultValue.Get(FString())))
 		{
-			Fail(FString::Printf(TEXT("Failed to create local variable '%s'"), *Record.Name));
+			Fail(FString::Printf(
+				TEXT("Failed to create local variable '%s' (a parameter of the function has this name)"),
+				*Record.Name));
 			return;
 		}
 		++Outcome.Added;
@@ -233,7 +235,10 @@ private:
 		Entry.Modify();
 		if (Record.Type)
 		{
-			Variable->VarType = *Record.Type;
+			// Its gets and sets follow, so that what is linked in this call meets the new type.
+			const UClass* const Class = FBlueprintEditorUtils::GetMostUpToDateClass(Blueprint.GeneratedClass);
+			FBlueprintEditorUtils::ChangeLocalVariableType(&Blueprint,
+				Class ? Class->FindFunctionByName(Graph.GetFName()) : nullptr, Variable->VarName, *Record.Type);
 		}
 		if (Record.DefaultValue)
 		{

@@ -1,9 +1,11 @@
 #include "Utils/Graph/PinConnections.h"
 
+#include "AssetOperationBase.h"
 #include "BlueprintNodeUtils.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphNode.h"
 #include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
 #include "K2Node.h"
 #include "ToolResult.h"
 #include "UObject/UObjectGlobals.h"
@@ -54,6 +56,37 @@ UEdGraphPin* FindPin(const UEdGraphNode& Node, const FString& PinName, EEdGraphP
 		}
 	}
 	return nullptr;
+}
+
+/** The first pin that the name is an alias of, among those that an author sees or among the others. */
+UEdGraphPin* FindPinByAlias(
+	const UEdGraphNode& Node, const FString& Requested, EEdGraphPinDirection Direction, bool bHidden)
+{
+	const TArray<FString>* const Names = FindAliases(Requested);
+	for (int32 Index = 0; Names && Index < Names->Num(); ++Index)
+	{
+		UEdGraphPin* const Pin = FindPin(Node, (*Names)[Index], Direction);
+		if (Pin && Pin->bHidden == bHidden)
+		{
+			return Pin;
+		}
+	}
+	return nullptr;
+}
+
+/** What the name means in one direction, surest reading first. A visible pin goes before its own name's hidden alias:
+ * a function may have a parameter "Target" beside the object that it is called on. */
+UEdGraphPin* FindPinInDirection(const UEdGraphNode& Node, const FString& Requested, EEdGraphPinDirection Direction)
+{
+	if (UEdGraphPin* const Pin = FindPinByAlias(Node, Requested, Direction, false))
+	{
+		return Pin;
+	}
+	if (UEdGraphPin* const Pin = FindPin(Node, Requested, Direction))
+	{
+		return Pin;
+	}
+	return FindPinByAlias(Node, Requested, Direction, true);
 }
 
 /** Both ends of a request, each found or missed with a warning; the source is looked for first. */
@@ -177,6 +210,36 @@ struct FKeptDefault
 	FText Text;
 };
 
+/**
+ * Gives a class pin's value, which agents write as they name classes anywhere, the path of the class that it means.
+ * What names no class stays for the schema to refuse. False, reported, when it could mean several Blueprints.
+ */
+bool ResolveClassValue(const UEdGraphPin& Pin, FString& InOutValue, Morvane::FToolResult& Result)
+{
+	const FName Category = Pin.PinType.PinCategory;
+	const bool bIsClassPin = !Pin.PinType.IsContainer()
+		&& (Category == UEdGraphSchema_K2::PC_Class || Category == UEdGraphSchema_K2::PC_SoftClass);
+	const UClass* const Class = bIsClassPin ? FAssetOperationBase::GetAssetClassFromAssetName(InOutValue) : nullptr;
+	if (!Class)
+	{
+		return true;
+	}
+	const UBlueprint* const Blueprint = UBlueprint::GetBlueprintFromClass(Class);
+	if (Blueprint && !InOutValue.Contains(TEXT("/")) && !InOutValue.Contains(TEXT("\\")))
+	{
+		const TArray<FString> Paths = FAssetOperationBase::FindBlueprintPaths(Blueprint->GetName());
+		if (Paths.Num() > 1)
+		{
+			Result.AddWarningMessage(
+				FString::Printf(TEXT("Ambiguous Blueprint name '%s'. Found %d matches: %s. Use full package path."),
+					*InOutValue, Paths.Num(), *FString::Join(Paths, TEXT(", "))));
+			return false;
+		}
+	}
+	InOutValue = Class->GetPathName();
+	return true;
+}
+
 /** "float" and "double" are no pin categories any more: what they mean is a real of that precision. */
 void SetCategory(const FBPPinType& Record, FName& OutCategory, FName& OutSubCategory)
 {
@@ -204,17 +267,7 @@ UEdGraphPin* FBlueprintPinUtils::FindPinWithAliases(
 	{
 		return nullptr;
 	}
-	if (const TArray<FString>* const Names = PinConnections::FindAliases(PinName))
-	{
-		for (const FString& Name : *Names)
-		{
-			if (UEdGraphPin* const Pin = PinConnections::FindPin(*Node, Name, Direction))
-			{
-				return Pin;
-			}
-		}
-	}
-	if (UEdGraphPin* const Pin = PinConnections::FindPin(*Node, PinName, Direction))
+	if (UEdGraphPin* const Pin = PinConnections::FindPinInDirection(*Node, PinName, Direction))
 	{
 		return Pin;
 	}
@@ -340,9 +393,14 @@ bool FBlueprintPinUtils::SetPinDefaultValue(UEdGraphPin* Pin, const FString& Val
 		return false;
 	}
 
+	FString Written = Value;
+	if (!PinConnections::ResolveClassValue(*Pin, Written, Result))
+	{
+		return false;
+	}
 	const UEdGraphSchema_K2* const Schema = GetDefault<UEdGraphSchema_K2>();
 	const PinConnections::FKeptDefault Kept(*Pin);
-	Schema->TrySetDefaultValue(*Pin, Value, true);
+	Schema->TrySetDefaultValue(*Pin, Written, true);
 	const UEdGraphPin* const Changed = Kept.Pin.Get();
 	if (!Changed)
 	{

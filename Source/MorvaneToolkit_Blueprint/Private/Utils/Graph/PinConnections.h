@@ -18,9 +18,9 @@ class FBlueprintPinUtils
 {
 public:
 	/**
-	 * An alias of the name goes before the name itself, and both before a pin of the other direction, which is counted
-	 * in the session when there is one. Ignores case. Null for a null node and for a direction that is neither input
-	 * nor output.
+	 * A visible pin that the name is an alias of goes before the name itself, and that before a hidden pin by alias; a
+	 * pin of the other direction comes last and is counted in the session when there is one. Ignores case. Null for a
+	 * null node and for a direction that is neither input nor output.
 	 */
 	static UEdGraphPin* FindPinWithAliases(
 		const UEdGraphNode* Node, const FString& PinName, EEdGraphPinDirection Direction, FBPGraphSession* Session);

@@ -113,7 +113,7 @@ bool FRead::ReadCommand()
 
 bool FRead::LoadBlueprint()
 {
-	if (!FAssetOperationBase::AssetExists(Path))
+	if (!FBlueprintUtils::BlueprintExists(Path))
 	{
 		Result.AddErrorMessage(FString::Printf(TEXT("Blueprint does not exist: %s"), *Path));
 		Result.AddErrorMessage(TEXT("Cannot read Blueprint. The asset may have been deleted."));

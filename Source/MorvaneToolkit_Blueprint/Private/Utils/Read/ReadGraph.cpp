@@ -8,8 +8,10 @@
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphNode_Comment.h"
 #include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_EventNodeInterface.h"
+#include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolInfo.h"
 #include "Utils/Read/ReadPins.h"
 
@@ -179,7 +181,8 @@ FFlow WalkFlow(const UEdGraphNode* Event)
 class FRequestedEvents
 {
 public:
-	explicit FRequestedEvents(const FJsonObject& Command)
+	FRequestedEvents(const FJsonObject& Command, const UEdGraph& InGraph)
+		: Graph(InGraph)
 	{
 		const TArray<TSharedPtr<FJsonValue>>* Entries = nullptr;
 		if (!Command.TryGetArrayField(Morvane::ToolInfo::FieldName_Events, Entries))
@@ -205,9 +208,33 @@ public:
 		for (auto& Pair : Counts)
 		{
 			const FString& Name = Pair.Key;
-			if (Name.Contains(Title, ESearchCase::IgnoreCase) || Title.Contains(Name, ESearchCase::IgnoreCase))
+			if (Fits(Name, Title))
 			{
 				++Pair.Value;
+				return true;
+			}
+		}
+		return false;
+	}
+
+	/** Whether another event graph of the Blueprint has the event: every graph is asked for all names. */
+	bool IsElsewhere(const FString& Name) const
+	{
+		const UBlueprint* const Blueprint = FBlueprintEditorUtils::FindBlueprintForGraph(&Graph);
+		if (!Blueprint)
+		{
+			return false;
+		}
+		for (const UEdGraph* const Page : Blueprint->UbergraphPages)
+		{
+			const bool bHasEvent = Page && Page != &Graph
+				&& Page->Nodes.ContainsByPredicate(
+					[&Name](const UEdGraphNode* Node) {
+						return Node && IsEvent(Node)
+							&& Fits(Name, Node->GetNodeTitle(ENodeTitleType::FullTitle).ToString());
+					});
+			if (bHasEvent)
+			{
 				return true;
 			}
 		}
@@ -228,6 +255,12 @@ public:
 	}
 
 private:
+	static bool Fits(const FString& Name, const FString& Title)
+	{
+		return Name.Contains(Title, ESearchCase::IgnoreCase) || Title.Contains(Name, ESearchCase::IgnoreCase);
+	}
+
+	const UEdGraph& Graph;
 	TMap<FString, int32> Counts;
 };
 
@@ -239,7 +272,7 @@ public:
 		: Graph(InGraph)
 		, Command(InCommand)
 		, bFull(IsTool(ReadTool, Morvane::ToolInfo::ToolName_ReadBlueprintEvent))
-		, Requested(*InCommand)
+		, Requested(*InCommand, InGraph)
 	{
 		Command->TryGetBoolField(TEXT("finalize_modifications"), bFinalize);
 	}
@@ -294,6 +327,11 @@ private:
 	{
 		for (const FString& Name : Requested.GetMissing())
 		{
+			// "Not found" is said of this graph; "deleted" is said of the event, which may stand beside it.
+			if (bFinalize && Requested.IsElsewhere(Name))
+			{
+				continue;
+			}
 			const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
 			Entry->SetStringField(TEXT("event_title"), Name);
 			Entry->SetStringField(TEXT("status"), bFinalize ? TEXT("deleted") : TEXT("not_found"));
