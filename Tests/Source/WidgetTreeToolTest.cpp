@@ -346,5 +346,5 @@ TEST(WidgetTreeTool, OnlyWidgetBlueprintsThatMayBeChangedAreChanged)
 	{ return Errors(*RunTool(Morvane::ToolInfo::ToolName_UIModifyWidgetBP, Arguments)); };
 	EXPECT_THAT(Run("{}"), ElementsAre("Missing required field 'path'"));
 	EXPECT_THAT(Run(R"({"path":"/Game/Nowhere"})"), ElementsAre("Failed to find or load blueprint: /Game/Nowhere"));
-	EXPECT_THAT(Run(R"({"path":"BP_Test"})"), ElementsAre("Blueprint at 'BP_Test' is not a Widget Blueprint"));
+	EXPECT_THAT(Run(R"({"path":"BP_Test"})"), ElementsAre("Blueprint at '/Game/Tests/BP_Test' is not a Widget Blueprint"));
 }
