@@ -105,6 +105,13 @@ void UAnimStateNodeBase::OnRenameNode(const FString& NewName)
 
 void UAnimStateNodeBase::DestroyNode()
 {
+	// A way from or to a state that is gone leads nowhere.
+	TArray<UAnimStateTransitionNode*> Transitions;
+	GetTransitionList(Transitions);
+	for (UAnimStateTransitionNode* const Transition : Transitions)
+	{
+		Transition->DestroyNode();
+	}
 	UEdGraph* const Graph = GetBoundGraph();
 	ClearBoundGraph();
 	if (Graph)
@@ -231,6 +238,17 @@ void UAnimStateTransitionNode::CreateConnections(UAnimStateNodeBase* PreviousSta
 	GetInputPin()->MakeLinkTo(PreviousState->GetOutputPin());
 	GetOutputPin()->BreakAllPinLinks();
 	GetOutputPin()->MakeLinkTo(NextState->GetInputPin());
+}
+
+void UAnimStateTransitionNode::PinConnectionListChanged(UEdGraphPin* Pin)
+{
+	UEdGraph* const Machine = GetGraph();
+	if (Pin && Pin->LinkedTo.IsEmpty() && Machine && Machine->Nodes.Contains(this))
+	{
+		// A transition has two ends or is none.
+		Modify();
+		DestroyNode();
+	}
 }
 
 void UAnimStateTransitionNode::AllocateDefaultPins()

@@ -20,6 +20,7 @@ public:
 	void ClearBoundGraph() override { BoundGraph = nullptr; }
 	void AllocateDefaultPins() override;
 	void PostPlacedNewNode() override;
+	void PinConnectionListChanged(UEdGraphPin* Pin) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 

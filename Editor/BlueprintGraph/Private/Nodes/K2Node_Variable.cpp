@@ -48,9 +48,9 @@ namespace VariableNodes
 const FBPVariableDescription* FindLocal(const UK2Node_Variable& Node)
 {
 	const UEdGraph* Graph = Node.GetGraph();
-	while (Graph && Graph->GetParentGraph())
+	for (const UEdGraph* Outer = Graph; Outer; Outer = Outer->GetTypedOuter<UEdGraph>())
 	{
-		Graph = Graph->GetParentGraph();
+		Graph = Outer;
 	}
 	if (!Graph)
 	{

@@ -96,9 +96,10 @@ UEdGraph* FBlueprintEditorUtils::FindUserConstructionScript(const UBlueprint* Bl
 UEdGraph* FBlueprintEditorUtils::GetTopLevelGraph(const UEdGraph* InGraph)
 {
 	UEdGraph* Top = const_cast<UEdGraph*>(InGraph);
-	while (Top && Top->GetParentGraph())
+	// A collapsed graph lives below its node.
+	for (UEdGraph* Outer = Top; Outer; Outer = Outer->GetTypedOuter<UEdGraph>())
 	{
-		Top = Top->GetParentGraph();
+		Top = Outer;
 	}
 	return Top;
 }

@@ -201,6 +201,21 @@ void TakeOutOfLists(UBlueprint& Blueprint, UEdGraph* Graph)
 		Interface.Graphs.Remove(Graph);
 	}
 }
+
+/** The node whose inside the graph is: a collapsed graph, a state machine, a state, a transition. Null for others. */
+UEdGraphNode* FindOwner(UEdGraph& Graph)
+{
+	if (UEdGraphNode* const Direct = Cast<UEdGraphNode>(Graph.GetOuter()))
+	{
+		return Direct;
+	}
+	const UEdGraph* const Parent = Graph.GetParentGraph();
+	const TObjectPtr<UEdGraphNode>* const Found = !Parent
+		? nullptr
+		: Parent->Nodes.FindByPredicate(
+			[&Graph](const UEdGraphNode* Node) { return Node && Node->GetSubGraphs().Contains(&Graph); });
+	return Found ? Found->Get() : nullptr;
+}
 } // namespace GraphEditing
 
 void FBlueprintEditorUtils::RemoveGraph(UBlueprint* Blueprint, UEdGraph* GraphToRemove, EGraphRemoveFlags::Type Flags)
@@ -216,6 +231,12 @@ void FBlueprintEditorUtils::RemoveGraph(UBlueprint* Blueprint, UEdGraph* GraphTo
 		Parent->SubGraphs.Remove(GraphToRemove);
 	}
 	GraphEditing::TakeOutOfLists(*Blueprint, GraphToRemove);
+	if (UEdGraphNode* const Owner = GraphEditing::FindOwner(*GraphToRemove))
+	{
+		// A node without its inside would be a broken one.
+		Owner->Modify();
+		Owner->DestroyNode();
+	}
 	GraphToRemove->MarkAsGarbage();
 	if (Flags & EGraphRemoveFlags::Recompile)
 	{

@@ -4,6 +4,7 @@
 #include "Compiler/BlueprintCompiler.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
+#include "Editor.h"
 #include "Engine/BlueprintGeneratedClass.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "GameFramework/Actor.h"
@@ -238,3 +239,5 @@ void FKismetEditorUtilities::CreateNewBoundEventForClass(
 	Creator.Finalize();
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
 }
+
+UEditorEngine* GEditor = nullptr;
