@@ -241,6 +241,13 @@ struct FKeptObjectText
 		FString TextAfter;
 	};
 	std::vector<FUnread> Unread;
+	/** Entries of lists that lead to nothing: the list goes on without them, and they are written behind it. */
+	struct FLeftOut
+	{
+		FName Property;
+		std::string Value;
+	};
+	std::vector<FLeftOut> LeftOut;
 	/** What followed "CustomProperties " in lines that the object does not take. */
 	std::vector<std::string> CustomLines;
 	/** Whole objects below this one, each as text. */
@@ -249,6 +256,7 @@ struct FKeptObjectText
 	/** Null for most objects. */
 	static const FKeptObjectText* Find(const UObject* Object);
 	const FUnread* FindUnread(FName Property, int32 Index) const;
+	bool HasLeftOut(FName Property) const;
 	static FKeptObjectText& FindOrAdd(UObject* Object);
 	static void Forget(const UObject* Object);
 	/** Keeps the text of a value that the property could not take, in place of what was kept for it. */

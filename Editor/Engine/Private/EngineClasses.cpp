@@ -10,6 +10,7 @@
 #include "Engine/TimelineTemplate.h"
 #include "GameFramework/Actor.h"
 #include "InputCoreTypes.h"
+#include "LoadedBlueprints.h"
 #include "MissingReferences.h"
 #include "Standalone/NativeClass.h"
 
@@ -28,4 +29,5 @@ void RegisterEngineClasses()
 	FMemberReference::StaticStruct();
 	FEdGraphPinType::StaticStruct();
 	StaticEnum<EComponentMobility::Type>();
+	[[maybe_unused]] static const bool bChecksAdded = (AddBlueprintStructureChecks(), true);
 }

@@ -5,6 +5,7 @@
 #include "Blueprint/WidgetTree.h"
 #include "Components/ContentWidget.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "LoadedWidgets.h"
 #include "MovieScene.h"
 #include "Standalone/NativeClass.h"
 #include "Standalone/UMGClasses.h"
@@ -265,4 +266,5 @@ void RegisterUMGClasses()
 	NativeClass::RegisterNativeClasses({&UVisual::StaticClass, &UWidget::StaticClass, &UPanelSlot::StaticClass,
 		&UPanelWidget::StaticClass, &UContentWidget::StaticClass, &UUserWidget::StaticClass, &UWidgetTree::StaticClass,
 		&UWidgetBlueprint::StaticClass, &UWidgetAnimation::StaticClass, &UMovieScene::StaticClass});
+	[[maybe_unused]] static const bool bCheckAdded = (AddWidgetStructureCheck(), true);
 }

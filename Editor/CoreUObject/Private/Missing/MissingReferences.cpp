@@ -188,7 +188,9 @@ void TurnAll(const FReplacements& Replacements)
 			}
 			bool bChanged = false;
 			UClass* const AsClass = Cast<UClass>(Object);
-			if (UClass* const Parent = AsClass ? ReplacementOf(Replacements, AsClass->GetSuperClass()) : nullptr)
+			UClass* const Parent = AsClass ? ReplacementOf(Replacements, AsClass->GetSuperClass()) : nullptr;
+			// What came may descend from what waited for it; a class is no parent of itself.
+			if (Parent && !Parent->IsChildOf(AsClass))
 			{
 				AsClass->SetSuperStruct(Parent);
 				bChanged = true;

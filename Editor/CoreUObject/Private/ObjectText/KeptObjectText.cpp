@@ -5,6 +5,8 @@
 
 #include "Misc/FeedbackContext.h"
 
+#include <algorithm>
+
 namespace KeptObjectText
 {
 struct FEntry
@@ -67,6 +69,12 @@ const FKeptObjectText::FUnread* FKeptObjectText::FindUnread(FName Property, int3
 		}
 	}
 	return nullptr;
+}
+
+bool FKeptObjectText::HasLeftOut(FName Property) const
+{
+	return std::any_of(
+		LeftOut.begin(), LeftOut.end(), [Property](const FLeftOut& Entry) { return Entry.Property == Property; });
 }
 
 void FKeptObjectText::Forget(const UObject* Object)

@@ -1,4 +1,5 @@
 #include "ObjectText/ObjectTextWriter.h"
+#include "Standalone/LoadedStructure.h"
 #include "Standalone/ObjectText.h"
 #include "UObject/Class.h"
 #include "UObject/UnrealType.h"
@@ -200,6 +201,12 @@ void FObjectTextImport::ImportProperties()
 		ImportInto(Made[NumImported].Object, *Made[NumImported].Record);
 	}
 	ObjectTextImporting::Current = Enclosing;
+	TArray<UObject*> Objects;
+	for (const FMade& Entry : Made)
+	{
+		Objects.Add(Entry.Object);
+	}
+	LoadedStructure::Settle(Objects, Warn);
 }
 
 void FObjectTextImport::ImportInto(UObject* Object, const FObjectTextRecord& Record)

@@ -281,7 +281,8 @@ bool FObjectTextWriter::Properties(UObject& Object, int32 Level)
 			&& Declarer->GetOutermost() == Options.OwnPackage;
 		const void* const Value = Property.GetValuePtr(&Object);
 		const void* const Default = bInBaseline ? Property.GetValuePtr(Baseline) : nullptr;
-		const bool bUnread = Kept && Kept->FindUnread(Property.GetFName(), INDEX_NONE);
+		const bool bUnread = Kept
+			&& (Kept->FindUnread(Property.GetFName(), INDEX_NONE) || Kept->HasLeftOut(Property.GetFName()));
 		if ((bAlways || bUnread || !Property.Identical(Value, Default, Options.PortFlags))
 			&& !WriteProperty(Object, Property, Value, Default, Level))
 		{
@@ -300,8 +301,9 @@ bool FObjectTextWriter::WriteProperty(
 		return PropertyLine(Object, Property, Property, Value, Default, INDEX_NONE, Level);
 	}
 	const FScriptArrayHelper Elements(Array, Value);
+	const FKeptObjectText* const Kept = FKeptObjectText::Find(&Object);
 	// Nothing else tells a reader that an inherited list is empty now.
-	if (Elements.Num() == 0)
+	if (Elements.Num() == 0 && !(Kept && Kept->HasLeftOut(Property.GetFName())))
 	{
 		LineStart(Property, INDEX_NONE, Level);
 		Out.append("()\n");
@@ -319,6 +321,15 @@ bool FObjectTextWriter::WriteProperty(
 				Object, Property, *Array->Inner, Element, NewElement ? NewElement->Get() : nullptr, Index, Level))
 		{
 			return false;
+		}
+	}
+	int32 Behind = Elements.Num();
+	for (std::size_t Index = 0; Kept && Index < Kept->LeftOut.size(); ++Index)
+	{
+		if (Kept->LeftOut[Index].Property == Property.GetFName())
+		{
+			LineStart(Property, Behind++, Level);
+			Out.append(Kept->LeftOut[Index].Value).push_back('\n');
 		}
 	}
 	return true;

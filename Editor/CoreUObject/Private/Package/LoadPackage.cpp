@@ -6,6 +6,7 @@
 #include "Package/AtomicFile.h"
 #include "Package/KnownFiles.h"
 #include "Package/PackageFile.h"
+#include "Standalone/LoadedStructure.h"
 #include "Standalone/MissingObjects.h"
 #include "Standalone/ObjectProviders.h"
 #include "Standalone/ObjectText.h"
@@ -125,6 +126,42 @@ private:
 	const FString Filename;
 	TArray<FMissing> Missing;
 	int32 NumSaid = 0;
+};
+
+/** Tells what was cut: in the log, and to whoever called for the package. */
+class FCutWarnings final : public FFeedbackContext
+{
+public:
+	explicit FCutWarnings(FString InFilename)
+		: Filename(MoveTemp(InFilename))
+	{
+	}
+	~FCutWarnings() override
+	{
+		if (NumTold > MaxTold)
+		{
+			Tell(FString::Printf(TEXT("%d more of the like"), NumTold - MaxTold));
+		}
+	}
+	void Serialize(const TCHAR* Text, ELogVerbosity::Type, const FName&) override
+	{
+		if (++NumTold <= MaxTold)
+		{
+			Tell(Text);
+		}
+	}
+
+private:
+	static constexpr int32 MaxTold = 20;
+	void Tell(const FString& Text) const
+	{
+		const FString Problem = FString::Printf(TEXT("%s: %s"), *Filename, *Text);
+		UE_LOG(LogPackage, Warning, TEXT("%s"), *Problem);
+		PackageFile::NoteProblem(Problem);
+	}
+
+	const FString Filename;
+	int32 NumTold = 0;
 };
 
 FString PackageNameOf(const FString& ClassPath)
@@ -452,6 +489,13 @@ private:
 			Import.ImportInto(Made[Index].Object, *Made[Index].Record);
 			Made[Index].Object->ClearFlags(RF_NeedLoad);
 		}
+		TArray<UObject*> Objects;
+		for (std::size_t Index = First; Index < Made.size(); ++Index)
+		{
+			Objects.Add(Made[Index].Object);
+		}
+		FCutWarnings Cut(Filename);
+		LoadedStructure::Settle(Objects, Cut);
 	}
 
 	/** Inner objects before outer ones and the asset last, so that whoever looks down finds everything ready. */

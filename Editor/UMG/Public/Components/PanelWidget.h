@@ -40,5 +40,8 @@ private:
 	/** A widget cannot hold a panel that it stands in. */
 	bool StandsIn(const UWidget* Content) const;
 
+	/** Sets right what was read. */
+	friend class FLoadedPanels;
+
 	TArray<TObjectPtr<UPanelSlot>> Slots;
 };

@@ -1,0 +1,4 @@
+#pragma once
+
+/** The rules for what panels hold. */
+void AddWidgetStructureCheck();
