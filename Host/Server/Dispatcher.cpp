@@ -7,6 +7,7 @@
 #include "Server/Identity.h"
 #include "Server/Revisions.h"
 #include "Support/JsonText.h"
+#include "ToolFace/ResultCut.h"
 #include "ToolFace/ResultObject.h"
 #include "ToolFace/ToolListing.h"
 
@@ -31,16 +32,6 @@ EEra TellEra(const FJsonFields& Params)
 std::string SubscriptionMeta(const std::string& Id)
 {
 	return "{" + JsonText::Quote(MetaKey::SubscriptionId) + ":" + Id + "}";
-}
-
-/** Keeps the verdict and drops the rest: the call has happened, only its answer does not fit. */
-FToolOutcome TooLarge(const std::string& Name, const FToolOutcome& Outcome)
-{
-	const std::string Text = "The result of " + Name + " is " + std::to_string(Outcome.ResultJson.size())
-		+ " bytes long, more than the " + std::to_string(FDispatcher::MaxResultBytes)
-		+ " that fit into one answer. The tool itself " + (Outcome.bSuccess ? "succeeded" : "failed")
-		+ " and what it changed stands. Ask for less at a time: name single functions, events or widgets instead of the whole Blueprint.";
-	return {ResultObject::Failure(Text), false};
 }
 
 std::string CallMembers(const FToolOutcome& Outcome)
@@ -232,10 +223,7 @@ void FDispatcher::RunTool(const FRequest& Request, const std::string& Name, cons
 	{
 		Outcome = {ResultObject::Failure(std::string("Internal fault in ") + Name + ": " + Fault.what()), false};
 	}
-	if (Outcome.ResultJson.size() > MaxResultBytes)
-	{
-		Outcome = DispatcherPrivate::TooLarge(Name, Outcome);
-	}
+	Outcome.ResultJson = ResultCut::Shorten(Outcome.ResultJson, MaxResultBytes);
 	SendResult(Request, DispatcherPrivate::CallMembers(Outcome));
 }
 

@@ -47,7 +47,8 @@ public:
 	/** Ends the subscriptions that are still open, once no further message will come. */
 	void EndSubscriptions();
 
-	/** Largest result object that goes out whole; clients drop the connection over longer lines. */
+	/** Largest result object that goes out whole, a larger one is cut; clients drop the connection over longer lines.
+	 */
 	static constexpr size_t MaxResultBytes = 3u << 20;
 
 private:

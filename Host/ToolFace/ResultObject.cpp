@@ -38,6 +38,10 @@ constexpr std::string_view SchemaText = R"json({
 			"type": "array",
 			"items": { "type": "string" },
 			"description": "The assets that stand changed in memory and not on disk, by path; absent when there are none. A later save of the asset writes the change, the end of the process drops it."
+		},
+		"cut": {
+			"type": "string",
+			"description": "Set when the result did not fit into one answer: what is left out is said in its place, and here how to read it."
 		}
 	},
 	"required": ["success", "errors", "warnings", "messages", "data", "modifications"]

@@ -202,17 +202,17 @@ TEST(Eras, FailedToolIsAResult)
 	EXPECT_EQ(EraTest::Names(*Structured), "success errors warnings messages data modifications");
 }
 
-TEST(Eras, TooLargeResultKeepsTheVerdictAndAdvises)
+TEST(Eras, TooLargeResultKeepsTheTruthAndIsCut)
 {
 	FFakeToolHost Tools;
 	Tools.Add("big",
 		[](std::string_view)
 		{ return FFakeToolHost::Success("{\"x\":\"" + std::string(FDispatcher::MaxResultBytes, 'x') + "\"}"); });
 	const std::string Line = ServeText(Tools, EraTest::Legacy("tools/call", R"({"name":"big"})")).at(0);
-	EXPECT_LT(Line.size(), 4000u);
+	EXPECT_LT(Line.size(), 9u << 20);
 	const TSharedPtr<FJsonObject> Result = EraTest::ParseReply(Line)->GetObjectField(TEXT("result"));
-	EXPECT_TRUE(Result->GetBoolField(TEXT("isError")));
-	const FString Text =
-		Result->GetObjectField(TEXT("structuredContent"))->GetArrayField(TEXT("errors"))[0]->AsString();
-	EXPECT_TRUE(Text.Contains(TEXT("The tool itself succeeded"))) << ToUtf8(Text);
+	EXPECT_FALSE(Result->GetBoolField(TEXT("isError"))) << "what was done is no failure for being long";
+	const TSharedPtr<FJsonObject> Structured = Result->GetObjectField(TEXT("structuredContent"));
+	EXPECT_TRUE(Structured->GetBoolField(TEXT("success")));
+	EXPECT_TRUE(Structured->GetStringField(TEXT("cut")).Contains(TEXT("more than fit into one answer")));
 }
