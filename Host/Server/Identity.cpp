@@ -22,8 +22,8 @@ std::string_view Identity::Instructions()
 		   "in read results are the first 7 hex digits of the node's guid and can be used wherever a node id is asked for.\n"
 		   "Name nodes exactly where you can: class_name \"K2Node_CallFunction\" with target_class and target_function never "
 		   "guesses, menu_title does. Pins go by their own names as reads show them, which for calls are the names of the "
-		   "function's parameters: InString, not \"In String\". Exec pins are execute and then, a result is ReturnValue, the "
-		   "object that a function is called on is self.\n"
+		   "function's parameters (InString); a label of the editor (In String) is understood where one pin alone is shown so. "
+		   "Exec pins are execute and then, a result is ReturnValue, the object that a function is called on is self.\n"
 		   "A call may succeed in part: \"success\" is true, and \"warnings\" tell what failed, what was not read and how to ask "
 		   "better; the pins that a node has stand under pin_lookup_failures in the telemetry. Mend only what failed; what is "
 		   "reported as created stands. \"modifications\" shows the changed items as they are now.";

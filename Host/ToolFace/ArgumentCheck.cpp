@@ -141,12 +141,20 @@ struct FPlace
 	/** The entry of a list or of a map that it stands in, as a tool's own message names such: "index 2", "'Health'". */
 	FString Entry;
 
-	FPlace Member(const FString& Name) const { return {Join(Name), Name, Entry}; }
-	FPlace Named(const FString& Name) const { return {Join(Name), Name, FString::Printf(TEXT("'%s'"), *Name)}; }
+	/** What that entry calls itself, quoted; empty when it has no name. */
+	FString EntryName;
+
+	FPlace Member(const FString& Name) const { return {Join(Name), Name, Entry, EntryName}; }
+	FPlace Named(const FString& Name) const
+	{
+		const FString Quoted = FString::Printf(TEXT("'%s'"), *Name);
+		return {Join(Name), Name, Quoted, Quoted};
+	}
 	FPlace Element(int32 Index, const FString& Name) const
 	{
 		const FString Label = Name.IsEmpty() ? FString() : FString::Printf(TEXT(" ('%s')"), *Name);
-		return {FString::Printf(TEXT("%s[%d]%s"), *Path, Index, *Label), Key, FString::Printf(TEXT("index %d"), Index)};
+		return {FString::Printf(TEXT("%s[%d]%s"), *Path, Index, *Label), Key, FString::Printf(TEXT("index %d"), Index),
+			Name.IsEmpty() ? FString() : FString::Printf(TEXT("'%s'"), *Name)};
 	}
 	FString Join(const FString& Name) const { return Path.IsEmpty() ? Name : Path + TEXT(".") + Name; }
 	FString Shown() const { return Path.IsEmpty() ? FString(TEXT("The call")) : Path; }
@@ -330,17 +338,29 @@ private:
 
 	void TellType(const FString& Wanted, const FJsonValue& Value, const FPlace& Place)
 	{
-		Tell(Place.Entry,
+		// Told of the entry by its place, or of this key of the entry by its name.
+		const bool bTold = IsTold(Place.Entry) || (!Place.EntryName.IsEmpty() && IsTold(Place.EntryName, Place.Key));
+		Add(bTold,
 			FString::Printf(TEXT("[Ignored] %s must be %s and is %s; it was not read."), *Place.Shown(), *Wanted,
 				Describe(Value.Type)));
 	}
 
 	/** Subject: what the tool's own messages would hold if they spoke of this. */
-	void Tell(const FString& Subject, const FString& Text)
+	void Tell(const FString& Subject, const FString& Text) { Add(IsTold(Subject), Text); }
+
+	bool IsTold(const FString& Subject, const FString& Also = FString()) const
 	{
-		const bool bTold = !Subject.IsEmpty()
+		return !Subject.IsEmpty()
 			&& Said.ContainsByPredicate(
-				[&Subject](const FString& Message) { return Message.Contains(Subject, ESearchCase::IgnoreCase); });
+				[&](const FString& Message)
+				{
+					return Message.Contains(Subject, ESearchCase::IgnoreCase)
+						&& (Also.IsEmpty() || Message.Contains(Also, ESearchCase::IgnoreCase));
+				});
+	}
+
+	void Add(const bool bTold, const FString& Text)
+	{
 		if (!bTold && ++NumFindings <= MostFindings)
 		{
 			Result.AddWarningMessage(Text);

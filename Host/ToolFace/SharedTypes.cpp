@@ -138,8 +138,8 @@ constexpr std::string_view NewPin = R"json({
 		},
 		"name": { "type": "string", "description": "The pin's own name. Case is ignored." },
 		"value": {
-			"anyOf": [{ "type": "string" }, { "type": "number" }, { "type": "boolean" }],
-			"description": "true, 42, 0.5, Hello, (X=0.0,Y=0.0,Z=100.0), an enum's entry by its name, or the path of an asset or class."
+			"anyOf": [{ "type": "string" }, { "type": "number" }, { "type": "boolean" }, { "type": "array" }, { "type": "object" }],
+			"description": "true, 42, 0.5, Hello, an enum's entry, or the path of an asset or class. A vector, rotator, color or transform as text (0,90,0 or (X=0,Y=0,Z=100)), as a list or as an object with its parts."
 		},
 		"type": { "$ref": "#/$defs/pin_type" }
 	},

@@ -97,8 +97,7 @@ TEST(ArgumentCheck, WhatIsNotReadIsToldWithItsPlaceAndReason)
 		{R"("nodes":[{"node_guid":"p","menu_title":"Print String"}],"connections":[null])",
 			{"[Ignored] connections[0] must be an entry and is null; it was not read."}},
 		{R"("nodes":[{"menu_title":"Print String","pins":[{"name":"Duration","value":[1]}]}])",
-			{"[Warning] Pin 'Duration' of node 'Print String' (",
-				"[Ignored] nodes[0].pins[0] ('Duration').value must be"}},
+			{"'(1)' is not a valid number", "[Failure] Pin 'Duration' of node 'Print String' ("}},
 		{R"("nodes":[{"menu_title":"Print String","node_metadata":{"minimum_confidence":0.5,"allow_duplicate":true},"position":{"x":1}}],"graph_type":null)",
 			{}},
 	};
@@ -126,6 +125,9 @@ TEST(ArgumentCheck, WhatTheToolHasToldIsNotToldTwice)
 		{"bp_populate_graph", Populate(R"("nodes":[{"menu_title":"Delay"}],"functions":[])"), 0},
 		{"bp_populate_graph", Populate(R"("nodes":[{"menu_title":"Delay"}],"local_variables":{"X":5})"), 0},
 		{"bp_create_graph", R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"A"},3]})", 0},
+		{"bp_create_graph",
+			R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"B","return_type":"int","parameters":[{"name":"P","type":"int"}]}]})",
+			2},
 	};
 	for (const auto& Case : Cases)
 	{

@@ -211,8 +211,7 @@ TEST(PopulateTruth, NodesThatTakeMorePinsGrowByOnesThatAreAskedFor)
 	Run.Nodes(LooseNode("s", "Sequence",
 		Pins(R"({"action":"add","name":"then_2"},{"action":"add","name":"then_3"},{"action":"add","name":"x"})")));
 	EXPECT_THAT(Warnings(*Run.Result),
-		ElementsAre(
-			"[Warning] Pin 'x' of node 'Sequence' (s): the node adds pins, but this is not the name of its next one."));
+		ElementsAre("[Warning] Pin 'x' of node 'Sequence' (s): the node adds pins, but none of this name."));
 	const UEdGraph* const Graph = ReadBack(Run);
 	const UEdGraphNode* const Node = FPopulating::FindNode<UK2Node_ExecutionSequence>(Graph);
 	ASSERT_NE(Node, nullptr);

@@ -39,9 +39,13 @@ private:
 		FString RequestId;
 		FString PinName;
 		FString Value;
+		/** What the pin held when the value had been set. */
+		FString Held;
 	};
 
 	void AddPin(UBlueprint& Blueprint, UEdGraphNode& Node, const FString& RequestId, const FBPPinModification& Pin);
+	/** Adds pins until the one that is asked for is among them; false, with nothing added, when it is none of them. */
+	static bool Grow(UEdGraphNode& Node, const FString& PinName);
 	void AddEventParameter(
 		UBlueprint& Blueprint, UEdGraphNode& Node, const FString& RequestId, const FBPPinModification& Pin);
 	/** Pins may come with another's value, as those of a spawned class do, so it goes on while anything is found. */

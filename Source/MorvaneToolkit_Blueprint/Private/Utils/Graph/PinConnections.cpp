@@ -9,6 +9,8 @@
 #include "K2Node.h"
 #include "ToolResult.h"
 #include "UObject/UObjectGlobals.h"
+#include "Utils/Graph/AuthoredValues.h"
+#include "Utils/Graph/LooseNames.h"
 #include "Utils/Report/GraphSession.h"
 #include "Utils/Report/GraphTelemetry.h"
 #include "Utils/Request/RecordWords.h"
@@ -271,6 +273,10 @@ UEdGraphPin* FBlueprintPinUtils::FindPinWithAliases(
 	{
 		return Pin;
 	}
+	if (UEdGraphPin* const Pin = LooseNames::FindPin(*Node, PinName, Direction))
+	{
+		return Pin;
+	}
 	const EEdGraphPinDirection Opposite = Direction == EGPD_Input ? EGPD_Output : EGPD_Input;
 	UEdGraphPin* const Pin = PinConnections::FindPin(*Node, PinName, Opposite);
 	if (Pin && Session)
@@ -400,7 +406,7 @@ bool FBlueprintPinUtils::SetPinDefaultValue(UEdGraphPin* Pin, const FString& Val
 	}
 	const UEdGraphSchema_K2* const Schema = GetDefault<UEdGraphSchema_K2>();
 	const PinConnections::FKeptDefault Kept(*Pin);
-	Schema->TrySetDefaultValue(*Pin, Written, true);
+	Schema->TrySetDefaultValue(*Pin, AuthoredValues::ToPinText(*Pin, Written), true);
 	const UEdGraphPin* const Changed = Kept.Pin.Get();
 	if (!Changed)
 	{

@@ -9,10 +9,11 @@ FBPPinModification ParsePin(const FJsonObject& Json)
 {
 	FBPPinModification Record;
 	FString Action;
-	RecordWords::ReadText(Json.TryGetField(TEXT("value")), Record.Value);
+	const TSharedPtr<FJsonValue> Value = Json.TryGetField(TEXT("value"));
+	RecordWords::ReadValue(Value, Record.Value);
 	// Who gives a value and says nothing else wants it set.
-	const bool bSaysAction = Json.HasField(TEXT("action"));
-	const EBPNodeAction Default = bSaysAction || Record.Value.IsEmpty() ? EBPNodeAction::Add : EBPNodeAction::Modify;
+	const bool bSetsOnly = Value && !Json.HasField(TEXT("action"));
+	const EBPNodeAction Default = bSetsOnly ? EBPNodeAction::Modify : EBPNodeAction::Add;
 	RecordWords::ReadString(Json, TEXT("action"), Action);
 	Record.Action = RecordWords::ToNodeAction(Action).Get(Default);
 	RecordWords::ReadString(Json, TEXT("name"), Record.Name);

@@ -95,6 +95,47 @@ bool ReadText(const TSharedPtr<FJsonValue>& Value, FString& OutText)
 	return false;
 }
 
+/** A part of a list or an object: texts that hold a sign of that form stand in quotes. */
+static FString ToPart(const TSharedPtr<FJsonValue>& Value)
+{
+	FString Text;
+	ReadValue(Value, Text);
+	const bool bPlain = !Value || Value->Type != EJson::String
+		|| (!Text.IsEmpty() && !Text.Contains(TEXT(",")) && !Text.Contains(TEXT(" ")) && !Text.Contains(TEXT("(")));
+	return bPlain ? Text : TEXT("\"") + Text.ReplaceCharWithEscapedChar() + TEXT("\"");
+}
+
+bool ReadValue(const TSharedPtr<FJsonValue>& Value, FString& OutText)
+{
+	const TArray<TSharedPtr<FJsonValue>>* Elements = nullptr;
+	const TSharedPtr<FJsonObject>* Object = nullptr;
+	if (ReadText(Value, OutText))
+	{
+		return true;
+	}
+	TArray<FString> Parts;
+	if (Value && Value->TryGetArray(Elements))
+	{
+		for (const TSharedPtr<FJsonValue>& Element : *Elements)
+		{
+			Parts.Add(ToPart(Element));
+		}
+	}
+	else if (Value && Value->TryGetObject(Object))
+	{
+		for (const auto& Member : (*Object)->Values)
+		{
+			Parts.Add(FString(Member.Key) + TEXT("=") + ToPart(Member.Value));
+		}
+	}
+	else
+	{
+		return false;
+	}
+	OutText = TEXT("(") + FString::Join(Parts, TEXT(",")) + TEXT(")");
+	return true;
+}
+
 TMap<FString, FString> ReadStringMap(const FJsonObject& Json, const TCHAR* Key)
 {
 	TMap<FString, FString> Map;

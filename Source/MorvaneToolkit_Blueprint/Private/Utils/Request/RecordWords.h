@@ -20,6 +20,8 @@ void ReadString(const FJsonObject& Json, const TCHAR* Key, FString& InOutValue);
 void ReadString(const FJsonObject& Json, const TCHAR* Key, const TCHAR* OtherKey, FString& InOutValue);
 /** The value as text: a string as it is, a number, "true" or "false". False, and nothing changed, for any other. */
 bool ReadText(const TSharedPtr<FJsonValue>& Value, FString& OutText);
+/** The same, with lists and objects as the rows and structs that object text writes: "(1,2,3)", "(X=1,Y=2)". */
+bool ReadValue(const TSharedPtr<FJsonValue>& Value, FString& OutText);
 /** All string members of an object; members of other types are left out. */
 TMap<FString, FString> ReadStringMap(const FJsonObject& Json, const TCHAR* Key);
 /** "position" with "x" and "y", each for itself. */

@@ -1,0 +1,121 @@
+#include "Utils/Graph/LooseNames.h"
+
+#include "EdGraph/EdGraphNode.h"
+#include "EdGraphSchema_K2.h"
+#include "K2Node_CallFunction.h"
+
+#include <algorithm>
+
+namespace LoosePinNames
+{
+using FSchema = UEdGraphSchema_K2;
+
+/** Whether a flag is called by a name, with the b that programmers put before it or without. */
+bool IsFlagName(const FString& PinName, const FString& Wanted)
+{
+	return (PinName.Len() > 1 && PinName[0] == TEXT('b') && PinName.Mid(1) == Wanted)
+		|| (Wanted.Len() > 1 && Wanted[0] == TEXT('b') && Wanted.Mid(1) == PinName);
+}
+
+bool IsCalled(const UEdGraphPin& Pin, const FString& Wanted)
+{
+	const FString Name = LooseNames::Squeeze(Pin.PinName.ToString());
+	return Name == Wanted || LooseNames::Squeeze(Pin.GetDisplayName().ToString()) == Wanted
+		|| (Pin.PinType.PinCategory == FSchema::PC_Boolean && IsFlagName(Name, Wanted));
+}
+
+/** The only pin of which the test holds; null for none and for several. */
+template <class TTest>
+UEdGraphPin* FindOnly(const TArray<UEdGraphPin*>& Pins, TTest&& Test)
+{
+	UEdGraphPin* Only = nullptr;
+	for (UEdGraphPin* const Pin : Pins)
+	{
+		if (Test(*Pin))
+		{
+			if (Only)
+			{
+				return nullptr;
+			}
+			Only = Pin;
+		}
+	}
+	return Only;
+}
+
+template <std::size_t Count>
+bool IsAnyOf(const FString& Name, const TCHAR* const (&Words)[Count])
+{
+	return std::any_of(std::begin(Words), std::end(Words), [&Name](const TCHAR* Word) { return Name == Word; });
+}
+
+bool IsLatentCall(const UEdGraphNode& Node)
+{
+	const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node);
+	return Call && Call->IsLatentFunction();
+}
+
+UEdGraphPin* FindByUse(
+	const UEdGraphNode& Node, const FString& Wanted, const TArray<UEdGraphPin*>& Pins, EEdGraphPinDirection Direction)
+{
+	static const TCHAR* const ExecWords[] = {TEXT("exec"), TEXT("execution"), TEXT("execin"), TEXT("execout"),
+		TEXT("flow"), TEXT("enter"), TEXT("in"), TEXT("out"), TEXT("next"), TEXT("then"), TEXT("execute")};
+	static const TCHAR* const LatentWords[] = {
+		TEXT("completed"), TEXT("complete"), TEXT("finished"), TEXT("done"), TEXT("oncompleted")};
+	static const TCHAR* const ResultWords[] = {
+		TEXT("result"), TEXT("return"), TEXT("returnvalue"), TEXT("output"), TEXT("outputvalue"), TEXT("value")};
+	static const TCHAR* const ValueWords[] = {TEXT("value"), TEXT("newvalue"), TEXT("input"), TEXT("inputvalue")};
+	static const TCHAR* const IndexWords[] = {TEXT("arrayindex"), TEXT("dimension1")};
+	const auto IsExec = [](const UEdGraphPin& Pin) { return FSchema::IsExecPin(Pin); };
+	const auto IsData = [](const UEdGraphPin& Pin)
+	{ return !FSchema::IsExecPin(Pin) && Pin.PinName != FSchema::PN_Self; };
+	const bool bOutput = Direction == EGPD_Output;
+	if (IsAnyOf(Wanted, ExecWords) || (bOutput && IsAnyOf(Wanted, LatentWords) && IsLatentCall(Node)))
+	{
+		return FindOnly(Pins, IsExec);
+	}
+	if (Wanted == TEXT("index"))
+	{
+		return FindOnly(Pins,
+			[](const UEdGraphPin& Pin) { return IsAnyOf(LooseNames::Squeeze(Pin.PinName.ToString()), IndexWords); });
+	}
+	const bool bForOnly = bOutput ? IsAnyOf(Wanted, ResultWords) : IsAnyOf(Wanted, ValueWords);
+	return bForOnly ? FindOnly(Pins, IsData) : nullptr;
+}
+} // namespace LoosePinNames
+
+FString LooseNames::Squeeze(const FString& Name)
+{
+	FString Squeezed;
+	Squeezed.Reserve(Name.Len());
+	for (const TCHAR Char : Name)
+	{
+		if (Char != TEXT(' ') && Char != TEXT('_') && Char != TEXT('\t'))
+		{
+			Squeezed.AppendChar(FChar::ToLower(Char));
+		}
+	}
+	return Squeezed;
+}
+
+UEdGraphPin* LooseNames::FindPin(const UEdGraphNode& Node, const FString& Name, EEdGraphPinDirection Direction)
+{
+	const FString Wanted = Squeeze(Name);
+	TArray<UEdGraphPin*> Pins;
+	for (UEdGraphPin* const Pin : Node.Pins)
+	{
+		if (Pin && Pin->Direction == Direction && !Pin->bHidden && !Pin->bOrphanedPin)
+		{
+			Pins.Add(Pin);
+		}
+	}
+	if (Wanted.IsEmpty())
+	{
+		return nullptr;
+	}
+	const bool bCalled = Pins.ContainsByPredicate(
+		[&Wanted](const UEdGraphPin* Pin) { return LoosePinNames::IsCalled(*Pin, Wanted); });
+	return bCalled ? LoosePinNames::FindOnly(
+			   Pins, [&Wanted](const UEdGraphPin& Pin) { return LoosePinNames::IsCalled(Pin, Wanted); })
+				   : LoosePinNames::FindByUse(Node, Wanted, Pins, Direction);
+}
