@@ -8,6 +8,7 @@
 #include "Standalone/PackageText.h"
 #include "Standalone/PathConfinement.h"
 #include "UObject/Class.h"
+#include "UObject/ObjectSaveContext.h"
 #include "UObject/Package.h"
 
 namespace AssetRegistries
@@ -108,8 +109,8 @@ class FAssetRegistry final : public IAssetRegistry
 public:
 	FAssetRegistry()
 	{
-		FPackageText::OnPackageSaved().AddLambda(
-			[this](UPackage* Package, const FString&)
+		UPackage::PackageSavedWithContextEvent.AddLambda(
+			[this](const FString&, const UPackage* Package, const FObjectPostSaveContext&)
 			{
 				if (const UObject* const Asset = Package->FindAssetInPackage())
 				{

@@ -78,9 +78,6 @@ public:
 	/** What the registry knows of an asset without loading it: parent class, generated class and the like. */
 	static TArray<FTag> CollectTags(const UObject& Asset);
 
-	/** After a package was written: the package and its file. */
-	static TMulticastDelegate<void(UPackage*, const FString&)>& OnPackageSaved();
-
 	/** What another program did to the file of a package that is in memory. */
 	struct FForeignChange
 	{

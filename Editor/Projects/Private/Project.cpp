@@ -8,6 +8,8 @@
 #include "Standalone/PackageText.h"
 #include "Standalone/PathConfinement.h"
 #include "Standalone/ProjectPaths.h"
+#include "UObject/ObjectSaveContext.h"
+#include "UObject/Package.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -132,8 +134,8 @@ void WatchSaves()
 {
 	static const bool bWatching = []
 	{
-		FPackageText::OnPackageSaved().AddLambda(
-			[](UPackage*, const FString&)
+		UPackage::PackageSavedWithContextEvent.AddLambda(
+			[](const FString&, const UPackage*, const FObjectPostSaveContext&)
 			{
 				if (Current().IsValid() && Current()->bStarted)
 				{

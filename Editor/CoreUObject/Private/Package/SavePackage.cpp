@@ -10,6 +10,7 @@
 #include "Standalone/PackageText.h"
 #include "Standalone/PathConfinement.h"
 #include "UObject/Class.h"
+#include "UObject/ObjectSaveContext.h"
 
 #include <sys/stat.h>
 
@@ -265,7 +266,7 @@ FSavePackageResultStruct UPackage::Save(
 			InOuter->FileName = FPaths::ConvertRelativePathToFull(Filename);
 			InOuter->PackageFlags &= ~static_cast<uint32>(PKG_NewlyCreated);
 			InOuter->ClearDirtyFlag();
-			FPackageText::OnPackageSaved().Broadcast(InOuter, InOuter->FileName);
+			PackageSavedWithContextEvent.Broadcast(InOuter->FileName, InOuter, FObjectPostSaveContext());
 			return Result;
 		}
 		Result.ErrorMessage = Run.Error;
@@ -283,11 +284,7 @@ bool UPackage::SavePackage(UPackage* InOuter, UObject* InAsset, const TCHAR* Fil
 	return Save(InOuter, InAsset, Filename, SaveArgs).IsSuccessful();
 }
 
-TMulticastDelegate<void(UPackage*, const FString&)>& FPackageText::OnPackageSaved()
-{
-	static TMulticastDelegate<void(UPackage*, const FString&)> Listeners;
-	return Listeners;
-}
+UPackage::FOnPackageSaved UPackage::PackageSavedWithContextEvent;
 
 void FPackageText::SetReadOnly(bool bReadOnly)
 {

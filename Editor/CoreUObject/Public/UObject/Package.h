@@ -2,6 +2,7 @@
 
 #include "CoreMinimal.h"
 #include "UObject/Object.h"
+#include "UObject/ObjectSaveContext.h"
 
 struct FSavePackageArgs;
 struct FSavePackageResultStruct;
@@ -37,6 +38,10 @@ public:
 		UPackage* InOuter, UObject* InAsset, const TCHAR* Filename, const FSavePackageArgs& SaveArgs);
 	static bool SavePackage(
 		UPackage* InOuter, UObject* InAsset, const TCHAR* Filename, const FSavePackageArgs& SaveArgs);
+
+	/** After a package was written: its file and the package. */
+	using FOnPackageSaved = TMulticastDelegate<void(const FString&, UPackage*, FObjectPostSaveContext)>;
+	static FOnPackageSaved PackageSavedWithContextEvent;
 
 	uint32 PackageFlags = PKG_None;
 	/** The file the package was read from or last saved to; empty for one that exists in memory only. */

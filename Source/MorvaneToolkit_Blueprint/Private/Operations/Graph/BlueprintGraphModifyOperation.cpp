@@ -16,6 +16,7 @@ void FBlueprintGraphModifyOperation::Execute(const FJsonObject& Args, Morvane::F
 		return; // before any node exists
 	}
 	Run.ReadNodes();
+	Run.TakeBackUnsavedRun();
 	if (!Run.ApplyLocalVariables())
 	{
 		return;

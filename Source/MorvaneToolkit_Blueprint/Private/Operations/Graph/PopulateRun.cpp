@@ -54,7 +54,13 @@ FPopulateRun::FPopulateRun(const FJsonObject& InArgs, Morvane::FToolResult& InRe
 {
 }
 
-FPopulateRun::~FPopulateRun() = default;
+FPopulateRun::~FPopulateRun()
+{
+	if (!bSaved)
+	{
+		Made.Keep();
+	}
+}
 
 bool FPopulateRun::ReadArguments()
 {
@@ -198,12 +204,19 @@ void FPopulateRun::ReadNodes()
 	}
 }
 
+void FPopulateRun::TakeBackUnsavedRun()
+{
+	UnsavedRuns::TakeBack(*Blueprint, *Graph, Nodes, LocalVariables);
+	Made.Begin(*Graph);
+}
+
 bool FPopulateRun::ApplyLocalVariables()
 {
 	if (LocalVariables.IsEmpty())
 	{
 		return true;
 	}
+	Made.AddLocalVariables(LocalVariables);
 	FBPLocalVariableOutcome Outcome;
 	if (!FBlueprintLocalVariableUtils::Apply(Blueprint, Graph, LocalVariables, Outcome, Result))
 	{
@@ -268,6 +281,7 @@ UEdGraphNode* FPopulateRun::SpawnNode(const FBPNodeModification& Record)
 		return nullptr;
 	}
 	Session.RecordCreatedNode(Record.NodeGuid, Node);
+	Made.AddNode(Record, *Node);
 	LastNode = Node;
 	Pins.Apply(*Blueprint, *Node, Record);
 	return Node;

@@ -5,6 +5,7 @@
 #include "PopulatePins.h"
 #include "Spawning/DeterministicSpawn.h"
 #include "Spawning/SpawnWaterfall.h"
+#include "UnsavedRuns.h"
 #include "Utils/Read/EventTracing.h"
 #include "Utils/Report/GraphSession.h"
 #include "Utils/Request/GraphRecords.h"
@@ -33,6 +34,8 @@ public:
 	bool ReadLocalVariables();
 	/** What is no node record is dropped in silence and counts nowhere. */
 	void ReadNodes();
+	/** What an earlier run that was not saved has made for this very request goes, so that it is there once. */
+	void TakeBackUnsavedRun();
 	bool ApplyLocalVariables();
 
 	void SpawnCustomEvents();
@@ -104,6 +107,8 @@ private:
 	TUniquePtr<FNodeIdIndex> NodeIds;
 
 	FBPGraphSession Session;
+	UnsavedRuns::FRecorder Made;
+	bool bSaved = false;
 	FPopulatePins Pins;
 	/** Made when the last link stands; null in a graph without events. */
 	TUniquePtr<FEventTrace> Trace;

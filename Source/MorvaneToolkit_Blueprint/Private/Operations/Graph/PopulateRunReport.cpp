@@ -255,7 +255,8 @@ void FPopulateRun::Save()
 {
 	Blueprint->MarkPackageDirty();
 	Blueprint->PostEditChange();
-	if (FAssetOperationBase::SaveAsset(Blueprint, Result))
+	bSaved = FAssetOperationBase::SaveAsset(Blueprint, Result);
+	if (bSaved)
 	{
 		Result.FinalizeModifications();
 	}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "CoreMinimal.h"
+
+/** What those who hear of a save are told about it. Only a save that succeeded is told of. */
+class FObjectPostSaveContext
+{
+public:
+	bool SaveSucceeded() const { return true; }
+};
