@@ -101,11 +101,11 @@ constexpr std::string_view NewNode = R"json({
 			"type": "object",
 			"description": "Further facts, each a text.",
 			"properties": {
-				"event_name": { "type": "string", "description": "For events: the parent's event function (ReceiveBeginPlay) or the name of a new custom event. An event that exists is used again." },
+				"event_name": { "type": "string", "description": "For events: the parent's event function (ReceiveBeginPlay), the name it is shown by (BeginPlay), or the name of a new custom event. An event that exists is used again." },
 				"allow_duplicate": { "anyOf": [{ "type": "string" }, { "type": "boolean" }], "description": "true makes a second custom event of a name that exists." },
 				"replicates": { "type": "string", "enum": ["server", "client", "multicast", "none"], "description": "For custom events: where a call of it is executed." },
 				"reliable": { "anyOf": [{ "type": "string" }, { "type": "boolean" }], "description": "For replicated custom events." },
-				"variable_name": { "type": "string", "description": "For variable nodes. The variable must exist; make it with modify_blueprint_class_structure." },
+				"variable_name": { "type": "string", "description": "For variable nodes: a variable of the Blueprint or its parents, a component, a widget, or a local variable of the function. It must exist, or be a local of this call; modify_blueprint_class_structure makes variables." },
 				"variable_source_class": { "type": "string", "description": "For a variable of another object, with the next two keys: the class that has it, /Script/Engine.Character or /Game/Doors/BP_Door.BP_Door_C." },
 				"property_owner_node_guid": { "type": "string", "description": "The node whose output is that object: a node_guid of this request or an id in the graph." },
 				"owner_pin_name": { "type": "string", "description": "That node's output pin, such as ReturnValue." },

@@ -146,3 +146,24 @@ TEST(AuthoredValues, ColorsAndEnumEntriesAreTakenAsTheyAreShown)
 	EXPECT_EQ(ToStd(Find(Run, "attach")->FindPin(TEXT("LocationRule"))->DefaultValue), "KeepWorld");
 	EXPECT_EQ(ToStd(Find(Run, "attach")->FindPin(TEXT("RotationRule"))->DefaultValue), "SnapToTarget");
 }
+
+TEST(LooseNames, EventsAndParentCallsTakeTheNamesThatAreShown)
+{
+	FPopulating Run;
+	for (const char* const Name : {"ReceiveTick", "Tick", "Event Tick", "event tick"})
+	{
+		Run.Nodes(EventNode("e", Name));
+		EXPECT_THAT(Errors(*Run.Result), IsEmpty()) << Name;
+		EXPECT_EQ(ToStd(Find(Run, "e")->GetNodeTitle(ENodeTitleType::FullTitle).ToString()), "Event Tick") << Name;
+	}
+	for (const char* const Name :
+		{"ReceiveBeginPlay", "BeginPlay", "Event BeginPlay", "Parent: BeginPlay", "Begin Play"})
+	{
+		Run.Nodes(std::string(R"({"node_guid":"p","class_name":"K2Node_CallParentFunction","target_function":")") + Name
+			+ R"("})");
+		EXPECT_THAT(Warnings(*Run.Result), IsEmpty()) << Name;
+		EXPECT_EQ(Run.Data(TEXT("nodes_created")), "1") << Name;
+	}
+	Run.Nodes(EventNode("e", "Moonlight"));
+	EXPECT_THAT(Errors(*Run.Result), ElementsAre("Event 'Moonlight' not found on class 'Actor'"));
+}

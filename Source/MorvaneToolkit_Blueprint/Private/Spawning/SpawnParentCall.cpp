@@ -3,6 +3,7 @@
 #include "K2Node_CallParentFunction.h"
 #include "Spawning/SpawnAttempt.h"
 #include "UObject/UnrealType.h"
+#include "Utils/Graph/LooseNames.h"
 
 // The parent call road: what it makes is complete, and is not validated again.
 
@@ -23,7 +24,8 @@ UEdGraphNode* FSpawnAttempt::SpawnParentCall()
 	{
 		return Fail(TEXT("[Failure] Blueprint has no parent class - cannot create parent function call"));
 	}
-	UFunction* const Function = ParentClass->FindFunctionByName(FName(*FunctionName));
+	UFunction* const Exact = ParentClass->FindFunctionByName(FName(*FunctionName));
+	UFunction* const Function = Exact ? Exact : LooseNames::FindFunction(ParentClass, FunctionName);
 	if (Function)
 	{
 		return SpawnParentCallOf(*Function);

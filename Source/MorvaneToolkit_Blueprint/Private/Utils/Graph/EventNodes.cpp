@@ -9,6 +9,7 @@
 #include "K2Node_CustomEvent.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
+#include "Utils/Graph/LooseNames.h"
 #include "Utils/Graph/MemberNames.h"
 #include "WidgetBlueprint.h"
 
@@ -165,12 +166,28 @@ void Enable(UBlueprint& Blueprint, UK2Node_Event& Event)
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
 }
 
+/** The function that the event overrides: by its own name, else by the one that the editor shows for it. */
+UClass* FindOverridden(UBlueprint& Blueprint, const FString& EventName, UFunction*& OutFunction)
+{
+	UClass* const Exact = FBlueprintEditorUtils::GetOverrideFunctionClass(&Blueprint, FName(*EventName), &OutFunction);
+	if (Exact && OutFunction)
+	{
+		return Exact;
+	}
+	const UFunction* Shown = LooseNames::FindFunction(Blueprint.ParentClass, EventName);
+	for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
+	{
+		Shown = Shown ? Shown : LooseNames::FindFunction(Interface.Interface.Get(), EventName);
+	}
+	return Shown ? FBlueprintEditorUtils::GetOverrideFunctionClass(&Blueprint, Shown->GetFName(), &OutFunction)
+				 : nullptr;
+}
+
 UEdGraphNode* CreateOverride(UBlueprint& Blueprint, UEdGraph& Graph, const FString& EventName,
 	const FBPNodeModification& Record, Morvane::FToolResult& Result)
 {
-	const FName Name(*EventName);
 	UFunction* Function = nullptr;
-	UClass* const SignatureClass = FBlueprintEditorUtils::GetOverrideFunctionClass(&Blueprint, Name, &Function);
+	UClass* const SignatureClass = FindOverridden(Blueprint, EventName, Function);
 	if (!SignatureClass || !Function || !UEdGraphSchema_K2::FunctionCanBePlacedAsEvent(Function))
 	{
 		const UClass* const ParentClass = Blueprint.ParentClass;

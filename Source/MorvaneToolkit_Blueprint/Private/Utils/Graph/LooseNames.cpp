@@ -3,6 +3,7 @@
 #include "EdGraph/EdGraphNode.h"
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
+#include "UObject/UnrealType.h"
 
 #include <algorithm>
 
@@ -118,4 +119,32 @@ UEdGraphPin* LooseNames::FindPin(const UEdGraphNode& Node, const FString& Name, 
 	return bCalled ? LoosePinNames::FindOnly(
 			   Pins, [&Wanted](const UEdGraphPin& Pin) { return LoosePinNames::IsCalled(Pin, Wanted); })
 				   : LoosePinNames::FindByUse(Node, Wanted, Pins, Direction);
+}
+
+UFunction* LooseNames::FindFunction(const UClass* Class, const FString& Shown)
+{
+	FString Name = Shown.TrimStartAndEnd();
+	Name.RemoveFromStart(TEXT("Parent:"), ESearchCase::IgnoreCase);
+	Name = Name.TrimStartAndEnd();
+	Name.RemoveFromStart(TEXT("Event "), ESearchCase::IgnoreCase);
+	const FString Wanted = Squeeze(Name);
+	const FString WithVerb = TEXT("receive") + Wanted;
+	UFunction* Found = nullptr;
+	for (TFieldIterator<UFunction> It(Class); It; ++It)
+	{
+		const FString Own = Squeeze(It->GetName());
+		const bool bFits = Own == Wanted || Own == WithVerb
+			|| Squeeze(UK2Node_CallFunction::GetUserFacingFunctionName(*It).ToString()) == Wanted;
+		// What a class overrides stands again in its parents.
+		if (!bFits || (Found && Found->GetFName() == It->GetFName()))
+		{
+			continue;
+		}
+		if (Found)
+		{
+			return nullptr;
+		}
+		Found = *It;
+	}
+	return Found;
 }

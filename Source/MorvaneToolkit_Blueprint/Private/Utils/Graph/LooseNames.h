@@ -3,7 +3,9 @@
 #include "CoreMinimal.h"
 #include "EdGraph/EdGraphPin.h"
 
+class UClass;
 class UEdGraphNode;
+class UFunction;
 
 /** Names as people read them off the editor, where the names themselves are what programmers wrote. */
 namespace LooseNames
@@ -17,4 +19,10 @@ FString Squeeze(const FString& Name);
  * pins of the direction alone; null when none fits, or more than one.
  */
 UEdGraphPin* FindPin(const UEdGraphNode& Node, const FString& Name, EEdGraphPinDirection Direction);
+
+/**
+ * The one function of the class or its parents that is shown so, "BeginPlay", "Event Begin Play" and "Parent:
+ * BeginPlay" for ReceiveBeginPlay; null when none is, or more than one.
+ */
+UFunction* FindFunction(const UClass* Class, const FString& Shown);
 } // namespace LooseNames
