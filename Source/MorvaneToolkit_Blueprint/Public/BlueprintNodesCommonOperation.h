@@ -1,11 +1,14 @@
 #pragma once
 
 #include "CoreMinimal.h"
+#include "Templates/Function.h"
 #include "UObject/WeakObjectPtr.h"
 
 #include <atomic>
 
 class FJsonObject;
+class UBlueprint;
+class UEdGraph;
 class UEdGraphNode;
 
 namespace Morvane
@@ -20,8 +23,20 @@ class FToolResult;
 class FBlueprintNodesCommonOperation
 {
 public:
-	/** A whole request; see Utils/Records/GraphModification.h. */
+	/** A whole request; see Operations/Graph/GraphModification.h. */
 	struct FBPGraphModification;
+	/** Called once, at the end of a run, however it ended. */
+	using FCompletion = TFunction<void(Morvane::FToolResult&)>;
+
+	/** A tool's call. What is wrong with one item is a warning, and the other items go on. */
+	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);
+	static void ModifyBlueprintFromJson(const FJsonObject& Args, Morvane::FToolResult& Result);
+	/** The run itself, for a request that is read. */
+	static void ProcessModification(
+		const FBPGraphModification& Modification, Morvane::FToolResult& Result, const FCompletion& OnComplete);
+	/** Makes the graph's function as pure as the request says; false after a warning. */
+	static bool SetIsPureOnBlueprintFunctionGraph(const UBlueprint* Blueprint, const UEdGraph* Graph,
+		const FBPGraphModification& Modification, Morvane::FToolResult& Result);
 
 	/**
 	 * Reads a whole request. False when it has to be refused, with the reason in the result. An action word that is not

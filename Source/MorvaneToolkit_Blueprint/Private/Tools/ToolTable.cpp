@@ -4,8 +4,10 @@
 #include "BlueprintCreateOperation.h"
 #include "BlueprintGraphCreateOperation.h"
 #include "BlueprintGraphModifyOperation.h"
+#include "BlueprintModifyBlueprintNodesOperation.h"
 #include "BlueprintModifyClassStructureOperation.h"
 #include "BlueprintReadOperations.h"
+#include "BlueprintRemoveBlueprintConnectionsOperation.h"
 #include "BlueprintRemoveOperation.h"
 #include "ToolAdapter.h"
 #include "ToolInfo.h"
@@ -52,6 +54,10 @@ constexpr FToolRow Rows[] = {
 		TEXT("[INTERNAL TOOL] Create/modify Blueprint graph nodes with waterfall spawning (deterministic → CAM context → CAM global). For manual testing via console commands and automation tests. Supports target_class/target_function for exact node creation, class_name/menu_title/menu_category for CAM filtering.")),
 	MakeRow<Morvane::ToolInfo::ToolName_BPCreateGraph, &FBlueprintGraphCreateOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),
 		TEXT("[INTERNAL TOOL] Create or configure Blueprint functions and delegate signatures (no node operations). Accepts batched 'functions' array with optional parameters/return_type metadata. Use with bp_populate_graph for node/connection workflows to maintain separation of concerns.")),
+	MakeRow<Morvane::ToolInfo::ToolName_BPModifyGraphNodes, &FBlueprintModifyBlueprintNodesOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),
+		TEXT("Modifies existing nodes in a Blueprint, Animation Blueprint, Widget Blueprint, or Behavior Tree Task function graph or Event Graph. Use this to change node properties, modify/add/remove pins, or update node titles and comments. CRITICAL: Function entry and result nodes have specific pin direction constraints - 'K2Node_FunctionEntry' can ONLY have 'Output' pins (for function input parameters), and 'K2Node_FunctionResult' can ONLY have 'Input' pins (for function return values). Event nodes can only have output pins.")),
+	MakeRow<Morvane::ToolInfo::ToolName_BPRemoveGraphConnections, &FBlueprintRemoveBlueprintConnectionsOperation::Execute>(EToolKind::Modify, nullptr, TEXT(""),
+		TEXT("Removes connections between nodes in a Blueprint, Animation Blueprint, Widget Blueprint, or Behavior Tree Task function graph or Event Graph. Use this to break incorrect connections without recreating nodes.")),
 	MakeRow<Morvane::ToolInfo::ToolName_BPCreateAsset, &FBlueprintCreateOperation::Execute>(EToolKind::Create, nullptr, TEXT(""),
 		TEXT("Creates a new Unreal Engine Blueprint, Animation Blueprint, Widget Blueprint, or Behavior Tree Task asset at the specified path with the specified parent class")),
 	MakeRow<Morvane::ToolInfo::ToolName_DeleteBlueprint, &FBlueprintRemoveOperation::Execute>(EToolKind::Delete, nullptr, TEXT("{}"),

@@ -1,6 +1,7 @@
 #include "BlueprintNodesCommonOperation.h"
 
 #include "Operations/Graph/GraphModification.h"
+#include "ToolInfo.h"
 #include "ToolResult.h"
 #include "Utils/Graph/LocalVariables.h"
 #include "Utils/Request/RecordWords.h"
@@ -40,7 +41,7 @@ bool ParsePin(const FJsonObject& Json, FBPPinModification& OutRecord, Morvane::F
 		return false;
 	}
 	RecordWords::ReadString(Json, TEXT("name"), OutRecord.Name);
-	RecordWords::ReadString(Json, TEXT("value"), OutRecord.Value);
+	OutRecord.bHasValue = Json.TryGetStringField(TEXT("value"), OutRecord.Value);
 	RecordWords::ReadString(Json, TEXT("direction"), OutRecord.Direction);
 	const TSharedPtr<FJsonObject>* Type = nullptr;
 	if (Json.TryGetObjectField(TEXT("type"), Type))
@@ -121,10 +122,6 @@ bool ParseNode(
 	{
 		OutRecord.Comment = Text;
 	}
-	if (Json.TryGetStringField(TEXT("new_title"), Text))
-	{
-		OutRecord.NewTitle = Text;
-	}
 	OutRecord.Metadata = RecordWords::ReadStringMap(Json, TEXT("metadata"));
 	return ParseEntries(Json, TEXT("pins"), OutRecord.Pins,
 		[&Result](const FJsonObject& Pin, FBPPinModification& Record) { return ParsePin(Pin, Record, Result); });
@@ -145,6 +142,7 @@ bool FBlueprintNodesCommonOperation::ParseJsonToModification(
 			return false;
 		}
 	}
+	RecordWords::ReadString(Json, Morvane::ToolInfo::FieldName_Path, OutModification.Path);
 	if (!Json.TryGetStringField(TEXT("blueprint_name"), OutModification.BlueprintName))
 	{
 		Result.AddErrorMessage(TEXT("JSON missing required field: blueprint_name"));

@@ -8,6 +8,9 @@ struct FBlueprintNodesCommonOperation::FBPGraphModification
 {
 	/** Unset: the graph itself is left alone. */
 	TOptional<EBPNodeAction> GraphAction;
+	/** Of the asset. */
+	FString Path;
+	/** The same asset once more: its last name or its path. */
 	FString BlueprintName;
 	FString GraphName;
 	FString StateMachineName;
@@ -19,4 +22,6 @@ struct FBlueprintNodesCommonOperation::FBPGraphModification
 	TArray<FBPNodeModification> Nodes;
 	TArray<FBPConnectionModification> Connections;
 	TArray<FBPLocalVariableModification> LocalVariables;
+	/** Read from a tool's request, and not made by another operation: such a run makes no graphs. */
+	bool bFromTool = false;
 };

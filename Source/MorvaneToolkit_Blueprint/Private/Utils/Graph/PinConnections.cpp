@@ -88,7 +88,9 @@ UEdGraphPin* FindPinInDirection(const UEdGraphNode& Node, const FString& Request
 	{
 		return Pin;
 	}
-	return FindPinByAlias(Node, Requested, Direction, true);
+	// The hidden target of a library's call is fixed: nobody who says "target" means it.
+	UEdGraphPin* const Hidden = FindPinByAlias(Node, Requested, Direction, true);
+	return Hidden && Hidden->PinName != UEdGraphSchema_K2::PN_Self ? Hidden : nullptr;
 }
 
 /** Both ends of a request, each found or missed with a warning; the source is looked for first. */

@@ -44,6 +44,8 @@ struct FBPPinModification
 	EBPNodeAction Action = EBPNodeAction::Add;
 	FString Name;
 	FString Value;
+	/** An empty value is a value; set by the strict parser alone. */
+	bool bHasValue = false;
 	/** The word of an added pin; empty where the node decides. */
 	FString Direction;
 	TOptional<FBPPinType> Type;
@@ -69,8 +71,6 @@ struct FBPNodeModification
 	TOptional<int32> PositionX;
 	TOptional<int32> PositionY;
 	TOptional<FString> Comment;
-	/** The title that a node with a title of its own shall take. */
-	TOptional<FString> NewTitle;
 	bool bExactMatch = false;
 	/** In the order of the request. */
 	TArray<FBPPinModification> Pins;
