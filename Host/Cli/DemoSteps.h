@@ -22,3 +22,6 @@ const std::vector<FDemoStep>& GetDemoSteps();
 
 /** Two widgets: a health bar whose text a function sets, and a main menu whose button opens a level. */
 const std::vector<FDemoStep>& GetDemoWidgetSteps();
+
+/** A lamp whose graph is wrong in every way that earlier calls can have: mended by calls until it compiles clean. */
+const std::vector<FDemoStep>& GetDemoRepairSteps();

@@ -167,7 +167,7 @@ TEST(WholeRequest, ReadsAllItsKeys)
 	ASSERT_TRUE(
 		ParseWhole(Request(R"("action":"Modify","state_machine_name":"SM","from_state_name":"F","to_state_name":"T",
 		"is_pure":false,"nodes_to_search":[{"menu_title":"Find"}],
-		"nodes":[{"action":"modify","node_guid":"g","exact_match":true,"position":{"x":1},"comment":"","new_title":"N",
+		"nodes":[{"action":"modify","node_guid":"g","exact_match":true,"position":{"x":1},"comment":"",
 			"metadata":{"k":"v"},"target_class":"C","pins":[{"action":"add","name":"P","direction":"out",
 			"type":{"category":"string","container":"map","is_reference":true,"is_const":true,"is_weak_pointer":true,
 			"is_u_object_wrapper":true,"value_type":"int"}}]},"no object"],
@@ -181,7 +181,6 @@ TEST(WholeRequest, ReadsAllItsKeys)
 	ASSERT_EQ(Modification.Nodes.Num(), 1);
 	const FBPNodeModification& Node = Modification.Nodes[0];
 	EXPECT_TRUE(Node.bExactMatch && Node.PositionX && !Node.PositionY && Node.Comment);
-	EXPECT_EQ(*Node.NewTitle, TEXT("N"));
 	EXPECT_EQ(Node.GetMetadata(TEXT("k")), TEXT("v"));
 	const FBPPinType& Type = *Node.Pins[0].Type;
 	EXPECT_TRUE(Type.bIsReference && Type.bIsConst && Type.bIsWeakPointer && Type.bIsUObjectWrapper);

@@ -3,9 +3,10 @@
 const FToolSchema BpRemoveGraphConnectionsSchema = {
 	"bp_remove_graph_connections", "Remove wires", false, true, false, R"json({
 	"type": "object",
+	"description": "Removes wires between nodes that are in a graph; the nodes stay. path names the Blueprint; blueprint_name must name the same asset, else nothing is changed. One bad entry is a warning and the rest is done.",
 	"properties": {
 		"path": { "$ref": "#/$defs/asset_path" },
-		"blueprint_name": { "type": "string", "description": "The same asset again: its path or name." },
+		"blueprint_name": { "type": "string", "description": "The same asset again: its last name or its path. Another asset is an error." },
 		"graph_name": { "type": "string", "description": "EventGraph, or the name of a function or other graph." },
 		"connections": {
 			"type": "array",
