@@ -481,4 +481,8 @@ TEST(PinLookup, AliasesAnswerWithPinsThatAnAuthorSees)
 	EXPECT_THAT(FirstWarning(Case), HasSubstr("Failed to set value of pin 'Target'"));
 	Case.Unlink(Case.Cut("self", "ReturnValue", "interp", "TARGET"));
 	EXPECT_TRUE(Target->LinkedTo.IsEmpty());
+	// A library's call without such a parameter has no target at all.
+	Case.Make(
+		"\"nodes\":[" + Print + "],\"connections\":[" + Link(Case.Id("self"), "ReturnValue", "p", "target") + "]");
+	EXPECT_THAT(Warnings(*Case.Result), Contains("[Failure] Target pin 'target' not found on node 'Print String'"));
 }
