@@ -55,7 +55,17 @@ TOptional<EEdGraphPinDirection> NodePins::ParsePinDirection(const FString& Text)
 
 UEdGraphPin* NodePins::FindOrWarn(const UEdGraphNode& Node, const FString& Name, Morvane::FToolResult& Result)
 {
-	UEdGraphPin* const Pin = FBlueprintPinUtils::FindPinWithAliases(&Node, Name, EGPD_Input, nullptr);
+	// A pin's own name means that pin, whichever way it faces; only then what the name may mean loosely.
+	UEdGraphPin* Pin = nullptr;
+	for (const bool bLoosely : {false, true})
+	{
+		for (const EEdGraphPinDirection Direction : {EGPD_Input, EGPD_Output})
+		{
+			Pin = Pin	   ? Pin
+				: bLoosely ? FBlueprintPinUtils::FindPinWithAliases(&Node, Name, Direction, nullptr)
+						   : Node.FindPin(Name, Direction);
+		}
+	}
 	if (!Pin)
 	{
 		Result.AddWarningMessage(FString::Printf(

@@ -27,7 +27,8 @@ TOptional<EEdGraphPinDirection> ParsePinDirection(const FString& Text);
 
 // What these share.
 
-/** An input before an output of the name, with its aliases; null after a warning. */
+/** The pin of the name, else what the name may mean loosely, each time an input before an output; null after a warning.
+ */
 UEdGraphPin* FindOrWarn(const UEdGraphNode& Node, const FString& Name, Morvane::FToolResult& Result);
 /** Whether an author may change the parameters that the node shows: those of a new function, not of an override. */
 bool HasOwnParameters(const UK2Node_EditablePinBase& Node);
