@@ -213,7 +213,7 @@ private:
 
 	void MakeGraph(UClass* BaseClass) const
 	{
-		FGraphBuilder Graph = Builder.EventGraph();
+		FGraphBuilder Graph = Builder.Function(TEXT("Doing"));
 		UK2Node_DynamicCast* const Cast = Graph.Add<UK2Node_DynamicCast>();
 		Cast->TargetType = BaseClass;
 		Cast->ReconstructNode();
@@ -345,5 +345,36 @@ TEST(MissingReferences, WhatIsDeletedInTheSessionIsKeptThroughAnEditAndBoundWhen
 	ExpectAllBound();
 	EditAndCompile("More");
 	EXPECT_THAT(LostLines(Scene.Before, Scene.UserText()), IsEmpty());
+}
+TEST(MissingReferences, ReadsLeaveNothingOutAndSayWhatIsUnresolved)
+{
+	const FScene Scene;
+	Scene.DropAll();
+	Scene.HideUsed();
+	const auto Read = [](const TCHAR* Tool, const std::string& Arguments)
+	{
+		const auto Result = RunTool(
+			Tool, R"({"path":"/Game/Tests/BP_Test")" + (Arguments.empty() ? "" : "," + Arguments) + "}");
+		FString Content;
+		EXPECT_THAT(Errors(*Result), IsEmpty());
+		if (!Result->GetDatas())
+		{
+			return std::string();
+		}
+		Result->GetDatas()->TryGetStringField(TEXT("content"), Content);
+		return ToStd(Content);
+	};
+	const std::string Schema = Read(TEXT("read_blueprint_schema"), "");
+	for (const char* const Part : {R"("path":"/Game/Tests/BP_Base.BP_Base_C","unresolved":true)",
+			 R"("class":"/Game/Tests/BPI_Used.BPI_Used_C","unresolved":true)",
+			 R"("class_name":"BP_Comp_C","class_path":"/Game/Tests/BP_Comp.BP_Comp_C","unresolved":true)",
+			 R"("sub_category_object":"/Game/Tests/S_Used.S_Used","unresolved":true)"})
+	{
+		EXPECT_THAT(Schema, HasSubstr(Part));
+	}
+	const std::string Doing = Read(TEXT("read_blueprint_function"), R"("function_name":"Doing")");
+	EXPECT_THAT(Doing, HasSubstr(R"("unresolved":["/Game/Tests/BP_Base.BP_Base_C"])"));
+	EXPECT_THAT(Doing, HasSubstr("/Game/Tests/BML_Used.BML_Used:Twice"));
+	Scene.ShowUsed();
 }
 } // namespace MissingReferencesTest

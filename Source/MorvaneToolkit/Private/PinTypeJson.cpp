@@ -2,6 +2,7 @@
 
 #include "EdGraph/EdGraphPin.h"
 #include "EdGraphSchema_K2.h"
+#include "UObject/PropertyBagRepository.h"
 
 namespace PinTypeWords
 {
@@ -262,6 +263,12 @@ void WriteTerminal(FJsonObject& Json, FName Category, FName SubCategory, const U
 	if (Object)
 	{
 		Json.SetStringField(TEXT("sub_category_object"), Object->GetPathName());
+		const bool bMissing = UE::FPropertyBagRepository::IsPropertyBagPlaceholderType(Cast<UStruct>(Object))
+			|| UE::FPropertyBagRepository::IsPropertyBagPlaceholderType(Cast<UEnum>(Object));
+		if (bMissing)
+		{
+			Json.SetBoolField(TEXT("unresolved"), true);
+		}
 	}
 }
 

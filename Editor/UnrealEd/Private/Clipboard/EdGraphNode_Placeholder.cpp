@@ -14,11 +14,12 @@ FString UEdGraphNode_Placeholder::GetOriginalClassPath() const
 	return Kept ? FromUtf8(Kept->ClassPath) : FString();
 }
 
-FText UEdGraphNode_Placeholder::GetNodeTitle(ENodeTitleType::Type) const
+FText UEdGraphNode_Placeholder::GetNodeTitle(ENodeTitleType::Type TitleType) const
 {
 	const FString Path = GetOriginalClassPath();
 	int32 Dot = INDEX_NONE;
-	const FString Name = Path.FindLastChar(TEXT('.'), Dot) ? Path.Mid(Dot + 1) : Path;
+	const bool bShort = TitleType != ENodeTitleType::FullTitle && Path.FindLastChar(TEXT('.'), Dot);
+	const FString Name = bShort ? Path.Mid(Dot + 1) : Path;
 	return FText::FromString(FString::Printf(TEXT("Unknown node: %s"), *Name));
 }
 

@@ -11,6 +11,7 @@
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "Utils/Read/ReadItems.h"
+#include "Utils/Read/ReadUnresolved.h"
 #include "WidgetBlueprint.h"
 #include "WidgetBlueprintUtils.h"
 
@@ -162,6 +163,11 @@ void FRead::SetHead()
 	{
 		ParentObject->SetStringField(TEXT("type"), TEXT("native"));
 		ParentObject->SetStringField(TEXT("name"), Parent->GetStructPathName().ToString());
+	}
+	if (ReadUnresolved::IsUnresolved(Parent))
+	{
+		ParentObject->SetStringField(TEXT("path"), Parent->GetPathName());
+		ReadUnresolved::SetFlag(*ParentObject, Parent);
 	}
 	Document->SetObjectField(TEXT("parent_class"), ParentObject);
 }

@@ -7,6 +7,7 @@
 #include "Engine/SimpleConstructionScript.h"
 #include "GameFramework/Actor.h"
 #include "Utils/Read/ReadItems.h"
+#include "Utils/Read/ReadUnresolved.h"
 
 namespace ReadComponents
 {
@@ -14,7 +15,9 @@ namespace ReadComponents
 struct FRow
 {
 	FString Name;
+	/** Null where a script's node has no template. */
 	const UActorComponent* Component = nullptr;
+	const UClass* Class = nullptr;
 	/** Empty where it hangs on nothing. */
 	FString Parent;
 	FName Socket;
@@ -22,7 +25,7 @@ struct FRow
 
 FRow MakeNativeRow(const UActorComponent& Component)
 {
-	FRow Row{Component.GetName(), &Component, FString(), NAME_None};
+	FRow Row{Component.GetName(), &Component, Component.GetClass(), FString(), NAME_None};
 	const USceneComponent* const Scene = Cast<USceneComponent>(&Component);
 	if (const USceneComponent* const Parent = Scene ? Scene->GetAttachParent() : nullptr)
 	{
@@ -32,13 +35,15 @@ FRow MakeNativeRow(const UActorComponent& Component)
 	return Row;
 }
 
-FRow MakeScriptRow(const USCS_Node& Node, const UActorComponent& Template)
+FRow MakeScriptRow(const USCS_Node& Node, const UActorComponent* Template)
 {
-	FRow Row{Node.GetVariableName().ToString(), &Template, FString(), NAME_None};
+	const UClass* const Class = Template ? Template->GetClass() : Node.ComponentClass.Get();
+	FRow Row{Node.GetVariableName().ToString(), Template, Class, FString(), NAME_None};
 	const USimpleConstructionScript* const Script = Node.GetSCS();
 	const USCS_Node* const ParentNode = Script ? Script->FindParentNode(&Node) : nullptr;
 	const FName Parent = ParentNode ? ParentNode->GetVariableName() : Node.ParentComponentOrVariableName;
-	if (Template.IsA<USceneComponent>() && !Parent.IsNone())
+	const bool bHangs = !Template || Template->IsA<USceneComponent>() || ReadUnresolved::IsUnresolved(Class);
+	if (bHangs && !Parent.IsNone())
 	{
 		Row.Parent = Parent.ToString();
 		Row.Socket = Node.AttachToName;
@@ -61,10 +66,7 @@ TArray<FRow> GatherRows(const FReadSection& Section)
 	for (const USCS_Node* const Node : FBlueprintUtils::GetBlueprintComponentsFromSCS(&Section.Blueprint))
 	{
 		const UActorComponent* const Actual = Node->GetActualComponentTemplate(&Section.Class);
-		if (const UActorComponent* const Template = Actual ? Actual : Node->ComponentTemplate.Get())
-		{
-			Rows.Add(MakeScriptRow(*Node, *Template));
-		}
+		Rows.Add(MakeScriptRow(*Node, Actual ? Actual : Node->ComponentTemplate.Get()));
 	}
 	return Rows;
 }
@@ -84,12 +86,15 @@ TArray<TSharedPtr<FJsonValue>> GetChildren(const TArray<FRow>& Rows, const FStri
 
 void SetDetails(FJsonObject& Entry, const FRow& Row, const TArray<FRow>& Rows)
 {
-	const UActorComponent& Component = *Row.Component;
-	Entry.SetStringField(TEXT("display_name"), Component.GetClass()->GetDisplayNameText().ToString());
-	Entry.SetStringField(TEXT("group_name"), Component.GetFullGroupName(false));
-	Entry.SetBoolField(TEXT("is_scene_component"), Component.IsA<USceneComponent>());
-	Entry.SetBoolField(TEXT("is_editor_only"), Component.IsEditorOnly());
-	Entry.SetBoolField(TEXT("is_active"), Component.bAutoActivate);
+	if (Row.Component)
+	{
+		const UActorComponent& Component = *Row.Component;
+		Entry.SetStringField(TEXT("display_name"), Component.GetClass()->GetDisplayNameText().ToString());
+		Entry.SetStringField(TEXT("group_name"), Component.GetFullGroupName(false));
+		Entry.SetBoolField(TEXT("is_scene_component"), Component.IsA<USceneComponent>());
+		Entry.SetBoolField(TEXT("is_editor_only"), Component.IsEditorOnly());
+		Entry.SetBoolField(TEXT("is_active"), Component.bAutoActivate);
+	}
 	if (!Row.Parent.IsEmpty())
 	{
 		Entry.SetStringField(TEXT("parent_component"), Row.Parent);
@@ -109,7 +114,12 @@ void ReadSections::AddComponents(FReadSection& Section)
 			continue;
 		}
 		const TSharedPtr<FJsonObject> Entry = Section.AddEntry(Row.Name);
-		Entry->SetStringField(TEXT("class_name"), Row.Component->GetClass()->GetName());
+		Entry->SetStringField(TEXT("class_name"), Row.Class ? Row.Class->GetName() : FString());
+		if (!Row.Class || ReadUnresolved::IsUnresolved(Row.Class))
+		{
+			Entry->SetStringField(TEXT("class_path"), Row.Class ? Row.Class->GetPathName() : FString());
+			Entry->SetBoolField(TEXT("unresolved"), true);
+		}
 		if (Section.bFull)
 		{
 			ReadComponents::SetDetails(*Entry, Row, Rows);

@@ -8,6 +8,7 @@
 #include "Engine/BlueprintGeneratedClass.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Read/ReadItems.h"
+#include "Utils/Read/ReadUnresolved.h"
 
 namespace ReadFunctions
 {
@@ -108,6 +109,7 @@ void ReadSections::AddInterfaces(FReadSection& Section)
 		}
 		const TSharedPtr<FJsonObject> Entry = Section.AddEntry(InterfaceClass->GetName());
 		Entry->SetStringField(TEXT("class"), InterfaceClass->GetPathName());
+		ReadUnresolved::SetFlag(*Entry, InterfaceClass);
 		if (!Section.bFull)
 		{
 			continue;

@@ -15,6 +15,7 @@
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
 #include "Utils/Read/ReadPins.h"
+#include "Utils/Read/ReadUnresolved.h"
 
 namespace ReadNode
 {
@@ -374,6 +375,7 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadNodeInfo(
 	{
 		Info->SetStringField(TEXT("comment"), Node->NodeComment);
 	}
+	ReadUnresolved::SetPaths(*Info, *Node);
 	const TSharedPtr<FJsonObject> Properties = MakeShared<FJsonObject>();
 	ReadNode::SetProperties(*Properties, *Node, ReadNode::FContext{Command, Depth, Visited});
 	Info->SetObjectField(TEXT("properties"), Properties);

@@ -9,6 +9,7 @@
 #include "Components/PanelWidget.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
+#include "Utils/Read/ReadUnresolved.h"
 #include "WidgetBlueprint.h"
 
 namespace ReadWidgets
@@ -39,6 +40,11 @@ void SetHead(FJsonObject& Node, const UWidget& Widget)
 {
 	Node.SetStringField(TEXT("name"), Widget.GetName());
 	Node.SetStringField(TEXT("class"), Widget.GetClass()->GetName());
+	if (ReadUnresolved::IsUnresolved(Widget.GetClass()))
+	{
+		Node.SetStringField(TEXT("class_path"), Widget.GetClass()->GetPathName());
+		ReadUnresolved::SetFlag(Node, Widget.GetClass());
+	}
 	Node.SetBoolField(TEXT("is_variable"), Widget.bIsVariable);
 }
 
