@@ -2,6 +2,7 @@
 
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "Engine/Blueprint.h"
+#include "HAL/FileManager.h"
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
 
@@ -80,6 +81,22 @@ FAssetData FindAsset(const FString& PackageName)
 	return Module.Get().GetAssetByObjectPath(FSoftObjectPath(ObjectPath));
 }
 
+/** A folder has one spelling, that of the one that stands. */
+FString WithStandingFolders(const FString& PackageName)
+{
+	FString File;
+	if (!FPackageName::TryConvertLongPackageNameToFilename(PackageName, File))
+	{
+		return PackageName;
+	}
+	const FString Folder = FPaths::GetPath(File);
+	const FString Standing = IFileManager::Get().GetFilenameOnDisk(*Folder);
+	FString StandingName;
+	const bool bDiffers = !Standing.Equals(Folder, ESearchCase::CaseSensitive)
+		&& FPackageName::TryConvertFilenameToLongPackageName(Standing + File.RightChop(Folder.Len()), StandingName);
+	return bDiffers ? StandingName : PackageName;
+}
+
 /** The asset's own name where one is known under this name, ignoring case, or under this name without "_C" or a slash.
  */
 FString GetKnownSpelling(const FString& PackageName)
@@ -99,7 +116,7 @@ FString GetKnownSpelling(const FString& PackageName)
 			return Stripped.PackageName.ToString();
 		}
 	}
-	return PackageName;
+	return WithStandingFolders(PackageName);
 }
 
 /** Native classes go by their names without the letter in front. */

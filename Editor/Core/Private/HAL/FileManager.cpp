@@ -40,6 +40,32 @@ bool IFileManager::DirectoryExists(const TCHAR* Path)
 	return std::filesystem::is_directory(Files::ToPath(Path), Error);
 }
 
+FString IFileManager::GetFilenameOnDisk(const TCHAR* Filename)
+{
+	std::error_code Error;
+	Files::fs::path Standing;
+	for (const Files::fs::path& Part : Files::ToPath(Filename))
+	{
+		Files::fs::path Spelled = Part;
+		// A folder may hold several spellings; the smallest is taken, so that its order does not matter.
+		if (!Files::fs::exists(Standing / Part, Error))
+		{
+			const FString Wanted = Files::FromPath(Part);
+			for (const Files::fs::directory_entry& Entry : Files::fs::directory_iterator(Standing, Error))
+			{
+				const Files::fs::path Name = Entry.path().filename();
+				const bool bFirst = Spelled == Part || Name < Spelled;
+				if (bFirst && Files::FromPath(Name).Equals(Wanted, ESearchCase::IgnoreCase))
+				{
+					Spelled = Name;
+				}
+			}
+		}
+		Standing /= Spelled;
+	}
+	return Files::FromPath(Standing);
+}
+
 bool IFileManager::IsReadOnly(const TCHAR* Path)
 {
 	// The flag decides, not what this user may do: a superuser can write to everything.

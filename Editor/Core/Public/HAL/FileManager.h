@@ -21,6 +21,9 @@ public:
 	bool Move(const TCHAR* To, const TCHAR* From, bool Replace = true, bool EvenIfReadOnly = false);
 	/** -1 when there is no such file. */
 	int64 FileSize(const TCHAR* Path);
+	/** The path with each part spelled as the entry of that name stands on disk, in any case; what does not stand
+	 * stays. */
+	FString GetFilenameOnDisk(const TCHAR* Filename);
 	/** Full paths below StartDirectory whose file name matches the wildcard, sorted. */
 	void FindFilesRecursive(TArray<FString>& OutFiles, const TCHAR* StartDirectory, const TCHAR* Wildcard, bool bFiles,
 		bool bDirectories, bool bClearFileNames = true);

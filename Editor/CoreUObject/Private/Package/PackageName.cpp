@@ -2,6 +2,7 @@
 
 #include "Misc/Paths.h"
 #include "Package/PackageFile.h"
+#include "Standalone/NameSyntax.h"
 #include "Standalone/PathConfinement.h"
 #include "UObject/Object.h"
 #include "UObject/Package.h"
@@ -230,6 +231,18 @@ bool FPackageName::IsValidTextForLongPackageName(FStringView Name, FText* OutRea
 		{
 			return Refuse(*FString::Printf(TEXT("holds the character '%s'"), *FString::Chr(Char)));
 		}
+	}
+	for (FStringView Rest = Name.RightChop(1); !Rest.IsEmpty();)
+	{
+		int32 Slash = INDEX_NONE;
+		const FStringView Part = Rest.FindChar(TEXT('/'), Slash) ? Rest.Left(Slash) : Rest;
+		const FString Fault = NameSyntax::FindFileFault(Part);
+		if (!Fault.IsEmpty())
+		{
+			return Refuse(
+				*FString::Printf(TEXT("has the part '%s', which cannot be a name: %s"), *FString(Part), *Fault));
+		}
+		Rest = Rest.Mid(FMath::Min(Part.Len() + 1, Rest.Len()));
 	}
 	return true;
 }

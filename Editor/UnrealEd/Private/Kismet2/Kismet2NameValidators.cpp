@@ -3,6 +3,7 @@
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CustomEvent.h"
 #include "Kismet2/TakenNames.h"
+#include "Standalone/NameSyntax.h"
 #include "UObject/Class.h"
 
 FString INameValidatorInterface::GetErrorString(const FString& Name, EValidatorResult ErrorCode)
@@ -14,11 +15,12 @@ FString INameValidatorInterface::GetErrorString(const FString& Name, EValidatorR
 	case EValidatorResult::AlreadyInUse:
 		return FString::Printf(TEXT("\"%s\" is already in use."), *Name);
 	case EValidatorResult::EmptyName:
-		return TEXT("Names cannot be left blank");
+		return Name.IsEmpty() ? TEXT("Names cannot be left blank")
+							  : FString::Printf(TEXT("\"%s\" cannot be a name: the word stands for no name"), *Name);
 	case EValidatorResult::TooLong:
 		return TEXT("Names must have fewer than 100 characters!");
 	case EValidatorResult::ContainsInvalidCharacters:
-		return FString::Printf(TEXT("\"%s\" contains characters that a name cannot have: . and line breaks"), *Name);
+		return FString::Printf(TEXT("\"%s\" cannot be a name: %s"), *Name, *NameSyntax::FindFault(Name));
 	case EValidatorResult::ExistingName:
 		return TEXT("Name was not changed.");
 	case EValidatorResult::LocallyInUse:
@@ -50,13 +52,10 @@ EValidatorResult FKismetNameValidator::IsValid(const FString& Name, bool)
 	{
 		return EValidatorResult::TooLong;
 	}
-	int32 Place = INDEX_NONE;
-	for (const TCHAR Bad : {TEXT('.'), TEXT('\n'), TEXT('\r')})
+	const bool bIsNone = Name.Equals(TEXT("None"), ESearchCase::IgnoreCase);
+	if (!bIsNone && !NameSyntax::FindFault(Name).IsEmpty())
 	{
-		if (Name.FindChar(Bad, Place))
-		{
-			return EValidatorResult::ContainsInvalidCharacters;
-		}
+		return EValidatorResult::ContainsInvalidCharacters;
 	}
 	return IsValid(FName(Name));
 }

@@ -25,6 +25,7 @@
 #include "Utils/Graph/EventNodes.h"
 #include "Utils/Graph/PinConnections.h"
 #include "Utils/Report/GraphTelemetry.h"
+#include "Utils/Request/NewNames.h"
 
 UEdGraphNode* FPostSpawnValidation::Run(UEdGraphNode* InNode)
 {
@@ -152,6 +153,11 @@ bool FPostSpawnValidation::TakesEventName()
 		return Discard(TEXT("[Failure] Custom event node validation failed: Custom event has no name"));
 	}
 	const FString EventName = Record.GetMetadata(TEXT("event_name"));
+	const FString Fault = EventName.IsEmpty() ? FString() : NewNames::FindFault(EventName);
+	if (!Fault.IsEmpty())
+	{
+		return Discard(FString::Printf(TEXT("[Failure] Custom event node validation failed: %s"), *Fault));
+	}
 	if (!EventName.IsEmpty())
 	{
 		Event->CustomFunctionName = FName(*EventName);

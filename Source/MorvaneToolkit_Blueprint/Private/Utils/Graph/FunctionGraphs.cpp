@@ -14,6 +14,7 @@
 #include "UObject/Script.h"
 #include "Utils/Graph/EventNodes.h"
 #include "Utils/Graph/MemberNames.h"
+#include "Utils/Request/NewNames.h"
 
 namespace FunctionGraphs
 {
@@ -279,6 +280,10 @@ bool FBlueprintFunctionGraphUtils::ConfigureGraphSignature(
 		// default, and not the word "input", that asks for a function input; what an entry makes of the other wish is
 		// its own affair. Held by CreateGraph.DirectionWords.
 		const bool bInput = Parameter.Direction.Equals(TEXT("input"), ESearchCase::IgnoreCase);
+		if (!NewNames::Check(Parameter.Name, Result))
+		{
+			continue;
+		}
 		FunctionGraphs::AddPin(
 			*Entry, FName(*Parameter.Name), Parameter.Type, bInput ? EGPD_Input : EGPD_Output, Result);
 	}
@@ -316,6 +321,7 @@ bool FBlueprintFunctionGraphUtils::EnsureDelegateSignature(
 	{
 		Obstacle = MemberNames::DescribeGraph(*Blueprint, *Existing) + TEXT(" has this name already");
 	}
+	Obstacle = Obstacle.IsEmpty() ? NewNames::FindFault(Name) : Obstacle;
 	if (!Obstacle.IsEmpty())
 	{
 		Result.AddErrorMessage(

@@ -9,6 +9,7 @@
 #include "ToolResult.h"
 #include "Utils/Report/GraphTelemetry.h"
 #include "Utils/Report/JsonTexts.h"
+#include "Utils/Request/NewNames.h"
 #include "Utils/Request/RecordWords.h"
 
 namespace LocalVariables
@@ -211,6 +212,12 @@ private:
 		if (Find(Record.Name))
 		{
 			Fail(FString::Printf(TEXT("Local variable '%s' already exists"), *Record.Name));
+			return;
+		}
+		const FString Fault = NewNames::FindFault(Record.Name);
+		if (!Fault.IsEmpty())
+		{
+			Fail(FString::Printf(TEXT("Failed to create local variable '%s': %s"), *Record.Name, *Fault));
 			return;
 		}
 		if (!FBlueprintEditorUtils::AddLocalVariable(

@@ -7,6 +7,7 @@
 #include "Kismet2/Kismet2NameValidators.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
+#include "Utils/Request/NewNames.h"
 #include "Utils/Widget/QuotedValue.h"
 #include "WidgetBlueprint.h"
 
@@ -55,7 +56,7 @@ bool CheckSpelling(const FString& Name, Morvane::FToolResult& Result)
 		return false;
 	}
 	FText Reason;
-	if (FName(*Name).IsNone() || !FName::IsValidXName(Name, INVALID_OBJECTNAME_CHARACTERS, &Reason))
+	if (!NewNames::FindFault(Name).IsEmpty() || !FName::IsValidXName(Name, INVALID_OBJECTNAME_CHARACTERS, &Reason))
 	{
 		Result.AddErrorMessage(FString::Printf(
 			TEXT("'%s' is no name for a widget or an animation: use letters, digits and underscores"), *Name));
