@@ -268,7 +268,7 @@ TEST(CreateGraph, NamesThatNoFunctionCanHaveAreRefused)
 		{std::pair<std::string, const char*>("Health", "a variable has this name already"),
 			{"onhit", "an event dispatcher has this name already"},
 			{"bCanBeDamaged", "a variable of the parent class 'Actor' has this name already"},
-			{"a.b", "\"a.b\" contains characters that a name cannot have: . and line breaks"},
+			{"a.b", "\"a.b\" cannot be a name: it holds the character '.'"},
 			{Long, "Names must have fewer than 100 characters!"}})
 	{
 		Case.Create(R"([{"name":")" + Name + "\"}]");

@@ -77,7 +77,7 @@ TEST(PopulateEdges, ABlueprintWhoseGraphCannotBeMadeDoesNotStay)
 	{
 		EXPECT_THAT(Errors(*RunTool(Morvane::ToolInfo::ToolName_BPPopulateGraph, Call)),
 			ElementsAre(
-				"Failed to auto-create blueprint fixture: Failed to create function graph: Bad.Name (\"Bad.Name\" contains characters that a name cannot have: . and line breaks)",
+				"Failed to auto-create blueprint fixture: Failed to create function graph: Bad.Name (\"Bad.Name\" cannot be a name: it holds the character '.')",
 				"Blueprint not found: /Game/Fresh"));
 		EXPECT_FALSE(FBlueprintUtils::BlueprintExists(TEXT("/Game/Fresh")));
 	}
