@@ -128,6 +128,9 @@ TEST(ArgumentCheck, WhatTheToolHasToldIsNotToldTwice)
 		{"bp_create_graph",
 			R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"B","return_type":"int","parameters":[{"name":"P","type":"int"}]}]})",
 			2},
+		{"bp_create_graph",
+			R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"C","is_rep_notify":true,"parameters":[{"name":"P","direction":"output","type":{"category":"int"}}]}]})",
+			2},
 	};
 	for (const auto& Case : Cases)
 	{

@@ -57,6 +57,7 @@ public:
 				TEXT("Parameter '%s' of function '%s' has a type that could not be parsed; it was left out."), *Name,
 				*Request.Name));
 		}
+		WarnOfUnused(Request);
 		Request.bIsDelegate ? MakeDelegate(Request) : MakeFunction(Request);
 	}
 
@@ -94,6 +95,28 @@ public:
 	}
 
 private:
+	/** What is read with the request and changes nothing here. */
+	void WarnOfUnused(const FBPFunctionModification& Request)
+	{
+		if (Request.bIsRepNotify || !Request.ReplicatedProperty.IsEmpty())
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT(
+					"[Warning] 'is_rep_notify' and 'replicated_property' of function '%s' do nothing here; modify_blueprint_class_structure makes a variable's function with \"replication\": \"rep_notify\"."),
+				*Request.Name));
+		}
+		for (const FBPParameterModification& Parameter : Request.Parameters)
+		{
+			if (Parameter.Direction.StartsWith(TEXT("out"), ESearchCase::IgnoreCase))
+			{
+				Result.AddWarningMessage(FString::Printf(
+					TEXT(
+						"[Warning] Parameter '%s' of function '%s' is an input all the same: '%s' does nothing here; a result is given by return_type."),
+					*Parameter.Name, *Request.Name, *Parameter.Direction));
+			}
+		}
+	}
+
 	void MakeDelegate(const FBPFunctionModification& Request)
 	{
 		UEdGraph* Graph = nullptr;
