@@ -41,6 +41,12 @@ bool IsQuiet(const FString& Within, const FString& Key)
 		[&](const FQuietKey& Row) { return Within == Row.Within && Key == Row.Key; });
 }
 
+/** Tools that take a number for a text and the like within their entries, and tell what they could not take. */
+bool TellsOfTypes(const std::string_view ToolName)
+{
+	return ToolName == "modify_blueprint_class_structure";
+}
+
 /** Null for a tool without a schema. Read once for each tool. */
 const FJsonObject* FindSchema(const std::string& ToolName)
 {
@@ -163,8 +169,9 @@ struct FPlace
 class FCheck
 {
 public:
-	FCheck(const FJsonObject& InRoot, Morvane::FToolResult& InResult)
+	FCheck(const FJsonObject& InRoot, const bool bInTypesAreTold, Morvane::FToolResult& InResult)
 		: Root(InRoot)
+		, bTypesAreTold(bInTypesAreTold)
 		, Result(InResult)
 		, Said(InResult.GetErrorMessages())
 	{
@@ -339,7 +346,8 @@ private:
 	void TellType(const FString& Wanted, const FJsonValue& Value, const FPlace& Place)
 	{
 		// Told of the entry by its place, or of this key of the entry by its name.
-		const bool bTold = IsTold(Place.Entry) || (!Place.EntryName.IsEmpty() && IsTold(Place.EntryName, Place.Key));
+		const bool bTold = (bTypesAreTold && !Place.Entry.IsEmpty()) || IsTold(Place.Entry)
+			|| (!Place.EntryName.IsEmpty() && IsTold(Place.EntryName, Place.Key));
 		Add(bTold,
 			FString::Printf(TEXT("[Ignored] %s must be %s and is %s; it was not read."), *Place.Shown(), *Wanted,
 				Describe(Value.Type)));
@@ -368,6 +376,7 @@ private:
 	}
 
 	const FJsonObject& Root;
+	const bool bTypesAreTold;
 	Morvane::FToolResult& Result;
 	/** What the tool has told by itself, for which it needs no second voice. */
 	TArray<FString> Said;
@@ -383,7 +392,7 @@ void ArgumentCheck::AddWarnings(
 	{
 		return;
 	}
-	ArgumentCheckPrivate::FCheck Check(*Schema, Result);
+	ArgumentCheckPrivate::FCheck Check(*Schema, ArgumentCheckPrivate::TellsOfTypes(ToolName), Result);
 	const TSharedRef<FJsonObject> Shared = MakeShared<FJsonObject>(Arguments);
 	Check.Walk(*Schema, FJsonValueObject(Shared), {});
 	Check.Finish();

@@ -128,6 +128,12 @@ TEST(ArgumentCheck, WhatTheToolHasToldIsNotToldTwice)
 		{"bp_create_graph",
 			R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"B","return_type":"int","parameters":[{"name":"P","type":"int"}]}]})",
 			2},
+		{"modify_blueprint_class_structure",
+			R"({"path":"/Game/Tests/BP_Test","variables":{"V":{"action":"add","type":"float","default_variable_value":"2"}},)"
+			R"("components":[{"name":"Box","type":"BoxComponent","properties":{"relative_location":[1,2,3]}}]})",
+			0},
+		{"modify_blueprint_class_structure",
+			R"({"path":"/Game/Tests/BP_Test","variables":{"W":{"action":"add","type":"int","colour":"red"}}})", 1},
 		{"bp_create_graph",
 			R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"C","is_rep_notify":true,"parameters":[{"name":"P","direction":"output","type":{"category":"int"}}]}]})",
 			2},
