@@ -1,3 +1,4 @@
+#include "BlueprintNodeUtils.h"
 #include "BlueprintReadOperations.h"
 #include "BlueprintReadUtils.h"
 #include "EdGraphSchema_K2.h"
@@ -333,7 +334,7 @@ TEST(ReadNode, ShortIdsAndTargetClass)
 	FGraphBuilder Graph;
 	const FNodeHandle Node = Graph.Bare();
 	Node->NodeGuid = FGuid();
-	EXPECT_EQ(FBlueprintReadUtils::GetShortNodeId(Node), TEXT("0000000"));
+	EXPECT_EQ(FBlueprintNodeUtils::GetShortNodeId(Node), TEXT("0000000"));
 	FString Class;
 	FBlueprintReadUtils::ExtractTitleTargetClass(TEXT("Destroy Actor\ntarget IS Actor"), Class);
 	EXPECT_EQ(ToStd(Class), "Actor");

@@ -43,7 +43,4 @@ public:
 		const UEdGraphPin* Pin, const TSet<const UEdGraphNode*>* Nodes = nullptr);
 	/** What follows "Target is " in a title, ignoring case; empty when that is not in it. */
 	static void ExtractTitleTargetClass(const FString& Title, FString& OutClass);
-
-	/** The first 7 digits of the node's guid: the form of all ids in read JSON. */
-	static FString GetShortNodeId(const UEdGraphNode* Node);
 };

@@ -1,9 +1,11 @@
 #include "Operations/Frame/OperationFrame.h"
 
 #include "AssetOperationBase.h"
+#include "AssetRegistry/AssetRegistryModule.h"
 #include "BlueprintUtils.h"
 #include "Engine/Blueprint.h"
 #include "ToolResult.h"
+#include "UObject/Package.h"
 
 bool OperationFrame::CheckOut(const UBlueprint& Blueprint, Morvane::FToolResult& Result, const bool bWidgetTool)
 {
@@ -22,4 +24,40 @@ UBlueprint* OperationFrame::LoadForEdit(const FString& Path, Morvane::FToolResul
 {
 	UBlueprint* const Blueprint = FBlueprintUtils::LoadBlueprint(Path, Result);
 	return Blueprint && CheckOut(*Blueprint, Result) ? Blueprint : nullptr;
+}
+
+/** Forgets an asset that has just been made and was never saved. */
+static void Discard(UBlueprint& Blueprint)
+{
+	UPackage* const Package = Blueprint.GetOutermost();
+	FAssetRegistryModule::AssetDeleted(&Blueprint);
+	Package->MarkAsGarbage();
+}
+
+UBlueprint* OperationFrame::LoadOrMake(
+	const FString& Path, Morvane::FToolResult& Result, bool& bOutMade, const FFinish Finish)
+{
+	UBlueprint* const Loaded = FBlueprintUtils::TryLoadBlueprint(Path);
+	bOutMade = Loaded == nullptr;
+	if (Loaded)
+	{
+		return Loaded;
+	}
+	FString Reason;
+	UBlueprint* const Made = FBlueprintUtils::CreateActorBlueprint(Path, Reason);
+	if (Made && Finish(*Made, Reason))
+	{
+		Made->MarkPackageDirty();
+		return Made;
+	}
+	if (Made)
+	{
+		Discard(*Made);
+	}
+	if (!Reason.IsEmpty())
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Failed to auto-create blueprint fixture: %s"), *Reason));
+	}
+	Result.AddErrorMessage(FString::Printf(TEXT("Blueprint not found: %s"), *Path));
+	return nullptr;
 }

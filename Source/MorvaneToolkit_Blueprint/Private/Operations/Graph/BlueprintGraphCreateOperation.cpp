@@ -7,6 +7,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "MorvaneSettings.h"
+#include "Operations/Frame/OperationFrame.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "Utils/Graph/FunctionGraphs.h"
@@ -156,29 +157,6 @@ private:
 	TArray<FString> DelegateNames;
 	UEdGraph* LastGraph = nullptr;
 };
-
-/** A look-up that fails and leads to a new Blueprint leaves no word: only a failed creation reports. */
-UBlueprint* LoadOrMakeBlueprint(const FString& Path, FToolResult& Result)
-{
-	UBlueprint* Blueprint = FBlueprintUtils::TryLoadBlueprint(Path);
-	if (Blueprint)
-	{
-		return Blueprint;
-	}
-	FString Reason;
-	Blueprint = FBlueprintUtils::CreateActorBlueprint(Path, Reason);
-	if (Blueprint)
-	{
-		Blueprint->MarkPackageDirty();
-		return Blueprint;
-	}
-	if (!Reason.IsEmpty())
-	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Failed to auto-create blueprint fixture: %s"), *Reason));
-	}
-	Result.AddErrorMessage(FString::Printf(TEXT("Blueprint not found: %s"), *Path));
-	return nullptr;
-}
 } // namespace BlueprintGraphCreate
 
 void FBlueprintGraphCreateOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
@@ -194,7 +172,9 @@ void FBlueprintGraphCreateOperation::Execute(const FJsonObject& Args, Morvane::F
 		Result.AddErrorMessage(TEXT("Missing required 'functions' array with at least one entry"));
 		return;
 	}
-	UBlueprint* const Blueprint = BlueprintGraphCreate::LoadOrMakeBlueprint(Path, Result);
+	bool bMade = false;
+	UBlueprint* const Blueprint = OperationFrame::LoadOrMake(
+		Path, Result, bMade, [](UBlueprint&, FString&) { return true; });
 	if (!Blueprint)
 	{
 		return; // the loader has told why

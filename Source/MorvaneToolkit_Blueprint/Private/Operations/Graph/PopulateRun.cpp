@@ -1,7 +1,6 @@
 #include "PopulateRun.h"
 
 #include "AssetOperationBase.h"
-#include "AssetRegistry/AssetRegistryModule.h"
 #include "BlueprintGraphUtils.h"
 #include "BlueprintMatchingUtils.h"
 #include "BlueprintUtils.h"
@@ -29,15 +28,6 @@ const TArray<TSharedPtr<FJsonValue>>* FindArray(const FJsonObject& Json, const T
 {
 	const TArray<TSharedPtr<FJsonValue>>* Values = nullptr;
 	return Json.TryGetArrayField(Key, Values) && !Values->IsEmpty() ? Values : nullptr;
-}
-
-/** Forgets an asset that has just been made and was never saved. */
-void Discard(UBlueprint& Blueprint)
-{
-	UPackage* const Package = Blueprint.GetOutermost();
-	FAssetRegistryModule::AssetDeleted(&Blueprint);
-	FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry")).Get().PackageDeleted(Package);
-	Package->MarkAsGarbage();
 }
 
 bool IsMainEventGraph(const FString& Name)
@@ -92,37 +82,15 @@ bool FPopulateRun::ReadArguments()
 
 bool FPopulateRun::LoadOrCreateBlueprint()
 {
-	Blueprint = FBlueprintUtils::TryLoadBlueprint(Path);
+	bool bMade = false;
+	Blueprint = OperationFrame::LoadOrMake(Path, Result, bMade,
+		[this](UBlueprint& New, FString& OutReason) { return bIsEventGraph || CreateFunction(New, OutReason); });
 	if (!Blueprint)
 	{
-		Blueprint = CreateBlueprint();
-		Path = Blueprint ? FBlueprintUtils::GetBlueprintPath(Blueprint) : Path;
-		return Blueprint != nullptr;
+		return false;
 	}
 	Path = FBlueprintUtils::GetBlueprintPath(Blueprint);
-	return OperationFrame::CheckOut(*Blueprint, Result);
-}
-
-UBlueprint* FPopulateRun::CreateBlueprint()
-{
-	// The look-up that failed leaves no word: a run that makes its Blueprint is a clean run.
-	FString Reason;
-	UBlueprint* const Created = FBlueprintUtils::CreateActorBlueprint(Path, Reason);
-	if (Created && (bIsEventGraph || CreateFunction(*Created, Reason)))
-	{
-		Created->MarkPackageDirty();
-		return Created;
-	}
-	if (Created)
-	{
-		PopulateRun::Discard(*Created);
-	}
-	if (!Reason.IsEmpty())
-	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Failed to auto-create blueprint fixture: %s"), *Reason));
-	}
-	Result.AddErrorMessage(FString::Printf(TEXT("Blueprint not found: %s"), *Path));
-	return nullptr;
+	return bMade || OperationFrame::CheckOut(*Blueprint, Result);
 }
 
 bool FPopulateRun::CreateFunction(UBlueprint& InBlueprint, FString& OutReason) const

@@ -55,8 +55,6 @@ public:
 	void Save();
 
 private:
-	/** Null after a report. */
-	UBlueprint* CreateBlueprint();
 	/** False, reported, for a graph of an interface, whose functions have no body. */
 	bool CanHoldNodes() const;
 	/** A function graph of the graph's name in a new Blueprint; false with a reason. */

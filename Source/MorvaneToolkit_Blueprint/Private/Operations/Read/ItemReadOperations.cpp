@@ -1,4 +1,5 @@
-// The seven reads of one item by name. They differ in words alone, which stand in a row each.
+// The seven reads of one item by name. They differ in words alone, which stand in a row each, see
+// Utils/Read/ItemKinds.h.
 
 #include "BlueprintReadOperations.h"
 
@@ -7,6 +8,7 @@
 #include "Operations/Read/ReadStatus.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
+#include "Utils/Read/ItemKinds.h"
 #include "Utils/Request/RequiredField.h"
 
 namespace ItemReads
@@ -14,28 +16,9 @@ namespace ItemReads
 using Morvane::FToolResult;
 namespace ToolInfo = Morvane::ToolInfo;
 
-/** How a failed read is worded. */
-enum class EFailureWording
+void AddFailure(const FItemKind& Item, const FString& Name, const FString& Path, FToolResult& Result)
 {
-	AtPath,
-	FromBlueprint,
-};
-
-struct FItemRead
-{
-	/** "component": the word in messages. */
-	const TCHAR* Word;
-	/** "component_name": the field with the name, in the command and in the read. */
-	const TCHAR* NameField;
-	const TCHAR* ReadTool;
-	/** "components": the section of the document. */
-	const TCHAR* Section;
-	EFailureWording FailureWording;
-};
-
-void AddFailure(const FItemRead& Item, const FString& Name, const FString& Path, FToolResult& Result)
-{
-	if (Item.FailureWording == EFailureWording::FromBlueprint)
+	if (Item.bFailureNamesBlueprint)
 	{
 		Result.AddErrorMessage(FString::Printf(TEXT("Failed to read %s '%s' from Blueprint: %s"), Item.Word, *Name,
 			*FAssetOperationBase::GetAssetNameFromPath(Path)));
@@ -44,7 +27,7 @@ void AddFailure(const FItemRead& Item, const FString& Name, const FString& Path,
 	Result.AddErrorMessage(FString::Printf(TEXT("Failed to read %s '%s' at path: %s"), Item.Word, *Name, *Path));
 }
 
-void Read(const FItemRead& Item, const FJsonObject& Args, FToolResult& Result)
+void Read(const FItemKind& Item, const FJsonObject& Args, FToolResult& Result)
 {
 	FString Path;
 	FString Name;
@@ -79,54 +62,39 @@ void Read(const FItemRead& Item, const FJsonObject& Args, FToolResult& Result)
 	Result.AddSuccessMessage(
 		FString::Printf(TEXT("Successfully read %s '%s' from Blueprint: %s"), Item.Word, *Name, *AssetName));
 }
-
-constexpr FItemRead Variable{TEXT("variable"), ToolInfo::FieldName_VariableName,
-	ToolInfo::ToolName_ReadBlueprintVariable, TEXT("variables"), EFailureWording::AtPath};
-constexpr FItemRead Component{TEXT("component"), ToolInfo::FieldName_ComponentName,
-	ToolInfo::ToolName_ReadBlueprintComponent, TEXT("components"), EFailureWording::AtPath};
-constexpr FItemRead Function{TEXT("function"), ToolInfo::FieldName_FunctionName,
-	ToolInfo::ToolName_ReadBlueprintFunction, TEXT("functions"), EFailureWording::FromBlueprint};
-constexpr FItemRead Interface{TEXT("interface"), ToolInfo::FieldName_InterfaceName,
-	ToolInfo::ToolName_ReadBlueprintInterface, TEXT("interfaces"), EFailureWording::AtPath};
-constexpr FItemRead Timeline{TEXT("timeline"), ToolInfo::FieldName_TimelineName,
-	ToolInfo::ToolName_ReadBlueprintTimeline, TEXT("timelines"), EFailureWording::AtPath};
-constexpr FItemRead Delegate{TEXT("delegate"), ToolInfo::FieldName_DelegateName,
-	ToolInfo::ToolName_ReadBlueprintDelegate, TEXT("delegates"), EFailureWording::AtPath};
-constexpr FItemRead Macro{TEXT("macro"), ToolInfo::FieldName_MacroName, ToolInfo::ToolName_ReadBlueprintMacro,
-	TEXT("macros"), EFailureWording::FromBlueprint};
 } // namespace ItemReads
 
 void FBlueprintVariableReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
 {
-	ItemReads::Read(ItemReads::Variable, Args, Result);
+	ItemReads::Read(ItemKinds::Variable, Args, Result);
 }
 
 void FBlueprintComponentReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
 {
-	ItemReads::Read(ItemReads::Component, Args, Result);
+	ItemReads::Read(ItemKinds::Component, Args, Result);
 }
 
 void FBlueprintFunctionReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
 {
-	ItemReads::Read(ItemReads::Function, Args, Result);
+	ItemReads::Read(ItemKinds::Function, Args, Result);
 }
 
 void FBlueprintInterfaceReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
 {
-	ItemReads::Read(ItemReads::Interface, Args, Result);
+	ItemReads::Read(ItemKinds::Interface, Args, Result);
 }
 
 void FBlueprintTimelineReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
 {
-	ItemReads::Read(ItemReads::Timeline, Args, Result);
+	ItemReads::Read(ItemKinds::Timeline, Args, Result);
 }
 
 void FBlueprintDelegateReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
 {
-	ItemReads::Read(ItemReads::Delegate, Args, Result);
+	ItemReads::Read(ItemKinds::Delegate, Args, Result);
 }
 
 void FBlueprintMacroReadOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)
 {
-	ItemReads::Read(ItemReads::Macro, Args, Result);
+	ItemReads::Read(ItemKinds::Macro, Args, Result);
 }

@@ -10,6 +10,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
+#include "Utils/Read/ItemKinds.h"
 #include "Utils/Read/ReadItems.h"
 #include "Utils/Read/ReadUnresolved.h"
 #include "WidgetBlueprint.h"
@@ -20,29 +21,20 @@ namespace ReadDocument
 using Morvane::FToolResult;
 namespace ToolInfo = Morvane::ToolInfo;
 
-/** A section whose items have names: its key, the tool and the field that ask for single items, what fills it. */
+/** A section whose items have names, and what fills it. */
 struct FNamedSection
 {
-	const TCHAR* Key;
-	const TCHAR* Tool;
-	const TCHAR* NameField;
+	const FItemKind& Kind;
 	void (*AddItems)(FReadSection&);
 };
 
-constexpr FNamedSection Interfaces{TEXT("interfaces"), ToolInfo::ToolName_ReadBlueprintInterface,
-	ToolInfo::FieldName_InterfaceName, &ReadSections::AddInterfaces};
-constexpr FNamedSection Variables{TEXT("variables"), ToolInfo::ToolName_ReadBlueprintVariable,
-	ToolInfo::FieldName_VariableName, &ReadSections::AddVariables};
-constexpr FNamedSection Components{TEXT("components"), ToolInfo::ToolName_ReadBlueprintComponent,
-	ToolInfo::FieldName_ComponentName, &ReadSections::AddComponents};
-constexpr FNamedSection Functions{TEXT("functions"), ToolInfo::ToolName_ReadBlueprintFunction,
-	ToolInfo::FieldName_FunctionName, &ReadSections::AddFunctions};
-constexpr FNamedSection Macros{
-	TEXT("macros"), ToolInfo::ToolName_ReadBlueprintMacro, ToolInfo::FieldName_MacroName, &ReadSections::AddMacros};
-constexpr FNamedSection Delegates{TEXT("delegates"), ToolInfo::ToolName_ReadBlueprintDelegate,
-	ToolInfo::FieldName_DelegateName, &ReadSections::AddDelegates};
-constexpr FNamedSection Timelines{TEXT("timelines"), ToolInfo::ToolName_ReadBlueprintTimeline,
-	ToolInfo::FieldName_TimelineName, &ReadSections::AddTimelines};
+constexpr FNamedSection Interfaces{ItemKinds::Interface, &ReadSections::AddInterfaces};
+constexpr FNamedSection Variables{ItemKinds::Variable, &ReadSections::AddVariables};
+constexpr FNamedSection Components{ItemKinds::Component, &ReadSections::AddComponents};
+constexpr FNamedSection Functions{ItemKinds::Function, &ReadSections::AddFunctions};
+constexpr FNamedSection Macros{ItemKinds::Macro, &ReadSections::AddMacros};
+constexpr FNamedSection Delegates{ItemKinds::Delegate, &ReadSections::AddDelegates};
+constexpr FNamedSection Timelines{ItemKinds::Timeline, &ReadSections::AddTimelines};
 
 /** One read of one Blueprint. */
 class FRead
@@ -174,19 +166,19 @@ void FRead::SetHead()
 
 bool FRead::AddSection(const FNamedSection& Row)
 {
-	FReadSection Section{*Blueprint, *Class, Command, IsTool(Row.Tool), {}, {}};
+	FReadSection Section{*Blueprint, *Class, Command, IsTool(Row.Kind.ReadTool), {}, {}};
 	if (!bSchema && !Section.bFull)
 	{
 		return true;
 	}
-	if (Section.bFull && !Section.Requested.Read(*Command, Row.NameField))
+	if (Section.bFull && !Section.Requested.Read(*Command, Row.Kind.NameField))
 	{
-		Result.AddErrorMessage(FString::Printf(TEXT("Field '%s' array is empty"), Row.NameField));
+		Result.AddErrorMessage(FString::Printf(TEXT("Field '%s' array is empty"), Row.Kind.NameField));
 		return false;
 	}
 	Row.AddItems(Section);
 	Section.Requested.AddMissing(Section.Entries, bFinalize);
-	ReadSections::SetUnlessEmpty(*Document, Row.Key, MoveTemp(Section.Entries));
+	ReadSections::SetUnlessEmpty(*Document, Row.Kind.Section, MoveTemp(Section.Entries));
 	return true;
 }
 

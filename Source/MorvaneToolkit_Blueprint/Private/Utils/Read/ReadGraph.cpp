@@ -4,6 +4,7 @@
 
 #include "AnimationStateMachineGraph.h"
 #include "AnimStateEntryNode.h"
+#include "BlueprintNodeUtils.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphNode_Comment.h"
@@ -303,7 +304,7 @@ private:
 			Attached.Add(Node);
 		}
 		const auto IsWanted = [&ShortNodeIds](const UEdGraphNode* Node)
-		{ return ShortNodeIds.Contains(FBlueprintReadUtils::GetShortNodeId(Node)); };
+		{ return ShortNodeIds.Contains(FBlueprintNodeUtils::GetShortNodeId(Node)); };
 		if (bRestrict && !Flow.Nodes.ContainsByPredicate(IsWanted))
 		{
 			return;

@@ -7,6 +7,7 @@
 #include "AnimStateConduitNode.h"
 #include "AnimStateNode.h"
 #include "AnimStateTransitionNode.h"
+#include "BlueprintNodeUtils.h"
 #include "EdGraph/EdGraph.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_Composite.h"
@@ -62,7 +63,7 @@ void SetEvent(FJsonObject& Properties, const UK2Node_Event& Node)
 void SetHead(FJsonObject& Object, const UEdGraphNode& Node)
 {
 	Object.SetStringField(TEXT("class_name"), Node.GetClass()->GetName());
-	Object.SetStringField(TEXT("node_guid"), FBlueprintReadUtils::GetShortNodeId(&Node));
+	Object.SetStringField(TEXT("node_guid"), FBlueprintNodeUtils::GetShortNodeId(&Node));
 	Object.SetNumberField(TEXT("pos_x"), Node.NodePosX);
 	Object.SetNumberField(TEXT("pos_y"), Node.NodePosY);
 }
@@ -93,7 +94,7 @@ void SetAliasedStates(FJsonObject& Object, const UAnimStateAliasNode& Alias)
 		{
 			const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
 			Entry->SetStringField(TEXT("state_name"), State->GetStateName());
-			Entry->SetStringField(TEXT("state_guid"), FBlueprintReadUtils::GetShortNodeId(State));
+			Entry->SetStringField(TEXT("state_guid"), FBlueprintNodeUtils::GetShortNodeId(State));
 			Entry->SetStringField(TEXT("state_class"), State->GetClass()->GetName());
 			States.Add(MakeShared<FJsonValueObject>(Entry));
 		}
@@ -140,7 +141,7 @@ TSharedPtr<FJsonObject> MakeNestedMachine(const UAnimGraphNode_StateMachine& Mac
 	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
 	Object->SetStringField(TEXT("class_name"), Machine.GetClass()->GetName());
 	Object->SetStringField(TEXT("state_machine_name"), Machine.GetNodeTitle(ENodeTitleType::FullTitle).ToString());
-	Object->SetStringField(TEXT("node_guid"), FBlueprintReadUtils::GetShortNodeId(&Machine));
+	Object->SetStringField(TEXT("node_guid"), FBlueprintNodeUtils::GetShortNodeId(&Machine));
 	Object->SetNumberField(TEXT("pos_x"), Machine.NodePosX);
 	Object->SetNumberField(TEXT("pos_y"), Machine.NodePosY);
 	if (const UEdGraph* const Graph = Machine.EditorStateMachineGraph)
@@ -332,11 +333,6 @@ void SetProperties(FJsonObject& Properties, const UEdGraphNode& Node, const FCon
 }
 } // namespace ReadNode
 
-FString FBlueprintReadUtils::GetShortNodeId(const UEdGraphNode* Node)
-{
-	return Node->NodeGuid.ToString(EGuidFormats::Digits).LeftChop(25);
-}
-
 void FBlueprintReadUtils::ExtractTitleTargetClass(const FString& Title, FString& OutClass)
 {
 	static const FString Marker(TEXT("Target is "));
@@ -368,7 +364,7 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadNodeInfo(
 		Info->SetStringField(TEXT("menu_category"), K2Node->GetMenuCategory().ToString());
 	}
 	Info->SetStringField(TEXT("class_name"), Node->GetClass()->GetName());
-	Info->SetStringField(TEXT("node_guid"), GetShortNodeId(Node));
+	Info->SetStringField(TEXT("node_guid"), FBlueprintNodeUtils::GetShortNodeId(Node));
 	Info->SetNumberField(TEXT("pos_x"), Node->NodePosX);
 	Info->SetNumberField(TEXT("pos_y"), Node->NodePosY);
 	if (!Node->NodeComment.IsEmpty())

@@ -1,6 +1,7 @@
 #include "Utils/Read/ReadPins.h"
 
 #include "AssetOperationBase.h"
+#include "BlueprintNodeUtils.h"
 #include "BlueprintReadUtils.h"
 #include "EdGraph/EdGraphNode.h"
 
@@ -74,7 +75,7 @@ const FPinReader::FNodeName& FPinReader::GetName(const UEdGraphNode& Node)
 	if (!Name.MenuTitle)
 	{
 		Name.MenuTitle = MakeShared<FJsonValueString>(Node.GetNodeTitle(ENodeTitleType::MenuTitle).ToString());
-		Name.ShortId = MakeShared<FJsonValueString>(FBlueprintReadUtils::GetShortNodeId(&Node));
+		Name.ShortId = MakeShared<FJsonValueString>(FBlueprintNodeUtils::GetShortNodeId(&Node));
 	}
 	return Name;
 }
