@@ -1,5 +1,8 @@
 #include "BlueprintConsistency.h"
 
+#include <iostream>
+#include <sstream>
+
 #include "Blueprint/WidgetTree.h"
 #include "BlueprintBuilder.h"
 #include "Components/ActorComponent.h"
@@ -279,6 +282,24 @@ std::string ReadBlueprintFile(const FBlueprintBuilder& Blueprint)
 	return Blueprint.Folder().Read("Content/Tests/BP_Test.uatext");
 }
 
+/** The first lines that differ, behind the one in which the checksum stands. */
+static std::string FirstDifference(const std::string& Left, const std::string& Right)
+{
+	std::istringstream LeftLines(Left);
+	std::istringstream RightLines(Right);
+	std::string LeftLine;
+	std::string RightLine;
+	while (std::getline(LeftLines, LeftLine) && std::getline(RightLines, RightLine))
+	{
+		const bool bSize = LeftLine.starts_with("Checksum=") || LeftLine.starts_with("Size=");
+		if (LeftLine != RightLine && !bSize)
+		{
+			break;
+		}
+	}
+	return "- " + LeftLine + "\n+ " + RightLine + "\n";
+}
+
 std::vector<std::string> FindInconsistenciesAfterReload(FBlueprintBuilder& Blueprint)
 {
 	std::vector<std::string> Faults = FindInconsistencies(*Blueprint.Get());
@@ -300,6 +321,8 @@ std::vector<std::string> FindInconsistenciesAfterReload(FBlueprintBuilder& Bluep
 	if (!Blueprint.Save() || ReadBlueprintFile(Blueprint) != Saved)
 	{
 		Faults.push_back("saving again changes the file");
+		// Whoever sees the fault wants to know where; the list stays what tests compare with.
+		std::cerr << FirstDifference(Saved, ReadBlueprintFile(Blueprint));
 	}
 	return Faults;
 }

@@ -48,9 +48,15 @@ FString RemoveFileForGood(const FString& File)
 	{
 		return FString::Printf(TEXT("The file '%s' could not be deleted: %s."), *File, *FileRemoval::LastReason());
 	}
-	if (!FileRemoval::IsMissing(Path))
+	struct stat Info;
+	if (lstat(Path.c_str(), &Info) == 0)
 	{
 		return FString::Printf(TEXT("The file '%s' could not be deleted: it is still there."), *File);
+	}
+	if (errno != ENOENT && errno != ENOTDIR)
+	{
+		return FString::Printf(
+			TEXT("Whether the file '%s' is deleted cannot be told: %s."), *File, *FileRemoval::LastReason());
 	}
 	if (!FileRemoval::Flush(ToUtf8(FPaths::GetPath(File))))
 	{

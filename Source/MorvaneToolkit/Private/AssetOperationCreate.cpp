@@ -3,6 +3,7 @@
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "Factories/Factory.h"
 #include "Misc/FeedbackContext.h"
+#include "Misc/OutputDeviceRedirector.h"
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
 #include "ToolResult.h"
@@ -97,9 +98,11 @@ bool CheckFree(const FString& Path, const FString& Name, Morvane::FToolResult& R
 	const FString File = FindFile(Path);
 	if (!File.IsEmpty())
 	{
+		const FString Reason = FAssetOperationBase::AskWhyNotLoaded(Path);
 		Result.AddErrorMessage(FString::Printf(
-			TEXT("Cannot create asset '%s': the file '%s' stands in its place and is no asset that can be read here."),
-			*Path, *File));
+			TEXT(
+				"Cannot create asset '%s': the file '%s' stands in its place and is no asset that can be read here.%s"),
+			*Path, *File, Reason.IsEmpty() ? TEXT("") : *(TEXT("\n") + Reason)));
 		return false;
 	}
 	const UPackage* const Package = FindPackage(nullptr, *Path);
@@ -172,4 +175,17 @@ bool FAssetOperationBase::SaveAsset(UObject* Asset, Morvane::FToolResult& Result
 	}
 	Result.AddErrorMessage(FString::Printf(TEXT("Failed to save asset '%s': %s"), *PackageName, *Reason));
 	return false;
+}
+
+FString FAssetOperationBase::AskWhyNotLoaded(const FString& PackageName)
+{
+	if (!FPackageName::IsValidLongPackageName(PackageName) || AssetOperationPlace::FindFile(PackageName).IsEmpty())
+	{
+		return FString();
+	}
+	FStringOutputDevice Heard;
+	FOutputDeviceRedirector::Get()->AddOutputDevice(&Heard);
+	LoadPackage(nullptr, *PackageName);
+	FOutputDeviceRedirector::Get()->RemoveOutputDevice(&Heard);
+	return Heard;
 }

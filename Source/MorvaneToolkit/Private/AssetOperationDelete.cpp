@@ -28,9 +28,8 @@ FAssetData FindAsset(const FString& Path, const FString& TypeWord, Morvane::FToo
 		Result.AddErrorMessage(File.IsEmpty()
 				? FString::Printf(TEXT("%s does not exist: %s"), *TypeWord, *Path)
 				: FString::Printf(
-					TEXT(
-						"%s cannot be deleted: the file '%s' cannot be read, see the warning. Mend it, or remove it by hand."),
-					*TypeWord, *File));
+					TEXT("%s cannot be deleted: the file '%s' cannot be read. Mend it, or remove it by hand.\n%s"),
+					*TypeWord, *File, *FAssetOperationBase::AskWhyNotLoaded(Path)));
 		return FAssetData();
 	}
 	const UClass* const Class = FindObject<UClass>(Asset.AssetClassPath);

@@ -64,6 +64,9 @@ public:
 	/** Saves the asset's package; false after an error in the result. */
 	static bool SaveAsset(UObject* Asset, Morvane::FToolResult& Result);
 
+	/** What the loader has to say about a package's file that cannot be read; empty when it can or there is none. */
+	static FString AskWhyNotLoaded(const FString& PackageName);
+
 	// Source control
 
 	/** False with the reason when source control refuses. An asset that is not on disk yet needs no check-out. */

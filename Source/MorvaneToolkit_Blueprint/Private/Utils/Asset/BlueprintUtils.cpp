@@ -9,7 +9,6 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/Kismet2NameValidators.h"
 #include "Kismet2/KismetEditorUtilities.h"
-#include "Misc/OutputDeviceRedirector.h"
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
 #include "ToolResult.h"
@@ -20,31 +19,6 @@
 
 namespace BlueprintLoading
 {
-/** Whether a file stands where the asset's own would. */
-bool HasFile(const FString& PackageName)
-{
-	if (!FPackageName::IsValidLongPackageName(PackageName))
-	{
-		return false;
-	}
-	return !FPackageName::FindPackageFile(PackageName).IsEmpty()
-		|| FPaths::FileExists(FPackageName::LongPackageNameToFilename(PackageName, TEXT(".uasset")));
-}
-
-/** What the loader has to say about a file that cannot be read; empty when there is no file. */
-FString AskWhyNotLoaded(const FString& Path)
-{
-	const FString PackageName = FAssetOperationBase::ResolveBlueprintPath(Path);
-	if (!HasFile(PackageName))
-	{
-		return FString();
-	}
-	FStringOutputDevice Heard;
-	FOutputDeviceRedirector::Get()->AddOutputDevice(&Heard);
-	LoadPackage(nullptr, *PackageName);
-	FOutputDeviceRedirector::Get()->RemoveOutputDevice(&Heard);
-	return Heard;
-}
 } // namespace BlueprintLoading
 
 namespace BlueprintMaking
@@ -114,7 +88,7 @@ UBlueprint* FBlueprintUtils::LoadBlueprint(const FString& Path, Morvane::FToolRe
 	if (!Blueprint)
 	{
 		Result.AddErrorMessage(FString::Printf(TEXT("Failed to find or load blueprint: %s"), *Path));
-		const FString Reason = BlueprintLoading::AskWhyNotLoaded(Path);
+		const FString Reason = FAssetOperationBase::AskWhyNotLoaded(FAssetOperationBase::ResolveBlueprintPath(Path));
 		if (!Reason.IsEmpty())
 		{
 			Result.AddErrorMessage(Reason);
