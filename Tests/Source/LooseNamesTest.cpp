@@ -147,6 +147,20 @@ TEST(AuthoredValues, ColorsAndEnumEntriesAreTakenAsTheyAreShown)
 	EXPECT_EQ(ToStd(Find(Run, "attach")->FindPin(TEXT("RotationRule"))->DefaultValue), "SnapToTarget");
 }
 
+TEST(AuthoredValues, AreTakenByNodesThatStandAlready)
+{
+	FPopulating Run;
+	Run.Nodes(CallNode("n", "Actor", "K2_SetActorLocation"));
+	const std::string Id = Run.GuidOf("n");
+	const TSharedPtr<Morvane::FToolResult> Result = RunTool(TEXT("bp_modify_graph_nodes"),
+		R"({"path":"/Game/Tests/BP_Test","blueprint_name":"/Game/Tests/BP_Test","graph_name":"EventGraph","nodes":[{"action":"modify","node_guid":")"
+			+ Id
+			+ R"(","pins":[{"action":"modify","name":"New Location","value":[1,2,3]},{"action":"modify","name":"bSweep","value":true}]}]})");
+	EXPECT_THAT(Warnings(*Result), IsEmpty());
+	EXPECT_EQ(ToStd(Find(Run, "n")->FindPin(TEXT("NewLocation"))->DefaultValue), "1.000000,2.000000,3.000000");
+	EXPECT_EQ(ToStd(Find(Run, "n")->FindPin(TEXT("bSweep"))->DefaultValue), "true");
+}
+
 TEST(LooseNames, EventsAndParentCallsTakeTheNamesThatAreShown)
 {
 	FPopulating Run;

@@ -46,7 +46,10 @@ const FToolSchema BpModifyGraphNodesSchema = {
 									"description": "modify sets the value of an input without a wire, or gives a parameter another type; for a Create Event node the value is a function's name. add and remove change parameters (function entries and results, custom events, ends of macros and collapsed graphs) and the pins of Sequence, Select, switches, Make Array, Make Set, Make Map, operators and Format Text."
 								},
 								"name": { "type": "string", "description": "The pin; a new case of a switch is called after it: a text, a name or a gameplay tag." },
-								"value": { "type": "string", "description": "As text: true, 42, 0.5, Hello, (X=0.0,Y=0.0,Z=100.0), an enum's value name, or the path of an asset or class that exists." },
+								"value": {
+									"anyOf": [{ "type": "string" }, { "type": "number" }, { "type": "boolean" }, { "type": "array" }, { "type": "object" }],
+									"description": "true, 42, 0.5, Hello, (X=0.0,Y=0.0,Z=100.0), an enum's entry, or the path of an asset or class that exists. Vectors, rotators, colors and transforms may be lists or objects with their parts."
+								},
 								"direction": {
 									"type": "string",
 									"enum": ["input", "output"],

@@ -41,7 +41,7 @@ bool ParsePin(const FJsonObject& Json, FBPPinModification& OutRecord, Morvane::F
 		return false;
 	}
 	RecordWords::ReadString(Json, TEXT("name"), OutRecord.Name);
-	OutRecord.bHasValue = Json.TryGetStringField(TEXT("value"), OutRecord.Value);
+	OutRecord.bHasValue = RecordWords::ReadValue(Json.TryGetField(TEXT("value")), OutRecord.Value);
 	RecordWords::ReadString(Json, TEXT("direction"), OutRecord.Direction);
 	const TSharedPtr<FJsonObject>* Type = nullptr;
 	if (Json.TryGetObjectField(TEXT("type"), Type))
