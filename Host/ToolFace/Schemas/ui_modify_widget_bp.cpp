@@ -38,7 +38,7 @@ const FToolSchema UiModifyWidgetBpSchema = {"ui_modify_widget_bp", "Edit widget 
 							"class": { "type": "string", "description": "For add: /Script/UMG.Button, TextBlock, Image, ... or a Widget Blueprint's path." },
 							"parent": { "type": "string", "description": "For add and reorder: name of the panel that holds it. A Button, Border, SizeBox and their like hold one child." },
 							"index": { "type": "number", "description": "For reorder: place among the children; left out means last." },
-							"is_variable": { "type": "boolean", "description": "true lets graphs use the widget as a variable; events need it." },
+							"is_variable": { "type": "boolean", "description": "true lets graphs use the widget as a variable; events need it. Buttons, images and inputs are variables by themselves; panels, borders and texts are not." },
 							"properties": { "$ref": "#/$defs/widget_properties" },
 							"slot": {
 								"type": "object",

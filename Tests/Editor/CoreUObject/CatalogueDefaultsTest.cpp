@@ -84,6 +84,12 @@ INSTANTIATE_TEST_SUITE_P(Widgets, CatalogueDefaults,
 		FStartValue{TEXT("/Script/UMG.ButtonSlot"), TEXT("HorizontalAlignment"), TEXT("HAlign_Center")},
 		FStartValue{TEXT("/Script/UMG.BorderSlot"), TEXT("HorizontalAlignment"), TEXT("HAlign_Fill")},
 		FStartValue{TEXT("/Script/UMG.ScrollBox"), TEXT("ScrollbarThickness"), TEXT("(X=9.000000,Y=9.000000)")},
-		FStartValue{TEXT("/Script/UMG.ScrollBox"), TEXT("Orientation"), TEXT("Orient_Vertical")}),
+		FStartValue{TEXT("/Script/UMG.ScrollBox"), TEXT("Orientation"), TEXT("Orient_Vertical")},
+		FStartValue{TEXT("/Script/UMG.OverlaySlot"), TEXT("VerticalAlignment"), TEXT("VAlign_Top")},
+		FStartValue{TEXT("/Script/UMG.VerticalBoxSlot"), TEXT("Size"), TEXT("(Value=1.000000,SizeRule=Automatic)")},
+		FStartValue{TEXT("/Script/UMG.Overlay"), TEXT("Visibility"), TEXT("SelfHitTestInvisible")},
+		FStartValue{TEXT("/Script/UMG.TextBlock"), TEXT("bIsVariable"), TEXT("False")},
+		FStartValue{TEXT("/Script/UMG.RichTextBlock"), TEXT("bIsVariable"), TEXT("True")},
+		FStartValue{TEXT("/Script/UMG.Button"), TEXT("bIsVariable"), TEXT("True")}),
 	NameOf);
 } // namespace CatalogueDefaultsTests
