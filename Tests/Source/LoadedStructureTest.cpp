@@ -4,6 +4,7 @@
 #include "BlueprintUtils.h"
 #include "EverythingBlueprint.h"
 #include "K2Node_Composite.h"
+#include "K2Node_CustomEvent.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "NodeTests.h"
 #include "Populating.h"
@@ -280,4 +281,32 @@ TEST(LoadedStructureRules, WhatIsListedOftenIsReadOnce)
 	const std::string Answer = ResultObject::Write(*Result);
 	EXPECT_THAT(Answer, HasSubstr("bound_graph_depth"));
 	EXPECT_LT(Answer.size(), 60000u);
+}
+
+TEST(LoadedStructureRules, NoBlueprintMakesAnAnswerWithoutBound)
+{
+	const FBlueprintBuilder Blueprint;
+	const FGraphBuilder Graph = Blueprint.EventGraph();
+	FGraphBuilder Builder(Graph.Get());
+	const FNodeHandle Last = Builder.Call(TEXT("/Script/Engine.KismetSystemLibrary"), TEXT("PrintString"));
+	FNodeHandle Next = Last;
+	for (int32 Index = 0; Index < 400; ++Index)
+	{
+		const FNodeHandle Before = Builder.Call(TEXT("/Script/Engine.KismetSystemLibrary"), TEXT("PrintString"));
+		FGraphBuilder::Then(Before, Next);
+		Next = Before;
+	}
+	for (int32 Index = 0; Index < 400; ++Index)
+	{
+		UEdGraphNode* const Event = NodeTests::Make<UK2Node_CustomEvent>(Graph.Get(),
+			[&](UK2Node_CustomEvent& Node)
+			{ Node.CustomFunctionName = FName(FString::Printf(TEXT("Event%d"), Index)); });
+		FGraphBuilder::Then(FNodeHandle{Event}, Next);
+	}
+	const TSharedPtr<Morvane::FToolResult> Result = RunTool(Morvane::ToolInfo::ToolName_ReadBlueprintEvent,
+		R"({"path":"/Game/Tests/BP_Test","graph_name":"EventGraph","event_name":"Event"})");
+	EXPECT_TRUE(Result->WasSuccessful());
+	const std::string Answer = ResultObject::Write(*Result);
+	EXPECT_LT(Answer.size(), 150u << 20);
+	EXPECT_THAT(Answer, HasSubstr("Maximum answer size exceeded"));
 }

@@ -13,6 +13,8 @@ public:
 	UEdGraphPin* GetRelativeTransformPin() const;
 	UEdGraphPin* GetManualAttachmentPin() const;
 	void AllocateDefaultPins() override;
+	/** Its template goes with it, unless another node uses that too. */
+	void DestroyNode() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	FText GetMenuCategory() const override;

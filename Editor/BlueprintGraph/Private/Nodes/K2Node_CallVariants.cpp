@@ -8,6 +8,8 @@
 #include "K2Node_CallMaterialParameterCollectionFunction.h"
 #include "K2Node_Message.h"
 
+#include "Components/ActorComponent.h"
+#include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "ExposedVariables.h"
@@ -300,6 +302,45 @@ UEdGraphPin* UK2Node_AddComponent::GetRelativeTransformPin() const
 UEdGraphPin* UK2Node_AddComponent::GetManualAttachmentPin() const
 {
 	return FindPin(TEXT("bManualAttachment"), EGPD_Input);
+}
+
+namespace AddedComponents
+{
+FName TemplateOf(const UK2Node_AddComponent& Node)
+{
+	const UEdGraphPin* const Pin = Node.FindPin(TEXT("TemplateName"), EGPD_Input);
+	return Pin ? FName(*Pin->DefaultValue) : FName();
+}
+
+bool IsShared(const UBlueprint& Blueprint, const UK2Node_AddComponent& Node, FName Template)
+{
+	TArray<UEdGraph*> Graphs;
+	Blueprint.GetAllGraphs(Graphs);
+	return Graphs.ContainsByPredicate(
+		[&](const UEdGraph* Graph)
+		{
+			return Graph->Nodes.ContainsByPredicate(
+				[&](const TObjectPtr<UEdGraphNode>& Other)
+				{
+					const UK2Node_AddComponent* const Add = Cast<UK2Node_AddComponent>(Other.Get());
+					return Add && Add != &Node && TemplateOf(*Add) == Template;
+				});
+		});
+}
+} // namespace AddedComponents
+
+void UK2Node_AddComponent::DestroyNode()
+{
+	UBlueprint* const Blueprint = GetBlueprint();
+	const FName Name = AddedComponents::TemplateOf(*this);
+	UActorComponent* const Template = Blueprint && !Name.IsNone() ? Blueprint->FindTemplateByName(Name) : nullptr;
+	if (Template && !AddedComponents::IsShared(*Blueprint, *this, Name))
+	{
+		Blueprint->Modify();
+		Blueprint->ComponentTemplates.Remove(Template);
+		Template->MarkAsGarbage();
+	}
+	Super::DestroyNode();
 }
 
 void UK2Node_AddComponent::AllocateDefaultPins()

@@ -160,7 +160,7 @@ private:
 					"Deterministic spawn failed: Cast node TargetType is null after creation.\n  Target Class: %s\n  Resolved Class Path: '%s'\n  FunctionClass Valid: %s\n  Graph: '%s'\n  Possible causes:\n    - The target class was unloaded after resolution\n    - The class is abstract or cannot be cast to\n    - Graph schema restrictions prevent cast to this type"),
 				*Record.TargetClass, *Class->GetPathName(), IsValid(Class) ? TEXT("Yes") : TEXT("No"),
 				*Graph.GetName()));
-			Graph.RemoveNode(Node, true, true);
+			Node->DestroyNode();
 			return true;
 		}
 		OutNode = Node;
@@ -281,7 +281,8 @@ private:
 
 	bool Discard(UEdGraphNode& Node, const FString& Text)
 	{
-		Graph.RemoveNode(&Node, true, true);
+		// The node's own way: what it made beside itself, a graph or a timeline, goes with it.
+		Node.DestroyNode();
 		return Refuse(Text);
 	}
 

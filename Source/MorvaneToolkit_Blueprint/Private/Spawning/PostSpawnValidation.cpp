@@ -333,7 +333,8 @@ bool FPostSpawnValidation::CountsEnumComparison()
 
 bool FPostSpawnValidation::Discard(const FString& Text)
 {
-	Graph.RemoveNode(Node, true, true);
+	// The node's own way: what it made beside itself, a graph or a timeline, goes with it.
+	Node->DestroyNode();
 	SpawnReport::Report(Result, Text);
 	return false;
 }

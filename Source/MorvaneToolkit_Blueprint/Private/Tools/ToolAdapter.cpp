@@ -3,6 +3,7 @@
 #include "Dom/JsonObject.h"
 #include "Serialization/JsonReader.h"
 #include "Serialization/JsonSerializer.h"
+#include "Utils/Read/ReadBudget.h"
 
 namespace ToolAdapterJson
 {
@@ -93,6 +94,7 @@ void FToolAdapterBase::Execute(const Morvane::FToolCommand& Command, const TShar
 	const FOnToolCompleted& OnCompleted)
 {
 	const TSharedPtr<FJsonObject> Args = ToolAdapterJson::ParseObject(Command.GetArguments());
+	FReadBudget::Begin();
 	// The editor's texts end where a null stands, so that a value with one would be cut in silence.
 	const FString Null = Args.IsValid() ? ToolAdapterJson::FindNull(*Args, FString()) : FString();
 	if (!Null.IsEmpty())

@@ -14,6 +14,7 @@
 #include "K2Node_EventNodeInterface.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolInfo.h"
+#include "Utils/Read/ReadBudget.h"
 #include "Utils/Read/ReadPins.h"
 
 namespace ReadGraph
@@ -45,6 +46,22 @@ void SetHead(FJsonObject& Object, const UEdGraph& Graph)
 	Object.SetStringField(TEXT("name"), Graph.GetName());
 	Object.SetStringField(TEXT("class"), Graph.GetClass()->GetName());
 	Object.SetStringField(TEXT("schema"), Schema ? Schema->GetClass()->GetName() : FString(TEXT("Unknown")));
+}
+
+/** The nodes in their order, until the call has shown as much as it may. */
+void AddNodes(const TArray<const UEdGraphNode*>& Nodes, TFunctionRef<TSharedPtr<FJsonObject>(const UEdGraphNode&)> Read,
+	TArray<TSharedPtr<FJsonValue>>& OutValues)
+{
+	for (const UEdGraphNode* const Node : Nodes)
+	{
+		if (!FReadBudget::Take(*Node))
+		{
+			OutValues.Add(MakeShared<FJsonValueObject>(MakeError(
+				TEXT("Maximum answer size exceeded; the other nodes are left out. Read single functions or events."))));
+			return;
+		}
+		OutValues.Add(MakeShared<FJsonValueObject>(Read(*Node)));
+	}
 }
 
 TSharedPtr<FJsonObject> ReadNodeWithPins(const UEdGraphNode& Node, const TSharedPtr<FJsonObject>& Command, int32 Depth,
@@ -109,17 +126,22 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEdGraph(
 	Object->SetStringField(TEXT("graph_path"), Graph->GetPathName());
 	if (!ReadGraph::IsTool(ReadTool, Morvane::ToolInfo::ToolName_ReadBlueprintSchema))
 	{
-		TArray<TSharedPtr<FJsonValue>> Nodes;
-		Nodes.Reserve(Graph->Nodes.Num());
-		FPinReader PinReader;
+		TArray<const UEdGraphNode*> Present;
+		Present.Reserve(Graph->Nodes.Num());
 		for (const UEdGraphNode* const Node : Graph->Nodes)
 		{
 			if (Node)
 			{
-				Nodes.Add(MakeShared<FJsonValueObject>(
-					ReadGraph::ReadNodeWithPins(*Node, Command, Depth, Visited, PinReader)));
+				Present.Add(Node);
 			}
 		}
+		TArray<TSharedPtr<FJsonValue>> Nodes;
+		FPinReader PinReader;
+		ReadGraph::AddNodes(
+			Present,
+			[&](const UEdGraphNode& Node)
+			{ return ReadGraph::ReadNodeWithPins(Node, Command, Depth, Visited, PinReader); },
+			Nodes);
 		Object->SetArrayField(TEXT("nodes"), MoveTemp(Nodes));
 		if (const UAnimationStateMachineGraph* const Machine = Cast<UAnimationStateMachineGraph>(Graph))
 		{
@@ -360,12 +382,14 @@ private:
 	TArray<TSharedPtr<FJsonValue>> ReadNodes(const TArray<const UEdGraphNode*>& Nodes)
 	{
 		TArray<TSharedPtr<FJsonValue>> Values;
-		Values.Reserve(Nodes.Num());
-		for (const UEdGraphNode* const Node : Nodes)
-		{
-			TSet<const UEdGraph*> Visited;
-			Values.Add(MakeShared<FJsonValueObject>(ReadNodeWithPins(*Node, Command, 0, Visited, PinReader)));
-		}
+		AddNodes(
+			Nodes,
+			[this](const UEdGraphNode& Node)
+			{
+				TSet<const UEdGraph*> Visited;
+				return ReadNodeWithPins(Node, Command, 0, Visited, PinReader);
+			},
+			Values);
 		return Values;
 	}
 
