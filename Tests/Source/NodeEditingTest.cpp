@@ -468,6 +468,23 @@ TEST(NodeEditor, CallsArePointedAtOtherFunctions)
 	EXPECT_EQ(FirstWarning(Case), "Node 'Event BeginPlay' is no function call, so FunctionName does not apply to it");
 }
 
+TEST(NodeEditor, ACallThatIsPointedElsewhereLosesATargetThatDoesNotFit)
+{
+	FModifying Case;
+	Case.Make("\"nodes\":[" + CallNode("pawn", "GameplayStatics", "GetPlayerPawn") + ","
+		+ CallNode("c", "Pawn", "AddControllerYawInput") + "],\"connections\":["
+		+ Link("pawn", "ReturnValue", "c", "self") + "]");
+	const auto Aim = [&Case](const char* Function, const char* Class)
+	{
+		Case.ModifyNodes(Case.Change(
+			"c", std::string(R"("metadata":{"FunctionName":")") + Function + R"(","ClassName":")" + Class + "\"}"));
+		return Case.Node("c")->FindPin(TEXT("self"))->LinkedTo.Num();
+	};
+	EXPECT_EQ(Aim("K2_DestroyActor", "Actor"), 1) << "a pawn is an actor";
+	EXPECT_EQ(Aim("PrintText", "KismetSystemLibrary"), 0);
+	EXPECT_THAT(FirstWarning(Case), HasSubstr(".ReturnValue -> Print Text"));
+}
+
 TEST(PinLookup, AliasesAnswerWithPinsThatAnAuthorSees)
 {
 	FModifying Case;

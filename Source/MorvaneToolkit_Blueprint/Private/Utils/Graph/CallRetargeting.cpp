@@ -107,12 +107,33 @@ TArray<FString> DropOldPins(UK2Node_CallFunction& Call)
 	return Values;
 }
 
+/** The object that the old function was called on may be none for the new one; answers the links that go. */
+TArray<FString> DropWrongTargets(UK2Node_CallFunction& Call)
+{
+	TArray<FString> Links;
+	UEdGraphPin* const Self = Call.FindPin(UEdGraphSchema_K2::PN_Self, EGPD_Input);
+	const TArray<UEdGraphPin*> Linked = Self ? Self->LinkedTo : TArray<UEdGraphPin*>();
+	for (UEdGraphPin* const Object : Linked)
+	{
+		if (Self->bHidden
+			|| !Call.GetK2Schema()->ArePinTypesCompatible(
+				Object->PinType, Self->PinType, Call.GetBlueprintClassFromNode()))
+		{
+			Links.Add(NodeRefresh::Describe(*Object->GetOwningNode()) + TEXT(".") + Object->GetName() + TEXT(" -> ")
+				+ NodeRefresh::Describe(Call) + TEXT(".self"));
+			Self->BreakLinkTo(Object);
+		}
+	}
+	return Links;
+}
+
 void Bind(UK2Node_CallFunction& Call, const UFunction& Function, Morvane::FToolResult& Result)
 {
 	Call.Modify();
 	Call.SetFromFunction(&Function);
 	TArray<FString> Lost = NodeRefresh::Reconstruct({&Call});
 	// The function was meant to be another one, so nothing waits for the old one's pins to come back.
+	Lost.Append(DropWrongTargets(Call));
 	Lost.Append(DropOldPins(Call));
 	if (!Lost.IsEmpty())
 	{
