@@ -11,6 +11,8 @@ const std::vector<FCommandRow>& GetCommandTable()
 		{"node", "Print the pins of a node that is given by its identity as JSON", &MakeNodeCommand},
 		{"copy", "Print a graph's nodes as text that the editor can paste", &MakeCopyCommand},
 		{"paste", "Paste nodes from text on standard input into a graph and save the asset", &MakePasteCommand},
+		{"import", "Make a text copy of a binary package of the editor, which the tools can change",
+			&MakeImportCommand},
 		{"demo", "Play a session in a temporary project, printing each call and its result", &MakeDemoCommand},
 	};
 	return Rows;

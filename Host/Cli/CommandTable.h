@@ -27,4 +27,5 @@ std::unique_ptr<ICommand> MakeMenuCommand();
 std::unique_ptr<ICommand> MakeNodeCommand();
 std::unique_ptr<ICommand> MakeCopyCommand();
 std::unique_ptr<ICommand> MakePasteCommand();
+std::unique_ptr<ICommand> MakeImportCommand();
 std::unique_ptr<ICommand> MakeDemoCommand();

@@ -80,8 +80,7 @@ private:
 	void Take(const std::string& Path, unsigned char Type)
 	{
 		static const std::string Extension = ToUtf8(FPackageName::GetAssetPackageExtension());
-		const bool bIsPackage = Path.size() > Extension.size()
-			&& Path.compare(Path.size() - Extension.size(), Extension.size(), Extension) == 0;
+		const bool bIsPackage = Path.ends_with(Extension) || Path.ends_with(".uasset") || Path.ends_with(".umap");
 		if (bIsPackage && Type != DT_DIR)
 		{
 			if (Type == DT_REG || LeadsInside(Path))
@@ -102,11 +101,18 @@ TArray<FString> FindPackageFiles(const FString& Directory)
 {
 	FWalk Walk;
 	Walk.Folder(ToUtf8(Directory.EndsWith(TEXT("/")) ? Directory.LeftChop(1) : Directory), false);
+	// A text package goes before a binary one of the same path: it is the copy that is worked on.
+	const std::string Extension = ToUtf8(FPackageName::GetAssetPackageExtension());
+	const std::set<std::string> Known(Walk.Files.begin(), Walk.Files.end());
 	TArray<FString> Files;
 	Files.Reserve(static_cast<int32>(Walk.Files.size()));
 	for (const std::string& Path : Walk.Files)
 	{
-		Files.Add(FromUtf8(Path));
+		const std::string Text = Path.substr(0, Path.rfind('.')) + Extension;
+		if (Text == Path || !Known.contains(Text))
+		{
+			Files.Add(FromUtf8(Path));
+		}
 	}
 	return Files;
 }

@@ -56,9 +56,17 @@ public:
 	/** As Load, from bytes instead of a file. The package name is the header's. */
 	static UPackage* LoadFromBytes(std::string Bytes, const FString& Filename, FString& OutError);
 
-	/** What stands in for a package file and is none of ours, such as the engine's own binary asset; empty when there
-	 * is no such file. */
+	/** The binary package of the engine's editor that lies at that path; empty when there is none. Such files are read
+	 * and never written. */
 	static FString FindEngineAsset(const FString& LongPackageName);
+	/** Whether a file is one by its name. */
+	static bool IsBinaryFile(const FString& Filename);
+	/**
+	 * Writes a text package of the name given, with what the binary file holds; none may stand there yet. Warnings tell
+	 * what was not understood. False with a reason.
+	 */
+	static bool ImportBinary(
+		const FString& Filename, const FString& LongPackageName, TArray<FString>& OutWarnings, FString& OutError);
 
 	/** Why the last attempt to read the package failed; empty after a success and when nobody tried. */
 	static FString GetLastLoadError(const FString& LongPackageName);

@@ -19,6 +19,24 @@ IMPLEMENT_EDITOR_STRUCT(FBPVariableDescription, "/Script/Engine")
 IMPLEMENT_EDITOR_STRUCT(FBPInterfaceDescription, "/Script/Engine")
 
 template <>
+UEnum* StaticEnum<ELifetimeCondition>()
+{
+	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("ELifetimeCondition"), TEXT("/Script/CoreUObject"),
+		UEnum::ECppForm::Regular,
+		{{TEXT("COND_None"), COND_None}, {TEXT("COND_InitialOnly"), COND_InitialOnly},
+			{TEXT("COND_OwnerOnly"), COND_OwnerOnly}, {TEXT("COND_SkipOwner"), COND_SkipOwner},
+			{TEXT("COND_SimulatedOnly"), COND_SimulatedOnly}, {TEXT("COND_AutonomousOnly"), COND_AutonomousOnly},
+			{TEXT("COND_SimulatedOrPhysics"), COND_SimulatedOrPhysics},
+			{TEXT("COND_InitialOrOwner"), COND_InitialOrOwner}, {TEXT("COND_Custom"), COND_Custom},
+			{TEXT("COND_ReplayOrOwner"), COND_ReplayOrOwner}, {TEXT("COND_ReplayOnly"), COND_ReplayOnly},
+			{TEXT("COND_SimulatedOnlyNoReplay"), COND_SimulatedOnlyNoReplay},
+			{TEXT("COND_SimulatedOrPhysicsNoReplay"), COND_SimulatedOrPhysicsNoReplay},
+			{TEXT("COND_SkipReplay"), COND_SkipReplay}, {TEXT("COND_Dynamic"), COND_Dynamic},
+			{TEXT("COND_Never"), COND_Never}});
+	return Enum;
+}
+
+template <>
 UEnum* StaticEnum<EBlueprintType>()
 {
 	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("EBlueprintType"), TEXT("/Script/Engine"),
@@ -45,6 +63,7 @@ void FBPVariableDescription::DescribeStruct(FStructDescriber& Struct)
 	Struct.Property(TEXT("Category"), &FBPVariableDescription::Category);
 	Struct.Property(TEXT("PropertyFlags"), &FBPVariableDescription::PropertyFlags);
 	Struct.Property(TEXT("RepNotifyFunc"), &FBPVariableDescription::RepNotifyFunc);
+	Struct.Property(TEXT("ReplicationCondition"), &FBPVariableDescription::ReplicationCondition);
 	Struct.Property(TEXT("MetaDataArray"), &FBPVariableDescription::MetaDataArray);
 	Struct.Property(TEXT("DefaultValue"), &FBPVariableDescription::DefaultValue);
 }

@@ -128,8 +128,7 @@ TEST_F(PackageRefusals, AFileInAnotherPackagesPlaceIsRefused)
 TEST_F(PackageRefusals, AnEngineAssetAtThePathIsRefusedByName)
 {
 	Folder.Write("Bin.uasset", "\xC1\x83\x2A\x9E");
-	EXPECT_EQ(LoadError(TEXT("/Pack/Bin")),
-		"Bin.uasset: the file is a binary asset of the engine, which only the engine's own editor can read");
+	EXPECT_EQ(LoadError(TEXT("/Pack/Bin")), "Bin.uasset: the package is damaged: it ends within its head");
 	EXPECT_EQ(Relative(TestAssets::Save(TestAssets::MakeAsset(TEXT("/Pack/Bin")))),
 		"Cannot save '/Pack/Bin' to Bin.uatext: the engine's binary asset Bin.uasset stands at that path");
 	EXPECT_FALSE(Folder.Exists("Bin.uatext"));

@@ -1,5 +1,6 @@
 #include "Standalone/PackageText.h"
 
+#include "BinaryPackage/BinaryPackageText.h"
 #include "Misc/FeedbackContext.h"
 #include "Misc/OutputDeviceRedirector.h"
 #include "Misc/PackageName.h"
@@ -606,19 +607,45 @@ UPackage* FindLoaded(const FString& PackageName)
 /** Empty, with a reason, when there is no file that may be read. */
 FString FindFile(const FString& PackageName, FString& OutError, bool& bOutMissing)
 {
-	const FString Filename = PackageFile::FindOnDisk(PackageName);
+	const FString OwnFile = PackageFile::FindOnDisk(PackageName);
+	const FString Filename = OwnFile.IsEmpty() ? FPackageText::FindEngineAsset(PackageName) : OwnFile;
 	if (Filename.IsEmpty())
 	{
-		const FString EngineAsset = FPackageText::FindEngineAsset(PackageName);
-		bOutMissing = EngineAsset.IsEmpty();
-		OutError = EngineAsset.IsEmpty()
-			? FString::Printf(TEXT("There is no package '%s'"), *PackageName)
-			: FString::Printf(
-				TEXT("%s: the file is a binary asset of the engine, which only the engine's own editor can read"),
-				*EngineAsset);
+		bOutMissing = true;
+		OutError = FString::Printf(TEXT("There is no package '%s'"), *PackageName);
 		return FString();
 	}
 	return FPathConfinement::IsInside(Filename, OutError) ? Filename : FString();
+}
+
+/** Bytes of the engine's own package become those of one of ours. */
+bool TurnIntoText(std::string& Bytes, const FString& PackageName, const FString& Filename,
+	FBinaryPackageFindings& OutFindings, FString& OutError)
+{
+	std::string Text;
+	std::string Refusal;
+	if (!MakePackageTextOfBinary(Bytes, ToUtf8(PackageName), Text, OutFindings, Refusal))
+	{
+		OutError = FString::Printf(TEXT("%s: %s"), *Filename, *FromUtf8(Refusal));
+		return false;
+	}
+	Bytes = MoveTemp(Text);
+	return true;
+}
+
+/** A file of a plug-in may hold hundreds of values that nobody knows; the first few tell what kind they are. */
+void SayFindings(const FBinaryPackageFindings& Findings, const FString& Filename)
+{
+	constexpr std::size_t MaxSaid = 5;
+	for (std::size_t Index = 0; Index < std::min(MaxSaid, Findings.Warnings.size()); ++Index)
+	{
+		UE_LOG(LogPackage, Warning, TEXT("%s: %s"), *Filename, *FromUtf8(Findings.Warnings[Index]));
+	}
+	if (Findings.Warnings.size() > MaxSaid)
+	{
+		UE_LOG(LogPackage, Warning, TEXT("%s: %d more like these"), *Filename,
+			static_cast<int32>(Findings.Warnings.size() - MaxSaid));
+	}
 }
 
 UPackage* LoadFile(const FString& PackageName, FString& OutError, bool& bOutMissing)
@@ -637,8 +664,14 @@ UPackage* LoadFile(const FString& PackageName, FString& OutError, bool& bOutMiss
 		OutError = OutError.IsEmpty() ? FString::Printf(TEXT("%s: %s"), *Filename, *Reason) : OutError;
 		return nullptr;
 	}
+	FBinaryPackageFindings Findings;
+	if (FPackageText::IsBinaryFile(Filename) && !TurnIntoText(Bytes, PackageName, Filename, Findings, OutError))
+	{
+		return nullptr;
+	}
 	const auto Run = std::make_shared<FPackageLoad>(MoveTemp(Bytes), Filename);
 	UPackage* const Package = RunLoad(Run, PackageName, OutError);
+	SayFindings(Findings, Filename);
 	if (Package)
 	{
 		KnownFiles::Remember(Filename, Package->GetName(), Stamp, Run->Header.Checksum);

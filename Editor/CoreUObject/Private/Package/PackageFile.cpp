@@ -1,9 +1,12 @@
 #include "Package/PackageFile.h"
 
+#include "BinaryPackage/BinaryPackageText.h"
+
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
 #include "Package/AtomicFile.h"
 #include "Package/FileMishap.h"
+#include "Standalone/PathConfinement.h"
 #include "UObject/Class.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
@@ -313,10 +316,84 @@ const FString* FPackageText::FHeader::FindTag(FName Name) const
 	return nullptr;
 }
 
+namespace PackageFile
+{
+static bool ReadHeaderOfBinary(const FString& Filename, FPackageText::FHeader& OutHeader, FString& OutError)
+{
+	const std::string Path = ToUtf8(Filename);
+	std::string Bytes;
+	std::string Refusal;
+	FString Reason;
+	OutHeader = FPackageText::FHeader();
+	bool bRead = AtomicFile::ReadStart(Path, UsualHeaderSize, Bytes, Reason);
+	const std::size_t Size = bRead ? SizeOfBinaryHeader(Bytes) : 0;
+	bRead = bRead && (Size <= Bytes.size() || AtomicFile::ReadStart(Path, Size, Bytes, Reason));
+	if (!bRead)
+	{
+		OutError = FString::Printf(TEXT("%s: %s"), *Filename, *Reason);
+		return false;
+	}
+	const FString PackageName = FPackageName::FilenameToLongPackageName(Filename);
+	bRead = ReadBinaryHeader(Bytes, ToUtf8(PackageName), OutHeader, Refusal);
+	OutError = bRead ? FString() : FString::Printf(TEXT("%s: %s"), *Filename, *FromUtf8(Refusal));
+	return bRead;
+}
+} // namespace PackageFile
+
+bool FPackageText::IsBinaryFile(const FString& Filename)
+{
+	return Filename.EndsWith(TEXT(".uasset"), ESearchCase::IgnoreCase)
+		|| Filename.EndsWith(TEXT(".umap"), ESearchCase::IgnoreCase);
+}
+
+bool FPackageText::ImportBinary(
+	const FString& Filename, const FString& LongPackageName, TArray<FString>& OutWarnings, FString& OutError)
+{
+	const FString Target = FPackageName::LongPackageNameToFilename(
+		LongPackageName, FPackageName::GetAssetPackageExtension());
+	if (Target.IsEmpty() || !PackageFile::FindOnDisk(LongPackageName).IsEmpty())
+	{
+		OutError = Target.IsEmpty()
+			? FString::Printf(TEXT("'%s' is no path of a package"), *LongPackageName)
+			: FString::Printf(TEXT("There is a text package at '%s' already"), *LongPackageName);
+		return false;
+	}
+	std::string Bytes;
+	std::string Text;
+	std::string Refusal;
+	FBinaryPackageFindings Findings;
+	FString Reason;
+	if (!AtomicFile::Read(ToUtf8(Filename), Bytes, Reason))
+	{
+		OutError = FString::Printf(TEXT("%s: %s"), *Filename, *Reason);
+		return false;
+	}
+	if (!MakePackageTextOfBinary(Bytes, ToUtf8(LongPackageName), Text, Findings, Refusal))
+	{
+		OutError = FString::Printf(TEXT("%s: %s"), *Filename, *FromUtf8(Refusal));
+		return false;
+	}
+	for (const std::string& Warning : Findings.Warnings)
+	{
+		OutWarnings.Add(FromUtf8(Warning));
+	}
+	const std::string Path = ToUtf8(Target);
+	AtomicFile::FStamp Ignored;
+	const bool bWritten = FPathConfinement::IsInside(Target, Reason)
+		&& AtomicFile::MakeFolders(Path.substr(0, Path.rfind('/')), Reason)
+		&& AtomicFile::Write(Path, {Text}, AtomicFile::FStamp(), Ignored, Reason);
+	OutError = bWritten ? FString() : FString::Printf(TEXT("%s: %s"), *Target, *Reason);
+	return bWritten;
+}
+
 bool FPackageText::ReadHeader(const FString& Filename, FHeader& OutHeader, FString& OutError)
 {
 	const std::string Path = ToUtf8(Filename);
 	std::string Bytes;
+	if (IsBinaryFile(Filename))
+	{
+		return PackageFile::ReadHeaderOfBinary(Filename, OutHeader, OutError);
+	}
 	for (const std::size_t Limit : {PackageFile::UsualHeaderSize, PackageFile::MaxHeaderSize})
 	{
 		FString Reason;

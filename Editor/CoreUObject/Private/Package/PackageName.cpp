@@ -1,5 +1,7 @@
 #include "Misc/PackageName.h"
 
+#include "Standalone/PackageText.h"
+
 #include "Misc/Paths.h"
 #include "Package/PackageFile.h"
 #include "Standalone/NameSyntax.h"
@@ -184,7 +186,7 @@ bool FPackageName::TryConvertFilenameToLongPackageName(
 	}
 	FString Name = Mount.Root + Full.RightChop(Mount.Content.Len());
 	const FString Extension = FPaths::GetExtension(Name, true);
-	if (IsPackageExtension(*Extension))
+	if (IsPackageExtension(*Extension) || FPackageText::IsBinaryFile(Extension))
 	{
 		Name.LeftChopInline(Extension.Len());
 	}
@@ -376,7 +378,8 @@ FString PackageFile::FindOnDisk(const FString& LongPackageName)
 
 FString FPackageName::FindPackageFile(const FString& LongPackageName)
 {
-	const FString Filename = PackageFile::FindOnDisk(LongPackageName);
+	const FString OwnFile = PackageFile::FindOnDisk(LongPackageName);
+	const FString Filename = OwnFile.IsEmpty() ? FPackageText::FindEngineAsset(LongPackageName) : OwnFile;
 	FString Ignored;
 	return !Filename.IsEmpty() && FPathConfinement::IsInside(Filename, Ignored) ? Filename : FString();
 }

@@ -98,7 +98,7 @@ private:
 			return Refuse(TEXT("the file is read-only"));
 		}
 		const FString EngineAsset = FPackageText::FindEngineAsset(Package.GetName());
-		if (!EngineAsset.IsEmpty())
+		if (!EngineAsset.IsEmpty() && (!bExists || FPackageText::IsBinaryFile(Package.FileName)))
 		{
 			return Refuse(*FString::Printf(TEXT("the engine's binary asset %s stands at that path"), *EngineAsset));
 		}

@@ -3,6 +3,7 @@
 #include "CoreMinimal.h"
 #include "EdGraph/EdGraphPin.h"
 #include "Templates/SubclassOf.h"
+#include "UObject/CoreNetTypes.h"
 #include "UObject/Object.h"
 
 class UActorComponent;
@@ -81,6 +82,7 @@ struct FBPVariableDescription
 	FText Category;
 	uint64 PropertyFlags = 0;
 	FName RepNotifyFunc;
+	ELifetimeCondition ReplicationCondition = COND_None;
 	TArray<FBPVariableMetaDataEntry> MetaDataArray;
 	FString DefaultValue;
 };

@@ -1,0 +1,425 @@
+#include "BinaryPackage/BinaryPackageText.h"
+
+#include <map>
+#include <set>
+#include <utility>
+
+#include "BinaryPackage/BinaryPins.h"
+#include "BinaryPackage/BinaryProperties.h"
+#include "BinaryPackage/BinaryStructs.h"
+#include "BinaryPackage/BinaryTables.h"
+#include "BinaryPackage/BinaryText.h"
+#include "Containers/StringConv.h"
+#include "Standalone/PackageText.h"
+
+namespace BinaryPackageText
+{
+/** The asset of a package goes by the package's last name. */
+static std::string LastName(const std::string& PackageName)
+{
+	return PackageName.substr(PackageName.rfind('/') + 1);
+}
+
+/** The object that bears the package's name, else the one that stands alone; 0 for a package without any. */
+static int32_t FindAsset(const FBinaryTables& Tables, const std::string& PackageName);
+
+static bool EqualsIgnoringCase(const std::string& Left, const std::string& Right)
+{
+	return FromUtf8(Left).Equals(FromUtf8(Right), ESearchCase::IgnoreCase);
+}
+
+int32_t FindAsset(const FBinaryTables& Tables, const std::string& PackageName)
+{
+	int32_t Standing = 0;
+	const std::vector<FBinaryExport>& Exports = Tables.GetExports();
+	for (std::size_t Index = 0; Index < Exports.size(); ++Index)
+	{
+		const int32_t Reference = static_cast<int32_t>(Index) + 1;
+		if (Exports[Index].Outer != 0)
+		{
+			continue;
+		}
+		if (EqualsIgnoringCase(Exports[Index].Name, LastName(PackageName)))
+		{
+			return Reference;
+		}
+		const bool bStands = (Exports[Index].Flags & BinaryFlagStandalone) != 0 && Exports[Index].Class != 0
+			&& !Tables.ClassPathOf(Reference).ends_with(".MetaData");
+		Standing = bStands && Standing == 0 ? Reference : Standing;
+	}
+	return Standing;
+}
+
+/** The tags that the editor's registry keeps of the asset, those that ours knows too. */
+static void ReadRegistryTags(const FBinaryTables& Tables, const std::string_view Bytes, FPackageText::FHeader& Header)
+{
+	FBinaryCursor Cursor(Bytes);
+	const int32_t Offset = Tables.GetSummary().RegistryOffset;
+	Cursor.Seek(static_cast<std::size_t>(Offset > 0 ? Offset : -1));
+	Cursor.Skip(Tables.GetVersions().Ue4 >= 519 ? 8 : 0);
+	static const std::set<std::string> Known = {"ParentClass", "NativeParentClass", "GeneratedClass", "BlueprintType"};
+	for (int32_t NumAssets = Cursor.ReadCount(12); NumAssets > 0 && !Cursor.HasFailed(); --NumAssets)
+	{
+		const std::string Name = Cursor.ReadString();
+		const bool bAsset = EqualsIgnoringCase(Name.substr(Name.rfind('.') + 1), ToUtf8(Header.AssetName));
+		Cursor.ReadString();
+		for (int32_t NumTags = Cursor.ReadCount(8); NumTags > 0 && !Cursor.HasFailed(); --NumTags)
+		{
+			const std::string Tag = Cursor.ReadString();
+			const std::string Value = Cursor.ReadString();
+			if (bAsset && Known.contains(Tag) && Value != "None")
+			{
+				Header.Tags.Add({FName(FromUtf8(Tag)), FromUtf8(Value)});
+			}
+		}
+	}
+}
+
+static bool MakeHeader(const FBinaryTables& Tables, const std::string_view Bytes, const std::string& PackageName,
+	FPackageText::FHeader& OutHeader, std::string& OutRefusal)
+{
+	const int32_t Asset = FindAsset(Tables, PackageName);
+	if (Asset == 0)
+	{
+		OutRefusal = "the package holds no asset";
+		return false;
+	}
+	OutHeader.PackageName = FromUtf8(PackageName);
+	OutHeader.AssetName = FromUtf8(Tables.GetExports()[static_cast<std::size_t>(Asset) - 1].Name);
+	OutHeader.AssetClassPath = FromUtf8(Tables.ClassPathOf(Asset));
+	ReadRegistryTags(Tables, Bytes, OutHeader);
+	return true;
+}
+
+static std::string Unquote(const std::string& Value)
+{
+	return Value.size() >= 2 && Value.front() == '"' ? Value.substr(1, Value.size() - 2) : Value;
+}
+
+/** Writes the objects of one binary package as text, each where its outer holds it. */
+class FWriter
+{
+public:
+	FWriter(const FBinaryTables& InTables, FBinaryPackageFindings& InFindings)
+		: Tables(InTables)
+		, Findings(InFindings)
+		, Properties(InTables)
+	{
+		const std::vector<FBinaryExport>& Exports = Tables.GetExports();
+		Children.resize(Exports.size() + 1);
+		for (std::size_t Index = 0; Index < Exports.size(); ++Index)
+		{
+			const int32_t Outer = Exports[Index].Outer;
+			const bool bKnown = Outer >= 0 && static_cast<std::size_t>(Outer) <= Exports.size();
+			Children[bKnown ? static_cast<std::size_t>(Outer) : 0].push_back(static_cast<int32_t>(Index) + 1);
+		}
+	}
+
+	std::string WriteAll()
+	{
+		for (const int32_t Reference : Children[0])
+		{
+			Write(Reference, 0);
+		}
+		CheckLinks();
+		return std::move(Body);
+	}
+
+	/** What the properties of the asset say of its class, by the names of registry tags. */
+	const std::map<std::string, std::string>& GetAssetTags() const { return AssetTags; }
+
+private:
+	const FBinaryExport& ExportAt(int32_t Reference) const
+	{
+		return Tables.GetExports()[static_cast<std::size_t>(Reference) - 1];
+	}
+
+	/** Functions, and the fields of old classes, are made anew by the compiler; the copy of a widget tree inside a
+	 * class is made with it. */
+	bool IsLeftOut(const int32_t Reference) const
+	{
+		const std::string Class = Tables.ClassPathOf(Reference);
+		const std::string_view Core = "/Script/CoreUObject.";
+		const bool bField = Class.starts_with(Core) && (Class.ends_with("Function") || Class.ends_with("Property"));
+		const bool bInClass = ExportAt(Reference).Outer > 0 && IsClass(ExportAt(Reference).Outer);
+		return bField || Class == "/Script/CoreUObject.MetaData" || Class == "/Script/Engine.AssetImportData"
+			|| (bInClass && Class == "/Script/UMG.WidgetTree");
+	}
+
+	bool IsClass(const int32_t Reference) const { return Tables.ClassPathOf(Reference).ends_with("GeneratedClass"); }
+
+	/** Told by name, since the class may be one of a plug-in that is not at hand. */
+	bool IsGraph(const int32_t Reference) const
+	{
+		const std::string Class = Tables.ClassPathOf(Reference);
+		const std::string Name = Class.substr(Class.rfind('.') + 1);
+		return Name.ends_with("Graph") && !Name.starts_with("RigVM") && Name.find("Node") == std::string::npos;
+	}
+
+	bool IsNode(const int32_t Reference) const
+	{
+		const int32_t Outer = ExportAt(Reference).Outer;
+		return Outer > 0 && IsGraph(Outer) && !IsGraph(Reference) && !Tables.ClassPathOf(Reference).ends_with("Schema");
+	}
+
+	void Line(const int Depth, const std::string& Text)
+	{
+		Body.append(static_cast<std::size_t>(Depth) * 3, ' ').append(Text).push_back('\n');
+	}
+
+	void Warn(const int32_t Reference, const std::string& Text)
+	{
+		Findings.Warnings.push_back(Tables.PathOf(Reference) + ": " + Text);
+	}
+
+	static std::string FlagWords(const uint32_t Flags)
+	{
+		std::string Words;
+		const std::pair<uint32_t, const char*> Known[] = {{BinaryFlagPublic, "Public"},
+			{BinaryFlagStandalone, "Standalone"}, {BinaryFlagDefaultObject | BinaryFlagTemplate, "Archetype"}};
+		for (const auto& [Bits, Word] : Known)
+		{
+			Words += (Flags & Bits) == 0 ? "" : (Words.empty() ? " Flags=" : "|") + std::string(Word);
+		}
+		return Words;
+	}
+
+	void Write(const int32_t Reference, const int Depth)
+	{
+		constexpr int MaxDepth = 64;
+		if (IsLeftOut(Reference) || Depth > MaxDepth)
+		{
+			return;
+		}
+		const FBinaryExport& Export = ExportAt(Reference);
+		Line(Depth,
+			"Begin Object Class=" + Tables.ClassPathOf(Reference) + " Name=" + BinaryText::Quote(Export.Name)
+				+ FlagWords(Export.Flags));
+		for (const int32_t Child : Children[static_cast<std::size_t>(Reference)])
+		{
+			Write(Child, Depth + 1);
+		}
+		if (!IsClass(Reference))
+		{
+			WriteOwn(Reference, Depth + 1);
+		}
+		Line(Depth, "End Object");
+	}
+
+	/** Properties, and the pins of a node. */
+	void WriteOwn(const int32_t Reference, const int Depth)
+	{
+		const FBinaryExport& Export = ExportAt(Reference);
+		const std::string_view Bytes = Tables.BytesOf(Export);
+		if (Bytes.empty() && Export.Size != 0)
+		{
+			Warn(Reference, "its bytes lie outside of the file");
+			return;
+		}
+		FBinaryCursor Cursor(Bytes);
+		Cursor.Seek(Export.ScriptStart > 0 ? static_cast<std::size_t>(Export.ScriptStart) : 0);
+		if (Tables.GetVersions().Ue5 >= 1011 && (Cursor.Read<uint8_t>() & 2) != 0)
+		{
+			Cursor.Skip(1);
+		}
+		std::vector<FBinaryProperty> Own;
+		if (!Properties.Read(Cursor, Own))
+		{
+			Warn(Reference, "its properties break off at byte " + std::to_string(Cursor.GetPosition()));
+		}
+		for (const std::string& Value : Properties.TakePassedOver())
+		{
+			Warn(Reference, "the value of " + Value + " was not understood and is left out");
+		}
+		for (const FBinaryProperty& Property : Own)
+		{
+			WriteProperty(Reference, Property, Depth);
+		}
+		if (IsNode(Reference))
+		{
+			WriteNode(Reference, Cursor, Depth);
+		}
+	}
+
+	void WriteProperty(const int32_t Reference, const FBinaryProperty& Property, const int Depth)
+	{
+		const bool bIndexed = Property.Index > 0;
+		Line(Depth, Property.Name + (bIndexed ? "(" + std::to_string(Property.Index) + ")=" : "=") + Property.Value);
+		static const std::set<std::string> Tagged = {"ParentClass", "GeneratedClass", "BlueprintType"};
+		if (ExportAt(Reference).Outer == 0 && Tagged.contains(Property.Name))
+		{
+			AssetTags[Property.Name] = Unquote(Property.Value);
+		}
+	}
+
+	void WriteNode(const int32_t Reference, FBinaryCursor& Cursor, const int Depth)
+	{
+		if (Cursor.ReadBool())
+		{
+			Cursor.Skip(16);
+		}
+		FBinaryNodePins Node;
+		++Findings.NumNodes;
+		if (Node.Read(Cursor, Tables))
+		{
+			++Findings.NumNodesWithPins;
+		}
+		else
+		{
+			Warn(Reference, "its pins do not end where its bytes do; those that could be read are shown");
+		}
+		for (const FBinaryUserPin& Pin : Node.UserPins)
+		{
+			Line(Depth,
+				"CustomProperties UserDefinedPin (PinName=" + BinaryText::Quote(Pin.Name)
+					+ ",PinType=" + Pin.Type.ToText() + (Pin.bOutput ? ",DesiredPinDirection=EGPD_Output" : "")
+					+ (Pin.DefaultValue.empty() ? "" : ",DefaultValue=" + BinaryText::Quote(Pin.DefaultValue)) + ")");
+		}
+		for (const FBinaryPin& Pin : Node.Pins)
+		{
+			WritePin(Reference, Pin, Depth);
+		}
+	}
+
+	std::string SpellReference(const FBinaryPinReference& Reference) const
+	{
+		const bool bKnown = Reference.Node > 0
+			&& static_cast<std::size_t>(Reference.Node) <= Tables.GetExports().size();
+		return bKnown ? ExportAt(Reference.Node).Name + " " + Reference.PinId : std::string();
+	}
+
+	std::string SpellReferences(const char* Field, const std::vector<FBinaryPinReference>& References) const
+	{
+		std::string List;
+		for (const FBinaryPinReference& Reference : References)
+		{
+			const std::string Text = SpellReference(Reference);
+			List += Text.empty() ? Text : Text + ",";
+		}
+		return List.empty() ? List : std::string(Field) + "=(" + List + "),";
+	}
+
+	static std::string SpellType(const FBinaryPinType& Type)
+	{
+		const auto Word = [](const bool bValue) { return bValue ? "True," : "False,"; };
+		return "PinType.PinCategory=" + BinaryText::Quote(Type.Category) + ",PinType.PinSubCategory="
+			+ BinaryText::Quote(Type.SubCategory) + ",PinType.PinSubCategoryObject=" + Type.SubCategoryObject
+			+ ",PinType.PinSubCategoryMemberReference=" + Type.MemberReference
+			+ ",PinType.PinValueType=" + (Type.ValueType.empty() ? "()" : Type.ValueType)
+			+ ",PinType.ContainerType=" + Type.Container + ",PinType.bIsReference=" + Word(Type.bIsReference)
+			+ "PinType.bIsConst=" + Word(Type.bIsConst) + "PinType.bIsWeakPointer=" + Word(Type.bIsWeakPointer)
+			+ "PinType.bIsUObjectWrapper=" + Word(Type.bIsUObjectWrapper)
+			+ "PinType.bSerializeAsSinglePrecisionFloat=" + Word(Type.bSerializeAsSinglePrecisionFloat);
+	}
+
+	static std::string SpellIf(const char* Field, const bool bThere, const std::string& Value)
+	{
+		return bThere ? std::string(Field) + "=" + Value + "," : std::string();
+	}
+
+	void WritePin(const int32_t Node, const FBinaryPin& Pin, const int Depth)
+	{
+		constexpr const char* NoText = "INVTEXT(\"\")";
+		std::string Text = "CustomProperties Pin (PinId=" + Pin.Id + ",PinName=" + BinaryText::Quote(Pin.Name) + ",";
+		Text += SpellIf("PinFriendlyName", Pin.FriendlyName != NoText, Pin.FriendlyName);
+		Text += SpellIf("SourceIndex", Pin.SourceIndex >= 0, std::to_string(Pin.SourceIndex));
+		Text += SpellIf("PinToolTip", !Pin.ToolTip.empty(), BinaryText::Quote(Pin.ToolTip));
+		Text += SpellIf("Direction", Pin.bOutput, "\"EGPD_Output\"");
+		Text += SpellType(Pin.Type);
+		Text += SpellIf("DefaultValue", !Pin.DefaultValue.empty(), BinaryText::Quote(Pin.DefaultValue));
+		Text += SpellIf("AutogeneratedDefaultValue", !Pin.AutogeneratedDefaultValue.empty(),
+			BinaryText::Quote(Pin.AutogeneratedDefaultValue));
+		Text += SpellIf("DefaultObject", !Pin.DefaultObject.empty(), BinaryText::Quote(Pin.DefaultObject));
+		Text += SpellIf("DefaultTextValue", Pin.DefaultTextValue != NoText, Pin.DefaultTextValue);
+		Text += SpellReferences("LinkedTo", Pin.LinkedTo) + SpellReferences("SubPins", Pin.SubPins);
+		const std::string Parent = SpellReference(Pin.ParentPin);
+		Text += SpellIf("ParentPin", !Parent.empty(), Parent);
+		Text += "PersistentGuid=" + Pin.PersistentGuid + ",";
+		static constexpr const char* Bits[] = {"bHidden", "bNotConnectable", "bDefaultValueIsReadOnly",
+			"bDefaultValueIsIgnored", "bAdvancedView", "bOrphanedPin"};
+		for (std::size_t Bit = 0; Bit < std::size(Bits); ++Bit)
+		{
+			Text.append(Bits[Bit]).append((Pin.Bits >> Bit) & 1 ? "=True," : "=False,");
+		}
+		Line(Depth, Text + ")");
+		++Findings.NumPins;
+		for (const FBinaryPinReference& Link : Pin.LinkedTo)
+		{
+			Links.emplace(std::pair(Node, Pin.Id), std::pair(Link.Node, Link.PinId));
+		}
+	}
+
+	/** Every link stands in both of its pins; one that does not tells of a place that was lost. */
+	void CheckLinks()
+	{
+		std::size_t NumOneSided = 0;
+		for (const auto& [From, To] : Links)
+		{
+			const bool bTwoSided = Links.contains({To, From});
+			NumOneSided += bTwoSided ? 0 : 1;
+			Findings.NumTwoSidedLinks += bTwoSided ? 1 : 0;
+		}
+		Findings.NumLinks = static_cast<int>(Links.size());
+		if (NumOneSided > 0)
+		{
+			Findings.Warnings.push_back(std::to_string(NumOneSided) + " links are known to one of their pins only");
+		}
+	}
+
+	using FPinKey = std::pair<int32_t, std::string>;
+
+	const FBinaryTables& Tables;
+	FBinaryPackageFindings& Findings;
+	FBinaryProperties Properties;
+	std::vector<std::vector<int32_t>> Children;
+	std::string Body;
+	std::map<std::string, std::string> AssetTags;
+	std::set<std::pair<FPinKey, FPinKey>> Links;
+};
+} // namespace BinaryPackageText
+
+bool MakePackageTextOfBinary(const std::string_view Bytes, const std::string& PackageName, std::string& OutText,
+	FBinaryPackageFindings& OutFindings, std::string& OutRefusal)
+{
+	FBinaryTables Tables;
+	if (!Tables.Read(Bytes, PackageName, OutRefusal))
+	{
+		return false;
+	}
+	if (Tables.GetSummary().bNewer)
+	{
+		OutFindings.Warnings.push_back(
+			"the package was written by an engine newer than 5.7; what its layout adds is not known");
+	}
+	FPackageText::FHeader Header;
+	if (!BinaryPackageText::MakeHeader(Tables, Bytes, PackageName, Header, OutRefusal))
+	{
+		return false;
+	}
+	BinaryPackageText::FWriter Writer(Tables, OutFindings);
+	const std::string Body = Writer.WriteAll();
+	for (const auto& [Name, Value] : Writer.GetAssetTags())
+	{
+		if (!Header.FindTag(FName(FromUtf8(Name))))
+		{
+			Header.Tags.Add({FName(FromUtf8(Name)), FromUtf8(Value)});
+		}
+	}
+	OutText = FPackageText::MakeBytes(Header, Body);
+	return true;
+}
+
+std::size_t SizeOfBinaryHeader(const std::string_view Bytes)
+{
+	FBinarySummary Summary;
+	std::string Ignored;
+	return Summary.Read(Bytes, Ignored) && Summary.HeaderSize > 0 ? static_cast<std::size_t>(Summary.HeaderSize) : 0;
+}
+
+bool ReadBinaryHeader(const std::string_view Bytes, const std::string& PackageName, FPackageText::FHeader& OutHeader,
+	std::string& OutRefusal)
+{
+	FBinaryTables Tables;
+	return Tables.Read(Bytes, PackageName, OutRefusal)
+		&& BinaryPackageText::MakeHeader(Tables, Bytes, PackageName, OutHeader, OutRefusal);
+}

@@ -1,0 +1,224 @@
+#include "BinaryPackage/BinaryTables.h"
+
+namespace BinaryTables
+{
+/** More outers than any asset has; a file whose objects hold each other ends here. */
+constexpr int MaxDepth = 64;
+
+static std::string JoinSoftPath(const std::string& Asset, const std::string& SubPath)
+{
+	const std::string Path = Asset == "None" ? std::string() : Asset;
+	return SubPath.empty() ? Path : Path + ":" + SubPath;
+}
+} // namespace BinaryTables
+
+bool FBinaryTables::Read(const std::string_view InBytes, const std::string& InPackageName, std::string& OutRefusal)
+{
+	Bytes = InBytes;
+	PackageName = InPackageName;
+	if (!Summary.Read(Bytes, OutRefusal))
+	{
+		return false;
+	}
+	ReadNames();
+	ReadSoftPaths();
+	ReadImports();
+	ReadExports();
+	if (!Damaged.empty())
+	{
+		OutRefusal = "the package is damaged: its table of " + Damaged + " ends or breaks off";
+		return false;
+	}
+	ImportPaths.resize(Imports.size());
+	for (std::size_t Index = 0; Index < Imports.size(); ++Index)
+	{
+		ImportPaths[Index] = BuildPath(-static_cast<int32_t>(Index) - 1, 0);
+	}
+	ExportPaths.resize(Exports.size());
+	for (std::size_t Index = 0; Index < Exports.size(); ++Index)
+	{
+		ExportPaths[Index] = BuildPath(static_cast<int32_t>(Index) + 1, 0);
+	}
+	return true;
+}
+
+FBinaryCursor FBinaryTables::CursorAt(const FBinaryTable& Table, const std::size_t LeastSize)
+{
+	FBinaryCursor Cursor(Bytes);
+	Cursor.Seek(static_cast<std::size_t>(Table.Offset < 0 ? -1 : Table.Offset));
+	if (Table.Count < 0 || static_cast<std::size_t>(Table.Count) > Cursor.GetLeft() / LeastSize)
+	{
+		Cursor.Fail();
+	}
+	return Cursor;
+}
+
+void FBinaryTables::ReadNames()
+{
+	FBinaryCursor Cursor = CursorAt(Summary.Names, 4);
+	for (int32_t Index = 0; Index < Summary.Names.Count && !Cursor.HasFailed(); ++Index)
+	{
+		Names.push_back(Cursor.ReadString());
+		Cursor.Skip(Summary.Versions.Ue4 >= 504 ? 4 : 0);
+	}
+	Damaged = Cursor.HasFailed() ? "names" : Damaged;
+}
+
+void FBinaryTables::ReadSoftPaths()
+{
+	if (Summary.SoftPaths.Count == 0)
+	{
+		return;
+	}
+	FBinaryCursor Cursor = CursorAt(Summary.SoftPaths, 12);
+	for (int32_t Index = 0; Index < Summary.SoftPaths.Count && !Cursor.HasFailed(); ++Index)
+	{
+		SoftPaths.push_back(ReadSoftPathInPlace(Cursor));
+	}
+	Damaged = Cursor.HasFailed() ? "soft object paths" : Damaged;
+}
+
+std::string FBinaryTables::ReadSoftPathInPlace(FBinaryCursor& Cursor) const
+{
+	std::string Asset = ReadName(Cursor);
+	if (Summary.Versions.Ue5 >= 1007)
+	{
+		const std::string Name = ReadName(Cursor);
+		Asset = Name == "None" ? Asset : Asset + "." + Name;
+	}
+	if (Summary.Versions.FortniteMain >= 192)
+	{
+		const int32_t Count = Cursor.ReadCount(1);
+		return BinaryTables::JoinSoftPath(Asset, std::string(Cursor.ReadBytes(static_cast<std::size_t>(Count))));
+	}
+	return BinaryTables::JoinSoftPath(Asset, Cursor.ReadString());
+}
+
+std::string FBinaryTables::ReadSoftPath(FBinaryCursor& Cursor) const
+{
+	if (SoftPaths.empty())
+	{
+		return ReadSoftPathInPlace(Cursor);
+	}
+	const int32_t Index = Cursor.ReadInt();
+	if (Index < 0 || static_cast<std::size_t>(Index) >= SoftPaths.size())
+	{
+		Cursor.Fail();
+		return std::string();
+	}
+	return SoftPaths[static_cast<std::size_t>(Index)];
+}
+
+void FBinaryTables::ReadImports()
+{
+	FBinaryCursor Cursor = CursorAt(Summary.Imports, 28);
+	for (int32_t Index = 0; Index < Summary.Imports.Count && !Cursor.HasFailed(); ++Index)
+	{
+		FBinaryImport& Import = Imports.emplace_back();
+		Import.ClassPackage = ReadName(Cursor);
+		Import.ClassName = ReadName(Cursor);
+		Import.Outer = Cursor.ReadInt();
+		Import.Name = ReadName(Cursor);
+		Cursor.Skip(Summary.Versions.Ue4 >= 520 ? 8 : 0);
+		Cursor.Skip(Summary.Versions.Ue5 >= 1003 ? 4 : 0);
+	}
+	Damaged = Cursor.HasFailed() ? "imports" : Damaged;
+}
+
+void FBinaryTables::ReadExports()
+{
+	const FBinaryVersions& Versions = Summary.Versions;
+	FBinaryCursor Cursor = CursorAt(Summary.Exports, 60);
+	for (int32_t Index = 0; Index < Summary.Exports.Count && !Cursor.HasFailed(); ++Index)
+	{
+		FBinaryExport& Export = Exports.emplace_back();
+		Export.Class = Cursor.ReadInt();
+		Cursor.Skip(4);
+		Cursor.Skip(Versions.Ue4 >= 508 ? 4 : 0);
+		Export.Outer = Cursor.ReadInt();
+		Export.Name = ReadName(Cursor);
+		Export.Flags = Cursor.Read<uint32_t>();
+		// Sizes are wide since 4.16.
+		Export.Size = Versions.Ue4 >= 511 ? Cursor.Read<int64_t>() : Cursor.ReadInt();
+		Export.Offset = Versions.Ue4 >= 511 ? Cursor.Read<int64_t>() : Cursor.ReadInt();
+		Cursor.Skip(12);
+		Cursor.Skip(Versions.Ue5 < 1005 ? 16 : 0);
+		Cursor.Skip(Versions.Ue5 >= 1006 ? 4 : 0);
+		Cursor.Skip(8);
+		Cursor.Skip(Versions.Ue4 >= 485 ? 4 : 0);
+		Cursor.Skip(Versions.Ue5 >= 1003 ? 4 : 0);
+		Cursor.Skip(Versions.Ue4 >= 507 ? 20 : 0);
+		if (Versions.Ue5 >= 1010)
+		{
+			Export.ScriptStart = Cursor.Read<int64_t>();
+			Export.ScriptEnd = Cursor.Read<int64_t>();
+		}
+	}
+	Damaged = Cursor.HasFailed() ? "exports" : Damaged;
+}
+
+std::string FBinaryTables::ReadName(FBinaryCursor& Cursor) const
+{
+	const int32_t Index = Cursor.ReadInt();
+	const int32_t Number = Cursor.ReadInt();
+	if (Index < 0 || static_cast<std::size_t>(Index) >= Names.size() || Number < 0)
+	{
+		Cursor.Fail();
+		return std::string();
+	}
+	const std::string& Plain = Names[static_cast<std::size_t>(Index)];
+	return Number == 0 ? Plain : Plain + "_" + std::to_string(Number - 1);
+}
+
+std::string FBinaryTables::BuildPath(const int32_t Reference, const int Depth) const
+{
+	const bool bExport = Reference > 0;
+	const std::size_t Index = static_cast<std::size_t>(bExport ? int64_t{Reference} - 1 : -int64_t{Reference} - 1);
+	if (Reference == 0 || Index >= (bExport ? Exports.size() : Imports.size()) || Depth > BinaryTables::MaxDepth)
+	{
+		return std::string();
+	}
+	const int32_t Outer = bExport ? Exports[Index].Outer : Imports[Index].Outer;
+	const std::string& Name = bExport ? Exports[Index].Name : Imports[Index].Name;
+	if (Outer == 0)
+	{
+		return bExport ? PackageName + "." + Name : Name;
+	}
+	const std::string Path = BuildPath(Outer, Depth + 1);
+	const bool bTop = Path.find('.') == std::string::npos;
+	return Path + (bTop ? "." : Path.find(':') == std::string::npos ? ":" : ".") + Name;
+}
+
+std::string FBinaryTables::PathOf(const int32_t Reference) const
+{
+	const std::vector<std::string>& Paths = Reference > 0 ? ExportPaths : ImportPaths;
+	const std::size_t Index = static_cast<std::size_t>(
+		Reference > 0 ? int64_t{Reference} - 1 : -int64_t{Reference} - 1);
+	return Reference != 0 && Index < Paths.size() ? Paths[Index] : std::string();
+}
+
+std::string FBinaryTables::ClassPathOf(const int32_t Reference) const
+{
+	if (Reference > 0 && static_cast<std::size_t>(Reference) <= Exports.size())
+	{
+		const int32_t Class = Exports[static_cast<std::size_t>(Reference) - 1].Class;
+		return Class == 0 ? "/Script/CoreUObject.Class" : PathOf(Class);
+	}
+	const std::size_t Index = static_cast<std::size_t>(-int64_t{Reference} - 1);
+	return Reference < 0 && Index < Imports.size() ? Imports[Index].ClassPackage + "." + Imports[Index].ClassName
+												   : std::string();
+}
+
+std::string FBinaryTables::QuoteReference(const int32_t Reference) const
+{
+	const std::string Path = PathOf(Reference);
+	return Path.empty() ? "None" : "\"" + ClassPathOf(Reference) + "'" + Path + "'\"";
+}
+
+std::string_view FBinaryTables::BytesOf(const FBinaryExport& Export) const
+{
+	const bool bInside = Export.Offset >= 0 && Export.Size >= 0 && static_cast<uint64_t>(Export.Offset) <= Bytes.size()
+		&& static_cast<uint64_t>(Export.Size) <= Bytes.size() - static_cast<uint64_t>(Export.Offset);
+	return bInside ? Bytes.substr(static_cast<std::size_t>(Export.Offset), static_cast<std::size_t>(Export.Size))
+				   : std::string_view();
+}
