@@ -81,7 +81,7 @@ std::string Sentences(const FJsonObject& Result, const TCHAR* Name, const std::s
 class FNodeIds
 {
 public:
-	/** Takes them from the result of a call that made nodes. */
+	/** Takes them from the result of a call that made nodes or showed them. */
 	void Learn(const FToolOutcome& Outcome)
 	{
 		const TSharedPtr<FJsonValue> Result = Parse(Outcome.ResultJson);
@@ -90,6 +90,14 @@ public:
 			Result ? Result->AsObject()->GetArrayField(TEXT("modifications")) : TArray<TSharedPtr<FJsonValue>>())
 		{
 			LearnTitles(Modification);
+		}
+		FString Content;
+		if (Data && Data->TryGetStringField(TEXT("content"), Content))
+		{
+			if (const TSharedPtr<FJsonValue> Read = Parse(ToUtf8(Content)))
+			{
+				LearnTitles(Read);
+			}
 		}
 		FString Created;
 		if (!Data || !Data->TryGetStringField(TEXT("created_nodes_summary"), Created))

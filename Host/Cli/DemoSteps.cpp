@@ -72,6 +72,7 @@ const std::vector<FDemoStep>& GetDemoSteps()
 		{"Read the whole door", "read_blueprint_schema", R"({"path": "/Game/Doors/BP_Door"})"},
 		{"Delete the heavy door", "delete_blueprint", R"({"path": "/Game/Doors/BP_HeavyDoor"})"},
 	};
-	static const FSteps Steps = JoinSteps(DoorSteps, {&GetDemoRepairSteps(), &GetDemoWidgetSteps()});
+	static const FSteps Steps = JoinSteps(
+		DoorSteps, {&GetDemoStructureSteps(), &GetDemoRepairSteps(), &GetDemoWidgetSteps()});
 	return Steps;
 }

@@ -25,3 +25,6 @@ const std::vector<FDemoStep>& GetDemoWidgetSteps();
 
 /** A lamp whose graph is wrong in every way that earlier calls can have: mended by calls until it compiles clean. */
 const std::vector<FDemoStep>& GetDemoRepairSteps();
+
+/** A lamp built from nothing: variables, components, an interface, a dispatcher, a timeline, and a graph of them. */
+const std::vector<FDemoStep>& GetDemoStructureSteps();

@@ -7,6 +7,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/Kismet2NameValidators.h"
 #include "Standalone/NativeClass.h"
+#include "Standalone/SubobjectDataFaults.h"
 #include "Standalone/SubobjectDataInterfaceClasses.h"
 #include "SubobjectDataGathering.h"
 
@@ -19,8 +20,22 @@ void RegisterSubobjectDataInterfaceClasses()
 	NativeClass::RegisterNativeClasses({&USubobjectDataSubsystem::StaticClass});
 }
 
+namespace SubobjectDataFaults
+{
+static ESubobjectFault Present = ESubobjectFault::None;
+
+void Set(ESubobjectFault Fault)
+{
+	Present = Fault;
+}
+} // namespace SubobjectDataFaults
+
 USubobjectDataSubsystem* USubobjectDataSubsystem::Get()
 {
+	if (SubobjectDataFaults::Present == ESubobjectFault::Missing)
+	{
+		return nullptr;
+	}
 	// It has no state, so the class default object serves.
 	return static_cast<USubobjectDataSubsystem*>(StaticClass()->GetDefaultObject());
 }
@@ -99,7 +114,7 @@ bool USubobjectDataSubsystem::ReparentSubobject(
 {
 	UBlueprint* const Blueprint = Params.BlueprintContext;
 	if (!Blueprint || !Blueprint->SimpleConstructionScript || !Params.NewParentHandle.IsValid()
-		|| !ToReparentHandle.IsValid())
+		|| !ToReparentHandle.IsValid() || SubobjectDataFaults::Present == ESubobjectFault::Refusing)
 	{
 		return false;
 	}
@@ -113,11 +128,13 @@ bool USubobjectDataSubsystem::ReparentSubobject(
 	{
 		return false;
 	}
-	if (Moved.GetData()->GetParentHandle() == Parent)
+	USCS_Node* const Node = Moved.GetData()->GetSCSNode();
+	// What hangs on the root for want of a parent of its own gets it as its parent.
+	const bool bByDefault = Node->IsRootNode() && Node->ParentComponentOrVariableName.IsNone();
+	if (Moved.GetData()->GetParentHandle() == Parent && !bByDefault)
 	{
 		return true;
 	}
-	USCS_Node* const Node = Moved.GetData()->GetSCSNode();
 	Blueprint->SimpleConstructionScript->Modify();
 	Node->Modify();
 	Blueprint->SimpleConstructionScript->RemoveNode(Node, false);

@@ -2,6 +2,7 @@
 
 #include "CoreMinimal.h"
 #include "ISourceControlProvider.h"
+#include "Standalone/SubobjectDataFaults.h"
 
 /** Troubles that a test makes happen. Each lasts as long as its object. */
 namespace EditorFaults
@@ -86,5 +87,15 @@ public:
 
 private:
 	const bool bBefore;
+};
+
+/** The subsystem of subobjects is not there, or refuses to move any. */
+class FNoSubobjectData
+{
+public:
+	explicit FNoSubobjectData(ESubobjectFault Fault) { SubobjectDataFaults::Set(Fault); }
+	~FNoSubobjectData() { SubobjectDataFaults::Set(ESubobjectFault::None); }
+	FNoSubobjectData(const FNoSubobjectData&) = delete;
+	FNoSubobjectData& operator=(const FNoSubobjectData&) = delete;
 };
 } // namespace EditorFaults

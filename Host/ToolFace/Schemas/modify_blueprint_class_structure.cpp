@@ -15,19 +15,18 @@ const FToolSchema ModifyBlueprintClassStructureSchema = {
 					"action": {
 						"type": "string",
 						"enum": ["add", "modify", "remove"],
-						"description": "Default modify, so a new variable needs add. A variable that nodes use cannot be removed. Of an inherited property only the default can be modified."
+						"description": "Default modify, so a new variable needs add. modify with another type lets nodes follow. A variable that nodes use cannot be removed. Of an inherited property only the default can be modified."
 					},
 					"type": { "$ref": "#/$defs/pin_type" },
 					"default_variable_value": {
-						"anyOf": [{ "type": "string" }, { "type": "number" }, { "type": "boolean" }],
-						"description": "The default value. Structs in text form, such as (X=1.0,Y=0.0,Z=0.0)."
+						"description": "The default value: a number, text or flag; an enum entry by name; a class or asset by path; a struct as an object ({\"x\": 1, \"y\": 2, \"z\": 3}) or as text ((X=1.0,Y=0.0,Z=0.0)); an array or set as an array, a map as an object."
 					},
 					"category": { "type": "string" },
 					"tooltip": { "type": "string" },
 					"replication": {
 						"type": "string",
 						"enum": ["none", "replicated", "rep_notify"],
-						"description": "rep_notify makes the function OnRep_<name> too."
+						"description": "rep_notify makes the function OnRep_<name> too; it goes with the variable."
 					},
 					"instance_editable": { "type": "boolean" },
 					"expose_on_spawn": { "type": "boolean" },
@@ -47,10 +46,10 @@ const FToolSchema ModifyBlueprintClassStructureSchema = {
 					"name": { "type": "string" },
 					"action": { "type": "string", "enum": ["add", "modify", "remove"], "description": "Default add." },
 					"type": { "type": "string", "description": "Component class, needed for add: StaticMeshComponent, BoxComponent, PointLightComponent, ..." },
-					"attach_to": { "type": "string", "description": "Name of the parent component." },
+					"attach_to": { "type": "string", "description": "Name of the parent component, which may be an inherited one. What stands behind it in the list is not there yet." },
 					"properties": {
 						"type": "object",
-						"description": "Any property of the component by its own name, and these:",
+						"description": "Any editable property of the component by its own name, as JSON (objects change the members that they name) or as text, and these:",
 						"additionalProperties": {},
 						"properties": {
 							"relative_location": {

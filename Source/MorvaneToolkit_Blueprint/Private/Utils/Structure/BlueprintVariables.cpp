@@ -386,8 +386,8 @@ private:
 		FString Reason;
 		if (bNotify && !StructureNames::IsObjectName(Function.ToString(), Reason))
 		{
-			Refuse(FString::Printf(TEXT("Variable '%s' cannot have a notify function of its name: %s"),
-				*Name.ToString(), *Reason));
+			Refuse(FString::Printf(
+				TEXT("Variable '%s' cannot have a notify function of its name: %s"), *Name.ToString(), *Reason));
 			return;
 		}
 		if (Mode && !bNotify && !bReplicated && !Mode->IsEmpty()

@@ -151,7 +151,9 @@ bool WriteDegrees(const FJson& Json, void* Value, FString& OutFault)
 	{
 		return false;
 	}
-	Quat = Angles.Quaternion();
+	const FQuat Turned = Angles.Quaternion();
+	// Zeros without a sign, as an author would write them.
+	Quat = FQuat(Turned.X + 0.0, Turned.Y + 0.0, Turned.Z + 0.0, Turned.W + 0.0);
 	return true;
 }
 

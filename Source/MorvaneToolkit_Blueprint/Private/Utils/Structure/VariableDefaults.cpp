@@ -1,6 +1,7 @@
 #include "Utils/Structure/VariableDefaults.h"
 
 #include "AssetOperationBase.h"
+#include "Components/ActorComponent.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Kismet2/BlueprintEditorUtils.h"
@@ -27,6 +28,15 @@ void WarnOfFault(const FString& Name, const FString& Fault, Morvane::FToolResult
 {
 	Result.AddWarningMessage(
 		FString::Printf(TEXT("The default_variable_value of variable '%s' was left as it is: %s"), *Name, *Fault));
+}
+
+/** Whether the default object owns what the property points at. */
+bool HoldsPart(const FProperty& Property)
+{
+	const FObjectPropertyBase* const Reference = CastField<FObjectPropertyBase>(&Property);
+	return Property.HasAnyPropertyFlags(CPF_InstancedReference)
+		|| (Reference && Reference->PropertyClass
+			&& Reference->PropertyClass->IsChildOf(UActorComponent::StaticClass()));
 }
 
 /** Members of a struct that the request does not name keep what they are. */
@@ -103,8 +113,7 @@ bool ApplyInherited(UBlueprint& Blueprint, const FProperty& Property, const FStr
 	const void* const Present = Property.ContainerPtrToValuePtr<void>(Default);
 	const FPropertyScratch Value(Property, Present);
 	FString Fault;
-	// The default object owns what such a property points at.
-	bool bSet = !Property.HasAnyPropertyFlags(CPF_InstancedReference);
+	bool bSet = !HoldsPart(Property);
 	Fault = bSet ? FString() : FString(TEXT("it holds a part of the object itself"));
 	bSet = bSet && PropertyJson::Write(Property, Json, Value.Get(), Default, Fault);
 	if (bSet && !Property.Identical(Value.Get(), Present))
