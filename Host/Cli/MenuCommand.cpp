@@ -1,4 +1,3 @@
-#include "AssetRegistry/IAssetRegistry.h"
 #include "BlueprintActionMenuItem.h"
 #include "BlueprintActionMenuUtils.h"
 #include "BlueprintNodeSpawner.h"
@@ -9,20 +8,6 @@
 
 namespace MenuCommandPrivate
 {
-/** Members of a Blueprint are known once it is in memory, and the list is meant to be whole. */
-void LoadProjectBlueprints()
-{
-	TArray<FAssetData> Assets;
-	if (const IAssetRegistry* const Registry = IAssetRegistry::Get())
-	{
-		Registry->GetAssetsByClass(FTopLevelAssetPath(TEXT("/Script/Engine"), TEXT("Blueprint")), Assets, true);
-	}
-	for (const FAssetData& Asset : Assets)
-	{
-		Asset.GetAsset();
-	}
-}
-
 FString NodeClassOf(const FEdGraphSchemaAction& Action)
 {
 	if (Action.GetTypeId() == FBlueprintActionMenuItem::StaticGetTypeId())
@@ -103,7 +88,6 @@ public:
 			Complain(ToUtf8(Error));
 			return EExitStatus::Failed;
 		}
-		MenuCommandPrivate::LoadProjectBlueprints();
 		FBlueprintActionMenuBuilder Menu;
 		MenuCommandPrivate::FillMenu(Menu);
 		Context.Output.WriteLine(Print(Menu));

@@ -110,9 +110,11 @@ public:
 	FAssetRegistry()
 	{
 		UPackage::PackageSavedWithContextEvent.AddLambda(
-			[this](const FString&, const UPackage* Package, const FObjectPostSaveContext&)
+			[this](const FString& Filename, const UPackage* Package, const FObjectPostSaveContext&)
 			{
-				if (const UObject* const Asset = Package->FindAssetInPackage())
+				// The file tells more than the asset does in memory.
+				const UObject* const Asset = Package->FindAssetInPackage();
+				if (Asset && !ScanFile(Filename))
 				{
 					AssetSaved(*Asset);
 				}

@@ -138,6 +138,13 @@ bool ReadAsset(const FString& Filename, FAssetData& OutAsset)
 		FName(Header.PackageName), FName(Header.AssetName), FTopLevelAssetPath(Header.AssetClassPath));
 	for (const FPackageText::FTag& Tag : Header.Tags)
 	{
+		// Several tags of one name are lines of one value.
+		FString* const Before = OutAsset.TagsAndValues.Find(Tag.Name);
+		if (Before)
+		{
+			*Before += TEXT("\n") + Tag.Value;
+			continue;
+		}
 		OutAsset.TagsAndValues.Add(Tag.Name, Tag.Value);
 	}
 	return true;

@@ -111,6 +111,8 @@
 #include "K2Node_Variable.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
+#include "Menu/ActionSources.h"
+#include "Menu/OfferNodeSpawner.h"
 #include "NodeDependingOnEnumInterface.h"
 #include "Nodes/MissingDeclarations.h"
 #include "Standalone/K2Node_EnumNodes.h"
@@ -168,9 +170,10 @@ void RegisterBlueprintGraphClasses()
 		&UNodeDependingOnEnumInterface::StaticClass, &UBlueprintVariableNodeSpawner::StaticClass,
 		&UBlueprintEventNodeSpawner::StaticClass, &UBlueprintBoundEventNodeSpawner::StaticClass,
 		&UBlueprintDelegateNodeSpawner::StaticClass, &UBlueprintComponentNodeSpawner::StaticClass,
-		&UBlueprintFieldNodeSpawner::StaticClass, &UK2Node_MathExpression::StaticClass,
+		&UBlueprintFieldNodeSpawner::StaticClass, &UOfferNodeSpawner::StaticClass, &UK2Node_MathExpression::StaticClass,
 		&UGameplayTagsK2Node_SwitchGameplayTag::StaticClass,
 		&UGameplayTagsK2Node_SwitchGameplayTagContainer::StaticClass});
+	ActionSources::TellOffersInFiles();
 	FUserPinInfo::StaticStruct();
 	FKismetUserDeclaredFunctionMetadata::StaticStruct();
 	FOptionalPinFromProperty::StaticStruct();

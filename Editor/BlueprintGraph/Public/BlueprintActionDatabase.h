@@ -47,6 +47,8 @@ struct FBlueprintAction
 	bool bIsEditorOnly = false;
 	/** Only for the class that declares it and those below. */
 	bool bIsProtected = false;
+	/** A member of a class that is not in memory, so that no pin can be of it. */
+	bool bOfUnloadedClass = false;
 };
 
 /**
@@ -78,6 +80,7 @@ private:
 
 	struct FBlueprintEntry
 	{
+		FString Path;
 		TWeakObjectPtr<UBlueprint> Blueprint;
 		uint32 Fingerprint = 0;
 		FActionList Actions;
@@ -86,17 +89,22 @@ private:
 	struct FAssetEntry
 	{
 		FString Path;
+		/** What its file told, for a Blueprint. */
+		FString Offers;
+		bool bIsBlueprint = false;
 		/** The type that the asset is, for structs and enums; null for what need not be in memory. */
 		TWeakObjectPtr<UField> Type;
 		FActionList Actions;
 	};
 
 	void BuildCatalogue();
-	/** Everybody may use what libraries hold, so they are always in memory. */
-	void LoadLibraries(const TArray<FAssetData>& UnloadedBlueprints);
+	/** Blueprints whose files do not tell what they offer have to be in memory to be asked. */
+	void LoadUntold(const TArray<FAssetData>& UnloadedBlueprints);
 	void UpdateAssets(const TArray<FAssetData>& UnloadedBlueprints);
 	void UpdateBlueprints();
 	void UpdateInputMappings();
+	/** The entries of Blueprints in one order, whether they are in memory or not. */
+	void OrderBlueprints();
 	void AddType(UField* Type, FActionList& Out) const;
 	void ForEachList(TFunctionRef<void(const FActionList&)> Visit) const;
 
@@ -108,10 +116,11 @@ private:
 	TUniquePtr<FInputMappings> InputMappings;
 	/** What node classes offer for an enum that is added. */
 	TArray<FBlueprintActionDatabaseRegistrar::FMakeEnumSpawnerDelegate> EnumMakers;
-	/** Libraries that are not tried again with each menu. */
-	TSet<FString> UnreadableLibraries;
-	/** In the order of the assets' paths. */
+	/** Blueprints that are not tried again with each menu. */
+	TSet<FString> Unreadable;
 	TArray<FBlueprintEntry> Blueprints;
+	/** The lists of all Blueprints by their paths; as of the last update. */
+	TArray<const FActionList*> BlueprintLists;
 	/** Of assets that are not in memory or are no Blueprints, in the registry's order. Structs and enums are always in
 	 * memory. */
 	TArray<FAssetEntry> Assets;

@@ -16,6 +16,7 @@
  *     Asset=BP_Door
  *     Class=/Script/Engine.Blueprint
  *     Tag.ParentClass=...         what the asset registry answers without loading
+ *     Tag.Offer=...               a line for each action that menus offer of a Blueprint
  *
  *     Begin Object ...
  */
@@ -85,6 +86,11 @@ public:
 
 	/** What the registry knows of an asset without loading it: parent class, generated class and the like. */
 	static TArray<FTag> CollectTags(const UObject& Asset);
+
+	/** Adds what is told in files alone, since it takes work to gather: what other assets may use of this one. Several
+	 * tags of one name are lines of one value. */
+	using FFileTags = void (*)(const UObject& Asset, TArray<FTag>& InOutTags);
+	static void SetFileTags(FFileTags Collect);
 
 	/** What another program did to the file of a package that is in memory. */
 	struct FForeignChange

@@ -175,9 +175,10 @@ TEST(ActionMenuFreshness, OtherBlueprintsAreOfferedAsTheyStand)
 				},
 				{TEXT("Get Leaf Width"), TEXT("Set Leaf Width")}, {}},
 			{"saved", [&] { EXPECT_TRUE(SaveAsset(Door)); }, {TEXT("Cast To BP_Door")}, {}},
-			// Its file stands still, so it can be cast to; its members are known again once it is loaded.
-			{"dropped from memory", [&] { Forget(Door); }, {TEXT("Cast To BP_Door"), TEXT("Cast To BP_Door Class")},
-				{TEXT("Open Wide"), TEXT("Get Leaf Width")}},
+			// Its file stands still, and tells what it has.
+			{"dropped from memory", [&] { Forget(Door); },
+				{TEXT("Cast To BP_Door"), TEXT("Cast To BP_Door Class"), TEXT("Open Wide"), TEXT("Get Leaf Width")},
+				{}},
 			{"loaded", [&] { Door = LoadObject<UBlueprint>(nullptr, TEXT("/Game/Tests/BP_Door")); },
 				{TEXT("Cast To BP_Door"), TEXT("Open Wide"), TEXT("Get Leaf Width")}, {}}});
 	const FBlueprintActionMenuBuilder Menu = MenuFor(Blueprint.EventGraph().Get());
@@ -252,6 +253,74 @@ TEST(ActionMenuFreshness, LibrariesOfTheProjectAreOfferedWithoutBeingOpened)
 	EXPECT_TRUE(Find(Others, TEXT("Count Doors")));
 	EXPECT_FALSE(Find(Others, TEXT("For Each Door")));
 	Forget(Widget);
+}
+
+/** "title|category|node class" of each entry, in order. */
+static std::vector<std::string> Entries(UEdGraph* Graph)
+{
+	std::vector<std::string> Lines;
+	const FBlueprintActionMenuBuilder Menu = MenuFor(Graph);
+	for (const TSharedPtr<FEdGraphSchemaAction>& Action : Menu.GetEntries())
+	{
+		Lines.push_back(ToStd(Action->GetMenuDescription().ToString() + TEXT("|") + Action->GetCategory().ToString())
+			+ "|" + ToStd(ClassOf(*Action)) + "|" + ToStd(Action->GetKeywords().ToString()));
+	}
+	return Lines;
+}
+
+TEST(ActionMenuFreshness, TheListIsOneWhateverIsInMemory)
+{
+	const FBlueprintBuilder Blueprint;
+	UEdGraph* const Graph = Blueprint.EventGraph().Get();
+	const FEdGraphPinType Int = FBlueprintBuilder::Type(FSchema::PC_Int);
+	UClass* const Actor = ClassAt(TEXT("/Script/Engine.Actor"));
+	UBlueprint* const Gate = MakeBlueprint(Actor, TEXT("BP_Gate"));
+	AddFunction(Gate, TEXT("OpenGate"));
+	FBlueprintEditorUtils::AddMemberVariable(Gate, TEXT("GateWidth"), Int);
+	FBlueprintEditorUtils::AddMemberVariable(Gate, TEXT("OnGate"), FBlueprintBuilder::Type(FSchema::PC_MCDelegate));
+	AddMacro(Gate, TEXT("GateMacro"));
+	UBlueprint* const Child = MakeBlueprint(Gate->GeneratedClass.Get(), TEXT("BP_GateChild"));
+	FBlueprintEditorUtils::AddMemberVariable(Child, TEXT("ChildWidth"), Int);
+	UBlueprint* const Part = MakeBlueprint(ClassAt(TEXT("/Script/Engine.ActorComponent")), TEXT("BP_GatePart"));
+	UBlueprint* const Functions = MakeBlueprint(
+		ClassAt(TEXT("/Script/Engine.BlueprintFunctionLibrary")), TEXT("BFL_Gate"), BPTYPE_FunctionLibrary);
+	AddFunction(Functions, TEXT("CountGates"));
+	UBlueprint* const Macros = MakeBlueprint(Actor, TEXT("BML_Gate"), BPTYPE_MacroLibrary);
+	AddMacro(Macros, TEXT("ForEachGate"));
+	UBlueprint* const Interface = MakeBlueprint(
+		ClassAt(TEXT("/Script/CoreUObject.Interface")), TEXT("BPI_Gate"), BPTYPE_Interface);
+	AddFunction(Interface, TEXT("UseGate"));
+	const TArray<UBlueprint*> All = {Gate, Child, Part, Functions, Macros, Interface};
+	for (UBlueprint* const Each : All)
+	{
+		ASSERT_TRUE(SaveAsset(Each));
+	}
+	const std::vector<std::string> Loaded = Entries(Graph);
+	for (UBlueprint* const Each : All)
+	{
+		Each->GetOutermost()->MarkAsGarbage();
+	}
+	CollectGarbage();
+	EXPECT_EQ(Entries(Graph), Loaded);
+	EXPECT_EQ(FindPackage(nullptr, TEXT("/Game/Tests/BP_Gate")), nullptr) << "no menu loads";
+	for (const auto& [Title, NodeTitle] : {std::pair(TEXT("Open Gate"), TEXT("Open Gate")),
+			 {TEXT("Get Child Width"), TEXT("Get Child Width")}, {TEXT("Add BP Gate Part"), TEXT("Add BP Gate Part")}})
+	{
+		const TSharedPtr<FEdGraphSchemaAction> Action = Find(MenuFor(Graph), Title);
+		ASSERT_TRUE(Action) << ToStd(Title);
+		const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+		ASSERT_NE(Node, nullptr) << ToStd(Title);
+		EXPECT_EQ(Node->GetNodeTitle(ENodeTitleType::MenuTitle).ToString(), FString(NodeTitle));
+	}
+	EXPECT_EQ(Entries(Graph), Loaded) << "with some of them loaded again";
+	for (const TCHAR* const Name : {TEXT("BP_Gate"), TEXT("BP_GateChild"), TEXT("BP_GatePart")})
+	{
+		if (UPackage* const Package = FindPackage(nullptr, *(FString(TEXT("/Game/Tests/")) + Name)))
+		{
+			Package->MarkAsGarbage();
+		}
+	}
+	CollectGarbage();
 }
 
 TEST(ActionMenuFreshness, InterfacesOfferMessagesToAllAndEventsToThoseWhoImplementThem)

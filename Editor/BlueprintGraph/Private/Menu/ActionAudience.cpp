@@ -131,7 +131,7 @@ bool FActionAudience::CanHave(const FBlueprintAction& Action)
 
 bool FActionAudience::IsRelevant(const FBlueprintAction& Action)
 {
-	if (Action.MemberOf && !Classes.Contains(Action.MemberOf))
+	if (Action.bOfUnloadedClass || (Action.MemberOf && !Classes.Contains(Action.MemberOf)))
 	{
 		return false;
 	}

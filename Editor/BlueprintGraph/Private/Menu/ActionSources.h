@@ -30,7 +30,19 @@ void AddComponent(UClass& Class, FActionList& Out);
 void AddStruct(UScriptStruct& Struct, FActionList& Out);
 /** Members, casts, macros, component events and local variables of a Blueprint. */
 void AddBlueprint(UBlueprint& Blueprint, FActionList& Out);
-/** What the registry alone can offer of an asset: casts to a Blueprint, the nodes of an input action. */
+/** The tag that says in which form a file tells what its Blueprint offers, and the one of each line of it. */
+extern const FName OffersTag;
+extern const FName OfferTag;
+/** What of the above others may use, a line for each action, in order. */
+TArray<FString> DescribeOffers(UBlueprint& Blueprint);
+/** Whether the file of a Blueprint that is not in memory tells what it offers. */
+bool TellsOffers(const FAssetData& Asset);
+/** The actions that such a file tells. The Blueprint is loaded when one of them makes a node. */
+void AddOffers(const FAssetData& Asset, FActionList& Out);
+/** From now on the files of Blueprints tell what these offer. */
+void TellOffersInFiles();
+/** What the registry alone can offer of an asset: casts to a Blueprint whose file tells no more, the nodes of an
+ * input action. */
 void AddAsset(const FAssetData& Asset, FActionList& Out);
 /** The input actions and axes that the project's settings name. */
 void AddInputMappings(const FInputMappings& Mappings, FActionList& Out);

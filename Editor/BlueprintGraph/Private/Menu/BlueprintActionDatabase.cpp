@@ -101,6 +101,7 @@ struct FOfferedAsset
 {
 	FAssetData Asset;
 	UField* Type = nullptr;
+	bool bIsBlueprint = false;
 };
 
 /** Blueprints that are not in memory, input actions, and the structs and enums of the project, which are loaded. */
@@ -109,10 +110,10 @@ TArray<FOfferedAsset> ListOfferedAssets(const TArray<FAssetData>& UnloadedBluepr
 	TArray<FOfferedAsset> Offered;
 	for (const FAssetData& Asset : UnloadedBlueprints)
 	{
-		// Libraries were loaded since.
+		// Those that do not tell what they offer were loaded since.
 		if (!Asset.IsAssetLoaded())
 		{
-			Offered.Add({Asset});
+			Offered.Add({Asset, nullptr, true});
 		}
 	}
 	for (const FAssetData& Asset : ListAssets(TEXT("/Script/EnhancedInput.InputAction")))
@@ -194,15 +195,15 @@ void FBlueprintActionDatabase::UpdateBlueprints()
 		if (Index && Blueprints[*Index].Fingerprint == Fingerprint)
 		{
 			Updated.Add(MoveTemp(Blueprints[*Index]));
+			Updated.Last().Path = Blueprint->GetPathName();
 			continue;
 		}
 		FBlueprintEntry& Entry = Updated.AddDefaulted_GetRef();
+		Entry.Path = Blueprint->GetPathName();
 		Entry.Blueprint = Blueprint;
 		Entry.Fingerprint = Fingerprint;
 		ActionSources::AddBlueprint(*Blueprint, Entry.Actions);
 	}
-	Updated.Sort([](const FBlueprintEntry& A, const FBlueprintEntry& B)
-		{ return A.Blueprint.Get()->GetPathName() < B.Blueprint.Get()->GetPathName(); });
 	for (FBlueprintEntry& Left : Blueprints)
 	{
 		ActionDatabase::Drop(Left.Actions);
@@ -210,24 +211,44 @@ void FBlueprintActionDatabase::UpdateBlueprints()
 	Blueprints = MoveTemp(Updated);
 }
 
-void FBlueprintActionDatabase::LoadLibraries(const TArray<FAssetData>& UnloadedBlueprints)
+void FBlueprintActionDatabase::LoadUntold(const TArray<FAssetData>& UnloadedBlueprints)
 {
-	static const FName TypeTag(TEXT("BlueprintType"));
-	TSet<FString> Unreadable;
+	TSet<FString> NowUnreadable;
 	for (const FAssetData& Asset : UnloadedBlueprints)
 	{
-		const FString Type = Asset.GetTagValueRef<FString>(TypeTag);
-		if (Type != TEXT("BPTYPE_FunctionLibrary") && Type != TEXT("BPTYPE_MacroLibrary"))
+		if (ActionSources::TellsOffers(Asset))
 		{
 			continue;
 		}
 		FString Path = Asset.GetObjectPathString();
-		if (UnreadableLibraries.Contains(Path) || !Asset.GetAsset())
+		if (Unreadable.Contains(Path) || !Asset.GetAsset())
 		{
-			Unreadable.Add(MoveTemp(Path));
+			NowUnreadable.Add(MoveTemp(Path));
 		}
 	}
-	UnreadableLibraries = MoveTemp(Unreadable);
+	Unreadable = MoveTemp(NowUnreadable);
+}
+
+void FBlueprintActionDatabase::OrderBlueprints()
+{
+	TArray<TPair<FString, const FActionList*>> Lists;
+	for (const FBlueprintEntry& Entry : Blueprints)
+	{
+		Lists.Emplace(Entry.Path, &Entry.Actions);
+	}
+	for (const FAssetEntry& Entry : Assets)
+	{
+		if (Entry.bIsBlueprint)
+		{
+			Lists.Emplace(Entry.Path, &Entry.Actions);
+		}
+	}
+	Lists.Sort([](const auto& Left, const auto& Right) { return Left.Key < Right.Key; });
+	BlueprintLists.Empty();
+	for (const auto& [Path, List] : Lists)
+	{
+		BlueprintLists.Add(List);
+	}
 }
 
 void FBlueprintActionDatabase::AddType(UField* Type, FActionList& Out) const
@@ -258,8 +279,11 @@ void FBlueprintActionDatabase::UpdateAssets(const TArray<FAssetData>& UnloadedBl
 		FString Path = Offered.Asset.GetObjectPathString();
 		const int32* const Index = Standing.Find(Path);
 		FAssetEntry* const Known = Index ? &Assets[*Index] : nullptr;
+		const FString Offers = Offered.bIsBlueprint ? Offered.Asset.GetTagValueRef<FString>(ActionSources::OfferTag)
+													: FString();
 		// A change of case is a change of words.
-		if (Known && Known->Path.Equals(Path, ESearchCase::CaseSensitive) && Known->Type.Get() == Offered.Type)
+		if (Known && Known->Path.Equals(Path, ESearchCase::CaseSensitive) && Known->Type.Get() == Offered.Type
+			&& Known->Offers.Equals(Offers, ESearchCase::CaseSensitive))
 		{
 			Updated.Add(MoveTemp(*Known));
 			continue;
@@ -267,9 +291,15 @@ void FBlueprintActionDatabase::UpdateAssets(const TArray<FAssetData>& UnloadedBl
 		FAssetEntry& Entry = Updated.AddDefaulted_GetRef();
 		Entry.Path = MoveTemp(Path);
 		Entry.Type = Offered.Type;
+		Entry.Offers = Offers;
+		Entry.bIsBlueprint = Offered.bIsBlueprint;
 		if (Offered.Type)
 		{
 			AddType(Offered.Type, Entry.Actions);
+		}
+		else if (Offered.bIsBlueprint && ActionSources::TellsOffers(Offered.Asset))
+		{
+			ActionSources::AddOffers(Offered.Asset, Entry.Actions);
 		}
 		else
 		{
@@ -298,22 +328,26 @@ void FBlueprintActionDatabase::Update()
 {
 	const TArray<FAssetData> UnloadedBlueprints = ActionDatabase::ListUnloadedBlueprints();
 	BuildCatalogue();
-	LoadLibraries(UnloadedBlueprints);
+	LoadUntold(UnloadedBlueprints);
 	UpdateBlueprints();
 	UpdateAssets(UnloadedBlueprints);
 	UpdateInputMappings();
+	OrderBlueprints();
 }
 
 void FBlueprintActionDatabase::ForEachList(TFunctionRef<void(const FActionList&)> Visit) const
 {
 	Visit(NodeActions);
-	for (const FBlueprintEntry& Entry : Blueprints)
+	for (const FActionList* const List : BlueprintLists)
 	{
-		Visit(Entry.Actions);
+		Visit(*List);
 	}
 	for (const FAssetEntry& Entry : Assets)
 	{
-		Visit(Entry.Actions);
+		if (!Entry.bIsBlueprint)
+		{
+			Visit(Entry.Actions);
+		}
 	}
 	Visit(InputActions);
 	Visit(EngineActions);
@@ -361,7 +395,8 @@ void FBlueprintActionDatabase::RefreshAll()
 	ProjectActions.Empty();
 	InputActions.Empty();
 	InputMappings.Reset();
-	UnreadableLibraries.Empty();
+	Unreadable.Empty();
+	BlueprintLists.Empty();
 	Blueprints.Empty();
 	Assets.Empty();
 	bBuilt = false;

@@ -22,8 +22,9 @@ using namespace std::string_view_literals;
 
 constexpr std::string_view Magic = "uatext "sv;
 /** Enough for the header of nearly every asset; a longer one is read in a second step. */
-constexpr std::size_t UsualHeaderSize = 1024;
-constexpr std::size_t MaxHeaderSize = 64 * 1024;
+constexpr std::size_t UsualHeaderSize = 4 * 1024;
+constexpr std::size_t LongHeaderSize = 32 * 1024;
+constexpr std::size_t MaxHeaderSize = 16 * 1024 * 1024;
 
 uint64 ChecksumOf(std::string_view Bytes, uint64 Seed)
 {
@@ -394,7 +395,8 @@ bool FPackageText::ReadHeader(const FString& Filename, FHeader& OutHeader, FStri
 	{
 		return PackageFile::ReadHeaderOfBinary(Filename, OutHeader, OutError);
 	}
-	for (const std::size_t Limit : {PackageFile::UsualHeaderSize, PackageFile::MaxHeaderSize})
+	for (const std::size_t Limit :
+		{PackageFile::UsualHeaderSize, PackageFile::LongHeaderSize, PackageFile::MaxHeaderSize})
 	{
 		FString Reason;
 		if (!AtomicFile::ReadStart(Path, Limit, Bytes, Reason))

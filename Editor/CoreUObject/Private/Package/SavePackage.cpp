@@ -16,6 +16,12 @@
 
 namespace PackageSaving
 {
+FPackageText::FFileTags& FileTags()
+{
+	static FPackageText::FFileTags Collect = nullptr;
+	return Collect;
+}
+
 FPackageText::FSaveFault Fault;
 bool bReadOnlyProject = false;
 
@@ -205,6 +211,10 @@ private:
 		Header.AssetClassPath = Kept && !Kept->ClassPath.empty() ? FromUtf8(Kept->ClassPath)
 																 : Asset.GetClass()->GetPathName();
 		Header.Tags = FPackageText::CollectTags(Asset);
+		if (PackageSaving::FileTags())
+		{
+			PackageSaving::FileTags()(Asset, Header.Tags);
+		}
 		return true;
 	}
 
@@ -244,6 +254,11 @@ UObject* FindAsset(UPackage& Package, UObject* Asset, EObjectFlags TopLevelFlags
 	return Found && (TopLevelFlags == RF_NoFlags || Found->HasAnyFlags(TopLevelFlags)) ? Found : nullptr;
 }
 } // namespace PackageSaving
+
+void FPackageText::SetFileTags(FFileTags Collect)
+{
+	PackageSaving::FileTags() = Collect;
+}
 
 FSavePackageResultStruct UPackage::Save(
 	UPackage* InOuter, UObject* InAsset, const TCHAR* Filename, const FSavePackageArgs& SaveArgs)

@@ -54,11 +54,23 @@ bool ReadParentClass(const FJsonObject& Json, Morvane::FToolResult& Result, FStr
 	return true;
 }
 
+/** Libraries and interfaces are kinds of their own, with static functions or with functions that have no body. */
+EBlueprintType GetType(const UClass* ParentClass)
+{
+	static const UClass* const Library = FindObject<UClass>(nullptr, TEXT("/Script/Engine.BlueprintFunctionLibrary"));
+	if (ParentClass->HasAnyClassFlags(CLASS_Interface))
+	{
+		return BPTYPE_Interface;
+	}
+	return Library && ParentClass->IsChildOf(Library) ? BPTYPE_FunctionLibrary : BPTYPE_Normal;
+}
+
 template <class TFactory, class TBlueprint>
 UBlueprint* Make(const FString& Path, UClass* ParentClass, Morvane::FToolResult& Result)
 {
 	TFactory* const Factory = NewObject<TFactory>();
 	Factory->ParentClass = ParentClass;
+	Factory->BlueprintType = GetType(ParentClass);
 	UObject* const Asset = FAssetOperationBase::CreateAsset(
 		Path, FAssetOperationBase::GetAssetNameFromPath(Path), TBlueprint::StaticClass(), Result, Factory);
 	return Cast<UBlueprint>(Asset);
