@@ -16,12 +16,7 @@
 
 namespace PackageSaving
 {
-FPackageText::FFileTags& FileTags()
-{
-	static FPackageText::FFileTags Collect = nullptr;
-	return Collect;
-}
-
+FPackageText::FFileTags CollectFileTags = nullptr;
 FPackageText::FSaveFault Fault;
 bool bReadOnlyProject = false;
 
@@ -53,6 +48,11 @@ public:
 
 	bool Run()
 	{
+		// Before the save: to gather them may bring classes up to date, and load what these name.
+		if (CollectFileTags)
+		{
+			CollectFileTags(Asset, FileTags);
+		}
 		const FSavingScope Saving;
 		return MayWrite() && Gather() && MakeText() && Store();
 	}
@@ -211,10 +211,7 @@ private:
 		Header.AssetClassPath = Kept && !Kept->ClassPath.empty() ? FromUtf8(Kept->ClassPath)
 																 : Asset.GetClass()->GetPathName();
 		Header.Tags = FPackageText::CollectTags(Asset);
-		if (PackageSaving::FileTags())
-		{
-			PackageSaving::FileTags()(Asset, Header.Tags);
-		}
+		Header.Tags.Append(FileTags);
 		return true;
 	}
 
@@ -240,6 +237,7 @@ private:
 	TArray<UObject*> Roots;
 	std::string Body;
 	FPackageText::FHeader Header;
+	TArray<FPackageText::FTag> FileTags;
 	/** What was seen to stand at the file's place. */
 	AtomicFile::FStamp Replaced;
 };
@@ -257,7 +255,7 @@ UObject* FindAsset(UPackage& Package, UObject* Asset, EObjectFlags TopLevelFlags
 
 void FPackageText::SetFileTags(FFileTags Collect)
 {
-	PackageSaving::FileTags() = Collect;
+	PackageSaving::CollectFileTags = Collect;
 }
 
 FSavePackageResultStruct UPackage::Save(
