@@ -346,6 +346,36 @@ TEST(MissingReferences, WhatIsDeletedInTheSessionIsKeptThroughAnEditAndBoundWhen
 	EditAndCompile("More");
 	EXPECT_THAT(LostLines(Scene.Before, Scene.UserText()), IsEmpty());
 }
+TEST(MissingReferences, NodesAndComponentsOfUnknownClassesAreKeptAndTold)
+{
+	FBlueprintBuilder Builder;
+	Builder.EventGraph().Call(TEXT("/Script/Engine.KismetSystemLibrary"), TEXT("PrintString"));
+	ASSERT_TRUE(Builder.Save());
+	std::string Bytes = Builder.Folder().Read(User);
+	FPackageText::FHeader Header;
+	FString Error;
+	ASSERT_TRUE(FPackageText::CheckBytes(Bytes, TEXT("test"), Header, Error)) << ToStd(Error);
+	std::string Body = Bytes.substr(static_cast<std::size_t>(Header.BodyOffset));
+	for (const auto& [Known, Unknown] :
+		{std::pair<std::string, std::string>{"BlueprintGraph.K2Node_CallFunction", "Far.K2Node_Fancy"},
+			{"Engine.SceneComponent", "Far.LampComponent"}})
+	{
+		for (std::size_t At = 0; (At = Body.find(Known, At)) != std::string::npos; At += Unknown.size())
+		{
+			Body.replace(At, Known.size(), Unknown);
+		}
+	}
+	Bytes = FPackageText::MakeBytes(Header, Body);
+	Builder.Folder().Write(User, Bytes);
+	FPackageText::TakeProblems();
+	ASSERT_NE(Builder.Reload(), nullptr);
+	const std::vector<std::string> Problems = ToStdList(FPackageText::TakeProblems());
+	EXPECT_THAT(Problems, Contains(HasSubstr("the class '/Script/Far.K2Node_Fancy' of ")));
+	EXPECT_THAT(Problems, Contains(HasSubstr("'/Script/Far.LampComponent' is missing")));
+	EditAndCompile("Extra");
+	EXPECT_THAT(LostLines(Bytes, Builder.Folder().Read(User)), IsEmpty());
+}
+
 TEST(MissingReferences, ReadsLeaveNothingOutAndSayWhatIsUnresolved)
 {
 	const FScene Scene;

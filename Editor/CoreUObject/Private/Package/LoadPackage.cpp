@@ -82,9 +82,9 @@ public:
 			{
 				continue;
 			}
-			const FString Others = Row.NumPlaces == 1
-				? FString()
-				: FString::Printf(TEXT(", here and in %d more places"), Row.NumPlaces - 1);
+			const FString Others = Row.NumPlaces == 1 ? FString()
+													  : FString::Printf(TEXT(", here and in %d more place%s"),
+														  Row.NumPlaces - 1, Row.NumPlaces == 2 ? TEXT("") : TEXT("s"));
 			Say(FString::Printf(
 				TEXT("%s, %s: '%s' is missing%s; what refers to it is kept as it is and binds again when "
 					 "it is there"),
@@ -422,7 +422,15 @@ private:
 		UClass* const Class = Entry->second;
 		if (!Class || !Class->GetNativeClass())
 		{
-			return Class ? nullptr : FObjectTextImport::DefaultFactory(Record, Outer);
+			// What was asked for before is not this record's.
+			FMissingObjects::TakeAsked();
+			UObject* const StandIn = Class ? nullptr : FObjectTextImport::DefaultFactory(Record, Outer);
+			if (StandIn)
+			{
+				Warnings.Logf(TEXT("line %d: the class '%s' of '%s' is missing; the object is kept as it is"),
+					Record.LineNumber, *Record.GetClassPath(), *StandIn->GetPathName());
+			}
+			return StandIn;
 		}
 		const FString Name = Record.GetName();
 		if (Outer == Package && Name.StartsWith(TEXT("Default__"), ESearchCase::CaseSensitive))
@@ -487,6 +495,7 @@ private:
 		const FMissingObjects::FScope Keeping;
 		for (std::size_t Index = First; Index < Made.size(); ++Index)
 		{
+			FMissingObjects::TakeAsked();
 			Import.ImportInto(Made[Index].Object, *Made[Index].Record);
 			Made[Index].Object->ClearFlags(RF_NeedLoad);
 		}

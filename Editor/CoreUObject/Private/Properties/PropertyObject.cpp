@@ -2,6 +2,7 @@
 
 #include "Properties/PropertyTextReader.h"
 #include "Standalone/MissingObjects.h"
+#include "Standalone/ObjectText.h"
 #include "UObject/Package.h"
 
 namespace ObjectReferences
@@ -41,7 +42,16 @@ static void Append(FString& Out, const UObject* Object, UObject* Parent, int32 P
 	}
 	else
 	{
-		Object->GetClass()->GetPathName(nullptr, Out);
+		// An object of an unknown class is still called by that class.
+		const FKeptObjectText* const Kept = FKeptObjectText::Find(Object);
+		if (Kept && !Kept->ClassPath.empty())
+		{
+			Out += FromUtf8(Kept->ClassPath);
+		}
+		else
+		{
+			Object->GetClass()->GetPathName(nullptr, Out);
+		}
 		Out.AppendChar(TEXT('\''));
 		Object->GetPathName(Scope, Out);
 		Out.AppendChar(TEXT('\''));

@@ -12,6 +12,11 @@ using FSchema = UEdGraphSchema_K2;
 
 FProperty* CreateByte(FFieldVariant Owner, FName Name, UEnum* Enum)
 {
+	// Values are read by the names of its entries; it may come from the same load.
+	if (Enum)
+	{
+		Enum->ConditionalPostLoad();
+	}
 	if (Enum && Enum->GetCppForm() == UEnum::ECppForm::EnumClass)
 	{
 		FEnumProperty* const Property = new FEnumProperty(Owner, Name);
