@@ -10,7 +10,6 @@ class UK2Node_ActorBoundEvent : public UK2Node_Event
 	EDITOR_CLASS(UK2Node_ActorBoundEvent, UK2Node_Event)
 
 public:
-	void InitializeActorBoundEventParams(AActor* InEventOwner, const FMulticastDelegateProperty* InDelegateProperty);
 	FMulticastDelegateProperty* GetTargetDelegateProperty() const;
 	FText GetTargetDelegateDisplayName() const;
 

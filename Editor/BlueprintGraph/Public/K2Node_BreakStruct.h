@@ -9,9 +9,7 @@ class UK2Node_BreakStruct : public UK2Node_StructMemberGet
 	EDITOR_CLASS(UK2Node_BreakStruct, UK2Node_StructMemberGet)
 
 public:
-	static bool CanBeBroken(const UScriptStruct* Struct, bool bForInternalUse = false);
 	void AllocateDefaultPins() override;
-	void PreloadRequiredAssets() {}
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	void PostPlacedNewNode() override;

@@ -11,7 +11,6 @@ class UK2Node_ComponentBoundEvent : public UK2Node_Event
 public:
 	void InitializeComponentBoundEventParams(
 		const FObjectProperty* InComponentProperty, const FMulticastDelegateProperty* InDelegateProperty);
-	bool IsUsedByAuthorityOnlyDelegate() const;
 	FMulticastDelegateProperty* GetTargetDelegateProperty() const;
 	FText GetTargetDelegateDisplayName() const;
 	FName GetComponentPropertyName() const { return ComponentPropertyName; }

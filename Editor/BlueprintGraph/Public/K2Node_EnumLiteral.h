@@ -9,7 +9,6 @@ class UK2Node_EnumLiteral : public UK2Node_EnumNodeBase
 	EDITOR_CLASS(UK2Node_EnumLiteral, UK2Node_EnumNodeBase)
 
 public:
-	static FName GetEnumInputPinName();
 	bool IsNodePure() const override { return true; }
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;

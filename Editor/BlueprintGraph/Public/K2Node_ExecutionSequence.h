@@ -12,7 +12,6 @@ class UK2Node_ExecutionSequence : public UK2Node, public IK2Node_AddPinInterface
 public:
 	UEdGraphPin* GetThenPinGivenIndex(int32 Index) const;
 	virtual FName GetPinNameGivenIndex(int32 Index) const;
-	void InsertPinIntoExecutionNode(UEdGraphPin* PinToInsertBefore, bool bBefore);
 	void RemovePinFromExecutionNode(UEdGraphPin* TargetPin);
 	bool CanRemoveExecutionPin() const;
 

@@ -12,12 +12,7 @@ class UK2Node_FormatText : public UK2Node, public IK2Node_AddPinInterface
 public:
 	UEdGraphPin* GetFormatPin() const;
 	UEdGraphPin* FindArgumentPin(const FName InPinName) const;
-	int32 GetArgumentCount() const { return PinNames.Num(); }
-	FText GetArgumentName(int32 InIndex) const;
 	FName GetUniquePinName();
-	void AddArgumentPin() { AddInputPin(); }
-	void RemoveArgument(int32 InIndex);
-	void SetArgumentName(int32 InIndex, FName InName);
 
 	bool IsNodePure() const override { return true; }
 	void AllocateDefaultPins() override;

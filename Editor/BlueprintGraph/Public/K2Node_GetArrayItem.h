@@ -12,7 +12,6 @@ public:
 	UEdGraphPin* GetTargetArrayPin() const { return Pins.Num() > 0 ? Pins[0] : nullptr; }
 	UEdGraphPin* GetIndexPin() const { return Pins.Num() > 1 ? Pins[1] : nullptr; }
 	UEdGraphPin* GetResultPin() const { return Pins.Num() > 2 ? Pins[2] : nullptr; }
-	void SetDesiredReturnType(bool bAsReference);
 
 	bool IsNodePure() const override { return true; }
 	bool ShouldDrawCompact() const override { return true; }

@@ -10,8 +10,6 @@ class UK2Node_InputAction : public UK2Node, public IK2Node_EventNodeInterface
 	EDITOR_CLASS(UK2Node_InputAction, UK2Node)
 
 public:
-	UEdGraphPin* GetPressedPin() const;
-	UEdGraphPin* GetReleasedPin() const;
 	bool DrawNodeAsEntry() const override { return true; }
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;

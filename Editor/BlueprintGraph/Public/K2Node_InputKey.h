@@ -11,12 +11,6 @@ class UK2Node_InputKey : public UK2Node, public IK2Node_EventNodeInterface
 	EDITOR_CLASS(UK2Node_InputKey, UK2Node)
 
 public:
-	UEdGraphPin* GetPressedPin() const;
-	UEdGraphPin* GetReleasedPin() const;
-	/** "Ctrl+Shift" and the like; empty without. */
-	FText GetModifierText() const;
-	FText GetKeyText() const;
-
 	bool DrawNodeAsEntry() const override { return true; }
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;

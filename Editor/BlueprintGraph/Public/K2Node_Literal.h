@@ -10,8 +10,6 @@ class UK2Node_Literal : public UK2Node
 
 public:
 	UEdGraphPin* GetValuePin() const;
-	UObject* GetObjectRef() const { return ObjectRef; }
-	void SetObjectRef(UObject* NewValue);
 
 	bool IsNodePure() const override { return true; }
 	void AllocateDefaultPins() override;

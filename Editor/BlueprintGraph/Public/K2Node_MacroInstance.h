@@ -26,9 +26,7 @@ class UK2Node_MacroInstance : public UK2Node_Tunnel
 public:
 	void SetMacroGraph(UEdGraph* Graph) { MacroGraphReference.SetGraph(Graph); }
 	UEdGraph* GetMacroGraph() const { return MacroGraphReference.GetGraph(); }
-	UBlueprint* GetSourceBlueprint() const { return MacroGraphReference.GetBlueprint(); }
 	static FKismetUserDeclaredFunctionMetadata* GetAssociatedGraphMetadata(const UEdGraph* AssociatedMacroGraph);
-	static void FindInContentBrowser(TWeakObjectPtr<UK2Node_MacroInstance>) {}
 
 	bool CanUserDeleteNode() const override { return true; }
 	bool CanDuplicateNode() const override { return true; }

@@ -9,7 +9,6 @@ class UK2Node_MakeStruct : public UK2Node_StructMemberSet
 	EDITOR_CLASS(UK2Node_MakeStruct, UK2Node_StructMemberSet)
 
 public:
-	static bool CanBeMade(const UScriptStruct* Struct, bool bForInternalUse = false);
 	bool IsNodePure() const override { return true; }
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;

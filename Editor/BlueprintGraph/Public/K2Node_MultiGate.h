@@ -9,10 +9,6 @@ class UK2Node_MultiGate : public UK2Node_ExecutionSequence
 	EDITOR_CLASS(UK2Node_MultiGate, UK2Node_ExecutionSequence)
 
 public:
-	UEdGraphPin* GetResetPin() const;
-	UEdGraphPin* GetIsRandomPin() const;
-	UEdGraphPin* GetLoopPin() const;
-	UEdGraphPin* GetStartIndexPin() const;
 	FName GetPinNameGivenIndex(int32 Index) const override;
 	void AllocateDefaultPins() override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;

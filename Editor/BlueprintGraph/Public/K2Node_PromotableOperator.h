@@ -13,7 +13,6 @@ class UK2Node_PromotableOperator : public UK2Node_CallFunction, public IK2Node_A
 public:
 	/** Takes the operator that the function is an overload of ("Add" of Add_IntInt). */
 	void SetFromFunction(const UFunction* Function) override;
-	FName GetOperationName() const { return OperationName; }
 	/** Whether operands still take any type. */
 	bool HasConnectionsOrDefaults() const;
 	void ResetNodeToWildcard();

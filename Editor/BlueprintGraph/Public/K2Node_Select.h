@@ -14,8 +14,6 @@ public:
 	UEdGraphPin* GetReturnValuePin() const;
 	UEdGraphPin* GetIndexPin() const;
 	void GetOptionPins(TArray<UEdGraphPin*>& OptionPins) const;
-	void ChangePinType(UEdGraphPin* Pin);
-	bool CanChangePinType(UEdGraphPin* Pin) const;
 	void SetEnum(UEnum* InEnum, bool bForceRegenerate = false);
 	UEnum* GetEnum() const override { return Enum; }
 	void ReloadEnum(UEnum* InEnum) override { SetEnum(InEnum, true); }

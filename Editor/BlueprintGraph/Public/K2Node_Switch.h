@@ -12,7 +12,6 @@ class UK2Node_Switch : public UK2Node, public IK2Node_AddPinInterface
 public:
 	UEdGraphPin* GetSelectionPin() const;
 	UEdGraphPin* GetDefaultPin() const;
-	UEdGraphPin* GetFunctionPin() const;
 	static FName GetSelectionPinName();
 	/** A name that no case has yet. */
 	virtual FName GetUniquePinName();

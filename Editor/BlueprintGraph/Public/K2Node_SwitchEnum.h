@@ -21,7 +21,6 @@ public:
 	void RemovePinFromSwitchNode(UEdGraphPin*) override {}
 	bool CanRemoveExecutionPin(UEdGraphPin*) const override { return false; }
 	void AllocateDefaultPins() override;
-	void PreloadRequiredAssets() {}
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;

@@ -17,8 +17,6 @@ class UK2Node_VariableGet : public UK2Node_Variable
 
 public:
 	bool IsNodePure() const override { return CurrentVariation == EGetNodeVariation::Pure; }
-	/** Whether a get of a value of the type may branch: on an object being there, or on a bool. */
-	static bool IsValidTypeForNonPure(const FEdGraphPinType& InPinType);
 	/** With or without execution pins. A value that nothing can be asked of stays pure. */
 	void SetPurity(bool bNewPurity);
 	void AllocateDefaultPins() override;

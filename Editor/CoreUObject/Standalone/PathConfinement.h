@@ -10,7 +10,6 @@ struct FPathConfinement
 {
 	/** Empty lifts it. The folder has to exist. */
 	static void SetRoot(const FString& Directory);
-	static const FString& GetRoot();
 	/** Where an existing path really is, links followed; empty when it does not exist. */
 	static FString Resolve(const FString& Path);
 	/**

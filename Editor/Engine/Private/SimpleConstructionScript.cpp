@@ -74,21 +74,6 @@ void USimpleConstructionScript::MoveLeftoverAside(UObject* TemplateOuter, FName 
 	}
 }
 
-USCS_Node* USimpleConstructionScript::CreateNodeAndRenameComponent(UActorComponent* NewComponentTemplate)
-{
-	if (!NewComponentTemplate)
-	{
-		return nullptr;
-	}
-	USCS_Node* const Node = NewObject<USCS_Node>(
-		this, MakeUniqueObjectName(this, USCS_Node::StaticClass()), RF_Transactional);
-	Node->ComponentTemplate = NewComponentTemplate;
-	Node->ComponentClass = NewComponentTemplate->GetClass();
-	Node->VariableGuid = FGuid::NewGuid();
-	Node->SetVariableName(GenerateNewComponentName(NewComponentTemplate->GetClass(), NewComponentTemplate->GetFName()));
-	return Node;
-}
-
 void USimpleConstructionScript::AddNode(USCS_Node* Node)
 {
 	Modify();
@@ -182,18 +167,6 @@ USCS_Node* USimpleConstructionScript::FindSCSNode(FName InName) const
 	{
 		if (Node->GetVariableName() == InName
 			|| (Node->ComponentTemplate && Node->ComponentTemplate->GetFName() == InName))
-		{
-			return Node;
-		}
-	}
-	return nullptr;
-}
-
-USCS_Node* USimpleConstructionScript::FindSCSNodeByGuid(const FGuid Guid) const
-{
-	for (USCS_Node* const Node : GetAllNodes())
-	{
-		if (Node->VariableGuid == Guid)
 		{
 			return Node;
 		}

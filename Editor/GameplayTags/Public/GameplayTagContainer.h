@@ -46,7 +46,6 @@ struct FGameplayTagContainer
 	bool HasTagExact(const FGameplayTag& TagToCheck) const;
 	int32 Num() const { return GameplayTags.Num(); }
 	bool IsEmpty() const { return GameplayTags.IsEmpty(); }
-	const TArray<FGameplayTag>& GetGameplayTagArray() const { return GameplayTags; }
 	/** Names with a comma and a blank between. */
 	FString ToStringSimple() const;
 	bool operator==(const FGameplayTagContainer& Other) const = default;

@@ -50,16 +50,6 @@ void USubobjectDataSubsystem::K2_GatherSubobjectDataForBlueprint(
 	}
 }
 
-bool USubobjectDataSubsystem::K2_FindSubobjectDataFromHandle(
-	const FSubobjectDataHandle& Handle, FSubobjectData& OutData) const
-{
-	if (Handle.IsValid())
-	{
-		OutData = *Handle.GetData();
-	}
-	return Handle.IsValid();
-}
-
 FSubobjectDataHandle USubobjectDataSubsystem::FindHandleForObject(
 	const FSubobjectDataHandle& ContextHandle, const UObject* ObjectToFind, UBlueprint* BPContext) const
 {
@@ -210,12 +200,6 @@ int32 USubobjectDataSubsystem::DeleteSubobjects(const FSubobjectDataHandle& Cont
 		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
 	}
 	return NumDeleted;
-}
-
-int32 USubobjectDataSubsystem::DeleteSubobject(const FSubobjectDataHandle& ContextHandle,
-	const FSubobjectDataHandle& SubobjectToDelete, UBlueprint* BPContext) const
-{
-	return DeleteSubobjects(ContextHandle, {SubobjectToDelete}, BPContext);
 }
 
 bool USubobjectDataSubsystem::IsValidRename(

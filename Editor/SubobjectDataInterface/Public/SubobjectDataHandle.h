@@ -17,7 +17,6 @@ struct FSubobjectDataHandle
 	bool IsValid() const { return DataPtr.IsValid(); }
 	/** Null for an invalid handle. */
 	FSubobjectData* GetData() const { return DataPtr.Get(); }
-	TSharedPtr<FSubobjectData> GetSharedDataPtr() const { return DataPtr; }
 	bool operator==(const FSubobjectDataHandle& Other) const;
 
 	static const FSubobjectDataHandle InvalidHandle;

@@ -35,7 +35,6 @@ public:
 
 	/** The actor first, then its components, parents before children. Empty for a Blueprint of no actor. */
 	void K2_GatherSubobjectDataForBlueprint(UBlueprint* Context, TArray<FSubobjectDataHandle>& OutArray) const;
-	bool K2_FindSubobjectDataFromHandle(const FSubobjectDataHandle& Handle, FSubobjectData& OutData) const;
 	/** The handle of a component template, a construction script's node or the actor default, in the tree of a handle
 	 * or, without one, of the Blueprint; invalid when it is not there. */
 	FSubobjectDataHandle FindHandleForObject(
@@ -51,8 +50,6 @@ public:
 	/** Children move up to the parent. Nodes about the components go with them. How many were deleted. */
 	int32 DeleteSubobjects(const FSubobjectDataHandle& ContextHandle,
 		const TArray<FSubobjectDataHandle>& SubobjectsToDelete, UBlueprint* BPContext = nullptr) const;
-	int32 DeleteSubobject(const FSubobjectDataHandle& ContextHandle, const FSubobjectDataHandle& SubobjectToDelete,
-		UBlueprint* BPContext = nullptr) const;
 	bool RenameSubobject(const FSubobjectDataHandle& Handle, const FText& InNewName) const;
 	/** Whether a component may have the name; a sentence in OutErrorMessage when not. */
 	bool IsValidRename(const FSubobjectDataHandle& Handle, const FText& InNewText, FText& OutErrorMessage) const;

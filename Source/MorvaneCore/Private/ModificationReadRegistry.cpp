@@ -28,11 +28,6 @@ void FModificationReadRegistry::UnregisterReadTool(const FString& ToolName)
 		[&ToolName](const FEntry& Entry) { return Entry.ToolName.Equals(ToolName, ESearchCase::CaseSensitive); });
 }
 
-bool FModificationReadRegistry::IsRegistered(const FString& ToolName) const
-{
-	return Find(ToolName) != nullptr;
-}
-
 TArray<FString> FModificationReadRegistry::GetToolNames() const
 {
 	TArray<FString> Names;

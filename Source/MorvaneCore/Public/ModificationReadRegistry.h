@@ -22,7 +22,6 @@ public:
 	void RegisterReadTool(const FString& ToolName, const FString& Category, FReader Reader);
 	void UnregisterReadTool(const FString& ToolName);
 
-	bool IsRegistered(const FString& ToolName) const;
 	/** In the order of registration. */
 	TArray<FString> GetToolNames() const;
 	/** Runs the tool's reader. For a name that is not registered the answer is an empty text, and nothing is reported.

@@ -88,12 +88,6 @@ FMulticastDelegateProperty* UK2Node_ComponentBoundEvent::GetTargetDelegateProper
 	return BoundEvents::FindDelegate(DelegateOwnerClass.Get(), DelegatePropertyName);
 }
 
-bool UK2Node_ComponentBoundEvent::IsUsedByAuthorityOnlyDelegate() const
-{
-	const FMulticastDelegateProperty* const Property = GetTargetDelegateProperty();
-	return Property && Property->HasAnyPropertyFlags(CPF_BlueprintAuthorityOnly);
-}
-
 FText UK2Node_ComponentBoundEvent::GetTargetDelegateDisplayName() const
 {
 	return BoundEvents::DisplayName(GetTargetDelegateProperty(), DelegatePropertyName);
@@ -134,24 +128,6 @@ void UK2Node_ComponentBoundEvent::ValidateNodeDuringCompilation(FCompilerResults
 		MessageLog.Warning(
 			*FString::Printf(TEXT("Could not find event '%s' for @@"), *DelegatePropertyName.ToString()), this);
 	}
-}
-
-void UK2Node_ActorBoundEvent::InitializeActorBoundEventParams(
-	AActor* InEventOwner, const FMulticastDelegateProperty* InDelegateProperty)
-{
-	if (!InEventOwner || !InDelegateProperty)
-	{
-		return;
-	}
-	EventOwner = InEventOwner;
-	DelegatePropertyName = InDelegateProperty->GetFName();
-	UClass* const Owner = InDelegateProperty->GetOwnerClass();
-	DelegateOwnerClass = TSubclassOf<UObject>(Owner ? Owner->GetAuthoritativeClass() : nullptr);
-	BoundEvents::SetSignature(EventReference, InDelegateProperty->SignatureFunction);
-	CustomFunctionName = FName(FString::Printf(
-		TEXT("BndEvt__%s_%s_%s"), *InEventOwner->GetName(), *GetName(), *EventReference.GetMemberName().ToString()));
-	bOverrideFunction = false;
-	bInternalEvent = true;
 }
 
 FMulticastDelegateProperty* UK2Node_ActorBoundEvent::GetTargetDelegateProperty() const

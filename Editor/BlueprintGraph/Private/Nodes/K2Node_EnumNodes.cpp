@@ -86,11 +86,6 @@ void UK2Node_EnumNodeBase::ValidateNodeDuringCompilation(FCompilerResultsLog& Me
 	}
 }
 
-FName UK2Node_EnumLiteral::GetEnumInputPinName()
-{
-	return EnumNodes::EnumPin;
-}
-
 void UK2Node_EnumLiteral::AllocateDefaultPins()
 {
 	UEdGraphPin* const Input = CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Byte, Enum.Get(), EnumNodes::EnumPin);

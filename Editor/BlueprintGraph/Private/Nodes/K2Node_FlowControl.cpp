@@ -131,21 +131,6 @@ void UK2Node_ExecutionSequence::AddInputPin()
 	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, GetUniquePinName());
 }
 
-void UK2Node_ExecutionSequence::InsertPinIntoExecutionNode(UEdGraphPin* PinToInsertBefore, bool bBefore)
-{
-	const int32 At = Pins.Find(PinToInsertBefore);
-	if (At == INDEX_NONE)
-	{
-		return;
-	}
-	Modify();
-	FCreatePinParams Params;
-	Params.Index = bBefore ? At : At + 1;
-	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, GetUniquePinName(), Params);
-	// Names follow the order.
-	PinNames::RenameInOrder(GetSequencePins(), [this](int32 Index) { return GetPinNameGivenIndex(Index); });
-}
-
 bool UK2Node_ExecutionSequence::CanRemoveExecutionPin() const
 {
 	return GetSequencePins().Num() > 2;

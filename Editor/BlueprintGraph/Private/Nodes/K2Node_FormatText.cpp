@@ -55,11 +55,6 @@ UEdGraphPin* UK2Node_FormatText::FindArgumentPin(const FName InPinName) const
 	return InPinName == FormatTexts::FormatPin ? nullptr : FindPin(InPinName, EGPD_Input);
 }
 
-FText UK2Node_FormatText::GetArgumentName(int32 InIndex) const
-{
-	return PinNames.IsValidIndex(InIndex) ? FText::FromName(PinNames[InIndex]) : FText::GetEmpty();
-}
-
 UEdGraphPin* UK2Node_FormatText::CreateArgumentPin(FName Name)
 {
 	return CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Wildcard, Name);
@@ -179,27 +174,6 @@ void UK2Node_FormatText::RemoveInputPin(UEdGraphPin* Pin)
 		PinNames.Remove(Pin->PinName);
 		RemovePin(Pin);
 	}
-}
-
-void UK2Node_FormatText::RemoveArgument(int32 InIndex)
-{
-	if (PinNames.IsValidIndex(InIndex))
-	{
-		RemoveInputPin(FindArgumentPin(PinNames[InIndex]));
-	}
-}
-
-void UK2Node_FormatText::SetArgumentName(int32 InIndex, FName InName)
-{
-	if (!PinNames.IsValidIndex(InIndex) || FindPin(InName))
-	{
-		return;
-	}
-	if (UEdGraphPin* const Pin = FindArgumentPin(PinNames[InIndex]))
-	{
-		Pin->PinName = InName;
-	}
-	PinNames[InIndex] = InName;
 }
 
 bool UK2Node_FormatText::IsConnectionDisallowed(

@@ -30,18 +30,6 @@ void UK2Node_GetArrayItem::PostReconstructNode()
 	PropagatePinType();
 }
 
-void UK2Node_GetArrayItem::SetDesiredReturnType(bool bAsReference)
-{
-	if (bReturnByRefDesired != bAsReference)
-	{
-		bReturnByRefDesired = bAsReference;
-		if (!Pins.IsEmpty())
-		{
-			ReconstructNode();
-		}
-	}
-}
-
 void UK2Node_GetArrayItem::PinConnectionListChanged(UEdGraphPin* Pin)
 {
 	Super::PinConnectionListChanged(Pin);

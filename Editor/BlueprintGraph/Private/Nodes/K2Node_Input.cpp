@@ -103,26 +103,6 @@ void UK2Node_InputKey::DescribeClass(FClassDescriber& Class)
 	InputNodes::DescribeModifiers<UK2Node_InputKey>(Class);
 }
 
-UEdGraphPin* UK2Node_InputKey::GetPressedPin() const
-{
-	return FindPin(InputNodes::Pressed);
-}
-
-UEdGraphPin* UK2Node_InputKey::GetReleasedPin() const
-{
-	return FindPin(InputNodes::Released);
-}
-
-FText UK2Node_InputKey::GetModifierText() const
-{
-	return FText::FromString(InputNodes::ModifierText(*this));
-}
-
-FText UK2Node_InputKey::GetKeyText() const
-{
-	return FText::FromString(InputNodes::KeyName(InputKey));
-}
-
 void UK2Node_InputKey::AllocateDefaultPins()
 {
 	InputNodes::CreateKeyPins(*this);
@@ -223,16 +203,6 @@ void UK2Node_InputAction::DescribeClass(FClassDescriber& Class)
 	Class.Implements(UK2Node_EventNodeInterface::StaticClass());
 	Class.Property(TEXT("InputActionName"), &UK2Node_InputAction::InputActionName);
 	InputBinding::Describe<UK2Node_InputAction>(Class);
-}
-
-UEdGraphPin* UK2Node_InputAction::GetPressedPin() const
-{
-	return FindPin(InputNodes::Pressed);
-}
-
-UEdGraphPin* UK2Node_InputAction::GetReleasedPin() const
-{
-	return FindPin(InputNodes::Released);
 }
 
 void UK2Node_InputAction::AllocateDefaultPins()

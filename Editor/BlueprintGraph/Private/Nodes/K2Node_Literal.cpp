@@ -16,16 +16,6 @@ UEdGraphPin* UK2Node_Literal::GetValuePin() const
 	return Pins.IsEmpty() ? nullptr : Pins[0];
 }
 
-void UK2Node_Literal::SetObjectRef(UObject* NewValue)
-{
-	UEdGraphPin* const Pin = GetValuePin();
-	if (Pin && (!ObjectRef || !NewValue || NewValue->GetClass() != ObjectRef->GetClass()))
-	{
-		Pin->PinType.PinSubCategoryObject = NewValue ? NewValue->GetClass() : UObject::StaticClass();
-	}
-	ObjectRef = NewValue;
-}
-
 void UK2Node_Literal::AllocateDefaultPins()
 {
 	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Object, ObjectRef ? ObjectRef->GetClass() : UObject::StaticClass(),

@@ -15,26 +15,6 @@ const FName Loop(TEXT("Loop"));
 const FName StartIndex(TEXT("StartIndex"));
 } // namespace MultiGates
 
-UEdGraphPin* UK2Node_MultiGate::GetResetPin() const
-{
-	return FindPin(MultiGates::Reset, EGPD_Input);
-}
-
-UEdGraphPin* UK2Node_MultiGate::GetIsRandomPin() const
-{
-	return FindPin(MultiGates::IsRandom, EGPD_Input);
-}
-
-UEdGraphPin* UK2Node_MultiGate::GetLoopPin() const
-{
-	return FindPin(MultiGates::Loop, EGPD_Input);
-}
-
-UEdGraphPin* UK2Node_MultiGate::GetStartIndexPin() const
-{
-	return FindPin(MultiGates::StartIndex, EGPD_Input);
-}
-
 FName UK2Node_MultiGate::GetPinNameGivenIndex(int32 Index) const
 {
 	return FName(FString::Printf(TEXT("Out %d"), Index));

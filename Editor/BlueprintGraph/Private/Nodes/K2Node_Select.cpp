@@ -226,16 +226,6 @@ void UK2Node_Select::PinConnectionListChanged(UEdGraphPin* Pin)
 	}
 }
 
-bool UK2Node_Select::CanChangePinType(UEdGraphPin* Pin) const
-{
-	return Pin && Pin->LinkedTo.IsEmpty() && WildcardTypes::IsOpen(Pin->PinType);
-}
-
-void UK2Node_Select::ChangePinType(UEdGraphPin* Pin)
-{
-	PinConnectionListChanged(Pin);
-}
-
 bool UK2Node_Select::CanAddPin() const
 {
 	return !Enum && IndexPinType.PinCategory != UEdGraphSchema_K2::PC_Boolean;

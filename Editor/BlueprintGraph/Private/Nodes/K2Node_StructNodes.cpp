@@ -222,12 +222,6 @@ FText UK2Node_StructOperation::GetMenuCategory() const
 	return NSLOCTEXT("K2Node", "StructCategory", "Utilities|Struct");
 }
 
-bool UK2Node_BreakStruct::CanBeBroken(const UScriptStruct* Struct, bool bForInternalUse)
-{
-	return Struct && !Struct->HasMetaData(FBlueprintMetadata::MD_NativeBreakFunction)
-		&& UEdGraphSchema_K2::IsAllowableBlueprintVariableType(Struct, bForInternalUse);
-}
-
 void UK2Node_BreakStruct::AllocateDefaultPins()
 {
 	if (!StructType)
@@ -261,12 +255,6 @@ FText UK2Node_BreakStruct::GetNodeTitle(ENodeTitleType::Type TitleType) const
 FText UK2Node_BreakStruct::GetTooltipText() const
 {
 	return FText::FromString(FString::Printf(TEXT("Gives the members of a %s one by one"), *GetStructDisplayName()));
-}
-
-bool UK2Node_MakeStruct::CanBeMade(const UScriptStruct* Struct, bool bForInternalUse)
-{
-	return Struct && !Struct->HasMetaData(FBlueprintMetadata::MD_NativeMakeFunction)
-		&& UEdGraphSchema_K2::IsAllowableBlueprintVariableType(Struct, bForInternalUse);
 }
 
 void UK2Node_MakeStruct::AllocateDefaultPins()

@@ -86,11 +86,6 @@ UEdGraphPin* UK2Node_Switch::GetDefaultPin() const
 	return FindPin(Switches::DefaultPin, EGPD_Output);
 }
 
-UEdGraphPin* UK2Node_Switch::GetFunctionPin() const
-{
-	return FindPin(FunctionName, EGPD_Input);
-}
-
 FEdGraphPinType UK2Node_Switch::GetInnerCaseType() const
 {
 	return GetPinType();

@@ -83,11 +83,6 @@ EGetNodeVariation FindImpure(const FEdGraphPinType& Type)
 }
 } // namespace GetVariations
 
-bool UK2Node_VariableGet::IsValidTypeForNonPure(const FEdGraphPinType& InPinType)
-{
-	return GetVariations::FindImpure(InPinType) != EGetNodeVariation::Pure;
-}
-
 void UK2Node_VariableGet::SetPurity(bool bNewPurity)
 {
 	const UEdGraphPin* const ValuePin = GetValuePin();

@@ -4,10 +4,8 @@
 #include "HAL/PlatformMisc.h"
 
 #include <cerrno>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <thread>
 #include <unistd.h>
 
 uint32 FPlatformProcess::GetCurrentProcessId()
@@ -19,11 +17,6 @@ bool FPlatformProcess::IsApplicationRunning(uint32 ProcessId)
 {
 	const pid_t Process = static_cast<pid_t>(ProcessId);
 	return Process > 0 && (kill(Process, 0) == 0 || errno == EPERM);
-}
-
-void FPlatformProcess::Sleep(float Seconds)
-{
-	std::this_thread::sleep_for(std::chrono::duration<float>(Seconds));
 }
 
 const TCHAR* FPlatformProcess::UserTempDir()

@@ -7,6 +7,5 @@ struct FPlatformProcess
 	static uint32 GetCurrentProcessId();
 	/** A process of this machine that is running, whoever owns it. */
 	static bool IsApplicationRunning(uint32 ProcessId);
-	static void Sleep(float Seconds);
 	static const TCHAR* UserTempDir();
 };

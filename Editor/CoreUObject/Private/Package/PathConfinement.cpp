@@ -53,11 +53,6 @@ void FPathConfinement::SetRoot(const FString& Directory)
 	PathConfinement::Root = FromUtf8(PathConfinement::RealPath(ToUtf8(Directory)));
 }
 
-const FString& FPathConfinement::GetRoot()
-{
-	return PathConfinement::Root;
-}
-
 FString FPathConfinement::Resolve(const FString& Path)
 {
 	return FromUtf8(PathConfinement::RealPath(ToUtf8(Path)));

@@ -15,7 +15,6 @@ class USimpleConstructionScript : public UObject
 public:
 	/** A node with a fresh template of the class; in no list until AddNode. */
 	USCS_Node* CreateNode(UClass* NewComponentClass, FName NewComponentVariableName = NAME_None);
-	USCS_Node* CreateNodeAndRenameComponent(UActorComponent* NewComponentTemplate);
 	/** Adds as a root. */
 	void AddNode(USCS_Node* Node);
 	/** Takes the node out; its children move up to its parent. */
@@ -27,7 +26,6 @@ public:
 	const TArray<TObjectPtr<USCS_Node>>& GetRootNodes() const { return RootNodes; }
 	USCS_Node* FindParentNode(const USCS_Node* InNode) const;
 	USCS_Node* FindSCSNode(FName InName) const;
-	USCS_Node* FindSCSNodeByGuid(const FGuid Guid) const;
 	/** What becomes the actor's root: a native component, one of a parent Blueprint, or the first scene component here;
 	 * null when there is none. OutSCSNode is its node, where it has one. */
 	USceneComponent* GetSceneRootComponentTemplate(

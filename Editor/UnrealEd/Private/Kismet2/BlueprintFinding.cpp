@@ -2,7 +2,6 @@
 
 #include "Kismet2/BlueprintEditorUtils.h"
 
-#include "Compiler/BlueprintClassBuilder.h"
 #include "Components/ActorComponent.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
@@ -104,12 +103,6 @@ UEdGraph* FBlueprintEditorUtils::GetTopLevelGraph(const UEdGraph* InGraph)
 	return Top;
 }
 
-bool FBlueprintEditorUtils::IsEventGraph(const UEdGraph* InGraph)
-{
-	const UBlueprint* const Blueprint = FindBlueprintForGraph(InGraph);
-	return Blueprint && Blueprint->UbergraphPages.Contains(const_cast<UEdGraph*>(InGraph));
-}
-
 bool FBlueprintEditorUtils::IsDelegateSignatureGraph(const UEdGraph* Graph)
 {
 	const UBlueprint* const Blueprint = FindBlueprintForGraph(Graph);
@@ -147,20 +140,6 @@ FKismetUserDeclaredFunctionMetadata* FBlueprintEditorUtils::GetGraphFunctionMeta
 UEdGraph* FBlueprintEditorUtils::GetDelegateSignatureGraphByName(UBlueprint* Blueprint, FName DelegateName)
 {
 	return Blueprint ? BlueprintFinding::FindByName(Blueprint->DelegateSignatureGraphs, DelegateName) : nullptr;
-}
-
-UFunction* FBlueprintEditorUtils::GetDelegateSignatureFunctionByName(UBlueprint* Blueprint, FName DelegateName)
-{
-	const UClass* const Class = BlueprintClassProvider::GetSelfClass(Blueprint);
-	return Class ? Class->FindFunctionByName(FBlueprintClassBuilder::DelegateSignatureName(DelegateName)) : nullptr;
-}
-
-void FBlueprintEditorUtils::GetDelegateNameList(const UBlueprint* Blueprint, TSet<FName>& DelegatesNames)
-{
-	for (const UEdGraph* const Graph : Blueprint->DelegateSignatureGraphs)
-	{
-		DelegatesNames.Add(Graph->GetFName());
-	}
 }
 
 void FBlueprintEditorUtils::GetAllGraphNames(const UBlueprint* Blueprint, TSet<FName>& GraphNames)
@@ -278,12 +257,6 @@ void FBlueprintEditorUtils::GetEntryAndResultNodes(
 	}
 }
 
-UClass* FBlueprintEditorUtils::GetSkeletonClass(UClass* FromClass)
-{
-	const UBlueprint* const Blueprint = UBlueprint::GetBlueprintFromClass(FromClass);
-	return Blueprint ? Blueprint->SkeletonGeneratedClass.Get() : nullptr;
-}
-
 UClass* FBlueprintEditorUtils::GetMostUpToDateClass(UClass* FromClass)
 {
 	const UBlueprint* const Blueprint = UBlueprint::GetBlueprintFromClass(FromClass);
@@ -366,11 +339,6 @@ FName FBlueprintEditorUtils::FindUniqueKismetName(
 	return Candidate;
 }
 
-FName FBlueprintEditorUtils::FindUniqueCustomEventName(const UBlueprint* Blueprint)
-{
-	return FindUniqueKismetName(Blueprint, TEXT("CustomEvent"));
-}
-
 UK2Node_Timeline* FBlueprintEditorUtils::FindNodeForTimeline(UBlueprint* Blueprint, UTimelineTemplate* Timeline)
 {
 	TArray<UK2Node_Timeline*> Nodes;
@@ -395,16 +363,6 @@ bool FBlueprintEditorUtils::IsComponentBased(const UBlueprint* Blueprint)
 {
 	const UClass* const Parent = Blueprint ? Blueprint->ParentClass.Get() : nullptr;
 	return Parent && Parent->IsChildOf(UActorComponent::StaticClass());
-}
-
-bool FBlueprintEditorUtils::IsInterfaceBlueprint(const UBlueprint* Blueprint)
-{
-	return Blueprint && Blueprint->BlueprintType == BPTYPE_Interface;
-}
-
-bool FBlueprintEditorUtils::IsLevelScriptBlueprint(const UBlueprint* Blueprint)
-{
-	return Blueprint && Blueprint->BlueprintType == BPTYPE_LevelScript;
 }
 
 bool FBlueprintEditorUtils::DoesSupportEventGraphs(const UBlueprint* Blueprint)

@@ -6,7 +6,6 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "K2Node_Timeline.h"
-#include "K2Node_Variable.h"
 #include "Standalone/BlueprintClassProvider.h"
 
 void FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(UBlueprint* Blueprint)
@@ -57,16 +56,6 @@ void FBlueprintEditorUtils::RefreshAllNodes(UBlueprint* Blueprint)
 		}
 	}
 	MarkBlueprintAsStructurallyModified(Blueprint);
-}
-
-void FBlueprintEditorUtils::RefreshVariables(UBlueprint* Blueprint)
-{
-	TArray<UK2Node_Variable*> Nodes;
-	GetAllNodesOfClass(Blueprint, Nodes);
-	for (UK2Node_Variable* const Node : Nodes)
-	{
-		Node->ReconstructNode();
-	}
 }
 
 UEdGraph* FBlueprintEditorUtils::CreateNewGraph(UObject* ParentScope, const FName& GraphName,

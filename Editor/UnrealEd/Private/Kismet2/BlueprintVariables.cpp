@@ -189,18 +189,6 @@ FName FBlueprintEditorUtils::DuplicateVariable(
 	return Name;
 }
 
-void FBlueprintEditorUtils::GetNewVariablesOfType(
-	const UBlueprint* Blueprint, const FEdGraphPinType& Type, TArray<FName>& OutVars)
-{
-	for (const FBPVariableDescription& Variable : Blueprint->NewVariables)
-	{
-		if (Variable.VarType == Type)
-		{
-			OutVars.Add(Variable.VarName);
-		}
-	}
-}
-
 void FBlueprintEditorUtils::RenameComponentMemberVariable(UBlueprint* Blueprint, USCS_Node* Node, const FName NewName)
 {
 	const FName OldName = Node ? Node->GetVariableName() : NAME_None;

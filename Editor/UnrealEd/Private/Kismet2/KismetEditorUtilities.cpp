@@ -177,16 +177,6 @@ void FKismetEditorUtilities::CompileBlueprint(
 	FBlueprintCompiler::Compile(BlueprintObj, pResults);
 }
 
-bool FKismetEditorUtilities::GenerateBlueprintSkeleton(UBlueprint* BlueprintObj, bool bForceRegeneration)
-{
-	if (!BlueprintObj || (!BlueprintObj->bSkeletonIsStale && !bForceRegeneration))
-	{
-		return false;
-	}
-	FBlueprintClassBuilder::Build(*BlueprintObj);
-	return true;
-}
-
 namespace EditorFocus
 {
 TWeakObjectPtr<const UObject> Last;
@@ -210,15 +200,6 @@ const UK2Node_Event* FKismetEditorUtilities::FindBoundEventForComponent(
 		}
 	}
 	return nullptr;
-}
-
-void FKismetEditorUtilities::CreateNewBoundEventForComponent(
-	UObject* Component, FName EventName, UBlueprint* Blueprint, FObjectProperty* ComponentProperty)
-{
-	if (Component)
-	{
-		CreateNewBoundEventForClass(Component->GetClass(), EventName, Blueprint, ComponentProperty);
-	}
 }
 
 void FKismetEditorUtilities::CreateNewBoundEventForClass(

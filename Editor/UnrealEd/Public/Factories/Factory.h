@@ -20,8 +20,6 @@ public:
 	{
 		return nullptr;
 	}
-	virtual bool ConfigureProperties() { return true; }
-	UClass* GetSupportedClass() const { return SupportedClass; }
 
 	TSubclassOf<UObject> SupportedClass;
 	bool bCreateNew = true;

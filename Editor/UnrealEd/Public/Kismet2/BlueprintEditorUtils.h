@@ -44,7 +44,6 @@ public:
 	 * by themselves. */
 	static void EnsureSkeletonIsUpToDate(UBlueprint* Blueprint);
 	static void RefreshAllNodes(UBlueprint* Blueprint);
-	static void RefreshVariables(UBlueprint* Blueprint);
 	/** The Blueprints in memory whose class is below this one's, or that refer to it. */
 	static void GetDependentBlueprints(UBlueprint* Blueprint, TArray<UBlueprint*>& DependentBlueprints);
 	/** Gives what descendants in memory declare under the name another name there, so that nothing is declared twice
@@ -64,7 +63,6 @@ public:
 	static UEdGraph* FindEventGraph(const UBlueprint* Blueprint);
 	static UEdGraph* FindUserConstructionScript(const UBlueprint* Blueprint);
 	static UEdGraph* GetTopLevelGraph(const UEdGraph* InGraph);
-	static bool IsEventGraph(const UEdGraph* InGraph);
 	static bool IsDelegateSignatureGraph(const UEdGraph* Graph);
 	/** Whether the graph implements a function of an interface. */
 	static bool IsInterfaceGraph(const UEdGraph* Graph);
@@ -73,8 +71,6 @@ public:
 	/** What an author says of the graph's function; null for graphs that are none. */
 	static struct FKismetUserDeclaredFunctionMetadata* GetGraphFunctionMetaData(const UEdGraph* InGraph);
 	static UEdGraph* GetDelegateSignatureGraphByName(UBlueprint* Blueprint, FName DelegateName);
-	static UFunction* GetDelegateSignatureFunctionByName(UBlueprint* Blueprint, FName DelegateName);
-	static void GetDelegateNameList(const UBlueprint* Blueprint, TSet<FName>& DelegatesNames);
 	static void GetAllGraphNames(const UBlueprint* Blueprint, TSet<FName>& GraphNames);
 	template <class T>
 	static void GetAllNodesOfClass(const UBlueprint* Blueprint, TArray<T*>& OutNodes)
@@ -98,7 +94,6 @@ public:
 	static UK2Node_FunctionEntry* GetEntryNode(const UEdGraph* InGraph);
 	static void GetEntryAndResultNodes(
 		const UEdGraph* InGraph, UK2Node_FunctionEntry*& OutEntryNode, class UK2Node_FunctionResult*& OutResultNode);
-	static UClass* GetSkeletonClass(UClass* FromClass);
 	static UClass* GetMostUpToDateClass(UClass* FromClass);
 
 	// Graphs.
@@ -136,7 +131,6 @@ public:
 	// Names.
 	static FName FindUniqueKismetName(
 		const UBlueprint* InBlueprint, const FString& InBaseName, UStruct* InScope = nullptr);
-	static FName FindUniqueCustomEventName(const UBlueprint* Blueprint);
 	static void GetFunctionNameList(const UBlueprint* Blueprint, TSet<FName>& FunctionNames);
 	static void GetClassVariableList(
 		const UBlueprint* Blueprint, TSet<FName>& VisibleVariables, bool bIncludePrivateVars = false);
@@ -155,7 +149,6 @@ public:
 		UBlueprint* Blueprint, const FName VariableName, const FEdGraphPinType& NewPinType);
 	/** The name of the copy, which has a guid of its own; none when there is no such variable. */
 	static FName DuplicateVariable(UBlueprint* InBlueprint, const UStruct* InScope, const FName& InVariableToDuplicate);
-	static void GetNewVariablesOfType(const UBlueprint* Blueprint, const FEdGraphPinType& Type, TArray<FName>& OutVars);
 	/** Gives a component's variable another name; its template's name, nodes and attachments follow. */
 	static void RenameComponentMemberVariable(UBlueprint* Blueprint, USCS_Node* Node, const FName NewName);
 	static bool AddLocalVariable(UBlueprint* Blueprint, UEdGraph* InTargetGraph, const FName InNewVarName,
@@ -169,12 +162,8 @@ public:
 		const FName InVariableName, UK2Node_FunctionEntry** OutFunctionEntry = nullptr);
 	static FBPVariableDescription* FindLocalVariable(UBlueprint* InBlueprint, const UStruct* InScope,
 		const FName InVariableName, UK2Node_FunctionEntry** OutFunctionEntry = nullptr);
-	static FName FindLocalVariableNameByGuid(UBlueprint* InBlueprint, const FGuid& InVariableGuid);
-	static void GetLocalVariablesOfType(const UEdGraph* Graph, const FEdGraphPinType& Type, TArray<FName>& OutVars);
 	static int32 FindNewVariableIndex(const UBlueprint* Blueprint, const FName& InName);
 	static FGuid FindMemberVariableGuidByName(UBlueprint* InBlueprint, const FName InVariableName);
-	static FGuid FindLocalVariableGuidByName(
-		UBlueprint* InBlueprint, const UStruct* InScope, const FName InVariableName);
 	static FName FindMemberVariableNameByGuid(UBlueprint* InBlueprint, const FGuid& InVariableGuid);
 	/** With true the variable may be edited on the class default only and not on instances. */
 	static void SetBlueprintOnlyEditableFlag(UBlueprint* Blueprint, const FName& VarName, const bool bNewBlueprintOnly);
@@ -246,11 +235,8 @@ public:
 	// Kinds.
 	static bool IsActorBased(const UBlueprint* Blueprint);
 	static bool IsComponentBased(const UBlueprint* Blueprint);
-	static bool IsInterfaceBlueprint(const UBlueprint* Blueprint);
-	static bool IsLevelScriptBlueprint(const UBlueprint* Blueprint);
 	static bool DoesSupportEventGraphs(const UBlueprint* Blueprint);
 	static bool DoesSupportComponents(UBlueprint const* Blueprint);
-	static bool DoesSupportOverridingFunctions(const UBlueprint* Blueprint) { return !IsInterfaceBlueprint(Blueprint); }
 
 private:
 	static void MoveDispatcherSignature(UBlueprint& Blueprint, FName OldName, FName NewName);

@@ -27,20 +27,14 @@ public:
 	static void CompileBlueprint(UBlueprint* BlueprintObj,
 		EBlueprintCompileOptions CompileFlags = EBlueprintCompileOptions::None,
 		FCompilerResultsLog* pResults = nullptr);
-	/** Rebuilds the skeleton class alone. */
-	static bool GenerateBlueprintSkeleton(UBlueprint* BlueprintObj, bool bForceRegeneration = false);
 	/** There is no window here: notes the object as the last one shown, which a host may ask for. */
 	static void BringKismetToFocusAttentionOnObject(const UObject* ObjectToFocus, bool bRequestRename = false);
 	static UK2Node_Event* AddDefaultEventNode(
 		UBlueprint* InBlueprint, UEdGraph* InGraph, FName InEventName, UClass* InEventClass, int32& InOutNodePosY);
 	static bool IsClassABlueprintInterface(const UClass* Class);
 	static bool CanBlueprintImplementInterface(const UBlueprint* Blueprint, const UClass* Class);
-	static bool IsReferencedByUndoBuffer(UBlueprint* Blueprint) { return false; }
 	static const UK2Node_Event* FindBoundEventForComponent(
 		const UBlueprint* Blueprint, FName EventName, FName PropertyName);
-	/** An event of the component in the main event graph, at a good place. */
-	static void CreateNewBoundEventForComponent(
-		UObject* Component, FName EventName, UBlueprint* Blueprint, class FObjectProperty* ComponentProperty);
 	static void CreateNewBoundEventForClass(
 		UClass* Class, FName EventName, UBlueprint* Blueprint, class FObjectProperty* ComponentProperty);
 };
