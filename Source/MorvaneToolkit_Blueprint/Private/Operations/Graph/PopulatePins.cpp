@@ -226,7 +226,8 @@ bool FPopulatePins::Grow(UEdGraphNode& Node, const FString& PinName)
 	{
 		const TArray<FName> Before = PopulatePins::NamesOf(Node);
 		Growing->AddInputPin();
-		const FName* const Name = PopulatePins::NamesOf(Node).FindByPredicate(
+		const TArray<FName> After = PopulatePins::NamesOf(Node);
+		const FName* const Name = After.FindByPredicate(
 			[&Before](const FName& Candidate) { return !Before.Contains(Candidate); });
 		if (!Name)
 		{
