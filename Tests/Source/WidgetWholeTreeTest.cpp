@@ -20,7 +20,8 @@ struct FKind
 };
 
 constexpr FKind Panels[] = {
-	{"CanvasPanel", R"("RenderOpacity":0.5)", R"("LayoutData":{"Anchors":{"Maximum":{"X":1,"Y":1}}},"bAutoSize":true,"ZOrder":2)"},
+	{"CanvasPanel", R"("RenderOpacity":0.5)",
+		R"("LayoutData":{"Anchors":{"Maximum":{"X":1,"Y":1}}},"bAutoSize":true,"ZOrder":2)"},
 	{"HorizontalBox", R"("RenderOpacity":0.5)", R"("Size":{"SizeRule":"Fill","Value":2},"VerticalAlignment":"Center")"},
 	{"VerticalBox", R"("RenderOpacity":0.5)", R"("Padding":{"Left":4},"HorizontalAlignment":"Center")"},
 	{"Overlay", R"("RenderOpacity":0.5)", R"("HorizontalAlignment":"Fill","VerticalAlignment":"Fill")"},

@@ -2,8 +2,8 @@
 
 #include "GraphBuilder.h"
 #include "NodeFactTable.h"
-#include "Session/EditorModules.h"
 #include "NodeIdentity/NodeByIdentity.h"
+#include "Session/EditorModules.h"
 #include "ToolResults.h"
 
 #include <gtest/gtest.h>

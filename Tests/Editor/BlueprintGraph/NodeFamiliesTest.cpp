@@ -5,8 +5,8 @@
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
 #include "NodeFamilyTable.h"
-#include "Session/EditorModules.h"
 #include "NodeIdentity/NodeByIdentity.h"
+#include "Session/EditorModules.h"
 #include "ToolResults.h"
 
 #include <gtest/gtest.h>

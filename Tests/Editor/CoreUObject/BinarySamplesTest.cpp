@@ -9,8 +9,8 @@
 
 #include "BinaryPackage/BinaryPackageText.h"
 
-// The engine's own files, run over where they lie: a folder named by MORVANE_BINARY_SAMPLES, if there is one. They belong to
-// others, so none of them is part of this repository; what a layout needs is tested on files made by hand.
+// The engine's own files, run over where they lie: a folder named by MORVANE_BINARY_SAMPLES, if there is one. They
+// belong to others, so none of them is part of this repository; what a layout needs is tested on files made by hand.
 
 namespace BinarySamplesTest
 {
