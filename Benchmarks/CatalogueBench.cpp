@@ -13,7 +13,7 @@
 
 namespace CatalogueBench
 {
-int32 ReadMembers(const UStruct& Struct)
+static int32 ReadMembers(const UStruct& Struct)
 {
 	int32 Num = 0;
 	for (TFieldIterator<FProperty> It(&Struct, EFieldIteratorFlags::ExcludeSuper); It; ++It)
@@ -28,7 +28,7 @@ int32 ReadMembers(const UStruct& Struct)
 }
 
 // The two below can happen once in a process only, so each is one iteration and they stand in this order.
-void CatalogueMakeAllClasses(benchmark::State& State)
+static void CatalogueMakeAllClasses(benchmark::State& State)
 {
 	EditorModules::StartEditor();
 	for (auto _ : State)
@@ -40,7 +40,7 @@ void CatalogueMakeAllClasses(benchmark::State& State)
 }
 BENCHMARK(CatalogueMakeAllClasses)->Iterations(1)->Unit(benchmark::kMillisecond);
 
-void CatalogueReadAllMembers(benchmark::State& State)
+static void CatalogueReadAllMembers(benchmark::State& State)
 {
 	EditorModules::StartEditor();
 	for (auto _ : State)
@@ -57,7 +57,7 @@ void CatalogueReadAllMembers(benchmark::State& State)
 }
 BENCHMARK(CatalogueReadAllMembers)->Iterations(1)->Unit(benchmark::kMillisecond);
 
-void CatalogueFindByPath(benchmark::State& State)
+static void CatalogueFindByPath(benchmark::State& State)
 {
 	EditorModules::StartEditor();
 	for (auto _ : State)
@@ -68,7 +68,7 @@ void CatalogueFindByPath(benchmark::State& State)
 BENCHMARK(CatalogueFindByPath);
 
 /** A project of N classes with ten members each. */
-void CatalogueLoadProject(benchmark::State& State)
+static void CatalogueLoadProject(benchmark::State& State)
 {
 	EditorModules::StartEditor();
 	const FString Folder = FString((std::filesystem::temp_directory_path() / "catalogue-bench").c_str());

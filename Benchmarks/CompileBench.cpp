@@ -47,19 +47,19 @@ private:
 	TArray<UPackage*> Packages;
 };
 
-FEdGraphPinType IntegerType()
+static FEdGraphPinType IntegerType()
 {
 	return FEdGraphPinType(
 		UEdGraphSchema_K2::PC_Int, NAME_None, nullptr, EPinContainerType::None, false, FEdGraphTerminalType());
 }
 
-UEdGraph* NewGraph(UBlueprint* Blueprint, const FString& Name)
+static UEdGraph* NewGraph(UBlueprint* Blueprint, const FString& Name)
 {
 	return FBlueprintEditorUtils::CreateNewGraph(
 		Blueprint, FName(*Name), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
 }
 
-UEdGraph* AddFunction(UBlueprint* Blueprint, const FString& Name)
+static UEdGraph* AddFunction(UBlueprint* Blueprint, const FString& Name)
 {
 	UEdGraph* const Graph = NewGraph(Blueprint, Name);
 	FBlueprintEditorUtils::AddFunctionGraph<UClass>(Blueprint, Graph, true, nullptr);
@@ -67,7 +67,7 @@ UEdGraph* AddFunction(UBlueprint* Blueprint, const FString& Name)
 	return Graph;
 }
 
-void Measure(benchmark::State& State, UBlueprint* Blueprint)
+static void Measure(benchmark::State& State, UBlueprint* Blueprint)
 {
 	for (auto _ : State)
 	{
@@ -78,7 +78,7 @@ void Measure(benchmark::State& State, UBlueprint* Blueprint)
 	State.SetComplexityN(State.range(0));
 }
 
-void CompileVariables(benchmark::State& State)
+static void CompileVariables(benchmark::State& State)
 {
 	FWorkshop Workshop;
 	UBlueprint* const Blueprint = Workshop.MakeActor();
@@ -94,7 +94,7 @@ void CompileVariables(benchmark::State& State)
 	Measure(State, Blueprint);
 }
 
-void CompileFunctions(benchmark::State& State)
+static void CompileFunctions(benchmark::State& State)
 {
 	FWorkshop Workshop;
 	UBlueprint* const Blueprint = Workshop.MakeActor();
@@ -105,7 +105,7 @@ void CompileFunctions(benchmark::State& State)
 	Measure(State, Blueprint);
 }
 
-void CompileInterfaces(benchmark::State& State)
+static void CompileInterfaces(benchmark::State& State)
 {
 	FWorkshop Workshop;
 	UBlueprint* const Blueprint = Workshop.MakeActor();
@@ -125,7 +125,7 @@ void CompileInterfaces(benchmark::State& State)
 }
 
 /** Each macro uses the two before it. */
-void CompileMacros(benchmark::State& State)
+static void CompileMacros(benchmark::State& State)
 {
 	FWorkshop Workshop;
 	UBlueprint* const Blueprint = Workshop.MakeActor();
@@ -144,7 +144,7 @@ void CompileMacros(benchmark::State& State)
 }
 
 /** The parent of many. */
-void CompileParent(benchmark::State& State)
+static void CompileParent(benchmark::State& State)
 {
 	FWorkshop Workshop;
 	UBlueprint* const Blueprint = Workshop.MakeActor();

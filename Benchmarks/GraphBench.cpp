@@ -81,7 +81,7 @@ public:
 	UEdGraph* Graph = nullptr;
 };
 
-void CreateNodes(benchmark::State& State)
+static void CreateNodes(benchmark::State& State)
 {
 	for (auto _ : State)
 	{
@@ -97,7 +97,7 @@ void CreateNodes(benchmark::State& State)
 	State.SetComplexityN(State.range(0));
 }
 
-void ConnectNodes(benchmark::State& State)
+static void ConnectNodes(benchmark::State& State)
 {
 	for (auto _ : State)
 	{
@@ -114,7 +114,7 @@ void ConnectNodes(benchmark::State& State)
 	State.SetComplexityN(State.range(0));
 }
 
-void CompileGraph(benchmark::State& State)
+static void CompileGraph(benchmark::State& State)
 {
 	const FBlueprint Blueprint;
 	FBlueprint::Connect(Blueprint.MakeNodes(State.range(0)));
@@ -127,7 +127,7 @@ void CompileGraph(benchmark::State& State)
 	State.SetComplexityN(State.range(0));
 }
 
-void CopyNodes(benchmark::State& State)
+static void CopyNodes(benchmark::State& State)
 {
 	const FBlueprint Blueprint;
 	const TArray<UEdGraphNode*> Nodes = Blueprint.MakeNodes(State.range(0));
@@ -146,7 +146,7 @@ void CopyNodes(benchmark::State& State)
 	State.SetComplexityN(State.range(0));
 }
 
-void PasteNodes(benchmark::State& State)
+static void PasteNodes(benchmark::State& State)
 {
 	FString Text;
 	{

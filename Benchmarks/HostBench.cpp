@@ -91,7 +91,7 @@ constexpr const char* Ping = "{\"jsonrpc\":\"2.0\",\"id\":1,\"method\":\"ping\"}
 constexpr const char* EmptyCall =
 	"{\"jsonrpc\":\"2.0\",\"id\":1,\"method\":\"tools/call\",\"params\":{\"name\":\"bp_create_asset\",\"arguments\":{}}}\n";
 
-std::string MakeProject()
+static std::string MakeProject()
 {
 	std::string Pattern = (std::filesystem::temp_directory_path() / "host-bench-XXXXXX").string();
 	return mkdtemp(Pattern.data()) ? Pattern : std::string();

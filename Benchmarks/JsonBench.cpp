@@ -9,7 +9,7 @@
 namespace JsonBench
 {
 /** A graph of so many nodes as a read returns it. */
-std::string MakeDocument(const int64_t NumNodes)
+static std::string MakeDocument(const int64_t NumNodes)
 {
 	std::string Text = R"({"nodes":[)";
 	for (int64_t Index = 0; Index < NumNodes; ++Index)
@@ -22,7 +22,7 @@ std::string MakeDocument(const int64_t NumNodes)
 	return Text + "]}";
 }
 
-TSharedPtr<FJsonObject> Read(const std::string& Text)
+static TSharedPtr<FJsonObject> Read(const std::string& Text)
 {
 	TSharedPtr<FJsonObject> Object;
 	FString Error;
@@ -30,7 +30,7 @@ TSharedPtr<FJsonObject> Read(const std::string& Text)
 	return Object;
 }
 
-void Report(benchmark::State& State, const std::string& Text)
+static void Report(benchmark::State& State, const std::string& Text)
 {
 	State.SetBytesProcessed(static_cast<int64_t>(State.iterations()) * static_cast<int64_t>(Text.size()));
 	State.SetComplexityN(State.range(0));

@@ -47,7 +47,7 @@ private:
 	TArray<FString> Titles;
 };
 
-void MatchOneRequest(benchmark::State& State)
+static void MatchOneRequest(benchmark::State& State)
 {
 	FKeywordIndex Index;
 	FMenu(State.range(0)).AddTo(Index);
@@ -64,7 +64,7 @@ void MatchOneRequest(benchmark::State& State)
 }
 BENCHMARK(MatchOneRequest)->RangeMultiplier(10)->Range(1000, 100000)->Unit(benchmark::kMicrosecond);
 
-void TakeMenuInAgain(benchmark::State& State)
+static void TakeMenuInAgain(benchmark::State& State)
 {
 	FKeywordIndex Index;
 	const FMenu Menu(State.range(0));

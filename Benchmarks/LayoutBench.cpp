@@ -12,7 +12,7 @@
 
 namespace LayoutBench
 {
-UEdGraphNode* AddNode(UEdGraph& Graph, UClass* Class, int32 X, int32 Y)
+static UEdGraphNode* AddNode(UEdGraph& Graph, UClass* Class, int32 X, int32 Y)
 {
 	UEdGraphNode* const Node = NewObject<UEdGraphNode>(&Graph, Class);
 	Graph.AddNode(Node, false, false);
@@ -21,7 +21,7 @@ UEdGraphNode* AddNode(UEdGraph& Graph, UClass* Class, int32 X, int32 Y)
 	return Node;
 }
 
-UEdGraph* MakeGraph()
+static UEdGraph* MakeGraph()
 {
 	EditorModules::StartEditor();
 	UEdGraph* const Graph = NewObject<UEdGraph>(GetTransientPackage());
@@ -30,7 +30,7 @@ UEdGraph* MakeGraph()
 }
 
 /** Every fourth node is pure and feeds the one before it, every tenth branches. */
-TArray<UEdGraphNode*> AddChain(UEdGraph& Graph, int32 Count)
+static TArray<UEdGraphNode*> AddChain(UEdGraph& Graph, int32 Count)
 {
 	TArray<UEdGraphNode*> Nodes;
 	UEdGraphPin* Open = nullptr;
@@ -58,7 +58,7 @@ TArray<UEdGraphNode*> AddChain(UEdGraph& Graph, int32 Count)
 	return Nodes;
 }
 
-void AddSurroundings(UEdGraph& Graph, int32 Count)
+static void AddSurroundings(UEdGraph& Graph, int32 Count)
 {
 	for (int32 Index = 0; Index < Count; ++Index)
 	{
@@ -71,7 +71,7 @@ void AddSurroundings(UEdGraph& Graph, int32 Count)
 	}
 }
 
-void Run(benchmark::State& State, bool bAmongFixedNodes)
+static void Run(benchmark::State& State, bool bAmongFixedNodes)
 {
 	UEdGraph* const Graph = MakeGraph();
 	const int32 Count = static_cast<int32>(State.range(0));

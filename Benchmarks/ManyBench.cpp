@@ -15,7 +15,7 @@
 
 namespace ManyBench
 {
-void Call(benchmark::State& State, const TCHAR* Tool, const std::string& Arguments)
+static void Call(benchmark::State& State, const TCHAR* Tool, const std::string& Arguments)
 {
 	const Morvane::FToolCommand Command(TEXT("bench"), Tool, FromUtf8(Arguments));
 	const auto Result = MakeShared<Morvane::FToolResult>(Command);
@@ -62,7 +62,7 @@ private:
 	FTemporaryFolder Folder;
 };
 
-std::string Entries(int64 Count, const std::string& Before, const std::string& After)
+static std::string Entries(int64 Count, const std::string& Before, const std::string& After)
 {
 	std::string List;
 	for (int64 Index = 0; Index < Count; ++Index)
@@ -72,7 +72,7 @@ std::string Entries(int64 Count, const std::string& Before, const std::string& A
 	return List;
 }
 
-void Create(benchmark::State& State, const TCHAR* Tool, const std::string& Members)
+static void Create(benchmark::State& State, const TCHAR* Tool, const std::string& Members)
 {
 	const FProjectFolder Project;
 	int32 Number = 0;
@@ -84,18 +84,18 @@ void Create(benchmark::State& State, const TCHAR* Tool, const std::string& Membe
 	State.SetItemsProcessed(State.iterations() * State.range(0));
 }
 
-void ManyFunctions(benchmark::State& State)
+static void ManyFunctions(benchmark::State& State)
 {
 	Create(State, TEXT("bp_create_graph"), R"("functions":[)" + Entries(State.range(0), R"({"name":"F)", "\"}") + "]");
 }
 
-void ManyDispatchers(benchmark::State& State)
+static void ManyDispatchers(benchmark::State& State)
 {
 	Create(State, TEXT("bp_create_graph"),
 		R"("functions":[)" + Entries(State.range(0), R"({"is_delegate":true,"name":"D)", "\"}") + "]");
 }
 
-void ManyCustomEvents(benchmark::State& State)
+static void ManyCustomEvents(benchmark::State& State)
 {
 	Create(State, TEXT("bp_populate_graph"),
 		R"("graph_name":"EventGraph","nodes":[)"
@@ -103,7 +103,7 @@ void ManyCustomEvents(benchmark::State& State)
 			+ "]");
 }
 
-void ManyVariables(benchmark::State& State)
+static void ManyVariables(benchmark::State& State)
 {
 	const FProjectFolder Project;
 	FEdGraphPinType Type;
@@ -125,7 +125,7 @@ void ManyVariables(benchmark::State& State)
 	}
 }
 
-void ReadBesideOthers(benchmark::State& State)
+static void ReadBesideOthers(benchmark::State& State)
 {
 	const FProjectFolder Project;
 	for (int64 Index = 0; Index < State.range(0); ++Index)

@@ -14,7 +14,7 @@
 
 namespace MatchBench
 {
-UEdGraph& GetGraph()
+static UEdGraph& GetGraph()
 {
 	static UEdGraph* const Graph = []
 	{
@@ -27,13 +27,13 @@ UEdGraph& GetGraph()
 	return *Graph;
 }
 
-TSharedPtr<FSharedActionMenu> BuildMenu()
+static TSharedPtr<FSharedActionMenu> BuildMenu()
 {
 	Morvane::FToolResult Result(Morvane::FToolCommand(TEXT("bench"), TEXT("bench"), TEXT("{}")));
 	return FBlueprintCamMatching::BuildSharedCAM(GetGraph(), Result);
 }
 
-FBPNodeModification MakeRequest(const TCHAR* Title)
+static FBPNodeModification MakeRequest(const TCHAR* Title)
 {
 	FBPNodeModification Record;
 	Record.MenuTitle = Title;

@@ -8,7 +8,7 @@
 
 namespace MenuBench
 {
-UEdGraph* MakeGraph()
+static UEdGraph* MakeGraph()
 {
 	EditorModules::StartTools();
 	EditorModules::StartEditor();
@@ -17,7 +17,7 @@ UEdGraph* MakeGraph()
 	return Graph;
 }
 
-int32 BuildMenu(UEdGraph* Graph)
+static int32 BuildMenu(UEdGraph* Graph)
 {
 	FBlueprintActionContext Context;
 	Context.Graphs.Add(Graph);
@@ -28,7 +28,7 @@ int32 BuildMenu(UEdGraph* Graph)
 
 // All actions are made anew each time. The first menu of a process also reads the catalogue's members, which only the
 // first of these pays for and only when no benchmark before it has.
-void MenuCold(benchmark::State& State)
+static void MenuCold(benchmark::State& State)
 {
 	UEdGraph* const Graph = MakeGraph();
 	for (auto _ : State)
@@ -42,7 +42,7 @@ void MenuCold(benchmark::State& State)
 }
 BENCHMARK(MenuCold)->Iterations(5)->Unit(benchmark::kMillisecond);
 
-void MenuWarm(benchmark::State& State)
+static void MenuWarm(benchmark::State& State)
 {
 	UEdGraph* const Graph = MakeGraph();
 	BuildMenu(Graph);
@@ -55,7 +55,7 @@ void MenuWarm(benchmark::State& State)
 BENCHMARK(MenuWarm)->Unit(benchmark::kMillisecond);
 
 /** What an author sees who drags a link off a pin: each action is asked for a pin that fits. */
-void MenuForPin(benchmark::State& State)
+static void MenuForPin(benchmark::State& State)
 {
 	UEdGraph* const Graph = MakeGraph();
 	UBlueprint* const Blueprint = NewObject<UBlueprint>(GetTransientPackageAsObject());
@@ -80,7 +80,7 @@ void MenuForPin(benchmark::State& State)
 BENCHMARK(MenuForPin)->Unit(benchmark::kMillisecond);
 
 /** Every action of a sample placed and thrown away: what a populate run pays for a node. */
-void MenuSpawn(benchmark::State& State)
+static void MenuSpawn(benchmark::State& State)
 {
 	UEdGraph* Graph = MakeGraph();
 	FBlueprintActionContext Context;

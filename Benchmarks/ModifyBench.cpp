@@ -21,7 +21,7 @@
 
 namespace ModifyBench
 {
-bool Run(const char* Tool, const std::string& Arguments)
+static bool Run(const char* Tool, const std::string& Arguments)
 {
 	const Morvane::FToolCommand Command(TEXT("bench"), UTF8_TO_TCHAR(Tool), UTF8_TO_TCHAR(Arguments.c_str()));
 	const TSharedPtr<Morvane::FToolResult> Result = MakeShared<Morvane::FToolResult>(Command);
@@ -94,7 +94,7 @@ private:
 };
 
 /** A value of each node. */
-void EditNodes(benchmark::State& State)
+static void EditNodes(benchmark::State& State)
 {
 	const FChain Chain(State.range(0));
 	std::string Entries;
@@ -115,7 +115,7 @@ void EditNodes(benchmark::State& State)
 	State.SetComplexityN(State.range(0));
 }
 
-void RemoveLinks(benchmark::State& State)
+static void RemoveLinks(benchmark::State& State)
 {
 	const FChain Chain(State.range(0));
 	std::string Entries;

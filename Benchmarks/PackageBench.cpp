@@ -17,7 +17,7 @@ namespace PackageBench
 const TCHAR* const PackagePath = TEXT("/Bench/Thing");
 
 /** A pin line as long as the usual one of a node. */
-FString PinLine(int32 Node, int32 Pin)
+static FString PinLine(int32 Node, int32 Pin)
 {
 	return FString::Printf(
 		TEXT("Pin (PinId=%08X%08X0000000000000000,PinName=\"InString_%d\",PinToolTip=\"In String\\nString\\n\\nThe "
@@ -71,7 +71,7 @@ public:
 	FTemporaryFolder Folder;
 };
 
-void Save(benchmark::State& State)
+static void Save(benchmark::State& State)
 {
 	const FContent Content;
 	UTestAsset* const Asset = Content.MakeAsset(static_cast<int32>(State.range(0)), static_cast<int32>(State.range(1)));
@@ -82,7 +82,7 @@ void Save(benchmark::State& State)
 	State.SetBytesProcessed(State.iterations() * Content.FileSize());
 }
 
-void Load(benchmark::State& State)
+static void Load(benchmark::State& State)
 {
 	const FContent Content;
 	TestAssets::Save(Content.MakeAsset(static_cast<int32>(State.range(0)), static_cast<int32>(State.range(1))));
@@ -96,7 +96,7 @@ void Load(benchmark::State& State)
 	State.SetBytesProcessed(State.iterations() * Content.FileSize());
 }
 
-void Parse(benchmark::State& State)
+static void Parse(benchmark::State& State)
 {
 	const FContent Content;
 	std::string Text;
@@ -113,7 +113,7 @@ void Parse(benchmark::State& State)
 }
 
 /** The first question to the registry in a project of that many assets. */
-void ScanRegistry(benchmark::State& State)
+static void ScanRegistry(benchmark::State& State)
 {
 	const FContent Content;
 	TestAssets::Save(Content.MakeAsset(20, 6));

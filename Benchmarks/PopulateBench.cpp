@@ -47,7 +47,7 @@ private:
 	std::string Root;
 };
 
-FString MakeCall(const std::string& Path, int64_t Count, bool bLoose, bool bFails)
+static FString MakeCall(const std::string& Path, int64_t Count, bool bLoose, bool bFails)
 {
 	std::string Nodes;
 	std::string Links;
@@ -70,7 +70,7 @@ FString MakeCall(const std::string& Path, int64_t Count, bool bLoose, bool bFail
 	return FString(UTF8_TO_TCHAR(Text.c_str()));
 }
 
-void Run(benchmark::State& State, bool bLoose, bool bSaves)
+static void Run(benchmark::State& State, bool bLoose, bool bSaves)
 {
 	const FBenchProject Project;
 	const FString Arguments = MakeCall("/Game/BP_Bench", State.range(0), bLoose, !bSaves);

@@ -17,7 +17,7 @@
 /** Reads by number of nodes: one event with a chain of prints behind it. Bytes per second count the JSON. */
 namespace ReadBench
 {
-UBlueprint* MakeBlueprint(int32 NumNodes)
+static UBlueprint* MakeBlueprint(int32 NumNodes)
 {
 	EditorModules::StartTools();
 	EditorModules::StartEditor();
@@ -45,7 +45,7 @@ UBlueprint* MakeBlueprint(int32 NumNodes)
 	return Blueprint;
 }
 
-TSharedPtr<FJsonObject> MakeCommand(const TCHAR* Tool)
+static TSharedPtr<FJsonObject> MakeCommand(const TCHAR* Tool)
 {
 	const TSharedPtr<FJsonObject> Command = MakeShared<FJsonObject>();
 	Command->SetStringField(TEXT("read_tool"), Tool);
@@ -55,7 +55,7 @@ TSharedPtr<FJsonObject> MakeCommand(const TCHAR* Tool)
 	return Command;
 }
 
-void Measure(benchmark::State& State, TFunctionRef<TSharedPtr<FJsonObject>(const UEdGraph*)> Read)
+static void Measure(benchmark::State& State, TFunctionRef<TSharedPtr<FJsonObject>(const UEdGraph*)> Read)
 {
 	UBlueprint* const Blueprint = MakeBlueprint(static_cast<int32>(State.range(0)));
 	const UEdGraph* const Graph = FBlueprintEditorUtils::FindEventGraph(Blueprint);
@@ -72,13 +72,13 @@ void Measure(benchmark::State& State, TFunctionRef<TSharedPtr<FJsonObject>(const
 	CollectGarbage();
 }
 
-void Graph(benchmark::State& State)
+static void Graph(benchmark::State& State)
 {
 	const TSharedPtr<FJsonObject> Command = MakeCommand(TEXT("read_blueprint_function"));
 	Measure(State, [&Command](const UEdGraph* Read) { return FBlueprintReadUtils::ReadEdGraph(Read, Command); });
 }
 
-void EventFlows(benchmark::State& State)
+static void EventFlows(benchmark::State& State)
 {
 	const TSharedPtr<FJsonObject> Command = MakeCommand(TEXT("read_blueprint_event"));
 	Measure(State,
@@ -87,7 +87,7 @@ void EventFlows(benchmark::State& State)
 }
 
 /** From the command to the text, as a tool runs it: load, all pages, serialise. */
-void Blueprint(benchmark::State& State)
+static void Blueprint(benchmark::State& State)
 {
 	UBlueprint* const Made = MakeBlueprint(static_cast<int32>(State.range(0)));
 	FAssetRegistryModule::AssetCreated(Made);

@@ -19,7 +19,7 @@ namespace StructureBench
 constexpr const char* MakeAsset =
 	R"({"path":"/Game/BP_Bench","blueprint_parent_class":{"type":"native","parent_path":"/Script/Engine.Actor"}})";
 
-std::string MakeVariables(int64_t Count)
+static std::string MakeVariables(int64_t Count)
 {
 	std::string Entries;
 	for (int64_t Index = 0; Index < Count; ++Index)
@@ -31,7 +31,7 @@ std::string MakeVariables(int64_t Count)
 	return R"({"path":"/Game/BP_Bench","variables":{)" + Entries + "}}";
 }
 
-std::string MakeComponents(int64_t Count)
+static std::string MakeComponents(int64_t Count)
 {
 	std::string Entries;
 	for (int64_t Index = 0; Index < Count; ++Index)
@@ -44,7 +44,7 @@ std::string MakeComponents(int64_t Count)
 	return R"({"path":"/Game/BP_Bench","components":[)" + Entries + "]}";
 }
 
-bool Call(const TCHAR* Tool, const std::string& Arguments)
+static bool Call(const TCHAR* Tool, const std::string& Arguments)
 {
 	const Morvane::FToolCommand Command(TEXT("bench"), Tool, FString(UTF8_TO_TCHAR(Arguments.c_str())));
 	const TSharedPtr<Morvane::FToolResult> Result = MakeShared<Morvane::FToolResult>(Command);
@@ -53,7 +53,7 @@ bool Call(const TCHAR* Tool, const std::string& Arguments)
 	return Result->WasSuccessful() && Result->GetWarningMessages().IsEmpty();
 }
 
-void Run(benchmark::State& State, const std::string& Arguments)
+static void Run(benchmark::State& State, const std::string& Arguments)
 {
 	EditorModules::StartEditor();
 	EditorModules::StartTools();

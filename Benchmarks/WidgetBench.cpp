@@ -16,7 +16,7 @@
 
 namespace WidgetBench
 {
-bool Call(const TCHAR* Tool, const std::string& Arguments)
+static bool Call(const TCHAR* Tool, const std::string& Arguments)
 {
 	const Morvane::FToolCommand Command(TEXT("bench"), Tool, FString(UTF8_TO_TCHAR(Arguments.c_str())));
 	const TSharedPtr<Morvane::FToolResult> Result = MakeShared<Morvane::FToolResult>(Command);
@@ -25,7 +25,7 @@ bool Call(const TCHAR* Tool, const std::string& Arguments)
 	return Result->WasSuccessful();
 }
 
-std::string MakeWidget(int64_t Index)
+static std::string MakeWidget(int64_t Index)
 {
 	const std::string Number = std::to_string(Index);
 	if (Index % 20 == 0)
@@ -40,7 +40,7 @@ std::string MakeWidget(int64_t Index)
 			+ R"(,"properties":{"Text":"Line","Font":{"Size":18},"ColorAndOpacity":{"R":1,"G":1,"B":1}}})";
 }
 
-std::string MakeTree(int64_t Count)
+static std::string MakeTree(int64_t Count)
 {
 	std::string Widgets;
 	for (int64_t Index = 0; Index < Count; ++Index)

@@ -20,7 +20,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   add_cxx_options(-Wno-restrict -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-maybe-uninitialized)
 else()
   # UE_LOG and friends may be called without arguments after the format: C++20 allows it, this clang still objects.
-  add_cxx_options(-Wno-gnu-zero-variadic-macro-arguments)
+  add_cxx_options(-Wno-gnu-zero-variadic-macro-arguments -Wmissing-prototypes)
 endif()
 
 find_program(MORVANE_MOLD mold)

@@ -5,7 +5,7 @@
 
 namespace CallCommandPrivate
 {
-bool IsListed(IToolHost& Tools, const std::string& Name)
+static bool IsListed(IToolHost& Tools, const std::string& Name)
 {
 	const std::vector<FToolListing> Listed = Tools.ListTools();
 	return std::any_of(Listed.begin(), Listed.end(), [&Name](const FToolListing& Tool) { return Tool.Name == Name; });

@@ -9,12 +9,12 @@
 
 namespace ClipboardCommandsPrivate
 {
-Morvane::FToolResult MakeResult(const TCHAR* Name)
+static Morvane::FToolResult MakeResult(const TCHAR* Name)
 {
 	return Morvane::FToolResult(Morvane::FToolCommand(TEXT("1"), Name, FString()));
 }
 
-bool Open(FEditorSession& Session, Morvane::FToolResult& Result)
+static bool Open(FEditorSession& Session, Morvane::FToolResult& Result)
 {
 	FString Error;
 	const bool bOpen = Session.OpenProject(Error);

@@ -19,7 +19,7 @@ struct FEntry
 };
 
 /** The folder itself need not exist, since a project begins with its first asset; the one it stands in must. */
-std::string CheckProjectDir(const std::string& Directory)
+static std::string CheckProjectDir(const std::string& Directory)
 {
 	namespace fs = std::filesystem;
 	std::error_code Ignored;
@@ -32,7 +32,7 @@ std::string CheckProjectDir(const std::string& Directory)
 	return fs::is_directory(Folder.parent_path(), Ignored) ? "" : "The project folder " + Directory + " does not exist";
 }
 
-void AddSharedOptions(CLI::App& App, FHostOptions& Options)
+static void AddSharedOptions(CLI::App& App, FHostOptions& Options)
 {
 	App.add_option("--project", Options.ProjectDir, "Project folder, the current one by default")
 		->type_name("DIR")
@@ -42,7 +42,7 @@ void AddSharedOptions(CLI::App& App, FHostOptions& Options)
 }
 
 /** A result that did not reach its reader is no success, whatever the tool did. */
-EExitStatus AfterOutput(const EExitStatus Status, const FResultOutput& Output)
+static EExitStatus AfterOutput(const EExitStatus Status, const FResultOutput& Output)
 {
 	if (Output.GetError() == 0)
 	{
@@ -54,7 +54,7 @@ EExitStatus AfterOutput(const EExitStatus Status, const FResultOutput& Output)
 
 /** Help and version are no faults. They are not results either, but a person who asks for them reads standard output.
  */
-int ExplainParse(CLI::App& App, const CLI::ParseError& Error, const FResultOutput& Output)
+static int ExplainParse(CLI::App& App, const CLI::ParseError& Error, const FResultOutput& Output)
 {
 	if (Error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
 	{
@@ -71,7 +71,7 @@ int ExplainParse(CLI::App& App, const CLI::ParseError& Error, const FResultOutpu
 	return static_cast<int>(EExitStatus::Misused);
 }
 
-EExitStatus RunChosen(const std::vector<FEntry>& Entries, const FCommandContext& Context)
+static EExitStatus RunChosen(const std::vector<FEntry>& Entries, const FCommandContext& Context)
 {
 	const auto Chosen = std::find_if(
 		Entries.begin(), Entries.end(), [](const FEntry& Entry) { return Entry.App->parsed(); });

@@ -30,7 +30,7 @@ public:
 	std::string Path;
 };
 
-TSharedPtr<FJsonValue> Parse(const std::string& Json)
+static TSharedPtr<FJsonValue> Parse(const std::string& Json)
 {
 	TSharedPtr<FJsonValue> Value;
 	FString Ignored;
@@ -38,7 +38,7 @@ TSharedPtr<FJsonValue> Parse(const std::string& Json)
 	return Value;
 }
 
-std::string Pretty(const FJsonValue& Value)
+static std::string Pretty(const FJsonValue& Value)
 {
 	std::string Text;
 	JsonUtf8::WriteValue(Value, Text, true);
@@ -46,7 +46,7 @@ std::string Pretty(const FJsonValue& Value)
 }
 
 /** At most so many lines, each moved to the right. */
-std::string Excerpt(const std::string& Text)
+static std::string Excerpt(const std::string& Text)
 {
 	std::string Shown;
 	size_t NumLines = 0;
@@ -66,7 +66,7 @@ std::string Excerpt(const std::string& Text)
 	return Shown;
 }
 
-std::string Sentences(const FJsonObject& Result, const TCHAR* Name, const std::string& Mark)
+static std::string Sentences(const FJsonObject& Result, const TCHAR* Name, const std::string& Mark)
 {
 	std::string Text;
 	for (const TSharedPtr<FJsonValue>& Message : Result.GetArrayField(Name))
@@ -155,7 +155,7 @@ private:
 };
 
 /** Tools set some values as JSON text; a person would rather see what it says. */
-std::string DescribeData(const FJsonObject& Data)
+static std::string DescribeData(const FJsonObject& Data)
 {
 	std::string Text;
 	for (const auto& Pair : Data.Values)
@@ -166,7 +166,7 @@ std::string DescribeData(const FJsonObject& Data)
 	return Text;
 }
 
-std::string DescribeResult(const FToolOutcome& Outcome)
+static std::string DescribeResult(const FToolOutcome& Outcome)
 {
 	const TSharedPtr<FJsonValue> Value = Parse(Outcome.ResultJson);
 	const TSharedPtr<FJsonObject> Result = Value ? Value->AsObject() : nullptr;
@@ -185,7 +185,7 @@ std::string DescribeResult(const FToolOutcome& Outcome)
 	return Text;
 }
 
-std::string ListFiles(const std::string& Folder)
+static std::string ListFiles(const std::string& Folder)
 {
 	std::vector<std::string> Lines;
 	std::error_code Ignored;

@@ -8,7 +8,7 @@
 
 namespace MenuCommandPrivate
 {
-FString NodeClassOf(const FEdGraphSchemaAction& Action)
+static FString NodeClassOf(const FEdGraphSchemaAction& Action)
 {
 	if (Action.GetTypeId() == FBlueprintActionMenuItem::StaticGetTypeId())
 	{
@@ -25,7 +25,7 @@ FString NodeClassOf(const FEdGraphSchemaAction& Action)
 }
 
 /** The database's actions, then what the schema adds. */
-void FillMenu(FBlueprintActionMenuBuilder& Menu)
+static void FillMenu(FBlueprintActionMenuBuilder& Menu)
 {
 	FBlueprintActionMenuUtils::MakeContextMenu(
 		FBlueprintActionContext(), false, EContextTargetFlags::ContextTargetFlagMask, Menu);
@@ -50,7 +50,7 @@ struct FQuery
 	}
 };
 
-std::string JsonLine(const FEdGraphSchemaAction& Action, const FString& NodeClass)
+static std::string JsonLine(const FEdGraphSchemaAction& Action, const FString& NodeClass)
 {
 	const auto Field = [](const char* Name, const FString& Value)
 	{ return JsonText::Quote(Name) + ":" + JsonText::Quote(ToUtf8(Value)); };
@@ -60,7 +60,7 @@ std::string JsonLine(const FEdGraphSchemaAction& Action, const FString& NodeClas
 		+ Field("tooltip", Action.GetTooltipDescription().ToString()) + "}";
 }
 
-std::string PlainLine(const FEdGraphSchemaAction& Action, const FString& NodeClass)
+static std::string PlainLine(const FEdGraphSchemaAction& Action, const FString& NodeClass)
 {
 	return ToUtf8(Action.GetMenuDescription().ToString()) + "\t" + ToUtf8(Action.GetCategory().ToString()) + "\t"
 		+ ToUtf8(NodeClass);

@@ -8,7 +8,7 @@
 namespace NodeCommandPrivate
 {
 /** One identity to one line of JSON. */
-std::string DescribeLine(FNodeByIdentity& Nodes, const std::string& Line, bool& bOutFailed)
+static std::string DescribeLine(FNodeByIdentity& Nodes, const std::string& Line, bool& bOutFailed)
 {
 	TSharedPtr<FJsonObject> Identity;
 	FString Error;

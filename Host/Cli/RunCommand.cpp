@@ -8,12 +8,12 @@
 
 namespace RunCommandPrivate
 {
-FToolOutcome Fail(const std::string& Reason)
+static FToolOutcome Fail(const std::string& Reason)
 {
 	return {ResultObject::Failure(Reason), false};
 }
 
-FToolOutcome RunLine(IToolHost& Tools, const std::string_view Line)
+static FToolOutcome RunLine(IToolHost& Tools, const std::string_view Line)
 {
 	std::string Error;
 	if (!JsonUtf8::Check(Line, Error))

@@ -5,7 +5,7 @@
 
 namespace PinRecords
 {
-const TCHAR* ContainerName(EPinContainerType Type)
+static const TCHAR* ContainerName(EPinContainerType Type)
 {
 	switch (Type)
 	{
@@ -21,12 +21,12 @@ const TCHAR* ContainerName(EPinContainerType Type)
 	return TEXT("None");
 }
 
-FString NameOrNothing(FName Name)
+static FString NameOrNothing(FName Name)
 {
 	return Name.IsNone() ? FString() : Name.ToString();
 }
 
-void SetIf(FJsonObject& Out, const TCHAR* Field, bool bValue)
+static void SetIf(FJsonObject& Out, const TCHAR* Field, bool bValue)
 {
 	if (bValue)
 	{
@@ -34,7 +34,7 @@ void SetIf(FJsonObject& Out, const TCHAR* Field, bool bValue)
 	}
 }
 
-void SetIf(FJsonObject& Out, const TCHAR* Field, const FString& Value)
+static void SetIf(FJsonObject& Out, const TCHAR* Field, const FString& Value)
 {
 	if (!Value.IsEmpty())
 	{
@@ -42,7 +42,7 @@ void SetIf(FJsonObject& Out, const TCHAR* Field, const FString& Value)
 	}
 }
 
-void DescribeType(const FEdGraphPinType& Type, FJsonObject& Out)
+static void DescribeType(const FEdGraphPinType& Type, FJsonObject& Out)
 {
 	Out.SetStringField(TEXT("cat"), NameOrNothing(Type.PinCategory));
 	Out.SetStringField(TEXT("sub"), NameOrNothing(Type.PinSubCategory));
@@ -80,7 +80,7 @@ void DescribeType(const FEdGraphPinType& Type, FJsonObject& Out)
 	}
 }
 
-TSharedPtr<FJsonValue> Describe(const UEdGraphPin& Pin)
+static TSharedPtr<FJsonValue> Describe(const UEdGraphPin& Pin)
 {
 	const TSharedRef<FJsonObject> Out = MakeShared<FJsonObject>();
 	Out->SetStringField(TEXT("name"), Pin.PinName.ToString());

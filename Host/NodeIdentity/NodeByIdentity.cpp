@@ -14,7 +14,7 @@
 
 namespace NodeIdentities
 {
-FString Text(const FJsonObject& Identity, const TCHAR* Field)
+static FString Text(const FJsonObject& Identity, const TCHAR* Field)
 {
 	FString Value;
 	Identity.TryGetStringField(Field, Value);
@@ -32,14 +32,14 @@ const TCHAR* const CommonParents[] = {TEXT("/Script/Engine.Actor"), TEXT("/Scrip
 	TEXT("/Script/AIModule.BTService_BlueprintBase"), TEXT("/Script/AIModule.BTDecorator_BlueprintBase"),
 	TEXT("/Script/Engine.SaveGame"), TEXT("/Script/CoreUObject.Object")};
 
-bool HasMember(const UClass& Class, FName Name, bool bFunction)
+static bool HasMember(const UClass& Class, FName Name, bool bFunction)
 {
 	return bFunction ? Class.FindFunctionByName(Name) != nullptr : Class.FindPropertyByName(Name) != nullptr;
 }
 
 /** The class that a member in self context belongs to: a common parent, else any class that declares it; null when
  * nobody does. */
-UClass* FindSelfWithMember(FName Name, bool bFunction)
+static UClass* FindSelfWithMember(FName Name, bool bFunction)
 {
 	for (const TCHAR* const Path : CommonParents)
 	{

@@ -23,18 +23,18 @@ namespace DispatcherPrivate
 /** The tools are fixed for the life of the process, so any client may keep the list for an hour. */
 constexpr std::string_view Cacheable = R"(,"ttlMs":3600000,"cacheScope":"public")";
 
-EEra TellEra(const FJsonFields& Params)
+static EEra TellEra(const FJsonFields& Params)
 {
 	const std::optional<FJsonFields> Meta = Params.FindObject("_meta");
 	return Meta && Meta->Has(MetaKey::ProtocolVersion) ? EEra::Modern : EEra::Legacy;
 }
 
-std::string SubscriptionMeta(const std::string& Id)
+static std::string SubscriptionMeta(const std::string& Id)
 {
 	return "{" + JsonText::Quote(MetaKey::SubscriptionId) + ":" + Id + "}";
 }
 
-std::string CallMembers(const FToolOutcome& Outcome)
+static std::string CallMembers(const FToolOutcome& Outcome)
 {
 	std::string Members;
 	Members.reserve(Outcome.ResultJson.size() * 9 / 4 + 100);

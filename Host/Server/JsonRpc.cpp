@@ -8,7 +8,7 @@
 
 namespace JsonRpcPrivate
 {
-FRpcMessage Malformed(const std::string& Id, const int Code, std::string Text)
+static FRpcMessage Malformed(const std::string& Id, const int Code, std::string Text)
 {
 	FRpcMessage Message;
 	Message.Kind = EMessageKind::Malformed;
@@ -19,7 +19,7 @@ FRpcMessage Malformed(const std::string& Id, const int Code, std::string Text)
 }
 
 /** A string or an integer, brought to one spelling so that a later cancellation finds it; empty for anything else. */
-std::string ReadId(const FJsonFields& Envelope)
+static std::string ReadId(const FJsonFields& Envelope)
 {
 	const std::string* Raw = Envelope.Find("id");
 	if (!Raw)
@@ -39,7 +39,7 @@ std::string ReadId(const FJsonFields& Envelope)
  * must not leave the caller waiting for an answer that carries no id. Bytes that are no text hide the envelope from the
  * parser; the id is found without it then.
  */
-FRpcMessage DescribeBrokenText(const std::string_view Text, const std::string& Reason)
+static FRpcMessage DescribeBrokenText(const std::string_view Text, const std::string& Reason)
 {
 	if (!simdjson::validate_utf8(Text.data(), Text.size()))
 	{
@@ -59,7 +59,7 @@ FRpcMessage DescribeBrokenText(const std::string_view Text, const std::string& R
 	return Malformed({}, RpcError::ParseError, "Parse error: " + Reason);
 }
 
-FRpcMessage ReadEnvelope(const FJsonFields& Envelope)
+static FRpcMessage ReadEnvelope(const FJsonFields& Envelope)
 {
 	const std::string Id = ReadId(Envelope);
 	if (Envelope.FindString("jsonrpc") != "2.0")

@@ -8,7 +8,7 @@ namespace MessageIdPrivate
 /** Longer names and ids are none that a client waits for. */
 constexpr size_t MaxToken = 1024;
 
-bool IsBlank(const char Byte)
+static bool IsBlank(const char Byte)
 {
 	return Byte == ' ' || Byte == '\t' || Byte == '\r' || Byte == '\n';
 }

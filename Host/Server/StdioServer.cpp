@@ -22,7 +22,7 @@ enum class EReadEnd
 };
 
 /** Waits until the input has something or has ended; false when the process is asked to stop or the client has gone. */
-bool WaitForInput(const int Input, const int Output, const FStopSignal& Stop)
+static bool WaitForInput(const int Input, const int Output, const FStopSignal& Stop)
 {
 	// The output is polled for errors only: a client that left without closing our input is noticed there.
 	pollfd Polls[3] = {{Input, POLLIN, 0}, {Stop.GetDescriptor(), POLLIN, 0}, {Output, 0, 0}};
@@ -36,7 +36,7 @@ bool WaitForInput(const int Input, const int Output, const FStopSignal& Stop)
 	return (Polls[1].revents & POLLIN) == 0 && (Polls[2].revents & (POLLERR | POLLNVAL)) == 0;
 }
 
-EReadEnd ReadMessages(const int Input, const int Output, const FStopSignal& Stop, FDispatcher& Dispatcher,
+static EReadEnd ReadMessages(const int Input, const int Output, const FStopSignal& Stop, FDispatcher& Dispatcher,
 	const std::shared_ptr<FLineWriter>& Writer)
 {
 	FMessageIdScanner Skipped;

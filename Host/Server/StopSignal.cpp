@@ -24,7 +24,7 @@ struct sigaction OldHangUp;
 struct sigaction OldPipe;
 
 /** Runs as a signal handler: a write to a pipe is all that is allowed here. */
-void Wake(int)
+static void Wake(int)
 {
 	const int SavedError = errno;
 	const char Byte = 1;
@@ -32,7 +32,7 @@ void Wake(int)
 	errno = SavedError;
 }
 
-void Install(const int Signal, void (*Handler)(int), struct sigaction* Old)
+static void Install(const int Signal, void (*Handler)(int), struct sigaction* Old)
 {
 	struct sigaction Action = {};
 	Action.sa_handler = Handler;
@@ -41,7 +41,7 @@ void Install(const int Signal, void (*Handler)(int), struct sigaction* Old)
 }
 
 /** Opens the pipe, or empties it of the signals of an earlier watch. */
-void PreparePipe()
+static void PreparePipe()
 {
 	int Ends[2] = {-1, -1};
 	if (ReadEnd < 0 && pipe2(Ends, O_CLOEXEC | O_NONBLOCK) == 0)
@@ -92,7 +92,7 @@ bool FStopSignal::IsRaised() const
 namespace StopSignalPrivate
 {
 /** Answers whether the descriptor was readable within the time; a negative time waits for ever. */
-bool WaitFor(const int Descriptor, const int Other, const int Milliseconds)
+static bool WaitFor(const int Descriptor, const int Other, const int Milliseconds)
 {
 	pollfd Polls[2] = {{Descriptor, POLLIN, 0}, {Other, POLLIN, 0}};
 	const nfds_t Count = Other >= 0 ? 2 : 1;
@@ -104,7 +104,7 @@ bool WaitFor(const int Descriptor, const int Other, const int Milliseconds)
 	return (Polls[0].revents & POLLIN) != 0;
 }
 
-void WatchUntilDone(const int Stop, const int Done, const std::chrono::milliseconds Grace)
+static void WatchUntilDone(const int Stop, const int Done, const std::chrono::milliseconds Grace)
 {
 	const bool bDone = WaitFor(Done, Stop, -1) || WaitFor(Done, -1, static_cast<int>(Grace.count()));
 	if (!bDone)

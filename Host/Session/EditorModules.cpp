@@ -20,7 +20,7 @@ IModuleInterface* CreateModule_MorvaneToolkit_Blueprint();
 
 namespace EditorModulesPrivate
 {
-void RegisterModules()
+static void RegisterModules()
 {
 	FModuleManager& Modules = FModuleManager::Get();
 	Modules.RegisterStaticModule(TEXT("AssetRegistry"), &CreateModule_AssetRegistry);

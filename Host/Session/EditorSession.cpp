@@ -21,7 +21,7 @@
 
 namespace EditorSessionPrivate
 {
-FString GetProjectDir(const FHostOptions& Options)
+static FString GetProjectDir(const FHostOptions& Options)
 {
 	std::error_code Ignored;
 	const std::string Directory = Options.ProjectDir.empty() ? "." : Options.ProjectDir;
@@ -29,7 +29,7 @@ FString GetProjectDir(const FHostOptions& Options)
 }
 
 /** A project begins with its first call, so a folder that is not there yet is made, but never the one above it. */
-bool EnsureFolder(const FString& Directory, FString& OutError)
+static bool EnsureFolder(const FString& Directory, FString& OutError)
 {
 	std::error_code Error;
 	const std::filesystem::path Path = ToUtf8(Directory);
@@ -49,7 +49,7 @@ bool EnsureFolder(const FString& Directory, FString& OutError)
  * The tool parses its arguments by itself and says so when they are none. What it cannot say is where the fault stands;
  * nor can text that is not UTF-8 be handed to it, so it gets an empty text in place of a broken one.
  */
-FString ReadArguments(const std::string_view Json, Morvane::FToolResult& Result)
+static FString ReadArguments(const std::string_view Json, Morvane::FToolResult& Result)
 {
 	std::string Fault;
 	if (JsonUtf8::Check(Json, Fault))
@@ -61,7 +61,7 @@ FString ReadArguments(const std::string_view Json, Morvane::FToolResult& Result)
 }
 
 /** The tool reads what it knows and passes over the rest, so what it passed over is told here, for all tools alike. */
-void TellUnread(const std::string_view Name, const std::string_view Json, Morvane::FToolResult& Result)
+static void TellUnread(const std::string_view Name, const std::string_view Json, Morvane::FToolResult& Result)
 {
 	TSharedPtr<FJsonObject> Arguments;
 	FString NotJson;
@@ -75,7 +75,7 @@ void TellUnread(const std::string_view Name, const std::string_view Json, Morvan
  * Other programs work on the same files: a checkout, a second editor. What they changed is read afresh by this call,
  * without a word; what went missing or cannot be taken in is told.
  */
-void TakeInForeignChanges(Morvane::FToolResult& Result)
+static void TakeInForeignChanges(Morvane::FToolResult& Result)
 {
 	for (const FPackageText::FForeignChange& Change : FPackageText::TakeInForeignChanges())
 	{

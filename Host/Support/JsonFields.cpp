@@ -6,7 +6,7 @@
 
 namespace JsonFieldsPrivate
 {
-std::string_view Trim(const std::string_view Text)
+static std::string_view Trim(const std::string_view Text)
 {
 	constexpr std::string_view Blanks = " \t\r\n";
 	const size_t First = Text.find_first_not_of(Blanks);
@@ -17,7 +17,7 @@ std::string_view Trim(const std::string_view Text)
 	return Text.substr(First, Text.find_last_not_of(Blanks) - First + 1);
 }
 
-bool ReadRaw(simdjson::ondemand::value Value, std::string_view& OutRaw)
+static bool ReadRaw(simdjson::ondemand::value Value, std::string_view& OutRaw)
 {
 	simdjson::ondemand::json_type Type;
 	if (Value.type().get(Type) != simdjson::SUCCESS)

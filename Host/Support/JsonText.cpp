@@ -7,7 +7,7 @@ namespace JsonTextPrivate
 constexpr std::string_view ReplacementCharacter = "\xEF\xBF\xBD";
 
 /** The short form where JSON has one, else \u00XX; null for bytes that stand for themselves. */
-void AppendEscaped(std::string& Out, const unsigned char Byte)
+static void AppendEscaped(std::string& Out, const unsigned char Byte)
 {
 	switch (Byte)
 	{
@@ -35,12 +35,12 @@ void AppendEscaped(std::string& Out, const unsigned char Byte)
 	Out += HexDigits[Byte & 15];
 }
 
-bool NeedsEscape(const unsigned char Byte)
+static bool NeedsEscape(const unsigned char Byte)
 {
 	return Byte < 0x20 || Byte == '"' || Byte == '\\';
 }
 
-void AppendValid(std::string& Out, const std::string_view Utf8)
+static void AppendValid(std::string& Out, const std::string_view Utf8)
 {
 	Out.reserve(Out.size() + Utf8.size() + Utf8.size() / 8 + 2);
 	Out += '"';
@@ -60,7 +60,7 @@ void AppendValid(std::string& Out, const std::string_view Utf8)
 }
 
 /** Length of the longest well-formed sequence at the start of Rest; 0 when there is none. */
-size_t SequenceLength(const std::string_view Rest)
+static size_t SequenceLength(const std::string_view Rest)
 {
 	for (size_t Length = 1; Length <= 4 && Length <= Rest.size(); ++Length)
 	{

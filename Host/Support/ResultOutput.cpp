@@ -14,7 +14,7 @@ namespace ResultOutputPrivate
  * A process may be started with its standard descriptors closed; the next file opened must not take their place. True
  * when standard output was there.
  */
-bool OpenMissingDescriptors()
+static bool OpenMissingDescriptors()
 {
 	const bool bHasOutput = fcntl(STDOUT_FILENO, F_GETFD) >= 0;
 	for (int Handle = STDIN_FILENO; Handle <= STDERR_FILENO; ++Handle)

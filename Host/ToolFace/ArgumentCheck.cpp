@@ -35,20 +35,20 @@ constexpr FQuietKey QuietKeys[] = {
 	{TEXT("node_metadata"), TEXT("FunctionName")},
 };
 
-bool IsQuiet(const FString& Within, const FString& Key)
+static bool IsQuiet(const FString& Within, const FString& Key)
 {
 	return std::any_of(std::begin(QuietKeys), std::end(QuietKeys),
 		[&](const FQuietKey& Row) { return Within == Row.Within && Key == Row.Key; });
 }
 
 /** Tools that take a number for a text and the like within their entries, and tell what they could not take. */
-bool TellsOfTypes(const std::string_view ToolName)
+static bool TellsOfTypes(const std::string_view ToolName)
 {
 	return ToolName == "modify_blueprint_class_structure";
 }
 
 /** Null for a tool without a schema. Read once for each tool. */
-const FJsonObject* FindSchema(const std::string& ToolName)
+static const FJsonObject* FindSchema(const std::string& ToolName)
 {
 	static std::map<std::string, TSharedPtr<FJsonObject>> Schemas;
 	const auto Known = Schemas.find(ToolName);
@@ -65,7 +65,7 @@ const FJsonObject* FindSchema(const std::string& ToolName)
 	return Schemas.emplace(ToolName, Schema).first->second.Get();
 }
 
-const TCHAR* Describe(EJson Type)
+static const TCHAR* Describe(EJson Type)
 {
 	switch (Type)
 	{
@@ -85,7 +85,7 @@ const TCHAR* Describe(EJson Type)
 }
 
 /** None for a schema that takes any type. */
-EJson ToType(const FJsonObject& Schema)
+static EJson ToType(const FJsonObject& Schema)
 {
 	const FString Word = Schema.GetStringField(TEXT("type"));
 	static const TPair<const TCHAR*, EJson> Rows[] = {{TEXT("string"), EJson::String}, {TEXT("number"), EJson::Number},
@@ -102,7 +102,7 @@ EJson ToType(const FJsonObject& Schema)
 }
 
 /** What the entry calls itself, for an agent who counts less well than it names; empty when it has no name. */
-FString NameOf(const FJsonObject& Entry)
+static FString NameOf(const FJsonObject& Entry)
 {
 	FString Name;
 	for (const TCHAR* const Key : {TEXT("node_guid"), TEXT("name")})
@@ -116,7 +116,7 @@ FString NameOf(const FJsonObject& Entry)
 }
 
 /** A key that differs in case, blanks or underscores, or holds the other; empty when none is like it. */
-FString FindAlike(const FString& Key, const TArray<FString>& Known)
+static FString FindAlike(const FString& Key, const TArray<FString>& Known)
 {
 	const auto Squeeze = [](const FString& Text)
 	{ return Text.Replace(TEXT("_"), TEXT("")).Replace(TEXT(" "), TEXT("")).ToLower(); };

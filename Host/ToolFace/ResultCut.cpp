@@ -14,12 +14,12 @@ constexpr std::size_t NoteRoom = 80;
 /** Too little for anything but a note. */
 constexpr std::size_t LeastRoom = 200;
 
-bool IsBlank(const char Byte)
+static bool IsBlank(const char Byte)
 {
 	return Byte == ' ' || Byte == '\t' || Byte == '\r' || Byte == '\n';
 }
 
-std::size_t SkipBlanks(const std::string_view Text, std::size_t At)
+static std::size_t SkipBlanks(const std::string_view Text, std::size_t At)
 {
 	while (At < Text.size() && IsBlank(Text[At]))
 	{
@@ -29,7 +29,7 @@ std::size_t SkipBlanks(const std::string_view Text, std::size_t At)
 }
 
 /** Behind the string that begins at a place. */
-std::size_t EndOfString(const std::string_view Text, std::size_t At)
+static std::size_t EndOfString(const std::string_view Text, std::size_t At)
 {
 	for (++At; At < Text.size() && Text[At] != '"'; ++At)
 	{
@@ -39,7 +39,7 @@ std::size_t EndOfString(const std::string_view Text, std::size_t At)
 }
 
 /** Behind the value that begins at a place of valid JSON. */
-std::size_t EndOfValue(const std::string_view Text, std::size_t At)
+static std::size_t EndOfValue(const std::string_view Text, std::size_t At)
 {
 	int Depth = 0;
 	while (At < Text.size())
@@ -90,7 +90,7 @@ struct FMember
 };
 
 /** The members or elements of a container. */
-std::vector<FMember> Split(const std::string_view Container)
+static std::vector<FMember> Split(const std::string_view Container)
 {
 	std::vector<FMember> Members;
 	const bool bObject = Container.front() == '{';
@@ -115,7 +115,7 @@ std::vector<FMember> Split(const std::string_view Container)
 
 std::string Cut(std::string_view Value, std::size_t Room);
 
-std::string CutPlainText(const std::string& Text, const std::size_t Room)
+static std::string CutPlainText(const std::string& Text, const std::size_t Room)
 {
 	std::size_t Kept = std::min(Text.size(), Room / 2);
 	while (Kept > 0 && (static_cast<unsigned char>(Text[Kept]) & 0xC0) == 0x80)
@@ -126,7 +126,7 @@ std::string CutPlainText(const std::string& Text, const std::size_t Room)
 }
 
 /** A document in a text keeps its form, so that what is left of it can be read. */
-std::string CutText(const std::string_view Quoted, const std::size_t Room)
+static std::string CutText(const std::string_view Quoted, const std::size_t Room)
 {
 	const std::string Text = JsonRaw::DecodeString(Quoted).value_or(std::string());
 	const bool bMayBeDocument = !Text.empty() && (Text.front() == '{' || Text.front() == '[');
@@ -148,7 +148,7 @@ std::string CutText(const std::string_view Quoted, const std::size_t Room)
 	return CutPlainText(Text, Room);
 }
 
-std::string CutList(const std::string_view List, const std::size_t Room)
+static std::string CutList(const std::string_view List, const std::size_t Room)
 {
 	const std::vector<FMember> Entries = Split(List);
 	std::string Out = "[";
@@ -178,7 +178,7 @@ std::string CutList(const std::string_view List, const std::size_t Room)
 }
 
 /** How much of a room each may have when nobody gets more than it needs. */
-std::size_t FairShare(const std::vector<FMember>& Members, std::size_t Room)
+static std::size_t FairShare(const std::vector<FMember>& Members, std::size_t Room)
 {
 	std::vector<std::size_t> Sizes;
 	for (const FMember& Member : Members)
@@ -198,7 +198,7 @@ std::size_t FairShare(const std::vector<FMember>& Members, std::size_t Room)
 	return Room;
 }
 
-std::string Join(const std::vector<FMember>& Members, const std::size_t Share, const char Open, const char Close)
+static std::string Join(const std::vector<FMember>& Members, const std::size_t Share, const char Open, const char Close)
 {
 	std::string Out(1, Open);
 	for (const FMember& Member : Members)
@@ -210,7 +210,7 @@ std::string Join(const std::vector<FMember>& Members, const std::size_t Share, c
 	return Out + Close;
 }
 
-std::string CutObject(const std::string_view Object, const std::size_t Room)
+static std::string CutObject(const std::string_view Object, const std::size_t Room)
 {
 	const std::vector<FMember> Members = Split(Object);
 	const std::size_t Share = FairShare(Members, Room);
@@ -249,14 +249,14 @@ std::string Cut(const std::string_view Value, const std::size_t Room)
 }
 
 /** Each change stays named, with the tool and the arguments that read it; the contents share what room is left. */
-std::string CutModifications(const std::string_view List, const std::size_t Room)
+static std::string CutModifications(const std::string_view List, const std::size_t Room)
 {
 	const std::vector<FMember> Entries = Split(List);
 	const std::size_t Share = FairShare(Entries, Room);
 	return Share >= LeastRoom ? Join(Entries, Share, '[', ']') : CutList(List, Room);
 }
 
-std::string Note(const std::size_t NumBytes)
+static std::string Note(const std::size_t NumBytes)
 {
 	return R"("cut":)"
 		+ JsonText::Quote("The whole result has " + std::to_string(NumBytes)

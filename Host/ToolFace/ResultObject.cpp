@@ -49,7 +49,7 @@ constexpr std::string_view SchemaText = R"json({
 
 using FEmitter = TJsonEmitter<char>;
 
-void WriteMessages(FEmitter& Emitter, const TCHAR* Name, const TArray<FString>& Messages)
+static void WriteMessages(FEmitter& Emitter, const TCHAR* Name, const TArray<FString>& Messages)
 {
 	Emitter.Key(Name);
 	Emitter.BeginArray();
@@ -62,7 +62,7 @@ void WriteMessages(FEmitter& Emitter, const TCHAR* Name, const TArray<FString>& 
 
 /** A reader answers JSON text, which goes out as it is; text that is none is still shown, since the change it tells of
  * stands. */
-void WriteContent(FEmitter& Emitter, const FString& Content)
+static void WriteContent(FEmitter& Emitter, const FString& Content)
 {
 	if (Content.IsEmpty())
 	{
@@ -81,7 +81,7 @@ void WriteContent(FEmitter& Emitter, const FString& Content)
 	Emitter.EndObject();
 }
 
-void WriteModification(FEmitter& Emitter, const Morvane::FTrackedModification& Modification)
+static void WriteModification(FEmitter& Emitter, const Morvane::FTrackedModification& Modification)
 {
 	Emitter.BeginObject();
 	Emitter.Key(TEXT("tool"));
@@ -93,7 +93,7 @@ void WriteModification(FEmitter& Emitter, const Morvane::FTrackedModification& M
 }
 
 /** The list as it was closed. One that was not tells of changes that no save has made last. */
-void WriteModifications(FEmitter& Emitter, const Morvane::FToolResult& Result)
+static void WriteModifications(FEmitter& Emitter, const Morvane::FToolResult& Result)
 {
 	Emitter.Key(TEXT("modifications"));
 	Emitter.BeginArray();

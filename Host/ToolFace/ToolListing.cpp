@@ -11,7 +11,7 @@
 
 namespace ToolListingPrivate
 {
-std::string Minify(const std::string_view Json)
+static std::string Minify(const std::string_view Json)
 {
 	std::string Small(Json.size(), '\0');
 	size_t Length = 0;
@@ -24,7 +24,7 @@ std::string Minify(const std::string_view Json)
 }
 
 /** Adds the names of the shared types that Schema points to, and those that they point to. */
-void CollectTypes(const std::string_view Schema, std::set<std::string_view>& OutNames)
+static void CollectTypes(const std::string_view Schema, std::set<std::string_view>& OutNames)
 {
 	constexpr std::string_view Prefix = "#/$defs/";
 	for (size_t At = Schema.find(Prefix); At != std::string_view::npos; At = Schema.find(Prefix, At))
@@ -38,12 +38,12 @@ void CollectTypes(const std::string_view Schema, std::set<std::string_view>& Out
 	}
 }
 
-std::string_view BoolText(const bool bValue)
+static std::string_view BoolText(const bool bValue)
 {
 	return bValue ? "true" : "false";
 }
 
-std::string Annotations(const FToolSchema& Schema)
+static std::string Annotations(const FToolSchema& Schema)
 {
 	std::string Text = R"({"title":)" + JsonText::Quote(Schema.Title);
 	Text.append(R"(,"readOnlyHint":)").append(BoolText(Schema.bReadOnly));
@@ -52,7 +52,7 @@ std::string Annotations(const FToolSchema& Schema)
 	return Text.append(R"(,"openWorldHint":false})");
 }
 
-std::string Entry(const FToolListing& Tool)
+static std::string Entry(const FToolListing& Tool)
 {
 	std::string Text = R"({"name":)" + JsonText::Quote(Tool.Name);
 	const FToolSchema* Schema = ToolSchemas::Find(Tool.Name);

@@ -17,19 +17,19 @@ using testing::IsEmpty;
 namespace ArgumentCheckTest
 {
 /** What a call by way of the host warns of: the tool's own warnings, then those of the check. */
-std::vector<std::string> WarningsOf(const std::string& Tool, const std::string& Arguments)
+static std::vector<std::string> WarningsOf(const std::string& Tool, const std::string& Arguments)
 {
 	const TSharedPtr<Morvane::FToolResult> Result = RunTool(UTF8_TO_TCHAR(Tool.c_str()), Arguments);
 	ArgumentCheck::AddWarnings(Tool, *Json(Arguments), *Result);
 	return Warnings(*Result);
 }
 
-std::string Populate(const std::string& Members)
+static std::string Populate(const std::string& Members)
 {
 	return R"({"path":"/Game/Tests/BP_Test","graph_name":"EventGraph",)" + Members + "}";
 }
 
-std::set<std::string> ListedNames()
+static std::set<std::string> ListedNames()
 {
 	EditorModules::StartTools();
 	std::set<std::string> Names;
@@ -41,7 +41,7 @@ std::set<std::string> ListedNames()
 }
 
 /** Everything in the text that is written like the name of a tool. */
-std::set<std::string> ToolNamesIn(const std::string& Text)
+static std::set<std::string> ToolNamesIn(const std::string& Text)
 {
 	static const std::regex Word("\\b(bp|ui|read_blueprint|modify_blueprint|delete|compile)_[a-z_]+");
 	std::set<std::string> Names;
@@ -53,7 +53,7 @@ std::set<std::string> ToolNamesIn(const std::string& Text)
 }
 
 /** The JSON objects that stand in a description as examples. */
-std::vector<std::string> ExamplesIn(const std::string& Text)
+static std::vector<std::string> ExamplesIn(const std::string& Text)
 {
 	std::vector<std::string> Examples;
 	for (std::size_t At = Text.find("{\""); At != std::string::npos; At = Text.find("{\"", At))

@@ -11,14 +11,15 @@ using testing::HasSubstr;
 
 namespace ClipboardCommandTest
 {
-FProcessResult Run(const FTemporaryFolder& Project, std::vector<std::string> Words, const std::string& Input = {})
+static FProcessResult Run(
+	const FTemporaryFolder& Project, std::vector<std::string> Words, const std::string& Input = {})
 {
 	Words.push_back("--project");
 	Words.push_back(Project.Path().string());
 	return RunMorvane(Words, Input);
 }
 
-void CreateBlueprint(const FTemporaryFolder& Project)
+static void CreateBlueprint(const FTemporaryFolder& Project)
 {
 	const FProcessResult Created = Run(Project,
 		{"call", "bp_create_asset",
@@ -26,7 +27,7 @@ void CreateBlueprint(const FTemporaryFolder& Project)
 	ASSERT_EQ(Created.Status, 0) << Created.Output;
 }
 
-std::string ReadAsset(const FTemporaryFolder& Project)
+static std::string ReadAsset(const FTemporaryFolder& Project)
 {
 	std::ifstream File(Project.Path() / "Content" / "BP_Door.uatext", std::ios::binary);
 	return std::string(std::istreambuf_iterator<char>(File), {});

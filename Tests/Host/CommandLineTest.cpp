@@ -48,7 +48,7 @@ struct FOutcome
 	std::vector<FHostOptions> Started;
 };
 
-FOutcome Run(const std::vector<std::string>& Words)
+static FOutcome Run(const std::vector<std::string>& Words)
 {
 	FOutcome Outcome;
 	const FCapturedOutput Captured;
@@ -72,7 +72,7 @@ FOutcome Run(const std::vector<std::string>& Words)
 	return Outcome;
 }
 
-std::string WriteFile(const std::string& Name, const std::string& Content)
+static std::string WriteFile(const std::string& Name, const std::string& Content)
 {
 	const std::string Path = ::testing::TempDir() + Name;
 	std::ofstream(Path, std::ios::binary) << Content;
@@ -188,7 +188,7 @@ TEST(CommandLine, ScriptGoesOnAfterAFailure)
 namespace CommandLineTest
 {
 /** The status of the program when a shell redirects it, and what it says on standard error. */
-FProcessResult RunShell(const std::string& Words)
+static FProcessResult RunShell(const std::string& Words)
 {
 	FProcessResult Result;
 	const std::string Command = GetMorvanePath() + " " + Words;

@@ -12,23 +12,24 @@ namespace EraTest
 constexpr const char* Version = "io.modelcontextprotocol/protocolVersion";
 constexpr const char* Capabilities = "io.modelcontextprotocol/clientCapabilities";
 
-std::string Legacy(const std::string& Method, const std::string& Params = "{}")
+static std::string Legacy(const std::string& Method, const std::string& Params = "{}")
 {
 	return R"({"jsonrpc":"2.0","id":1,"method":")" + Method + R"(","params":)" + Params + "}\n";
 }
 
-std::string ModernMeta(const std::string& VersionJson = "\"2026-07-28\"", const std::string& CapabilitiesJson = "{}")
+static std::string ModernMeta(
+	const std::string& VersionJson = "\"2026-07-28\"", const std::string& CapabilitiesJson = "{}")
 {
 	std::string Meta = std::string("\"_meta\":{\"") + Version + "\":" + VersionJson;
 	return CapabilitiesJson.empty() ? Meta + "}" : Meta + ",\"" + Capabilities + "\":" + CapabilitiesJson + "}";
 }
 
-std::string Modern(const std::string& Method, const std::string& MoreParams = "")
+static std::string Modern(const std::string& Method, const std::string& MoreParams = "")
 {
 	return Legacy(Method, "{" + MoreParams + ModernMeta() + "}");
 }
 
-TSharedPtr<FJsonObject> ParseReply(const std::string& Line)
+static TSharedPtr<FJsonObject> ParseReply(const std::string& Line)
 {
 	TSharedPtr<FJsonObject> Object;
 	FString Error;
@@ -37,7 +38,7 @@ TSharedPtr<FJsonObject> ParseReply(const std::string& Line)
 }
 
 /** The one answer to one message, as an object; empty when there was none or more. */
-TSharedPtr<FJsonObject> Ask(const std::string& Message)
+static TSharedPtr<FJsonObject> Ask(const std::string& Message)
 {
 	FFakeToolHost Tools;
 	const std::vector<std::string> Lines = ServeText(Tools, Message);
@@ -45,20 +46,20 @@ TSharedPtr<FJsonObject> Ask(const std::string& Message)
 	return ParseReply(Lines.empty() ? "{}" : Lines.front());
 }
 
-TSharedPtr<FJsonObject> AskResult(const std::string& Message)
+static TSharedPtr<FJsonObject> AskResult(const std::string& Message)
 {
 	const TSharedPtr<FJsonObject> Result = Ask(Message)->GetObjectField(TEXT("result"));
 	EXPECT_TRUE(Result.IsValid()) << Message;
 	return Result ? Result : TSharedPtr<FJsonObject>(MakeShared<FJsonObject>());
 }
 
-int32 AskErrorCode(const std::string& Message)
+static int32 AskErrorCode(const std::string& Message)
 {
 	const TSharedPtr<FJsonObject> Error = Ask(Message)->GetObjectField(TEXT("error"));
 	return Error ? Error->GetIntegerField(TEXT("code")) : 0;
 }
 
-std::string Names(const FJsonObject& Object)
+static std::string Names(const FJsonObject& Object)
 {
 	std::string Text;
 	for (const auto& Pair : Object.Values)

@@ -13,7 +13,7 @@ using testing::StartsWith;
 
 namespace MenuCommandTest
 {
-FProcessResult Run(const FTemporaryFolder& Project, std::vector<std::string> Words)
+static FProcessResult Run(const FTemporaryFolder& Project, std::vector<std::string> Words)
 {
 	Words.push_back("--project");
 	Words.push_back(Project.Path().string());

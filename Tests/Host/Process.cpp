@@ -15,7 +15,7 @@
 
 namespace ProcessPrivate
 {
-pid_t Spawn(const std::vector<std::string>& Words, const int In, const int Out, const int Errors)
+static pid_t Spawn(const std::vector<std::string>& Words, const int In, const int Out, const int Errors)
 {
 	std::string Program = GetMorvanePath();
 	std::vector<std::string> Copies = Words;
@@ -39,14 +39,14 @@ pid_t Spawn(const std::vector<std::string>& Words, const int In, const int Out, 
 	return Id;
 }
 
-int WaitFor(const pid_t Id)
+static int WaitFor(const pid_t Id)
 {
 	int Status = 0;
 	EXPECT_EQ(waitpid(Id, &Status, 0), Id);
 	return WIFSIGNALED(Status) ? 128 + WTERMSIG(Status) : WEXITSTATUS(Status);
 }
 
-std::string ReadAll(const int Handle)
+static std::string ReadAll(const int Handle)
 {
 	std::string Text(static_cast<size_t>(lseek(Handle, 0, SEEK_END)), '\0');
 	EXPECT_EQ(pread(Handle, Text.data(), Text.size(), 0), static_cast<ssize_t>(Text.size()));

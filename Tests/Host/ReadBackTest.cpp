@@ -26,13 +26,13 @@ constexpr const char* Populate =
 constexpr const char* ReadEvent = R"({"path":"/Game/Doors/BP_Door","graph_name":"EventGraph","event_name":"Knock"})";
 constexpr const char* ReadSchema = R"({"path":"/Game/Doors/BP_Door"})";
 
-std::string Line(const std::string& Tool, const std::string& Arguments)
+static std::string Line(const std::string& Tool, const std::string& Arguments)
 {
 	return R"({"tool":")" + Tool + R"(","arguments":)" + Arguments + "}\n";
 }
 
 /** The result objects of the lines of a script, all run by one process. */
-std::vector<std::string> RunScript(const FTemporaryFolder& Project, const std::string& Script)
+static std::vector<std::string> RunScript(const FTemporaryFolder& Project, const std::string& Script)
 {
 	const std::string File = Project.Path() / "Script.jsonl";
 	std::ofstream(File) << Script;
@@ -47,14 +47,14 @@ std::vector<std::string> RunScript(const FTemporaryFolder& Project, const std::s
 	return Lines;
 }
 
-std::string Call(const FTemporaryFolder& Project, const std::string& Tool, const std::string& Arguments)
+static std::string Call(const FTemporaryFolder& Project, const std::string& Tool, const std::string& Arguments)
 {
 	const FProcessResult Result = RunMorvane({"call", Tool, Arguments, "--project", Project.Path()});
 	EXPECT_EQ(Result.Status, 0) << Result.Output << Result.Errors;
 	return Result.Output;
 }
 
-TSharedPtr<FJsonObject> Parse(const std::string& Text)
+static TSharedPtr<FJsonObject> Parse(const std::string& Text)
 {
 	TSharedPtr<FJsonObject> Object;
 	FString Error;
@@ -63,13 +63,13 @@ TSharedPtr<FJsonObject> Parse(const std::string& Text)
 }
 
 /** The document that a read tool answered. */
-TSharedPtr<FJsonObject> Content(const std::string& Result)
+static TSharedPtr<FJsonObject> Content(const std::string& Result)
 {
 	const TSharedPtr<FJsonObject> Data = Parse(Result)->GetObjectField(TEXT("data"));
 	return Parse(ToUtf8(Data ? Data->GetStringField(TEXT("content")) : FString(TEXT("{}"))));
 }
 
-std::string Text(const FJsonObject& Object)
+static std::string Text(const FJsonObject& Object)
 {
 	std::string Json;
 	JsonUtf8::Write(Object, Json);

@@ -11,7 +11,7 @@ namespace ResultCutTest
 {
 constexpr std::size_t Room = 20000;
 
-std::string Texts(const char* Text, int Count)
+static std::string Texts(const char* Text, int Count)
 {
 	std::string List;
 	for (int Index = 0; Index < Count; ++Index)
@@ -21,7 +21,7 @@ std::string Texts(const char* Text, int Count)
 	return "[" + List + "]";
 }
 
-std::string Nodes(int Count)
+static std::string Nodes(int Count)
 {
 	std::string List;
 	for (int Index = 0; Index < Count; ++Index)
@@ -32,7 +32,7 @@ std::string Nodes(int Count)
 	return "[" + List + "]";
 }
 
-std::string Quoted(const std::string& Text)
+static std::string Quoted(const std::string& Text)
 {
 	std::string Escaped;
 	for (const char Char : Text)
@@ -42,13 +42,13 @@ std::string Quoted(const std::string& Text)
 	return "\"" + Escaped + "\"";
 }
 
-std::string Result(const std::string& Messages, const std::string& Data, const std::string& Modifications)
+static std::string Result(const std::string& Messages, const std::string& Data, const std::string& Modifications)
 {
 	return R"({"success":true,"errors":[],"warnings":["one"],"messages":)" + Messages + R"(,"data":)" + Data
 		+ R"(,"modifications":)" + Modifications + "}";
 }
 
-std::string Change(const char* Name, const std::string& Content)
+static std::string Change(const char* Name, const std::string& Content)
 {
 	return R"({"tool":"read_blueprint_function","parameters":{"function_name":[")" + std::string(Name)
 		+ R"("]},"content":)" + Content + "}";

@@ -15,13 +15,13 @@
 
 namespace ServeLifeTest
 {
-std::string Request(const int Id, const std::string& Method, const std::string& Params = "{}")
+static std::string Request(const int Id, const std::string& Method, const std::string& Params = "{}")
 {
 	return R"({"jsonrpc":"2.0","id":)" + std::to_string(Id) + R"(,"method":")" + Method + R"(","params":)" + Params
 		+ "}\n";
 }
 
-std::string Call(const int Id, const std::string& Tool)
+static std::string Call(const int Id, const std::string& Tool)
 {
 	return Request(Id, "tools/call", R"({"name":")" + Tool + "\"}");
 }

@@ -10,7 +10,7 @@
 
 namespace ServeTextPrivate
 {
-std::vector<std::string> ReadLines(const int Handle)
+static std::vector<std::string> ReadLines(const int Handle)
 {
 	std::string Text(static_cast<size_t>(lseek(Handle, 0, SEEK_END)), '\0');
 	EXPECT_EQ(pread(Handle, Text.data(), Text.size(), 0), static_cast<ssize_t>(Text.size()));

@@ -15,13 +15,13 @@ constexpr const char* Door =
 	R"({"path":"/Game/Doors/BP_Door","blueprint_parent_class":{"type":"native","parent_path":"/Script/Engine.Actor"}})";
 constexpr const char* DoorFile = "Content/Doors/BP_Door.uatext";
 
-FProcessResult Call(const FTemporaryFolder& Project, const std::string& Tool, const std::string& Arguments,
+static FProcessResult Call(const FTemporaryFolder& Project, const std::string& Tool, const std::string& Arguments,
 	const std::string& Input = {})
 {
 	return RunMorvane({"call", Tool, Arguments, "--project", Project.Path()}, Input);
 }
 
-TSharedPtr<FJsonObject> Parse(const std::string& Text)
+static TSharedPtr<FJsonObject> Parse(const std::string& Text)
 {
 	TSharedPtr<FJsonObject> Object;
 	FString Error;
@@ -29,7 +29,7 @@ TSharedPtr<FJsonObject> Parse(const std::string& Text)
 	return Object ? Object : TSharedPtr<FJsonObject>(MakeShared<FJsonObject>());
 }
 
-std::string Join(const FJsonObject& Result, const TCHAR* Name)
+static std::string Join(const FJsonObject& Result, const TCHAR* Name)
 {
 	std::string Text;
 	for (const TSharedPtr<FJsonValue>& Message : Result.GetArrayField(Name))
@@ -39,24 +39,24 @@ std::string Join(const FJsonObject& Result, const TCHAR* Name)
 	return Text;
 }
 
-std::string ErrorsOf(const std::string& ResultJson)
+static std::string ErrorsOf(const std::string& ResultJson)
 {
 	return Join(*Parse(ResultJson), TEXT("errors"));
 }
 
-std::string Request(const int Id, const std::string& Method, const std::string& Params)
+static std::string Request(const int Id, const std::string& Method, const std::string& Params)
 {
 	return R"({"jsonrpc":"2.0","id":)" + std::to_string(Id) + R"(,"method":")" + Method + R"(","params":)" + Params
 		+ "}\n";
 }
 
-std::string CallRequest(const int Id, const std::string& Tool, const std::string& Arguments)
+static std::string CallRequest(const int Id, const std::string& Tool, const std::string& Arguments)
 {
 	return Request(Id, "tools/call", R"({"name":")" + Tool + R"(","arguments":)" + Arguments + "}");
 }
 
 /** The result object inside an answer. */
-TSharedPtr<FJsonObject> Structured(const std::string& Line)
+static TSharedPtr<FJsonObject> Structured(const std::string& Line)
 {
 	const TSharedPtr<FJsonObject> Result = Parse(Line)->GetObjectField(TEXT("result"));
 	const TSharedPtr<FJsonObject> Object = Result ? Result->GetObjectField(TEXT("structuredContent")) : nullptr;

@@ -42,13 +42,13 @@ private:
 constexpr const char* Succeeded = R"("structuredContent":{"success":true)";
 constexpr const char* Failed = R"("structuredContent":{"success":false)";
 
-std::string AddFunction(const std::string& Name)
+static std::string AddFunction(const std::string& Name)
 {
 	return R"({"path":"/Game/BP_Door","functions":[{"name":")" + Name + R"("}]})";
 }
 
 /** Two linked nodes, one of which needs a conversion in between, and a variable. */
-std::string Nodes(const std::string& Text)
+static std::string Nodes(const std::string& Text)
 {
 	return R"({"path":"/Game/BP_Door","graph_name":"Work","local_variables":[{"name":"Count","type":{"category":"int"}}],)"
 		   R"("nodes":[{"node_guid":"a","class_name":"K2Node_CallFunction","target_class":"/Script/Engine.KismetMathLibrary","target_function":"Abs_Int"},)"
@@ -57,7 +57,7 @@ std::string Nodes(const std::string& Text)
 		+ R"("}]}],"connections":[{"source_node_guid":"a","source_pin_name":"ReturnValue","target_node_guid":"b","target_pin_name":"InString"}]})";
 }
 
-std::size_t Count(const std::string& Text, const std::string& Part)
+static std::size_t Count(const std::string& Text, const std::string& Part)
 {
 	std::size_t Number = 0;
 	for (std::size_t At = Text.find(Part); At != std::string::npos; At = Text.find(Part, At + 1))
@@ -68,7 +68,7 @@ std::size_t Count(const std::string& Text, const std::string& Part)
 }
 
 /** What another process makes of the project's door, in a project of its own. */
-std::string Theirs(const FTemporaryFolder& Project, const std::string& Function)
+static std::string Theirs(const FTemporaryFolder& Project, const std::string& Function)
 {
 	const FTemporaryFolder Other;
 	Other.Write(DoorFile, Project.Read(DoorFile));

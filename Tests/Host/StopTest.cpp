@@ -25,7 +25,7 @@ constexpr const char* Ping = R"({"jsonrpc":"2.0","id":1,"method":"ping"})"
 							 "\n";
 
 /** Seconds until the process has ended after the signal. */
-double TimeToEnd(FMorvaneProcess& Process, int Signal, int& OutStatus)
+static double TimeToEnd(FMorvaneProcess& Process, int Signal, int& OutStatus)
 {
 	const FClock::time_point Start = FClock::now();
 	Process.Signal(Signal);
@@ -33,13 +33,13 @@ double TimeToEnd(FMorvaneProcess& Process, int Signal, int& OutStatus)
 	return std::chrono::duration<double>(FClock::now() - Start).count();
 }
 
-std::string Call(const std::string& Tool, const std::string& Arguments)
+static std::string Call(const std::string& Tool, const std::string& Arguments)
 {
 	return R"({"jsonrpc":"2.0","id":2,"method":"tools/call","params":{"name":")" + Tool + R"(","arguments":)"
 		+ Arguments + "}}\n";
 }
 
-std::vector<std::string> Serve(const FTemporaryFolder& Folder)
+static std::vector<std::string> Serve(const FTemporaryFolder& Folder)
 {
 	return {"serve", "--project", Folder.Path().string()};
 }

@@ -11,7 +11,7 @@
 
 namespace ToolSchemaTest
 {
-TSharedPtr<FJsonValue> Parse(const std::string_view Text)
+static TSharedPtr<FJsonValue> Parse(const std::string_view Text)
 {
 	TSharedPtr<FJsonValue> Value;
 	FString Error;

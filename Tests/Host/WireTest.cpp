@@ -16,29 +16,29 @@ struct FCase
 	std::string Out;
 };
 
-std::string Error(const std::string& Id, const int Code, const std::string& Message)
+static std::string Error(const std::string& Id, const int Code, const std::string& Message)
 {
 	const std::string IdMember = Id.empty() ? "" : R"("id":)" + Id + ",";
 	return R"({"jsonrpc":"2.0",)" + IdMember + R"("error":{"code":)" + std::to_string(Code) + R"(,"message":")"
 		+ Message + "\"}}\n";
 }
 
-std::string Pong(const std::string& Id)
+static std::string Pong(const std::string& Id)
 {
 	return R"({"jsonrpc":"2.0","id":)" + Id + R"(,"result":{}})" + "\n";
 }
 
-std::string Ping(const std::string& Id)
+static std::string Ping(const std::string& Id)
 {
 	return R"({"jsonrpc":"2.0","id":)" + Id + R"(,"method":"ping"})" + "\n";
 }
 
-std::string Request(const std::string& Method, const std::string& Params)
+static std::string Request(const std::string& Method, const std::string& Params)
 {
 	return R"({"jsonrpc":"2.0","id":1,"method":")" + Method + R"(","params":)" + Params + "}\n";
 }
 
-std::string Called(const std::string& Id, const std::string& Data)
+static std::string Called(const std::string& Id, const std::string& Data)
 {
 	FToolOutcome Outcome = FFakeToolHost::Success(Data);
 	std::string Escaped;
@@ -56,7 +56,7 @@ constexpr const char* BadMethod = R"(Invalid request: \"method\" must be a strin
 constexpr const char* BadMessage = "Invalid request: a message must be one JSON object";
 constexpr const char* BadParams = R"(Invalid params: \"params\" must be an object)";
 
-std::vector<FCase> EnvelopeCases()
+static std::vector<FCase> EnvelopeCases()
 {
 	return {
 		{"garbage", "hello\n",
@@ -141,7 +141,7 @@ std::vector<FCase> EnvelopeCases()
 	};
 }
 
-std::vector<FCase> CallCases()
+static std::vector<FCase> CallCases()
 {
 	const std::string Deep = std::string(100'000, '[') + std::string(100'000, ']');
 	return {

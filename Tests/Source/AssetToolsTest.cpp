@@ -20,14 +20,14 @@ namespace AssetToolsTest
 {
 using FOperation = void (*)(const FJsonObject&, Morvane::FToolResult&);
 
-Morvane::FToolResult Run(FOperation Operation, const std::string& Arguments)
+static Morvane::FToolResult Run(FOperation Operation, const std::string& Arguments)
 {
 	Morvane::FToolResult Result = MakeResult();
 	Operation(*Json(Arguments), Result);
 	return Result;
 }
 
-Morvane::FToolResult Create(
+static Morvane::FToolResult Create(
 	const std::string& Path, const std::string& Parent = "/Script/Engine.Actor", const std::string& Type = "native")
 {
 	return Run(&FBlueprintCreateOperation::Execute,
@@ -35,17 +35,17 @@ Morvane::FToolResult Create(
 			+ "\"}}");
 }
 
-Morvane::FToolResult Delete(const std::string& Path)
+static Morvane::FToolResult Delete(const std::string& Path)
 {
 	return Run(&FBlueprintRemoveOperation::Execute, R"({"path":")" + Path + "\"}");
 }
 
-Morvane::FToolResult Compile(const std::string& Paths)
+static Morvane::FToolResult Compile(const std::string& Paths)
 {
 	return Run(&FBlueprintCompileOperation::Execute, R"({"blueprint_paths":)" + Paths + "}");
 }
 
-std::string ClassOf(const FString& Path)
+static std::string ClassOf(const FString& Path)
 {
 	const UBlueprint* const Blueprint = FBlueprintUtils::TryLoadBlueprint(Path);
 	return Blueprint ? ToStd(Blueprint->GetClass()->GetName()) : "none";

@@ -16,7 +16,7 @@ using testing::IsEmpty;
 
 namespace CompileToolTest
 {
-Morvane::FToolResult Compile(const std::string& Paths = R"(["/Game/Tests/BP_Test"])")
+static Morvane::FToolResult Compile(const std::string& Paths = R"(["/Game/Tests/BP_Test"])")
 {
 	return *RunTool(Morvane::ToolInfo::ToolName_CompileBlueprint, R"({"blueprint_paths":)" + Paths + "}");
 }
@@ -38,7 +38,7 @@ public:
 };
 
 /** The "success" of each Blueprint in the telemetry, after its path. */
-std::vector<std::string> Records(const Morvane::FToolResult& Result)
+static std::vector<std::string> Records(const Morvane::FToolResult& Result)
 {
 	std::vector<std::string> Lines;
 	for (const TSharedPtr<FJsonValue>& Value :
@@ -52,21 +52,21 @@ std::vector<std::string> Records(const Morvane::FToolResult& Result)
 	return Lines;
 }
 
-UEdGraphPin* BeginPlayThen(const FBlueprintBuilder& Blueprint)
+static UEdGraphPin* BeginPlayThen(const FBlueprintBuilder& Blueprint)
 {
 	return FBlueprintEditorUtils::FindOverrideForFunction(
 		Blueprint.Get(), FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor")), TEXT("ReceiveBeginPlay"))
 		->FindPin(TEXT("then"));
 }
 
-void Connect(UEdGraphPin* From, UEdGraphPin* To)
+static void Connect(UEdGraphPin* From, UEdGraphPin* To)
 {
 	ASSERT_TRUE(From && To);
 	ASSERT_TRUE(From->GetSchema()->TryCreateConnection(From, To));
 }
 
 /** Casts what a function of the Actor returns to a class. */
-FNodeHandle AddCast(const FBlueprintBuilder& Blueprint, const TCHAR* Getter, const TCHAR* Target)
+static FNodeHandle AddCast(const FBlueprintBuilder& Blueprint, const TCHAR* Getter, const TCHAR* Target)
 {
 	FGraphNodeCreator<UK2Node_DynamicCast> Creator(*Blueprint.EventGraph().Get());
 	UK2Node_DynamicCast* const Node = Creator.CreateNode(false);

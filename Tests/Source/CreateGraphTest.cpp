@@ -60,7 +60,7 @@ struct FCreating
 	}
 };
 
-std::vector<std::string> PinNames(const UEdGraphNode* Node, EEdGraphPinDirection Direction)
+static std::vector<std::string> PinNames(const UEdGraphNode* Node, EEdGraphPinDirection Direction)
 {
 	std::vector<std::string> Names;
 	for (const UEdGraphPin* const Pin : Node->Pins)

@@ -21,7 +21,7 @@ using testing::SizeIs;
 
 namespace DeclaredInTheCallTest
 {
-std::string VariableNode(const std::string& Id, const std::string& Name, const char* Kind = "Get")
+static std::string VariableNode(const std::string& Id, const std::string& Name, const char* Kind = "Get")
 {
 	return R"({"node_guid":")" + Id + R"(","class_name":"K2Node_Variable)" + Kind
 		+ R"(","node_metadata":{"variable_name":")" + Name + "\"}}";

@@ -11,7 +11,7 @@
 namespace EventTracingTest
 {
 /** A node of the event class with one exec output and one data output; nothing else of it matters to a trace. */
-FNodeHandle Event(FGraphBuilder& Graph)
+static FNodeHandle Event(FGraphBuilder& Graph)
 {
 	UK2Node_Event* const Node = NewObject<UK2Node_Event>(Graph.Get());
 	Graph.Get()->AddNode(Node, false, false);
@@ -20,7 +20,7 @@ FNodeHandle Event(FGraphBuilder& Graph)
 	return {Node};
 }
 
-TArray<UEdGraphNode*> EventsOf(const FGraphBuilder& Graph, UEdGraphNode* Node)
+static TArray<UEdGraphNode*> EventsOf(const FGraphBuilder& Graph, UEdGraphNode* Node)
 {
 	const TArray<UEdGraphNode*> OneByOne = EventTracing::FindEventsOf(*Node);
 	EXPECT_EQ(OneByOne, FEventTrace(*Graph.Get()).EventsOf(Node)) << "both ways of tracing agree";

@@ -10,13 +10,13 @@ namespace FormatterArithmeticTest
 {
 using namespace FormatterArithmetic;
 
-FBox2D Box(double MinX, double MinY, double MaxX, double MaxY)
+static FBox2D Box(double MinX, double MinY, double MaxX, double MaxY)
 {
 	return FBox2D(FVector2D(MinX, MinY), FVector2D(MaxX, MaxY));
 }
 
 /** A placement with the plain scans, as the indexed one must come out. */
-FVector2D SettlePlainly(const FVector2D& Desired, const FVector2D& Size, const TArray<float>& Xs,
+static FVector2D SettlePlainly(const FVector2D& Desired, const FVector2D& Size, const TArray<float>& Xs,
 	const TArray<float>& Ys, const TArray<FBox2D>& Boxes)
 {
 	return Settle(
@@ -25,7 +25,7 @@ FVector2D SettlePlainly(const FVector2D& Desired, const FVector2D& Size, const T
 		[&](const FVector2D& Position) { return OverlapsAny(Position, Size, Boxes); });
 }
 
-FVector2D SettleIndexed(const FVector2D& Desired, const FVector2D& Size, const FAlignmentLines& Xs,
+static FVector2D SettleIndexed(const FVector2D& Desired, const FVector2D& Size, const FAlignmentLines& Xs,
 	const FAlignmentLines& Ys, const FObstacleIndex& Boxes)
 {
 	return Settle(

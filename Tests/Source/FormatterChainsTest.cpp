@@ -7,17 +7,17 @@
 
 namespace FormatterChainsTest
 {
-int32 H(const FNodeHandle& Node)
+static int32 H(const FNodeHandle& Node)
 {
 	return static_cast<int32>(FBlueprintFormatterService::EstimateNodeSize(Node).Y);
 }
 
-int32 Snap(double Value)
+static int32 Snap(double Value)
 {
 	return static_cast<int32>(std::floor((Value + 10.0) / 20.0) * 20.0);
 }
 
-void Format(FGraphBuilder& Graph, const TArray<FNodeHandle>& Allowed)
+static void Format(FGraphBuilder& Graph, const TArray<FNodeHandle>& Allowed)
 {
 	TArray<UEdGraphNode*> Nodes;
 	for (const FNodeHandle& Handle : Allowed)

@@ -18,7 +18,7 @@ using testing::Lt;
 
 namespace KeywordsTest
 {
-std::vector<std::string> Keywords(const TCHAR* Text)
+static std::vector<std::string> Keywords(const TCHAR* Text)
 {
 	std::vector<std::string> List;
 	for (const FString& Keyword : FAssetOperationBase::CreateKeywords(Text))
@@ -82,7 +82,7 @@ constexpr FAction Menu[] = {
 };
 
 /** The keywords of a request as the menu matching puts them together. */
-TArray<FString> RequestKeywords(const TCHAR* Title, const TCHAR* NodeClass)
+static TArray<FString> RequestKeywords(const TCHAR* Title, const TCHAR* NodeClass)
 {
 	TArray<FString> Request = FAssetOperationBase::CreateKeywords(Title);
 	if (*NodeClass)
@@ -93,7 +93,7 @@ TArray<FString> RequestKeywords(const TCHAR* Title, const TCHAR* NodeClass)
 	return Request;
 }
 
-TArray<FString> ActionKeywords(const FAction& Action)
+static TArray<FString> ActionKeywords(const FAction& Action)
 {
 	TArray<FString> Keywords = FAssetOperationBase::CreateKeywords(Action.Title);
 	FAssetOperationBase::AppendKeywords(Action.Category, Keywords);
@@ -104,7 +104,7 @@ TArray<FString> ActionKeywords(const FAction& Action)
 	return Keywords;
 }
 
-const FKeywordIndex& GetMenuIndex()
+static const FKeywordIndex& GetMenuIndex()
 {
 	static const FKeywordIndex Index = []
 	{
@@ -118,13 +118,13 @@ const FKeywordIndex& GetMenuIndex()
 	return Index;
 }
 
-FKeywordHit FindBest(const TCHAR* Title, const TCHAR* NodeClass = TEXT(""))
+static FKeywordHit FindBest(const TCHAR* Title, const TCHAR* NodeClass = TEXT(""))
 {
 	return GetMenuIndex().FindBest(RequestKeywords(Title, NodeClass), FAssetOperationBase::CreateKeywords(Title), 1)[0];
 }
 
 /** The order by scoring every action alone: what the index must answer. */
-std::vector<int32> RankOneByOne(const TArray<FString>& Request, const TArray<FString>& RequestTitle)
+static std::vector<int32> RankOneByOne(const TArray<FString>& Request, const TArray<FString>& RequestTitle)
 {
 	std::vector<std::tuple<int32, int32, int32, int32>> Ranks;
 	for (int32 Number = 0; Number < static_cast<int32>(std::size(Menu)); ++Number)

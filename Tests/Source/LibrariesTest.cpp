@@ -11,7 +11,7 @@ using testing::StartsWith;
 
 namespace LibrariesTest
 {
-UBlueprint* Make(const char* Path, const char* Parent)
+static UBlueprint* Make(const char* Path, const char* Parent)
 {
 	const TSharedPtr<Morvane::FToolResult> Made = RunTool(TEXT("bp_create_asset"),
 		std::string(R"({"path":")") + Path + R"(","blueprint_parent_class":{"type":"native","parent_path":")" + Parent
@@ -20,7 +20,7 @@ UBlueprint* Make(const char* Path, const char* Parent)
 	return FBlueprintUtils::TryLoadBlueprint(FromUtf8(Path));
 }
 
-TSharedPtr<Morvane::FToolResult> AddFunction(const char* Path, const std::string& Function)
+static TSharedPtr<Morvane::FToolResult> AddFunction(const char* Path, const std::string& Function)
 {
 	return RunTool(
 		TEXT("bp_create_graph"), std::string(R"({"path":")") + Path + R"(","functions":[)" + Function + "]}");

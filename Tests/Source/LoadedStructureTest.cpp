@@ -23,7 +23,7 @@ namespace LoadedStructureTest
 constexpr const char* File = "Content/Tests/BP_Test.uatext";
 
 /** Writes the package anew with another object text, as a merge or another program does. */
-void Rewrite(const FTemporaryFolder& Folder, const std::string& Path, const std::string& Body)
+static void Rewrite(const FTemporaryFolder& Folder, const std::string& Path, const std::string& Body)
 {
 	const std::string Old = Folder.Read(Path);
 	FPackageText::FHeader Header;
@@ -32,13 +32,13 @@ void Rewrite(const FTemporaryFolder& Folder, const std::string& Path, const std:
 	Folder.Write(Path, FPackageText::MakeBytes(Header, Body));
 }
 
-std::string BodyOf(const FTemporaryFolder& Folder, const std::string& Path)
+static std::string BodyOf(const FTemporaryFolder& Folder, const std::string& Path)
 {
 	const std::string Text = Folder.Read(Path);
 	return Text.substr(Text.find("\n\n") + 2);
 }
 
-void Unload()
+static void Unload()
 {
 	TArray<UObject*> Packages;
 	GetObjectsOfClass(UPackage::StaticClass(), Packages);
@@ -62,7 +62,7 @@ struct FReference
 };
 
 /** The first reference of each property that says what holds what, with the one behind it in the same list. */
-std::vector<FReference> FindReferences(const std::string& Body)
+static std::vector<FReference> FindReferences(const std::string& Body)
 {
 	static const std::regex Line(
 		R"(\n *((?:UbergraphPages|FunctionGraphs|MacroGraphs|DelegateSignatureGraphs|SubGraphs|Nodes|Timelines|)"
@@ -82,7 +82,7 @@ std::vector<FReference> FindReferences(const std::string& Body)
 }
 
 /** Nothing, nobody, everything above it, and what stands in other places. */
-std::vector<std::string> WrongTargets(const FReference& Reference, const std::vector<FReference>& All)
+static std::vector<std::string> WrongTargets(const FReference& Reference, const std::vector<FReference>& All)
 {
 	std::vector<std::string> Targets = {"", "/Game/Nowhere.Nowhere"};
 	for (std::size_t Cut = Reference.Path.find_last_of(".:"); Cut != std::string::npos && Cut > 20;
@@ -103,7 +103,7 @@ std::vector<std::string> WrongTargets(const FReference& Reference, const std::ve
 }
 
 /** Every tool that walks the Blueprint; what they say is their affair here, that they say it counts. */
-void Walk(const std::string& Path)
+static void Walk(const std::string& Path)
 {
 	const std::string Head = R"({"path":")" + Path + "\"";
 	RunTool(Morvane::ToolInfo::ToolName_ReadBlueprintSchema, Head + "}");
@@ -123,7 +123,7 @@ struct FKind
 	void (*Fill)(UBlueprint&);
 };
 
-void FillActor(UBlueprint& Blueprint)
+static void FillActor(UBlueprint& Blueprint)
 {
 	EverythingBlueprint::Fill(Blueprint);
 	UEdGraph* const Events = FBlueprintEditorUtils::FindEventGraph(&Blueprint);
@@ -174,14 +174,14 @@ INSTANTIATE_TEST_SUITE_P(
 
 namespace LoadedStructureTest
 {
-std::string Replaced(std::string Text, const std::string& From, const std::string& To)
+static std::string Replaced(std::string Text, const std::string& From, const std::string& To)
 {
 	const std::size_t At = Text.find(From);
 	EXPECT_NE(At, std::string::npos) << From;
 	return At == std::string::npos ? Text : Text.replace(At, From.size(), To);
 }
 
-std::string Problems()
+static std::string Problems()
 {
 	std::string Text;
 	for (const FString& Problem : FPackageText::TakeProblems())
@@ -191,7 +191,7 @@ std::string Problems()
 	return Text;
 }
 
-void Create(const std::string& Path, const std::string& ParentType, const std::string& Parent)
+static void Create(const std::string& Path, const std::string& ParentType, const std::string& Parent)
 {
 	RunTool(Morvane::ToolInfo::ToolName_BPCreateAsset,
 		R"({"path":")" + Path + R"(","blueprint_parent_class":{"type":")" + ParentType + R"(","parent_path":")" + Parent

@@ -9,7 +9,7 @@ using testing::IsEmpty;
 
 namespace LocalVariablesTest
 {
-TArray<FBPLocalVariableModification> Parse(const std::string& Text)
+static TArray<FBPLocalVariableModification> Parse(const std::string& Text)
 {
 	TArray<FBPLocalVariableModification> Records;
 	Morvane::FToolResult Result = MakeResult();

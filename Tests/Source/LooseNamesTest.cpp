@@ -9,7 +9,7 @@ using testing::IsEmpty;
 
 namespace LooseNamesTest
 {
-UEdGraphNode* Find(const FPopulating& Run, const std::string& Id)
+static UEdGraphNode* Find(const FPopulating& Run, const std::string& Id)
 {
 	const std::string Guid = Run.GuidOf(Id);
 	for (UEdGraphNode* const Node : Run.Blueprint->UbergraphPages[0]->Nodes)
@@ -22,7 +22,7 @@ UEdGraphNode* Find(const FPopulating& Run, const std::string& Id)
 	return nullptr;
 }
 
-std::string NameOf(const UEdGraphPin* Pin)
+static std::string NameOf(const UEdGraphPin* Pin)
 {
 	return Pin ? ToStd(Pin->PinName.ToString()) : "none";
 }

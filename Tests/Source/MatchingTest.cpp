@@ -31,7 +31,7 @@ struct FMenu
 	}
 };
 
-bool IsOneOf(const FString& Title, const std::string& Expected)
+static bool IsOneOf(const FString& Title, const std::string& Expected)
 {
 	std::istringstream Titles(Expected);
 	for (std::string One; std::getline(Titles, One, '|');)
@@ -44,7 +44,7 @@ bool IsOneOf(const FString& Title, const std::string& Expected)
 	return false;
 }
 
-std::string Describe(const TArray<FCamCandidate>& Candidates)
+static std::string Describe(const TArray<FCamCandidate>& Candidates)
 {
 	std::ostringstream Text;
 	for (int32 Index = 0; Index < FMath::Min(Candidates.Num(), 2); ++Index)
@@ -59,7 +59,7 @@ std::string Describe(const TArray<FCamCandidate>& Candidates)
 constexpr float Threshold = 0.6f;
 
 /** Titles of two words and more from all over the menu, no two of them alike. */
-std::vector<std::string> SampleTitles(const FSharedActionMenu& Menu, std::size_t Count)
+static std::vector<std::string> SampleTitles(const FSharedActionMenu& Menu, std::size_t Count)
 {
 	TSet<FString> Known;
 	std::vector<std::string> Titles;
@@ -77,20 +77,20 @@ std::vector<std::string> SampleTitles(const FSharedActionMenu& Menu, std::size_t
 	return Titles;
 }
 
-std::string ToLowerCase(std::string Title)
+static std::string ToLowerCase(std::string Title)
 {
 	std::transform(Title.begin(), Title.end(), Title.begin(), [](unsigned char Char) { return std::tolower(Char); });
 	return Title;
 }
 
-std::string ToSnakeCase(std::string Title)
+static std::string ToSnakeCase(std::string Title)
 {
 	Title = ToLowerCase(Title);
 	std::replace(Title.begin(), Title.end(), ' ', '_');
 	return Title;
 }
 
-std::string ToCamelCase(std::string Title)
+static std::string ToCamelCase(std::string Title)
 {
 	std::string Joined;
 	bool bFirst = true;
@@ -106,7 +106,7 @@ std::string ToCamelCase(std::string Title)
 }
 
 /** In the middle of the longest word. */
-std::string SwapTwoLetters(std::string Title)
+static std::string SwapTwoLetters(std::string Title)
 {
 	std::size_t Best = 0;
 	std::size_t BestLength = 0;
@@ -128,7 +128,7 @@ std::string SwapTwoLetters(std::string Title)
 }
 
 /** An action's keywords as each of them would be scored alone. */
-TArray<FString> ActionKeywords(const FCamCandidate& Candidate)
+static TArray<FString> ActionKeywords(const FCamCandidate& Candidate)
 {
 	TArray<FString> Keywords = FAssetOperationBase::CreateKeywords(Candidate.MenuTitle);
 	FAssetOperationBase::AppendKeywords(Candidate.MenuCategory, Keywords);

@@ -41,7 +41,7 @@ using FSchema = UEdGraphSchema_K2;
 const std::string User = "Content/Tests/BP_Test.uatext";
 
 /** The lines of a package behind its header. */
-std::vector<std::string> BodyLines(const std::string& Text)
+static std::vector<std::string> BodyLines(const std::string& Text)
 {
 	std::vector<std::string> Lines;
 	std::istringstream Stream(Text.substr(Text.find("\n\n")));
@@ -242,7 +242,7 @@ private:
 };
 
 /** An edit of something else, through the tools, and a compile. */
-void EditAndCompile(const std::string& Function)
+static void EditAndCompile(const std::string& Function)
 {
 	const auto Created = RunTool(Morvane::ToolInfo::ToolName_BPCreateGraph,
 		R"({"path":"/Game/Tests/BP_Test","functions":[{"name":")" + Function + R"("}]})");
@@ -253,14 +253,14 @@ void EditAndCompile(const std::string& Function)
 }
 
 /** What compiling says: the errors. */
-std::vector<std::string> CompileErrors()
+static std::vector<std::string> CompileErrors()
 {
 	return Errors(
 		*RunTool(Morvane::ToolInfo::ToolName_CompileBlueprint, R"({"blueprint_paths":["/Game/Tests/BP_Test"]})"));
 }
 
 /** Lines of before that are not there any more, but for those that an edit is about. */
-std::vector<std::string> LostLines(const std::string& Before, const std::string& After)
+static std::vector<std::string> LostLines(const std::string& Before, const std::string& After)
 {
 	const std::vector<std::string> Now = BodyLines(After);
 	const std::multiset<std::string> Present(Now.begin(), Now.end());
@@ -276,7 +276,7 @@ std::vector<std::string> LostLines(const std::string& Before, const std::string&
 	return Lost;
 }
 
-void ExpectAllBound()
+static void ExpectAllBound()
 {
 	EXPECT_THAT(CompileErrors(), IsEmpty());
 	const UBlueprint* const Blueprint = LoadObject<UBlueprint>(nullptr, TEXT("/Game/Tests/BP_Test.BP_Test"));

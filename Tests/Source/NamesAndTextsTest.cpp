@@ -21,7 +21,7 @@ using testing::Not;
 
 namespace NamesAndTextsTest
 {
-FString Text(const char32_t* CodePoints)
+static FString Text(const char32_t* CodePoints)
 {
 	std::wstring Wide;
 	for (; *CodePoints; ++CodePoints)
@@ -32,7 +32,7 @@ FString Text(const char32_t* CodePoints)
 }
 
 /** A JSON string of it. */
-std::string Quoted(const FString& Value)
+static std::string Quoted(const FString& Value)
 {
 	const TSharedRef<FJsonObject> Object = MakeShared<FJsonObject>();
 	Object->SetStringField(TEXT("v"), Value);
@@ -50,7 +50,7 @@ struct FKind
 	bool (*Has)(const UBlueprint&, FName);
 };
 
-bool HasGraph(const TArray<TObjectPtr<UEdGraph>>& Graphs, FName Name)
+static bool HasGraph(const TArray<TObjectPtr<UEdGraph>>& Graphs, FName Name)
 {
 	return Graphs.ContainsByPredicate([Name](const UEdGraph* Graph) { return Graph->GetFName() == Name; });
 }
@@ -278,7 +278,7 @@ struct FTexts
 };
 
 /** All classes of code points: each end of each, with what a text form gives a meaning to. */
-std::vector<uint32> CodePoints()
+static std::vector<uint32> CodePoints()
 {
 	std::vector<uint32> List;
 	for (uint32 Code = 1; Code < 0x180; ++Code)

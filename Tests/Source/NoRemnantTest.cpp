@@ -10,7 +10,7 @@ using testing::Not;
 
 namespace NoRemnantTest
 {
-std::string SavedText(const FPopulating& Case)
+static std::string SavedText(const FPopulating& Case)
 {
 	const std::string Text = Case.Blueprint.Folder().Read("Content/Tests/BP_Test.uatext");
 	return Text.substr(Text.find("\n\n"));

@@ -26,23 +26,23 @@ namespace NodeEditingTest
 const std::string Print = CallNode("p", "KismetSystemLibrary", "PrintString");
 const std::string Boom = R"({"node_guid":"c","class_name":"K2Node_CustomEvent","node_metadata":{"event_name":"Boom"}})";
 
-std::string Typed(const std::string& Category, const std::string& More = "")
+static std::string Typed(const std::string& Category, const std::string& More = "")
 {
 	return R"("type":{"category":")" + Category + "\"" + More + "}";
 }
 
-std::string EntryOf(const FGuid& Guid, const std::string& Pins)
+static std::string EntryOf(const FGuid& Guid, const std::string& Pins)
 {
 	return R"({"action":"modify","node_guid":")" + ToStd(Guid.ToString()) + R"(","pins":[)" + Pins + "]}";
 }
 
 /** The warning in the words of the node editor, without the run's own. */
-std::string FirstWarning(const FModifying& Case)
+static std::string FirstWarning(const FModifying& Case)
 {
 	return Warnings(*Case.Result).empty() ? "" : Warnings(*Case.Result)[0];
 }
 
-const UEdGraph* FunctionGraph(FModifying& Case)
+static const UEdGraph* FunctionGraph(FModifying& Case)
 {
 	RunTool(TEXT("bp_create_graph"),
 		R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"Fire","parameters":[{"name":"Power","type":{"category":"float"}}],

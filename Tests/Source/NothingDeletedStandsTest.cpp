@@ -20,7 +20,7 @@ namespace NothingDeletedStandsTest
 {
 const std::string Print = CallNode("p", "KismetSystemLibrary", "PrintString");
 
-std::vector<std::string> Contents(const Morvane::FToolResult& Result)
+static std::vector<std::string> Contents(const Morvane::FToolResult& Result)
 {
 	std::vector<std::string> Texts;
 	for (const Morvane::FTrackedModification& Change : Result.GetModifications())
@@ -30,13 +30,13 @@ std::vector<std::string> Contents(const Morvane::FToolResult& Result)
 	return Texts;
 }
 
-std::string CustomEvent(const std::string& Id, const std::string& Name)
+static std::string CustomEvent(const std::string& Id, const std::string& Name)
 {
 	return R"({"node_guid":")" + Id + R"(","class_name":"K2Node_CustomEvent","node_metadata":{"event_name":")" + Name
 		+ "\"}}";
 }
 
-auto StandsIn(const char* Text)
+static auto StandsIn(const char* Text)
 {
 	return ElementsAre(AllOf(HasSubstr(Text), Not(HasSubstr("\"deleted\""))));
 }

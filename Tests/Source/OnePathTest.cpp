@@ -19,12 +19,12 @@ const char* const Spellings[] = {"/Game/Tests/BP_Test", "Content/Tests/BP_Test",
 	"/Game/Tests/BP_Test_C", "//Game//Tests//BP_Test", "\\\\Game\\\\Tests\\\\BP_Test", "Game/Tests/BP_Test.uatext",
 	"BP_Test", "bp_test_C", "/game/tests/bp_test"};
 
-std::string Parent(const std::string& Path)
+static std::string Parent(const std::string& Path)
 {
 	return R"("blueprint_parent_class":{"type":"blueprint","parent_path":")" + Path + "\"}";
 }
 
-std::string MakeActor(const std::string& Path)
+static std::string MakeActor(const std::string& Path)
 {
 	const TSharedPtr<Morvane::FToolResult> Made = RunTool(TEXT("bp_create_asset"),
 		R"({"path":")" + Path

@@ -9,7 +9,7 @@
 namespace PinTypeJsonTest
 {
 /** What a pin type object is understood as, written back in full; "refused" for one that is none. */
-std::string Understood(const std::string& Text)
+static std::string Understood(const std::string& Text)
 {
 	EditorModules::StartTools();
 	EditorModules::StartEditor();

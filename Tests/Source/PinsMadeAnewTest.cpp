@@ -29,7 +29,7 @@ constexpr FClassNode ClassNodes[] = {
 	{"K2Node_GetClassDefaults", "/Script/Engine.Character"},
 };
 
-std::string NodeWith(const FClassNode& Case, const std::vector<std::string>& Values, const std::string& Id = "n")
+static std::string NodeWith(const FClassNode& Case, const std::vector<std::string>& Values, const std::string& Id = "n")
 {
 	std::string Pins;
 	for (const std::string& Value : Values)
@@ -41,7 +41,7 @@ std::string NodeWith(const FClassNode& Case, const std::vector<std::string>& Val
 }
 
 /** The class pins of all nodes of the class, in order. */
-std::vector<const UEdGraphPin*> FindClassPins(const FPopulating& Populating, const FClassNode& Case)
+static std::vector<const UEdGraphPin*> FindClassPins(const FPopulating& Populating, const FClassNode& Case)
 {
 	std::vector<const UEdGraphPin*> Pins;
 	for (UEdGraphNode* const Node : Populating.Blueprint.EventGraph().Get()->Nodes)
@@ -55,7 +55,7 @@ std::vector<const UEdGraphPin*> FindClassPins(const FPopulating& Populating, con
 }
 
 /** One node of each class that the menu offers, and some more of the classes with many. */
-TArray<const UBlueprintNodeSpawner*> ChooseActions()
+static TArray<const UBlueprintNodeSpawner*> ChooseActions()
 {
 	constexpr int32 EveryFurther = 499;
 	TArray<const UBlueprintNodeSpawner*> Chosen;

@@ -27,18 +27,18 @@ const std::string Print = CallNode("p", "KismetSystemLibrary", "PrintString");
 const std::string Delay = CallNode("d", "KismetSystemLibrary", "Delay");
 const std::string BeginPlay = EventNode("e", "ReceiveBeginPlay");
 
-std::string Path(const char* Name)
+static std::string Path(const char* Name)
 {
 	return std::string("/Game/Tests/") + Name;
 }
 
 /** A call on another asset than the builder's. */
-TSharedPtr<Morvane::FToolResult> PopulateAt(const std::string& AssetPath, const std::string& Rest)
+static TSharedPtr<Morvane::FToolResult> PopulateAt(const std::string& AssetPath, const std::string& Rest)
 {
 	return RunTool(TEXT("bp_populate_graph"), R"({"path":")" + AssetPath + "\"," + Rest + "}");
 }
 
-int32 CountCalls(const UEdGraph* Graph)
+static int32 CountCalls(const UEdGraph* Graph)
 {
 	TArray<UK2Node_CallFunction*> Calls;
 	Graph->GetNodesOfClass(Calls);

@@ -17,18 +17,18 @@ using testing::IsEmpty;
 
 namespace PopulateTruthTest
 {
-std::string ModifyPin(const std::string& Name, const std::string& Value)
+static std::string ModifyPin(const std::string& Name, const std::string& Value)
 {
 	return R"({"action":"modify","name":")" + Name + R"(","value":")" + Value + "\"}";
 }
 
-std::string Pins(const std::string& List)
+static std::string Pins(const std::string& List)
 {
 	return R"("pins":[)" + List + "]";
 }
 
 /** The event graph as the file holds it. */
-UEdGraph* ReadBack(FPopulating& Run)
+static UEdGraph* ReadBack(FPopulating& Run)
 {
 	UBlueprint* const Blueprint = Run.Blueprint.Reload();
 	return Blueprint ? Blueprint->UbergraphPages[0].Get() : nullptr;

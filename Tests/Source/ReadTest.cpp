@@ -107,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P(Reads, RecordedReads,
 	[](const testing::TestParamInfo<FRecordedRead>& Info) { return Info.param.Name; });
 
 /** A read of several items at once, as after an edit of them. */
-std::string ReadItems(const FBlueprintBuilder& Blueprint, const char* Tool, const std::string& Names)
+static std::string ReadItems(const FBlueprintBuilder& Blueprint, const char* Tool, const std::string& Names)
 {
 	const std::string Word = std::string(Tool).substr(std::string("read_blueprint_").size());
 	Morvane::FToolResult Result = MakeResult();

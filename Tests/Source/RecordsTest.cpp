@@ -7,14 +7,14 @@ using testing::IsEmpty;
 
 namespace RecordsTest
 {
-FBPNodeModification Node(const std::string& Text)
+static FBPNodeModification Node(const std::string& Text)
 {
 	FBPNodeModification Record;
 	EXPECT_TRUE(PopulateRecords::ParseNode(JsonValue(Text), Record)) << Text;
 	return Record;
 }
 
-FBPConnectionModification Connection(const std::string& Text)
+static FBPConnectionModification Connection(const std::string& Text)
 {
 	FBPConnectionModification Record;
 	EXPECT_TRUE(PopulateRecords::ParseConnection(JsonValue(Text), Record)) << Text;
@@ -23,13 +23,13 @@ FBPConnectionModification Connection(const std::string& Text)
 
 using FModification = FBlueprintNodesCommonOperation::FBPGraphModification;
 
-bool ParseWhole(const std::string& Text, FModification& OutModification, Morvane::FToolResult& Result)
+static bool ParseWhole(const std::string& Text, FModification& OutModification, Morvane::FToolResult& Result)
 {
 	return FBlueprintNodesCommonOperation::ParseJsonToModification(*Json(Text), OutModification, Result);
 }
 
 /** The members given, inside a request that is complete otherwise. */
-std::string Request(const std::string& Members)
+static std::string Request(const std::string& Members)
 {
 	return R"({"blueprint_name":"BP","graph_name":"Run")" + (Members.empty() ? "" : "," + Members) + "}";
 }

@@ -21,12 +21,12 @@ using testing::StartsWith;
 
 namespace StructureMembersTest
 {
-UEdGraph* FindSignature(const FStructuring& Case, const TCHAR* Name)
+static UEdGraph* FindSignature(const FStructuring& Case, const TCHAR* Name)
 {
 	return FBlueprintEditorUtils::GetDelegateSignatureGraphByName(Case.Blueprint.Get(), Name);
 }
 
-std::vector<std::string> ParameterNames(const UEdGraph* Graph)
+static std::vector<std::string> ParameterNames(const UEdGraph* Graph)
 {
 	std::vector<std::string> Names;
 	const UK2Node_FunctionEntry* const Entry = FBlueprintEditorUtils::GetEntryNode(Graph);
@@ -37,18 +37,18 @@ std::vector<std::string> ParameterNames(const UEdGraph* Graph)
 	return Names;
 }
 
-UTimelineTemplate* FindTimeline(const FStructuring& Case, const TCHAR* Name)
+static UTimelineTemplate* FindTimeline(const FStructuring& Case, const TCHAR* Name)
 {
 	return Case.Blueprint->FindTimelineTemplateByVariableName(Name);
 }
 
-UK2Node_Timeline* FindNode(const FStructuring& Case, const TCHAR* Name)
+static UK2Node_Timeline* FindNode(const FStructuring& Case, const TCHAR* Name)
 {
 	return FBlueprintEditorUtils::FindNodeForTimeline(Case.Blueprint.Get(), FindTimeline(Case, Name));
 }
 
 /** "time=value" of each key. */
-std::vector<std::string> Keys(const FRichCurve& Curve)
+static std::vector<std::string> Keys(const FRichCurve& Curve)
 {
 	std::vector<std::string> Texts;
 	for (const FRichCurveKey& Key : Curve.GetConstRefOfKeys())

@@ -17,7 +17,7 @@ using testing::StartsWith;
 
 namespace StructureVariablesTest
 {
-UEdGraph* FindFunction(const FStructuring& Case, const TCHAR* Name)
+static UEdGraph* FindFunction(const FStructuring& Case, const TCHAR* Name)
 {
 	for (UEdGraph* const Graph : Case.Blueprint->FunctionGraphs)
 	{

@@ -13,7 +13,7 @@ namespace ToolFrameTest
 {
 int32 NumOperationRuns = 0;
 
-void Operation(const FJsonObject& Args, Morvane::FToolResult& Result)
+static void Operation(const FJsonObject& Args, Morvane::FToolResult& Result)
 {
 	++NumOperationRuns;
 	Result.SetData(TEXT("heard"), Args.GetStringField(TEXT("say")));
@@ -22,7 +22,7 @@ void Operation(const FJsonObject& Args, Morvane::FToolResult& Result)
 using FTestTool = TToolAdapter<Morvane::ToolInfo::ToolName_CompileBlueprint, &Operation>;
 
 /** Runs one tool with a text and answers its result; completion is part of what must hold. */
-Morvane::FToolResult Run(const std::string& Arguments)
+static Morvane::FToolResult Run(const std::string& Arguments)
 {
 	FTestTool Tool(TEXT(""), TEXT(""), TEXT("{}"));
 	const Morvane::FToolCommand Command(TEXT("1"), TEXT("test"), FromUtf8(Arguments));
@@ -101,7 +101,7 @@ private:
 	const TArray<FString> NamesBefore;
 };
 
-TArray<FString> TableNames(bool bReadOnly)
+static TArray<FString> TableNames(bool bReadOnly)
 {
 	TArray<FString> Names;
 	for (const FToolRow& Row : ToolTable::GetRows())

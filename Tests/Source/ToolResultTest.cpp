@@ -35,7 +35,7 @@ private:
 	const FString Name;
 };
 
-std::string Content(const Morvane::FToolResult& Result, int32 Index)
+static std::string Content(const Morvane::FToolResult& Result, int32 Index)
 {
 	return ToStd(Result.GetModifications()[Index].Content);
 }

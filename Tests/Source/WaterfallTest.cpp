@@ -91,7 +91,7 @@ UEdGraphNode* Make(UEdGraph& Graph, TFunction<void(TNode&)> Bind = nullptr)
 	return Node;
 }
 
-FBPNodeModification WithMetadata(std::initializer_list<std::pair<const TCHAR*, const TCHAR*>> Entries)
+static FBPNodeModification WithMetadata(std::initializer_list<std::pair<const TCHAR*, const TCHAR*>> Entries)
 {
 	FBPNodeModification Record;
 	Record.NodeGuid = TEXT("n");
@@ -102,7 +102,7 @@ FBPNodeModification WithMetadata(std::initializer_list<std::pair<const TCHAR*, c
 	return Record;
 }
 
-std::string VariableNode(const std::string& Class, const std::string& Metadata)
+static std::string VariableNode(const std::string& Class, const std::string& Metadata)
 {
 	return R"({"node_guid":"v","class_name":")" + Class + R"(","node_metadata":{)" + Metadata + "}}";
 }

@@ -19,13 +19,13 @@ using testing::IsEmpty;
 
 namespace WidgetEventsToolTests
 {
-std::string Events(const std::string& Members)
+static std::string Events(const std::string& Members)
 {
 	return R"("events":{)" + Members + "}";
 }
 
 /** "OnClicked (Ok) at 400,100" for each bound event of the graph, in order. */
-std::vector<std::string> BoundEvents(const FBlueprintBuilder& Blueprint)
+static std::vector<std::string> BoundEvents(const FBlueprintBuilder& Blueprint)
 {
 	std::vector<std::string> Lines;
 	for (const UEdGraphNode* const Node : Blueprint.EventGraph().Get()->Nodes)
@@ -41,7 +41,7 @@ std::vector<std::string> BoundEvents(const FBlueprintBuilder& Blueprint)
 	return Lines;
 }
 
-std::vector<std::string> Animations(FWidgetEditing& Edit)
+static std::vector<std::string> Animations(FWidgetEditing& Edit)
 {
 	std::vector<std::string> Names;
 	for (const UWidgetAnimation* const Animation : Edit.Get().Animations)
@@ -51,12 +51,12 @@ std::vector<std::string> Animations(FWidgetEditing& Edit)
 	return Names;
 }
 
-std::string Animation(const std::string& Name, const std::string& Action)
+static std::string Animation(const std::string& Name, const std::string& Action)
 {
 	return R"({"name":")" + Name + R"(","action":")" + Action + "\"}";
 }
 
-Morvane::FToolResult& Animate(FWidgetEditing& Edit, const std::string& Operations)
+static Morvane::FToolResult& Animate(FWidgetEditing& Edit, const std::string& Operations)
 {
 	return Edit.Call(R"("animations":[)" + Operations + "]");
 }

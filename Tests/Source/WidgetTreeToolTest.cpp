@@ -15,7 +15,7 @@ using testing::IsEmpty;
 namespace WidgetTreeToolTests
 {
 /** Root(List(First Second) Ok(Label)) */
-std::string Menu()
+static std::string Menu()
 {
 	return AddWidget("List", "VerticalBox", "Root") + "," + AddWidget("First", "TextBlock", "List") + ","
 		+ AddWidget("Second", "Image", "List") + "," + AddWidget("Ok", "Button", "Root") + ","
@@ -23,7 +23,7 @@ std::string Menu()
 }
 
 /** The widgets' names in the re-read hierarchy and the details that stand beside it. */
-std::string ContentOf(const Morvane::FToolResult& Result, const char* Tool)
+static std::string ContentOf(const Morvane::FToolResult& Result, const char* Tool)
 {
 	for (const Morvane::FTrackedModification& Modification : Result.GetModifications())
 	{

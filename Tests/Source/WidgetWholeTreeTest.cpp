@@ -72,12 +72,12 @@ constexpr FKind Leaves[] = {
 	{"WBP_Part", R"("ColorAndOpacity":{"R":1,"A":0.5},"Padding":{"Left":1})", nullptr, R"("OnVisibilityChanged":true)"},
 };
 
-std::string Field(const char* Name, const char* Members)
+static std::string Field(const char* Name, const char* Members)
 {
 	return Members ? std::string(",\"") + Name + "\":{" + Members + "}" : "";
 }
 
-std::string Add(const std::string& Name, const FKind& Kind, const std::string& Parent, const char* Slot)
+static std::string Add(const std::string& Name, const FKind& Kind, const std::string& Parent, const char* Slot)
 {
 	return (Parent.empty() ? R"({"name":")" : R"(,{"action":"add","name":")") + Name + R"(","class":")" + Kind.Class
 		+ R"(","is_variable":true)" + (Parent.empty() ? "" : R"(,"parent":")" + Parent + "\"")

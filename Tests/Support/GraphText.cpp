@@ -11,14 +11,14 @@
 namespace GraphText
 {
 /** One spelling of references for all engine generations: the newest. */
-std::string NormaliseReferences(const std::string& Value)
+static std::string NormaliseReferences(const std::string& Value)
 {
 	static const std::regex Inner(R"re(([A-Za-z0-9_/.]+)'"([^"']*)"')re");
 	return std::regex_replace(Value, Inner, R"re("$1'$2'")re");
 }
 
 /** "(A=1,B=(C,D),)" to "A=1", "B=(C,D)". */
-std::vector<std::string> SplitFields(std::string_view List)
+static std::vector<std::string> SplitFields(std::string_view List)
 {
 	std::vector<std::string> Fields;
 	std::string Field;
@@ -59,7 +59,7 @@ struct FPinPlace
 using FPinPlaces = std::map<std::string, FPinPlace>;
 
 /** "(Node Id,Node Id,)" as places in the text. */
-std::vector<std::string> ReadLinks(const std::string& List, const FPinPlaces& Places)
+static std::vector<std::string> ReadLinks(const std::string& List, const FPinPlaces& Places)
 {
 	std::vector<std::string> Links;
 	for (const std::string& Link : SplitFields(List))
@@ -74,19 +74,19 @@ std::vector<std::string> ReadLinks(const std::string& List, const FPinPlaces& Pl
 	return Links;
 }
 
-std::string KeyOf(const std::string& Field)
+static std::string KeyOf(const std::string& Field)
 {
 	return Field.substr(0, Field.find('='));
 }
 
 /** What differs between texts of the same graph, or says how the last compile went. */
-bool IsIncidental(std::string_view Property)
+static bool IsIncidental(std::string_view Property)
 {
 	return Property == "NodeGuid" || Property == "ErrorType" || Property == "ErrorMsg"
 		|| Property == "bHasCompilerMessage";
 }
 
-void ReadPin(const std::string& Value, const FPinPlaces& Places, FGraphTextNode& OutNode)
+static void ReadPin(const std::string& Value, const FPinPlaces& Places, FGraphTextNode& OutNode)
 {
 	std::vector<std::string>& Fields = OutNode.Pins.emplace_back();
 	std::vector<std::string>& Links = OutNode.Links.emplace_back();
@@ -104,12 +104,12 @@ void ReadPin(const std::string& Value, const FPinPlaces& Places, FGraphTextNode&
 	}
 }
 
-bool IsPin(const FObjectTextLine& Line)
+static bool IsPin(const FObjectTextLine& Line)
 {
 	return Line.bCustom && Line.Value.substr(0, 4) == "Pin ";
 }
 
-FPinPlaces FindPins(const FObjectTextTree& Tree)
+static FPinPlaces FindPins(const FObjectTextTree& Tree)
 {
 	FPinPlaces Places;
 	for (std::size_t Node = 0; Node < Tree.Objects.size(); ++Node)
@@ -127,7 +127,7 @@ FPinPlaces FindPins(const FObjectTextTree& Tree)
 	return Places;
 }
 
-FGraphTextNode ReadNode(const FObjectTextRecord& Record, const FPinPlaces& Places)
+static FGraphTextNode ReadNode(const FObjectTextRecord& Record, const FPinPlaces& Places)
 {
 	FGraphTextNode Node;
 	Node.Class = std::string(Record.ClassPath);
@@ -148,7 +148,7 @@ FGraphTextNode ReadNode(const FObjectTextRecord& Record, const FPinPlaces& Place
 	return Node;
 }
 
-std::string Join(const std::vector<std::string>& Parts)
+static std::string Join(const std::vector<std::string>& Parts)
 {
 	std::string Text;
 	for (const std::string& Part : Parts)
@@ -158,7 +158,7 @@ std::string Join(const std::vector<std::string>& Parts)
 	return Text;
 }
 
-std::string Join(const std::map<std::string, std::string>& Parts)
+static std::string Join(const std::map<std::string, std::string>& Parts)
 {
 	std::string Text;
 	for (const auto& [Key, Value] : Parts)
@@ -168,7 +168,7 @@ std::string Join(const std::map<std::string, std::string>& Parts)
 	return Text;
 }
 
-std::string ComparePins(const FGraphTextNode& Expected, const FGraphTextNode& Actual)
+static std::string ComparePins(const FGraphTextNode& Expected, const FGraphTextNode& Actual)
 {
 	if (Expected.Pins.size() != Actual.Pins.size())
 	{

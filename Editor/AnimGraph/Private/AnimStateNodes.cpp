@@ -21,13 +21,13 @@ namespace AnimStateNodes
 {
 const FName TransitionCategory(TEXT("Transition"));
 
-void CreateStatePins(UEdGraphNode& Node)
+static void CreateStatePins(UEdGraphNode& Node)
 {
 	Node.CreatePin(EGPD_Input, TransitionCategory, TEXT("In"));
 	Node.CreatePin(EGPD_Output, TransitionCategory, TEXT("Out"));
 }
 
-FString NameOf(const UEdGraph* Graph)
+static FString NameOf(const UEdGraph* Graph)
 {
 	return Graph ? Graph->GetName() : FString(TEXT("(null)"));
 }
@@ -216,7 +216,7 @@ FString UAnimStateTransitionNode::GetStateName() const
 
 namespace AnimStateNodes
 {
-UAnimStateNodeBase* LinkedState(const UEdGraphPin* Pin)
+static UAnimStateNodeBase* LinkedState(const UEdGraphPin* Pin)
 {
 	return Pin && !Pin->LinkedTo.IsEmpty() ? Cast<UAnimStateNodeBase>(Pin->LinkedTo[0]->GetOwningNode()) : nullptr;
 }

@@ -13,14 +13,14 @@
 
 namespace AssetRegistries
 {
-bool IsBelow(FName PackagePath, const FString& Folder)
+static bool IsBelow(FName PackagePath, const FString& Folder)
 {
 	const FStringView Path = PackagePath.GetView();
 	return Path.Len() > Folder.Len() && Path[Folder.Len()] == TEXT('/')
 		&& Path.StartsWith(Folder, ESearchCase::IgnoreCase);
 }
 
-FString WithoutEndSlash(const FString& Path)
+static FString WithoutEndSlash(const FString& Path)
 {
 	return Path.EndsWith(TEXT("/")) ? Path.LeftChop(1) : Path;
 }

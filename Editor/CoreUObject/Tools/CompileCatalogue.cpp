@@ -16,7 +16,7 @@ namespace CompileCatalogue
 {
 using namespace Catalogue;
 
-bool ReadFiles(int Count, char** Names, std::vector<FSourceFile>& OutFiles, std::vector<FFault>& OutFaults)
+static bool ReadFiles(int Count, char** Names, std::vector<FSourceFile>& OutFiles, std::vector<FFault>& OutFaults)
 {
 	for (int Index = 0; Index < Count; ++Index)
 	{
@@ -32,7 +32,7 @@ bool ReadFiles(int Count, char** Names, std::vector<FSourceFile>& OutFiles, std:
 	return true;
 }
 
-void Resolve(const std::vector<FSourceFile>& Files, std::vector<FFault>& OutFaults)
+static void Resolve(const std::vector<FSourceFile>& Files, std::vector<FFault>& OutFaults)
 {
 	std::unordered_map<std::string, ETarget> Entries;
 	for (const FSourceFile& File : Files)
@@ -66,7 +66,7 @@ void Resolve(const std::vector<FSourceFile>& Files, std::vector<FFault>& OutFaul
 	}
 }
 
-int Run(int Count, char** Arguments)
+static int Run(int Count, char** Arguments)
 {
 	if (Count < 3)
 	{

@@ -145,7 +145,7 @@ void UAnimBlueprintGeneratedClass::DescribeClass(FClassDescriber&) {}
 
 namespace BlueprintGraphs
 {
-void AddWithChildren(UEdGraph* Graph, TArray<UEdGraph*>& Graphs)
+static void AddWithChildren(UEdGraph* Graph, TArray<UEdGraph*>& Graphs)
 {
 	if (Graph)
 	{
@@ -154,7 +154,7 @@ void AddWithChildren(UEdGraph* Graph, TArray<UEdGraph*>& Graphs)
 	}
 }
 
-void AddAll(const TArray<TObjectPtr<UEdGraph>>& From, TArray<UEdGraph*>& Graphs)
+static void AddAll(const TArray<TObjectPtr<UEdGraph>>& From, TArray<UEdGraph*>& Graphs)
 {
 	for (UEdGraph* const Graph : From)
 	{

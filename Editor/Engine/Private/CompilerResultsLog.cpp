@@ -5,7 +5,7 @@
 namespace CompilerLog
 {
 /** Execution pins show no name of their own; a reader still has to know which one is meant. */
-FText NameOf(const UEdGraphPin& Pin)
+static FText NameOf(const UEdGraphPin& Pin)
 {
 	if (Pin.PinName.IsNone())
 	{
@@ -47,7 +47,7 @@ FEdGraphToken::FEdGraphToken(const UObject* InObject, const UEdGraphPin* InPin)
 namespace CompilerLog
 {
 /** Adds words unless there are none. Tokens are joined by a blank, so those at the cut go. */
-void AddWords(FTokenizedMessage& Message, const FString& Words)
+static void AddWords(FTokenizedMessage& Message, const FString& Words)
 {
 	const FString Trimmed = Words.TrimStartAndEnd();
 	if (!Trimmed.IsEmpty())
@@ -56,7 +56,7 @@ void AddWords(FTokenizedMessage& Message, const FString& Words)
 	}
 }
 
-UEdGraphNode* NodeOf(const FCompilerResultsLog::FArgument& Argument)
+static UEdGraphNode* NodeOf(const FCompilerResultsLog::FArgument& Argument)
 {
 	if (Argument.Pin)
 	{
@@ -66,7 +66,7 @@ UEdGraphNode* NodeOf(const FCompilerResultsLog::FArgument& Argument)
 }
 
 /** The worst message stays on the node; several of one severity stand below each other. */
-void Annotate(UEdGraphNode& Node, EMessageSeverity::Type Severity, const FString& Text)
+static void Annotate(UEdGraphNode& Node, EMessageSeverity::Type Severity, const FString& Text)
 {
 	if (Node.bHasCompilerMessage && Node.ErrorType < Severity)
 	{
@@ -78,7 +78,7 @@ void Annotate(UEdGraphNode& Node, EMessageSeverity::Type Severity, const FString
 	Node.bHasCompilerMessage = true;
 }
 
-TSharedRef<IMessageToken> TokenOf(const FCompilerResultsLog::FArgument& Argument)
+static TSharedRef<IMessageToken> TokenOf(const FCompilerResultsLog::FArgument& Argument)
 {
 	if (Argument.Pin)
 	{

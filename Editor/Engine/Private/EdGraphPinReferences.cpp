@@ -37,7 +37,7 @@ private:
 };
 
 /** Text of any origin may claim anything; pins of one node stay a forest. */
-bool CanBeBelow(const UEdGraphPin& SubPin, const UEdGraphPin& Parent)
+static bool CanBeBelow(const UEdGraphPin& SubPin, const UEdGraphPin& Parent)
 {
 	if (SubPin.GetOwningNode() != Parent.GetOwningNode() || SubPin.ParentPin)
 	{
@@ -53,7 +53,7 @@ bool CanBeBelow(const UEdGraphPin& SubPin, const UEdGraphPin& Parent)
 	return true;
 }
 
-void Resolve(UEdGraphPin& Pin, const UEdGraphPin::FPendingReferences& Pending, const FIndex& Index)
+static void Resolve(UEdGraphPin& Pin, const UEdGraphPin::FPendingReferences& Pending, const FIndex& Index)
 {
 	for (const UEdGraphPin::FPendingReference& Reference : Pending.LinkedTo)
 	{

@@ -6,7 +6,7 @@
 
 namespace PinText
 {
-void AppendQuoted(FString& Out, FStringView Text)
+static void AppendQuoted(FString& Out, FStringView Text)
 {
 	Out.AppendChar(TEXT('"'));
 	for (const TCHAR Char : Text)
@@ -178,7 +178,7 @@ const TCHAR* ContainerName(EPinContainerType Type)
 	return TEXT("None");
 }
 
-void WriteType(FWriter& Writer, FString& Out, const FEdGraphPinType& Type, UObject* Parent)
+static void WriteType(FWriter& Writer, FString& Out, const FEdGraphPinType& Type, UObject* Parent)
 {
 	const FTypeProperties& Properties = FTypeProperties::Get();
 	Writer.Name(TEXT("PinType.PinCategory"), Type.PinCategory);

@@ -117,7 +117,7 @@ private:
 	const TCHAR* Cursor;
 };
 
-FString ToText(FStringView Value)
+static FString ToText(FStringView Value)
 {
 	if (!Value.IsEmpty() && Value[0] == TEXT('"'))
 	{
@@ -128,7 +128,7 @@ FString ToText(FStringView Value)
 	return FString(Value);
 }
 
-FName ToName(FStringView Value)
+static FName ToName(FStringView Value)
 {
 	if (Value.Len() >= 2 && Value[0] == TEXT('"') && Value[Value.Len() - 1] == TEXT('"'))
 	{
@@ -139,18 +139,18 @@ FName ToName(FStringView Value)
 	return FName(Value);
 }
 
-bool ToBool(FStringView Value)
+static bool ToBool(FStringView Value)
 {
 	return !Value.IsEmpty() && (Value[0] == TEXT('T') || Value[0] == TEXT('t') || Value[0] == TEXT('1'));
 }
 
-FGuid ToGuid(FStringView Value)
+static FGuid ToGuid(FStringView Value)
 {
 	return FGuid(ToText(Value));
 }
 
 /** "Node PinId" */
-TOptional<UEdGraphPin::FPendingReference> ToReference(FStringView Value)
+static TOptional<UEdGraphPin::FPendingReference> ToReference(FStringView Value)
 {
 	int32 Blank = INDEX_NONE;
 	if (!Value.FindLastChar(TEXT(' '), Blank))
@@ -164,7 +164,7 @@ TOptional<UEdGraphPin::FPendingReference> ToReference(FStringView Value)
 }
 
 /** "(Node PinId,Node PinId,)" */
-void ToReferences(FStringView Value, TArray<UEdGraphPin::FPendingReference>& Out)
+static void ToReferences(FStringView Value, TArray<UEdGraphPin::FPendingReference>& Out)
 {
 	int32 Start = 1;
 	for (int32 Index = 1; Index < Value.Len(); ++Index)
@@ -180,7 +180,7 @@ void ToReferences(FStringView Value, TArray<UEdGraphPin::FPendingReference>& Out
 	}
 }
 
-EPinContainerType ToContainer(FStringView Value)
+static EPinContainerType ToContainer(FStringView Value)
 {
 	const FName Name = ToName(Value);
 	for (const EPinContainerType Type : {EPinContainerType::Array, EPinContainerType::Set, EPinContainerType::Map})

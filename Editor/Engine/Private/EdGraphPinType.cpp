@@ -81,7 +81,7 @@ bool FEdGraphTerminalType::operator==(const FEdGraphTerminalType& Other) const
 
 namespace PinTypeUpgrade
 {
-void GivePrecision(FName& Category, FName& SubCategory)
+static void GivePrecision(FName& Category, FName& SubCategory)
 {
 	static const FName Float(TEXT("float"));
 	static const FName Double(TEXT("double"));

@@ -10,7 +10,7 @@ namespace GraphSchema
 {
 /** Tells the owners of the pins that their links changed, and each node once that some of its links did. A node that is
  * told may make its pins anew, so each is looked up again before its turn. */
-void NotifyOfLinks(const TArray<FEdGraphPinReference>& Pins)
+static void NotifyOfLinks(const TArray<FEdGraphPinReference>& Pins)
 {
 	TArray<TWeakObjectPtr<UEdGraphNode>> Nodes;
 	for (const FEdGraphPinReference& Reference : Pins)
@@ -33,7 +33,7 @@ void NotifyOfLinks(const TArray<FEdGraphPinReference>& Pins)
 }
 
 /** Links a pair after breaking what the response says must give way. */
-bool LinkAfterBreaking(const UEdGraphSchema& Schema, UEdGraphPin* A, UEdGraphPin* B, bool bBreakA, bool bBreakB)
+static bool LinkAfterBreaking(const UEdGraphSchema& Schema, UEdGraphPin* A, UEdGraphPin* B, bool bBreakA, bool bBreakB)
 {
 	const FEdGraphPinReference HeldA(A);
 	const FEdGraphPinReference HeldB(B);
@@ -54,7 +54,7 @@ bool LinkAfterBreaking(const UEdGraphSchema& Schema, UEdGraphPin* A, UEdGraphPin
 }
 
 /** Does what the response allows. */
-bool Link(const UEdGraphSchema& Schema, ECanCreateConnectionResponse Response, UEdGraphPin* A, UEdGraphPin* B)
+static bool Link(const UEdGraphSchema& Schema, ECanCreateConnectionResponse Response, UEdGraphPin* A, UEdGraphPin* B)
 {
 	switch (Response)
 	{

@@ -15,7 +15,7 @@ namespace LoadedBlueprints
 {
 using LoadedStructure::FForest;
 
-bool IsElsewhere(const UObject& Owner, const UObject& Part)
+static bool IsElsewhere(const UObject& Owner, const UObject& Part)
 {
 	return Owner.GetOutermost() != Part.GetOutermost();
 }
@@ -88,7 +88,7 @@ TArray<T*> OfClass(TConstArrayView<UObject*> Objects)
 	return Found;
 }
 
-void TakeGraphs(UBlueprint& Blueprint, FTree& Graphs)
+static void TakeGraphs(UBlueprint& Blueprint, FTree& Graphs)
 {
 	Graphs.Take<UEdGraph>(Blueprint, Blueprint.FunctionGraphs, TEXT("FunctionGraphs"));
 	Graphs.Take<UEdGraph>(Blueprint, Blueprint.MacroGraphs, TEXT("MacroGraphs"));
@@ -100,7 +100,7 @@ void TakeGraphs(UBlueprint& Blueprint, FTree& Graphs)
 	}
 }
 
-void SettleGraphs(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
+static void SettleGraphs(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
 {
 	FTree Graphs(TEXT("graph"), Warn);
 	FTree Nodes(TEXT("node"), Warn);
@@ -121,7 +121,7 @@ void SettleGraphs(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
 }
 
 /** The properties with which nodes of a class hold a graph of their own. */
-TArray<const FObjectProperty*> FindGraphProperties(const UClass* Class)
+static TArray<const FObjectProperty*> FindGraphProperties(const UClass* Class)
 {
 	TArray<const FObjectProperty*> Found;
 	for (TFieldIterator<FProperty> It(Class); It; ++It)
@@ -136,7 +136,7 @@ TArray<const FObjectProperty*> FindGraphProperties(const UClass* Class)
 }
 
 /** A graph is bound to one node, which does not stand in it. */
-void SettleBoundGraphs(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
+static void SettleBoundGraphs(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
 {
 	FForest Forest;
 	TMap<const UClass*, TArray<const FObjectProperty*>> PropertiesOf;
@@ -161,7 +161,7 @@ void SettleBoundGraphs(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn
 	}
 }
 
-void SettleComponents(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
+static void SettleComponents(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
 {
 	FTree Tree(TEXT("component"), Warn);
 	const TArray<USCS_Node*> All = OfClass<USCS_Node>(Objects);
@@ -188,7 +188,7 @@ void SettleComponents(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
 }
 
 /** The Blueprint of a class, also one that is being read and has not been bound to its class yet. */
-const UBlueprint* FindBlueprint(const UClass* Class)
+static const UBlueprint* FindBlueprint(const UClass* Class)
 {
 	if (const UBlueprint* const Blueprint = UBlueprint::GetBlueprintFromClass(Class))
 	{
@@ -207,7 +207,7 @@ const UBlueprint* FindBlueprint(const UClass* Class)
 }
 
 /** Whether a class is what it is through the Blueprint: by its parents or by the interfaces of any of them. */
-bool LeadsTo(const UClass* From, const UBlueprint& To)
+static bool LeadsTo(const UClass* From, const UBlueprint& To)
 {
 	TArray<const UClass*> Open = {From};
 	TSet<const UClass*> Seen;
@@ -233,7 +233,7 @@ bool LeadsTo(const UClass* From, const UBlueprint& To)
 	return false;
 }
 
-UClass* FindNativeParent(const UBlueprint& Blueprint)
+static UClass* FindNativeParent(const UBlueprint& Blueprint)
 {
 	UClass* Class = Blueprint.GeneratedClass.Get();
 	while (Class && (FindBlueprint(Class) || Class == Blueprint.GeneratedClass.Get()))
@@ -245,7 +245,7 @@ UClass* FindNativeParent(const UBlueprint& Blueprint)
 
 /** Two assets that are each other's parent are what a merge makes of two versions. The one that is read last gives in.
  */
-void SettleParents(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
+static void SettleParents(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
 {
 	for (UBlueprint* const Blueprint : OfClass<UBlueprint>(Objects))
 	{
@@ -273,7 +273,7 @@ void SettleParents(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
 namespace LoadedBlueprints
 {
 /** What was missing at load may come later and be made of what waited for it. */
-void SettleBound(UObject& Owner)
+static void SettleBound(UObject& Owner)
 {
 	class FToldLater final : public FFeedbackContext
 	{

@@ -74,7 +74,7 @@ void FMemberReference::SetLocalMember(FName InMemberName, FString InScopeName, F
 namespace MemberReference
 {
 /** The guid of a Blueprint's own variable; none for native members. */
-FGuid FindVariableGuid(const UClass* Owner, FName Name)
+static FGuid FindVariableGuid(const UClass* Owner, FName Name)
 {
 	const UBlueprint* const Blueprint = UBlueprint::GetBlueprintFromClass(Owner);
 	if (!Blueprint)
@@ -92,7 +92,7 @@ FGuid FindVariableGuid(const UClass* Owner, FName Name)
 }
 
 /** The guid of a function's graph in the Blueprint that declares it; none for native functions and events. */
-FGuid FindFunctionGuid(const UClass* Owner, FName Name)
+static FGuid FindFunctionGuid(const UClass* Owner, FName Name)
 {
 	const UBlueprint* const Blueprint = UBlueprint::GetBlueprintFromClass(Owner);
 	if (!Blueprint)
@@ -109,7 +109,7 @@ FGuid FindFunctionGuid(const UClass* Owner, FName Name)
 	return FGuid();
 }
 
-bool IsOwnOrInherited(const UClass* Owner, const UClass* Self)
+static bool IsOwnOrInherited(const UClass* Owner, const UClass* Self)
 {
 	if (!Owner || !Self)
 	{
@@ -201,14 +201,14 @@ UClass* FMemberReference::GetBlueprintSelfClass(UBlueprint* Blueprint)
 namespace MemberReference
 {
 /** The class to search: the skeleton of a Blueprint class, which knows declarations that were not compiled. */
-UClass* MostUpToDate(UClass* Class)
+static UClass* MostUpToDate(UClass* Class)
 {
 	UBlueprint* const Blueprint = UBlueprint::GetBlueprintFromClass(Class);
 	return Blueprint ? BlueprintClassProvider::GetSelfClass(Blueprint) : Class;
 }
 
 /** The signature of an event dispatcher that a class declares for itself; it is no function of the class. */
-UFunction* FindSignature(UClass& Class, FName Name)
+static UFunction* FindSignature(UClass& Class, FName Name)
 {
 	UFunction* Signature = nullptr;
 	for (UClass* Scope = &Class; Scope && !Signature; Scope = Scope->GetSuperClass())

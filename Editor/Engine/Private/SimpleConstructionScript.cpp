@@ -19,7 +19,7 @@ void USimpleConstructionScript::DescribeClass(FClassDescriber& Class)
 namespace ConstructionScript
 {
 /** Where templates live: the generated class, as what instances are made from. */
-UObject* TemplateOuter(const USimpleConstructionScript& Script)
+static UObject* TemplateOuter(const USimpleConstructionScript& Script)
 {
 	UBlueprint* const Blueprint = Script.GetBlueprint();
 	UObject* const Class = Blueprint ? Blueprint->GeneratedClass.Get() : nullptr;
@@ -27,7 +27,7 @@ UObject* TemplateOuter(const USimpleConstructionScript& Script)
 }
 
 /** A component is a member beside the others: no other node, variable, timeline or inherited member has its name. */
-bool IsVariableNameTaken(const USimpleConstructionScript& Script, FName Name)
+static bool IsVariableNameTaken(const USimpleConstructionScript& Script, FName Name)
 {
 	const auto HasName = [Name](const USCS_Node* Node) { return Node && Node->GetVariableName() == Name; };
 	if (HasName(Script.DefaultSceneRootNode) || Script.AllNodes.ContainsByPredicate(HasName))

@@ -14,7 +14,7 @@ namespace GameplayTagFiles
 DEFINE_LOG_CATEGORY_STATIC(LogGameplayTags, Log, All);
 
 /** The tag of a line such as: +GameplayTagList=(Tag="Ability.Melee",DevComment="..."). Empty for any other line. */
-FString TagOfLine(const FString& Line)
+static FString TagOfLine(const FString& Line)
 {
 	static const FString Key(TEXT("GameplayTagList="));
 	static const FString Open(TEXT("Tag=\""));

@@ -40,7 +40,7 @@ public:
 };
 
 /** Sub-folders by name, hidden ones left out. Links count when they lead to folders. */
-TArray<FString> FoldersIn(const FString& Directory)
+static TArray<FString> FoldersIn(const FString& Directory)
 {
 	TArray<FString> Names;
 	if (DIR* const Handle = opendir(TCHAR_TO_UTF8(*Directory)))
@@ -60,7 +60,7 @@ TArray<FString> FoldersIn(const FString& Directory)
 	return Names;
 }
 
-FString DescriptorIn(const FString& Directory)
+static FString DescriptorIn(const FString& Directory)
 {
 	const FString ByFolder = Directory / (FPaths::GetCleanFilename(Directory) + TEXT(".uplugin"));
 	if (IFileManager::Get().FileExists(*ByFolder))
@@ -82,7 +82,7 @@ FString DescriptorIn(const FString& Directory)
 	return Names.IsEmpty() ? FString() : Directory / Names[0];
 }
 
-TSharedPtr<FJsonObject> ReadJson(const FString& Filename)
+static TSharedPtr<FJsonObject> ReadJson(const FString& Filename)
 {
 	FString Text;
 	FString Error;
@@ -98,7 +98,7 @@ TSharedPtr<FJsonObject> ReadJson(const FString& Filename)
 }
 
 /** What the project says about plug-ins: name to enabled. */
-TMap<FString, bool> ReadProjectChoices()
+static TMap<FString, bool> ReadProjectChoices()
 {
 	TMap<FString, bool> Choices;
 	const FString Project = FPaths::ProjectDir();
@@ -126,7 +126,7 @@ TMap<FString, bool> ReadProjectChoices()
 	return Choices;
 }
 
-bool IsReservedRoot(const FString& Name)
+static bool IsReservedRoot(const FString& Name)
 {
 	for (const TCHAR* const Reserved : {TEXT("Game"), TEXT("Engine"), TEXT("Script"), TEXT("Temp"), TEXT("Memory")})
 	{

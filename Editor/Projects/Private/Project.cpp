@@ -28,18 +28,18 @@ struct FOpenProject
 	TArray<FString> MountedRoots;
 };
 
-TUniquePtr<FOpenProject>& Current()
+static TUniquePtr<FOpenProject>& Current()
 {
 	static TUniquePtr<FOpenProject> Project;
 	return Project;
 }
 
-FString ContentDir(const FOpenProject& Project)
+static FString ContentDir(const FOpenProject& Project)
 {
 	return Project.Directory / TEXT("Content");
 }
 
-bool CanWrite(const FString& Folder)
+static bool CanWrite(const FString& Folder)
 {
 	return faccessat(AT_FDCWD, TCHAR_TO_UTF8(*Folder), W_OK, AT_EACCESS) == 0;
 }
@@ -49,7 +49,7 @@ bool CanWrite(const FString& Folder)
  * Each takes its own lock first and then looks at the other's, so that of two that come at once one sees the other. Who
  * can write to neither reads without owning.
  */
-FProjectLock::EOutcome TakeEither(FOpenProject& Project, FString& OutOwner)
+static FProjectLock::EOutcome TakeEither(FOpenProject& Project, FString& OutOwner)
 {
 	const std::string Folder = ToUtf8(Project.Directory);
 	const std::string File = ToUtf8(Project.Directory / FProject::GetLockFileName());
@@ -69,7 +69,7 @@ FProjectLock::EOutcome TakeEither(FOpenProject& Project, FString& OutOwner)
 	return bMine && FProjectLock::IsHeldByOther(File, OutOwner) ? FProjectLock::EOutcome::Held : OfFolder;
 }
 
-bool TakeLock(FOpenProject& Project, FString& OutError)
+static bool TakeLock(FOpenProject& Project, FString& OutError)
 {
 	FString Owner;
 	const FProjectLock::EOutcome Outcome = TakeEither(Project, Owner);
@@ -86,7 +86,7 @@ bool TakeLock(FOpenProject& Project, FString& OutError)
 	return false;
 }
 
-void MountContent(FOpenProject& Project)
+static void MountContent(FOpenProject& Project)
 {
 	FPackageName::RegisterMountPoint(TEXT("/Game/"), ContentDir(Project));
 	IPluginManager::Get().RefreshPluginsList();
@@ -96,7 +96,7 @@ void MountContent(FOpenProject& Project)
 		Project.MountedRoots.Add(Plugin->GetMountedAssetPath());
 	}
 }
-void SweepContent(const FOpenProject& Project)
+static void SweepContent(const FOpenProject& Project)
 {
 	FPackageText::SweepTemporaryFiles(ContentDir(Project));
 	for (const FString& Root : Project.MountedRoots)
@@ -106,7 +106,7 @@ void SweepContent(const FOpenProject& Project)
 }
 
 /** A file that is there stays as it is. */
-void WriteNewFile(const FString& Path, const std::string_view Text)
+static void WriteNewFile(const FString& Path, const std::string_view Text)
 {
 	const int Handle = open(TCHAR_TO_UTF8(*Path), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0644);
 	const bool bWritten = Handle >= 0 && write(Handle, Text.data(), Text.size()) == static_cast<ssize_t>(Text.size());
@@ -118,7 +118,7 @@ void WriteNewFile(const FString& Path, const std::string_view Text)
 }
 
 /** What git has to know of a project: that packages are no text to it, and which files are nobody else's business. */
-void WriteGitFiles(const FOpenProject& Project)
+static void WriteGitFiles(const FOpenProject& Project)
 {
 	WriteNewFile(Project.Directory / TEXT(".gitattributes"),
 		"# A package has a checksum: no line end in it is converted, and a merge takes one side whole.\n"
@@ -130,7 +130,7 @@ void WriteGitFiles(const FOpenProject& Project)
 }
 
 /** The first package makes a folder a project. */
-void WatchSaves()
+static void WatchSaves()
 {
 	static const bool bWatching = []
 	{

@@ -12,26 +12,26 @@
 
 namespace ProjectLocks
 {
-std::string HostName()
+static std::string HostName()
 {
 	char Name[256] = {};
 	return gethostname(Name, sizeof(Name) - 1) == 0 ? std::string(Name) : std::string("unknown");
 }
 
-std::string ReadAll(int Handle)
+static std::string ReadAll(int Handle)
 {
 	char Text[512];
 	const ssize_t Count = pread(Handle, Text, sizeof(Text), 0);
 	return Count > 0 ? std::string(Text, static_cast<std::size_t>(Count)) : std::string();
 }
 
-bool IsSame(const struct stat& Left, const struct stat& Right)
+static bool IsSame(const struct stat& Left, const struct stat& Right)
 {
 	return Left.st_ino == Right.st_ino && Left.st_dev == Right.st_dev;
 }
 
 /** "PID HOST" as text for a message. */
-FString Describe(const std::string& Owner)
+static FString Describe(const std::string& Owner)
 {
 	const std::size_t Blank = Owner.find(' ');
 	if (Blank == std::string::npos)

@@ -14,14 +14,14 @@ DEFINE_LOG_CATEGORY_STATIC(LogSourceControl, Log, All);
 
 using FIndexPtr = std::unique_ptr<git_index, decltype(&git_index_free)>;
 
-FString LastError()
+static FString LastError()
 {
 	const git_error* const Error = git_error_last();
 	return Error && Error->message ? FromUtf8(Error->message) : FString(TEXT("git gave no reason"));
 }
 
 /** The index as it is on disk now. */
-FIndexPtr OpenIndex(git_repository* Repository)
+static FIndexPtr OpenIndex(git_repository* Repository)
 {
 	git_index* Index = nullptr;
 	if (git_repository_index(&Index, Repository) != 0 || git_index_read(Index, 0) != 0)
@@ -32,18 +32,18 @@ FIndexPtr OpenIndex(git_repository* Repository)
 	return FIndexPtr(Index, &git_index_free);
 }
 
-bool IsTracked(git_index* Index, const std::string& Path)
+static bool IsTracked(git_index* Index, const std::string& Path)
 {
 	return git_index_get_bypath(Index, Path.c_str(), GIT_INDEX_STAGE_NORMAL) != nullptr;
 }
 
-bool HasConflict(git_index* Index, const std::string& Path)
+static bool HasConflict(git_index* Index, const std::string& Path)
 {
 	const git_index_entry* Entries[3] = {};
 	return git_index_conflict_get(&Entries[0], &Entries[1], &Entries[2], Index, Path.c_str()) == 0;
 }
 
-std::string RealPath(const std::string& Path)
+static std::string RealPath(const std::string& Path)
 {
 	const std::unique_ptr<char, decltype(&std::free)> Resolved(realpath(Path.c_str(), nullptr), &std::free);
 	return Resolved ? std::string(Resolved.get()) : Path;

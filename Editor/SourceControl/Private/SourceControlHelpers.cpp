@@ -6,13 +6,13 @@
 
 namespace SourceControlHelpers
 {
-FText& LastError()
+static FText& LastError()
 {
 	static FText Message;
 	return Message;
 }
 
-bool Run(const FSourceControlOperationRef& Operation, const FString& File)
+static bool Run(const FSourceControlOperationRef& Operation, const FString& File)
 {
 	LastError() = FText::GetEmpty();
 	if (ISourceControlModule::Get().GetProvider().Execute(Operation, File) == ECommandResult::Succeeded)

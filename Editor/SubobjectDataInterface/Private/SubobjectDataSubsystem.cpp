@@ -71,7 +71,7 @@ FSubobjectDataHandle USubobjectDataSubsystem::FindHandleForObject(
 namespace Subobjects
 {
 /** Hangs a node that is in no list on a component, or leaves it a root. */
-void Attach(USimpleConstructionScript& Script, USCS_Node& Node, const FSubobjectData& Parent)
+static void Attach(USimpleConstructionScript& Script, USCS_Node& Node, const FSubobjectData& Parent)
 {
 	USCS_Node* const ParentNode = Parent.GetSCSNode();
 	if (ParentNode && ParentNode->GetSCS() == &Script)
@@ -92,7 +92,7 @@ void Attach(USimpleConstructionScript& Script, USCS_Node& Node, const FSubobject
 }
 
 /** The parent that a component of the class really gets: what has no place hangs on the actor. */
-const FSubobjectData* ChooseParent(const FSubobjectDataHandle& Asked, const UClass& Class)
+static const FSubobjectData* ChooseParent(const FSubobjectDataHandle& Asked, const UClass& Class)
 {
 	return Class.IsChildOf(USceneComponent::StaticClass()) && Asked.GetData()->IsSceneComponent() ? Asked.GetData()
 																								  : nullptr;

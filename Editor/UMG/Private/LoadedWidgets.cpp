@@ -18,7 +18,7 @@ namespace LoadedWidgets
 using LoadedStructure::FForest;
 
 /** The ways up follow the lists down, which alone say where a widget stands. */
-void SetWayUp(UPanelWidget& Panel)
+static void SetWayUp(UPanelWidget& Panel)
 {
 	for (UPanelSlot* const Slot : FLoadedPanels::SlotsOf(Panel))
 	{
@@ -30,7 +30,7 @@ void SetWayUp(UPanelWidget& Panel)
 	}
 }
 
-bool StandsInItsSlot(const UWidget& Widget)
+static bool StandsInItsSlot(const UWidget& Widget)
 {
 	const UPanelSlot* const Slot = Widget.Slot;
 	UPanelWidget* const Panel = Slot ? Slot->Parent.Get() : nullptr;
@@ -100,7 +100,7 @@ void ForEach(TConstArrayView<UObject*> Objects, TFunctionRef<void(T&)> Visit)
 	}
 }
 
-void Settle(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
+static void Settle(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
 {
 	FSettling Settling(Warn);
 	ForEach<UWidgetTree>(Objects, [&](UWidgetTree& Tree) { Settling.TakeRoot(Tree); });

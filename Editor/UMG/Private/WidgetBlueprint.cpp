@@ -96,7 +96,7 @@ TArray<UWidget*> UWidgetBlueprint::GetAllSourceWidgets() const
 namespace WidgetCycles
 {
 /** Whether a widget of the class holds, at any depth, one that the Blueprint makes. */
-bool Holds(const UClass* Class, const UWidgetBlueprint& Blueprint, TSet<const UWidgetBlueprint*>& Seen)
+static bool Holds(const UClass* Class, const UWidgetBlueprint& Blueprint, TSet<const UWidgetBlueprint*>& Seen)
 {
 	const UClass* const Own = Blueprint.GeneratedClass.Get();
 	const UWidgetBlueprint* const Maker = Cast<UWidgetBlueprint>(UBlueprint::GetBlueprintFromClass(Class));
@@ -218,7 +218,7 @@ void UWidgetBlueprint::DropBindingsOfMissingWidgets()
 
 namespace WidgetAnimations
 {
-float ToSeconds(const UMovieScene* Scene, const FFrameNumber& (TRange<FFrameNumber>::*Bound)() const)
+static float ToSeconds(const UMovieScene* Scene, const FFrameNumber& (TRange<FFrameNumber>::*Bound)() const)
 {
 	return Scene ? static_cast<float>(Scene->GetTickResolution().AsSeconds((Scene->GetPlaybackRange().*Bound)()))
 				 : 0.0f;

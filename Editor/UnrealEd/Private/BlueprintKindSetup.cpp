@@ -10,13 +10,13 @@
 namespace BlueprintKindSetup
 {
 /** The tree starts empty: whoever fills it chooses the root. */
-void FinishWidgetBlueprint(UBlueprint& Blueprint)
+static void FinishWidgetBlueprint(UBlueprint& Blueprint)
 {
 	UWidgetBlueprint& Widget = static_cast<UWidgetBlueprint&>(Blueprint);
 	Widget.WidgetTree = NewObject<UWidgetTree>(&Widget, TEXT("WidgetTree"), RF_Transactional);
 }
 
-void FinishAnimBlueprint(UBlueprint& Blueprint)
+static void FinishAnimBlueprint(UBlueprint& Blueprint)
 {
 	UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(&Blueprint, UEdGraphSchema_K2::GN_AnimGraph,
 		UAnimationGraph::StaticClass(), UAnimationGraphSchema::StaticClass());

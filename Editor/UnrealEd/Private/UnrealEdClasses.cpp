@@ -26,7 +26,7 @@
 namespace UnrealEdClasses
 {
 /** A Blueprint that was just read: its graphs stand, its class is an empty shell. */
-void RegenerateOnLoad(UBlueprint* Blueprint)
+static void RegenerateOnLoad(UBlueprint* Blueprint)
 {
 	FBlueprintClassBuilder::Build(*Blueprint);
 	RenamedMembers::Follow(*Blueprint);
@@ -34,12 +34,12 @@ void RegenerateOnLoad(UBlueprint* Blueprint)
 	Blueprint->bHasBeenRegenerated = true;
 }
 
-TSharedPtr<INameValidatorInterface> MakeNameValidator(const UBlueprint* Blueprint, FName ExistingName)
+static TSharedPtr<INameValidatorInterface> MakeNameValidator(const UBlueprint* Blueprint, FName ExistingName)
 {
 	return MakeShared<FKismetNameValidator>(Blueprint, ExistingName);
 }
 
-UObject* MakePlaceholderNode(const FObjectTextRecord& Record, UEdGraph& Graph)
+static UObject* MakePlaceholderNode(const FObjectTextRecord& Record, UEdGraph& Graph)
 {
 	FName Name(Record.GetName());
 	if (Name.IsNone() || !IsUniqueObjectName(Name, &Graph))
@@ -51,7 +51,7 @@ UObject* MakePlaceholderNode(const FObjectTextRecord& Record, UEdGraph& Graph)
 }
 
 /** Whether the text sets anything that Class has and Base does not. */
-bool SetsMemberOf(const FObjectTextRecord& Record, const UClass& Class, const UClass& Base)
+static bool SetsMemberOf(const FObjectTextRecord& Record, const UClass& Class, const UClass& Base)
 {
 	for (const FObjectTextLine& Line : Record.Lines)
 	{
@@ -65,7 +65,7 @@ bool SetsMemberOf(const FObjectTextRecord& Record, const UClass& Class, const UC
 }
 
 /** What an object of an unknown class must at least be in its place; null where nothing can be told. */
-UClass* LikelyClass(const FObjectTextRecord& Record, const UObject& Outer)
+static UClass* LikelyClass(const FObjectTextRecord& Record, const UObject& Outer)
 {
 	if (Outer.IsA<UWidgetTree>())
 	{
@@ -88,7 +88,7 @@ UClass* LikelyClass(const FObjectTextRecord& Record, const UObject& Outer)
  * Nodes, components and widgets have places and links, so there is a stand-in for one of an unknown class. Other
  * objects stay as text with their owner.
  */
-UObject* MakePlaceholder(const FObjectTextRecord& Record, UObject* Outer)
+static UObject* MakePlaceholder(const FObjectTextRecord& Record, UObject* Outer)
 {
 	if (UEdGraph* const Graph = Cast<UEdGraph>(Outer))
 	{

@@ -9,7 +9,7 @@ namespace Morvane
 {
 namespace ToolResultText
 {
-FString FailureContent(const TArray<FString>& Reasons)
+static FString FailureContent(const TArray<FString>& Reasons)
 {
 	FJsonObject Failure;
 	Failure.SetStringField(TEXT("error"), FString::Join(Reasons, TEXT("\n")));
@@ -20,7 +20,7 @@ FString FailureContent(const TArray<FString>& Reasons)
 	return Text;
 }
 
-bool IsEmptyDocument(const FString& Text)
+static bool IsEmptyDocument(const FString& Text)
 {
 	const FString Trimmed = Text.TrimStartAndEnd();
 	return Trimmed.IsEmpty() || Trimmed.Equals(TEXT("{}"), ESearchCase::CaseSensitive);

@@ -13,7 +13,7 @@
 namespace AssetOperationPlace
 {
 /** "'/Game/', '/MyPlugin/'": where assets may stand. */
-FString ListRoots()
+static FString ListRoots()
 {
 	TArray<FString> Roots;
 	FPackageName::QueryRootContentPaths(Roots);
@@ -26,7 +26,7 @@ FString ListRoots()
 }
 
 /** Whether an asset may have this package name and this name; the error tells what would be right. */
-bool CheckPath(const FString& Path, const FString& Name, Morvane::FToolResult& Result)
+static bool CheckPath(const FString& Path, const FString& Name, Morvane::FToolResult& Result)
 {
 	if (Path.IsEmpty())
 	{
@@ -66,7 +66,7 @@ bool CheckPath(const FString& Path, const FString& Name, Morvane::FToolResult& R
 }
 
 /** The first file that stands where the asset's own would, whatever its kind; empty when there is none. */
-FString FindFile(const FString& Path)
+static FString FindFile(const FString& Path)
 {
 	const FString OwnFile = FPackageName::FindPackageFile(Path);
 	if (!OwnFile.IsEmpty())
@@ -85,7 +85,7 @@ FString FindFile(const FString& Path)
 }
 
 /** Whether nothing stands at the path, in memory or on disk. */
-bool CheckFree(const FString& Path, const FString& Name, Morvane::FToolResult& Result)
+static bool CheckFree(const FString& Path, const FString& Name, Morvane::FToolResult& Result)
 {
 	const FAssetRegistryModule& Module = FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry"));
 	const FAssetData Existing = Module.Get().GetAssetByObjectPath(FSoftObjectPath(Path + TEXT(".") + Name));

@@ -11,13 +11,13 @@
 
 namespace AssetOperationDeletion
 {
-IAssetRegistry& GetRegistry()
+static IAssetRegistry& GetRegistry()
 {
 	return FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry")).Get();
 }
 
 /** The asset to delete; not valid after an error in the result. */
-FAssetData FindAsset(const FString& Path, const FString& TypeWord, Morvane::FToolResult& Result)
+static FAssetData FindAsset(const FString& Path, const FString& TypeWord, Morvane::FToolResult& Result)
 {
 	const FAssetData Asset = GetRegistry().GetAssetByObjectPath(
 		FSoftObjectPath(Path + TEXT(".") + FPackageName::GetShortName(Path)));
@@ -43,7 +43,7 @@ FAssetData FindAsset(const FString& Path, const FString& TypeWord, Morvane::FToo
 }
 
 /** Packages of assets that name this one, on disk and in memory, by path. */
-TArray<FString> FindReferencers(const FAssetData& Asset)
+static TArray<FString> FindReferencers(const FAssetData& Asset)
 {
 	TSet<FName> Packages;
 	TArray<FName> OnDisk;
@@ -69,14 +69,14 @@ TArray<FString> FindReferencers(const FAssetData& Asset)
 }
 
 /** The asset's file: the one that is found, else the one it was read from or saved to, which may hide for now. */
-FString FindFile(const FString& Path)
+static FString FindFile(const FString& Path)
 {
 	const FString File = FPackageName::FindPackageFile(Path);
 	const UPackage* const Package = File.IsEmpty() ? FindPackage(nullptr, *Path) : nullptr;
 	return Package ? Package->GetLoadedPathName() : File;
 }
 
-bool DeleteFile(const FString& Path, const FString& TypeWord, Morvane::FToolResult& Result)
+static bool DeleteFile(const FString& Path, const FString& TypeWord, Morvane::FToolResult& Result)
 {
 	const FString File = FindFile(Path);
 	if (File.IsEmpty() || USourceControlHelpers::MarkFileForDelete(File))
@@ -89,7 +89,7 @@ bool DeleteFile(const FString& Path, const FString& TypeWord, Morvane::FToolResu
 }
 
 /** Takes the asset out of memory and out of the registry. Its objects are freed when the tool is done. */
-void Forget(const FAssetData& Asset)
+static void Forget(const FAssetData& Asset)
 {
 	if (UObject* const Object = Asset.FastGetAsset(false))
 	{

@@ -5,7 +5,7 @@
 
 namespace AssetOperationKeywordText
 {
-bool IsOneOf(FStringView Word, std::initializer_list<FStringView> Names)
+static bool IsOneOf(FStringView Word, std::initializer_list<FStringView> Names)
 {
 	for (const FStringView Name : Names)
 	{
@@ -19,7 +19,7 @@ bool IsOneOf(FStringView Word, std::initializer_list<FStringView> Names)
 
 /** "=printstring" of the words. What marks an event in front is left out, since authors leave it out, and so is a
  * repeated word. */
-FString MakeWhole(const TArray<FString>& Words)
+static FString MakeWhole(const TArray<FString>& Words)
 {
 	const bool bEventMark = Words.Num() > 1 && IsOneOf(Words[0], {TEXT("event"), TEXT("on")});
 	FString Whole(TEXT("="));
@@ -32,7 +32,7 @@ FString MakeWhole(const TArray<FString>& Words)
 }
 
 /** "=switchoneaxis" of "Switch on EAxis", letter by letter, for those who write it without capitals. */
-FString Squeeze(const FString& Text)
+static FString Squeeze(const FString& Text)
 {
 	FString Squeezed(TEXT("="));
 	for (const TCHAR Char : Text)
@@ -45,7 +45,7 @@ FString Squeeze(const FString& Text)
 	return Squeezed;
 }
 
-bool IsOperatorWord(const FString& Word)
+static bool IsOperatorWord(const FString& Word)
 {
 	return IsOneOf(Word,
 		{TEXT("add"), TEXT("subtract"), TEXT("multiply"), TEXT("divide"), TEXT("modulo"), TEXT("equal"), TEXT("not"),
@@ -56,7 +56,7 @@ bool IsOperatorWord(const FString& Word)
  * "float <= float" as "Less Equal (float)" would be, and "integer to string" as "To String (Integer)" would be: the
  * operator first. Empty when the words are no such term.
  */
-TArray<FString> PutOperatorFirst(const TArray<FString>& Words)
+static TArray<FString> PutOperatorFirst(const TArray<FString>& Words)
 {
 	TArray<FString> Turned;
 	const int32 Last = Words.Num() - 1;
@@ -85,7 +85,7 @@ TArray<FString> PutOperatorFirst(const TArray<FString>& Words)
  * "add" of "float + float" and "Add (Vector)": operators take operands of any type, so the type is no part of their
  * title; strings and texts have operators of their own. Empty when there are other words than operators and types.
  */
-TArray<FString> GetBareOperator(const TArray<FString>& Words)
+static TArray<FString> GetBareOperator(const TArray<FString>& Words)
 {
 	TArray<FString> Operator;
 	for (const FString& Word : Words)
@@ -111,7 +111,7 @@ TArray<FString> GetBareOperator(const TArray<FString>& Words)
  * "add" of "Array_Add" and of "add item to array": what is done to a container is titled without it. The container
  * itself is among the words. Empty when the words are no such request.
  */
-TArray<TArray<FString>> GetContainerOperations(const TArray<FString>& Words)
+static TArray<TArray<FString>> GetContainerOperations(const TArray<FString>& Words)
 {
 	const auto IsContainer = [](const FString& Word) { return IsOneOf(Word, {TEXT("array"), TEXT("map")}); };
 	TArray<FString> Operation;
@@ -139,7 +139,7 @@ TArray<TArray<FString>> GetContainerOperations(const TArray<FString>& Words)
 }
 
 /** "PrintString" of "UKismetSystemLibrary::PrintString" and "/Script/Engine.KismetSystemLibrary:PrintString". */
-FString StripQualifier(const FString& Text)
+static FString StripQualifier(const FString& Text)
 {
 	int32 Blank = INDEX_NONE;
 	int32 Colon = INDEX_NONE;
@@ -152,7 +152,7 @@ FString StripQualifier(const FString& Text)
 }
 
 /** The part of a title that names: what stands before a remark in brackets. */
-FString GetNamingPart(const FString& Text)
+static FString GetNamingPart(const FString& Text)
 {
 	int32 Bracket = INDEX_NONE;
 	return Text.FindChar(TEXT('('), Bracket) && Bracket > 0 ? Text.Left(Bracket) : Text;
@@ -162,7 +162,7 @@ FString GetNamingPart(const FString& Text)
  * "cast to charactermovementcomponent": a class that is cast to is one word, so that a cast is found by its class and
  * not by every request that shares a word with the class's name.
  */
-TArray<FString> JoinCastTarget(const TArray<FString>& Words)
+static TArray<FString> JoinCastTarget(const TArray<FString>& Words)
 {
 	const bool bJoined = Words.Num() > 1 && IsOneOf(Words[1], {TEXT("to"), TEXT("as"), TEXT("into")});
 	const int32 First = bJoined ? 2 : 1;
@@ -185,7 +185,7 @@ TArray<FString> JoinCastTarget(const TArray<FString>& Words)
 }
 
 /** The words that authors mean: shorthand spelled out, and no "convert" before "integer to string". */
-TArray<FString> GetWords(const TArray<FString>& Written)
+static TArray<FString> GetWords(const TArray<FString>& Written)
 {
 	TArray<FString> Words = KeywordWords::ExpandShorthand(Written);
 	if (Words.Num() == 4 && IsOneOf(Words[0], {TEXT("convert"), TEXT("parse")}) && IsOneOf(Words[2], {TEXT("to")}))
@@ -200,7 +200,7 @@ TArray<FString> GetWords(const TArray<FString>& Written)
 }
 
 /** "to string" and "integer to string": here the joint is what the node does. */
-bool IsConversion(const TArray<FString>& Words, int32 To)
+static bool IsConversion(const TArray<FString>& Words, int32 To)
 {
 	const bool bFromType = To == 1 && KeywordWords::IsTypeWord(Words[0]);
 	const bool bToType = To + 2 == Words.Num() && KeywordWords::IsTypeWord(Words[To + 1]);
@@ -208,7 +208,7 @@ bool IsConversion(const TArray<FString>& Words, int32 To)
 }
 
 /** The words without those that only join others. */
-TArray<FString> DropJoints(const TArray<FString>& Words)
+static TArray<FString> DropJoints(const TArray<FString>& Words)
 {
 	TArray<FString> Kept;
 	for (int32 Index = 0; Index < Words.Num(); ++Index)
@@ -222,7 +222,7 @@ TArray<FString> DropJoints(const TArray<FString>& Words)
 	return Kept;
 }
 
-void AddNodeClass(const FString& ClassName, TArray<FString>& InOutKeywords)
+static void AddNodeClass(const FString& ClassName, TArray<FString>& InOutKeywords)
 {
 	InOutKeywords.AddUnique(ClassName.ToLower());
 	FAssetOperationBase::AppendKeywords(ClassName, InOutKeywords);
@@ -230,7 +230,7 @@ void AddNodeClass(const FString& ClassName, TArray<FString>& InOutKeywords)
 }
 
 /** Takes the names of node classes out of a text of several words; answers the rest. */
-FString TakeNodeClasses(const FString& Text, TArray<FString>& OutClasses)
+static FString TakeNodeClasses(const FString& Text, TArray<FString>& OutClasses)
 {
 	int32 Underscore = INDEX_NONE;
 	if (!Text.FindChar(TEXT('_'), Underscore))

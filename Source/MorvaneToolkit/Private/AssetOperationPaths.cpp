@@ -8,7 +8,7 @@
 
 namespace AssetOperationPathText
 {
-FString StripExtension(const FString& Path)
+static FString StripExtension(const FString& Path)
 {
 	for (const FString& Extension :
 		{FPackageName::GetAssetPackageExtension(), FString(TEXT(".uasset")), FString(TEXT(".umap"))})
@@ -22,7 +22,7 @@ FString StripExtension(const FString& Path)
 }
 
 /** Slashes only forward, none doubled. */
-FString CleanSlashes(const FString& Path)
+static FString CleanSlashes(const FString& Path)
 {
 	FString Clean = Path.Replace(TEXT("\\"), TEXT("/"));
 	while (Clean.ReplaceInline(TEXT("//"), TEXT("/")) > 0)
@@ -32,7 +32,7 @@ FString CleanSlashes(const FString& Path)
 }
 
 /** "/Game/A/BP_X.BP_X" of "/Game/A/BP_X.BP_X:EventGraph". A colon that follows no object is left for the error. */
-FString StripSubObject(const FString& Path)
+static FString StripSubObject(const FString& Path)
 {
 	int32 Colon = INDEX_NONE;
 	int32 Dot = INDEX_NONE;
@@ -41,7 +41,7 @@ FString StripSubObject(const FString& Path)
 }
 
 /** The path below a mounted root, with the root in front and in its own spelling. */
-FString AddRoot(const FString& Path)
+static FString AddRoot(const FString& Path)
 {
 	const FString Relative = Path.StartsWith(TEXT("/")) ? Path.RightChop(1) : Path;
 	FString Root;
@@ -59,7 +59,7 @@ FString AddRoot(const FString& Path)
 }
 
 /** The package of an object path: what stands before the first '.' behind the last '/'. */
-FString StripObjectName(const FString& Path)
+static FString StripObjectName(const FString& Path)
 {
 	int32 LastSlash = INDEX_NONE;
 	Path.FindLastChar(TEXT('/'), LastSlash);
@@ -68,13 +68,13 @@ FString StripObjectName(const FString& Path)
 }
 
 /** "BP_X" of "BP_X.BP_X_C". */
-FString GetBareName(const FString& Text)
+static FString GetBareName(const FString& Text)
 {
 	FString Left;
 	return Text.Split(TEXT("."), &Left, nullptr) ? Left : Text;
 }
 
-FAssetData FindAsset(const FString& PackageName)
+static FAssetData FindAsset(const FString& PackageName)
 {
 	const FString ObjectPath = PackageName + TEXT(".") + FPackageName::GetLongPackageAssetName(PackageName);
 	const FAssetRegistryModule& Module = FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry"));
@@ -82,7 +82,7 @@ FAssetData FindAsset(const FString& PackageName)
 }
 
 /** A folder has one spelling, that of the one that stands. */
-FString WithStandingFolders(const FString& PackageName)
+static FString WithStandingFolders(const FString& PackageName)
 {
 	FString File;
 	if (!FPackageName::TryConvertLongPackageNameToFilename(PackageName, File))
@@ -99,7 +99,7 @@ FString WithStandingFolders(const FString& PackageName)
 
 /** The asset's own name where one is known under this name, ignoring case, or under this name without "_C" or a slash.
  */
-FString GetKnownSpelling(const FString& PackageName)
+static FString GetKnownSpelling(const FString& PackageName)
 {
 	const FAssetData Asset = FindAsset(PackageName);
 	if (Asset.IsValid())
@@ -120,7 +120,7 @@ FString GetKnownSpelling(const FString& PackageName)
 }
 
 /** Native classes go by their names without the letter in front. */
-UClass* FindNativeClass(const FString& Name)
+static UClass* FindNativeClass(const FString& Name)
 {
 	UClass* Class = FindFirstObject<UClass>(*Name, EFindFirstObjectOptions::NativeFirst);
 	const bool bHasPrefix = Name.Len() > 2 && (Name[0] == TEXT('U') || Name[0] == TEXT('A') || Name[0] == TEXT('I'))
@@ -132,14 +132,14 @@ UClass* FindNativeClass(const FString& Name)
 	return Class;
 }
 
-UClass* GetGeneratedClass(UObject* Asset)
+static UClass* GetGeneratedClass(UObject* Asset)
 {
 	const UBlueprint* const Blueprint = Cast<UBlueprint>(Asset);
 	return Blueprint ? Blueprint->GeneratedClass.Get() : nullptr;
 }
 
 /** Blueprints of a short name, of whatever family, sorted by path. */
-TArray<FAssetData> FindBlueprintsNamed(const FString& Name)
+static TArray<FAssetData> FindBlueprintsNamed(const FString& Name)
 {
 	const FAssetRegistryModule& Module = FModuleManager::LoadModuleChecked<FAssetRegistryModule>(TEXT("AssetRegistry"));
 	TArray<FAssetData> Assets;
@@ -149,7 +149,7 @@ TArray<FAssetData> FindBlueprintsNamed(const FString& Name)
 }
 
 /** The one that a bare name means: a family that is more special goes first, then the order of paths decides. */
-const FAssetData* ChooseByFamily(const TArray<FAssetData>& Blueprints)
+static const FAssetData* ChooseByFamily(const TArray<FAssetData>& Blueprints)
 {
 	static const FTopLevelAssetPath Special[] = {FTopLevelAssetPath(TEXT("/Script/Engine"), TEXT("AnimBlueprint")),
 		FTopLevelAssetPath(TEXT("/Script/UMGEditor"), TEXT("WidgetBlueprint"))};
@@ -166,14 +166,14 @@ const FAssetData* ChooseByFamily(const TArray<FAssetData>& Blueprints)
 }
 
 /** The generated class of the Blueprint in the project that the name means. */
-UClass* LoadClassOfBlueprintNamed(const FString& Name)
+static UClass* LoadClassOfBlueprintNamed(const FString& Name)
 {
 	const TArray<FAssetData> Blueprints = FindBlueprintsNamed(Name);
 	const FAssetData* const Asset = ChooseByFamily(Blueprints);
 	return Asset ? GetGeneratedClass(Asset->GetAsset()) : nullptr;
 }
 
-FString StripClassSuffix(const FString& Name)
+static FString StripClassSuffix(const FString& Name)
 {
 	return Name.EndsWith(TEXT("_C"), ESearchCase::CaseSensitive) ? Name.LeftChop(2) : Name;
 }

@@ -6,7 +6,7 @@
 namespace AssetOperationSourceControlFile
 {
 /** The asset's file; empty for an asset that is not on disk. */
-FString Find(const FString& Path)
+static FString Find(const FString& Path)
 {
 	const FString PackageName = FAssetOperationBase::NormalizeAssetPath(Path);
 	return FPackageName::IsValidLongPackageName(PackageName) ? FPackageName::FindPackageFile(PackageName) : FString();

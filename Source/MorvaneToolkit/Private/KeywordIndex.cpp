@@ -9,7 +9,7 @@
 
 namespace KeywordIndexImpl
 {
-uint32 GetLetters(const FString& Word)
+static uint32 GetLetters(const FString& Word)
 {
 	uint32 Letters = 0;
 	for (const TCHAR Char : Word)

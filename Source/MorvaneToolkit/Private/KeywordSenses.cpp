@@ -56,7 +56,7 @@ constexpr const TCHAR* Synonyms[] = {
 	TEXT("string str"),
 };
 
-bool HasVowel(const FString& Text)
+static bool HasVowel(const FString& Text)
 {
 	int32 Index = INDEX_NONE;
 	for (const TCHAR Char : Text)
@@ -70,7 +70,7 @@ bool HasVowel(const FString& Text)
 }
 
 /** "stop" of "stopping" and "paus" of "pause", "paused" and "pausing". Digits and short words stay as they are. */
-FString GetStem(const FString& Word)
+static FString GetStem(const FString& Word)
 {
 	FString Stem = Word;
 	if (Word.Len() > 5 && Word.EndsWith(TEXT("ing"), ESearchCase::CaseSensitive) && HasVowel(Word.LeftChop(3)))
@@ -89,7 +89,7 @@ FString GetStem(const FString& Word)
 }
 
 /** The first stem of a row by the stem of each of its words. */
-const TMap<FString, FString>& GetSenseByStem()
+static const TMap<FString, FString>& GetSenseByStem()
 {
 	static const TMap<FString, FString> SenseByStem = []
 	{

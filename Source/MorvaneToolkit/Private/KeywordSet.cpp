@@ -48,7 +48,7 @@ struct FRequestParts
 	bool bHasTitleWords = false;
 };
 
-FRequestParts GetParts(const TArray<FKeyword>& Keywords)
+static FRequestParts GetParts(const TArray<FKeyword>& Keywords)
 {
 	FRequestParts Parts;
 	Parts.NodeClass = Keywords.IndexOfByPredicate(
@@ -66,7 +66,7 @@ FRequestParts GetParts(const TArray<FKeyword>& Keywords)
 }
 
 /** The weighted share of the request's words that the candidate has. */
-float GetCoverage(const TArray<FKeyword>& Request, int32 WordEnd, const KeywordMatch::FComparison& Comparison,
+static float GetCoverage(const TArray<FKeyword>& Request, int32 WordEnd, const KeywordMatch::FComparison& Comparison,
 	int32 CandidateTitleCount, float& OutTotal)
 {
 	float Covered = 0.0f;
@@ -89,7 +89,8 @@ float GetCoverage(const TArray<FKeyword>& Request, int32 WordEnd, const KeywordM
 }
 
 /** The weighted share of the candidate's title words that the request has. */
-float GetPrecision(const TArray<FKeyword>& Candidate, int32 TitleCount, const KeywordMatch::FComparison& Comparison)
+static float GetPrecision(
+	const TArray<FKeyword>& Candidate, int32 TitleCount, const KeywordMatch::FComparison& Comparison)
 {
 	float Asked = 0.0f;
 	float Total = 0.0f;
@@ -108,7 +109,7 @@ float GetPrecision(const TArray<FKeyword>& Candidate, int32 TitleCount, const Ke
 }
 
 /** Whether the request names the candidate's title as a whole. */
-bool IsTitleNamed(
+static bool IsTitleNamed(
 	const TArray<FKeyword>& Request, const KeywordMatch::FComparison& Comparison, int32 CandidateTitleCount)
 {
 	for (int32 Index = 0; Index < Request.Num(); ++Index)

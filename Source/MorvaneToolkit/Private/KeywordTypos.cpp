@@ -2,7 +2,7 @@
 
 namespace KeywordTypoImpl
 {
-bool AreLettersOnly(const FString& Word)
+static bool AreLettersOnly(const FString& Word)
 {
 	for (const TCHAR Char : Word)
 	{
@@ -15,13 +15,13 @@ bool AreLettersOnly(const FString& Word)
 }
 
 /** The first letter is hardly ever wrong, and when it is, mostly swapped with the second. */
-bool BeginAlike(const FString& Left, const FString& Right)
+static bool BeginAlike(const FString& Left, const FString& Right)
 {
 	return Left[0] == Right[0] || (Left[0] == Right[1] && Left[1] == Right[0]);
 }
 
 /** Optimal string alignment distance. */
-int32 Distance(const FString& Left, const FString& Right)
+static int32 Distance(const FString& Left, const FString& Right)
 {
 	int32 Rows[3][KeywordTypos::MaxLength + 1];
 	int32* Before = Rows[0];

@@ -76,7 +76,7 @@ private:
 	}
 };
 
-FString Singular(const FString& Word)
+static FString Singular(const FString& Word)
 {
 	if (Word.Len() < 4 || !Word.EndsWith(TEXT("s"), ESearchCase::CaseSensitive))
 	{
@@ -104,7 +104,7 @@ FString Singular(const FString& Word)
 }
 
 /** Adds a raw word in its one spelling. */
-void AddWord(FStringView Raw, bool bKeepPlurals, TArray<FString>& OutWords)
+static void AddWord(FStringView Raw, bool bKeepPlurals, TArray<FString>& OutWords)
 {
 	const FLookup& Lookup = FLookup::Get();
 	const FString Lower = FString(Raw).ToLower();
@@ -130,7 +130,7 @@ void AddWord(FStringView Raw, bool bKeepPlurals, TArray<FString>& OutWords)
 }
 
 /** "UKismetSystemLibrary", "AActor", "FVector": one type letter before a capital that begins a word. */
-bool HasTypeLetter(FStringView Run)
+static bool HasTypeLetter(FStringView Run)
 {
 	int32 Index = INDEX_NONE;
 	return Run.Len() > 2 && FStringView(TEXT("UAFEIT")).FindChar(Run[0], Index) && FChar::IsUpper(Run[1])
@@ -138,7 +138,7 @@ bool HasTypeLetter(FStringView Run)
 }
 
 /** Whether a word of a run of letters and digits ends before this index. */
-bool IsWordBoundary(FStringView Run, int32 Index)
+static bool IsWordBoundary(FStringView Run, int32 Index)
 {
 	const TCHAR Before = Run[Index - 1];
 	const TCHAR At = Run[Index];
@@ -154,7 +154,7 @@ bool IsWordBoundary(FStringView Run, int32 Index)
 	return FChar::IsUpper(At) && (FChar::IsLower(Before) || (FChar::IsUpper(Before) && bLowerFollows));
 }
 
-TArray<FString> SplitRun(FStringView Run, bool bKeepPlurals)
+static TArray<FString> SplitRun(FStringView Run, bool bKeepPlurals)
 {
 	TArray<FString> OutWords;
 	const FString Lower = FString(Run).ToLower();
@@ -177,7 +177,7 @@ TArray<FString> SplitRun(FStringView Run, bool bKeepPlurals)
 }
 
 /** Tens of thousands of titles are made of a few thousand runs of letters, so what became of each is kept. */
-void AppendRun(FStringView Run, bool bKeepPlurals, TArray<FString>& OutWords)
+static void AppendRun(FStringView Run, bool bKeepPlurals, TArray<FString>& OutWords)
 {
 	constexpr int32 MaxKept = 50000;
 	using FRuns = TMap<FString, TArray<FString>, FDefaultSetAllocator, FKeywordTextKeyFuncs>;
@@ -197,7 +197,7 @@ void AppendRun(FStringView Run, bool bKeepPlurals, TArray<FString>& OutWords)
 }
 
 /** Reads one sign and answers its length; what is no operator separates and has length one. */
-int32 ReadSign(FStringView Text, int32 Index, TArray<FString>& OutWords)
+static int32 ReadSign(FStringView Text, int32 Index, TArray<FString>& OutWords)
 {
 	int32 Known = INDEX_NONE;
 	if (!FStringView(TEXT("<>-+=!&|*%/~^")).FindChar(Text[Index], Known))
@@ -226,7 +226,7 @@ int32 ReadSign(FStringView Text, int32 Index, TArray<FString>& OutWords)
 }
 
 /** What stands behind "Node_" in a node class name, empty for any other text. */
-FStringView GetNodeClassStem(FStringView Text)
+static FStringView GetNodeClassStem(FStringView Text)
 {
 	const FStringView Marker(TEXT("Node_"));
 	int32 Underscore = INDEX_NONE;
@@ -246,7 +246,7 @@ FStringView GetNodeClassStem(FStringView Text)
 }
 
 /** What the words as a whole stand for, whatever numbers are among them; null when they are no shorthand. */
-const TArray<FString>* FindShorthand(const TArray<FString>& Words)
+static const TArray<FString>* FindShorthand(const TArray<FString>& Words)
 {
 	FString Joined;
 	for (const FString& Word : Words)

@@ -4,7 +4,7 @@
 
 namespace MorvaneToolkitState
 {
-TSharedPtr<IToolExecutor>& Executor()
+static TSharedPtr<IToolExecutor>& Executor()
 {
 	static TSharedPtr<IToolExecutor> Instance;
 	return Instance;

@@ -25,7 +25,7 @@ struct FCategory
 };
 
 /** A category by one of the words for it, which are lower case and without blanks, '_' and '-'. */
-const FCategory* FindCategory(const FString& Word)
+static const FCategory* FindCategory(const FString& Word)
 {
 	using K2 = UEdGraphSchema_K2;
 	static const TMap<FString, FCategory> Categories = []
@@ -71,7 +71,7 @@ const FCategory* FindCategory(const FString& Word)
 	return Categories.Find(Key);
 }
 
-const TCHAR* GetContainerWord(EPinContainerType Container)
+static const TCHAR* GetContainerWord(EPinContainerType Container)
 {
 	switch (Container)
 	{
@@ -87,7 +87,7 @@ const TCHAR* GetContainerWord(EPinContainerType Container)
 	return TEXT("");
 }
 
-EPinContainerType ReadContainer(const FString& Word)
+static EPinContainerType ReadContainer(const FString& Word)
 {
 	for (const EPinContainerType Container : {EPinContainerType::Array, EPinContainerType::Set, EPinContainerType::Map})
 	{
@@ -123,7 +123,7 @@ T* FindType(const FString& Name, TCHAR Prefix)
 	return bHasPrefix ? FindFirstObject<T>(*Text.RightChop(1), EFindFirstObjectOptions::NativeFirst) : nullptr;
 }
 
-UObject* Find(PinTypeWords::EObjectKind Kind, const FString& Name)
+static UObject* Find(PinTypeWords::EObjectKind Kind, const FString& Name)
 {
 	switch (Kind)
 	{
@@ -140,7 +140,7 @@ UObject* Find(PinTypeWords::EObjectKind Kind, const FString& Name)
 }
 
 /** The category that carries an object, for a type that is told by its name alone: "Vector", "Actor", "BP_Door". */
-bool InferTerminal(const FString& Name, FEdGraphTerminalType& OutTerminal)
+static bool InferTerminal(const FString& Name, FEdGraphTerminalType& OutTerminal)
 {
 	using K2 = UEdGraphSchema_K2;
 	if (UObject* const Struct = Find(PinTypeWords::EObjectKind::Struct, Name))
@@ -167,7 +167,7 @@ namespace PinTypeReading
 using namespace PinTypeWords;
 
 /** Resolves the object of a category; a category that takes none ignores what is said. */
-bool ReadObject(const FCategory& Category, const FString& ObjectName, FEdGraphTerminalType& OutTerminal)
+static bool ReadObject(const FCategory& Category, const FString& ObjectName, FEdGraphTerminalType& OutTerminal)
 {
 	if (Category.Object == EObjectKind::None)
 	{
@@ -188,7 +188,7 @@ bool ReadObject(const FCategory& Category, const FString& ObjectName, FEdGraphTe
 }
 
 /** One end of a type from its three texts. Agents put the class or struct into any of them. */
-bool ReadTerminal(const FString& CategoryText, const FString& SubCategoryText, const FString& ObjectText,
+static bool ReadTerminal(const FString& CategoryText, const FString& SubCategoryText, const FString& ObjectText,
 	FEdGraphTerminalType& OutTerminal)
 {
 	const FString CategoryWord = CategoryText.TrimStartAndEnd();
@@ -212,14 +212,14 @@ bool ReadTerminal(const FString& CategoryText, const FString& SubCategoryText, c
 	return ReadObject(*Category, ObjectName, OutTerminal);
 }
 
-void ReadTerminalFlags(const FJsonObject& Json, FEdGraphTerminalType& OutTerminal)
+static void ReadTerminalFlags(const FJsonObject& Json, FEdGraphTerminalType& OutTerminal)
 {
 	Json.TryGetBoolField(TEXT("is_const"), OutTerminal.bTerminalIsConst);
 	Json.TryGetBoolField(TEXT("is_weak_pointer"), OutTerminal.bTerminalIsWeakPointer);
 	Json.TryGetBoolField(TEXT("is_u_object_wrapper"), OutTerminal.bTerminalIsUObjectWrapper);
 }
 
-bool ReadTerminal(const FJsonObject& Json, FEdGraphTerminalType& OutTerminal)
+static bool ReadTerminal(const FJsonObject& Json, FEdGraphTerminalType& OutTerminal)
 {
 	FString Category;
 	FString SubCategory;
@@ -233,7 +233,8 @@ bool ReadTerminal(const FJsonObject& Json, FEdGraphTerminalType& OutTerminal)
 
 /** The value side of a map. A map that does not say gets its key's type, since one without a value type cannot exist.
  */
-bool ReadValueType(const FJsonObject& Json, const FEdGraphTerminalType& KeyType, FEdGraphTerminalType& OutValueType)
+static bool ReadValueType(
+	const FJsonObject& Json, const FEdGraphTerminalType& KeyType, FEdGraphTerminalType& OutValueType)
 {
 	const TSharedPtr<FJsonObject>* Object = nullptr;
 	if (Json.TryGetObjectField(TEXT("value_type"), Object) && Object->IsValid())
@@ -252,7 +253,7 @@ bool ReadValueType(const FJsonObject& Json, const FEdGraphTerminalType& KeyType,
 
 namespace PinTypeWriting
 {
-void WriteTerminal(FJsonObject& Json, FName Category, FName SubCategory, const UObject* Object)
+static void WriteTerminal(FJsonObject& Json, FName Category, FName SubCategory, const UObject* Object)
 {
 	// Moved, not copied: a read of a graph writes a type for each of its pins.
 	Json.SetField(TEXT("category"), MakeShared<FJsonValueString>(Category.IsNone() ? FString() : Category.ToString()));
@@ -272,7 +273,7 @@ void WriteTerminal(FJsonObject& Json, FName Category, FName SubCategory, const U
 	}
 }
 
-void WriteFlag(FJsonObject& Json, const TCHAR* Key, bool bValue)
+static void WriteFlag(FJsonObject& Json, const TCHAR* Key, bool bValue)
 {
 	if (bValue)
 	{

@@ -17,7 +17,7 @@
 
 namespace StateMachineTests
 {
-UEdGraph* FindAnimGraph(const FBlueprintBuilder& Blueprint)
+static UEdGraph* FindAnimGraph(const FBlueprintBuilder& Blueprint)
 {
 	for (UEdGraph* const Graph : Blueprint->FunctionGraphs)
 	{
@@ -29,7 +29,7 @@ UEdGraph* FindAnimGraph(const FBlueprintBuilder& Blueprint)
 	return nullptr;
 }
 
-UAnimStateNode* AddState(UEdGraph* Machine, const TCHAR* Name)
+static UAnimStateNode* AddState(UEdGraph* Machine, const TCHAR* Name)
 {
 	UAnimStateNode* const State = FGraphBuilder(Machine).Add<UAnimStateNode>();
 	State->OnRenameNode(Name);

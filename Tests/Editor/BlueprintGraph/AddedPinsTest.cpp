@@ -17,7 +17,7 @@ namespace AddedPinsTests
 {
 using namespace NodeTests;
 
-UK2Node_CommutativeAssociativeBinaryOperator* MakeConcat(FGraphBuilder& Graph)
+static UK2Node_CommutativeAssociativeBinaryOperator* MakeConcat(FGraphBuilder& Graph)
 {
 	return Make<UK2Node_CommutativeAssociativeBinaryOperator>(Graph.Get(),
 		[](UK2Node_CommutativeAssociativeBinaryOperator& Node)

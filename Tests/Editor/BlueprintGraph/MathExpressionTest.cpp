@@ -9,7 +9,7 @@
 namespace MathExpressionTests
 {
 /** The calls of the inner graph, in the order in which they were placed. */
-std::string Calls(const UK2Node_MathExpression& Node)
+static std::string Calls(const UK2Node_MathExpression& Node)
 {
 	std::string Names;
 	for (const UEdGraphNode* const Inner : Node.BoundGraph->Nodes)
@@ -22,7 +22,7 @@ std::string Calls(const UK2Node_MathExpression& Node)
 	return Names;
 }
 
-std::string PinsOf(const UK2Node_MathExpression& Node)
+static std::string PinsOf(const UK2Node_MathExpression& Node)
 {
 	std::string Names;
 	for (const UEdGraphPin* const Pin : Node.Pins)

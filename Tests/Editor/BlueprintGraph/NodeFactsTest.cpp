@@ -10,14 +10,14 @@
 
 namespace NodeFactsTests
 {
-std::string Container(const FJsonObject& Pin)
+static std::string Container(const FJsonObject& Pin)
 {
 	const std::string Kind = ToStd(Pin.GetStringField(TEXT("container")));
 	return Kind == "Array" ? " []" : Kind == "Set" ? " {}" : Kind == "Map" ? " {:}" : "";
 }
 
 /** As the table writes a pin. Categories are names, whose spelling depends on who used them first. */
-std::string Describe(const FJsonObject& Pin)
+static std::string Describe(const FJsonObject& Pin)
 {
 	std::string Text = ToStd(Pin.GetStringField(TEXT("dir"))) == "out" ? ">" : "<";
 	Text += ToStd(Pin.GetStringField(TEXT("name"))) + ": " + ToStd(Pin.GetStringField(TEXT("cat")).ToLower());
@@ -31,7 +31,7 @@ std::string Describe(const FJsonObject& Pin)
 	return Text;
 }
 
-std::string DescribePins(FNodeByIdentity& Nodes, const std::string& Identity)
+static std::string DescribePins(FNodeByIdentity& Nodes, const std::string& Identity)
 {
 	const TSharedRef<FJsonObject> Answer = Nodes.Describe(*Json(Identity));
 	if (Answer->HasField(TEXT("error")))
@@ -46,7 +46,7 @@ std::string DescribePins(FNodeByIdentity& Nodes, const std::string& Identity)
 	return Text;
 }
 
-std::string Folded(const std::string& Text)
+static std::string Folded(const std::string& Text)
 {
 	return ToStd(FString(FUTF8ToTCHAR(Text.c_str()).Get()).ToLower());
 }

@@ -13,7 +13,7 @@
 
 namespace NodeFamiliesTests
 {
-std::string PinNames(const UEdGraphNode& Node)
+static std::string PinNames(const UEdGraphNode& Node)
 {
 	std::string Text;
 	for (const UEdGraphPin* const Pin : Node.Pins)
@@ -27,7 +27,7 @@ std::string PinNames(const UEdGraphNode& Node)
 }
 
 /** The classes that a graph may hold a node of. */
-TArray<UClass*> ConcreteClasses()
+static TArray<UClass*> ConcreteClasses()
 {
 	TArray<UClass*> Classes;
 	GetDerivedClasses(UK2Node::StaticClass(), Classes);

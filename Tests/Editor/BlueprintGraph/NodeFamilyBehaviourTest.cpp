@@ -25,7 +25,7 @@ using NodeTests::Make;
 using NodeTests::Math;
 using NodeTests::System;
 
-UClass* Class(const TCHAR* Path)
+static UClass* Class(const TCHAR* Path)
 {
 	return FindObject<UClass>(nullptr, Path);
 }
@@ -36,12 +36,12 @@ TNode* CallOf(UEdGraph* Graph, const TCHAR* ClassPath, const TCHAR* Name)
 	return Make<TNode>(Graph, [=](TNode& Node) { Node.SetFromFunction(NodeTests::Function(ClassPath, Name)); });
 }
 
-bool IsLinked(const UEdGraphPin* From, const UEdGraphPin* To)
+static bool IsLinked(const UEdGraphPin* From, const UEdGraphPin* To)
 {
 	return From && To && From->LinkedTo.Contains(To) && To->LinkedTo.Contains(From);
 }
 
-bool HasOrphans(const UEdGraphNode& Node)
+static bool HasOrphans(const UEdGraphNode& Node)
 {
 	return Node.Pins.ContainsByPredicate([](const UEdGraphPin* Pin) { return Pin->bOrphanedPin; });
 }

@@ -13,7 +13,7 @@ namespace NodeReconstructionTests
 using namespace NodeTests;
 
 /** Points a call at another function, as an author does who exchanges one for a like one. */
-void Retarget(const FNodeHandle& Call, const TCHAR* Name)
+static void Retarget(const FNodeHandle& Call, const TCHAR* Name)
 {
 	UK2Node_CallFunction* const Node = CastChecked<UK2Node_CallFunction>(Call.Node);
 	Node->SetFromFunction(Function(Math, Name));
@@ -21,7 +21,7 @@ void Retarget(const FNodeHandle& Call, const TCHAR* Name)
 }
 
 /** Orphaned pins by name, with the number of their links: "A(1) B(0)". */
-std::string Orphans(const UEdGraphNode& Node)
+static std::string Orphans(const UEdGraphNode& Node)
 {
 	std::string Text;
 	for (const UEdGraphPin* const Pin : Node.Pins)

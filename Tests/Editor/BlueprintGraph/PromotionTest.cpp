@@ -11,14 +11,14 @@ namespace PromotionTests
 {
 using namespace NodeTests;
 
-UK2Node_PromotableOperator* MakeOperator(FGraphBuilder& Graph, FName Operation)
+static UK2Node_PromotableOperator* MakeOperator(FGraphBuilder& Graph, FName Operation)
 {
 	return Make<UK2Node_PromotableOperator>(Graph.Get(),
 		[Operation](UK2Node_PromotableOperator& Node)
 		{ Node.SetFromFunction(FTypePromotion::GetDefaultFuncForOp(Operation)); });
 }
 
-std::string Bound(const UK2Node_PromotableOperator& Node)
+static std::string Bound(const UK2Node_PromotableOperator& Node)
 {
 	return ToStd(Node.GetFunctionName().ToString());
 }

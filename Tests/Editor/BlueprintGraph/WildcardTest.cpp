@@ -26,7 +26,7 @@ struct FTakenType
 	const char* Pins;
 };
 
-UEdGraphNode* AddNode(FGraphBuilder& Graph, UClass* Class)
+static UEdGraphNode* AddNode(FGraphBuilder& Graph, UClass* Class)
 {
 	UEdGraphNode* const Node = Graph.Get()->CreateNode(Class, false);
 	Node->CreateNewGuid();

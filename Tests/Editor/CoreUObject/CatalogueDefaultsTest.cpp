@@ -34,7 +34,7 @@ TEST_P(CatalogueDefaults, AClassDefaultHasTheConstructorsValue)
 	EXPECT_EQ(TCHAR_TO_UTF8(*Value), std::string(TCHAR_TO_UTF8(Case.Value)));
 }
 
-std::string NameOf(const testing::TestParamInfo<FStartValue>& Case)
+static std::string NameOf(const testing::TestParamInfo<FStartValue>& Case)
 {
 	const FString Class = Case.param.Class;
 	int32 Dot = INDEX_NONE;

@@ -35,7 +35,7 @@ protected:
 	}
 };
 
-void AppendIf(std::string& Text, const FProperty& Property, uint64 Flag, const char* Word)
+static void AppendIf(std::string& Text, const FProperty& Property, uint64 Flag, const char* Word)
 {
 	if (Property.HasAnyPropertyFlags(Flag))
 	{
@@ -45,7 +45,7 @@ void AppendIf(std::string& Text, const FProperty& Property, uint64 Flag, const c
 
 /** "const ref FVector Name = default": how the parameter crosses the call, its C++ type, its name and the default of
  * its pin. */
-std::string DescribeParameter(const UFunction& Function, const FProperty& Param)
+static std::string DescribeParameter(const UFunction& Function, const FProperty& Param)
 {
 	std::string Text;
 	AppendIf(Text, Param, CPF_ReturnParm, "return ");
@@ -61,7 +61,7 @@ std::string DescribeParameter(const UFunction& Function, const FProperty& Param)
 	return Default ? Text + " = " + ToUtf8(*Default) : Text;
 }
 
-std::vector<std::string> DescribeParameters(const UFunction& Function)
+static std::vector<std::string> DescribeParameters(const UFunction& Function)
 {
 	std::vector<std::string> Lines;
 	for (TFieldIterator<FProperty> It(&Function, EFieldIteratorFlags::ExcludeSuper); It; ++It)
@@ -72,7 +72,7 @@ std::vector<std::string> DescribeParameters(const UFunction& Function)
 }
 
 /** Whether the property knows the class, struct, enum or signature that its kind needs, all the way into containers. */
-bool IsComplete(const FProperty* Property)
+static bool IsComplete(const FProperty* Property)
 {
 	if (!Property)
 	{
@@ -122,7 +122,7 @@ bool IsComplete(const FProperty* Property)
 	return !Multicast || Multicast->SignatureFunction != nullptr;
 }
 
-int32 CheckMembers(const UStruct& Struct)
+static int32 CheckMembers(const UStruct& Struct)
 {
 	int32 NumProperties = 0;
 	for (TFieldIterator<FProperty> It(&Struct, EFieldIteratorFlags::ExcludeSuper); It; ++It)
@@ -423,7 +423,7 @@ TEST_F(Catalogue, ObjectsAndStructsStartWithTheRecordedValues)
 }
 
 /** Whether a value's text can be read, apart from the short forms that only pins know. */
-bool IsValue(const FProperty& Property, const FString& Text, UObject* Owner)
+static bool IsValue(const FProperty& Property, const FString& Text, UObject* Owner)
 {
 	const bool bPinForm = Property.IsA<FStructProperty>() && !Text.StartsWith(TEXT("("));
 	TArray<uint8> Memory;

@@ -7,7 +7,7 @@
 namespace ObjectTextParserTests
 {
 /** "Name:Class[inner...]{line,line}" for each record, so that a whole tree is compared at once. */
-std::string Shape(const std::vector<FObjectTextRecord>& Records)
+static std::string Shape(const std::vector<FObjectTextRecord>& Records)
 {
 	std::string Result;
 	for (const FObjectTextRecord& Record : Records)
@@ -27,7 +27,7 @@ std::string Shape(const std::vector<FObjectTextRecord>& Records)
 	return Result;
 }
 
-std::string ParseToShape(const std::string& Text)
+static std::string ParseToShape(const std::string& Text)
 {
 	FObjectTextTree Tree;
 	FObjectTextError Error;

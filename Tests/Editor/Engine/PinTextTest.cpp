@@ -10,15 +10,16 @@
 namespace PinTextTests
 {
 /** All fields that always stand; what a test is about comes between the two halves. */
-std::string Line(const std::string& Front, const std::string& Type, const std::string& Middle)
+static std::string Line(const std::string& Front, const std::string& Type, const std::string& Middle)
 {
 	return "(PinId=0123456789ABCDEF0123456789ABCDEF," + Front + Type + Middle
 		+ "PersistentGuid=00000000000000000000000000000000,bHidden=False,bNotConnectable=False,bDefaultValueIsReadOnly=False,"
 		  "bDefaultValueIsIgnored=False,bAdvancedView=False,bOrphanedPin=False,)";
 }
 
-std::string Type(const std::string& Category, const std::string& SubCategory = "", const std::string& Object = "None",
-	const std::string& Member = "()", const std::string& Value = "()", const std::string& Container = "None")
+static std::string Type(const std::string& Category, const std::string& SubCategory = "",
+	const std::string& Object = "None", const std::string& Member = "()", const std::string& Value = "()",
+	const std::string& Container = "None")
 {
 	return "PinType.PinCategory=\"" + Category + "\",PinType.PinSubCategory=\"" + SubCategory
 		+ "\",PinType.PinSubCategoryObject=" + Object + ",PinType.PinSubCategoryMemberReference=" + Member
@@ -27,7 +28,7 @@ std::string Type(const std::string& Category, const std::string& SubCategory = "
 		  "PinType.bSerializeAsSinglePrecisionFloat=False,";
 }
 
-std::string RoundTrip(const std::string& Text)
+static std::string RoundTrip(const std::string& Text)
 {
 	const FGraphBuilder Graph;
 	UEdGraphPin* const Pin = UEdGraphPin::CreatePin(FGraphBuilder(Graph.Get()).Bare());

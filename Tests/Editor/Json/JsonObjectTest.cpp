@@ -8,7 +8,7 @@
 
 namespace JsonObjectTest
 {
-TSharedPtr<FJsonObject> Parse(const std::string& Text)
+static TSharedPtr<FJsonObject> Parse(const std::string& Text)
 {
 	TSharedPtr<FJsonObject> Object;
 	FString Error;
@@ -16,7 +16,7 @@ TSharedPtr<FJsonObject> Parse(const std::string& Text)
 	return Object;
 }
 
-std::string Write(const FJsonObject& Object)
+static std::string Write(const FJsonObject& Object)
 {
 	std::string Text;
 	JsonUtf8::Write(Object, Text);

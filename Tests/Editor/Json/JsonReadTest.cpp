@@ -8,7 +8,7 @@
 namespace JsonReadTest
 {
 /** Reads Text and writes it again; the error, in angle brackets, where it cannot be read. */
-std::string Reread(const std::string& Text)
+static std::string Reread(const std::string& Text)
 {
 	TSharedPtr<FJsonValue> Value;
 	FString Error;
@@ -21,7 +21,7 @@ std::string Reread(const std::string& Text)
 	return Written;
 }
 
-std::string Nested(const int32 Depth)
+static std::string Nested(const int32 Depth)
 {
 	return std::string(static_cast<std::size_t>(Depth), '[') + std::string(static_cast<std::size_t>(Depth), ']');
 }

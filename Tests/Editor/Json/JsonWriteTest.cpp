@@ -10,7 +10,7 @@
 
 namespace JsonWriteTest
 {
-std::string WriteNumber(const double Number)
+static std::string WriteNumber(const double Number)
 {
 	std::string Text;
 	JsonUtf8::WriteValue(FJsonValueNumber(Number), Text);

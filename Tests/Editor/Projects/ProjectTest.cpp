@@ -275,7 +275,7 @@ TEST_F(Project, WhatStandsInTheLocksPlaceIsNotWrittenThrough)
 namespace ProjectTests
 {
 /** What a user who owns nothing here sees when opening the project: the error, and whether it is for reading only. */
-std::string OpenAsNobody(const FString& Directory)
+static std::string OpenAsNobody(const FString& Directory)
 {
 	int Pipe[2];
 	EXPECT_EQ(pipe(Pipe), 0);

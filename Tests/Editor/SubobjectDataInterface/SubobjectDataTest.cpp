@@ -17,12 +17,12 @@ using testing::IsEmpty;
 
 constexpr const TCHAR* Scene = TEXT("/Script/Engine.SceneComponent");
 
-const USubobjectDataSubsystem& Subobjects()
+static const USubobjectDataSubsystem& Subobjects()
 {
 	return *USubobjectDataSubsystem::Get();
 }
 
-FSubobjectDataHandle Find(UBlueprint* Blueprint, const TCHAR* Name)
+static FSubobjectDataHandle Find(UBlueprint* Blueprint, const TCHAR* Name)
 {
 	TArray<FSubobjectDataHandle> Handles;
 	Subobjects().K2_GatherSubobjectDataForBlueprint(Blueprint, Handles);
@@ -31,7 +31,8 @@ FSubobjectDataHandle Find(UBlueprint* Blueprint, const TCHAR* Name)
 	return Found ? *Found : FSubobjectDataHandle();
 }
 
-FSubobjectDataHandle AddComponent(UBlueprint* Blueprint, const TCHAR* ClassPath, const TCHAR* Name, const TCHAR* Parent)
+static FSubobjectDataHandle AddComponent(
+	UBlueprint* Blueprint, const TCHAR* ClassPath, const TCHAR* Name, const TCHAR* Parent)
 {
 	FAddNewSubobjectParams Params;
 	Params.ParentHandle = Find(Blueprint, Parent);
@@ -45,7 +46,7 @@ FSubobjectDataHandle AddComponent(UBlueprint* Blueprint, const TCHAR* ClassPath,
 }
 
 /** "name<parent" for each, in the order of the tree, without the actor. */
-std::string TreeOf(UBlueprint* Blueprint)
+static std::string TreeOf(UBlueprint* Blueprint)
 {
 	TArray<FSubobjectDataHandle> Handles;
 	Subobjects().K2_GatherSubobjectDataForBlueprint(Blueprint, Handles);
@@ -64,7 +65,7 @@ std::string TreeOf(UBlueprint* Blueprint)
 	return Out;
 }
 
-bool Reparent(UBlueprint* Blueprint, const TCHAR* Moved, const TCHAR* Parent)
+static bool Reparent(UBlueprint* Blueprint, const TCHAR* Moved, const TCHAR* Parent)
 {
 	FReparentSubobjectParams Params;
 	Params.NewParentHandle = Find(Blueprint, Parent);

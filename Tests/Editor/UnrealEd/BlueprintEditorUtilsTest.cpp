@@ -22,7 +22,7 @@ namespace BlueprintEditorUtilsTests
 using FSchema = UEdGraphSchema_K2;
 using FUtils = FBlueprintEditorUtils;
 
-UK2Node_VariableGet* AddGet(const FGraphBuilder& Graph, const TCHAR* Name)
+static UK2Node_VariableGet* AddGet(const FGraphBuilder& Graph, const TCHAR* Name)
 {
 	FGraphNodeCreator<UK2Node_VariableGet> Creator(*Graph.Get());
 	UK2Node_VariableGet* const Node = Creator.CreateNode(false);
@@ -31,13 +31,13 @@ UK2Node_VariableGet* AddGet(const FGraphBuilder& Graph, const TCHAR* Name)
 	return Node;
 }
 
-FProperty* FindProperty(UBlueprint* Blueprint, const TCHAR* Name)
+static FProperty* FindProperty(UBlueprint* Blueprint, const TCHAR* Name)
 {
 	FUtils::EnsureSkeletonIsUpToDate(Blueprint);
 	return Blueprint->SkeletonGeneratedClass.Get()->FindPropertyByName(Name);
 }
 
-UClass* FindClass(const TCHAR* Path)
+static UClass* FindClass(const TCHAR* Path)
 {
 	return FindObject<UClass>(nullptr, Path);
 }

@@ -17,7 +17,7 @@ enum class EKind
 	Signature,
 };
 
-UEdGraph* AddGraph(UBlueprint* Blueprint, EKind Kind, const TCHAR* Name)
+static UEdGraph* AddGraph(UBlueprint* Blueprint, EKind Kind, const TCHAR* Name)
 {
 	if (Kind == EKind::Function)
 	{
@@ -40,7 +40,7 @@ UEdGraph* AddGraph(UBlueprint* Blueprint, EKind Kind, const TCHAR* Name)
 	return Graph;
 }
 
-bool Contains(const UBlueprint* Blueprint, const UEdGraph* Graph)
+static bool Contains(const UBlueprint* Blueprint, const UEdGraph* Graph)
 {
 	TArray<UEdGraph*> Graphs;
 	Blueprint->GetAllGraphs(Graphs);

@@ -35,7 +35,7 @@ public:
 	UEdGraph* Use = nullptr;
 };
 
-UEdGraph* FindGraph(UBlueprint* Blueprint, const TCHAR* Name)
+static UEdGraph* FindGraph(UBlueprint* Blueprint, const TCHAR* Name)
 {
 	TArray<UEdGraph*> Graphs;
 	Blueprint->GetAllGraphs(Graphs);
@@ -44,7 +44,7 @@ UEdGraph* FindGraph(UBlueprint* Blueprint, const TCHAR* Name)
 	return Found ? *Found : nullptr;
 }
 
-UK2Node_Event* AddRing(const FBlueprintBuilder& Blueprint, const FBellInterface& Bell)
+static UK2Node_Event* AddRing(const FBlueprintBuilder& Blueprint, const FBellInterface& Bell)
 {
 	return Add<UK2Node_Event>(Blueprint.EventGraph(),
 		[&Bell](UK2Node_Event& Node)

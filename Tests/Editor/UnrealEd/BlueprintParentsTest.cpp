@@ -9,7 +9,7 @@ using namespace EditedBlueprint;
 
 namespace BlueprintParentsTests
 {
-UClass* Class(const TCHAR* Path)
+static UClass* Class(const TCHAR* Path)
 {
 	return FindObject<UClass>(nullptr, Path);
 }

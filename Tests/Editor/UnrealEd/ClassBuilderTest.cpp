@@ -16,19 +16,19 @@
 
 namespace ClassBuilderTests
 {
-UBlueprintGeneratedClass* ClassOf(UBlueprint* Blueprint)
+static UBlueprintGeneratedClass* ClassOf(UBlueprint* Blueprint)
 {
 	FBlueprintEditorUtils::EnsureSkeletonIsUpToDate(Blueprint);
 	return Cast<UBlueprintGeneratedClass>(Blueprint->GeneratedClass.Get());
 }
 
-std::vector<std::string> Members(UBlueprint* Blueprint)
+static std::vector<std::string> Members(UBlueprint* Blueprint)
 {
 	return ClassMembers::Describe(*ClassOf(Blueprint));
 }
 
 /** The value of a property on the class default, as text. */
-std::string GetDefaultText(UBlueprint* Blueprint, const TCHAR* Name)
+static std::string GetDefaultText(UBlueprint* Blueprint, const TCHAR* Name)
 {
 	const UClass* const Class = ClassOf(Blueprint);
 	const FProperty* const Property = Class->FindPropertyByName(Name);
@@ -41,7 +41,7 @@ std::string GetDefaultText(UBlueprint* Blueprint, const TCHAR* Name)
 	return ToStd(Text);
 }
 
-void SetDefaultText(UBlueprint* Blueprint, const TCHAR* Name, const TCHAR* Value)
+static void SetDefaultText(UBlueprint* Blueprint, const TCHAR* Name, const TCHAR* Value)
 {
 	UObject* const Default = ClassOf(Blueprint)->GetDefaultObject();
 	Default->GetClass()->FindPropertyByName(Name)->ImportText_InContainer(Value, Default, Default, PPF_None);
@@ -275,7 +275,7 @@ class FPersistence : public testing::TestWithParam<FKind>
 {
 };
 
-void PrintTo(const FKind& Kind, std::ostream* Out)
+static void PrintTo(const FKind& Kind, std::ostream* Out)
 {
 	*Out << Kind.Name;
 }

@@ -16,7 +16,7 @@ namespace ClipboardEveryNodeTests
 using namespace ClipboardTests;
 
 /** The first actions of each node class, as they cover its shapes, and some of all the functions. */
-TArray<const UBlueprintNodeSpawner*> ChooseActions()
+static TArray<const UBlueprintNodeSpawner*> ChooseActions()
 {
 	constexpr int32 FirstOfClass = 3;
 	constexpr int32 EveryFurther = 151;
@@ -36,7 +36,7 @@ TArray<const UBlueprintNodeSpawner*> ChooseActions()
 }
 
 /** Events, timelines and collapsed graphs have names that are there once, so a copy has others. */
-bool IsOneOfAKind(const UEdGraphNode& Node)
+static bool IsOneOfAKind(const UEdGraphNode& Node)
 {
 	return Node.IsA<UK2Node_Event>() || Node.IsA<UK2Node_Timeline>() || Node.IsA<UK2Node_Composite>();
 }

@@ -14,7 +14,7 @@ namespace ClipboardFormsTests
 {
 using namespace ClipboardTests;
 
-std::string Replaced(const std::string& Text, const char* Pattern, const char* With)
+static std::string Replaced(const std::string& Text, const char* Pattern, const char* With)
 {
 	return std::regex_replace(Text, std::regex(Pattern), With);
 }
@@ -23,7 +23,7 @@ std::string Replaced(const std::string& Text, const char* Pattern, const char* W
 constexpr const char* Reference = R"re("?/Script/(\w+)\.(\w+)'"?([^'"]*)"?'"?)re";
 
 /** What the editor wrote before 5.0: no modules of classes, no export paths, fewer flags, arrays told twice. */
-std::string ToFourForm(const std::string& Text)
+static std::string ToFourForm(const std::string& Text)
 {
 	std::string Old = Replaced(Text, " ExportPath=[^\n]*", "");
 	Old = Replaced(Old, " Class=/Script/", " Class=");
@@ -34,7 +34,7 @@ std::string ToFourForm(const std::string& Text)
 }
 
 /** What a reader of a page has of it: marks, words and blanks around the text. */
-std::string AmidWords(const std::string& Text)
+static std::string AmidWords(const std::string& Text)
 {
 	return "\xEF\xBB\xBFHere is my graph:\n```\n\n" + Text + "\n```\nBegin with the event. End of story.\n";
 }
@@ -45,7 +45,7 @@ struct FForm
 	std::function<std::string(const std::string&)> Change;
 };
 
-std::vector<FForm> MakeForms()
+static std::vector<FForm> MakeForms()
 {
 	return {
 		{"4.x", ToFourForm},
@@ -59,14 +59,14 @@ std::vector<FForm> MakeForms()
 	};
 }
 
-std::string PastedAndCopied(const std::string& Text)
+static std::string PastedAndCopied(const std::string& Text)
 {
 	const FBlueprintBuilder Blueprint;
 	return Copy(Paste(Blueprint.EventGraph().Get(), Text));
 }
 
 /** Spellings of what could not be found are kept, which is no difference. */
-std::vector<FGraphTextNode> ReadAlike(const std::string& Text)
+static std::vector<FGraphTextNode> ReadAlike(const std::string& Text)
 {
 	return ReadGraphText(Replaced(Text, Reference, "\"/Script/$1.$2'$3'\""));
 }

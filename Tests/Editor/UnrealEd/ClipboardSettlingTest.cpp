@@ -25,7 +25,7 @@ using namespace ClipboardTests;
 using testing::HasSubstr;
 
 /** A pin's line; ids are its number. */
-std::string Pin(int Id, const std::string& Name, const std::string& Category, const std::string& Rest = {})
+static std::string Pin(int Id, const std::string& Name, const std::string& Category, const std::string& Rest = {})
 {
 	char Guid[33];
 	std::snprintf(Guid, sizeof(Guid), "%032X", Id);
@@ -33,14 +33,14 @@ std::string Pin(int Id, const std::string& Name, const std::string& Category, co
 		+ "PinType.PinCategory=\"" + Category + "\",)\n";
 }
 
-std::string Link(const std::string& Node, int Id)
+static std::string Link(const std::string& Node, int Id)
 {
 	char Guid[33];
 	std::snprintf(Guid, sizeof(Guid), "%032X", Id);
 	return "LinkedTo=(" + Node + " " + Guid + ",),";
 }
 
-std::string Node(const std::string& Class, const std::string& Name, const std::string& Lines)
+static std::string Node(const std::string& Class, const std::string& Name, const std::string& Lines)
 {
 	return "Begin Object Class=/Script/BlueprintGraph." + Class + " Name=\"" + Name + "\"\n" + Lines + "End Object\n";
 }
@@ -55,7 +55,7 @@ const std::string BeginPlay =
 	+ Node("K2Node_IfThenElse", "K2Node_IfThenElse_0",
 		Pin(2, "execute", "exec", Link("K2Node_Event_7", 1)) + Pin(3, "Condition", "bool", "DefaultValue=\"false\","));
 
-int32 CountEvents(const UEdGraph* Graph, const TCHAR* Name)
+static int32 CountEvents(const UEdGraph* Graph, const TCHAR* Name)
 {
 	TArray<UK2Node_Event*> Events;
 	Graph->GetNodesOfClass(Events);

@@ -19,12 +19,12 @@ namespace CompilerDeclarationsTests
 {
 using FSchema = UEdGraphSchema_K2;
 
-UK2Node_FunctionEntry* EntryOf(UEdGraph* Graph)
+static UK2Node_FunctionEntry* EntryOf(UEdGraph* Graph)
 {
 	return FBlueprintEditorUtils::GetEntryNode(Graph);
 }
 
-UK2Node_FunctionResult* AddResult(UEdGraph* Graph)
+static UK2Node_FunctionResult* AddResult(UEdGraph* Graph)
 {
 	FGraphNodeCreator<UK2Node_FunctionResult> Creator(*Graph);
 	UK2Node_FunctionResult* const Result = Creator.CreateNode(false);
@@ -32,7 +32,7 @@ UK2Node_FunctionResult* AddResult(UEdGraph* Graph)
 	return Result;
 }
 
-UEdGraph* AddMacro(const FBlueprintBuilder& Blueprint, const TCHAR* Name)
+static UEdGraph* AddMacro(const FBlueprintBuilder& Blueprint, const TCHAR* Name)
 {
 	UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(
 		Blueprint.Get(), Name, UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
@@ -40,7 +40,7 @@ UEdGraph* AddMacro(const FBlueprintBuilder& Blueprint, const TCHAR* Name)
 	return Graph;
 }
 
-UK2Node_MacroInstance* UseMacro(UEdGraph* Graph, UEdGraph* Macro)
+static UK2Node_MacroInstance* UseMacro(UEdGraph* Graph, UEdGraph* Macro)
 {
 	FGraphNodeCreator<UK2Node_MacroInstance> Creator(*Graph);
 	UK2Node_MacroInstance* const Node = Creator.CreateNode(false);
@@ -49,7 +49,7 @@ UK2Node_MacroInstance* UseMacro(UEdGraph* Graph, UEdGraph* Macro)
 	return Node;
 }
 
-FBPVariableDescription& Variable(const FBlueprintBuilder& Blueprint, const TCHAR* Name)
+static FBPVariableDescription& Variable(const FBlueprintBuilder& Blueprint, const TCHAR* Name)
 {
 	Blueprint.AddVariable(Name, FBlueprintBuilder::Type(FSchema::PC_Boolean));
 	return Blueprint->NewVariables.Last();

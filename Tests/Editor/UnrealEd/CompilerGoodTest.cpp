@@ -51,26 +51,26 @@ constexpr const TCHAR* Gameplay = TEXT("/Script/Engine.GameplayStatics");
 constexpr const TCHAR* Actor = TEXT("/Script/Engine.Actor");
 constexpr const TCHAR* Character = TEXT("/Script/Engine.Character");
 
-UClass* ClassAt(const TCHAR* Path)
+static UClass* ClassAt(const TCHAR* Path)
 {
 	return FindObject<UClass>(nullptr, Path);
 }
 
-FEdGraphPinType ListOf(const FName& Category)
+static FEdGraphPinType ListOf(const FName& Category)
 {
 	FEdGraphPinType Type = FBlueprintBuilder::Type(Category);
 	Type.ContainerType = EPinContainerType::Array;
 	return Type;
 }
 
-void AddOperator(FCompileScene& Scene, const std::string& Name, const TCHAR* Function)
+static void AddOperator(FCompileScene& Scene, const std::string& Name, const TCHAR* Function)
 {
 	Scene.Add<UK2Node_PromotableOperator>(Name,
 		[Function](UK2Node_PromotableOperator& Node)
 		{ Node.SetFromFunction(ClassAt(Math)->FindFunctionByName(Function)); });
 }
 
-void AddDispatcher(const FBlueprintBuilder& Blueprint, const TCHAR* Name)
+static void AddDispatcher(const FBlueprintBuilder& Blueprint, const TCHAR* Name)
 {
 	FBlueprintEditorUtils::AddMemberVariable(Blueprint.Get(), Name, FBlueprintBuilder::Type(FSchema::PC_MCDelegate));
 	UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(
@@ -90,7 +90,7 @@ struct FGood
 	void (*Make)(const FBlueprintBuilder& Blueprint);
 };
 
-void PrintTo(const FGood& Good, std::ostream* Out)
+static void PrintTo(const FGood& Good, std::ostream* Out)
 {
 	*Out << Good.Name;
 }

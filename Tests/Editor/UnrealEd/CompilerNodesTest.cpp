@@ -29,7 +29,7 @@ using FSchema = UEdGraphSchema_K2;
 constexpr const TCHAR* System = TEXT("/Script/Engine.KismetSystemLibrary");
 constexpr const TCHAR* Actor = TEXT("/Script/Engine.Actor");
 
-UClass* ClassAt(const TCHAR* Path)
+static UClass* ClassAt(const TCHAR* Path)
 {
 	return FindObject<UClass>(nullptr, Path);
 }
@@ -47,7 +47,7 @@ void Run(const FBlueprintBuilder& Blueprint, void (*Bind)(TNode&))
 }
 
 /** A call that runs, with a text in a pin that nobody checked. */
-void RunCall(
+static void RunCall(
 	const FBlueprintBuilder& Blueprint, const TCHAR* Class, const TCHAR* Function, const char* Pin, const TCHAR* Value)
 {
 	FCompileScene Scene(Blueprint);

@@ -30,14 +30,14 @@ constexpr const TCHAR* System = TEXT("/Script/Engine.KismetSystemLibrary");
 constexpr const TCHAR* Math = TEXT("/Script/Engine.KismetMathLibrary");
 constexpr const TCHAR* Actor = TEXT("/Script/Engine.Actor");
 
-UEdGraphNode* BeginPlay(const FBlueprintBuilder& Blueprint)
+static UEdGraphNode* BeginPlay(const FBlueprintBuilder& Blueprint)
 {
 	return FBlueprintEditorUtils::FindOverrideForFunction(
 		Blueprint.Get(), FindObject<UClass>(nullptr, Actor), TEXT("ReceiveBeginPlay"));
 }
 
 /** Links as an author does, asking the schema. */
-void Connect(UEdGraphPin* From, UEdGraphPin* To)
+static void Connect(UEdGraphPin* From, UEdGraphPin* To)
 {
 	ASSERT_NE(From, nullptr);
 	ASSERT_NE(To, nullptr);
@@ -46,18 +46,18 @@ void Connect(UEdGraphPin* From, UEdGraphPin* To)
 }
 
 /** The next thing that happens after BeginPlay. */
-FNodeHandle Begin(const FBlueprintBuilder& Blueprint, FNodeHandle Node)
+static FNodeHandle Begin(const FBlueprintBuilder& Blueprint, FNodeHandle Node)
 {
 	Connect(BeginPlay(Blueprint)->FindPin(TEXT("then")), Node.Input(TEXT("execute")));
 	return Node;
 }
 
-FNodeHandle Print(const FBlueprintBuilder& Blueprint)
+static FNodeHandle Print(const FBlueprintBuilder& Blueprint)
 {
 	return Blueprint.EventGraph().Call(System, TEXT("PrintString"));
 }
 
-FNodeHandle Get(const FGraphBuilder& Graph, const TCHAR* Name)
+static FNodeHandle Get(const FGraphBuilder& Graph, const TCHAR* Name)
 {
 	FGraphNodeCreator<UK2Node_VariableGet> Creator(*Graph.Get());
 	UK2Node_VariableGet* const Node = Creator.CreateNode(false);
@@ -66,7 +66,7 @@ FNodeHandle Get(const FGraphBuilder& Graph, const TCHAR* Name)
 	return {Node};
 }
 
-FNodeHandle CallOwn(const FGraphBuilder& Graph, const TCHAR* Name)
+static FNodeHandle CallOwn(const FGraphBuilder& Graph, const TCHAR* Name)
 {
 	FGraphNodeCreator<UK2Node_CallFunction> Creator(*Graph.Get());
 	UK2Node_CallFunction* const Node = Creator.CreateNode(false);

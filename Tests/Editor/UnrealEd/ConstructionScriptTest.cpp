@@ -15,7 +15,7 @@ constexpr const TCHAR* Light = TEXT("/Script/Engine.PointLightComponent");
 constexpr const TCHAR* Movement = TEXT("/Script/Engine.RotatingMovementComponent");
 
 /** "Root(Arm(Lamp) Foot)" for the components of a Blueprint. */
-void Describe(const TArray<TObjectPtr<USCS_Node>>& Nodes, std::string& Out)
+static void Describe(const TArray<TObjectPtr<USCS_Node>>& Nodes, std::string& Out)
 {
 	for (const USCS_Node* const Node : Nodes)
 	{
@@ -29,20 +29,20 @@ void Describe(const TArray<TObjectPtr<USCS_Node>>& Nodes, std::string& Out)
 	}
 }
 
-std::string TreeOf(const UBlueprint* Blueprint)
+static std::string TreeOf(const UBlueprint* Blueprint)
 {
 	std::string Out;
 	Describe(Blueprint->SimpleConstructionScript->GetRootNodes(), Out);
 	return Out;
 }
 
-USCS_Node* Find(UBlueprint* Blueprint, const TCHAR* Name)
+static USCS_Node* Find(UBlueprint* Blueprint, const TCHAR* Name)
 {
 	return Blueprint->SimpleConstructionScript->FindSCSNode(Name);
 }
 
 /** Root(Arm(Lamp) Foot) Spin */
-void Furnish(UBlueprint* Blueprint)
+static void Furnish(UBlueprint* Blueprint)
 {
 	USCS_Node* const Root = AddComponent(Blueprint, Scene, TEXT("Root"));
 	USCS_Node* const Arm = AddComponent(Blueprint, Box, TEXT("Arm"), Root);

@@ -13,7 +13,7 @@
 
 namespace TakenNamesTest
 {
-UBlueprint& MakeEverything(const FBlueprintBuilder& Builder)
+static UBlueprint& MakeEverything(const FBlueprintBuilder& Builder)
 {
 	UBlueprint& Blueprint = *Builder.Get();
 	Builder.AddVariable(TEXT("Health"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Int));

@@ -11,7 +11,7 @@
 
 namespace ActionAudiences
 {
-void AddLine(const UClass* Class, TSet<const UClass*>& Out)
+static void AddLine(const UClass* Class, TSet<const UClass*>& Out)
 {
 	for (; Class; Class = Class->GetSuperClass())
 	{
@@ -24,7 +24,7 @@ void AddLine(const UClass* Class, TSet<const UClass*>& Out)
 	}
 }
 
-bool IsBelowEditorClass(const UClass* Class)
+static bool IsBelowEditorClass(const UClass* Class)
 {
 	for (; Class; Class = Class->GetSuperClass())
 	{
@@ -36,7 +36,7 @@ bool IsBelowEditorClass(const UClass* Class)
 	return false;
 }
 /** Whether calls of the class's Blueprints can name a world: the caller's own, or one given on a pin. */
-bool ReachesWorld(const UClass* Class)
+static bool ReachesWorld(const UClass* Class)
 {
 	bool bAsksOnPin = !Class;
 	for (const UClass* Step = Class; Step && !bAsksOnPin; Step = Step->GetSuperClass())

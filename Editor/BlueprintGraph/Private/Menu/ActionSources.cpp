@@ -41,7 +41,7 @@ FBlueprintAction* Add(UBlueprintNodeSpawner* Spawner, FActionList& Out)
 
 /** The one entry of an operator, whose overloads are chosen by what is linked: it stands where its first overload
  * would. */
-void AddOperator(UBlueprintFunctionNodeSpawner& Spawner, const UFunction& Function, FActionList& Out)
+static void AddOperator(UBlueprintFunctionNodeSpawner& Spawner, const UFunction& Function, FActionList& Out)
 {
 	const FName Operation = FTypePromotion::GetOpNameFromFunction(&Function);
 	if (FTypePromotion::GetDefaultFuncForOp(Operation) == &Function)
@@ -54,7 +54,7 @@ void AddOperator(UBlueprintFunctionNodeSpawner& Spawner, const UFunction& Functi
 }
 
 /** Where a call of the function may stand. */
-void DescribeReach(const UFunction& Function, FBlueprintAction& Out)
+static void DescribeReach(const UFunction& Function, FBlueprintAction& Out)
 {
 	const bool bStatic = Function.HasAnyFunctionFlags(FUNC_Static);
 	UClass& Owner = *Function.GetOwnerClass();
@@ -71,7 +71,7 @@ void DescribeReach(const UFunction& Function, FBlueprintAction& Out)
 	Out.bIsEditorOnly = Function.HasAnyFunctionFlags(FUNC_EditorOnly) || MenuWords::IsOfEditor(Owner);
 }
 
-void AddFunctions(const UClass& Class, FActionList& Out)
+static void AddFunctions(const UClass& Class, FActionList& Out)
 {
 	for (TFieldIterator<UFunction> It(&Class, EFieldIteratorFlags::ExcludeSuper); It; ++It)
 	{
@@ -99,7 +99,7 @@ void AddFunctions(const UClass& Class, FActionList& Out)
 	}
 }
 
-void AddDispatcher(const FMulticastDelegateProperty& Property, FActionList& Out)
+static void AddDispatcher(const FMulticastDelegateProperty& Property, FActionList& Out)
 {
 	TArray<const UClass*> NodeClasses;
 	if (Property.HasAnyPropertyFlags(CPF_BlueprintAssignable))
@@ -120,7 +120,7 @@ void AddDispatcher(const FMulticastDelegateProperty& Property, FActionList& Out)
 	}
 }
 
-void AddVariable(const FProperty& Property, FActionList& Out)
+static void AddVariable(const FProperty& Property, FActionList& Out)
 {
 	const UClass* const Nodes[] = {UK2Node_VariableGet::StaticClass(), UK2Node_VariableSet::StaticClass()};
 	const UClass* const Owner = MenuWords::LastingClass(Property.GetOwnerClass());

@@ -17,7 +17,7 @@
 
 namespace ActionSources
 {
-void AddCastToAsset(const FAssetData& Asset, const UClass* NodeClass, const FString& Title, FActionList& Out)
+static void AddCastToAsset(const FAssetData& Asset, const UClass* NodeClass, const FString& Title, FActionList& Out)
 {
 	const FString Path = Asset.GetObjectPathString();
 	UBlueprintNodeSpawner* const Spawner = UBlueprintNodeSpawner::Create(NodeClass, nullptr,
@@ -34,7 +34,7 @@ void AddCastToAsset(const FAssetData& Asset, const UClass* NodeClass, const FStr
 }
 
 /** A node of the Enhanced Input plug-in about an input action. */
-void AddInputAction(
+static void AddInputAction(
 	const FAssetData& Asset, const TCHAR* NodeClassPath, const TCHAR* Verb, const TCHAR* Category, FActionList& Out)
 {
 	const UClass* const NodeClass = FindObject<UClass>(nullptr, NodeClassPath);

@@ -18,7 +18,7 @@
 
 namespace ActionSources
 {
-const UK2Node_FunctionEntry* FindEntry(const UEdGraph& Graph)
+static const UK2Node_FunctionEntry* FindEntry(const UEdGraph& Graph)
 {
 	for (UEdGraphNode* const Node : Graph.Nodes)
 	{
@@ -30,14 +30,14 @@ const UK2Node_FunctionEntry* FindEntry(const UEdGraph& Graph)
 	return nullptr;
 }
 
-FString MacroCategory(const UEdGraph& Graph)
+static FString MacroCategory(const UEdGraph& Graph)
 {
 	const FKismetUserDeclaredFunctionMetadata* const Data = UK2Node_EditablePinBase::GetGraphFunctionMetaData(&Graph);
 	const FString Category = Data ? Data->Category.ToString() : FString();
 	return Category.IsEmpty() ? FString(TEXT("Utilities|Macro")) : MenuWords::ReadableCategory(Category);
 }
 
-void AddMacros(UBlueprint& Blueprint, FActionList& Out)
+static void AddMacros(UBlueprint& Blueprint, FActionList& Out)
 {
 	const bool bIsLibrary = Blueprint.BlueprintType == BPTYPE_MacroLibrary;
 	for (UEdGraph* const Graph : Blueprint.MacroGraphs)
@@ -56,7 +56,7 @@ void AddMacros(UBlueprint& Blueprint, FActionList& Out)
 	}
 }
 
-void AddLocals(UBlueprint& Blueprint, FActionList& Out)
+static void AddLocals(UBlueprint& Blueprint, FActionList& Out)
 {
 	for (UEdGraph* const Graph : Blueprint.FunctionGraphs)
 	{
@@ -80,7 +80,7 @@ void AddLocals(UBlueprint& Blueprint, FActionList& Out)
 	}
 }
 
-bool HoldsComponentOrWidget(const FObjectProperty& Property)
+static bool HoldsComponentOrWidget(const FObjectProperty& Property)
 {
 	static const UClass* const Bases[] = {FindObject<UClass>(nullptr, TEXT("/Script/Engine.ActorComponent")),
 		FindObject<UClass>(nullptr, TEXT("/Script/UMG.Widget"))};
@@ -96,7 +96,7 @@ bool HoldsComponentOrWidget(const FObjectProperty& Property)
 
 /** Every dispatcher of every component or widget that the Blueprint can listen to. Native components are the parent's,
  * and as much the Blueprint's own as those that it adds. */
-void ForEachComponentEvent(const UClass& Class,
+static void ForEachComponentEvent(const UClass& Class,
 	TFunctionRef<void(const FObjectProperty& Component, const FMulticastDelegateProperty& Event)> Visit)
 {
 	for (TFieldIterator<FObjectProperty> It(&Class); It; ++It)
@@ -115,7 +115,7 @@ void ForEachComponentEvent(const UClass& Class,
 	}
 }
 
-void AddComponentEvents(UBlueprint& Blueprint, const UClass& Class, FActionList& Out)
+static void AddComponentEvents(UBlueprint& Blueprint, const UClass& Class, FActionList& Out)
 {
 	ForEachComponentEvent(Class,
 		[&Blueprint, &Out](const FObjectProperty& Component, const FMulticastDelegateProperty& Event)
@@ -182,7 +182,7 @@ private:
 	uint32 Sum = 0;
 };
 
-void MixMembers(const UClass* Class, FFingerprint& Print)
+static void MixMembers(const UClass* Class, FFingerprint& Print)
 {
 	for (TFieldIterator<UFunction> It(Class, EFieldIteratorFlags::ExcludeSuper); It; ++It)
 	{
@@ -203,7 +203,7 @@ void MixMembers(const UClass* Class, FFingerprint& Print)
 
 /** Components that a parent Blueprint adds, and dispatchers of components that are Blueprints themselves, change
  * without a change here. */
-void MixComponentEvents(const UClass& Class, FFingerprint& Print)
+static void MixComponentEvents(const UClass& Class, FFingerprint& Print)
 {
 	ForEachComponentEvent(Class,
 		[&Print](const FObjectProperty& Component, const FMulticastDelegateProperty& Event)
@@ -213,7 +213,7 @@ void MixComponentEvents(const UClass& Class, FFingerprint& Print)
 		});
 }
 
-void MixGraphs(const UBlueprint& Blueprint, FFingerprint& Print)
+static void MixGraphs(const UBlueprint& Blueprint, FFingerprint& Print)
 {
 	for (const UEdGraph* const Graph : Blueprint.MacroGraphs)
 	{

@@ -31,20 +31,20 @@ enum EFlag : uint32
 /** Title, category, category among strangers, keywords, node class, required class, flags. */
 constexpr int32 NumFields = 7;
 
-FString Clean(const FText& Text)
+static FString Clean(const FText& Text)
 {
 	return Text.ToString().Replace(TEXT("\t"), TEXT(" ")).Replace(TEXT("\n"), TEXT(" "));
 }
 
 /** Other Blueprints have no use for what is private, for the class's own events, and for what stands in one graph. */
-bool IsForOthers(const FBlueprintAction& Action, const UBlueprint& Blueprint)
+static bool IsForOthers(const FBlueprintAction& Action, const UBlueprint& Blueprint)
 {
 	const UBlueprint* const Required = UBlueprint::GetBlueprintFromClass(Action.RequiredClass);
 	return !Action.OnlyInBlueprint && !Action.OnlyInGraph && !Action.bIsProtected && Required != &Blueprint
 		&& Action.NodeClass;
 }
 
-FString Describe(const FBlueprintAction& Action)
+static FString Describe(const FBlueprintAction& Action)
 {
 	uint32 Flags = Action.MemberOf ? Member : 0u;
 	Flags |= Action.bNamedAsMember ? NamedAsMember : 0u;
@@ -64,7 +64,7 @@ FString Describe(const FBlueprintAction& Action)
 	return Line;
 }
 
-void Discard(ActionSources::FActionList& Actions)
+static void Discard(ActionSources::FActionList& Actions)
 {
 	for (const FBlueprintAction& Action : Actions)
 	{
@@ -73,7 +73,7 @@ void Discard(ActionSources::FActionList& Actions)
 }
 
 /** False for a line of another form, and for an action that no Blueprint in memory could have. */
-bool AddLine(const FString& BlueprintPath, const FString& Line, ActionSources::FActionList& Out)
+static bool AddLine(const FString& BlueprintPath, const FString& Line, ActionSources::FActionList& Out)
 {
 	TArray<FString> Fields;
 	Line.ParseIntoArray(Fields, TEXT("\t"), false);
@@ -106,7 +106,7 @@ bool AddLine(const FString& BlueprintPath, const FString& Line, ActionSources::F
 	return Action != nullptr;
 }
 
-void CollectTags(const UObject& Asset, TArray<FPackageText::FTag>& Tags)
+static void CollectTags(const UObject& Asset, TArray<FPackageText::FTag>& Tags)
 {
 	const UBlueprint* const Blueprint = Cast<UBlueprint>(&Asset);
 	if (!Blueprint)

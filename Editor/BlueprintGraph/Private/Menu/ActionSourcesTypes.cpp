@@ -27,7 +27,7 @@ struct FTypeNode
 	const TCHAR* Member;
 };
 
-FBlueprintAction* AddTypeNode(
+static FBlueprintAction* AddTypeNode(
 	const FTypeNode& Kind, UField& Type, const FString& Title, const TCHAR* Category, FActionList& Out)
 {
 	UBlueprintFieldNodeSpawner* const Spawner = UBlueprintFieldNodeSpawner::Create(
@@ -72,7 +72,7 @@ void AddComponent(UClass& Class, FActionList& Out)
 	}
 }
 
-bool HasShownMember(const UScriptStruct& Struct)
+static bool HasShownMember(const UScriptStruct& Struct)
 {
 	for (TFieldIterator<FProperty> It(&Struct); It; ++It)
 	{

@@ -20,7 +20,7 @@ struct FTypes
 };
 
 /** The engine's types, which never go, or those of the project. */
-FTypes ReadTypes(bool bOfProject)
+static FTypes ReadTypes(bool bOfProject)
 {
 	FTypes Types;
 	const int32 NumEnginePaths = FCatalogue::Get().GetNumEnginePaths();
@@ -42,7 +42,7 @@ FTypes ReadTypes(bool bOfProject)
 	return Types;
 }
 
-void AddTypes(const FTypes& Types, TArray<FBlueprintAction>& Out)
+static void AddTypes(const FTypes& Types, TArray<FBlueprintAction>& Out)
 {
 	for (UClass* const Class : Types.Classes)
 	{
@@ -64,7 +64,7 @@ void AddTypes(const FTypes& Types, TArray<FBlueprintAction>& Out)
 
 /** Lets the spawners go. Menus that were made from the list hold entries still, and live no longer than the call that
  * made them. */
-void Discard(const TArray<FBlueprintAction>& Actions)
+static void Discard(const TArray<FBlueprintAction>& Actions)
 {
 	for (const FBlueprintAction& Action : Actions)
 	{
@@ -72,13 +72,13 @@ void Discard(const TArray<FBlueprintAction>& Actions)
 	}
 }
 
-void Drop(TArray<FBlueprintAction>& Actions)
+static void Drop(TArray<FBlueprintAction>& Actions)
 {
 	Discard(Actions);
 	Actions.Empty();
 }
 
-TArray<FAssetData> ListAssets(const TCHAR* ClassPath, bool bSearchSubClasses = false)
+static TArray<FAssetData> ListAssets(const TCHAR* ClassPath, bool bSearchSubClasses = false)
 {
 	TArray<FAssetData> Listed;
 	FTopLevelAssetPath Class;
@@ -90,7 +90,7 @@ TArray<FAssetData> ListAssets(const TCHAR* ClassPath, bool bSearchSubClasses = f
 	return Listed;
 }
 
-TArray<FAssetData> ListUnloadedBlueprints()
+static TArray<FAssetData> ListUnloadedBlueprints()
 {
 	return ListAssets(TEXT("/Script/Engine.Blueprint"), true)
 		.FilterByPredicate([](const FAssetData& Asset) { return !Asset.IsAssetLoaded(); });
@@ -105,7 +105,7 @@ struct FOfferedAsset
 };
 
 /** Blueprints that are not in memory, input actions, and the structs and enums of the project, which are loaded. */
-TArray<FOfferedAsset> ListOfferedAssets(const TArray<FAssetData>& UnloadedBlueprints)
+static TArray<FOfferedAsset> ListOfferedAssets(const TArray<FAssetData>& UnloadedBlueprints)
 {
 	TArray<FOfferedAsset> Offered;
 	for (const FAssetData& Asset : UnloadedBlueprints)
@@ -134,7 +134,7 @@ TArray<FOfferedAsset> ListOfferedAssets(const TArray<FAssetData>& UnloadedBluepr
 }
 
 /** Blueprints that are there to stay: assets, and libraries that are made in memory at a path of their own. */
-bool Lasts(const UBlueprint& Blueprint)
+static bool Lasts(const UBlueprint& Blueprint)
 {
 	return IsValid(&Blueprint) && !Blueprint.bBeingCompiled && !Blueprint.HasAnyFlags(RF_ClassDefaultObject)
 		&& Blueprint.GetOutermost() != GetTransientPackage();

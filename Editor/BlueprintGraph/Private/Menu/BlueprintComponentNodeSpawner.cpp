@@ -13,14 +13,14 @@ void UBlueprintComponentNodeSpawner::DescribeClass(FClassDescriber&) {}
 
 namespace ComponentSpawners
 {
-UClass* ActorClass()
+static UClass* ActorClass()
 {
 	static UClass* const Class = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
 	return Class;
 }
 
 /** "NODE_AddStaticMeshComponent-0": the first such name that the Blueprint has no template of. */
-FName MakeTemplateName(const UBlueprint& Blueprint, const UClass& Class)
+static FName MakeTemplateName(const UBlueprint& Blueprint, const UClass& Class)
 {
 	int32 Number = 0;
 	FName Name;
@@ -31,7 +31,7 @@ FName MakeTemplateName(const UBlueprint& Blueprint, const UClass& Class)
 	return Name;
 }
 
-void AddTemplate(UBlueprint& Blueprint, UK2Node_AddComponent& Node)
+static void AddTemplate(UBlueprint& Blueprint, UK2Node_AddComponent& Node)
 {
 	UClass* const Class = Node.TemplateType.Get();
 	UObject* const Owner = Blueprint.GeneratedClass.Get();

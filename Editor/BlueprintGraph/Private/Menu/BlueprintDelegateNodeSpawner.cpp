@@ -16,7 +16,7 @@ void UBlueprintDelegateNodeSpawner::DescribeClass(FClassDescriber&) {}
 
 namespace DelegateSpawners
 {
-const TCHAR* VerbOf(const UClass& NodeClass)
+static const TCHAR* VerbOf(const UClass& NodeClass)
 {
 	if (NodeClass.IsChildOf(UK2Node_AssignDelegate::StaticClass()))
 	{

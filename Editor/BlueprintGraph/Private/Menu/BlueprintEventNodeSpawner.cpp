@@ -41,7 +41,7 @@ T* FindEvent(const UEdGraph* Graph, TPredicate&& Predicate)
 }
 
 /** A ghost is an event that the editor placed as a hint; to ask for it makes it count. */
-UEdGraphNode* Wake(UEdGraphNode* Node)
+static UEdGraphNode* Wake(UEdGraphNode* Node)
 {
 	if (Node && Node->IsAutomaticallyPlacedGhostNode())
 	{

@@ -19,12 +19,12 @@ namespace FieldSpawners
 using FPinVisitor = UBlueprintNodeSpawner::FPinVisitor;
 using FSchema = UEdGraphSchema_K2;
 
-FEdGraphPinType TypeOf(FName Category, UObject* Object)
+static FEdGraphPinType TypeOf(FName Category, UObject* Object)
 {
 	return FEdGraphPinType(Category, NAME_None, Object, EPinContainerType::None, false, FEdGraphTerminalType());
 }
 
-bool AnyOfCast(UClass& Target, bool bOfClass, FPinVisitor Visit)
+static bool AnyOfCast(UClass& Target, bool bOfClass, FPinVisitor Visit)
 {
 	const FName Reference = bOfClass ? FSchema::PC_Class : FSchema::PC_Object;
 	const bool bInterface = Target.HasAnyClassFlags(CLASS_Interface) && !bOfClass;
@@ -32,7 +32,7 @@ bool AnyOfCast(UClass& Target, bool bOfClass, FPinVisitor Visit)
 		|| Visit(TypeOf(bInterface ? FSchema::PC_Interface : Reference, &Target), EGPD_Output);
 }
 
-bool AnyOfStruct(const UClass& NodeClass, UScriptStruct& Struct, FPinVisitor Visit)
+static bool AnyOfStruct(const UClass& NodeClass, UScriptStruct& Struct, FPinVisitor Visit)
 {
 	const FEdGraphPinType Whole = TypeOf(FSchema::PC_Struct, &Struct);
 	if (NodeClass.IsChildOf(UK2Node_SetFieldsInStruct::StaticClass()))

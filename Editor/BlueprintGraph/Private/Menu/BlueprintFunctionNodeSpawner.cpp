@@ -16,7 +16,7 @@ void UBlueprintFunctionNodeSpawner::DescribeClass(FClassDescriber&) {}
 namespace FunctionSpawners
 {
 /** A node class of the module, the plain call where a process does not know it. */
-UClass* ClassNamed(const TCHAR* Name)
+static UClass* ClassNamed(const TCHAR* Name)
 {
 	UClass* const Found = FindObject<UClass>(nullptr, FString(TEXT("/Script/BlueprintGraph.")) + Name);
 	return Found && Found->IsChildOf(UK2Node_CallFunction::StaticClass()) ? Found : UK2Node_CallFunction::StaticClass();
@@ -33,7 +33,7 @@ struct FClasses
 	UClass* Message = ClassNamed(TEXT("K2Node_Message"));
 };
 
-const FClasses& Classes()
+static const FClasses& Classes()
 {
 	static const FClasses Known;
 	return Known;

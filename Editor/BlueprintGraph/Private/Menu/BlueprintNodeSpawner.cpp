@@ -13,7 +13,7 @@ namespace NodeSpawners
 {
 /** What template nodes lie in, without being listed: a graph of an actor that nobody saves, so that members that nodes
  * call on self are known. */
-UEdGraph* TemplateGraph()
+static UEdGraph* TemplateGraph()
 {
 	static TWeakObjectPtr<UEdGraph> Graph;
 	if (!Graph.Get())

@@ -6,7 +6,7 @@
 namespace InputMappings
 {
 /** Behind the mark and before the next quote; empty when the line has no mark. */
-FString QuotedAfter(const FString& Line, const TCHAR* Mark)
+static FString QuotedAfter(const FString& Line, const TCHAR* Mark)
 {
 	const int32 Begin = Line.Find(Mark);
 	const FString Rest = Begin == INDEX_NONE ? FString() : Line.RightChop(Begin + FCString::Strlen(Mark));
@@ -14,7 +14,7 @@ FString QuotedAfter(const FString& Line, const TCHAR* Mark)
 	return Rest.FindChar(TEXT('"'), End) ? Rest.Left(End) : FString();
 }
 
-void AddName(const FString& Line, const TCHAR* Mark, TArray<FString>& Out)
+static void AddName(const FString& Line, const TCHAR* Mark, TArray<FString>& Out)
 {
 	const FString Name = QuotedAfter(Line, Mark);
 	if (!Name.IsEmpty())

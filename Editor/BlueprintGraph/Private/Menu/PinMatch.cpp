@@ -7,14 +7,14 @@ namespace PinMatches
 {
 using FSchema = UEdGraphSchema_K2;
 
-bool IsReference(const FEdGraphPinType& Type)
+static bool IsReference(const FEdGraphPinType& Type)
 {
 	return Type.PinCategory == FSchema::PC_Object || Type.PinCategory == FSchema::PC_Interface
 		|| Type.PinCategory == FSchema::PC_Class;
 }
 
 /** Whether a node that converts would be put between. */
-bool IsConvertible(const FEdGraphPinType& Output, const FEdGraphPinType& Input)
+static bool IsConvertible(const FEdGraphPinType& Output, const FEdGraphPinType& Input)
 {
 	// A cast between references may fail, and no author looks for what an object probably is not; what becomes an array
 	// of one by itself would fit everywhere.
@@ -36,7 +36,7 @@ bool IsConvertible(const FEdGraphPinType& Output, const FEdGraphPinType& Input)
 	return Schema->FindSpecializedConversionNode(Output, *Asked, false, Node);
 }
 
-bool IsRelated(const UClass& A, const UClass& B)
+static bool IsRelated(const UClass& A, const UClass& B)
 {
 	return A.IsChildOf(&B) || A.GetAuthoritativeClass()->IsChildOf(B.GetAuthoritativeClass());
 }

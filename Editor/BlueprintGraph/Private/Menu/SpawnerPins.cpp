@@ -9,7 +9,7 @@ namespace SpawnerPins
 {
 using FSchema = UEdGraphSchema_K2;
 
-FEdGraphPinType PlainType(FName Category, UObject* Object = nullptr)
+static FEdGraphPinType PlainType(FName Category, UObject* Object = nullptr)
 {
 	FEdGraphPinType Type;
 	Type.PinCategory = Category;

@@ -28,7 +28,7 @@ const FName ToleranceParam(TEXT("ErrorTolerance"));
 constexpr int32 ResultIndex = 2;
 
 /** The operands: inputs in order, a comparison's tolerance left out. */
-TArray<const FProperty*> OperandsOf(const UFunction& Function)
+static TArray<const FProperty*> OperandsOf(const UFunction& Function)
 {
 	TArray<const FProperty*> Operands;
 	for (TFieldIterator<FProperty> It(&Function, EFieldIteratorFlags::ExcludeSuper); It; ++It)
@@ -43,7 +43,7 @@ TArray<const FProperty*> OperandsOf(const UFunction& Function)
 	return Operands;
 }
 
-FEdGraphPinType TypeOf(const FProperty* Property)
+static FEdGraphPinType TypeOf(const FProperty* Property)
 {
 	FEdGraphPinType Type;
 	UEdGraphSchema_K2::ConvertPropertyToPinTypeStatic(Property, Type);
@@ -76,7 +76,7 @@ struct FTable
 	TMap<const UFunction*, FSignature> Signatures;
 };
 
-void AddFunctionsOf(const UClass& Class, FTable& Table)
+static void AddFunctionsOf(const UClass& Class, FTable& Table)
 {
 	for (TFieldIterator<UFunction> It(&Class, EFieldIteratorFlags::ExcludeSuper); It; ++It)
 	{
@@ -88,7 +88,7 @@ void AddFunctionsOf(const UClass& Class, FTable& Table)
 	}
 }
 
-const FTable& GetTable()
+static const FTable& GetTable()
 {
 	static const FTable Table = []
 	{
@@ -117,7 +117,7 @@ const FTable& GetTable()
 }
 
 /** The place of a number in the order in which numbers are promoted; -1 for anything else. */
-int32 NumberRank(const FEdGraphPinType& Type)
+static int32 NumberRank(const FEdGraphPinType& Type)
 {
 	if (Type.IsContainer())
 	{
@@ -138,14 +138,14 @@ int32 NumberRank(const FEdGraphPinType& Type)
 	return Type.PinCategory == UEdGraphSchema_K2::PC_Real ? 3 : -1;
 }
 
-bool IsSame(const FEdGraphPinType& A, const FEdGraphPinType& B)
+static bool IsSame(const FEdGraphPinType& A, const FEdGraphPinType& B)
 {
 	const bool bSameCategory = A.PinCategory == B.PinCategory && A.ContainerType == B.ContainerType;
 	return bSameCategory && A.PinSubCategoryObject == B.PinSubCategoryObject;
 }
 
 /** How far the pin is from the operand: 0 the same, more for a promotion, -1 when it does not fit. */
-int32 Distance(const FEdGraphPinType& From, const FEdGraphPinType& To)
+static int32 Distance(const FEdGraphPinType& From, const FEdGraphPinType& To)
 {
 	if (IsSame(From, To))
 	{
@@ -239,13 +239,13 @@ const UFunction* FTypePromotion::GetDefaultFuncForOp(FName Operation)
 namespace TypePromotion
 {
 /** Vector by vector rather than vector by number, as long as nothing tells which of them is meant. */
-bool TakesOneType(const FSignature& Signature)
+static bool TakesOneType(const FSignature& Signature)
 {
 	return IsSame(Signature.Types[0], Signature.Types[1]);
 }
 
 /** Whether a value that an author gave an operand of no type yet would be lost by this one. */
-bool LosesValue(const UEdGraphPin& Pin, const FEdGraphPinType& Param)
+static bool LosesValue(const UEdGraphPin& Pin, const FEdGraphPinType& Param)
 {
 	const bool bTypedIn = Pin.Direction == EGPD_Input && Pin.LinkedTo.IsEmpty() && !Pin.DefaultValue.IsEmpty();
 	return bTypedIn
@@ -254,7 +254,7 @@ bool LosesValue(const UEdGraphPin& Pin, const FEdGraphPinType& Param)
 }
 
 /** The overload that the operator stands for now. */
-const UFunction* BoundOverload(const TArray<UEdGraphPin*>& Pins)
+static const UFunction* BoundOverload(const TArray<UEdGraphPin*>& Pins)
 {
 	const UK2Node_CallFunction* const Node = Pins.IsEmpty()
 		? nullptr
@@ -263,7 +263,7 @@ const UFunction* BoundOverload(const TArray<UEdGraphPin*>& Pins)
 }
 
 /** How far the pins are from the overload; -1 when one of them does not fit. */
-int32 Distance(const FSignature& Signature, const TArray<UEdGraphPin*>& Pins)
+static int32 Distance(const FSignature& Signature, const TArray<UEdGraphPin*>& Pins)
 {
 	int32 Total = 0;
 	int32 Operand = 0;

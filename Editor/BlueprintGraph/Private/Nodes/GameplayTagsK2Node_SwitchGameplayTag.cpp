@@ -22,7 +22,7 @@ namespace GameplayTagSwitches
 {
 const TCHAR* const Library = TEXT("/Script/GameplayTags.BlueprintGameplayTagLibrary");
 
-FEdGraphPinType StructType(UScriptStruct* Struct)
+static FEdGraphPinType StructType(UScriptStruct* Struct)
 {
 	FEdGraphPinType Type;
 	Type.PinCategory = UEdGraphSchema_K2::PC_Struct;
@@ -30,12 +30,12 @@ FEdGraphPinType StructType(UScriptStruct* Struct)
 	return Type;
 }
 
-FString NameOf(const FGameplayTag& Tag)
+static FString NameOf(const FGameplayTag& Tag)
 {
 	return Tag.IsValid() ? Tag.ToString() : FString();
 }
 
-FString NameOf(const FGameplayTagContainer& Tags)
+static FString NameOf(const FGameplayTagContainer& Tags)
 {
 	return Tags.ToStringSimple();
 }

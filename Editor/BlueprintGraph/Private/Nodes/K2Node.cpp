@@ -157,7 +157,7 @@ void UK2Node::BreakUnfitLinks(UEdGraphPin* Pin)
 
 namespace PureExecPins
 {
-UEdGraphPin* FindExec(const TArray<UEdGraphPin*>& Pins, FName Name, EEdGraphPinDirection Direction)
+static UEdGraphPin* FindExec(const TArray<UEdGraphPin*>& Pins, FName Name, EEdGraphPinDirection Direction)
 {
 	UEdGraphPin* const* const Found = Pins.FindByPredicate([Name, Direction](const UEdGraphPin* Pin)
 		{ return Pin->PinName == Name && Pin->Direction == Direction && UEdGraphSchema_K2::IsExecPin(*Pin); });

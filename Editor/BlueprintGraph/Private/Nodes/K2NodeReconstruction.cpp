@@ -36,7 +36,7 @@ void UK2Node::ReconstructNode()
 namespace PinReconstruction
 {
 /** Whether what was linked to the old pin, or typed into it, still suits the new one. */
-bool IsTypeKept(const UEdGraphSchema_K2& Schema, const UEdGraphPin& NewPin, const UEdGraphPin& OldPin)
+static bool IsTypeKept(const UEdGraphSchema_K2& Schema, const UEdGraphPin& NewPin, const UEdGraphPin& OldPin)
 {
 	if (NewPin.PinType == OldPin.PinType || Schema.IsSelfPin(NewPin)
 		|| Schema.ArePinTypesCompatible(OldPin.PinType, NewPin.PinType))
@@ -48,7 +48,7 @@ bool IsTypeKept(const UEdGraphSchema_K2& Schema, const UEdGraphPin& NewPin, cons
 }
 
 /** What an author did to a pin or to its split members, and would miss. */
-bool CarriesWork(const UEdGraphPin& Pin)
+static bool CarriesWork(const UEdGraphPin& Pin)
 {
 	if (!Pin.LinkedTo.IsEmpty())
 	{
@@ -99,7 +99,7 @@ private:
 };
 
 /** The pins without a successor that stay. A split pin stays with all its members, or not at all. */
-TArray<UEdGraphPin*> FindOrphans(const TSet<UEdGraphPin*>& Unmatched)
+static TArray<UEdGraphPin*> FindOrphans(const TSet<UEdGraphPin*>& Unmatched)
 {
 	TArray<UEdGraphPin*> Orphans;
 	for (UEdGraphPin* const Pin : Unmatched)
@@ -117,7 +117,7 @@ TArray<UEdGraphPin*> FindOrphans(const TSet<UEdGraphPin*>& Unmatched)
 	return Orphans;
 }
 
-void MarkAsOrphan(UEdGraphPin& Pin, const TSet<UEdGraphPin*>& Unmatched)
+static void MarkAsOrphan(UEdGraphPin& Pin, const TSet<UEdGraphPin*>& Unmatched)
 {
 	if (Pin.ParentPin && !Unmatched.Contains(Pin.ParentPin))
 	{

@@ -13,14 +13,14 @@
 namespace NodeRenames
 {
 /** Whether the reference, in a node of the Blueprint, means a member of the class or of one below it. */
-bool IsMemberOf(const FMemberReference& Reference, const UBlueprint* Blueprint, const UClass* Class)
+static bool IsMemberOf(const FMemberReference& Reference, const UBlueprint* Blueprint, const UClass* Class)
 {
 	UClass* const Self = Blueprint ? Blueprint->GeneratedClass.Get() : nullptr;
 	const UClass* const Scope = Reference.GetMemberParentClass(Self);
 	return Scope && Class && Scope->IsChildOf(Class) && !Reference.IsLocalScope();
 }
 
-const UEdGraph* TopGraph(const UEdGraphNode& Node)
+static const UEdGraph* TopGraph(const UEdGraphNode& Node)
 {
 	const UEdGraph* Graph = Node.GetGraph();
 	while (Graph && Graph->GetParentGraph())
@@ -31,8 +31,8 @@ const UEdGraph* TopGraph(const UEdGraphNode& Node)
 }
 
 /** Answers whether the reference meant the member and was changed. */
-bool Follow(UK2Node& Node, FMemberReference& Reference, const UBlueprint* Blueprint, const UClass* Class, FName OldName,
-	FName NewName)
+static bool Follow(UK2Node& Node, FMemberReference& Reference, const UBlueprint* Blueprint, const UClass* Class,
+	FName OldName, FName NewName)
 {
 	if (Reference.GetMemberName() != OldName || !IsMemberOf(Reference, Blueprint, Class))
 	{

@@ -141,7 +141,7 @@ namespace AsyncTasks
 const FName ProxyPin(TEXT("AsyncTaskProxy"));
 
 /** Metadata of the class or of one above it; null when none has the key. */
-const FString* FindInherited(const UStruct* Struct, FName Key)
+static const FString* FindInherited(const UStruct* Struct, FName Key)
 {
 	for (; Struct; Struct = Struct->GetSuperStruct())
 	{

@@ -31,7 +31,7 @@ void UK2Node_ActorBoundEvent::DescribeClass(FClassDescriber& Class)
 namespace BoundEvents
 {
 /** Refers to the signature: by its class, or by its package where it stands outside classes. */
-void SetSignature(FMemberReference& Reference, const UFunction* Signature)
+static void SetSignature(FMemberReference& Reference, const UFunction* Signature)
 {
 	if (Signature)
 	{
@@ -39,13 +39,13 @@ void SetSignature(FMemberReference& Reference, const UFunction* Signature)
 	}
 }
 
-FMulticastDelegateProperty* FindDelegate(const UClass* Owner, FName Name)
+static FMulticastDelegateProperty* FindDelegate(const UClass* Owner, FName Name)
 {
 	return Owner ? CastField<FMulticastDelegateProperty>(Owner->FindPropertyByName(Name)) : nullptr;
 }
 
 /** The delegate's own words, else its name and what the signature brings. */
-FText Tooltip(const FMulticastDelegateProperty* Property, const FText& Name)
+static FText Tooltip(const FMulticastDelegateProperty* Property, const FText& Name)
 {
 	static const FName ToolTipKey(TEXT("ToolTip"));
 	if (Property && Property->FindMetaData(ToolTipKey))
@@ -56,7 +56,7 @@ FText Tooltip(const FMulticastDelegateProperty* Property, const FText& Name)
 	return FText::FromString(Name.ToString() + (Signature ? FunctionTips::DescribeParameters(*Signature) : FString()));
 }
 
-FText DisplayName(const FMulticastDelegateProperty* Property, FName Name)
+static FText DisplayName(const FMulticastDelegateProperty* Property, FName Name)
 {
 	const FString* const Display = Property ? Property->FindMetaData(FBlueprintMetadata::MD_DisplayName) : nullptr;
 	return FText::FromString(Display ? *Display : FName::NameToDisplayString(Name.ToString(), false));

@@ -13,7 +13,7 @@ namespace CallPins
 /** A function that is meant for the calling object alone. */
 const FName HideSelfPin(TEXT("HideSelfPin"));
 
-UEnum* EnumOf(const FProperty* Param)
+static UEnum* EnumOf(const FProperty* Param)
 {
 	if (const FByteProperty* const Byte = CastField<FByteProperty>(Param))
 	{
@@ -23,7 +23,7 @@ UEnum* EnumOf(const FProperty* Param)
 	return Enum ? Enum->GetEnum() : nullptr;
 }
 
-bool IsInput(const FProperty* Param)
+static bool IsInput(const FProperty* Param)
 {
 	return !Param->HasAnyPropertyFlags(CPF_ReturnParm)
 		&& (!Param->HasAnyPropertyFlags(CPF_OutParm) || Param->HasAnyPropertyFlags(CPF_ReferenceParm));
@@ -262,7 +262,7 @@ void UK2Node_CallFunction::PinDefaultValueChanged(UEdGraphPin* Pin)
 namespace CallPins
 {
 /** The class that a class pin chooses: its default, or the class of what is linked. */
-UClass* ChosenClass(const UEdGraphPin& Pin)
+static UClass* ChosenClass(const UEdGraphPin& Pin)
 {
 	if (Pin.LinkedTo.IsEmpty())
 	{
@@ -277,7 +277,7 @@ UClass* ChosenClass(const UEdGraphPin& Pin)
 	return Common;
 }
 
-bool IsObjectLike(const UEdGraphPin& Pin)
+static bool IsObjectLike(const UEdGraphPin& Pin)
 {
 	using FSchema = UEdGraphSchema_K2;
 	const FName Category = Pin.PinType.PinCategory;
@@ -315,7 +315,7 @@ void UK2Node_CallFunction::ConformDynamicOutputs()
 
 namespace CallPins
 {
-void CopyTerminal(const FEdGraphPinType& From, FEdGraphPinType& To)
+static void CopyTerminal(const FEdGraphPinType& From, FEdGraphPinType& To)
 {
 	To.PinCategory = From.PinCategory;
 	To.PinSubCategory = From.PinSubCategory;
@@ -323,7 +323,7 @@ void CopyTerminal(const FEdGraphPinType& From, FEdGraphPinType& To)
 }
 
 /** The pin of the list whose type is known: linked to something typed, or typed itself. */
-const FEdGraphPinType* KnownType(const TArray<UEdGraphPin*>& Pins)
+static const FEdGraphPinType* KnownType(const TArray<UEdGraphPin*>& Pins)
 {
 	for (const UEdGraphPin* const Pin : Pins)
 	{
@@ -338,7 +338,7 @@ const FEdGraphPinType* KnownType(const TArray<UEdGraphPin*>& Pins)
 	return nullptr;
 }
 
-void CollectPins(const UK2Node& Node, const UFunction& Function, FName Key, TArray<UEdGraphPin*>& Out)
+static void CollectPins(const UK2Node& Node, const UFunction& Function, FName Key, TArray<UEdGraphPin*>& Out)
 {
 	TSet<FName> Names;
 	const FString* const List = Function.FindMetaData(Key);
@@ -360,7 +360,7 @@ void CollectPins(const UK2Node& Node, const UFunction& Function, FName Key, TArr
 }
 
 /** All pins of one element type follow whichever of them is linked; with no link left they are wildcards again. */
-void ConformElements(const TArray<UEdGraphPin*>& Pins, const FEdGraphPinType* Known)
+static void ConformElements(const TArray<UEdGraphPin*>& Pins, const FEdGraphPinType* Known)
 {
 	for (UEdGraphPin* const Pin : Pins)
 	{

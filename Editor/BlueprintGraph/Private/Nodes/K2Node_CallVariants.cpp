@@ -43,7 +43,7 @@ void UK2Node_AddComponent::DescribeClass(FClassDescriber& Class)
 namespace ArrayCalls
 {
 /** The parameters that metadata lists behind a key, parted by commas. */
-TArray<FName> ListedIn(const UFunction& Function, FName Key)
+static TArray<FName> ListedIn(const UFunction& Function, FName Key)
 {
 	TArray<FName> Names;
 	TArray<FString> Parts;
@@ -287,13 +287,13 @@ UEdGraphPin* UK2Node_AddComponent::GetManualAttachmentPin() const
 
 namespace AddedComponents
 {
-FName TemplateOf(const UK2Node_AddComponent& Node)
+static FName TemplateOf(const UK2Node_AddComponent& Node)
 {
 	const UEdGraphPin* const Pin = Node.FindPin(TEXT("TemplateName"), EGPD_Input);
 	return Pin ? FName(*Pin->DefaultValue) : FName();
 }
 
-bool IsShared(const UBlueprint& Blueprint, const UK2Node_AddComponent& Node, FName Template)
+static bool IsShared(const UBlueprint& Blueprint, const UK2Node_AddComponent& Node, FName Template)
 {
 	TArray<UEdGraph*> Graphs;
 	Blueprint.GetAllGraphs(Graphs);

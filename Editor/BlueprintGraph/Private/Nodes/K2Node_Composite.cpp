@@ -25,7 +25,7 @@ UK2Node_Tunnel* UK2Node_Composite::GetExitNode() const
 
 namespace Composites
 {
-void MirrorPins(UK2Node_Composite& Node, const UK2Node_Tunnel* Tunnel, EEdGraphPinDirection TunnelSide)
+static void MirrorPins(UK2Node_Composite& Node, const UK2Node_Tunnel* Tunnel, EEdGraphPinDirection TunnelSide)
 {
 	if (!Tunnel)
 	{
@@ -44,7 +44,7 @@ void MirrorPins(UK2Node_Composite& Node, const UK2Node_Tunnel* Tunnel, EEdGraphP
 }
 
 /** A name for an inner graph that no other one of the parent has. */
-FString FreeGraphName(const UEdGraph& Parent, const UEdGraph* Except, const FString& Base)
+static FString FreeGraphName(const UEdGraph& Parent, const UEdGraph* Except, const FString& Base)
 {
 	const auto IsTaken = [&Parent, Except](FName Name)
 	{

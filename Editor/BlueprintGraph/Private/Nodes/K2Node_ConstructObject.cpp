@@ -40,7 +40,7 @@ const FName OwningPlayerPin(TEXT("OwningPlayer"));
 const FName ManualAttachmentPin(TEXT("bManualAttachment"));
 const FName RelativeTransformPin(TEXT("RelativeTransform"));
 
-UClass* FindClass(const TCHAR* Path)
+static UClass* FindClass(const TCHAR* Path)
 {
 	return FindObject<UClass>(nullptr, Path);
 }

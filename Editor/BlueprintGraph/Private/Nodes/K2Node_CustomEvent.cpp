@@ -30,7 +30,7 @@ bool UK2Node_CustomEvent::IsEditable() const
 namespace CustomEvents
 {
 /** Names that a new event of the Blueprint may not take. */
-bool IsNameTaken(const UBlueprint& Blueprint, const UK2Node_CustomEvent* Except, FName Name)
+static bool IsNameTaken(const UBlueprint& Blueprint, const UK2Node_CustomEvent* Except, FName Name)
 {
 	TArray<UEdGraph*> Graphs;
 	Blueprint.GetAllGraphs(Graphs);
@@ -59,7 +59,7 @@ bool IsNameTaken(const UBlueprint& Blueprint, const UK2Node_CustomEvent* Except,
 }
 
 /** The first free one of Base, Base_0, Base_1 ... */
-FName FindUniqueName(const UBlueprint& Blueprint, const UK2Node_CustomEvent* Except, const FString& Base)
+static FName FindUniqueName(const UBlueprint& Blueprint, const UK2Node_CustomEvent* Except, const FString& Base)
 {
 	FName Candidate(Base);
 	for (int32 Number = 0; IsNameTaken(Blueprint, Except, Candidate); ++Number)
@@ -187,7 +187,7 @@ void UK2Node_CustomEvent::AllocateDefaultPins()
 namespace CustomEvents
 {
 /** The signature of the dispatcher that the event is bound to; null when it is bound to none. */
-const UFunction* FindBoundSignature(const UEdGraphPin* DelegatePin)
+static const UFunction* FindBoundSignature(const UEdGraphPin* DelegatePin)
 {
 	const UEdGraphPin* const Linked = DelegatePin && !DelegatePin->LinkedTo.IsEmpty() ? DelegatePin->LinkedTo[0]
 																					  : nullptr;

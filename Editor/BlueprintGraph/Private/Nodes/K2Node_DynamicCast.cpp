@@ -23,13 +23,13 @@ namespace DynamicCasts
 const FName SuccessPin(TEXT("bSuccess"));
 const FName ClassPin(TEXT("Class"));
 
-bool IsInterface(const UClass* Class)
+static bool IsInterface(const UClass* Class)
 {
 	return Class && Class->HasAnyClassFlags(CLASS_Interface);
 }
 
 /** The class of the objects that come in, or null while nothing typed is linked. */
-UClass* SourceClass(const UEdGraphPin& SourcePin)
+static UClass* SourceClass(const UEdGraphPin& SourcePin)
 {
 	for (const UEdGraphPin* const Linked : SourcePin.LinkedTo)
 	{

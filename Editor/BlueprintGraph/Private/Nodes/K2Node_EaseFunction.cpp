@@ -32,7 +32,7 @@ struct FKind
 };
 
 /** The function of the math library for each type that can be eased. */
-const FKind* FindKind(const FEdGraphPinType& Type)
+static const FKind* FindKind(const FEdGraphPinType& Type)
 {
 	static const FKind Kinds[] = {{UEdGraphSchema_K2::PC_Real, nullptr, TEXT("Ease")},
 		{UEdGraphSchema_K2::PC_Struct, TEXT("Vector"), TEXT("VEase")},

@@ -184,7 +184,7 @@ void UK2Node_EditablePinBase::PinDefaultValueChanged(UEdGraphPin* Pin)
 
 namespace UserPinText
 {
-FString Export(const FUserPinInfo& Info, UObject* Owner)
+static FString Export(const FUserPinInfo& Info, UObject* Owner)
 {
 	static const FUserPinInfo Empty;
 	FString Text;

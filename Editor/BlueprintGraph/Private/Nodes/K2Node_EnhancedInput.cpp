@@ -21,13 +21,13 @@ namespace EnhancedInput
 {
 const FName ActionValue(TEXT("ActionValue"));
 
-FString NameOf(const UObject* Action)
+static FString NameOf(const UObject* Action)
 {
 	return Action ? Action->GetName() : FString(TEXT("None"));
 }
 
 /** The pin type of an action's value, by the action's ValueType; a button when the action is not there. */
-FEdGraphPinType ValueTypeOf(const UObject* Action)
+static FEdGraphPinType ValueTypeOf(const UObject* Action)
 {
 	FEdGraphPinType Type;
 	Type.PinCategory = UEdGraphSchema_K2::PC_Boolean;

@@ -54,7 +54,7 @@ const FName EnumValuePin(TEXT("EnumValue"));
 const FName PinA(TEXT("A"));
 const FName PinB(TEXT("B"));
 
-bool IsEnumType(const FEdGraphPinType& Type)
+static bool IsEnumType(const FEdGraphPinType& Type)
 {
 	return Type.PinCategory == UEdGraphSchema_K2::PC_Byte && Cast<UEnum>(Type.PinSubCategoryObject.Get())
 		&& !Type.IsContainer();

@@ -84,7 +84,7 @@ bool UK2Node_Event::IsFunctionEntryCompatible(const UK2Node_FunctionEntry* Entry
 namespace EventNodes
 {
 /** Where a replicated event runs, or where its call goes. */
-const TCHAR* NetWords(uint32 FunctionFlags, bool bCalling)
+static const TCHAR* NetWords(uint32 FunctionFlags, bool bCalling)
 {
 	if (FunctionFlags & FUNC_NetMulticast)
 	{

@@ -19,7 +19,7 @@ const FName FormatPin(TEXT("Format"));
 const FName ResultPin(TEXT("Result"));
 
 /** Names in braces, in order, each once. A backquote before a brace makes it a plain sign. */
-TArray<FString> ArgumentsOf(const FString& Pattern)
+static TArray<FString> ArgumentsOf(const FString& Pattern)
 {
 	TArray<FString> Names;
 	for (int32 Index = 0; Index < Pattern.Len(); ++Index)

@@ -18,13 +18,13 @@ namespace ClassDefaults
 {
 const FName ClassPin(TEXT("Class"));
 
-bool IsObjectType(FName Category)
+static bool IsObjectType(FName Category)
 {
 	return Category == UEdGraphSchema_K2::PC_Object || Category == UEdGraphSchema_K2::PC_Interface;
 }
 
 /** A value may be read from a class; an object that it holds belongs to that class and must not leak. */
-bool IsReadable(const FProperty& Property, bool bExcludeObjectContainers)
+static bool IsReadable(const FProperty& Property, bool bExcludeObjectContainers)
 {
 	FEdGraphPinType Type;
 	if (!Property.HasAnyPropertyFlags(CPF_BlueprintVisible) || Property.HasAnyPropertyFlags(CPF_Parm)

@@ -19,7 +19,7 @@ namespace InputAxisValues
 const FName AxisName(TEXT("InputAxisName"));
 const FName AxisKey(TEXT("InputAxisKey"));
 
-void Call(UK2Node_CallFunction& Node, const TCHAR* FunctionName)
+static void Call(UK2Node_CallFunction& Node, const TCHAR* FunctionName)
 {
 	const UClass* const Actor = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
 	if (const UFunction* const Function = Actor ? Actor->FindFunctionByName(FName(FunctionName)) : nullptr)
@@ -30,7 +30,7 @@ void Call(UK2Node_CallFunction& Node, const TCHAR* FunctionName)
 }
 
 /** Only the node's own name or key makes sense, so it shows as the title and not as a pin. */
-void Fill(UK2Node_CallFunction& Node, FName PinName, const FString& Value)
+static void Fill(UK2Node_CallFunction& Node, FName PinName, const FString& Value)
 {
 	if (UEdGraphPin* const Pin = Node.FindPin(PinName, EGPD_Input))
 	{
@@ -42,7 +42,7 @@ void Fill(UK2Node_CallFunction& Node, FName PinName, const FString& Value)
 	}
 }
 
-FText Title(const FString& Axis)
+static FText Title(const FString& Axis)
 {
 	return FText::FromString(TEXT("Get ") + Axis);
 }

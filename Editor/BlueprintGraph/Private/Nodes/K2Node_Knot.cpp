@@ -46,7 +46,7 @@ void UK2Node_Knot::PinConnectionListChanged(UEdGraphPin* Pin)
 namespace Knots
 {
 /** The pin at the far end of a chain of knots whose type is known. Loops end the search. */
-const UEdGraphPin* FindTyped(const UEdGraphPin& Start)
+static const UEdGraphPin* FindTyped(const UEdGraphPin& Start)
 {
 	TArray<const UEdGraphPin*> Open = {&Start};
 	TSet<const UEdGraphNode*> Seen;

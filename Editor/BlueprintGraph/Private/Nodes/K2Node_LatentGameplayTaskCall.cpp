@@ -48,7 +48,7 @@ const FName ClassPin(TEXT("Class"));
 const FName SpawnedActorPin(TEXT("SpawnedActor"));
 
 /** A task that spawns an actor lets its class be chosen, and its variables be set before it begins to play. */
-bool SpawnsActor(const UClass& Task)
+static bool SpawnsActor(const UClass& Task)
 {
 	static const FName BeginSpawning(TEXT("BeginSpawningActor"));
 	static const FName FinishSpawning(TEXT("FinishSpawningActor"));
@@ -56,7 +56,7 @@ bool SpawnsActor(const UClass& Task)
 }
 
 /** Variables that the factory says make no sense for what its task spawns. */
-TSet<FName> HiddenVariables(const UFunction* Factory)
+static TSet<FName> HiddenVariables(const UFunction* Factory)
 {
 	static const FName HideSpawnParms(TEXT("HideSpawnParms"));
 	return Factory ? FunctionPins::NamesInMetaData(*Factory, HideSpawnParms) : TSet<FName>();

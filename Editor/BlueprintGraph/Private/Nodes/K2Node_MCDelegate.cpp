@@ -155,7 +155,7 @@ FText UK2Node_BaseMCDelegate::MakeTitle(const TCHAR* Before, ENodeTitleType::Typ
 
 namespace DispatcherNodes
 {
-void RequireEvent(const UK2Node_BaseMCDelegate& Node, FCompilerResultsLog& MessageLog)
+static void RequireEvent(const UK2Node_BaseMCDelegate& Node, FCompilerResultsLog& MessageLog)
 {
 	const UEdGraphPin* const Pin = Node.GetDelegatePin();
 	if (Pin && Pin->LinkedTo.IsEmpty())

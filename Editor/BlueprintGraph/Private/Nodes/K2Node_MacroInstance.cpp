@@ -267,7 +267,7 @@ bool UK2Node_MacroInstance::IsCompatibleWithGraph(const UEdGraph* Graph) const
 namespace MacroInstances
 {
 /** Whether something in the graph goes on later, in macros that it uses and graphs collapsed in it too. */
-bool HoldsLatent(const UEdGraph& Graph, TSet<const UEdGraph*>& Seen)
+static bool HoldsLatent(const UEdGraph& Graph, TSet<const UEdGraph*>& Seen)
 {
 	if (Seen.Contains(&Graph))
 	{
@@ -288,7 +288,7 @@ bool HoldsLatent(const UEdGraph& Graph, TSet<const UEdGraph*>& Seen)
 		[&Seen](const UEdGraph* Inner) { return Inner && HoldsLatent(*Inner, Seen); });
 }
 
-bool IsWithinReach(const UBlueprint* Source, const UBlueprint* Target)
+static bool IsWithinReach(const UBlueprint* Source, const UBlueprint* Target)
 {
 	if (!Source || !Target || Source == Target)
 	{

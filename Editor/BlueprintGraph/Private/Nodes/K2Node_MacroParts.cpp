@@ -37,7 +37,7 @@ namespace MacroParts
 const FName VariablePin(TEXT("Variable"));
 const FName ValuePin(TEXT("Value"));
 
-bool IsMacroGraph(const UEdGraph* Graph)
+static bool IsMacroGraph(const UEdGraph* Graph)
 {
 	return Graph && Graph->GetSchema() && Graph->GetSchema()->GetGraphType(Graph) == GT_Macro;
 }

@@ -170,7 +170,7 @@ void UK2Node_MakeContainer::RemoveInputPin(UEdGraphPin* Pin)
 namespace MakeContainers
 {
 /** Whether values of the type have a hash, by which sets and maps find them. */
-bool HasHash(const FEdGraphPinType& Type)
+static bool HasHash(const FEdGraphPinType& Type)
 {
 	const FName Category = Type.PinCategory;
 	return Category != UEdGraphSchema_K2::PC_Boolean && Category != UEdGraphSchema_K2::PC_Text

@@ -28,7 +28,7 @@ struct FValue
 	FEdGraphPinType Type;
 };
 
-FEdGraphPinType TypeOf(FName Category)
+static FEdGraphPinType TypeOf(FName Category)
 {
 	FEdGraphPinType Type;
 	Type.PinCategory = Category;
@@ -145,7 +145,7 @@ private:
 };
 
 /** The types that an author gave variables before, by name. */
-TMap<FName, FEdGraphPinType> KnownTypes(const UK2Node_Tunnel& Entry)
+static TMap<FName, FEdGraphPinType> KnownTypes(const UK2Node_Tunnel& Entry)
 {
 	TMap<FName, FEdGraphPinType> Types;
 	for (const TSharedPtr<FUserPinInfo>& Info : Entry.UserDefinedPins)
@@ -155,7 +155,7 @@ TMap<FName, FEdGraphPinType> KnownTypes(const UK2Node_Tunnel& Entry)
 	return Types;
 }
 
-void RemoveUserPins(UK2Node_Tunnel& Tunnel, TFunctionRef<bool(FName)> IsWanted)
+static void RemoveUserPins(UK2Node_Tunnel& Tunnel, TFunctionRef<bool(FName)> IsWanted)
 {
 	const TArray<TSharedPtr<FUserPinInfo>> Infos = Tunnel.UserDefinedPins;
 	for (const TSharedPtr<FUserPinInfo>& Info : Infos)

@@ -22,7 +22,7 @@ const FName PinA(TEXT("A"));
 const FName PinB(TEXT("B"));
 const FName TolerancePin(TEXT("ErrorTolerance"));
 
-bool IsStructOperand(const UFunction& Function)
+static bool IsStructOperand(const UFunction& Function)
 {
 	return FTypePromotion::GetParamType(Function, 0).PinCategory == UEdGraphSchema_K2::PC_Struct;
 }
@@ -277,7 +277,7 @@ void UK2Node_PromotableOperator::PostReconstructNode()
 namespace PromotableOperators
 {
 /** Whether the overload takes all that is linked, with the new type in the place of one operand. */
-bool TakesOperands(const UFunction& Overload, const TArray<UEdGraphPin*>& Operands, const UEdGraphPin& Operand,
+static bool TakesOperands(const UFunction& Overload, const TArray<UEdGraphPin*>& Operands, const UEdGraphPin& Operand,
 	const FEdGraphPinType& NewType)
 {
 	for (int32 Index = 0; Index < Operands.Num(); ++Index)

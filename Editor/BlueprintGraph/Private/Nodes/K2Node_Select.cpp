@@ -25,14 +25,14 @@ namespace SelectNodes
 {
 const FName IndexPin(TEXT("Index"));
 
-FEdGraphPinType OpenIndex()
+static FEdGraphPinType OpenIndex()
 {
 	FEdGraphPinType Type = WildcardTypes::Open();
 	Type.PinSubCategory = UEdGraphSchema_K2::PSC_Index;
 	return Type;
 }
 
-bool IsIndexType(const FEdGraphPinType& Type)
+static bool IsIndexType(const FEdGraphPinType& Type)
 {
 	const FName Category = Type.PinCategory;
 	return !Type.IsContainer()

@@ -52,7 +52,7 @@ namespace StructNodes
 {
 /** A field of a user's struct is called by its shown name, a number and its guid, and stays the same field under
  * another name. */
-bool FindFieldGuid(FName FieldName, FGuid& OutGuid)
+static bool FindFieldGuid(FName FieldName, FGuid& OutGuid)
 {
 	static constexpr int32 NumGuidDigits = 32;
 	const FString Name = FieldName.ToString();

@@ -57,14 +57,14 @@ namespace Switches
 const FName SelectionPin(TEXT("Selection"));
 const FName DefaultPin(TEXT("Default"));
 
-FEdGraphPinType TypeOf(FName Category)
+static FEdGraphPinType TypeOf(FName Category)
 {
 	FEdGraphPinType Type;
 	Type.PinCategory = Category;
 	return Type;
 }
 
-FName CaseName(int32 Index)
+static FName CaseName(int32 Index)
 {
 	return FName(FString::Printf(TEXT("Case_%d"), Index));
 }

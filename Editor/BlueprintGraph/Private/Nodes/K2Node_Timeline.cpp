@@ -145,7 +145,7 @@ void UK2Node_Timeline::AllocateDefaultPins()
 
 namespace TimelineNodes
 {
-bool IsNameTaken(UBlueprint& Blueprint, FName Name)
+static bool IsNameTaken(UBlueprint& Blueprint, FName Name)
 {
 	const bool bVariable = Blueprint.NewVariables.ContainsByPredicate(
 		[Name](const FBPVariableDescription& Variable) { return Variable.VarName == Name; });
@@ -154,7 +154,7 @@ bool IsNameTaken(UBlueprint& Blueprint, FName Name)
 		|| (Parent && Parent->FindPropertyByName(Name));
 }
 
-FName FindFreeName(UBlueprint& Blueprint)
+static FName FindFreeName(UBlueprint& Blueprint)
 {
 	FName Candidate;
 	int32 Number = 0;
@@ -167,7 +167,7 @@ FName FindFreeName(UBlueprint& Blueprint)
 }
 
 /** A timeline of the name for the Blueprint, with the settings and tracks of another one if given. */
-UTimelineTemplate* AddTemplate(UBlueprint& Blueprint, FName Name, const UTimelineTemplate* Like)
+static UTimelineTemplate* AddTemplate(UBlueprint& Blueprint, FName Name, const UTimelineTemplate* Like)
 {
 	UObject* const Owner = Blueprint.GeneratedClass.Get() ? static_cast<UObject*>(Blueprint.GeneratedClass.Get())
 														  : &Blueprint;
@@ -182,7 +182,7 @@ UTimelineTemplate* AddTemplate(UBlueprint& Blueprint, FName Name, const UTimelin
 	return Timeline;
 }
 
-const UTimelineTemplate* FindByGuid(const FGuid& Guid)
+static const UTimelineTemplate* FindByGuid(const FGuid& Guid)
 {
 	for (TObjectIterator<UTimelineTemplate> It; It && Guid.IsValid(); ++It)
 	{

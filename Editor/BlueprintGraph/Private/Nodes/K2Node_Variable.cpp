@@ -45,7 +45,7 @@ UClass* UK2Node_Variable::GetVariableSourceClass() const
 
 namespace VariableNodes
 {
-const FBPVariableDescription* FindLocal(const UK2Node_Variable& Node)
+static const FBPVariableDescription* FindLocal(const UK2Node_Variable& Node)
 {
 	const UEdGraph* Graph = Node.GetGraph();
 	for (const UEdGraph* Outer = Graph; Outer; Outer = Outer->GetTypedOuter<UEdGraph>())

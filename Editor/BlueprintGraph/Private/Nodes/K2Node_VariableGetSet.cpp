@@ -27,7 +27,7 @@ void UK2Node_VariableSet::DescribeClass(FClassDescriber&) {}
 namespace VariableTitles
 {
 /** "Get Health", and for another object "Get Health" with "Target is Door" below in the full title. */
-FText Make(const UK2Node_Variable& Node, const TCHAR* Verb, ENodeTitleType::Type TitleType)
+static FText Make(const UK2Node_Variable& Node, const TCHAR* Verb, ENodeTitleType::Type TitleType)
 {
 	const FProperty* const Property = Node.GetPropertyForVariable();
 	const FString* const Display = Property ? Property->FindMetaData(FBlueprintMetadata::MD_DisplayName) : nullptr;
@@ -46,7 +46,7 @@ FText Make(const UK2Node_Variable& Node, const TCHAR* Verb, ENodeTitleType::Type
 }
 
 /** What the node does, how the variable is replicated, and what its author says of it. */
-FText MakeTooltip(const UK2Node_Variable& Node, const TCHAR* Verb)
+static FText MakeTooltip(const UK2Node_Variable& Node, const TCHAR* Verb)
 {
 	static const FName ToolTipKey(TEXT("ToolTip"));
 	FString Text = FString::Printf(TEXT("%s the value of variable %s"), Verb, *Node.GetVarNameString());
@@ -67,7 +67,7 @@ FText MakeTooltip(const UK2Node_Variable& Node, const TCHAR* Verb)
 namespace GetVariations
 {
 /** The impure variation for values of a type; Pure when there is none. */
-EGetNodeVariation FindImpure(const FEdGraphPinType& Type)
+static EGetNodeVariation FindImpure(const FEdGraphPinType& Type)
 {
 	static const TSet<FName> ObjectCategories = {UEdGraphSchema_K2::PC_Object, UEdGraphSchema_K2::PC_Class,
 		UEdGraphSchema_K2::PC_SoftObject, UEdGraphSchema_K2::PC_SoftClass};

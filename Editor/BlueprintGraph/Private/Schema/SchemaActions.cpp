@@ -7,7 +7,7 @@
 namespace SchemaActions
 {
 /** The comment that new ones are copies of. One for all menus; null in a process without the editor module. */
-UEdGraphNode* CommentTemplate()
+static UEdGraphNode* CommentTemplate()
 {
 	static TWeakObjectPtr<UEdGraphNode> Template;
 	if (!Template.Get())
@@ -20,7 +20,7 @@ UEdGraphNode* CommentTemplate()
 	return Template.Get();
 }
 
-TSharedPtr<FEdGraphSchemaAction> MakeCommentAction(bool bFromSelection)
+static TSharedPtr<FEdGraphSchemaAction> MakeCommentAction(bool bFromSelection)
 {
 	UEdGraphNode* const Template = CommentTemplate();
 	if (!Template)

@@ -22,7 +22,7 @@ const TCHAR* const Libraries[] = {TEXT("/Script/Engine.KismetMathLibrary"), TEXT
 	TEXT("/Script/Engine.KismetGuidLibrary"), TEXT("/Script/Engine.KismetInputLibrary"),
 	TEXT("/Script/EnhancedInput.EnhancedInputLibrary"), TEXT("/Script/AudioMixer.AudioMixerBlueprintLibrary")};
 
-bool IsAutocast(const UFunction& Function)
+static bool IsAutocast(const UFunction& Function)
 {
 	static const FName AutocastKey(TEXT("BlueprintAutocast"));
 	// They convert, and are not called so.
@@ -41,7 +41,7 @@ bool IsAutocast(const UFunction& Function)
 		|| Function.GetName().StartsWith(TEXT("Conv_"), ESearchCase::CaseSensitive);
 }
 
-void AddFrom(const UClass& Library, TArray<FAutocast>& Out)
+static void AddFrom(const UClass& Library, TArray<FAutocast>& Out)
 {
 	for (TFieldIterator<UFunction> It(&Library, EFieldIteratorFlags::ExcludeSuper); It; ++It)
 	{
@@ -62,7 +62,7 @@ void AddFrom(const UClass& Library, TArray<FAutocast>& Out)
 	}
 }
 
-const TArray<FAutocast>& Autocasts()
+static const TArray<FAutocast>& Autocasts()
 {
 	static const TArray<FAutocast> Table = []
 	{
@@ -80,7 +80,7 @@ const TArray<FAutocast>& Autocasts()
 }
 
 /** The plain type or the very same one: what a text, a number or a struct is converted from must be just that. */
-bool TakesExactly(const FEdGraphPinType& Type, const FEdGraphPinType& Param)
+static bool TakesExactly(const FEdGraphPinType& Type, const FEdGraphPinType& Param)
 {
 	if (Type.PinCategory != Param.PinCategory || Type.IsContainer() || Param.IsContainer())
 	{
@@ -89,7 +89,7 @@ bool TakesExactly(const FEdGraphPinType& Type, const FEdGraphPinType& Param)
 	return Type.PinCategory == FSchema::PC_Real || Type.PinSubCategoryObject == Param.PinSubCategoryObject;
 }
 
-const UFunction* FindInLibraries(const FSchema& Schema, const FEdGraphPinType& From, const FEdGraphPinType& To)
+static const UFunction* FindInLibraries(const FSchema& Schema, const FEdGraphPinType& From, const FEdGraphPinType& To)
 {
 	const UFunction* Near = nullptr;
 	for (const FAutocast& Row : Autocasts())
@@ -111,14 +111,14 @@ const UFunction* FindInLibraries(const FSchema& Schema, const FEdGraphPinType& F
 	return Near;
 }
 
-const UFunction* FindFunction(const TCHAR* Library, const TCHAR* Name)
+static const UFunction* FindFunction(const TCHAR* Library, const TCHAR* Name)
 {
 	const UClass* const Class = FindObject<UClass>(nullptr, Library);
 	return Class ? Class->FindFunctionByName(FName(Name)) : nullptr;
 }
 
 /** Conversions of every type of a kind, which no row of fixed types can tell. */
-const UFunction* FindForKind(const FSchema& Schema, const FEdGraphPinType& From, const FEdGraphPinType& To)
+static const UFunction* FindForKind(const FSchema& Schema, const FEdGraphPinType& From, const FEdGraphPinType& To)
 {
 	if (From.IsSet() && To.IsArray())
 	{
@@ -138,7 +138,7 @@ const UFunction* FindForKind(const FSchema& Schema, const FEdGraphPinType& From,
 	return nullptr;
 }
 
-bool HoldsValue(const FEdGraphPinType& Type)
+static bool HoldsValue(const FEdGraphPinType& Type)
 {
 	return Type.PinCategory != FSchema::PC_Wildcard && Type.PinCategory != FSchema::PC_Exec;
 }

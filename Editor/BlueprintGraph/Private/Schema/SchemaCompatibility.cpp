@@ -24,25 +24,25 @@ struct FTerminal
 	}
 };
 
-FTerminal TerminalOf(const FEdGraphPinType& Type)
+static FTerminal TerminalOf(const FEdGraphPinType& Type)
 {
 	return {
 		Type.PinCategory, Type.PinSubCategory, Type.PinSubCategoryObject.Get(), &Type.PinSubCategoryMemberReference};
 }
 
-FTerminal TerminalOf(const FEdGraphTerminalType& Type)
+static FTerminal TerminalOf(const FEdGraphTerminalType& Type)
 {
 	return {Type.TerminalCategory, Type.TerminalSubCategory, Type.TerminalSubCategoryObject.Get(), nullptr};
 }
 
 /** The class that a reference names; self means the class of the graph that asks. */
-const UClass* ClassOf(const FTerminal& Type, const UClass* Context)
+static const UClass* ClassOf(const FTerminal& Type, const UClass* Context)
 {
 	return Type.SubCategory == FSchema::PSC_Self ? Context : Cast<UClass>(Type.Object);
 }
 
 /** A Blueprint has two classes of which either may be the newer; any of them standing below the base is enough. */
-bool IsChild(const UClass* Class, const UClass* Base)
+static bool IsChild(const UClass* Class, const UClass* Base)
 {
 	if (!Class || !Base)
 	{
@@ -53,7 +53,7 @@ bool IsChild(const UClass* Class, const UClass* Base)
 }
 
 /** Interfaces of the class, and those that its Blueprints were given since the last compile. */
-bool Implements(const UClass* Class, const UClass* Interface)
+static bool Implements(const UClass* Class, const UClass* Interface)
 {
 	if (!Class || !Interface)
 	{
@@ -78,14 +78,14 @@ bool Implements(const UClass* Class, const UClass* Interface)
 	return Class->ImplementsInterface(Wanted) || Class->GetAuthoritativeClass()->ImplementsInterface(Wanted);
 }
 
-bool IsIndexType(const FTerminal& Type)
+static bool IsIndexType(const FTerminal& Type)
 {
 	return Type.Category == FSchema::PC_Int || Type.Category == FSchema::PC_Boolean
 		|| Type.Category == FSchema::PC_Byte;
 }
 
 /** A wildcard takes any value; one that stands for an index takes what can be counted. Execution is no value. */
-bool FitsWildcard(const FTerminal& Wildcard, const FTerminal& Other)
+static bool FitsWildcard(const FTerminal& Wildcard, const FTerminal& Other)
 {
 	if (Other.Category == FSchema::PC_Wildcard)
 	{
@@ -98,7 +98,7 @@ bool FitsWildcard(const FTerminal& Wildcard, const FTerminal& Other)
 	return Wildcard.SubCategory != FSchema::PSC_Index || IsIndexType(Other);
 }
 
-bool SignaturesFit(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
+static bool SignaturesFit(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
 {
 	UClass* const Scope = const_cast<UClass*>(Context);
 	const UFunction* const Out = Output.Signature
@@ -111,14 +111,14 @@ bool SignaturesFit(const FTerminal& Output, const FTerminal& Input, const UClass
 	return !Out || !In || Out == In || Out->IsSignatureCompatibleWith(In);
 }
 
-bool ClassesFit(const UClass* Out, const UClass* In)
+static bool ClassesFit(const UClass* Out, const UClass* In)
 {
 	// A pin may name an interface where others name a class; what implements it goes there.
 	const bool bToInterface = In->HasAnyClassFlags(CLASS_Interface) && !Out->HasAnyClassFlags(CLASS_Interface);
 	return bToInterface ? Implements(Out, In) : IsChild(Out, In);
 }
 
-bool ObjectsFit(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
+static bool ObjectsFit(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
 {
 	const UClass* const Out = ClassOf(Output, Context);
 	const UClass* const In = ClassOf(Input, Context);
@@ -133,7 +133,7 @@ bool ObjectsFit(const FTerminal& Output, const FTerminal& Input, const UClass* C
 }
 
 /** A child struct goes where its parent does only if it adds nothing: the value is handed over as it lies in memory. */
-bool StructsFit(const FTerminal& Output, const FTerminal& Input)
+static bool StructsFit(const FTerminal& Output, const FTerminal& Input)
 {
 	const UScriptStruct* const In = Cast<UScriptStruct>(Input.Object);
 	const UStruct* Struct = Cast<UScriptStruct>(Output.Object);
@@ -144,7 +144,7 @@ bool StructsFit(const FTerminal& Output, const FTerminal& Input)
 	return Struct == In;
 }
 
-bool SameCategoryFits(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
+static bool SameCategoryFits(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
 {
 	const FName Category = Output.Category;
 	if (Category == FSchema::PC_Byte || Category == FSchema::PC_Enum)
@@ -171,13 +171,13 @@ bool SameCategoryFits(const FTerminal& Output, const FTerminal& Input, const UCl
 
 /** What a map's keys lead to: the very type, as values are written through the map too. Reals of both widths convert.
  */
-bool MapValuesFit(const FTerminal& Output, const FTerminal& Input)
+static bool MapValuesFit(const FTerminal& Output, const FTerminal& Input)
 {
 	return Output.Category == FSchema::PC_Wildcard || Input.Category == FSchema::PC_Wildcard || Output == Input
 		|| (Output.Category == FSchema::PC_Real && Input.Category == FSchema::PC_Real);
 }
 
-bool TerminalFits(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
+static bool TerminalFits(const FTerminal& Output, const FTerminal& Input, const UClass* Context)
 {
 	if (Output.Category == FSchema::PC_Wildcard)
 	{
@@ -206,7 +206,7 @@ bool TerminalFits(const FTerminal& Output, const FTerminal& Input, const UClass*
 
 /** An open wildcard may become a container, unless it stands for an index; what is known to be single or of one kind
  * stays so. */
-bool ContainersFit(const FEdGraphPinType& Output, const FEdGraphPinType& Input)
+static bool ContainersFit(const FEdGraphPinType& Output, const FEdGraphPinType& Input)
 {
 	const bool bMayBecomeContainer = Input.PinCategory == FSchema::PC_Wildcard
 		&& Input.PinSubCategory != FSchema::PSC_Index && !Input.IsContainer();

@@ -15,29 +15,29 @@ namespace PinConnections
 {
 using FSchema = UEdGraphSchema_K2;
 
-FString NameOf(const UEdGraphPin& Pin)
+static FString NameOf(const UEdGraphPin& Pin)
 {
 	const FString Shown = Pin.GetDisplayName().ToString();
 	return Shown.IsEmpty() ? Pin.PinName.ToString() : Shown;
 }
 
-FString TypeName(const UEdGraphPin& Pin)
+static FString TypeName(const UEdGraphPin& Pin)
 {
 	return FSchema::TypeToText(Pin.PinType).ToString();
 }
 
-FPinConnectionResponse Refuse(const FString& Reason)
+static FPinConnectionResponse Refuse(const FString& Reason)
 {
 	return FPinConnectionResponse(CONNECT_RESPONSE_DISALLOW, FText::FromString(Reason));
 }
 
-bool IsReroute(const UEdGraphPin& Pin)
+static bool IsReroute(const UEdGraphPin& Pin)
 {
 	return Pin.GetOwningNode()->IsA<UK2Node_Knot>();
 }
 
 /** Whether the pin is a target that may be several objects; bAsArray asks about all of them in one link. */
-bool TakesSeveralTargets(const UEdGraphPin& Input, bool bAsArray)
+static bool TakesSeveralTargets(const UEdGraphPin& Input, bool bAsArray)
 {
 	const UK2Node* const Node = Cast<UK2Node>(Input.GetOwningNode());
 	return Node && GetDefault<FSchema>()->IsSelfPin(Input) && !Input.PinType.IsContainer()
@@ -46,14 +46,14 @@ bool TakesSeveralTargets(const UEdGraphPin& Input, bool bAsArray)
 
 /** Whether one more target may join those that are linked. An array of targets stands for itself: it is gone through
  * in a loop of its own. */
-bool JoinsOtherTargets(const UEdGraphPin& Output, const UEdGraphPin& Input)
+static bool JoinsOtherTargets(const UEdGraphPin& Output, const UEdGraphPin& Input)
 {
 	return !Output.PinType.IsContainer() && TakesSeveralTargets(Input, false)
 		&& !Input.LinkedTo.ContainsByPredicate([](const UEdGraphPin* Linked) { return Linked->PinType.IsContainer(); });
 }
 
 /** What speaks against a link whatever the types are. */
-FString ReasonAgainstPin(const UEdGraphPin& Pin)
+static FString ReasonAgainstPin(const UEdGraphPin& Pin)
 {
 	const FString Node = Pin.GetOwningNode()->GetNodeTitle(ENodeTitleType::ListView).ToString();
 	if (Pin.bOrphanedPin)
@@ -73,7 +73,7 @@ FString ReasonAgainstPin(const UEdGraphPin& Pin)
 	return FString();
 }
 
-FString ReasonAgainstPlace(const UEdGraphPin& A, const UEdGraphPin& B)
+static FString ReasonAgainstPlace(const UEdGraphPin& A, const UEdGraphPin& B)
 {
 	if (A.GetOwningNode() == B.GetOwningNode())
 	{
@@ -99,7 +99,7 @@ FString ReasonAgainstPlace(const UEdGraphPin& A, const UEdGraphPin& B)
 	return FString();
 }
 
-FString ReasonOfNode(const UEdGraphPin& Mine, const UEdGraphPin& Other)
+static FString ReasonOfNode(const UEdGraphPin& Mine, const UEdGraphPin& Other)
 {
 	FString Reason;
 	const UK2Node* const Node = Cast<UK2Node>(Mine.GetOwningNode());
@@ -111,7 +111,7 @@ FString ReasonOfNode(const UEdGraphPin& Mine, const UEdGraphPin& Other)
 }
 
 /** Why the pins are not linked whatever their types are; empty when nothing but those can speak against it. */
-FString ReasonBeforeTypes(const UEdGraphPin& A, const UEdGraphPin& B)
+static FString ReasonBeforeTypes(const UEdGraphPin& A, const UEdGraphPin& B)
 {
 	FString Reason = ReasonAgainstPlace(A, B);
 	Reason = Reason.IsEmpty() ? ReasonOfNode(A, B) : Reason;
@@ -119,14 +119,14 @@ FString ReasonBeforeTypes(const UEdGraphPin& A, const UEdGraphPin& B)
 }
 
 /** The class that self means in the graph of the two. */
-const UClass* ContextOf(const UEdGraphPin& Pin)
+static const UClass* ContextOf(const UEdGraphPin& Pin)
 {
 	const UK2Node* const Node = Cast<UK2Node>(Pin.GetOwningNode());
 	return Node ? Node->GetBlueprintClassFromNode() : nullptr;
 }
 
 /** Execution runs through a reroute as values do. */
-bool IsExecThroughReroute(const UEdGraphPin& Output, const UEdGraphPin& Input)
+static bool IsExecThroughReroute(const UEdGraphPin& Output, const UEdGraphPin& Input)
 {
 	const auto Opens = [](const UEdGraphPin& Exec, const UEdGraphPin& Open)
 	{ return FSchema::IsExecPin(Exec) && Open.PinType.PinCategory == FSchema::PC_Wildcard && IsReroute(Open); };
@@ -134,18 +134,19 @@ bool IsExecThroughReroute(const UEdGraphPin& Output, const UEdGraphPin& Input)
 }
 
 /** A reroute that nothing is linked to yet can become the container that its target asks for. */
-bool IsContainerFromReroute(const UEdGraphPin& Output)
+static bool IsContainerFromReroute(const UEdGraphPin& Output)
 {
 	return Output.PinType.PinCategory == FSchema::PC_Wildcard && IsReroute(Output);
 }
 
-FPinConnectionResponse Replace(bool bBreakA, const TCHAR* Reason)
+static FPinConnectionResponse Replace(bool bBreakA, const TCHAR* Reason)
 {
 	return FPinConnectionResponse(bBreakA ? CONNECT_RESPONSE_BREAK_OTHERS_A : CONNECT_RESPONSE_BREAK_OTHERS_B, Reason);
 }
 
 /** Execution leaves an output by one link and may arrive by many; a value leaves by many and arrives by one. */
-FPinConnectionResponse RespondToFitting(const UEdGraphPin& A, const UEdGraphPin& Output, const UEdGraphPin& Input)
+static FPinConnectionResponse RespondToFitting(
+	const UEdGraphPin& A, const UEdGraphPin& Output, const UEdGraphPin& Input)
 {
 	const bool bAlreadyLinked = Output.LinkedTo.Contains(const_cast<UEdGraphPin*>(&Input));
 	if (!bAlreadyLinked && FSchema::IsExecPin(Output) && !Output.LinkedTo.IsEmpty())
@@ -161,14 +162,14 @@ FPinConnectionResponse RespondToFitting(const UEdGraphPin& A, const UEdGraphPin&
 }
 
 /** Whether the operand can take the other type by the operator choosing another overload. */
-bool CanPromote(const UEdGraphPin& Output, const UEdGraphPin& Input)
+static bool CanPromote(const UEdGraphPin& Output, const UEdGraphPin& Input)
 {
 	const UK2Node_PromotableOperator* const Operator = Cast<UK2Node_PromotableOperator>(Input.GetOwningNode());
 	return Operator && Operator->FindTolerancePin() != &Input && Operator->TakesOperand(Input, Output.PinType);
 }
 
 /** What a delegate of the type is called with: "(Actor Object Reference, Float (double-precision))". */
-FString SignatureOf(const UEdGraphPin& Pin)
+static FString SignatureOf(const UEdGraphPin& Pin)
 {
 	TArray<FString> Params;
 	const UFunction* const Signature = FMemberReference::ResolveSimpleMemberReference(
@@ -180,7 +181,7 @@ FString SignatureOf(const UEdGraphPin& Pin)
 	return TEXT("(") + FString::Join(Params, TEXT(", ")) + TEXT(")");
 }
 
-FPinConnectionResponse RespondToClash(const UEdGraphPin& Output, const UEdGraphPin& Input)
+static FPinConnectionResponse RespondToClash(const UEdGraphPin& Output, const UEdGraphPin& Input)
 {
 	const FString Out = TypeName(Output);
 	const FString In = TypeName(Input);
@@ -208,13 +209,13 @@ FPinConnectionResponse RespondToClash(const UEdGraphPin& Output, const UEdGraphP
 }
 
 /** A value that may only be read cannot be handed to somebody who writes through it. */
-bool LosesConst(const UEdGraphPin& Output, const UEdGraphPin& Input)
+static bool LosesConst(const UEdGraphPin& Output, const UEdGraphPin& Input)
 {
 	return Output.PinType.bIsConst && Output.PinType.bIsReference && Input.PinType.bIsReference
 		&& !Input.PinType.bIsConst;
 }
 
-void MarkBlueprintModified(const UEdGraphNode& Node)
+static void MarkBlueprintModified(const UEdGraphNode& Node)
 {
 	UBlueprint* const Blueprint = Node.GetTypedOuter<UBlueprint>();
 	if (Blueprint && Blueprint->IsUpToDate())

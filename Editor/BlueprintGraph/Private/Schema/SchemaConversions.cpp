@@ -32,18 +32,18 @@ enum class ENode : uint8
 	CastClass,
 };
 
-const UClass* ClassOf(const FEdGraphPinType& Type)
+static const UClass* ClassOf(const FEdGraphPinType& Type)
 {
 	return Cast<UClass>(Type.PinSubCategoryObject.Get());
 }
 
-bool IsEnum(const FEdGraphPinType& Type)
+static bool IsEnum(const FEdGraphPinType& Type)
 {
 	return Type.PinCategory == FSchema::PC_Byte && Cast<UEnum>(Type.PinSubCategoryObject.Get());
 }
 
 /** Either class of a Blueprint may be the newer one, so those that stand for both are asked too. */
-bool IsChild(const UClass* Class, const UClass* Base)
+static bool IsChild(const UClass* Class, const UClass* Base)
 {
 	return Class && Base
 		&& (Class->IsChildOf(Base) || Class->GetAuthoritativeClass()->IsChildOf(Base->GetAuthoritativeClass()));
@@ -51,7 +51,7 @@ bool IsChild(const UClass* Class, const UClass* Base)
 
 /** The member to call on where the target that is wanted is not the object itself but a part of it: the mesh of a
  * character. Null when the pin is no target of a call or the object has no such member. */
-const FObjectProperty* FindMemberForTarget(const FEdGraphPinType& Output, const UEdGraphPin& Input)
+static const FObjectProperty* FindMemberForTarget(const FEdGraphPinType& Output, const UEdGraphPin& Input)
 {
 	const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(Input.GetOwningNode());
 	const bool bHasObject = Output.PinCategory == FSchema::PC_Object && !Output.IsContainer();
@@ -67,7 +67,7 @@ const FObjectProperty* FindMemberForTarget(const FEdGraphPinType& Output, const 
 	return nullptr;
 }
 
-ENode FindEnumNode(const FEdGraphPinType& From, const FEdGraphPinType& To)
+static ENode FindEnumNode(const FEdGraphPinType& From, const FEdGraphPinType& To)
 {
 	if (IsEnum(From) && To.PinCategory == FSchema::PC_String)
 	{
@@ -81,7 +81,7 @@ ENode FindEnumNode(const FEdGraphPinType& From, const FEdGraphPinType& To)
 }
 
 /** Soft references to what they name and back; casts where an object of the one class may be of the other. */
-ENode FindReferenceNode(const FEdGraphPinType& From, const FEdGraphPinType& To)
+static ENode FindReferenceNode(const FEdGraphPinType& From, const FEdGraphPinType& To)
 {
 	const FName Out = From.PinCategory;
 	const FName In = To.PinCategory;
@@ -102,7 +102,7 @@ ENode FindReferenceNode(const FEdGraphPinType& From, const FEdGraphPinType& To)
 	return Out == FSchema::PC_Object ? ENode::CastObject : Out == FSchema::PC_Class ? ENode::CastClass : ENode::None;
 }
 
-ENode FindNode(const FSchema& Schema, const FEdGraphPinType& From, const UEdGraphPin& Input)
+static ENode FindNode(const FSchema& Schema, const FEdGraphPinType& From, const UEdGraphPin& Input)
 {
 	const FEdGraphPinType& To = Input.PinType;
 	if (From.PinCategory == FSchema::PC_Exec)
@@ -142,7 +142,7 @@ T* MakeCast(UEdGraph& Graph, const FEdGraphPinType& To)
 	return Node;
 }
 
-UK2Node* CreateNode(ENode Kind, UEdGraph& Graph, const FEdGraphPinType& From, const UEdGraphPin& Input)
+static UK2Node* CreateNode(ENode Kind, UEdGraph& Graph, const FEdGraphPinType& From, const UEdGraphPin& Input)
 {
 	switch (Kind)
 	{
@@ -178,7 +178,7 @@ UK2Node* CreateNode(ENode Kind, UEdGraph& Graph, const FEdGraphPinType& From, co
 }
 
 /** Puts the node halfway between the two and gives it its pins. */
-void Place(UK2Node& Node, UEdGraph& Graph, const UEdGraphNode& From, const UEdGraphNode& To)
+static void Place(UK2Node& Node, UEdGraph& Graph, const UEdGraphNode& From, const UEdGraphNode& To)
 {
 	Graph.Modify();
 	Graph.AddNode(&Node, false, false);
@@ -194,7 +194,7 @@ void Place(UK2Node& Node, UEdGraph& Graph, const UEdGraphNode& From, const UEdGr
 
 /** Links the given pin to the first shown pin of the node that takes it as it is, or by a conversion where none does:
  * casts take objects, so an interface is made one before. */
-bool Wire(const FSchema& Schema, UEdGraphPin& Pin, const UK2Node& Node)
+static bool Wire(const FSchema& Schema, UEdGraphPin& Pin, const UK2Node& Node)
 {
 	UEdGraphPin* Converting = nullptr;
 	for (UEdGraphPin* const Candidate : Node.Pins)
@@ -217,7 +217,7 @@ bool Wire(const FSchema& Schema, UEdGraphPin& Pin, const UK2Node& Node)
 }
 
 /** The call of a library function that converts, not yet placed; null when there is none. */
-UK2Node* CreateAutocastCall(
+static UK2Node* CreateAutocastCall(
 	const FSchema& Schema, UEdGraph& Graph, const FEdGraphPinType& From, const FEdGraphPinType& To)
 {
 	FName Function;

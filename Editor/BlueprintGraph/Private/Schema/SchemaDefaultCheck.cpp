@@ -14,7 +14,7 @@ namespace PinDefaultCheck
 {
 using FSchema = UEdGraphSchema_K2;
 
-bool IsDigits(const FString& Text)
+static bool IsDigits(const FString& Text)
 {
 	const TCHAR* Cursor = *Text;
 	Cursor += *Cursor == TEXT('-') || *Cursor == TEXT('+') ? 1 : 0;
@@ -32,7 +32,7 @@ bool IsDigits(const FString& Text)
 	return true;
 }
 
-bool IsWholeNumber(const FString& Text, int64 Least, int64 Most)
+static bool IsWholeNumber(const FString& Text, int64 Least, int64 Most)
 {
 	const FString Trimmed = Text.TrimStartAndEnd();
 	if (!IsDigits(Trimmed) || Trimmed.Len() > 20)
@@ -44,7 +44,7 @@ bool IsWholeNumber(const FString& Text, int64 Least, int64 Most)
 	return errno == 0 && Value >= Least && Value <= Most;
 }
 
-bool IsBool(const FString& Text)
+static bool IsBool(const FString& Text)
 {
 	for (const TCHAR* const Word : {TEXT("true"), TEXT("false"), TEXT("1"), TEXT("0"), TEXT("yes"), TEXT("no")})
 	{
@@ -56,7 +56,7 @@ bool IsBool(const FString& Text)
 	return false;
 }
 
-FString CheckEnum(const UEnum& Enum, const FString& Value)
+static FString CheckEnum(const UEnum& Enum, const FString& Value)
 {
 	static const TCHAR* const Hidden = TEXT("Hidden");
 	const int32 Index = Enum.GetIndexByNameString(Value);
@@ -78,7 +78,7 @@ FString CheckEnum(const UEnum& Enum, const FString& Value)
 	return FString::Printf(TEXT("'%s' is not an entry of the enum %s (it has %s)"), *Value, *Enum.GetName(), *Names);
 }
 
-FString CheckNumber(const FEdGraphPinType& Type, const FString& Value)
+static FString CheckNumber(const FEdGraphPinType& Type, const FString& Value)
 {
 	const FName Category = Type.PinCategory;
 	if (Category == FSchema::PC_Byte && !IsWholeNumber(Value, 0, 255))
@@ -101,12 +101,12 @@ FString CheckNumber(const FEdGraphPinType& Type, const FString& Value)
 	return FString();
 }
 
-FString ClassName(const UObject* Class)
+static FString ClassName(const UObject* Class)
 {
 	return Class ? Class->GetName() : FString(TEXT("Object"));
 }
 
-FString CheckObject(const FEdGraphPinType& Type, FName PinName, const FString& Value, const UObject* Object)
+static FString CheckObject(const FEdGraphPinType& Type, FName PinName, const FString& Value, const UObject* Object)
 {
 	const FName Category = Type.PinCategory;
 	const UClass* const Wanted = Cast<UClass>(Type.PinSubCategoryObject.Get());
@@ -138,7 +138,7 @@ FString CheckObject(const FEdGraphPinType& Type, FName PinName, const FString& V
 					 *Object->GetClass()->GetName(), *PinName.ToString(), *ClassName(Wanted));
 }
 
-FString CheckSoftReference(const FEdGraphPinType& Type, FName PinName, const FString& Value)
+static FString CheckSoftReference(const FEdGraphPinType& Type, FName PinName, const FString& Value)
 {
 	FText Reason;
 	return Value == TEXT("None") || FPackageName::IsValidObjectPath(Value, &Reason)
@@ -147,7 +147,7 @@ FString CheckSoftReference(const FEdGraphPinType& Type, FName PinName, const FSt
 			*FSchema::TypeToText(Type).ToString(), *Reason.ToString());
 }
 
-FString CheckStruct(const FEdGraphPinType& Type, const FString& Value)
+static FString CheckStruct(const FEdGraphPinType& Type, const FString& Value)
 {
 	const UScriptStruct* const Struct = Cast<UScriptStruct>(Type.PinSubCategoryObject.Get());
 	if (!Struct || Value.IsEmpty())
@@ -159,7 +159,7 @@ FString CheckStruct(const FEdGraphPinType& Type, const FString& Value)
 						   : FString::Printf(TEXT("'%s' is not a valid %s: %s"), *Value, *Struct->GetName(), *Fault);
 }
 
-FString Check(const FEdGraphPinType& Type, FName PinName, const FString& Value, const UObject* Object)
+static FString Check(const FEdGraphPinType& Type, FName PinName, const FString& Value, const UObject* Object)
 {
 	using namespace PinDefaultCheck;
 	const FName Category = Type.PinCategory;

@@ -12,20 +12,20 @@ namespace PinDefaults
 {
 using FSchema = UEdGraphSchema_K2;
 
-bool HoldsObject(const FEdGraphPinType& Type)
+static bool HoldsObject(const FEdGraphPinType& Type)
 {
 	return !Type.IsContainer()
 		&& (Type.PinCategory == FSchema::PC_Object || Type.PinCategory == FSchema::PC_Class
 			|| Type.PinCategory == FSchema::PC_Interface);
 }
 
-bool HoldsText(const FEdGraphPinType& Type)
+static bool HoldsText(const FEdGraphPinType& Type)
 {
 	return !Type.IsContainer() && Type.PinCategory == FSchema::PC_Text;
 }
 
 /** "Class'/Path/To.Asset'" and quoted paths give the path alone. */
-FString PathWithin(const FString& Text)
+static FString PathWithin(const FString& Text)
 {
 	FString Path = Text.TrimStartAndEnd().TrimQuotes();
 	int32 Quote = INDEX_NONE;
@@ -37,13 +37,13 @@ FString PathWithin(const FString& Text)
 }
 
 /** A class pin that is given a Blueprint means the class that this makes. */
-UObject* AsClass(UObject* Object)
+static UObject* AsClass(UObject* Object)
 {
 	UBlueprint* const Blueprint = Cast<UBlueprint>(Object);
 	return Blueprint ? Blueprint->GeneratedClass.Get() : Cast<UClass>(Object);
 }
 
-UObject* FindNamedObject(const FEdGraphPinType& Type, const FString& Text)
+static UObject* FindNamedObject(const FEdGraphPinType& Type, const FString& Text)
 {
 	const FString Path = PathWithin(Text);
 	if (Path.IsEmpty() || Path == TEXT("None"))
@@ -61,20 +61,20 @@ UObject* FindNamedObject(const FEdGraphPinType& Type, const FString& Text)
 	return bIsClassPin ? AsClass(Object) : Object;
 }
 
-FText ReadText(const FString& Value)
+static FText ReadText(const FString& Value)
 {
 	return FTextStringHelper::IsComplexText(*Value) ? FTextStringHelper::CreateFromBuffer(*Value)
 													: FText::FromString(Value);
 }
 
 /** Entries are kept without their scope; the scope is only a way to write them. */
-FString EnumEntry(const UEnum& Enum, const FString& Value)
+static FString EnumEntry(const UEnum& Enum, const FString& Value)
 {
 	const int32 Index = Enum.GetIndexByNameString(Value.TrimStartAndEnd());
 	return Index != INDEX_NONE && Value.Contains(TEXT("::")) ? Enum.GetNameStringByIndex(Index) : Value;
 }
 
-bool SameNumber(const FString& A, const FString& B)
+static bool SameNumber(const FString& A, const FString& B)
 {
 	double NumberA = 0.0;
 	double NumberB = 0.0;
@@ -82,7 +82,7 @@ bool SameNumber(const FString& A, const FString& B)
 }
 
 /** Whether two texts mean the same value: "0" and "0.0" do, "1,2,3" and "1.0, 2.0, 3.0" do. */
-bool SameValue(const FEdGraphPinType& Type, const FString& A, const FString& B)
+static bool SameValue(const FEdGraphPinType& Type, const FString& A, const FString& B)
 {
 	if (A.Equals(B))
 	{
@@ -114,14 +114,14 @@ bool SameValue(const FEdGraphPinType& Type, const FString& A, const FString& B)
 	return Category == FSchema::PC_Struct && Struct && SchemaStructText::IsSameValue(*Struct, A, B);
 }
 
-void Assign(UEdGraphPin& Pin, const FString& Value, UObject* Object, const FText& Text)
+static void Assign(UEdGraphPin& Pin, const FString& Value, UObject* Object, const FText& Text)
 {
 	Pin.DefaultValue = Value;
 	Pin.DefaultObject = Object;
 	Pin.DefaultTextValue = Text;
 }
 
-void Notify(UEdGraphPin& Pin, bool bMarkAsModified)
+static void Notify(UEdGraphPin& Pin, bool bMarkAsModified)
 {
 	UEdGraphNode* const Node = Pin.GetOwningNode();
 	if (bMarkAsModified)
@@ -136,7 +136,7 @@ void Notify(UEdGraphPin& Pin, bool bMarkAsModified)
 	Node->PinDefaultValueChanged(&Pin);
 }
 
-FString ZeroOf(const FEdGraphPinType& Type)
+static FString ZeroOf(const FEdGraphPinType& Type)
 {
 	if (Type.IsContainer())
 	{

@@ -19,12 +19,12 @@ constexpr int32 EndsGap = 256;
 constexpr float TitleHeight = 48.0f;
 constexpr float PinHeight = 24.0f;
 
-const UBlueprint* BlueprintOf(const UEdGraph& Graph)
+static const UBlueprint* BlueprintOf(const UEdGraph& Graph)
 {
 	return Graph.GetTypedOuter<UBlueprint>();
 }
 
-bool IsOf(const TArray<TObjectPtr<UEdGraph>>& Graphs, const UEdGraph* Graph)
+static bool IsOf(const TArray<TObjectPtr<UEdGraph>>& Graphs, const UEdGraph* Graph)
 {
 	return Graphs.ContainsByPredicate([Graph](const TObjectPtr<UEdGraph>& Each) { return Each == Graph; });
 }
@@ -52,18 +52,18 @@ T* Place(UEdGraph& Graph, const FMemberReference& Reference)
 	return Node;
 }
 
-bool IsParameter(const FProperty& Property)
+static bool IsParameter(const FProperty& Property)
 {
 	return Property.HasAnyPropertyFlags(CPF_Parm);
 }
 
-bool IsInput(const FProperty& Property)
+static bool IsInput(const FProperty& Property)
 {
 	return !Property.HasAnyPropertyFlags(CPF_OutParm) || Property.HasAnyPropertyFlags(CPF_ReferenceParm);
 }
 
 /** Gives an end pins of its own after the parameters of a signature. */
-void CopyParameters(UK2Node_EditablePinBase& End, const UFunction& Signature, bool bInputs)
+static void CopyParameters(UK2Node_EditablePinBase& End, const UFunction& Signature, bool bInputs)
 {
 	for (TFieldIterator<FProperty> It(&Signature, EFieldIteratorFlags::ExcludeSuper); It; ++It)
 	{
@@ -76,7 +76,7 @@ void CopyParameters(UK2Node_EditablePinBase& End, const UFunction& Signature, bo
 	}
 }
 
-void LinkEnds(const UEdGraphSchema_K2& Schema, UK2Node& Entry, UK2Node& Result)
+static void LinkEnds(const UEdGraphSchema_K2& Schema, UK2Node& Entry, UK2Node& Result)
 {
 	Result.NodePosX = Entry.NodePosX + EndsGap + Entry.NodeWidth;
 	Result.NodePosY = Entry.NodePosY;
@@ -89,7 +89,7 @@ void LinkEnds(const UEdGraphSchema_K2& Schema, UK2Node& Entry, UK2Node& Result)
 }
 
 /** Removes the node whose inner graph this is. Null outcome: the graph belongs to no node. */
-UEdGraphNode* FindOwner(const UEdGraph& Graph)
+static UEdGraphNode* FindOwner(const UEdGraph& Graph)
 {
 	const UEdGraph* const Parent = Graph.GetParentGraph();
 	UEdGraphNode* const Direct = Cast<UEdGraphNode>(Graph.GetOuter());
@@ -107,7 +107,7 @@ UEdGraphNode* FindOwner(const UEdGraph& Graph)
 	return nullptr;
 }
 
-FText NameOfFunctionGraph(const UEdGraph& Graph)
+static FText NameOfFunctionGraph(const UEdGraph& Graph)
 {
 	const UBlueprint* const Blueprint = BlueprintOf(Graph);
 	const UClass* const Parent = Blueprint ? Blueprint->ParentClass.Get() : nullptr;

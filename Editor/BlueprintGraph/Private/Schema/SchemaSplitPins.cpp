@@ -19,7 +19,7 @@ struct FPart
 	FText ShownName;
 };
 
-UFunction* FindNative(const UScriptStruct& Struct, FName Key)
+static UFunction* FindNative(const UScriptStruct& Struct, FName Key)
 {
 	const FString* const Path = Struct.FindMetaData(Key);
 	FString Class;
@@ -35,7 +35,7 @@ UFunction* FindNative(const UScriptStruct& Struct, FName Key)
 	return Owner ? Owner->FindFunctionByName(FName(*Function)) : nullptr;
 }
 
-void AddPart(const FProperty& Property, const FString& Default, TArray<FPart>& Out)
+static void AddPart(const FProperty& Property, const FString& Default, TArray<FPart>& Out)
 {
 	FPart Part;
 	Part.Name = Property.GetFName();
@@ -52,7 +52,7 @@ void AddPart(const FProperty& Property, const FString& Default, TArray<FPart>& O
 }
 
 /** Inputs of a make function, outputs of a break function. */
-TArray<FPart> PartsOfFunction(const UFunction& Function, bool bMake)
+static TArray<FPart> PartsOfFunction(const UFunction& Function, bool bMake)
 {
 	TArray<FPart> Parts;
 	for (TFieldIterator<FProperty> It(&Function, EFieldIteratorFlags::ExcludeSuper); It; ++It)
@@ -72,7 +72,7 @@ TArray<FPart> PartsOfFunction(const UFunction& Function, bool bMake)
 }
 
 /** Members that graphs may read, or for an input write, with the values that a new struct has. */
-TArray<FPart> PartsOfStruct(const UScriptStruct& Struct, bool bMake)
+static TArray<FPart> PartsOfStruct(const UScriptStruct& Struct, bool bMake)
 {
 	TArray<FPart> Parts;
 	const void* const Initial = Struct.GetDefaultValue();
@@ -94,7 +94,7 @@ TArray<FPart> PartsOfStruct(const UScriptStruct& Struct, bool bMake)
 	return Parts;
 }
 
-TArray<FPart> PartsOf(const UEdGraphPin& Pin)
+static TArray<FPart> PartsOf(const UEdGraphPin& Pin)
 {
 	const UScriptStruct* const Struct = Cast<UScriptStruct>(Pin.PinType.PinSubCategoryObject.Get());
 	if (!Struct || Pin.PinType.PinCategory != FSchema::PC_Struct || Pin.PinType.IsContainer())
@@ -110,7 +110,7 @@ TArray<FPart> PartsOf(const UEdGraphPin& Pin)
 	return PartsOfStruct(*Struct, bMake);
 }
 
-FText ShownName(const UEdGraphPin& Pin, const FPart& Part)
+static FText ShownName(const UEdGraphPin& Pin, const FPart& Part)
 {
 	const bool bUnnamedReturn = Pin.PinName == FSchema::PN_ReturnValue && Pin.PinFriendlyName.IsEmpty();
 	FFormatNamedArguments Arguments;
@@ -121,7 +121,7 @@ FText ShownName(const UEdGraphPin& Pin, const FPart& Part)
 		NSLOCTEXT("KismetSchema", "SplitPinFriendlyNameFormat", "{PinDisplayName} {ProtoPinDisplayName}"), Arguments);
 }
 
-UEdGraphPin* CreateSubPin(UEdGraphPin& Pin, const FPart& Part, int32 Index, const FSchema& Schema)
+static UEdGraphPin* CreateSubPin(UEdGraphPin& Pin, const FPart& Part, int32 Index, const FSchema& Schema)
 {
 	UEdGraphNode* const Node = Pin.GetOwningNode();
 	const FName Name(Pin.PinName.ToString() + TEXT("_") + Part.Name.ToString());
@@ -135,19 +135,19 @@ UEdGraphPin* CreateSubPin(UEdGraphPin& Pin, const FPart& Part, int32 Index, cons
 }
 
 /** Name of the part that a sub pin stands for. */
-FName PartName(const UEdGraphPin& Parent, const UEdGraphPin& SubPin)
+static FName PartName(const UEdGraphPin& Parent, const UEdGraphPin& SubPin)
 {
 	return FName(SubPin.PinName.ToString().RightChop(Parent.PinName.ToString().Len() + 1));
 }
 
-FString DefaultText(const UEdGraphPin& Pin)
+static FString DefaultText(const UEdGraphPin& Pin)
 {
 	return Pin.DefaultObject ? Pin.DefaultObject->GetPathName()
 							 : (Pin.DefaultTextValue.IsEmpty() ? Pin.DefaultValue : Pin.DefaultTextValue.ToString());
 }
 
 /** Hands the parent's default to the parts, where the struct names them alike. */
-void DistributeDefault(const UEdGraphPin& Pin, const FSchema& Schema)
+static void DistributeDefault(const UEdGraphPin& Pin, const FSchema& Schema)
 {
 	const UScriptStruct* const Struct = Cast<UScriptStruct>(Pin.PinType.PinSubCategoryObject.Get());
 	TMap<FName, FString> Members;
@@ -175,7 +175,7 @@ void DistributeDefault(const UEdGraphPin& Pin, const FSchema& Schema)
 	}
 }
 
-void CollectDefault(UEdGraphPin& Pin)
+static void CollectDefault(UEdGraphPin& Pin)
 {
 	const UScriptStruct* const Struct = Cast<UScriptStruct>(Pin.PinType.PinSubCategoryObject.Get());
 	if (!Struct)

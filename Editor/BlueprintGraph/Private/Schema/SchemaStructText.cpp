@@ -90,7 +90,7 @@ bool IsRow(const UScriptStruct& Struct)
 }
 
 /** Reads "1, 2, 3". */
-bool ReadNumbers(const FString& Text, double (&OutNumbers)[3])
+static bool ReadNumbers(const FString& Text, double (&OutNumbers)[3])
 {
 	TArray<FString> Parts;
 	return Text.ParseIntoArray(Parts, TEXT(","), false) == 3 && ReadReal(Parts[0], OutNumbers[0])
@@ -98,7 +98,7 @@ bool ReadNumbers(const FString& Text, double (&OutNumbers)[3])
 }
 
 /** Reads "0,0,0|0,90,0|1,1,1": location, rotation in degrees, scale. */
-bool ReadTransform(const FString& Text, FString& OutNamed)
+static bool ReadTransform(const FString& Text, FString& OutNamed)
 {
 	TArray<FString> Parts;
 	double Move[3];
@@ -118,7 +118,7 @@ bool ReadTransform(const FString& Text, FString& OutNamed)
 }
 
 /** The text that names each member, where it was given in the short form of its struct; else the text as it is. */
-FString ToNamedForm(const UScriptStruct& Struct, const FString& Text)
+static FString ToNamedForm(const UScriptStruct& Struct, const FString& Text)
 {
 	static const FName Transform(TEXT("Transform"));
 	FString Named;
@@ -137,7 +137,7 @@ FString ToNamedForm(const UScriptStruct& Struct, const FString& Text)
 }
 
 /** Reads the text over the struct's initial value; a text that names nothing leaves that as it is. */
-bool Import(const UScriptStruct& Struct, const FString& Text, const FStructValue& Value, FString& OutFault)
+static bool Import(const UScriptStruct& Struct, const FString& Text, const FStructValue& Value, FString& OutFault)
 {
 	if (Text.IsEmpty() || Text == TEXT("()"))
 	{

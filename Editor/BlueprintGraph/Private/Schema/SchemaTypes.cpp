@@ -9,7 +9,7 @@
 namespace SchemaTypes
 {
 /** The enum of a byte that names its values, or null. */
-UObject* EnumOf(const FProperty* Property)
+static UObject* EnumOf(const FProperty* Property)
 {
 	if (const FEnumProperty* const Enum = CastField<FEnumProperty>(Property))
 	{
@@ -19,13 +19,13 @@ UObject* EnumOf(const FProperty* Property)
 	return Byte ? Byte->Enum : nullptr;
 }
 
-UObject* Authoritative(UClass* Class)
+static UObject* Authoritative(UClass* Class)
 {
 	return Class ? Class->GetAuthoritativeClass() : nullptr;
 }
 
 /** Objects and classes, soft or hard. */
-bool ConvertReference(const FProperty* Property, FName& OutCategory, UObject*& OutObject, bool& bOutWeak)
+static bool ConvertReference(const FProperty* Property, FName& OutCategory, UObject*& OutObject, bool& bOutWeak)
 {
 	if (const FInterfaceProperty* const Interface = CastField<FInterfaceProperty>(Property))
 	{
@@ -60,7 +60,7 @@ bool ConvertReference(const FProperty* Property, FName& OutCategory, UObject*& O
 	return true;
 }
 
-bool ConvertPlain(const FProperty* Property, FName& OutCategory, FName& OutSubCategory)
+static bool ConvertPlain(const FProperty* Property, FName& OutCategory, FName& OutSubCategory)
 {
 	using FSchema = UEdGraphSchema_K2;
 	struct FRow
@@ -91,7 +91,7 @@ bool ConvertPlain(const FProperty* Property, FName& OutCategory, FName& OutSubCa
 }
 
 /** The terminal type of one property: that of an element, where the property is a container's. */
-bool ConvertTerminal(const FProperty* Property, FEdGraphPinType& Out)
+static bool ConvertTerminal(const FProperty* Property, FEdGraphPinType& Out)
 {
 	FName Category;
 	FName SubCategory;
@@ -119,7 +119,7 @@ bool ConvertTerminal(const FProperty* Property, FEdGraphPinType& Out)
 	return true;
 }
 
-bool ConvertDelegate(const FProperty* Property, FEdGraphPinType& Out)
+static bool ConvertDelegate(const FProperty* Property, FEdGraphPinType& Out)
 {
 	const UFunction* Signature = nullptr;
 	if (const FMulticastDelegateProperty* const Multicast = CastField<FMulticastDelegateProperty>(Property))
@@ -186,7 +186,7 @@ namespace SchemaTypes
 {
 
 /** Words behind a class's name for each kind of reference. */
-const TCHAR* ReferenceSuffix(FName Category, bool bWeak)
+static const TCHAR* ReferenceSuffix(FName Category, bool bWeak)
 {
 	if (Category == UEdGraphSchema_K2::PC_Class)
 	{
@@ -208,13 +208,13 @@ const TCHAR* ReferenceSuffix(FName Category, bool bWeak)
 }
 
 /** Structs that everybody calls by their bare names. */
-bool IsWellKnownStruct(const UObject& Struct)
+static bool IsWellKnownStruct(const UObject& Struct)
 {
 	static const TSet<FName> Names = {FName(TEXT("Vector")), FName(TEXT("Rotator")), FName(TEXT("Transform"))};
 	return Names.Contains(Struct.GetFName());
 }
 
-bool IsReferenceCategory(FName Category)
+static bool IsReferenceCategory(FName Category)
 {
 	return Category == UEdGraphSchema_K2::PC_Object || Category == UEdGraphSchema_K2::PC_Class
 		|| Category == UEdGraphSchema_K2::PC_SoftObject || Category == UEdGraphSchema_K2::PC_SoftClass

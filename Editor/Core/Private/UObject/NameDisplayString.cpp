@@ -9,7 +9,7 @@ constexpr FStringView SmallWords[] = {TEXT("In"), TEXT("As"), TEXT("To"), TEXT("
 	TEXT("From")};
 
 /** Whether Rest starts with a small word that another word follows. */
-bool StartsWithSmallWord(FStringView Rest)
+static bool StartsWithSmallWord(FStringView Rest)
 {
 	for (const FStringView Word : SmallWords)
 	{

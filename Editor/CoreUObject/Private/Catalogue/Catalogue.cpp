@@ -23,7 +23,7 @@ FLoadedImage* EngineImage = nullptr;
 FLoadedImage* ProjectImage = nullptr;
 uint32 NextProjectId = FirstProjectId;
 
-bool EqualsPath(std::string_view Stored, FStringView PackageName, FStringView ObjectName)
+static bool EqualsPath(std::string_view Stored, FStringView PackageName, FStringView ObjectName)
 {
 	const std::size_t PackageLength = PackageName.ToStdView().size();
 	const std::wstring_view Pieces[] = {PackageName.ToStdView(), ObjectName.ToStdView()};
@@ -46,7 +46,7 @@ bool EqualsPath(std::string_view Stored, FStringView PackageName, FStringView Ob
 		&& SameText(Stored.substr(PackageLength + 1), Pieces[1]);
 }
 
-UPackage* GetScriptPackage(FStringView Name)
+static UPackage* GetScriptPackage(FStringView Name)
 {
 	const FName PackageName(Name);
 	if (UObject* const Found = FObjectTable::Get().Find(nullptr, PackageName))
@@ -195,7 +195,7 @@ void ForEachImage(TVisit&& Visit)
 	}
 }
 
-UObject* FindByPath(FStringView PackageName, FStringView ObjectName)
+static UObject* FindByPath(FStringView PackageName, FStringView ObjectName)
 {
 	UObject* Found = nullptr;
 	ForEachImage(
@@ -207,7 +207,7 @@ UObject* FindByPath(FStringView PackageName, FStringView ObjectName)
 	return Found;
 }
 
-UObject* FindByShortName(FStringView ObjectName, const UClass* Kind)
+static UObject* FindByShortName(FStringView ObjectName, const UClass* Kind)
 {
 	const std::string Name = ToUtf8(ObjectName);
 	UObject* Found = nullptr;
@@ -229,7 +229,7 @@ UObject* FindByShortName(FStringView ObjectName, const UClass* Kind)
 	return Found;
 }
 
-void MakeAll(const UClass* Kind)
+static void MakeAll(const UClass* Kind)
 {
 	ForEachImage(
 		[Kind](FLoadedImage& Image)
@@ -269,13 +269,13 @@ void WithRecord(const UStruct& Struct, TVisit&& Visit)
 		});
 }
 
-void FillNativeMembers(UStruct* Struct)
+static void FillNativeMembers(UStruct* Struct)
 {
 	WithRecord(
 		*Struct, [Struct](FLoadedImage& Image, const FOwnerRecord& Record) { FillStruct(Image, Record, *Struct); });
 }
 
-bool InitializeClassDefaults(UClass* Class, UObject* DefaultObject)
+static bool InitializeClassDefaults(UClass* Class, UObject* DefaultObject)
 {
 	bool bChanged = false;
 	WithRecord(*Class,

@@ -71,7 +71,7 @@ FRange RangeFrom(const std::vector<TRow>& Rows, std::size_t First)
 }
 
 /** The smallest power of two that leaves half of the slots free. */
-std::size_t NumSlotsFor(std::size_t NumEntries)
+static std::size_t NumSlotsFor(std::size_t NumEntries)
 {
 	std::size_t NumSlots = 16;
 	while (NumSlots < NumEntries * 2)

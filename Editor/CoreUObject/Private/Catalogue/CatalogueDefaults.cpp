@@ -6,7 +6,7 @@ namespace Catalogue
 {
 namespace CatalogueDefaults
 {
-void SetObjectMember(UObject& Owner, FName MemberName, UObject* Value)
+static void SetObjectMember(UObject& Owner, FName MemberName, UObject* Value)
 {
 	const FObjectProperty* const Member = FindFProperty<FObjectProperty>(Owner.GetClass(), MemberName);
 	if (Member && (!Value || !Member->PropertyClass || Value->IsA(Member->PropertyClass)))
@@ -16,7 +16,7 @@ void SetObjectMember(UObject& Owner, FName MemberName, UObject* Value)
 }
 
 /** Several members may hold one component: the general one of the parent class and the exact one of its own. */
-void SetMembers(UObject& Actor, const FString& CommaSeparatedNames, UObject* Component)
+static void SetMembers(UObject& Actor, const FString& CommaSeparatedNames, UObject* Component)
 {
 	TArray<FString> Names;
 	CommaSeparatedNames.ParseIntoArray(Names, TEXT(","));
@@ -27,13 +27,13 @@ void SetMembers(UObject& Actor, const FString& CommaSeparatedNames, UObject* Com
 }
 
 /** The component of an earlier record or of a parent class, by name; null for none. */
-UObject* FindComponent(UObject& DefaultObject, FName Name)
+static UObject* FindComponent(UObject& DefaultObject, FName Name)
 {
 	return Name.IsNone() ? nullptr : DefaultObject.GetClass()->GetDefaultSubobjectByName(Name);
 }
 
 /** Whether there is a value, and the object has the property and took it. */
-bool SetValue(FLoadedImage& Image, FTextOffset Name, FTextOffset Value, UObject& DefaultObject)
+static bool SetValue(FLoadedImage& Image, FTextOffset Name, FTextOffset Value, UObject& DefaultObject)
 {
 	if (Value == 0)
 	{
@@ -52,7 +52,7 @@ bool SetValue(FLoadedImage& Image, FTextOffset Name, FTextOffset Value, UObject&
 	return bRead;
 }
 
-bool SetValues(FLoadedImage& Image, const FOwnerRecord& Record, UObject& DefaultObject)
+static bool SetValues(FLoadedImage& Image, const FOwnerRecord& Record, UObject& DefaultObject)
 {
 	bool bChanged = false;
 	for (uint32 Index = 0; Index < Record.Defaults.Num; ++Index)
@@ -68,7 +68,7 @@ bool SetValues(FLoadedImage& Image, const FOwnerRecord& Record, UObject& Default
 	return bChanged;
 }
 
-void MakeComponent(FLoadedImage& Image, const FComponentRecord& Row, UObject& Actor)
+static void MakeComponent(FLoadedImage& Image, const FComponentRecord& Row, UObject& Actor)
 {
 	UClass* const Class = Image.Resolve<UClass>(Row.Class);
 	const FName Name = Image.Name(Row.Name);

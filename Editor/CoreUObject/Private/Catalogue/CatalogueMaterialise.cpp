@@ -13,7 +13,7 @@ constexpr EObjectFlags ReflectionFlags = static_cast<EObjectFlags>(RF_Public | R
 constexpr uint32 InheritedClassFlags = CLASS_Transient | CLASS_NotPlaceable | CLASS_Const | CLASS_Deprecated
 	| CLASS_DefaultToInstanced;
 
-const FString& True()
+static const FString& True()
 {
 	static const FString Text(TEXT("true"));
 	return Text;
@@ -54,7 +54,7 @@ constexpr FFlagRow FunctionFlagRows[] = {
 	{Function_Const, FUNC_Const},
 };
 
-EFunctionFlags ToFunctionFlags(const FImageView& View, const FFunctionRecord& Record)
+static EFunctionFlags ToFunctionFlags(const FImageView& View, const FFunctionRecord& Record)
 {
 	uint32 Result = Translate(Record.Flags, FunctionFlagRows);
 	Result |= static_cast<uint32>(Record.Flags & Function_Protected ? FUNC_Protected : FUNC_Public);
@@ -68,7 +68,7 @@ EFunctionFlags ToFunctionFlags(const FImageView& View, const FFunctionRecord& Re
 	return static_cast<EFunctionFlags>(Result);
 }
 
-UClass* MakeClass(FLoadedImage& Image, const FOwnerRecord& Record, UObject* Outer, FName Name)
+static UClass* MakeClass(FLoadedImage& Image, const FOwnerRecord& Record, UObject* Outer, FName Name)
 {
 	UClass* const Parent = Image.Resolve<UClass>(Record.Parent);
 	UClass* const Class = NewObject<UClass>(Outer, Name, ReflectionFlags);
@@ -79,7 +79,7 @@ UClass* MakeClass(FLoadedImage& Image, const FOwnerRecord& Record, UObject* Oute
 	return Class;
 }
 
-UScriptStruct* MakeStruct(FLoadedImage& Image, const FOwnerRecord& Record, UObject* Outer, FName Name)
+static UScriptStruct* MakeStruct(FLoadedImage& Image, const FOwnerRecord& Record, UObject* Outer, FName Name)
 {
 	UScriptStruct* const Struct = NewObject<UScriptStruct>(Outer, Name, ReflectionFlags);
 	Struct->SetSuperStruct(Image.Resolve<UScriptStruct>(Record.Parent));
@@ -87,7 +87,7 @@ UScriptStruct* MakeStruct(FLoadedImage& Image, const FOwnerRecord& Record, UObje
 	return Struct;
 }
 
-UEnum::ECppForm ToCppForm(EEnumForm Form)
+static UEnum::ECppForm ToCppForm(EEnumForm Form)
 {
 	switch (Form)
 	{
@@ -102,7 +102,7 @@ UEnum::ECppForm ToCppForm(EEnumForm Form)
 }
 
 /** What all enumerators of an enum without a scope begin with ("ECC_"): shown names go without it. */
-std::string_view CommonPrefix(const FImageView& View, FRange Values)
+static std::string_view CommonPrefix(const FImageView& View, FRange Values)
 {
 	const std::string_view First = Values.Num ? View.Text(View.Value(Values.First).Name) : std::string_view();
 	const std::size_t Underscore = First.find('_');
@@ -122,7 +122,7 @@ std::string_view CommonPrefix(const FImageView& View, FRange Values)
 	return Prefix;
 }
 
-UEnum* MakeEnum(FLoadedImage& Image, const FOwnerRecord& Record, UObject* Outer, FName Name)
+static UEnum* MakeEnum(FLoadedImage& Image, const FOwnerRecord& Record, UObject* Outer, FName Name)
 {
 	const FImageView& View = Image.GetView();
 	UEnum* const Enum = NewObject<UEnum>(Outer, Name, ReflectionFlags);
@@ -174,7 +174,7 @@ UEnum* MakeEnum(FLoadedImage& Image, const FOwnerRecord& Record, UObject* Outer,
 	return Enum;
 }
 
-UDelegateFunction* MakeSignature(const FOwnerRecord& Record, UObject* Outer, FName Name)
+static UDelegateFunction* MakeSignature(const FOwnerRecord& Record, UObject* Outer, FName Name)
 {
 	UDelegateFunction* const Signature = NewObject<UDelegateFunction>(Outer, Name, ReflectionFlags);
 	const uint32 Multicast = Record.Flags & Owner_Multicast ? static_cast<uint32>(FUNC_MulticastDelegate) : 0U;
@@ -183,7 +183,7 @@ UDelegateFunction* MakeSignature(const FOwnerRecord& Record, UObject* Outer, FNa
 	return Signature;
 }
 
-void SetIfGiven(FLoadedImage& Image, UField& Field, FName Key, FTextOffset Text)
+static void SetIfGiven(FLoadedImage& Image, UField& Field, FName Key, FTextOffset Text)
 {
 	if (Text != 0)
 	{
@@ -191,7 +191,7 @@ void SetIfGiven(FLoadedImage& Image, UField& Field, FName Key, FTextOffset Text)
 	}
 }
 
-void SetMeta(FLoadedImage& Image, UField& Field, FRange Meta)
+static void SetMeta(FLoadedImage& Image, UField& Field, FRange Meta)
 {
 	for (uint32 Index = 0; Index < Meta.Num; ++Index)
 	{
@@ -201,7 +201,7 @@ void SetMeta(FLoadedImage& Image, UField& Field, FRange Meta)
 }
 
 /** Each class states both answers itself, since the engine's rules look upwards for the first one stated. */
-void DescribeClass(FLoadedImage& Image, const FOwnerRecord& Record, UClass& Class)
+static void DescribeClass(FLoadedImage& Image, const FOwnerRecord& Record, UClass& Class)
 {
 	const FMetaKeys& Keys = FMetaKeys::Get();
 	Class.SetMetaData(Record.Flags & Owner_BlueprintType ? Keys.BlueprintType : Keys.NotBlueprintType, True());
@@ -227,7 +227,7 @@ void DescribeClass(FLoadedImage& Image, const FOwnerRecord& Record, UClass& Clas
 	}
 }
 
-void DescribeStruct(FLoadedImage& Image, const FOwnerRecord& Record, UScriptStruct& Struct)
+static void DescribeStruct(FLoadedImage& Image, const FOwnerRecord& Record, UScriptStruct& Struct)
 {
 	const FMetaKeys& Keys = FMetaKeys::Get();
 	if (Record.Flags & Owner_BlueprintType)
@@ -240,7 +240,7 @@ void DescribeStruct(FLoadedImage& Image, const FOwnerRecord& Record, UScriptStru
 	SetMeta(Image, Struct, Record.Meta);
 }
 
-void AddProperties(FLoadedImage& Image, FRange Properties, UStruct& Struct, bool bParameters)
+static void AddProperties(FLoadedImage& Image, FRange Properties, UStruct& Struct, bool bParameters)
 {
 	UScriptStruct* const ScriptStruct = Cast<UScriptStruct>(&Struct);
 	const bool bMemoryIsNative = ScriptStruct && ScriptStruct->GetOps();
@@ -266,7 +266,7 @@ void AddProperties(FLoadedImage& Image, FRange Properties, UStruct& Struct, bool
 	}
 }
 
-void AddFunctions(FLoadedImage& Image, FRange Functions, UClass& Class)
+static void AddFunctions(FLoadedImage& Image, FRange Functions, UClass& Class)
 {
 	for (uint32 Index = 0; Index < Functions.Num; ++Index)
 	{
@@ -285,7 +285,7 @@ void AddFunctions(FLoadedImage& Image, FRange Functions, UClass& Class)
 	}
 }
 
-void DescribeFunction(FLoadedImage& Image, const FFunctionRecord& Record, UStruct& Function)
+static void DescribeFunction(FLoadedImage& Image, const FFunctionRecord& Record, UStruct& Function)
 {
 	const FMetaKeys& Keys = FMetaKeys::Get();
 	SetIfGiven(Image, Function, Keys.DisplayName, Record.Display);

@@ -34,7 +34,7 @@ constexpr FWord EnumForms[] = {{"regular", static_cast<std::uint32_t>(EEnumForm:
 	{"namespaced", static_cast<std::uint32_t>(EEnumForm::Namespaced)},
 	{"class", static_cast<std::uint32_t>(EEnumForm::Class)}};
 
-std::string Lowered(std::string_view Text)
+static std::string Lowered(std::string_view Text)
 {
 	std::string Lower(Text);
 	for (char& Char : Lower)

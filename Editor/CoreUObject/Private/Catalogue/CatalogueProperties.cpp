@@ -5,7 +5,7 @@ namespace Catalogue
 {
 namespace CatalogueProperties
 {
-FProperty* MakeInteger(const FTypeRecord& Type, FFieldVariant Owner, FName Name)
+static FProperty* MakeInteger(const FTypeRecord& Type, FFieldVariant Owner, FName Name)
 {
 	switch (Type.Subtype)
 	{
@@ -30,7 +30,7 @@ FProperty* MakeInteger(const FTypeRecord& Type, FFieldVariant Owner, FName Name)
 }
 
 /** Enum class values have a property kind of their own; the older forms are bytes that know an enum. */
-FProperty* MakeByte(UEnum* Enum, FFieldVariant Owner, FName Name)
+static FProperty* MakeByte(UEnum* Enum, FFieldVariant Owner, FName Name)
 {
 	if (Enum && Enum->GetCppForm() == UEnum::ECppForm::EnumClass)
 	{
@@ -68,7 +68,7 @@ FProperty* MakeDelegate(UFunction* Signature, FFieldVariant Owner, FName Name)
 	return Property;
 }
 
-FProperty* MakeReference(const FTypeRecord& Type, UObject* Target, FFieldVariant Owner, FName Name)
+static FProperty* MakeReference(const FTypeRecord& Type, UObject* Target, FFieldVariant Owner, FName Name)
 {
 	UClass* const Class = Cast<UClass>(Target);
 	UFunction* const Signature = Cast<UFunction>(Target);
@@ -106,7 +106,7 @@ FProperty* MakeReference(const FTypeRecord& Type, UObject* Target, FFieldVariant
 }
 
 /** One value, without a container. Null when the type it refers to is not there. */
-FProperty* MakeValue(FLoadedImage& Image, const FTypeRecord& Type, FFieldVariant Owner, FName Name)
+static FProperty* MakeValue(FLoadedImage& Image, const FTypeRecord& Type, FFieldVariant Owner, FName Name)
 {
 	UObject* const Target = Image.Resolve(Type.Path);
 	if (Type.Path != NoIndex && !Target)
@@ -155,7 +155,7 @@ FProperty* KeepIf(bool bComplete, TProperty* Container)
 	return Container;
 }
 
-FProperty* MakeTyped(FLoadedImage& Image, const FTypeRecord& Type, FFieldVariant Owner, FName Name)
+static FProperty* MakeTyped(FLoadedImage& Image, const FTypeRecord& Type, FFieldVariant Owner, FName Name)
 {
 	switch (Type.Container)
 	{
@@ -207,7 +207,7 @@ constexpr FFlagRow MemberFlags[] = {
 	{Property_Authority, CPF_BlueprintAuthorityOnly},
 };
 
-uint64 ToMemberFlags(const FPropertyRecord& Record, const FTypeRecord& Type)
+static uint64 ToMemberFlags(const FPropertyRecord& Record, const FTypeRecord& Type)
 {
 	uint64 Flags = CPF_None;
 	for (const FFlagRow& Row : MemberFlags)
@@ -225,7 +225,7 @@ uint64 ToMemberFlags(const FPropertyRecord& Record, const FTypeRecord& Type)
 	return Flags;
 }
 
-uint64 ToParameterFlags(const FPropertyRecord& Record)
+static uint64 ToParameterFlags(const FPropertyRecord& Record)
 {
 	uint64 Flags = CPF_Parm;
 	Flags |= Record.Flags & Property_Out ? CPF_OutParm : 0;
@@ -236,7 +236,7 @@ uint64 ToParameterFlags(const FPropertyRecord& Record)
 }
 
 /** Metadata that a native description does not give. */
-void DescribeProperty(FLoadedImage& Image, const FPropertyRecord& Record, FProperty& Property)
+static void DescribeProperty(FLoadedImage& Image, const FPropertyRecord& Record, FProperty& Property)
 {
 	const FMetaKeys& Keys = FMetaKeys::Get();
 	const auto SetIfNew = [&Property](FName Key, FString&& Value)
@@ -265,7 +265,7 @@ void DescribeProperty(FLoadedImage& Image, const FPropertyRecord& Record, FPrope
 	}
 }
 
-uint64 ToFlags(const FPropertyRecord& Record, const FTypeRecord& Type, bool bParameter)
+static uint64 ToFlags(const FPropertyRecord& Record, const FTypeRecord& Type, bool bParameter)
 {
 	const bool bTemplateClass = Type.Category == ECategory::Class && !(Record.Flags & Property_RawClass);
 	return (bParameter ? ToParameterFlags(Record) : ToMemberFlags(Record, Type))

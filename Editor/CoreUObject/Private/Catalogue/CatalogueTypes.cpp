@@ -60,14 +60,14 @@ constexpr FSubtypeRow Subtypes[] = {
 };
 
 /** Splits at the first separator; the second part is empty when there is none. */
-std::pair<std::string_view, std::string_view> Split(std::string_view Text, std::string_view Separator)
+static std::pair<std::string_view, std::string_view> Split(std::string_view Text, std::string_view Separator)
 {
 	const std::size_t At = Text.find(Separator);
 	return At == std::string_view::npos ? std::pair(Text, std::string_view())
 										: std::pair(Text.substr(0, At), Text.substr(At + Separator.size()));
 }
 
-const FCategoryRow* FindCategory(std::string_view Word)
+static const FCategoryRow* FindCategory(std::string_view Word)
 {
 	for (const FCategoryRow& Row : Categories)
 	{
@@ -79,7 +79,7 @@ const FCategoryRow* FindCategory(std::string_view Word)
 	return nullptr;
 }
 
-bool ParseSubtype(std::string_view Word, FSourceType& Out)
+static bool ParseSubtype(std::string_view Word, FSourceType& Out)
 {
 	for (const FSubtypeRow& Row : Subtypes)
 	{
@@ -92,7 +92,7 @@ bool ParseSubtype(std::string_view Word, FSourceType& Out)
 	return Word.empty() && Out.Category != ECategory::Real;
 }
 
-bool ParsePlain(std::string_view Text, const FLineReport& Report, FSourceType& Out)
+static bool ParsePlain(std::string_view Text, const FLineReport& Report, FSourceType& Out)
 {
 	const auto [Head, Path] = Split(Text, " ");
 	const auto [Word, Subtype] = Split(Head, ":");

@@ -261,7 +261,7 @@ void FMissingObjects::Bind()
 namespace MissingObjects
 {
 /** Whether the package's file came, or changed, since it was last looked for here. */
-bool HasNewFile(const FString& Package)
+static bool HasNewFile(const FString& Package)
 {
 	static std::unordered_map<std::string, AtomicFile::FStamp> Seen;
 	const FString File = PackageFile::FindOnDisk(Package);

@@ -16,14 +16,14 @@ struct FEntry
 };
 
 /** By slot in the object table. A slot that is used again has another serial number, which the weak pointer tells. */
-std::unordered_map<int32, FEntry>& Entries()
+static std::unordered_map<int32, FEntry>& Entries()
 {
 	static std::unordered_map<int32, FEntry> Table;
 	return Table;
 }
 
 /** Drops what belonged to objects that are gone, each time the table has doubled. */
-void SweepWhenGrown()
+static void SweepWhenGrown()
 {
 	static std::size_t NextSweep = 64;
 	std::unordered_map<int32, FEntry>& Table = Entries();

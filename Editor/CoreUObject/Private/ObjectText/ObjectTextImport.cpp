@@ -32,7 +32,7 @@ public:
 };
 
 /** A problem may quote the whole text that it is about, which may be long. */
-FString Shortened(const FString& Problem)
+static FString Shortened(const FString& Problem)
 {
 	constexpr int32 MaxLength = 400;
 	return Problem.Len() > MaxLength ? Problem.Left(MaxLength) + TEXT("...") : Problem;
@@ -59,7 +59,7 @@ private:
 	const int32 LineNumber;
 };
 
-std::string_view StripReference(std::string_view Path)
+static std::string_view StripReference(std::string_view Path)
 {
 	const std::size_t Open = Path.find('\'');
 	if (Open != std::string_view::npos && Path.back() == '\'' && Path.size() > Open + 1)
@@ -69,13 +69,13 @@ std::string_view StripReference(std::string_view Path)
 	return Path.size() >= 2 && Path.front() == '"' && Path.back() == '"' ? Path.substr(1, Path.size() - 2) : Path;
 }
 
-bool IsNameChar(char Char)
+static bool IsNameChar(char Char)
 {
 	return (Char >= 'a' && Char <= 'z') || (Char >= 'A' && Char <= 'Z') || (Char >= '0' && Char <= '9') || Char == '_';
 }
 
 /** Text of a person or a name may look like a reference and must stay as it is. */
-bool MayHoldReferences(const FProperty& Property)
+static bool MayHoldReferences(const FProperty& Property)
 {
 	return !Property.IsA<FStrProperty>() && !Property.IsA<FTextProperty>() && !Property.IsA<FNameProperty>();
 }

@@ -15,7 +15,7 @@ namespace ObjectTextParsing
 {
 using namespace std::string_view_literals;
 
-std::string_view Trim(std::string_view Text)
+static std::string_view Trim(std::string_view Text)
 {
 	while (!Text.empty() && IsBlank(Text.front()))
 	{
@@ -28,7 +28,7 @@ std::string_view Trim(std::string_view Text)
 	return Text;
 }
 
-std::string_view Unquote(std::string_view Text)
+static std::string_view Unquote(std::string_view Text)
 {
 	return Text.size() >= 2 && Text.front() == '"' && Text.back() == '"' ? Text.substr(1, Text.size() - 2) : Text;
 }
@@ -46,7 +46,7 @@ constexpr FFlagWord FlagWords[] = {
 };
 
 /** A short start of a line for a message; cut between characters, not within one. */
-FString Excerpt(std::string_view Line)
+static FString Excerpt(std::string_view Line)
 {
 	constexpr std::size_t Limit = 60;
 	if (Line.size() <= Limit)

@@ -52,7 +52,7 @@ private:
 };
 
 /** The object that a fresh one of the class would equal. A class default starts from its parent's. */
-UObject* FindBaseline(const UObject& Object)
+static UObject* FindBaseline(const UObject& Object)
 {
 	if (Object.HasAnyFlags(RF_ClassDefaultObject))
 	{

@@ -36,31 +36,31 @@ private:
 	int Handle;
 };
 
-FString ReasonOf(int ErrorNumber)
+static FString ReasonOf(int ErrorNumber)
 {
 	return FromUtf8(std::strerror(ErrorNumber));
 }
 
-bool Fail(FString& OutError, const TCHAR* What)
+static bool Fail(FString& OutError, const TCHAR* What)
 {
 	OutError = FString::Printf(TEXT("%s: %s"), What, *ReasonOf(errno));
 	return false;
 }
 
-std::string FolderOf(const std::string& Path)
+static std::string FolderOf(const std::string& Path)
 {
 	const std::size_t Slash = Path.rfind('/');
 	return Slash == std::string::npos ? std::string(".") : Slash == 0 ? std::string("/") : Path.substr(0, Slash);
 }
 
-std::string TemporaryBeside(const std::string& Path)
+static std::string TemporaryBeside(const std::string& Path)
 {
 	const std::size_t Slash = Path.rfind('/');
 	const std::size_t Start = Slash == std::string::npos ? 0 : Slash + 1;
 	return Path.substr(0, Start) + "." + Path.substr(Start) + ".tmp";
 }
 
-bool WriteAll(int Handle, std::string_view Bytes)
+static bool WriteAll(int Handle, std::string_view Bytes)
 {
 	while (!Bytes.empty())
 	{
@@ -74,13 +74,13 @@ bool WriteAll(int Handle, std::string_view Bytes)
 	return true;
 }
 
-bool FlushFolder(const std::string& Folder)
+static bool FlushFolder(const std::string& Folder)
 {
 	FDescriptor Handle(open(Folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 	return Handle.IsOpen() && fsync(Handle.Get()) == 0;
 }
 
-FStamp StampFrom(const struct stat& Info)
+static FStamp StampFrom(const struct stat& Info)
 {
 	FStamp Stamp;
 	Stamp.Seconds = static_cast<int64>(Info.st_mtim.tv_sec);
@@ -95,7 +95,7 @@ FStamp StampFrom(const struct stat& Info)
 
 /** A name that is taken, by what a killed process left or by a link to elsewhere, is given up and never written
  * through. */
-int OpenTemporary(const std::string& Path, mode_t Mode)
+static int OpenTemporary(const std::string& Path, mode_t Mode)
 {
 	constexpr int Flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
 	const int Handle = open(Path.c_str(), Flags, Mode);
@@ -107,7 +107,7 @@ int OpenTemporary(const std::string& Path, mode_t Mode)
 }
 
 /** The bytes of the temporary file, complete and on the disk. */
-bool WriteTemporary(
+static bool WriteTemporary(
 	const FDescriptor& Handle, mode_t Mode, std::initializer_list<std::string_view> Pieces, FString& OutError)
 {
 	if (!Handle.IsOpen())
@@ -132,7 +132,7 @@ bool WriteTemporary(
  * The last step of a write. Between the look and the rename another program has some microseconds left, since no system
  * call replaces one certain file; where none stood the kernel itself refuses to replace.
  */
-bool TakePlace(const std::string& Temporary, const std::string& Path, const FStamp& Replaced, FString& OutError)
+static bool TakePlace(const std::string& Temporary, const std::string& Path, const FStamp& Replaced, FString& OutError)
 {
 	if (Replaced.IsValid())
 	{
@@ -162,7 +162,7 @@ bool TakePlace(const std::string& Temporary, const std::string& Path, const FSta
 	return Fail(OutError, TEXT("the new file cannot take its place"));
 }
 
-mode_t ModeFor(const std::string& Path)
+static mode_t ModeFor(const std::string& Path)
 {
 	struct stat Info;
 	return stat(Path.c_str(), &Info) == 0 ? Info.st_mode & 07777 : 0644;

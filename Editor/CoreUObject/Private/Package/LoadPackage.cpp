@@ -165,26 +165,26 @@ private:
 	int32 NumTold = 0;
 };
 
-FString PackageNameOf(const FString& ClassPath)
+static FString PackageNameOf(const FString& ClassPath)
 {
 	return FPackageName::ObjectPathToPackageName(FPackageName::ExportTextPathToObjectPath(ClassPath));
 }
 
 class FPackageLoad;
 /** Packages between their first object and the end of their PostLoad, oldest first. */
-std::vector<std::shared_ptr<FPackageLoad>>& Running()
+static std::vector<std::shared_ptr<FPackageLoad>>& Running()
 {
 	static std::vector<std::shared_ptr<FPackageLoad>> List;
 	return List;
 }
 
-std::unordered_map<std::string, FString>& Errors()
+static std::unordered_map<std::string, FString>& Errors()
 {
 	static std::unordered_map<std::string, FString> Table;
 	return Table;
 }
 
-std::string ErrorKey(const FString& PackageName)
+static std::string ErrorKey(const FString& PackageName)
 {
 	return ToUtf8(PackageName.ToLower());
 }
@@ -561,7 +561,7 @@ void FinishPackage(const FString& PackageName)
 /** How many packages are between their first object and their last value. */
 int32 NumFilling = 0;
 
-void FinishAll()
+static void FinishAll()
 {
 	const std::vector<std::shared_ptr<FPackageLoad>> Now = Running();
 	for (const std::shared_ptr<FPackageLoad>& Waiting : Now)
@@ -579,7 +579,7 @@ void FinishAll()
 	}
 }
 
-UPackage* RunLoad(const std::shared_ptr<FPackageLoad>& Run, const FString& ExpectedName, FString& OutError)
+static UPackage* RunLoad(const std::shared_ptr<FPackageLoad>& Run, const FString& ExpectedName, FString& OutError)
 {
 	if (!Run->Read(ExpectedName))
 	{
@@ -607,14 +607,14 @@ UPackage* RunLoad(const std::shared_ptr<FPackageLoad>& Run, const FString& Expec
 }
 
 /** A package that somebody made in memory only, without anything in it, does not stand for the file. */
-UPackage* FindLoaded(const FString& PackageName)
+static UPackage* FindLoaded(const FString& PackageName)
 {
 	UPackage* const Package = FindPackage(nullptr, *PackageName);
 	return Package && (Package->GetFirstInner() || !Package->FileName.IsEmpty()) ? Package : nullptr;
 }
 
 /** Empty, with a reason, when there is no file that may be read. */
-FString FindFile(const FString& PackageName, FString& OutError, bool& bOutMissing)
+static FString FindFile(const FString& PackageName, FString& OutError, bool& bOutMissing)
 {
 	const FString OwnFile = PackageFile::FindOnDisk(PackageName);
 	const FString Filename = OwnFile.IsEmpty() ? FPackageText::FindEngineAsset(PackageName) : OwnFile;
@@ -628,7 +628,7 @@ FString FindFile(const FString& PackageName, FString& OutError, bool& bOutMissin
 }
 
 /** Bytes of the engine's own package become those of one of ours. */
-bool TurnIntoText(std::string& Bytes, const FString& PackageName, const FString& Filename,
+static bool TurnIntoText(std::string& Bytes, const FString& PackageName, const FString& Filename,
 	FBinaryPackageFindings& OutFindings, FString& OutError)
 {
 	std::string Text;
@@ -643,7 +643,7 @@ bool TurnIntoText(std::string& Bytes, const FString& PackageName, const FString&
 }
 
 /** A file of a plug-in may hold hundreds of values that nobody knows; the first few tell what kind they are. */
-void SayFindings(const FBinaryPackageFindings& Findings, const FString& Filename)
+static void SayFindings(const FBinaryPackageFindings& Findings, const FString& Filename)
 {
 	constexpr std::size_t MaxSaid = 5;
 	for (std::size_t Index = 0; Index < std::min(MaxSaid, Findings.Warnings.size()); ++Index)
@@ -657,7 +657,7 @@ void SayFindings(const FBinaryPackageFindings& Findings, const FString& Filename
 	}
 }
 
-UPackage* LoadFile(const FString& PackageName, FString& OutError, bool& bOutMissing)
+static UPackage* LoadFile(const FString& PackageName, FString& OutError, bool& bOutMissing)
 {
 	if (GIsSavingPackage)
 	{
@@ -718,7 +718,7 @@ UPackage* Load(const FString& PackageName, uint32 LoadFlags)
 	return nullptr;
 }
 
-UPackage* LoadFromView(FStringView LongPackageName, uint32 LoadFlags)
+static UPackage* LoadFromView(FStringView LongPackageName, uint32 LoadFlags)
 {
 	return Load(FString(LongPackageName), LoadFlags);
 }

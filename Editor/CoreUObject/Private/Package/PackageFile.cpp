@@ -56,7 +56,7 @@ bool IsEngineBinary(std::string_view Bytes)
 	return Bytes.substr(0, 4) == "\xC1\x83\x2A\x9E"sv || Bytes.substr(0, 4) == "\x9E\x2A\x83\xC1"sv;
 }
 
-void AppendField(std::string& Out, std::string_view Key, const FString& Value)
+static void AppendField(std::string& Out, std::string_view Key, const FString& Value)
 {
 	Out.append(Key).push_back('=');
 	const std::size_t Start = Out.size();
@@ -73,7 +73,7 @@ void AppendField(std::string& Out, std::string_view Key, const FString& Value)
 	Out.push_back('\n');
 }
 
-FString FieldText(std::string_view Value)
+static FString FieldText(std::string_view Value)
 {
 	if (Value.find('\\') == std::string_view::npos)
 	{
@@ -252,7 +252,8 @@ private:
 };
 
 /** One sentence for each way in which a file is not a package that can be read. What others did to it goes first. */
-FString Describe(EHeaderState State, const FString& Filename, const FHeaderReader& Reader, std::string_view Bytes)
+static FString Describe(
+	EHeaderState State, const FString& Filename, const FHeaderReader& Reader, std::string_view Bytes)
 {
 	const bool bReadable = State == EHeaderState::Complete || State == EHeaderState::OtherVersion;
 	const FString Mishap = bReadable ? FString() : FileMishap::Find(Bytes);
@@ -460,7 +461,7 @@ std::string FPackageText::MakeBytes(const FHeader& Header, std::string_view Body
 
 namespace PackageFile
 {
-TArray<FString>& Problems()
+static TArray<FString>& Problems()
 {
 	static TArray<FString> List;
 	return List;
@@ -507,7 +508,7 @@ FString FPackageText::FindEngineAsset(const FString& LongPackageName)
 
 namespace PackageFile
 {
-void AddClassTag(TArray<FPackageText::FTag>& Tags, const TCHAR* Name, const UClass* Class)
+static void AddClassTag(TArray<FPackageText::FTag>& Tags, const TCHAR* Name, const UClass* Class)
 {
 	if (Class)
 	{
@@ -516,7 +517,7 @@ void AddClassTag(TArray<FPackageText::FTag>& Tags, const TCHAR* Name, const UCla
 	}
 }
 
-const UClass* ClassIn(const UObject& Asset, const TCHAR* PropertyName)
+static const UClass* ClassIn(const UObject& Asset, const TCHAR* PropertyName)
 {
 	const FObjectPropertyBase* const Property = CastField<FObjectPropertyBase>(
 		Asset.GetClass()->FindPropertyByName(FName(PropertyName)));

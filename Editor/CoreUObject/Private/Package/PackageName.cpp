@@ -22,7 +22,7 @@ struct FMount
 	FString Content;
 };
 
-TArray<FMount>& Mounts()
+static TArray<FMount>& Mounts()
 {
 	static TArray<FMount> Table;
 	return Table;
@@ -30,12 +30,12 @@ TArray<FMount>& Mounts()
 
 const TCHAR* const GameRoot = TEXT("/Game/");
 
-FMount DefaultGameMount()
+static FMount DefaultGameMount()
 {
 	return {GameRoot, FPaths::ConvertRelativePathToFull(FPaths::ProjectContentDir())};
 }
 
-FString WithSlashes(const FString& Root)
+static FString WithSlashes(const FString& Root)
 {
 	FString Result = Root;
 	if (!Result.StartsWith(TEXT("/")))
@@ -45,7 +45,7 @@ FString WithSlashes(const FString& Root)
 	return Result.EndsWith(TEXT("/")) ? Result : Result + TEXT("/");
 }
 
-bool FindMountOfName(FStringView Name, FMount& OutMount)
+static bool FindMountOfName(FStringView Name, FMount& OutMount)
 {
 	for (const FMount& Mount : Mounts())
 	{
@@ -64,7 +64,7 @@ bool FindMountOfName(FStringView Name, FMount& OutMount)
 }
 
 /** A content folder may lie inside another one; the innermost counts. */
-bool FindMountOfFile(const FString& Filename, FMount& OutMount)
+static bool FindMountOfFile(const FString& Filename, FMount& OutMount)
 {
 	TArray<FMount> Candidates = Mounts();
 	const auto IsGame = [](const FMount& Mount) { return Mount.Root.Equals(GameRoot, ESearchCase::IgnoreCase); };
@@ -83,7 +83,7 @@ bool FindMountOfFile(const FString& Filename, FMount& OutMount)
 	return !OutMount.Root.IsEmpty();
 }
 
-void Explain(FText* OutReason, FString Reason)
+static void Explain(FText* OutReason, FString Reason)
 {
 	if (OutReason)
 	{
@@ -91,14 +91,14 @@ void Explain(FText* OutReason, FString Reason)
 	}
 }
 
-bool IsFile(const FString& Path)
+static bool IsFile(const FString& Path)
 {
 	struct stat Info;
 	return stat(TCHAR_TO_UTF8(*Path), &Info) == 0 && S_ISREG(Info.st_mode);
 }
 
 /** The entry of a folder whose name is the wanted one in any case; empty when there is none. */
-FString FindEntry(const FString& Directory, const FString& Name)
+static FString FindEntry(const FString& Directory, const FString& Name)
 {
 	FString Found;
 	if (DIR* const Handle = opendir(TCHAR_TO_UTF8(*Directory)))

@@ -10,19 +10,19 @@ namespace PathConfinement
 FString Root;
 
 /** Where an existing path really is; empty when it does not exist or runs in circles. */
-std::string RealPath(const std::string& Path)
+static std::string RealPath(const std::string& Path)
 {
 	const std::unique_ptr<char, decltype(&std::free)> Resolved(realpath(Path.c_str(), nullptr), &std::free);
 	return Resolved ? std::string(Resolved.get()) : std::string();
 }
 
-bool Exists(const std::string& Path)
+static bool Exists(const std::string& Path)
 {
 	struct stat Info;
 	return lstat(Path.c_str(), &Info) == 0;
 }
 
-bool HasParentStep(std::string_view Path)
+static bool HasParentStep(std::string_view Path)
 {
 	while (!Path.empty())
 	{
@@ -37,7 +37,7 @@ bool HasParentStep(std::string_view Path)
 }
 
 /** The deepest part of the path that exists: a file, a folder or a link, wherever it leads. */
-std::string DeepestExisting(std::string Path)
+static std::string DeepestExisting(std::string Path)
 {
 	while (!Path.empty() && !Exists(Path))
 	{

@@ -242,7 +242,7 @@ private:
 	AtomicFile::FStamp Replaced;
 };
 
-UObject* FindAsset(UPackage& Package, UObject* Asset, EObjectFlags TopLevelFlags)
+static UObject* FindAsset(UPackage& Package, UObject* Asset, EObjectFlags TopLevelFlags)
 {
 	if (Asset)
 	{

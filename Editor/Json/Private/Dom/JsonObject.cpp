@@ -12,7 +12,7 @@ namespace JsonObjectPrivate
 using FValues = decltype(FJsonObject::Values);
 
 /** Objects of one member are rare; most documents are made of many objects of a few. */
-FValues& MakeRoom(FValues& Values)
+static FValues& MakeRoom(FValues& Values)
 {
 	if (Values.IsEmpty())
 	{

@@ -33,7 +33,7 @@ bool TryRound(const FJsonValue& Value, IntType& OutNumber)
 	return true;
 }
 
-bool EqualArrays(const TArray<TSharedPtr<FJsonValue>>& Left, const TArray<TSharedPtr<FJsonValue>>& Right)
+static bool EqualArrays(const TArray<TSharedPtr<FJsonValue>>& Left, const TArray<TSharedPtr<FJsonValue>>& Right)
 {
 	if (Left.Num() != Right.Num())
 	{
@@ -49,7 +49,7 @@ bool EqualArrays(const TArray<TSharedPtr<FJsonValue>>& Left, const TArray<TShare
 	return true;
 }
 
-bool EqualObjects(const TSharedPtr<FJsonObject>& Left, const TSharedPtr<FJsonObject>& Right)
+static bool EqualObjects(const TSharedPtr<FJsonObject>& Left, const TSharedPtr<FJsonObject>& Right)
 {
 	if (!Left || !Right)
 	{
@@ -70,7 +70,7 @@ bool EqualObjects(const TSharedPtr<FJsonObject>& Left, const TSharedPtr<FJsonObj
 	return true;
 }
 
-TArray<TSharedPtr<FJsonValue>> DuplicateArray(const TArray<TSharedPtr<FJsonValue>>& Source)
+static TArray<TSharedPtr<FJsonValue>> DuplicateArray(const TArray<TSharedPtr<FJsonValue>>& Source)
 {
 	TArray<TSharedPtr<FJsonValue>> Copy;
 	Copy.Reserve(Source.Num());

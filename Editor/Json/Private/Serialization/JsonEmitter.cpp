@@ -11,7 +11,7 @@
 
 namespace JsonEmitterPrivate
 {
-bool NeedsEscape(const TCHAR Char)
+static bool NeedsEscape(const TCHAR Char)
 {
 	return Char < 0x20 || Char == TEXT('"') || Char == TEXT('\\');
 }
@@ -28,19 +28,19 @@ constexpr std::array<bool, 128> PlainAscii = []
 }();
 
 /** Very large and very small numbers take an exponent, where %.17g does. */
-bool IsWrittenInFull(const double Value)
+static bool IsWrittenInFull(const double Value)
 {
 	const double Size = std::abs(Value);
 	return Value == 0.0 || (Size >= 1e-4 && Size < 1e17);
 }
 
-void AppendRun(std::wstring& Out, const std::wstring_view Run)
+static void AppendRun(std::wstring& Out, const std::wstring_view Run)
 {
 	Out.append(Run);
 }
 
 /** Most text is ASCII, which is narrowed in blocks; the rest takes the general road. */
-void AppendRun(std::string& Out, std::wstring_view Run)
+static void AppendRun(std::string& Out, std::wstring_view Run)
 {
 	constexpr std::size_t BlockSize = 256;
 	char Block[BlockSize];
@@ -67,7 +67,7 @@ void AppendRun(std::string& Out, std::wstring_view Run)
 	}
 }
 /** Appends the beginning of Chars that needs no escape, or a part of it; answers how much that was. */
-std::size_t AppendPlain(std::wstring& Out, const std::wstring_view Chars)
+static std::size_t AppendPlain(std::wstring& Out, const std::wstring_view Chars)
 {
 	std::size_t Count = 0;
 	while (Count < Chars.size() && !NeedsEscape(Chars[Count]))
@@ -79,7 +79,7 @@ std::size_t AppendPlain(std::wstring& Out, const std::wstring_view Chars)
 }
 
 /** The same, in one pass that looks at each character and narrows it. */
-std::size_t AppendPlain(std::string& Out, const std::wstring_view Chars)
+static std::size_t AppendPlain(std::string& Out, const std::wstring_view Chars)
 {
 	constexpr std::size_t BlockSize = 256;
 	char Block[BlockSize];

@@ -11,7 +11,7 @@ namespace JsonParserPrivate
 using namespace simdjson;
 
 /** The library's codes in words that help the author of the text. */
-const char* DescribeCode(const error_code Code)
+static const char* DescribeCode(const error_code Code)
 {
 	switch (Code)
 	{
@@ -323,7 +323,7 @@ private:
 };
 
 /** Faults that the library finds before it walks come without a place. */
-size_t FindOffset(const std::string_view Text, const error_code Code, const size_t WalkOffset)
+static size_t FindOffset(const std::string_view Text, const error_code Code, const size_t WalkOffset)
 {
 	switch (Code)
 	{
@@ -355,7 +355,7 @@ size_t FindOffset(const std::string_view Text, const error_code Code, const size
 	}
 }
 
-FJsonParseError MakeError(const std::string_view Text, const error_code Code, const size_t WalkOffset)
+static FJsonParseError MakeError(const std::string_view Text, const error_code Code, const size_t WalkOffset)
 {
 	FJsonParseError Error;
 	Error.Reason = DescribeCode(Code);
@@ -375,13 +375,13 @@ FJsonParseError MakeError(const std::string_view Text, const error_code Code, co
 }
 
 /** The library is lax about a document that is one scalar, so such a text is read as the element of an array. */
-bool IsBareScalar(const std::string_view Text)
+static bool IsBareScalar(const std::string_view Text)
 {
 	const size_t First = Text.find_first_not_of(" \t\r\n");
 	return First != std::string_view::npos && Text[First] != '{' && Text[First] != '[';
 }
 
-std::string Wrap(const std::string_view Text)
+static std::string Wrap(const std::string_view Text)
 {
 	return std::string("[").append(Text).append("]");
 }

@@ -6,7 +6,7 @@
 
 namespace JsonReaderPrivate
 {
-bool IsEncodable(const TCHAR Char)
+static bool IsEncodable(const TCHAR Char)
 {
 	const uint32 Code = static_cast<uint32>(Char);
 	return Code <= 0x10FFFF && (Code < 0xD800 || Code > 0xDFFF);

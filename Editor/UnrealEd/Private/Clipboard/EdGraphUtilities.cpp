@@ -12,7 +12,7 @@
 namespace GraphClipboard
 {
 /** Whether the graph's rules allow a node of the class at all. */
-bool IsClassAllowed(const UClass& Class, const UEdGraph& Graph)
+static bool IsClassAllowed(const UClass& Class, const UEdGraph& Graph)
 {
 	if (!Class.IsChildOf(UEdGraphNode::StaticClass()) || Class.HasAnyClassFlags(CLASS_Abstract))
 	{
@@ -22,7 +22,7 @@ bool IsClassAllowed(const UClass& Class, const UEdGraph& Graph)
 }
 
 /** Makes a node of the text; names that are taken in the graph give way to new ones. */
-UObject* MakeNode(const FObjectTextRecord& Record, UEdGraph& Graph, FFeedbackContext& Warn)
+static UObject* MakeNode(const FObjectTextRecord& Record, UEdGraph& Graph, FFeedbackContext& Warn)
 {
 	const UClass* const Class = FObjectTextImport::FindClass(Record.ClassPath);
 	if (!Class)
@@ -44,7 +44,7 @@ UObject* MakeNode(const FObjectTextRecord& Record, UEdGraph& Graph, FFeedbackCon
 }
 
 /** Pins name the nodes that they are linked to as the text does; the nodes have other names by now. */
-void RenameReferences(UEdGraphNode& Node, const FObjectTextImport& Import, const UObject* TextOuter)
+static void RenameReferences(UEdGraphNode& Node, const FObjectTextImport& Import, const UObject* TextOuter)
 {
 	const auto Rename = [&Import, TextOuter](UEdGraphPin::FPendingReference& Reference)
 	{
@@ -75,7 +75,7 @@ void RenameReferences(UEdGraphNode& Node, const FObjectTextImport& Import, const
 	}
 }
 
-void RenewIds(UEdGraphNode& Node)
+static void RenewIds(UEdGraphNode& Node)
 {
 	Node.CreateNewGuid();
 	for (UEdGraphPin* const Pin : Node.Pins)
@@ -85,7 +85,7 @@ void RenewIds(UEdGraphNode& Node)
 }
 
 /** Links the nodes of one graph of the text among themselves. */
-void FinishNodes(const TArray<UEdGraphNode*>& Nodes, const FObjectTextImport& Import, const UObject* TextOuter)
+static void FinishNodes(const TArray<UEdGraphNode*>& Nodes, const FObjectTextImport& Import, const UObject* TextOuter)
 {
 	for (UEdGraphNode* const Node : Nodes)
 	{
@@ -98,7 +98,7 @@ void FinishNodes(const TArray<UEdGraphNode*>& Nodes, const FObjectTextImport& Im
 	}
 }
 
-void FinishInnerGraphs(const FObjectTextImport& Import)
+static void FinishInnerGraphs(const FObjectTextImport& Import)
 {
 	for (const FObjectTextImport::FMade& Made : Import.GetMade())
 	{
@@ -120,7 +120,7 @@ void FinishInnerGraphs(const FObjectTextImport& Import)
 	}
 }
 
-bool Parse(const FString& Text, FObjectTextTree& OutTree, FFeedbackContext& Warn)
+static bool Parse(const FString& Text, FObjectTextTree& OutTree, FFeedbackContext& Warn)
 {
 	FObjectTextError Error;
 	FObjectTextTree::FPassedOver Other;
@@ -138,7 +138,7 @@ bool Parse(const FString& Text, FObjectTextTree& OutTree, FFeedbackContext& Warn
 }
 
 /** The nodes and all that live in graphs below them, each before those below it. */
-void AddWithInnerNodes(TConstArrayView<UEdGraphNode*> Nodes, TArray<UEdGraphNode*>& OutNodes)
+static void AddWithInnerNodes(TConstArrayView<UEdGraphNode*> Nodes, TArray<UEdGraphNode*>& OutNodes)
 {
 	for (UEdGraphNode* const Node : Nodes)
 	{
@@ -156,7 +156,7 @@ void AddWithInnerNodes(TConstArrayView<UEdGraphNode*> Nodes, TArray<UEdGraphNode
 }
 
 /** The node in its place, or what stands there for it; null when nothing does. */
-UEdGraphNode* PutInPlace(UEdGraphNode& Pasted, FFeedbackContext& Warn)
+static UEdGraphNode* PutInPlace(UEdGraphNode& Pasted, FFeedbackContext& Warn)
 {
 	UEdGraphNode* const Node = PastedNodes::Settle(Pasted, Warn);
 	if (Node != &Pasted)

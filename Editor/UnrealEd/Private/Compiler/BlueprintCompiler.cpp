@@ -26,23 +26,23 @@
 
 namespace BlueprintCompilation
 {
-bool IsFromBlueprint(const UClass* Class)
+static bool IsFromBlueprint(const UClass* Class)
 {
 	return Class && Class->HasAnyClassFlags(CLASS_CompiledFromBlueprint);
 }
 
-bool IsFromBlueprint(const UFunction* Function)
+static bool IsFromBlueprint(const UFunction* Function)
 {
 	return Function && IsFromBlueprint(Function->GetOwnerClass());
 }
 
-bool IsFromBlueprint(const FProperty* Property)
+static bool IsFromBlueprint(const FProperty* Property)
 {
 	return Property && IsFromBlueprint(Property->GetOwnerClass());
 }
 
 /** Whether the node's pins come from something that a Blueprint declares, so that they may lag behind it. */
-bool FollowsBlueprint(const UEdGraphNode& Node)
+static bool FollowsBlueprint(const UEdGraphNode& Node)
 {
 	if (const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node))
 	{
@@ -72,7 +72,7 @@ bool FollowsBlueprint(const UEdGraphNode& Node)
 }
 
 /** Parents first, as a class is built on that of its parent. */
-void BringUpToDate(UBlueprint& Blueprint)
+static void BringUpToDate(UBlueprint& Blueprint)
 {
 	if (UBlueprint* const Parent = UBlueprint::GetBlueprintFromClass(Blueprint.ParentClass.Get()))
 	{
@@ -214,7 +214,7 @@ private:
 };
 
 /** Those whose classes stand on this one have to be built again before they are next used. */
-void NotifyDependants(UBlueprint& Blueprint)
+static void NotifyDependants(UBlueprint& Blueprint)
 {
 	TArray<UBlueprint*> Dependants;
 	FBlueprintEditorUtils::GetDependentBlueprints(&Blueprint, Dependants);

@@ -24,26 +24,26 @@ namespace GraphValidation
 using FSchema = UEdGraphSchema_K2;
 
 /** A side of the macro or collapsed graph that is being checked, as opposed to a use of one. */
-bool IsGraphEnd(const UEdGraphNode& Node)
+static bool IsGraphEnd(const UEdGraphNode& Node)
 {
 	return ExactCast<UK2Node_Tunnel>(const_cast<UEdGraphNode*>(&Node)) != nullptr;
 }
 
-bool IsConstFunction(const UEdGraph& Graph)
+static bool IsConstFunction(const UEdGraph& Graph)
 {
 	const UK2Node_FunctionEntry* const Entry = FBlueprintEditorUtils::GetEntryNode(
 		FBlueprintEditorUtils::GetTopLevelGraph(&Graph));
 	return Entry && Entry->bEnforceConstCorrectness && (Entry->GetFunctionFlags() & FUNC_Const) != 0;
 }
 
-bool HasLinkedWildcard(const UEdGraphNode& Node)
+static bool HasLinkedWildcard(const UEdGraphNode& Node)
 {
 	return Node.Pins.ContainsByPredicate([](const UEdGraphPin* Pin)
 		{ return Pin && Pin->PinType.PinCategory == FSchema::PC_Wildcard && !Pin->LinkedTo.IsEmpty(); });
 }
 
 /** Members that a Blueprint declares keep what they say about access; native ones say it to native code alone. */
-bool IsDeclaredByBlueprint(const UClass* Class)
+static bool IsDeclaredByBlueprint(const UClass* Class)
 {
 	return Class && Class->HasAnyClassFlags(CLASS_CompiledFromBlueprint);
 }
@@ -273,7 +273,7 @@ void FGraphValidator::CheckPin(UEdGraphNode& Node, UEdGraphPin& Pin)
 namespace GraphValidation
 {
 /** The pin that has taken an orphan's place with another type; null when there is none of the name any more. */
-const UEdGraphPin* FindSuccessor(const UEdGraphNode& Node, const UEdGraphPin& Orphan)
+static const UEdGraphPin* FindSuccessor(const UEdGraphNode& Node, const UEdGraphPin& Orphan)
 {
 	return Node.FindPinByPredicate([&Orphan](const UEdGraphPin* Pin)
 		{ return Pin && !Pin->bOrphanedPin && Pin->PinName == Orphan.PinName && Pin->Direction == Orphan.Direction; });

@@ -44,7 +44,7 @@ UWidgetBlueprintFactory::UWidgetBlueprintFactory()
 namespace BlueprintFactories
 {
 /** Tells why a class cannot be a parent; the caller gets null. */
-UObject* Refuse(const UClass* ParentClass, FFeedbackContext* Warn)
+static UObject* Refuse(const UClass* ParentClass, FFeedbackContext* Warn)
 {
 	if (Warn)
 	{

@@ -42,7 +42,7 @@ UBlueprint* FBlueprintEditorUtils::FindBlueprintForNodeChecked(const UEdGraphNod
 
 namespace BlueprintFinding
 {
-UEdGraph* FindByName(const TArray<TObjectPtr<UEdGraph>>& Graphs, FName Name)
+static UEdGraph* FindByName(const TArray<TObjectPtr<UEdGraph>>& Graphs, FName Name)
 {
 	for (UEdGraph* const Graph : Graphs)
 	{
@@ -56,7 +56,7 @@ UEdGraph* FindByName(const TArray<TObjectPtr<UEdGraph>>& Graphs, FName Name)
 
 /** Every event node of the event pages and of what is collapsed in them, in order, until the visitor has found its own.
  */
-UK2Node_Event* FindEvent(const UBlueprint& Blueprint, TFunctionRef<bool(const UK2Node_Event&)> Fits)
+static UK2Node_Event* FindEvent(const UBlueprint& Blueprint, TFunctionRef<bool(const UK2Node_Event&)> Fits)
 {
 	TArray<UEdGraph*> Graphs;
 	for (UEdGraph* const Page : Blueprint.UbergraphPages)

@@ -72,7 +72,7 @@ UEdGraph* FBlueprintEditorUtils::CreateNewGraph(UObject* ParentScope, const FNam
 
 namespace GraphEditing
 {
-const UEdGraphSchema_K2& SchemaOf(const UEdGraph& Graph)
+static const UEdGraphSchema_K2& SchemaOf(const UEdGraph& Graph)
 {
 	const UEdGraphSchema_K2* const Schema = Cast<UEdGraphSchema_K2>(Graph.GetSchema());
 	return Schema ? *Schema : *GetDefault<UEdGraphSchema_K2>();
@@ -157,7 +157,7 @@ void FBlueprintEditorUtils::AddMacroGraph(
 namespace GraphEditing
 {
 /** Links that leave the graph and timelines that are shown in it do not outlive it. */
-void EmptyGraph(UEdGraph& Graph)
+static void EmptyGraph(UEdGraph& Graph)
 {
 	TArray<UEdGraph*> Graphs = {&Graph};
 	Graph.GetAllChildrenGraphs(Graphs);
@@ -178,7 +178,7 @@ void EmptyGraph(UEdGraph& Graph)
 	}
 }
 
-void TakeOutOfLists(UBlueprint& Blueprint, UEdGraph* Graph)
+static void TakeOutOfLists(UBlueprint& Blueprint, UEdGraph* Graph)
 {
 	for (TArray<TObjectPtr<UEdGraph>>* const List : {&Blueprint.DelegateSignatureGraphs, &Blueprint.FunctionGraphs,
 			 &Blueprint.UbergraphPages, &Blueprint.MacroGraphs, &Blueprint.EventGraphs})
@@ -192,7 +192,7 @@ void TakeOutOfLists(UBlueprint& Blueprint, UEdGraph* Graph)
 }
 
 /** The node whose inside the graph is: a collapsed graph, a state machine, a state, a transition. Null for others. */
-UEdGraphNode* FindOwner(UEdGraph& Graph)
+static UEdGraphNode* FindOwner(UEdGraph& Graph)
 {
 	if (UEdGraphNode* const Direct = Cast<UEdGraphNode>(Graph.GetOuter()))
 	{

@@ -14,14 +14,14 @@
 namespace BlueprintInterfaces
 {
 /** A class by full path or by short name. */
-UClass* Find(const FTopLevelAssetPath& Path)
+static UClass* Find(const FTopLevelAssetPath& Path)
 {
 	return Path.IsNull()
 		? nullptr
 		: static_cast<UClass*>(StaticLoadObject(UClass::StaticClass(), nullptr, *Path.ToString(), nullptr, LOAD_Quiet));
 }
 
-UEdGraph* FindGraph(const FBPInterfaceDescription& Interface, FName Name)
+static UEdGraph* FindGraph(const FBPInterfaceDescription& Interface, FName Name)
 {
 	for (UEdGraph* const Graph : Interface.Graphs)
 	{
@@ -33,7 +33,7 @@ UEdGraph* FindGraph(const FBPInterfaceDescription& Interface, FName Name)
 	return nullptr;
 }
 
-void AddMissingGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
+static void AddMissingGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
 {
 	UClass* const Class = Interface.Interface.Get();
 	for (TFieldIterator<UFunction> It(Class, EFieldIteratorFlags::IncludeSuper); It; ++It)
@@ -52,7 +52,7 @@ void AddMissingGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
 	}
 }
 
-const UFunction* FindByGuid(const UClass* Interface, const FGuid& Guid)
+static const UFunction* FindByGuid(const UClass* Interface, const FGuid& Guid)
 {
 	for (TFieldIterator<UFunction> It(Interface, EFieldIteratorFlags::IncludeSuper); It && Guid.IsValid(); ++It)
 	{
@@ -65,7 +65,7 @@ const UFunction* FindByGuid(const UClass* Interface, const FGuid& Guid)
 }
 
 /** A graph whose function goes by another name in the interface follows it; one whose function is gone goes too. */
-void ConformGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
+static void ConformGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
 {
 	UClass* const Class = Interface.Interface.Get();
 	const TArray<TObjectPtr<UEdGraph>> Graphs = Interface.Graphs;
@@ -87,7 +87,7 @@ void ConformGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
 }
 
 /** What the Blueprint has under the name of a function that needs a graph; null when the name is free. */
-const UObject* FindConflict(const UBlueprint& Blueprint, const UClass& Interface)
+static const UObject* FindConflict(const UBlueprint& Blueprint, const UClass& Interface)
 {
 	for (TFieldIterator<UFunction> It(&Interface, EFieldIteratorFlags::IncludeSuper); It; ++It)
 	{
@@ -102,14 +102,14 @@ const UObject* FindConflict(const UBlueprint& Blueprint, const UClass& Interface
 	return nullptr;
 }
 
-int32 FindIndex(const UBlueprint& Blueprint, const UClass* Interface)
+static int32 FindIndex(const UBlueprint& Blueprint, const UClass* Interface)
 {
 	return Blueprint.ImplementedInterfaces.IndexOfByPredicate(
 		[Interface](const FBPInterfaceDescription& Row) { return Row.Interface.Get() == Interface; });
 }
 
 /** The graphs of the interface become functions of the Blueprint's own. */
-void PreserveGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
+static void PreserveGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
 {
 	const TArray<TObjectPtr<UEdGraph>> Graphs = MoveTemp(Interface.Graphs);
 	Interface.Graphs.Empty();
@@ -131,7 +131,7 @@ void PreserveGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interface)
 	}
 }
 
-TArray<UK2Node_Event*> FindEvents(const UBlueprint& Blueprint, const UClass& Interface)
+static TArray<UK2Node_Event*> FindEvents(const UBlueprint& Blueprint, const UClass& Interface)
 {
 	TArray<UK2Node_Event*> Events;
 	FBlueprintEditorUtils::GetAllNodesOfClass(&Blueprint, Events);

@@ -11,12 +11,12 @@
 
 namespace LocalVariables
 {
-UK2Node_FunctionEntry* FindEntry(const UBlueprint* Blueprint, const UStruct* Scope)
+static UK2Node_FunctionEntry* FindEntry(const UBlueprint* Blueprint, const UStruct* Scope)
 {
 	return FBlueprintEditorUtils::GetEntryNode(FBlueprintEditorUtils::FindScopeGraph(Blueprint, Scope));
 }
 
-FBPVariableDescription* Find(UK2Node_FunctionEntry* Entry, FName Name)
+static FBPVariableDescription* Find(UK2Node_FunctionEntry* Entry, FName Name)
 {
 	return Entry ? Entry->LocalVariables.FindByPredicate(
 			   [Name](const FBPVariableDescription& Variable) { return Variable.VarName == Name; })
@@ -24,7 +24,7 @@ FBPVariableDescription* Find(UK2Node_FunctionEntry* Entry, FName Name)
 }
 
 /** A parameter and a local variable of one name would be one property. */
-bool IsParameter(const UK2Node_FunctionEntry& Entry, FName Name)
+static bool IsParameter(const UK2Node_FunctionEntry& Entry, FName Name)
 {
 	TArray<UK2Node_FunctionTerminator*> Ends;
 	Entry.GetGraph()->GetNodesOfClass(Ends);
@@ -32,13 +32,13 @@ bool IsParameter(const UK2Node_FunctionEntry& Entry, FName Name)
 		{ return End->FindPin(Name) && !UEdGraphSchema_K2::IsExecPin(*End->FindPin(Name)); });
 }
 
-bool IsTaken(UK2Node_FunctionEntry& Entry, FName Name)
+static bool IsTaken(UK2Node_FunctionEntry& Entry, FName Name)
 {
 	return Find(&Entry, Name) || IsParameter(Entry, Name);
 }
 
 /** Gets and sets of a local variable in the function's graph and in what is collapsed in it. */
-TArray<UK2Node_Variable*> FindNodes(UEdGraph& Graph, FName Name)
+static TArray<UK2Node_Variable*> FindNodes(UEdGraph& Graph, FName Name)
 {
 	TArray<UEdGraph*> Graphs = {&Graph};
 	Graph.GetAllChildrenGraphs(Graphs);

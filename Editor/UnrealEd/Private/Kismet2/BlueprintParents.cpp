@@ -18,7 +18,7 @@
 namespace BlueprintParents
 {
 /** The flow goes past a call that is taken out. */
-void Bypass(UK2Node& Call)
+static void Bypass(UK2Node& Call)
 {
 	UEdGraphPin* const In = Call.GetExecPin();
 	UEdGraphPin* const Out = Call.GetThenPin();
@@ -35,7 +35,7 @@ void Bypass(UK2Node& Call)
 	}
 }
 
-bool IsDeclaredAbove(const UBlueprint& Blueprint, const UClass* Class)
+static bool IsDeclaredAbove(const UBlueprint& Blueprint, const UClass* Class)
 {
 	const UClass* const Parent = Blueprint.ParentClass.Get();
 	if (!Class || !Parent || Parent->IsChildOf(Class))
@@ -48,7 +48,7 @@ bool IsDeclaredAbove(const UBlueprint& Blueprint, const UClass* Class)
 }
 
 /** An override follows its function to the new parent, or becomes the Blueprint's own function. */
-void ConformOverrides(UBlueprint& Blueprint)
+static void ConformOverrides(UBlueprint& Blueprint)
 {
 	const UClass* const Parent = Blueprint.ParentClass.Get();
 	for (const UEdGraph* const Graph : Blueprint.FunctionGraphs)
@@ -75,7 +75,7 @@ void ConformOverrides(UBlueprint& Blueprint)
 }
 
 /** What the parent declares goes by its name; the Blueprint's own members of that name give it up. */
-void GiveUpNamesOf(UBlueprint& Blueprint, const UClass& Parent)
+static void GiveUpNamesOf(UBlueprint& Blueprint, const UClass& Parent)
 {
 	TSet<FName> Own;
 	for (const FBPVariableDescription& Variable : Blueprint.NewVariables)
@@ -96,7 +96,7 @@ void GiveUpNamesOf(UBlueprint& Blueprint, const UClass& Parent)
 	}
 }
 
-void DropInterfacesOf(UBlueprint& Blueprint, const UClass& Parent)
+static void DropInterfacesOf(UBlueprint& Blueprint, const UClass& Parent)
 {
 	for (int32 Index = Blueprint.ImplementedInterfaces.Num() - 1; Index >= 0; --Index)
 	{
@@ -108,7 +108,7 @@ void DropInterfacesOf(UBlueprint& Blueprint, const UClass& Parent)
 	}
 }
 
-bool MayBeParent(const UBlueprint& Blueprint, const UClass* NewParent)
+static bool MayBeParent(const UBlueprint& Blueprint, const UClass* NewParent)
 {
 	const UClass* const Own = Blueprint.GeneratedClass.Get();
 	return NewParent && NewParent != Blueprint.ParentClass.Get() && !(Own && NewParent->IsChildOf(Own))

@@ -16,20 +16,20 @@
 
 namespace BlueprintReferences
 {
-bool IsOrDescends(const UObject* Object, const UClass& Class)
+static bool IsOrDescends(const UObject* Object, const UClass& Class)
 {
 	const UClass* const Other = Cast<UClass>(Object);
 	return Other && Other->IsChildOf(&Class);
 }
 
-bool TypeMentions(const FEdGraphPinType& Type, const UClass& Class)
+static bool TypeMentions(const FEdGraphPinType& Type, const UClass& Class)
 {
 	return IsOrDescends(Type.PinSubCategoryObject.Get(), Class)
 		|| IsOrDescends(Type.PinValueType.TerminalSubCategoryObject.Get(), Class)
 		|| Type.PinSubCategoryMemberReference.MemberParent == &Class;
 }
 
-bool GraphsMention(const UBlueprint& Blueprint, const UClass& Class)
+static bool GraphsMention(const UBlueprint& Blueprint, const UClass& Class)
 {
 	TArray<UEdGraph*> Graphs;
 	Blueprint.GetAllGraphs(Graphs);
@@ -48,7 +48,7 @@ bool GraphsMention(const UBlueprint& Blueprint, const UClass& Class)
 }
 
 /** Whether the Blueprint derives from the class or mentions it: in its interfaces, variables or graphs. */
-bool DependsOn(const UBlueprint& Blueprint, const UClass& Class)
+static bool DependsOn(const UBlueprint& Blueprint, const UClass& Class)
 {
 	return IsOrDescends(Blueprint.ParentClass.Get(), Class)
 		|| Blueprint.ImplementedInterfaces.ContainsByPredicate(
@@ -59,14 +59,14 @@ bool DependsOn(const UBlueprint& Blueprint, const UClass& Class)
 }
 
 /** The Blueprint and those that depend on it. */
-TArray<UBlueprint*> WithDependents(UBlueprint* Blueprint)
+static TArray<UBlueprint*> WithDependents(UBlueprint* Blueprint)
 {
 	TArray<UBlueprint*> All = {Blueprint};
 	FBlueprintEditorUtils::GetDependentBlueprints(Blueprint, All);
 	return All;
 }
 
-void VisitNodes(UBlueprint* Blueprint, TFunctionRef<void(UBlueprint*, UK2Node*)> Visit)
+static void VisitNodes(UBlueprint* Blueprint, TFunctionRef<void(UBlueprint*, UK2Node*)> Visit)
 {
 	for (UBlueprint* const Each : WithDependents(Blueprint))
 	{
@@ -85,7 +85,7 @@ void VisitNodes(UBlueprint* Blueprint, TFunctionRef<void(UBlueprint*, UK2Node*)>
 }
 
 /** Components of descendants name the inherited component that they hang on. */
-void MoveAttachments(UBlueprint* Blueprint, FName OldName, FName NewName)
+static void MoveAttachments(UBlueprint* Blueprint, FName OldName, FName NewName)
 {
 	const UClass* const Class = Blueprint->GeneratedClass.Get();
 	for (UBlueprint* const Each : WithDependents(Blueprint))
@@ -107,7 +107,7 @@ void MoveAttachments(UBlueprint* Blueprint, FName OldName, FName NewName)
 }
 
 /** Overrides in descendants bear the function's name. */
-void MoveOverrides(UBlueprint* Blueprint, FName OldName, FName NewName)
+static void MoveOverrides(UBlueprint* Blueprint, FName OldName, FName NewName)
 {
 	const UClass* const Class = Blueprint->GeneratedClass.Get();
 	for (UBlueprint* const Each : WithDependents(Blueprint))
@@ -230,7 +230,7 @@ namespace DispatcherSignatures
 {
 /** Types that bind to a dispatcher name its signature and the class that declares it; other classes may have
  * dispatchers of the same name. Without a class, the Blueprint of the type is meant. */
-void Move(FEdGraphPinType& Type, const UObject* Class, bool bOfOwner, FName OldName, FName NewName)
+static void Move(FEdGraphPinType& Type, const UObject* Class, bool bOfOwner, FName OldName, FName NewName)
 {
 	FSimpleMemberReference& Signature = Type.PinSubCategoryMemberReference;
 	const bool bMeant = Signature.MemberParent ? Signature.MemberParent == Class : bOfOwner;

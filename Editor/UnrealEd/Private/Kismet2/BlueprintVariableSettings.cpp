@@ -7,7 +7,7 @@
 
 namespace VariableSettings
 {
-void SetFlag(UBlueprint* Blueprint, FName Name, uint64 Flag, bool bSet)
+static void SetFlag(UBlueprint* Blueprint, FName Name, uint64 Flag, bool bSet)
 {
 	if (FBPVariableDescription* const Variable = VariableDescriptions::Find(Blueprint, Name))
 	{

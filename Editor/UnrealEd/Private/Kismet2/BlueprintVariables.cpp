@@ -15,14 +15,14 @@
 
 namespace BlueprintVariables
 {
-bool IsDispatcher(const FBPVariableDescription& Variable)
+static bool IsDispatcher(const FBPVariableDescription& Variable)
 {
 	return Variable.VarType.PinCategory == UEdGraphSchema_K2::PC_MCDelegate;
 }
 
 /** A value that was set on the class default object alone goes into the description, which outlives a change of the
  * class. */
-void KeepDefault(UBlueprint& Blueprint, FBPVariableDescription& Variable)
+static void KeepDefault(UBlueprint& Blueprint, FBPVariableDescription& Variable)
 {
 	UClass* const Class = BlueprintClassProvider::GetSelfClass(&Blueprint);
 	const FProperty* const Property = Class ? Class->FindPropertyByName(Variable.VarName) : nullptr;
@@ -44,7 +44,7 @@ void KeepDefault(UBlueprint& Blueprint, FBPVariableDescription& Variable)
 }
 
 /** Gets and sets of a member, wherever they are. */
-TArray<UK2Node_Variable*> FindNodes(UBlueprint* Blueprint, FName Name)
+static TArray<UK2Node_Variable*> FindNodes(UBlueprint* Blueprint, FName Name)
 {
 	TArray<UBlueprint*> Users;
 	FBlueprintEditorUtils::GetDependentBlueprints(Blueprint, Users);
@@ -67,7 +67,7 @@ TArray<UK2Node_Variable*> FindNodes(UBlueprint* Blueprint, FName Name)
 }
 
 /** The index of a member that can have the new name, or none. */
-int32 FindRenamable(UBlueprint* Blueprint, FName OldName, FName NewName)
+static int32 FindRenamable(UBlueprint* Blueprint, FName OldName, FName NewName)
 {
 	const int32 Index = FBlueprintEditorUtils::FindNewVariableIndex(Blueprint, OldName);
 	if (Index == INDEX_NONE || NewName.IsNone() || OldName.IsEqual(NewName, ENameCase::CaseSensitive))

@@ -49,7 +49,7 @@ bool FKismetEditorUtilities::CanCreateBlueprintOfClass(const UClass* Class)
 
 namespace BlueprintCreation
 {
-void AddEventGraph(UBlueprint& Blueprint)
+static void AddEventGraph(UBlueprint& Blueprint)
 {
 	UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(
 		&Blueprint, UEdGraphSchema_K2::GN_EventGraph, UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
@@ -67,7 +67,7 @@ void AddEventGraph(UBlueprint& Blueprint)
 	}
 }
 
-void AddConstructionScript(UBlueprint& Blueprint)
+static void AddConstructionScript(UBlueprint& Blueprint)
 {
 	UEdGraph* const Graph = FBlueprintEditorUtils::CreateNewGraph(&Blueprint,
 		UEdGraphSchema_K2::FN_UserConstructionScript, UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
@@ -75,7 +75,7 @@ void AddConstructionScript(UBlueprint& Blueprint)
 	Graph->bAllowDeletion = false;
 }
 
-void AddComponentScript(UBlueprint& Blueprint)
+static void AddComponentScript(UBlueprint& Blueprint)
 {
 	Blueprint.SimpleConstructionScript = NewObject<USimpleConstructionScript>(
 		FBlueprintClassBuilder::EnsureClass(Blueprint), TEXT("SimpleConstructionScript_0"), RF_Transactional);
@@ -122,7 +122,7 @@ UBlueprint* FKismetEditorUtilities::CreateBlueprint(
 namespace BlueprintCreation
 {
 /** An event that a parent Blueprint implements starts with a call of what that does, handed every parameter. */
-void AddParentCall(UBlueprint& Blueprint, UK2Node_Event& Event)
+static void AddParentCall(UBlueprint& Blueprint, UK2Node_Event& Event)
 {
 	UEdGraph& Graph = *Event.GetGraph();
 	const UClass* const Parent = Blueprint.ParentClass.Get();

@@ -93,18 +93,18 @@ void UUserDefinedStructEditorData::RecreateMembers()
 
 namespace StructureEditing
 {
-UUserDefinedStructEditorData& DataOf(UUserDefinedStruct& Struct)
+static UUserDefinedStructEditorData& DataOf(UUserDefinedStruct& Struct)
 {
 	return *CastChecked<UUserDefinedStructEditorData>(Struct.EditorData.Get());
 }
 
-FStructVariableDescription* FindMember(UUserDefinedStruct& Struct, const FGuid& Guid)
+static FStructVariableDescription* FindMember(UUserDefinedStruct& Struct, const FGuid& Guid)
 {
 	return DataOf(Struct).VariablesDescriptions.FindByPredicate(
 		[&Guid](const FStructVariableDescription& Member) { return Member.VarGuid == Guid; });
 }
 
-void Change(UUserDefinedStruct& Struct)
+static void Change(UUserDefinedStruct& Struct)
 {
 	DataOf(Struct).RecreateMembers();
 	Struct.MarkPackageDirty();

@@ -10,7 +10,7 @@
 
 namespace FormatterExecChains
 {
-TArray<UEdGraphPin*> GetExecPins(const UEdGraphNode* Node, EEdGraphPinDirection Direction)
+static TArray<UEdGraphPin*> GetExecPins(const UEdGraphNode* Node, EEdGraphPinDirection Direction)
 {
 	TArray<UEdGraphPin*> ExecPins;
 	if (Node)
@@ -26,7 +26,7 @@ TArray<UEdGraphPin*> GetExecPins(const UEdGraphNode* Node, EEdGraphPinDirection 
 	return ExecPins;
 }
 
-bool IsFedByAllowedNode(const UEdGraphNode* Node, const FFormatterContext& Context)
+static bool IsFedByAllowedNode(const UEdGraphNode* Node, const FFormatterContext& Context)
 {
 	for (const UEdGraphPin* const Pin : GetExecPins(Node, EGPD_Input))
 	{
@@ -42,7 +42,7 @@ bool IsFedByAllowedNode(const UEdGraphNode* Node, const FFormatterContext& Conte
 	return false;
 }
 
-float BottomOf(const FFormatterNodeEntry& Entry)
+static float BottomOf(const FFormatterNodeEntry& Entry)
 {
 	return static_cast<float>(Entry.Position.Y + Entry.Size.Y);
 }

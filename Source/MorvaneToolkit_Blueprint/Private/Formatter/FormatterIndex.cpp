@@ -9,7 +9,7 @@ namespace FormatterIndex
 {
 constexpr int32 MaxBoxesPerLeaf = 8;
 
-FBox2D BoundsOf(const FBox2D* Boxes, int32 Count)
+static FBox2D BoundsOf(const FBox2D* Boxes, int32 Count)
 {
 	// Each side on its own: a comment of negative size is a box whose Max lies below its Min.
 	FBox2D Bounds = Boxes[0];
@@ -24,7 +24,7 @@ FBox2D BoundsOf(const FBox2D* Boxes, int32 Count)
 }
 
 /** Halves the boxes by their middle along the wider side of their bounds. */
-void Partition(FBox2D* Boxes, int32 Count, const FBox2D& Bounds)
+static void Partition(FBox2D* Boxes, int32 Count, const FBox2D& Bounds)
 {
 	const bool bAlongX = Bounds.Max.X - Bounds.Min.X > Bounds.Max.Y - Bounds.Min.Y;
 	const auto MiddleIsLess = [bAlongX](const FBox2D& Left, const FBox2D& Right)

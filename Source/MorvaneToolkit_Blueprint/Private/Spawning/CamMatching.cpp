@@ -14,7 +14,7 @@
 
 namespace CamMatching
 {
-FString GetNodeClassName(const FEdGraphSchemaAction& Action, const FString& Title)
+static FString GetNodeClassName(const FEdGraphSchemaAction& Action, const FString& Title)
 {
 	if (Action.GetTypeId() == FBlueprintActionMenuItem::StaticGetTypeId())
 	{
@@ -38,7 +38,7 @@ FString GetNodeClassName(const FEdGraphSchemaAction& Action, const FString& Titl
 }
 
 /** Of the title, of what the class name means where it stands for a title, and of the class name itself. */
-TArray<FString> MakeRequestKeywords(const FString& MenuTitle, const FString& ClassName)
+static TArray<FString> MakeRequestKeywords(const FString& MenuTitle, const FString& ClassName)
 {
 	TArray<FString> Keywords = FAssetOperationBase::CreateKeywords(MenuTitle);
 	const auto AddKeywordsOf = [&Keywords](const TCHAR* Title)
@@ -163,7 +163,7 @@ private:
 	uint64 Serial = 0;
 };
 
-TSharedRef<FJsonObject> ToJson(const FCamCandidate& Candidate)
+static TSharedRef<FJsonObject> ToJson(const FCamCandidate& Candidate)
 {
 	const TSharedRef<FJsonObject> Json = MakeShared<FJsonObject>();
 	Json->SetStringField(TEXT("menu_title"), Candidate.MenuTitle);
@@ -174,7 +174,7 @@ TSharedRef<FJsonObject> ToJson(const FCamCandidate& Candidate)
 	return Json;
 }
 
-uint64 MakeSerial()
+static uint64 MakeSerial()
 {
 	static uint64 Last = 0;
 	return ++Last;

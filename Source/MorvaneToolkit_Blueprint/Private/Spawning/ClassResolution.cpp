@@ -12,24 +12,24 @@ namespace ClassResolutionImpl
 {
 constexpr int32 MaxListedVariants = 10;
 
-bool IsContentPath(const FString& Text)
+static bool IsContentPath(const FString& Text)
 {
 	return Text.Contains(TEXT("/Game/"), ESearchCase::IgnoreCase);
 }
 
-bool IsPath(const FString& Text)
+static bool IsPath(const FString& Text)
 {
 	return IsContentPath(Text) || Text.Contains(TEXT("/Script/"), ESearchCase::IgnoreCase);
 }
 
 /** "Actor" of "AActor" and "KismetMathLibrary" of "UKismetMathLibrary": classes are known without their type letter. */
-FString DropTypeLetter(const FString& Name)
+static FString DropTypeLetter(const FString& Name)
 {
 	const bool bHasLetter = Name.Len() > 1 && (Name[0] == TEXT('A') || Name[0] == TEXT('U')) && FChar::IsUpper(Name[1]);
 	return bHasLetter ? Name.RightChop(1) : Name;
 }
 
-void AddBareNameVariants(const FString& Name, TArray<FString>& OutVariants)
+static void AddBareNameVariants(const FString& Name, TArray<FString>& OutVariants)
 {
 	OutVariants.Add(Name);
 	if (!Name.StartsWith(TEXT("U"), ESearchCase::CaseSensitive))
@@ -50,7 +50,7 @@ void AddBareNameVariants(const FString& Name, TArray<FString>& OutVariants)
 }
 
 /** A bare name may be a class in the content of any plug-in. */
-void AddPluginVariants(TArray<FString>& InOutVariants)
+static void AddPluginVariants(TArray<FString>& InOutVariants)
 {
 	const int32 NumVariants = InOutVariants.Num();
 	for (const TSharedRef<IPlugin>& Plugin : IPluginManager::Get().GetEnabledPluginsWithContent())
@@ -69,7 +69,7 @@ void AddPluginVariants(TArray<FString>& InOutVariants)
 	}
 }
 
-UClass* FindOrLoadFirst(const TArray<FString>& Variants)
+static UClass* FindOrLoadFirst(const TArray<FString>& Variants)
 {
 	for (const FString& Variant : Variants)
 	{
@@ -85,7 +85,7 @@ UClass* FindOrLoadFirst(const TArray<FString>& Variants)
 	return nullptr;
 }
 
-UClass* FindInMemory(const FString& Name)
+static UClass* FindInMemory(const FString& Name)
 {
 	for (const TCHAR* const Prefix : {TEXT(""), TEXT("U"), TEXT("A")})
 	{
@@ -100,7 +100,7 @@ UClass* FindInMemory(const FString& Name)
 }
 
 /** "BP_Door" of "/Game/Doors/BP_Door.BP_Door_C". */
-FString GetAssetName(const FString& Text)
+static FString GetAssetName(const FString& Text)
 {
 	int32 Slash = INDEX_NONE;
 	FString Name = Text.FindLastChar(TEXT('/'), Slash) ? Text.RightChop(Slash + 1) : Text;
@@ -110,12 +110,12 @@ FString GetAssetName(const FString& Text)
 }
 
 /** A path that leaves nothing open: it names one asset or none, and never a namesake in another folder. */
-bool IsFullPath(const FString& Text)
+static bool IsFullPath(const FString& Text)
 {
 	return Text.StartsWith(TEXT("/"), ESearchCase::CaseSensitive);
 }
 
-UClass* LoadClassOf(const FString& BlueprintPath)
+static UClass* LoadClassOf(const FString& BlueprintPath)
 {
 	const UBlueprint* const Blueprint = FBlueprintUtils::TryLoadBlueprint(BlueprintPath);
 	return Blueprint ? Blueprint->GeneratedClass.Get() : nullptr;

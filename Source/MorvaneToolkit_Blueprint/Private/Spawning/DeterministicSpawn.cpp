@@ -12,24 +12,24 @@
 
 namespace DeterministicSpawn
 {
-FString GetDisplayName(const UFunction& Function)
+static FString GetDisplayName(const UFunction& Function)
 {
 	return UK2Node_CallFunction::GetUserFacingFunctionName(&Function).ToString();
 }
 
 /** "Get Actor Location" and "GetActorLocation" alike. */
-FString Squeeze(const FString& Text)
+static FString Squeeze(const FString& Text)
 {
 	return Text.Replace(TEXT(" "), TEXT(""), ESearchCase::CaseSensitive).ToLower();
 }
 
-bool HasName(const UFunction& Function, const FString& Name)
+static bool HasName(const UFunction& Function, const FString& Name)
 {
 	return Function.GetName().Equals(Name, ESearchCase::IgnoreCase);
 }
 
 /** The overload whose name and parameters have most in common with the title; null when two have as much. */
-UFunction* ChooseByTitle(const TArray<UFunction*>& Overloads, const FString& MenuTitle)
+static UFunction* ChooseByTitle(const TArray<UFunction*>& Overloads, const FString& MenuTitle)
 {
 	const FString Wanted = DeterministicSpawn::Squeeze(MenuTitle);
 	for (UFunction* const Function : Overloads)
@@ -70,7 +70,7 @@ enum class ESpawnKind
 };
 
 /** Which node classes can be spawned exactly, and what each needs for it. */
-ESpawnKind GetKind(const FBPNodeModification& Record)
+static ESpawnKind GetKind(const FBPNodeModification& Record)
 {
 	const FString& ClassName = Record.ClassName;
 	if (ClassName.Equals(TEXT("K2Node_DynamicCast"), ESearchCase::IgnoreCase))

@@ -25,13 +25,13 @@ struct FSuggestion
 	FString Context;
 };
 
-bool EndsWithPath(const FString& Text, const FString& End)
+static bool EndsWithPath(const FString& Text, const FString& End)
 {
 	return Text.EndsWith(End, ESearchCase::IgnoreCase);
 }
 
 /** A Blueprint of the name, for a path that says it is a native class. */
-FSuggestion SuggestBlueprint(const FString& ScriptPath)
+static FSuggestion SuggestBlueprint(const FString& ScriptPath)
 {
 	FString Name = ScriptPath.RightChop(8);
 	int32 Dot = INDEX_NONE;
@@ -57,7 +57,7 @@ FSuggestion SuggestBlueprint(const FString& ScriptPath)
 }
 
 /** A native class of the name, for a path that says it is a Blueprint. */
-FSuggestion SuggestNativeClass(const FString& ContentPath)
+static FSuggestion SuggestNativeClass(const FString& ContentPath)
 {
 	const FString Name = FPaths::GetBaseFilename(ContentPath.RightChop(6));
 	for (const TCHAR* const Module :
@@ -75,7 +75,7 @@ FSuggestion SuggestNativeClass(const FString& ContentPath)
 	return {};
 }
 
-FSuggestion Suggest(const FString& Path)
+static FSuggestion Suggest(const FString& Path)
 {
 	if (Path.StartsWith(TEXT("/Script/"), ESearchCase::IgnoreCase))
 	{
@@ -95,7 +95,7 @@ enum class EAccess
  * What a graph of the Blueprint may do with a variable of the name: a local one of its function, or a member of the
  * class as it is declared now, so also a component, a widget, and whatever is inherited.
  */
-EAccess GetAccess(UBlueprint& Blueprint, const UEdGraph& Graph, FName Name)
+static EAccess GetAccess(UBlueprint& Blueprint, const UEdGraph& Graph, FName Name)
 {
 	if (FBlueprintEditorUtils::FindLocalVariable(&Blueprint, &Graph, Name)
 		|| FBlueprintEditorUtils::FindMemberVariableGuidByName(&Blueprint, Name).IsValid())
@@ -113,7 +113,7 @@ EAccess GetAccess(UBlueprint& Blueprint, const UEdGraph& Graph, FName Name)
 	return bNative && Property->HasAnyPropertyFlags(CPF_BlueprintReadOnly) ? EAccess::ReadOnly : EAccess::Full;
 }
 
-const TCHAR* PresentOrMissing(const FString* Value)
+static const TCHAR* PresentOrMissing(const FString* Value)
 {
 	return Value ? TEXT("present") : TEXT("missing");
 }

@@ -16,7 +16,7 @@ namespace SpawnWaterfall
 constexpr float DefaultMinimumConfidence = 0.6f;
 
 /** The class that an action's function belongs to; "null" for an action that calls none. */
-FString GetTargetClassName(const FEdGraphSchemaAction& Action)
+static FString GetTargetClassName(const FEdGraphSchemaAction& Action)
 {
 	if (Action.GetTypeId() == FBlueprintActionMenuItem::StaticGetTypeId())
 	{

@@ -10,7 +10,7 @@
 namespace BlueprintReadTools
 {
 /** Reads with the parameters that a modification was tracked with; the tool's name in them tells what to read. */
-FModificationReadRegistry::FReader MakeReader(const FString& ToolName)
+static FModificationReadRegistry::FReader MakeReader(const FString& ToolName)
 {
 	return [ToolName](const TSharedPtr<FJsonObject>& Parameters, Morvane::FToolResult& Result)
 	{
@@ -19,7 +19,7 @@ FModificationReadRegistry::FReader MakeReader(const FString& ToolName)
 	};
 }
 
-void Register()
+static void Register()
 {
 	for (const FToolRow& Row : ToolTable::GetRows())
 	{
@@ -31,7 +31,7 @@ void Register()
 	}
 }
 
-void Unregister()
+static void Unregister()
 {
 	for (const FToolRow& Row : ToolTable::GetRows())
 	{

@@ -8,14 +8,14 @@
 namespace ToolAdapterJson
 {
 /** Null when the text is not JSON or no object. */
-TSharedPtr<FJsonObject> ParseObject(const FString& Json)
+static TSharedPtr<FJsonObject> ParseObject(const FString& Json)
 {
 	TSharedPtr<FJsonObject> Object;
 	const TSharedRef<TJsonReader<>> Reader = TJsonReaderFactory<>::Create(Json);
 	return FJsonSerializer::Deserialize(Reader, Object) ? Object : nullptr;
 }
 
-bool HoldsNull(const FString& Text)
+static bool HoldsNull(const FString& Text)
 {
 	int32 Place = INDEX_NONE;
 	return Text.FindChar(TEXT('\0'), Place);
@@ -24,7 +24,7 @@ bool HoldsNull(const FString& Text)
 FString FindNull(const FJsonObject& Object, const FString& Place);
 
 /** Where U+0000 stands in a value: "functions[0].name"; empty when it stands nowhere. */
-FString FindNull(const FJsonValue& Value, const FString& Place)
+static FString FindNull(const FJsonValue& Value, const FString& Place)
 {
 	if (Value.Type == EJson::String)
 	{

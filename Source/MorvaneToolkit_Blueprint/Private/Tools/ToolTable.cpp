@@ -67,7 +67,7 @@ constexpr FToolRow Rows[] = {
 };
 // clang-format on
 
-const TCHAR* GetKindWord(EToolKind Kind)
+static const TCHAR* GetKindWord(EToolKind Kind)
 {
 	switch (Kind)
 	{

@@ -13,7 +13,7 @@
 namespace BlueprintNodesCommonSteps
 {
 /** The steps of a run, in their order; false once one of them has ended it. */
-bool Walk(FModifyRun& Run)
+static bool Walk(FModifyRun& Run)
 {
 	if (!Run.LoadBlueprint() || !Run.ApplyGraphAction() || !Run.IsEngineReady())
 	{

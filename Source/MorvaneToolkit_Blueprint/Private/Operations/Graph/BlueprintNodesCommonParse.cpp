@@ -10,14 +10,14 @@
 
 namespace BlueprintNodesCommonParse
 {
-void ReportUnknownAction(const FString& Word, Morvane::FToolResult& Result)
+static void ReportUnknownAction(const FString& Word, Morvane::FToolResult& Result)
 {
 	Result.AddErrorMessage(
 		FString::Printf(TEXT("Invalid action field: %s. Must be 'add', 'modify', or 'remove'"), *Word));
 }
 
 /** Leaves the action as it was when the key is absent. False, reported, when its word is not known. */
-bool ReadNodeAction(const FJsonObject& Json, EBPNodeAction& InOutAction, Morvane::FToolResult& Result)
+static bool ReadNodeAction(const FJsonObject& Json, EBPNodeAction& InOutAction, Morvane::FToolResult& Result)
 {
 	FString Word;
 	if (!Json.TryGetStringField(TEXT("action"), Word))
@@ -34,7 +34,7 @@ bool ReadNodeAction(const FJsonObject& Json, EBPNodeAction& InOutAction, Morvane
 	return true;
 }
 
-bool ParsePin(const FJsonObject& Json, FBPPinModification& OutRecord, Morvane::FToolResult& Result)
+static bool ParsePin(const FJsonObject& Json, FBPPinModification& OutRecord, Morvane::FToolResult& Result)
 {
 	if (!ReadNodeAction(Json, OutRecord.Action, Result))
 	{
@@ -51,7 +51,7 @@ bool ParsePin(const FJsonObject& Json, FBPPinModification& OutRecord, Morvane::F
 	return true;
 }
 
-bool ParseConnection(const FJsonObject& Json, FBPConnectionModification& OutRecord, Morvane::FToolResult& Result)
+static bool ParseConnection(const FJsonObject& Json, FBPConnectionModification& OutRecord, Morvane::FToolResult& Result)
 {
 	FString Word;
 	if (Json.TryGetStringField(TEXT("action"), Word))
@@ -97,7 +97,7 @@ bool ParseEntries(const FJsonObject& Json, const TCHAR* Key, TArray<TRecord>& Ou
 	return true;
 }
 
-bool ParseNode(
+static bool ParseNode(
 	const FJsonObject& Json, const FString& GraphName, FBPNodeModification& OutRecord, Morvane::FToolResult& Result)
 {
 	if (!ReadNodeAction(Json, OutRecord.Action, Result))

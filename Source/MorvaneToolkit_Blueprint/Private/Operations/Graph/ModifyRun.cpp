@@ -20,19 +20,19 @@
 namespace ModifyRunSteps
 {
 /** The id by which a run notes a node. */
-FString GetNoteId(const UEdGraphNode& Node)
+static FString GetNoteId(const UEdGraphNode& Node)
 {
 	return Node.NodeGuid.IsValid()
 		? Node.NodeGuid.ToString()
 		: FString::Printf(TEXT("EmptyGUID_%s"), *Node.GetNodeTitle(ENodeTitleType::FullTitle).ToString());
 }
 
-FString ToText(const TSharedRef<FJsonObject>& Object)
+static FString ToText(const TSharedRef<FJsonObject>& Object)
 {
 	return FAssetOperationBase::SerializeJson(Object);
 }
 
-bool IsStructural(const FBPNodeModification& Record)
+static bool IsStructural(const FBPNodeModification& Record)
 {
 	return Record.Action != EBPNodeAction::Modify
 		|| Record.Pins.ContainsByPredicate(
@@ -40,7 +40,7 @@ bool IsStructural(const FBPNodeModification& Record)
 }
 
 /** Why a node has to stay in its graph; empty when it may go. */
-FString FindObstacle(const UEdGraphNode& Node, const FString& Id)
+static FString FindObstacle(const UEdGraphNode& Node, const FString& Id)
 {
 	if (Node.IsA<UK2Node_FunctionEntry>())
 	{
@@ -53,7 +53,7 @@ FString FindObstacle(const UEdGraphNode& Node, const FString& Id)
 }
 
 /** What an author's parameters are, as far as callers can see it. */
-TArray<FUserPinInfo> CopyParameters(const UEdGraphNode& Node)
+static TArray<FUserPinInfo> CopyParameters(const UEdGraphNode& Node)
 {
 	TArray<FUserPinInfo> Copy;
 	if (const UK2Node_EditablePinBase* const Editable = Cast<UK2Node_EditablePinBase>(&Node))
@@ -66,7 +66,7 @@ TArray<FUserPinInfo> CopyParameters(const UEdGraphNode& Node)
 	return Copy;
 }
 
-bool AreSameParameters(const TArray<FUserPinInfo>& A, const TArray<FUserPinInfo>& B)
+static bool AreSameParameters(const TArray<FUserPinInfo>& A, const TArray<FUserPinInfo>& B)
 {
 	if (A.Num() != B.Num())
 	{

@@ -16,7 +16,7 @@
 namespace PopulatePins
 {
 /** Unset for words that no type can be made of. */
-TOptional<FEdGraphPinType> ToPinType(const FBPPinType& Words)
+static TOptional<FEdGraphPinType> ToPinType(const FBPPinType& Words)
 {
 	const TSharedRef<FJsonObject> Json = MakeShared<FJsonObject>();
 	Json->SetStringField(TEXT("category"), Words.Category);
@@ -35,12 +35,12 @@ TOptional<FEdGraphPinType> ToPinType(const FBPPinType& Words)
 }
 
 /** Pins that a value may stay on: inputs, and the outputs of nodes that declare parameters with defaults. */
-bool HoldsValue(const UEdGraphPin& Pin)
+static bool HoldsValue(const UEdGraphPin& Pin)
 {
 	return Pin.Direction == EGPD_Input || Pin.GetOwningNode()->IsA<UK2Node_EditablePinBase>();
 }
 
-TArray<FName> NamesOf(const UEdGraphNode& Node)
+static TArray<FName> NamesOf(const UEdGraphNode& Node)
 {
 	TArray<FName> Names;
 	for (const UEdGraphPin* const Pin : Node.Pins)
@@ -52,7 +52,7 @@ TArray<FName> NamesOf(const UEdGraphNode& Node)
 
 /** Whether pins of that kind may come to the name asked for when they are counted on: letters, or a stem with a number.
  */
-bool MayCome(FName Added, const FString& Asked)
+static bool MayCome(FName Added, const FString& Asked)
 {
 	const auto Stem = [](const FString& Name)
 	{

@@ -24,13 +24,13 @@
 namespace PopulateRun
 {
 /** An array of another type, and an empty one, is none. */
-const TArray<TSharedPtr<FJsonValue>>* FindArray(const FJsonObject& Json, const TCHAR* Key)
+static const TArray<TSharedPtr<FJsonValue>>* FindArray(const FJsonObject& Json, const TCHAR* Key)
 {
 	const TArray<TSharedPtr<FJsonValue>>* Values = nullptr;
 	return Json.TryGetArrayField(Key, Values) && !Values->IsEmpty() ? Values : nullptr;
 }
 
-bool IsMainEventGraph(const FString& Name)
+static bool IsMainEventGraph(const FString& Name)
 {
 	return Name.Equals(UEdGraphSchema_K2::GN_EventGraph.ToString(), ESearchCase::IgnoreCase);
 }

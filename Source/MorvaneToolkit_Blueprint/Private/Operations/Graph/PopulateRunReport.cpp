@@ -17,7 +17,7 @@
 
 namespace PopulateRunReport
 {
-int32 CountLinks(const UEdGraphNode& Node)
+static int32 CountLinks(const UEdGraphNode& Node)
 {
 	int32 Count = 0;
 	for (const UEdGraphPin* const Pin : Node.Pins)
@@ -28,14 +28,14 @@ int32 CountLinks(const UEdGraphNode& Node)
 }
 
 /** The object {Key: Values} as text: lists travel as text in the data. */
-FString ToText(const TCHAR* Key, TArray<TSharedPtr<FJsonValue>>&& Values)
+static FString ToText(const TCHAR* Key, TArray<TSharedPtr<FJsonValue>>&& Values)
 {
 	const TSharedRef<FJsonObject> Object = MakeShared<FJsonObject>();
 	Object->SetArrayField(Key, MoveTemp(Values));
 	return FAssetOperationBase::SerializeJson(Object);
 }
 
-int32 NumOf(const TArray<TSharedPtr<FJsonValue>>* Values)
+static int32 NumOf(const TArray<TSharedPtr<FJsonValue>>* Values)
 {
 	return Values ? Values->Num() : 0;
 }

@@ -12,12 +12,12 @@
 
 namespace TouchedReadsImpl
 {
-FString TitleOf(const UEdGraphNode& Node)
+static FString TitleOf(const UEdGraphNode& Node)
 {
 	return Node.GetNodeTitle(ENodeTitleType::FullTitle).ToString();
 }
 
-TArray<FString> ToArray(const TSet<FString>& Names)
+static TArray<FString> ToArray(const TSet<FString>& Names)
 {
 	TArray<FString> Array;
 	Array.Append(Names);
@@ -25,7 +25,7 @@ TArray<FString> ToArray(const TSet<FString>& Names)
 }
 
 /** The interface whose function the graph is; empty for other graphs. */
-FString FindInterface(const UBlueprint& Blueprint, UEdGraph& Graph)
+static FString FindInterface(const UBlueprint& Blueprint, UEdGraph& Graph)
 {
 	for (const FBPInterfaceDescription& Row : Blueprint.ImplementedInterfaces)
 	{

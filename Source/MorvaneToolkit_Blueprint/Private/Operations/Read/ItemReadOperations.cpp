@@ -16,7 +16,7 @@ namespace ItemReads
 using Morvane::FToolResult;
 namespace ToolInfo = Morvane::ToolInfo;
 
-void AddFailure(const FItemKind& Item, const FString& Name, const FString& Path, FToolResult& Result)
+static void AddFailure(const FItemKind& Item, const FString& Name, const FString& Path, FToolResult& Result)
 {
 	if (Item.bFailureNamesBlueprint)
 	{
@@ -27,7 +27,7 @@ void AddFailure(const FItemKind& Item, const FString& Name, const FString& Path,
 	Result.AddErrorMessage(FString::Printf(TEXT("Failed to read %s '%s' at path: %s"), Item.Word, *Name, *Path));
 }
 
-void Read(const FItemKind& Item, const FJsonObject& Args, FToolResult& Result)
+static void Read(const FItemKind& Item, const FJsonObject& Args, FToolResult& Result)
 {
 	FString Path;
 	FString Name;

@@ -13,7 +13,7 @@ namespace OtherReads
 {
 namespace ToolInfo = Morvane::ToolInfo;
 
-TSharedPtr<FJsonObject> MakeCommand(const FString& Path, const TCHAR* ReadTool)
+static TSharedPtr<FJsonObject> MakeCommand(const FString& Path, const TCHAR* ReadTool)
 {
 	const TSharedPtr<FJsonObject> Command = MakeShared<FJsonObject>();
 	Command->SetStringField(TEXT("path"), Path);
@@ -22,7 +22,7 @@ TSharedPtr<FJsonObject> MakeCommand(const FString& Path, const TCHAR* ReadTool)
 }
 
 /** One name or several; none where the field holds neither. */
-TArray<TSharedPtr<FJsonValue>> ReadWidgetNames(const FJsonObject& Args)
+static TArray<TSharedPtr<FJsonValue>> ReadWidgetNames(const FJsonObject& Args)
 {
 	FString Name;
 	const TArray<TSharedPtr<FJsonValue>>* Names = nullptr;
@@ -35,7 +35,7 @@ TArray<TSharedPtr<FJsonValue>> ReadWidgetNames(const FJsonObject& Args)
 		: TArray<TSharedPtr<FJsonValue>>();
 }
 
-bool IsEmptyRead(const FString& Text)
+static bool IsEmptyRead(const FString& Text)
 {
 	return Text.IsEmpty() || Text == TEXT("{}");
 }

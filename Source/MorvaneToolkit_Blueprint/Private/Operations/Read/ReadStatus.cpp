@@ -7,7 +7,7 @@
 namespace ReadStatusImpl
 {
 /** Null for text that is no object. */
-TSharedPtr<FJsonObject> Parse(const FString& Text)
+static TSharedPtr<FJsonObject> Parse(const FString& Text)
 {
 	TSharedPtr<FJsonObject> Document;
 	const TSharedRef<TJsonReader<TCHAR>> Reader = TJsonReaderFactory<TCHAR>::Create(Text);
@@ -15,12 +15,12 @@ TSharedPtr<FJsonObject> Parse(const FString& Text)
 }
 
 /** Most documents say nothing of the kind, and a large one takes long to parse. */
-bool MayHoldStatus(const FString& Text)
+static bool MayHoldStatus(const FString& Text)
 {
 	return Text.Contains(TEXT("\"status\""), ESearchCase::CaseSensitive);
 }
 
-bool IsMissing(const TSharedPtr<FJsonValue>& Entry)
+static bool IsMissing(const TSharedPtr<FJsonValue>& Entry)
 {
 	const TSharedPtr<FJsonObject>* Object = nullptr;
 	FString Status;

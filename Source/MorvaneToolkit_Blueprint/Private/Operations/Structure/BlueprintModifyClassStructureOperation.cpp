@@ -40,7 +40,7 @@ constexpr FKind Delegates{TEXT("delegates"), &FUtils::CreateModifyRemoveBlueprin
 constexpr const FKind* InOrder[] = {&Variables, &Components, &Interfaces, &Timelines, &Delegates};
 
 /** Null after an error in the result. */
-UBlueprint* Begin(const FJsonObject& Args, FToolResult& Result)
+static UBlueprint* Begin(const FJsonObject& Args, FToolResult& Result)
 {
 	FString Path;
 	if (!RequireStringField(Args, ToolInfo::FieldName_Path, Path, Result))
@@ -57,7 +57,7 @@ UBlueprint* Begin(const FJsonObject& Args, FToolResult& Result)
 }
 
 /** The entries by name, from an object or from a list of objects that name themselves. Null when it is neither. */
-TSharedPtr<FJsonObject> ReadByName(const TSharedPtr<FJsonValue>& Value)
+static TSharedPtr<FJsonObject> ReadByName(const TSharedPtr<FJsonValue>& Value)
 {
 	if (const TSharedPtr<FJsonObject>& Object = Value->AsObject())
 	{
@@ -85,7 +85,7 @@ TSharedPtr<FJsonObject> ReadByName(const TSharedPtr<FJsonValue>& Value)
 }
 
 /** False when the routine says so, or after an error for a field that holds something else. */
-bool Run(const FKind& Kind, UBlueprint& Blueprint, const TSharedPtr<FJsonValue>& Value, FToolResult& Result)
+static bool Run(const FKind& Kind, UBlueprint& Blueprint, const TSharedPtr<FJsonValue>& Value, FToolResult& Result)
 {
 	if (!Kind.RunList)
 	{
@@ -110,14 +110,14 @@ bool Run(const FKind& Kind, UBlueprint& Blueprint, const TSharedPtr<FJsonValue>&
 	return false;
 }
 
-TSharedPtr<FJsonValue> FindEntries(const FKind& Kind, const FJsonObject& Args)
+static TSharedPtr<FJsonValue> FindEntries(const FKind& Kind, const FJsonObject& Args)
 {
 	const TSharedPtr<FJsonValue> Value = Args.TryGetField(Kind.Field);
 	return Value && !Value->IsNull() ? Value : nullptr;
 }
 
 /** A call for one kind alone. */
-void ExecuteKind(const FKind& Kind, const FJsonObject& Args, FToolResult& Result)
+static void ExecuteKind(const FKind& Kind, const FJsonObject& Args, FToolResult& Result)
 {
 	UBlueprint* const Blueprint = Begin(Args, Result);
 	if (!Blueprint)
@@ -138,7 +138,7 @@ void ExecuteKind(const FKind& Kind, const FJsonObject& Args, FToolResult& Result
 	}
 }
 
-void SetDuration(double Start, FToolResult& Result)
+static void SetDuration(double Start, FToolResult& Result)
 {
 	const TSharedPtr<FJsonObject> Telemetry = MakeShared<FJsonObject>();
 	Telemetry->SetNumberField(TEXT("duration_ms"), (FPlatformTime::Seconds() - Start) * 1000.0);
@@ -146,7 +146,7 @@ void SetDuration(double Start, FToolResult& Result)
 }
 
 /** A partly done batch is saved: what could be done stands, and the messages tell the rest. */
-void Finish(UBlueprint& Blueprint, bool bAllDone, FToolResult& Result)
+static void Finish(UBlueprint& Blueprint, bool bAllDone, FToolResult& Result)
 {
 	const FString Name = FAssetOperationBase::GetAssetNameFromPath(Blueprint.GetPathName());
 	const bool bSaved = FAssetOperationBase::SaveAsset(&Blueprint, Result);

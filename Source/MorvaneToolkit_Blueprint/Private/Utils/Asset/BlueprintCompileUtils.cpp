@@ -11,7 +11,7 @@
 namespace BlueprintCompileText
 {
 /** The single-line title. */
-FString GetTitle(const UEdGraphNode& Node)
+static FString GetTitle(const UEdGraphNode& Node)
 {
 	return Node.GetNodeTitle(ENodeTitleType::ListView).ToString();
 }
@@ -62,7 +62,7 @@ struct FMentions
 	}
 };
 
-FString Describe(const FTokenizedMessage& Message)
+static FString Describe(const FTokenizedMessage& Message)
 {
 	FMentions Mentions;
 	for (const TSharedRef<IMessageToken>& Token : Message.GetMessageTokens())
@@ -84,7 +84,7 @@ FString Describe(const FTokenizedMessage& Message)
 	return Message.ToText().ToString() + Mentions.ToText();
 }
 
-void Compile(UBlueprint* Blueprint, bool bSkipSave, FCompilerResultsLog& Log)
+static void Compile(UBlueprint* Blueprint, bool bSkipSave, FCompilerResultsLog& Log)
 {
 	Log.SetSourcePath(Blueprint->GetPathName());
 	// The value of the option that callers ask for; it has no name that all engine versions share.

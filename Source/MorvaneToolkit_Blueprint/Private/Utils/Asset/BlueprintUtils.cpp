@@ -25,7 +25,7 @@ namespace BlueprintMaking
 {
 /** The class that {"type", "parent_path"} means; false after an error in the result. Null is for the caller to judge.
  */
-bool ReadParentClass(const FJsonObject& Json, Morvane::FToolResult& Result, FString& OutPath, UClass*& OutClass)
+static bool ReadParentClass(const FJsonObject& Json, Morvane::FToolResult& Result, FString& OutPath, UClass*& OutClass)
 {
 	FString Type;
 	if (!Json.TryGetStringField(TEXT("type"), Type))
@@ -55,7 +55,7 @@ bool ReadParentClass(const FJsonObject& Json, Morvane::FToolResult& Result, FStr
 }
 
 /** Libraries and interfaces are kinds of their own, with static functions or with functions that have no body. */
-EBlueprintType GetType(const UClass* ParentClass)
+static EBlueprintType GetType(const UClass* ParentClass)
 {
 	static const UClass* const Library = FindObject<UClass>(nullptr, TEXT("/Script/Engine.BlueprintFunctionLibrary"));
 	if (ParentClass->HasAnyClassFlags(CLASS_Interface))
@@ -77,7 +77,7 @@ UBlueprint* Make(const FString& Path, UClass* ParentClass, Morvane::FToolResult&
 }
 
 /** Of all kinds of Blueprint only the widget one has a factory of its own; the others differ by their parent class. */
-UBlueprint* MakeOfClass(const FString& Path, UClass* ParentClass, Morvane::FToolResult& Result)
+static UBlueprint* MakeOfClass(const FString& Path, UClass* ParentClass, Morvane::FToolResult& Result)
 {
 	return ParentClass->IsChildOf(UUserWidget::StaticClass())
 		? Make<UWidgetBlueprintFactory, UWidgetBlueprint>(Path, ParentClass, Result)

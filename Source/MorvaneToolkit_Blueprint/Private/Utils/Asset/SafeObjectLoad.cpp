@@ -8,7 +8,7 @@
 namespace SafeObjectLoadImpl
 {
 /** The object, or null with the reason. */
-UObject* Load(const FString& Path, FString& OutReason)
+static UObject* Load(const FString& Path, FString& OutReason)
 {
 	if (Path.IsEmpty())
 	{

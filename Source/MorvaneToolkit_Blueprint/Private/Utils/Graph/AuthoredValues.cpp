@@ -22,18 +22,18 @@ struct FTree
 	TArray<FPart> Parts;
 };
 
-bool IsOpening(TCHAR Char)
+static bool IsOpening(TCHAR Char)
 {
 	return Char == TEXT('(') || Char == TEXT('[') || Char == TEXT('{');
 }
 
-bool IsClosing(TCHAR Char)
+static bool IsClosing(TCHAR Char)
 {
 	return Char == TEXT(')') || Char == TEXT(']') || Char == TEXT('}');
 }
 
 /** Where one of the characters stands outside all brackets and quotes; INDEX_NONE when nowhere. */
-int32 FindOutside(const FString& Text, const TCHAR* Wanted, int32 From = 0)
+static int32 FindOutside(const FString& Text, const TCHAR* Wanted, int32 From = 0)
 {
 	int32 Depth = 0;
 	bool bQuoted = false;
@@ -54,7 +54,7 @@ int32 FindOutside(const FString& Text, const TCHAR* Wanted, int32 From = 0)
 	return INDEX_NONE;
 }
 
-TArray<FString> SplitOutside(const FString& Text, const TCHAR* Separators)
+static TArray<FString> SplitOutside(const FString& Text, const TCHAR* Separators)
 {
 	TArray<FString> Parts;
 	int32 From = 0;
@@ -68,13 +68,13 @@ TArray<FString> SplitOutside(const FString& Text, const TCHAR* Separators)
 }
 
 /** What the brackets around the whole text hold; the text itself where there are none. */
-FString WithinBrackets(const FString& Text)
+static FString WithinBrackets(const FString& Text)
 {
 	const bool bBrackets = Text.Len() > 1 && IsOpening(Text[0]) && IsClosing(Text[Text.Len() - 1]);
 	return bBrackets ? Text.Mid(1, Text.Len() - 2).TrimStartAndEnd() : Text;
 }
 
-FTree Parse(const FString& Value)
+static FTree Parse(const FString& Value)
 {
 	FTree Tree;
 	Tree.Text = Value.TrimStartAndEnd();
@@ -100,7 +100,7 @@ FTree Parse(const FString& Value)
 	return Tree;
 }
 
-const FProperty* FindMember(const UScriptStruct& Struct, const FString& Key)
+static const FProperty* FindMember(const UScriptStruct& Struct, const FString& Key)
 {
 	const FString Wanted = LooseNames::Squeeze(Key);
 	const FProperty* ByLetter = nullptr;
@@ -117,7 +117,7 @@ const FProperty* FindMember(const UScriptStruct& Struct, const FString& Key)
 }
 
 /** The members in the order in which authors write them. */
-TArray<const FProperty*> MembersInRow(const UScriptStruct& Struct)
+static TArray<const FProperty*> MembersInRow(const UScriptStruct& Struct)
 {
 	TArray<const FProperty*> Members;
 	if (Struct.GetName() == TEXT("Color"))
@@ -135,14 +135,14 @@ TArray<const FProperty*> MembersInRow(const UScriptStruct& Struct)
 	return Members;
 }
 
-bool IsColor(const UScriptStruct& Struct)
+static bool IsColor(const UScriptStruct& Struct)
 {
 	return Struct.GetName() == TEXT("LinearColor") || Struct.GetName() == TEXT("Color");
 }
 
 bool WriteStruct(const UScriptStruct& Struct, const FTree& Tree, FString& OutText);
 
-bool WriteMember(const FProperty& Member, const FTree& Value, FString& OutText)
+static bool WriteMember(const FProperty& Member, const FTree& Value, FString& OutText)
 {
 	const FStructProperty* const Inner = CastField<FStructProperty>(&Member);
 	if (!Inner || !Inner->Struct || Value.IsLeaf())
@@ -184,7 +184,8 @@ bool WriteStruct(const UScriptStruct& Struct, const FTree& Tree, FString& OutTex
 }
 
 /** Three numbers in a row, parts that are not named standing at Default. */
-bool WriteRow(const FTree& Tree, std::initializer_list<const TCHAR*> Names, const TCHAR* Default, FString& OutRow)
+static bool WriteRow(
+	const FTree& Tree, std::initializer_list<const TCHAR*> Names, const TCHAR* Default, FString& OutRow)
 {
 	TArray<FString> Numbers = {Default, Default, Default};
 	const bool bPositional = Tree.Parts.Num() == 3;
@@ -209,7 +210,7 @@ bool WriteRow(const FTree& Tree, std::initializer_list<const TCHAR*> Names, cons
 }
 
 /** "0,0,0|0,90,0|1,1,1", the rotation in degrees. */
-bool WriteTransform(const FTree& Tree, FString& OutText)
+static bool WriteTransform(const FTree& Tree, FString& OutText)
 {
 	FString Rows[] = {TEXT("0,0,0"), TEXT("0,0,0"), TEXT("1,1,1")};
 	for (int32 Index = 0; Index < Tree.Parts.Num(); ++Index)
@@ -234,7 +235,7 @@ bool WriteTransform(const FTree& Tree, FString& OutText)
 	return !Tree.IsLeaf();
 }
 
-FString ToStructText(const UScriptStruct& Struct, const FString& Value)
+static FString ToStructText(const UScriptStruct& Struct, const FString& Value)
 {
 	const FTree Tree = Parse(Value);
 	FString Text;
@@ -243,7 +244,7 @@ FString ToStructText(const UScriptStruct& Struct, const FString& Value)
 	return bWritten ? Text : Value;
 }
 
-FString ToEnumText(const UEnum& Enum, const FString& Value)
+static FString ToEnumText(const UEnum& Enum, const FString& Value)
 {
 	const FString Wanted = LooseNames::Squeeze(Value);
 	for (int32 Index = 0; Index < Enum.NumEnums(); ++Index)
@@ -257,7 +258,7 @@ FString ToEnumText(const UEnum& Enum, const FString& Value)
 	return Value;
 }
 
-bool IsTaken(const UEdGraphPin& Pin, const FString& Value)
+static bool IsTaken(const UEdGraphPin& Pin, const FString& Value)
 {
 	return GetDefault<UEdGraphSchema_K2>()->DefaultValueSimpleValidation(
 		Pin.PinType, Pin.PinName, Value, nullptr, FText::GetEmpty());

@@ -12,7 +12,7 @@
 
 namespace BlueprintFunctionUtils
 {
-UEdGraph* FindFunctionGraph(const UBlueprint& Blueprint, const FString& Name)
+static UEdGraph* FindFunctionGraph(const UBlueprint& Blueprint, const FString& Name)
 {
 	for (UEdGraph* const Graph : Blueprint.FunctionGraphs)
 	{
@@ -25,7 +25,8 @@ UEdGraph* FindFunctionGraph(const UBlueprint& Blueprint, const FString& Name)
 }
 
 /** False, reported, without a Blueprint or a name. */
-bool ReadName(const UBlueprint* Blueprint, const FJsonObject& Function, FString& OutName, Morvane::FToolResult& Result)
+static bool ReadName(
+	const UBlueprint* Blueprint, const FJsonObject& Function, FString& OutName, Morvane::FToolResult& Result)
 {
 	if (!Blueprint)
 	{
@@ -40,7 +41,7 @@ bool ReadName(const UBlueprint* Blueprint, const FJsonObject& Function, FString&
 	return true;
 }
 
-bool ReportNotFound(const FString& Name, Morvane::FToolResult& Result)
+static bool ReportNotFound(const FString& Name, Morvane::FToolResult& Result)
 {
 	Result.AddErrorMessage(FString::Printf(TEXT("Function '%s' not found"), *Name));
 	return false;

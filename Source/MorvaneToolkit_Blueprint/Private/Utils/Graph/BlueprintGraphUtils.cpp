@@ -12,7 +12,7 @@
 
 namespace BlueprintGraphUtils
 {
-bool Holds(const TArray<TObjectPtr<UEdGraph>>& Graphs, const UEdGraph* Graph)
+static bool Holds(const TArray<TObjectPtr<UEdGraph>>& Graphs, const UEdGraph* Graph)
 {
 	return Graph && Graphs.ContainsByPredicate([Graph](const UEdGraph* Candidate) { return Candidate == Graph; });
 }
@@ -33,7 +33,7 @@ TNode* FindFirst(const UEdGraph* Graph)
 	return nullptr;
 }
 
-UEdGraph* FindPage(const UBlueprint& Blueprint, const FString& Name)
+static UEdGraph* FindPage(const UBlueprint& Blueprint, const FString& Name)
 {
 	for (UEdGraph* const Page : Blueprint.UbergraphPages)
 	{

@@ -6,12 +6,12 @@
 
 namespace BlueprintGraphValidation
 {
-bool IsBroken(const UEdGraphPin* Linked)
+static bool IsBroken(const UEdGraphPin* Linked)
 {
 	return !Linked || !Linked->GetOwningNodeUnchecked();
 }
 
-bool ValidateNode(const UEdGraphNode& Node, TArray<FString>& OutErrors)
+static bool ValidateNode(const UEdGraphNode& Node, TArray<FString>& OutErrors)
 {
 	const int32 NumBefore = OutErrors.Num();
 	const FString Title = Node.GetNodeTitle(ENodeTitleType::ListView).ToString();

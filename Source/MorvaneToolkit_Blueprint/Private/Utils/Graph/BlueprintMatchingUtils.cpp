@@ -10,7 +10,7 @@ constexpr int32 ShortIdDigits = 7;
 constexpr int32 GuidDigits = 32;
 
 /** The text as hex digits and nothing else; unset for any other. */
-TOptional<uint32> ReadHex(FStringView Text)
+static TOptional<uint32> ReadHex(FStringView Text)
 {
 	uint32 Value = 0;
 	for (const TCHAR Char : Text)
@@ -60,7 +60,7 @@ struct FNodeId
 	TOptional<FGuid> Guid;
 };
 
-UEdGraph* FindNested(UEdGraph* Graph, FName Name, TSet<const UEdGraph*>& Visited)
+static UEdGraph* FindNested(UEdGraph* Graph, FName Name, TSet<const UEdGraph*>& Visited)
 {
 	if (!Graph || Visited.Contains(Graph))
 	{
@@ -81,7 +81,7 @@ UEdGraph* FindNested(UEdGraph* Graph, FName Name, TSet<const UEdGraph*>& Visited
 	return nullptr;
 }
 
-UEdGraph* GetTopGraph(UEdGraph* Graph)
+static UEdGraph* GetTopGraph(UEdGraph* Graph)
 {
 	UEdGraph* Top = Graph;
 	for (UEdGraph* Outer = Graph; Outer; Outer = UEdGraph::GetOuterGraph(Outer->GetOuter()))

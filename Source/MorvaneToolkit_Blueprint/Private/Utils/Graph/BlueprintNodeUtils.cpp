@@ -59,7 +59,7 @@ TNode* SpawnForOwnVariable(
 		});
 }
 
-void LinkTarget(const UEdGraph& Graph, UEdGraphPin* OwnerPin, const UEdGraphNode& Node)
+static void LinkTarget(const UEdGraph& Graph, UEdGraphPin* OwnerPin, const UEdGraphNode& Node)
 {
 	UEdGraphPin* const TargetPin = Node.FindPin(UEdGraphSchema_K2::PN_Self, EGPD_Input);
 	const UEdGraphSchema* const Schema = Graph.GetSchema();

@@ -18,14 +18,14 @@ const TCHAR* const FunctionKey = TEXT("FunctionName");
 const TCHAR* const ClassKey = TEXT("ClassName");
 
 /** A Blueprint, or the class that it made, stands for the class that knows what is not compiled yet. */
-UClass* AsClass(UObject* Object)
+static UClass* AsClass(UObject* Object)
 {
 	UClass* const Class = Cast<UClass>(Object);
 	UBlueprint* const Blueprint = Class ? UBlueprint::GetBlueprintFromClass(Class) : Cast<UBlueprint>(Object);
 	return Blueprint ? FMemberReference::GetBlueprintSelfClass(Blueprint) : Class;
 }
 
-UClass* FindInScriptPackages(const FString& Name)
+static UClass* FindInScriptPackages(const FString& Name)
 {
 	for (const TCHAR* const Prefix :
 		{TEXT("Script/Engine."), TEXT("Script/CoreUObject."), TEXT("Script/AIModule."), TEXT("Script/UMG.")})
@@ -39,7 +39,7 @@ UClass* FindInScriptPackages(const FString& Name)
 }
 
 /** The libraries that a call mostly means, by their names with the prefix of code or without. */
-UClass* FindLibrary(const FString& Name)
+static UClass* FindLibrary(const FString& Name)
 {
 	for (const TCHAR* const Library : {TEXT("KismetSystemLibrary"), TEXT("KismetMathLibrary"),
 			 TEXT("KismetStringLibrary"), TEXT("KismetArrayLibrary")})
@@ -53,7 +53,7 @@ UClass* FindLibrary(const FString& Name)
 	return nullptr;
 }
 
-UClass* FindClass(const UEdGraphNode& Node, const FString& Name, Morvane::FToolResult& Result)
+static UClass* FindClass(const UEdGraphNode& Node, const FString& Name, Morvane::FToolResult& Result)
 {
 	if (Name.StartsWith(TEXT("/")))
 	{
@@ -71,7 +71,7 @@ UClass* FindClass(const UEdGraphNode& Node, const FString& Name, Morvane::FToolR
 }
 
 /** Why the node cannot call the function where it stands; empty when it can. Binds the node, and lets go again. */
-FString FindObstacle(UK2Node_CallFunction& Call, const UFunction& Function)
+static FString FindObstacle(UK2Node_CallFunction& Call, const UFunction& Function)
 {
 	if (!UEdGraphSchema_K2::CanUserKismetCallFunction(&Function))
 	{
@@ -87,7 +87,7 @@ FString FindObstacle(UK2Node_CallFunction& Call, const UFunction& Function)
 }
 
 /** Takes the pins away that only the function of before had; answers the values that go with them. */
-TArray<FString> DropOldPins(UK2Node_CallFunction& Call)
+static TArray<FString> DropOldPins(UK2Node_CallFunction& Call)
 {
 	TArray<FString> Values;
 	const TArray<UEdGraphPin*> Pins = Call.Pins;
@@ -108,7 +108,7 @@ TArray<FString> DropOldPins(UK2Node_CallFunction& Call)
 }
 
 /** The object that the old function was called on may be none for the new one; answers the links that go. */
-TArray<FString> DropWrongTargets(UK2Node_CallFunction& Call)
+static TArray<FString> DropWrongTargets(UK2Node_CallFunction& Call)
 {
 	TArray<FString> Links;
 	UEdGraphPin* const Self = Call.FindPin(UEdGraphSchema_K2::PN_Self, EGPD_Input);
@@ -127,7 +127,7 @@ TArray<FString> DropWrongTargets(UK2Node_CallFunction& Call)
 	return Links;
 }
 
-void Bind(UK2Node_CallFunction& Call, const UFunction& Function, Morvane::FToolResult& Result)
+static void Bind(UK2Node_CallFunction& Call, const UFunction& Function, Morvane::FToolResult& Result)
 {
 	Call.Modify();
 	Call.SetFromFunction(&Function);

@@ -20,26 +20,26 @@ namespace EventNodes
 /** More known variables than this are counted and not listed: an agent gets a short list or a pointer, never a dump. */
 constexpr int32 MaxListedVariables = 10;
 
-FVector2D GetPosition(UEdGraph& Graph, const FBPNodeModification& Record)
+static FVector2D GetPosition(UEdGraph& Graph, const FBPNodeModification& Record)
 {
 	const FVector2D Good = Graph.GetGoodPlaceForNewNode();
 	return FVector2D(Record.PositionX ? *Record.PositionX : Good.X, Record.PositionY ? *Record.PositionY : Good.Y);
 }
 
-void Place(UEdGraphNode& Node, const FVector2D& Position)
+static void Place(UEdGraphNode& Node, const FVector2D& Position)
 {
 	Node.NodePosX = static_cast<int32>(Position.X);
 	Node.NodePosY = static_cast<int32>(Position.Y);
 }
 
-bool AllowsDuplicate(const FBPNodeModification& Record)
+static bool AllowsDuplicate(const FBPNodeModification& Record)
 {
 	const FString Word = Record.GetMetadata(TEXT("allow_duplicate"));
 	return Word.Equals(TEXT("true"), ESearchCase::IgnoreCase) || Word.Equals(TEXT("1"), ESearchCase::IgnoreCase)
 		|| Word.Equals(TEXT("yes"), ESearchCase::IgnoreCase);
 }
 
-UK2Node_CustomEvent* FindCustomEvent(const UEdGraph& Graph, const FString& EventName)
+static UK2Node_CustomEvent* FindCustomEvent(const UEdGraph& Graph, const FString& EventName)
 {
 	for (UEdGraphNode* const Node : Graph.Nodes)
 	{
@@ -56,7 +56,7 @@ UK2Node_CustomEvent* FindCustomEvent(const UEdGraph& Graph, const FString& Event
 	return nullptr;
 }
 
-UK2Node_CustomEvent* SpawnCustomEvent(UEdGraph& Graph, const FString& EventName, const FVector2D& Position)
+static UK2Node_CustomEvent* SpawnCustomEvent(UEdGraph& Graph, const FString& EventName, const FVector2D& Position)
 {
 	FGraphNodeCreator<UK2Node_CustomEvent> Creator(Graph);
 	UK2Node_CustomEvent* const Event = Creator.CreateNode(false);
@@ -72,7 +72,7 @@ UK2Node_CustomEvent* SpawnCustomEvent(UEdGraph& Graph, const FString& EventName,
 }
 
 /** What the event does over the network, where the request says so; what it does not say stays as it is. */
-void ApplyReplication(
+static void ApplyReplication(
 	UBlueprint& Blueprint, UK2Node_CustomEvent& Event, const FBPNodeModification& Record, Morvane::FToolResult& Result)
 {
 	static constexpr struct
@@ -115,14 +115,15 @@ void ApplyReplication(
 }
 
 /** Why the event cannot have its name; empty when it can. What is to be a duplicate shares it with another event. */
-FString DescribeObstacle(const UBlueprint& Blueprint, const FString& EventName, const FBPNodeModification& Record)
+static FString DescribeObstacle(
+	const UBlueprint& Blueprint, const FString& EventName, const FBPNodeModification& Record)
 {
 	const bool bDuplicates = AllowsDuplicate(Record)
 		&& FBlueprintEditorUtils::FindCustomEventNode(&Blueprint, FName(*EventName));
 	return bDuplicates ? FString() : MemberNames::DescribeObstacle(Blueprint, EventName);
 }
 
-UEdGraphNode* CreateCustomEvent(UBlueprint& Blueprint, UEdGraph& Graph, const FString& EventName,
+static UEdGraphNode* CreateCustomEvent(UBlueprint& Blueprint, UEdGraph& Graph, const FString& EventName,
 	const FBPNodeModification& Record, Morvane::FToolResult& Result, FString& OutError)
 {
 	UK2Node_CustomEvent* const Existing = AllowsDuplicate(Record) ? nullptr : FindCustomEvent(Graph, EventName);
@@ -152,7 +153,7 @@ UEdGraphNode* CreateCustomEvent(UBlueprint& Blueprint, UEdGraph& Graph, const FS
 }
 
 /** A default event that nobody has used is disabled and says so; who asks for it wants it to run. */
-void Enable(UBlueprint& Blueprint, UK2Node_Event& Event)
+static void Enable(UBlueprint& Blueprint, UK2Node_Event& Event)
 {
 	if (!Event.IsAutomaticallyPlacedGhostNode())
 	{
@@ -167,7 +168,7 @@ void Enable(UBlueprint& Blueprint, UK2Node_Event& Event)
 }
 
 /** The function that the event overrides: by its own name, else by the one that the editor shows for it. */
-UClass* FindOverridden(UBlueprint& Blueprint, const FString& EventName, UFunction*& OutFunction)
+static UClass* FindOverridden(UBlueprint& Blueprint, const FString& EventName, UFunction*& OutFunction)
 {
 	UClass* const Exact = FBlueprintEditorUtils::GetOverrideFunctionClass(&Blueprint, FName(*EventName), &OutFunction);
 	if (Exact && OutFunction)
@@ -183,7 +184,7 @@ UClass* FindOverridden(UBlueprint& Blueprint, const FString& EventName, UFunctio
 				 : nullptr;
 }
 
-UEdGraphNode* CreateOverride(UBlueprint& Blueprint, UEdGraph& Graph, const FString& EventName,
+static UEdGraphNode* CreateOverride(UBlueprint& Blueprint, UEdGraph& Graph, const FString& EventName,
 	const FBPNodeModification& Record, Morvane::FToolResult& Result)
 {
 	UFunction* Function = nullptr;
@@ -219,13 +220,13 @@ UEdGraphNode* CreateOverride(UBlueprint& Blueprint, UEdGraph& Graph, const FStri
 }
 
 /** The class as it is declared now, whatever was declared since the last compile. */
-const UClass* GetKnownClass(const UBlueprint& Blueprint)
+static const UClass* GetKnownClass(const UBlueprint& Blueprint)
 {
 	const UClass* const Class = FBlueprintEditorUtils::GetMostUpToDateClass(Blueprint.GeneratedClass);
 	return Class ? Class : Blueprint.ParentClass.Get();
 }
 
-TArray<UWidget*> GetWidgets(const UBlueprint& Blueprint)
+static TArray<UWidget*> GetWidgets(const UBlueprint& Blueprint)
 {
 	TArray<UWidget*> Widgets;
 	const UWidgetBlueprint* const WidgetBlueprint = Cast<UWidgetBlueprint>(&Blueprint);
@@ -236,7 +237,7 @@ TArray<UWidget*> GetWidgets(const UBlueprint& Blueprint)
 	return Widgets;
 }
 
-bool IsKnownName(const UBlueprint& Blueprint, const FString& Name)
+static bool IsKnownName(const UBlueprint& Blueprint, const FString& Name)
 {
 	const UClass* const Class = GetKnownClass(Blueprint);
 	return Blueprint.NewVariables.ContainsByPredicate(
@@ -247,7 +248,7 @@ bool IsKnownName(const UBlueprint& Blueprint, const FString& Name)
 }
 
 /** Each name once, ignoring case, in the order in which the sources are asked. */
-TArray<FString> CollectKnownNames(const UBlueprint& Blueprint)
+static TArray<FString> CollectKnownNames(const UBlueprint& Blueprint)
 {
 	TSet<FString> Names;
 	for (const FBPVariableDescription& Variable : Blueprint.NewVariables)

@@ -24,19 +24,19 @@ constexpr int32 ResultOffset = 400;
 constexpr int32 DelegateSignatureFlags = FUNC_Public | FUNC_BlueprintCallable | FUNC_BlueprintEvent;
 static_assert(DelegateSignatureFlags == 0x0C020000);
 
-UEdGraph* MakeGraph(UBlueprint& Blueprint, const FString& Name)
+static UEdGraph* MakeGraph(UBlueprint& Blueprint, const FString& Name)
 {
 	return FBlueprintEditorUtils::CreateNewGraph(
 		&Blueprint, FName(*Name), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
 }
 
-FString GetSchemaName(const UEdGraph& Graph)
+static FString GetSchemaName(const UEdGraph& Graph)
 {
 	const UEdGraphSchema* const Schema = Graph.GetSchema();
 	return Schema ? Schema->GetClass()->GetName() : TEXT("Unknown");
 }
 
-UK2Node_FunctionEntry* SpawnEntry(UEdGraph& Graph, const FString& Name)
+static UK2Node_FunctionEntry* SpawnEntry(UEdGraph& Graph, const FString& Name)
 {
 	FGraphNodeCreator<UK2Node_FunctionEntry> Creator(Graph);
 	UK2Node_FunctionEntry* const Entry = Creator.CreateNode(false);
@@ -50,7 +50,7 @@ UK2Node_FunctionEntry* SpawnEntry(UEdGraph& Graph, const FString& Name)
 	return Entry;
 }
 
-UK2Node_FunctionResult* SpawnResult(UEdGraph& Graph, const UK2Node_FunctionEntry& Entry)
+static UK2Node_FunctionResult* SpawnResult(UEdGraph& Graph, const UK2Node_FunctionEntry& Entry)
 {
 	FGraphNodeCreator<UK2Node_FunctionResult> Creator(Graph);
 	UK2Node_FunctionResult* const Result = Creator.CreateNode(false);
@@ -64,7 +64,7 @@ UK2Node_FunctionResult* SpawnResult(UEdGraph& Graph, const UK2Node_FunctionEntry
 }
 
 /** The Blueprint's event graph, made where there is none. Null after an error in the result. */
-UEdGraph* EnsureEventGraphFor(UBlueprint& Blueprint, const FString& FunctionName, Morvane::FToolResult& Result)
+static UEdGraph* EnsureEventGraphFor(UBlueprint& Blueprint, const FString& FunctionName, Morvane::FToolResult& Result)
 {
 	if (UEdGraph* const EventGraph = FBlueprintEditorUtils::FindEventGraph(&Blueprint))
 	{
@@ -84,7 +84,7 @@ UEdGraph* EnsureEventGraphFor(UBlueprint& Blueprint, const FString& FunctionName
 	return EventGraph;
 }
 
-EFunctionGraphOutcome TakeEventWay(UBlueprint& Blueprint, const FString& Name, const UFunction& Function,
+static EFunctionGraphOutcome TakeEventWay(UBlueprint& Blueprint, const FString& Name, const UFunction& Function,
 	UClass* ParentClass, const FString& ParentName, Morvane::FToolResult& Result)
 {
 	UEdGraph* const EventGraph = EnsureEventGraphFor(Blueprint, Name, Result);
@@ -123,21 +123,21 @@ EFunctionGraphOutcome TakeEventWay(UBlueprint& Blueprint, const FString& Name, c
  * graphs, macros, dispatchers, animation graphs and what is nested in any graph keep their names to themselves, since
  * an entry would break them.
  */
-bool CanHoldFunction(const UBlueprint& Blueprint, const UEdGraph* Graph, const UEdGraph* TopGraph)
+static bool CanHoldFunction(const UBlueprint& Blueprint, const UEdGraph* Graph, const UEdGraph* TopGraph)
 {
 	const UEdGraphSchema* const Schema = Graph->GetSchema();
 	return Graph == TopGraph && Schema && Schema->GetGraphType(Graph) == GT_Function
 		&& !FBlueprintGraphUtils::IsDelegateSignatureGraph(&Blueprint, Graph);
 }
 
-bool ReportNoGraph(const FString& Name, const FString& Reason, Morvane::FToolResult& Result)
+static bool ReportNoGraph(const FString& Name, const FString& Reason, Morvane::FToolResult& Result)
 {
 	Result.AddErrorMessage(FString::Printf(TEXT("Failed to create function graph: %s (%s)"), *Name, *Reason));
 	return false;
 }
 
 /** The type under which the node has the pin already; null when it has none of the name. */
-const FEdGraphPinType* FindDeclaredType(const UK2Node_EditablePinBase& Node, FName Name)
+static const FEdGraphPinType* FindDeclaredType(const UK2Node_EditablePinBase& Node, FName Name)
 {
 	for (const TSharedPtr<FUserPinInfo>& Pin : Node.UserDefinedPins)
 	{
@@ -153,8 +153,8 @@ const FEdGraphPinType* FindDeclaredType(const UK2Node_EditablePinBase& Node, FNa
  * What stands already with this name and type is what the request means, so that a batch may be sent again; the
  * signature of an override is fixed, whatever type is asked for.
  */
-void AddPin(UK2Node_EditablePinBase& Node, FName Name, const FEdGraphPinType& Type, EEdGraphPinDirection Direction,
-	Morvane::FToolResult& Result)
+static void AddPin(UK2Node_EditablePinBase& Node, FName Name, const FEdGraphPinType& Type,
+	EEdGraphPinDirection Direction, Morvane::FToolResult& Result)
 {
 	const FEdGraphPinType* const Declared = FindDeclaredType(Node, Name);
 	const bool bIsDone = Node.bIsEditable ? Declared && *Declared == Type : Node.FindPin(Name, Direction) != nullptr;

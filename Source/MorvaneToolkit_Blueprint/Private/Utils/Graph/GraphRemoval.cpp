@@ -16,7 +16,7 @@
 
 namespace GraphRemovalImpl
 {
-bool MayBeRemoved(const UEdGraph& Graph, Morvane::FToolResult& Result)
+static bool MayBeRemoved(const UEdGraph& Graph, Morvane::FToolResult& Result)
 {
 	if (!Graph.GetSchema())
 	{
@@ -34,7 +34,7 @@ bool MayBeRemoved(const UEdGraph& Graph, Morvane::FToolResult& Result)
 	return true;
 }
 
-bool IsInside(const UEdGraphNode& Node, const UEdGraph& Graph)
+static bool IsInside(const UEdGraphNode& Node, const UEdGraph& Graph)
 {
 	for (const UEdGraph* Outer = Node.GetGraph(); Outer; Outer = Outer->GetTypedOuter<UEdGraph>())
 	{
@@ -46,7 +46,7 @@ bool IsInside(const UEdGraphNode& Node, const UEdGraph& Graph)
 	return false;
 }
 
-void CloseEditors(UEdGraph& Graph)
+static void CloseEditors(UEdGraph& Graph)
 {
 	UAssetEditorSubsystem* const Editors = GEditor ? GEditor->GetEditorSubsystem<UAssetEditorSubsystem>() : nullptr;
 	if (Editors)
@@ -55,7 +55,7 @@ void CloseEditors(UEdGraph& Graph)
 	}
 }
 
-bool IsDispatcher(const UBlueprint& Blueprint, FName Name)
+static bool IsDispatcher(const UBlueprint& Blueprint, FName Name)
 {
 	return Blueprint.NewVariables.ContainsByPredicate([Name](const FBPVariableDescription& Variable)
 		{ return Variable.VarName == Name && Variable.VarType.PinCategory == UEdGraphSchema_K2::PC_MCDelegate; });

@@ -12,14 +12,14 @@
 
 namespace LocalVariableEditsImpl
 {
-bool IsWhole(const FEdGraphPinType& Type)
+static bool IsWhole(const FEdGraphPinType& Type)
 {
 	return Type.PinCategory == UEdGraphSchema_K2::PC_Int || Type.PinCategory == UEdGraphSchema_K2::PC_Int64
 		|| (Type.PinCategory == UEdGraphSchema_K2::PC_Byte && !Type.PinSubCategoryObject.Get());
 }
 
 /** What is wrong with a default of the type; empty when nothing is, or when only a compile can tell. */
-FString FindFault(const FEdGraphPinType& Type, FName Name, const FString& Default)
+static FString FindFault(const FEdGraphPinType& Type, FName Name, const FString& Default)
 {
 	const bool bObject = Type.PinCategory == UEdGraphSchema_K2::PC_Object
 		|| Type.PinCategory == UEdGraphSchema_K2::PC_Class || Type.PinCategory == UEdGraphSchema_K2::PC_Interface;
@@ -203,7 +203,8 @@ private:
 };
 
 /** The entry that keeps the variables; null after a warning. */
-UK2Node_FunctionEntry* FindEntry(const UBlueprint& Blueprint, const UEdGraph* TopGraph, Morvane::FToolResult& Result)
+static UK2Node_FunctionEntry* FindEntry(
+	const UBlueprint& Blueprint, const UEdGraph* TopGraph, Morvane::FToolResult& Result)
 {
 	const bool bPage = FBlueprintGraphUtils::IsUbergraphPage(&Blueprint, TopGraph);
 	if (bPage || FBlueprintGraphUtils::IsDelegateSignatureGraph(&Blueprint, TopGraph))

@@ -21,13 +21,13 @@ struct FDefinition
 	TSharedPtr<FJsonObject> Json;
 };
 
-TSharedPtr<FJsonObject> ToObject(const TSharedPtr<FJsonValue>& Value)
+static TSharedPtr<FJsonObject> ToObject(const TSharedPtr<FJsonValue>& Value)
 {
 	const TSharedPtr<FJsonObject>* Object = nullptr;
 	return Value && Value->TryGetObject(Object) ? *Object : nullptr;
 }
 
-TArray<FDefinition> CollectDefinitions(const TSharedPtr<FJsonValue>& Value)
+static TArray<FDefinition> CollectDefinitions(const TSharedPtr<FJsonValue>& Value)
 {
 	TArray<FDefinition> Definitions;
 	const TArray<TSharedPtr<FJsonValue>>* Array = nullptr;
@@ -55,7 +55,7 @@ TArray<FDefinition> CollectDefinitions(const TSharedPtr<FJsonValue>& Value)
 }
 
 /** False, reported, when the default is of a type that has no text. */
-bool ReadDefault(const FDefinition& Definition, TOptional<FString>& OutDefault, Morvane::FToolResult& Result)
+static bool ReadDefault(const FDefinition& Definition, TOptional<FString>& OutDefault, Morvane::FToolResult& Result)
 {
 	const TSharedPtr<FJsonValue> Value = Definition.Json->TryGetField(TEXT("default_variable_value"));
 	FString Text;
@@ -87,7 +87,7 @@ bool ReadDefault(const FDefinition& Definition, TOptional<FString>& OutDefault, 
 }
 
 /** False, reported, when the type is not there and must be, or is there and no type. */
-bool ReadType(const FDefinition& Definition, FBPLocalVariableModification& Record, Morvane::FToolResult& Result)
+static bool ReadType(const FDefinition& Definition, FBPLocalVariableModification& Record, Morvane::FToolResult& Result)
 {
 	const TSharedPtr<FJsonValue> Value = Definition.Json->TryGetField(TEXT("type"));
 	if (!Value)
@@ -111,7 +111,8 @@ bool ReadType(const FDefinition& Definition, FBPLocalVariableModification& Recor
 	return true;
 }
 
-bool ParseOne(const FDefinition& Definition, FBPLocalVariableModification& OutRecord, Morvane::FToolResult& Result)
+static bool ParseOne(
+	const FDefinition& Definition, FBPLocalVariableModification& OutRecord, Morvane::FToolResult& Result)
 {
 	OutRecord.Name = Definition.Name;
 	if (!Definition.Json)
@@ -134,7 +135,7 @@ bool ParseOne(const FDefinition& Definition, FBPLocalVariableModification& OutRe
 	return ReadDefault(Definition, OutRecord.DefaultValue, Result) && ReadType(Definition, OutRecord, Result);
 }
 
-void ReplaceLegacyFloat(FJsonObject& Type)
+static void ReplaceLegacyFloat(FJsonObject& Type)
 {
 	FString Category;
 	RecordWords::ReadString(Type, TEXT("category"), Category);

@@ -12,13 +12,13 @@ namespace LoosePinNames
 using FSchema = UEdGraphSchema_K2;
 
 /** Whether a flag is called by a name, with the b that programmers put before it or without. */
-bool IsFlagName(const FString& PinName, const FString& Wanted)
+static bool IsFlagName(const FString& PinName, const FString& Wanted)
 {
 	return (PinName.Len() > 1 && PinName[0] == TEXT('b') && PinName.Mid(1) == Wanted)
 		|| (Wanted.Len() > 1 && Wanted[0] == TEXT('b') && Wanted.Mid(1) == PinName);
 }
 
-bool IsCalled(const UEdGraphPin& Pin, const FString& Wanted)
+static bool IsCalled(const UEdGraphPin& Pin, const FString& Wanted)
 {
 	const FString Name = LooseNames::Squeeze(Pin.PinName.ToString());
 	return Name == Wanted || LooseNames::Squeeze(Pin.GetDisplayName().ToString()) == Wanted
@@ -50,13 +50,13 @@ bool IsAnyOf(const FString& Name, const TCHAR* const (&Words)[Count])
 	return std::any_of(std::begin(Words), std::end(Words), [&Name](const TCHAR* Word) { return Name == Word; });
 }
 
-bool IsLatentCall(const UEdGraphNode& Node)
+static bool IsLatentCall(const UEdGraphNode& Node)
 {
 	const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node);
 	return Call && Call->IsLatentFunction();
 }
 
-UEdGraphPin* FindByUse(
+static UEdGraphPin* FindByUse(
 	const UEdGraphNode& Node, const FString& Wanted, const TArray<UEdGraphPin*>& Pins, EEdGraphPinDirection Direction)
 {
 	static const TCHAR* const ExecWords[] = {TEXT("exec"), TEXT("execution"), TEXT("execin"), TEXT("execout"),

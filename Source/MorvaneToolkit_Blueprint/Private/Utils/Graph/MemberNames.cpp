@@ -16,7 +16,7 @@
 namespace MemberNamesImpl
 {
 /** "a function library", for the kinds of Blueprint that lack something. */
-const TCHAR* NameKind(const UBlueprint& Blueprint)
+static const TCHAR* NameKind(const UBlueprint& Blueprint)
 {
 	switch (Blueprint.BlueprintType)
 	{
@@ -32,7 +32,7 @@ const TCHAR* NameKind(const UBlueprint& Blueprint)
 }
 
 /** Who has the name among the Blueprint's own members; empty when it is somebody else. */
-FString FindOwnHolder(const UBlueprint& Blueprint, FName Name)
+static FString FindOwnHolder(const UBlueprint& Blueprint, FName Name)
 {
 	if (const UEdGraph* const Graph = FBlueprintMatchingUtils::FindGraphByName(&Blueprint, Name.ToString()))
 	{
@@ -60,7 +60,7 @@ FString FindOwnHolder(const UBlueprint& Blueprint, FName Name)
 	return FBlueprintEditorUtils::FindCustomEventNode(&Blueprint, Name) ? TEXT("a custom event") : FString();
 }
 
-FString FindInheritedHolder(const UBlueprint& Blueprint, FName Name)
+static FString FindInheritedHolder(const UBlueprint& Blueprint, FName Name)
 {
 	const UClass* const Parent = Blueprint.ParentClass;
 	if (Parent && Parent->FindFunctionByName(Name))

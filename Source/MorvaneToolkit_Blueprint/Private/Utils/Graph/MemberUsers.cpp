@@ -14,7 +14,7 @@
 namespace MemberUsersImpl
 {
 /** Whether the class is the Blueprint's, or one below it. */
-bool IsClassOf(const UClass* Class, const UBlueprint& Blueprint)
+static bool IsClassOf(const UClass* Class, const UBlueprint& Blueprint)
 {
 	const UClass* const Own = Blueprint.GeneratedClass.Get();
 	return Class && (Class->ClassGeneratedBy == &Blueprint || (Own && Class->IsChildOf(Own)));
@@ -117,7 +117,7 @@ private:
 	bool bInherits = false;
 };
 
-void AddEventsOf(const UEdGraph& Graph, TSet<FName>& OutNames)
+static void AddEventsOf(const UEdGraph& Graph, TSet<FName>& OutNames)
 {
 	TArray<UK2Node_CustomEvent*> Events;
 	Graph.GetNodesOfClass(Events);

@@ -13,7 +13,7 @@
 
 namespace NodeEditing
 {
-bool HasOwnTitle(const UEdGraphNode& Node)
+static bool HasOwnTitle(const UEdGraphNode& Node)
 {
 	return Node.IsA<UK2Node_MathExpression>() || Node.IsA<UK2Node_CustomEvent>();
 }

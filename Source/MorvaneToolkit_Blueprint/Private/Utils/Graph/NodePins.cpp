@@ -13,7 +13,7 @@
 
 namespace NodePinsImpl
 {
-void SetTerminal(const FBPPinType& Record, FJsonObject& OutJson)
+static void SetTerminal(const FBPPinType& Record, FJsonObject& OutJson)
 {
 	OutJson.SetStringField(TEXT("category"), Record.Category);
 	OutJson.SetStringField(TEXT("sub_category"), Record.SubCategory);
@@ -21,7 +21,7 @@ void SetTerminal(const FBPPinType& Record, FJsonObject& OutJson)
 }
 
 /** The record as the asset helpers read pin types, which understand more words than the pins themselves have. */
-TSharedPtr<FJsonObject> ToJson(const FBPPinType& Record)
+static TSharedPtr<FJsonObject> ToJson(const FBPPinType& Record)
 {
 	const TSharedPtr<FJsonObject> Json = MakeShared<FJsonObject>();
 	SetTerminal(Record, *Json);

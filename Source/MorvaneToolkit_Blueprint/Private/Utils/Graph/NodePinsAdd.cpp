@@ -21,7 +21,7 @@
 
 namespace NodePinsAdd
 {
-bool HasPin(const UEdGraphNode& Node, const FBPPinModification& Record, Morvane::FToolResult& Result)
+static bool HasPin(const UEdGraphNode& Node, const FBPPinModification& Record, Morvane::FToolResult& Result)
 {
 	if (!Node.FindPin(Record.Name))
 	{
@@ -33,7 +33,7 @@ bool HasPin(const UEdGraphNode& Node, const FBPPinModification& Record, Morvane:
 }
 
 /** The way that parameters of the node face when the request does not say. */
-EEdGraphPinDirection GetOwnDirection(const UK2Node_EditablePinBase& Node)
+static EEdGraphPinDirection GetOwnDirection(const UK2Node_EditablePinBase& Node)
 {
 	const UK2Node_Tunnel* const Tunnel = Cast<UK2Node_Tunnel>(&Node);
 	const bool bTakesInputs = Node.IsA<UK2Node_FunctionResult>() || (Tunnel && !Tunnel->bCanHaveOutputs);
@@ -41,7 +41,7 @@ EEdGraphPinDirection GetOwnDirection(const UK2Node_EditablePinBase& Node)
 }
 
 /** A parameter and a local variable of one name would be one property of the function. */
-bool IsLocalVariable(const UK2Node_EditablePinBase& Node, FName Name)
+static bool IsLocalVariable(const UK2Node_EditablePinBase& Node, FName Name)
 {
 	const UK2Node_FunctionEntry* const Entry = Cast<UK2Node_FunctionTerminator>(&Node)
 		? FBlueprintGraphUtils::FindFunctionEntry(Node.GetGraph())
@@ -52,8 +52,8 @@ bool IsLocalVariable(const UK2Node_EditablePinBase& Node, FName Name)
 }
 
 /** Why the parameter cannot be; empty when it can. */
-FString FindObstacle(UK2Node_EditablePinBase& Node, const FBPPinModification& Record, const FEdGraphPinType& Type,
-	EEdGraphPinDirection Direction)
+static FString FindObstacle(UK2Node_EditablePinBase& Node, const FBPPinModification& Record,
+	const FEdGraphPinType& Type, EEdGraphPinDirection Direction)
 {
 	if (Record.Name.TrimStartAndEnd().IsEmpty() || FName(*Record.Name).IsNone())
 	{
@@ -76,7 +76,7 @@ FString FindObstacle(UK2Node_EditablePinBase& Node, const FBPPinModification& Re
 	return bMayBe ? FString() : Reason.ToString();
 }
 
-void MakeParameter(UK2Node_EditablePinBase& Node, const FBPPinModification& Record, const FEdGraphPinType& Type,
+static void MakeParameter(UK2Node_EditablePinBase& Node, const FBPPinModification& Record, const FEdGraphPinType& Type,
 	EEdGraphPinDirection Direction)
 {
 	for (UK2Node_EditablePinBase* const Each : NodePins::GetNodesOfSameParameters(Node))
@@ -89,7 +89,7 @@ void MakeParameter(UK2Node_EditablePinBase& Node, const FBPPinModification& Reco
 	}
 }
 
-bool AddParameter(UK2Node_EditablePinBase& Node, const FBPPinModification& Record, Morvane::FToolResult& Result)
+static bool AddParameter(UK2Node_EditablePinBase& Node, const FBPPinModification& Record, Morvane::FToolResult& Result)
 {
 	if (HasPin(Node, Record, Result))
 	{
@@ -120,7 +120,7 @@ bool AddParameter(UK2Node_EditablePinBase& Node, const FBPPinModification& Recor
 }
 
 /** The pins of a collapsed graph are those of the two ends inside it. */
-bool AddToComposite(UK2Node_Composite& Node, const FBPPinModification& Record, Morvane::FToolResult& Result)
+static bool AddToComposite(UK2Node_Composite& Node, const FBPPinModification& Record, Morvane::FToolResult& Result)
 {
 	if (HasPin(Node, Record, Result))
 	{
@@ -144,7 +144,7 @@ bool AddToComposite(UK2Node_Composite& Node, const FBPPinModification& Record, M
 }
 
 /** Lists of names that are the node's cases or arguments; null for a node that names its pins itself. */
-TArray<FName>* GetNameList(UEdGraphNode& Node)
+static TArray<FName>* GetNameList(UEdGraphNode& Node)
 {
 	if (UK2Node_SwitchString* const Strings = Cast<UK2Node_SwitchString>(&Node))
 	{
@@ -158,7 +158,7 @@ TArray<FName>* GetNameList(UEdGraphNode& Node)
 	return Format ? &Format->PinNames : nullptr;
 }
 
-TSet<FName> GetPinNames(const UEdGraphNode& Node)
+static TSet<FName> GetPinNames(const UEdGraphNode& Node)
 {
 	TSet<FName> Names;
 	for (const UEdGraphPin* const Pin : Node.Pins)
@@ -169,7 +169,8 @@ TSet<FName> GetPinNames(const UEdGraphNode& Node)
 }
 
 /** Says what a node that names its pins itself called the new ones, unless that is what was asked for. */
-void TellNames(const UEdGraphNode& Node, const TSet<FName>& Before, const FString& Asked, Morvane::FToolResult& Result)
+static void TellNames(
+	const UEdGraphNode& Node, const TSet<FName>& Before, const FString& Asked, Morvane::FToolResult& Result)
 {
 	TArray<FString> Made;
 	for (const UEdGraphPin* const Pin : Node.Pins)
@@ -186,7 +187,7 @@ void TellNames(const UEdGraphNode& Node, const TSet<FName>& Before, const FStrin
 	}
 }
 
-bool AddOneMore(
+static bool AddOneMore(
 	UEdGraphNode& Node, IK2Node_AddPinInterface& Adder, const FBPPinModification& Record, Morvane::FToolResult& Result)
 {
 	if (HasPin(Node, Record, Result))

@@ -17,7 +17,7 @@
 namespace NodePinsModify
 {
 /** The value of a chosen delegate is a function of the object, whatever pin it is said to be for. */
-bool ChooseFunction(UK2Node_CreateDelegate& Node, const FBPPinModification& Record, Morvane::FToolResult& Result)
+static bool ChooseFunction(UK2Node_CreateDelegate& Node, const FBPPinModification& Record, Morvane::FToolResult& Result)
 {
 	const UClass* const Scope = Node.GetScopeClass();
 	if (!Scope)
@@ -38,14 +38,14 @@ bool ChooseFunction(UK2Node_CreateDelegate& Node, const FBPPinModification& Reco
 	return true;
 }
 
-bool HoldsObject(const FEdGraphPinType& Type)
+static bool HoldsObject(const FEdGraphPinType& Type)
 {
 	return !Type.IsContainer()
 		&& (Type.PinCategory == UEdGraphSchema_K2::PC_Object || Type.PinCategory == UEdGraphSchema_K2::PC_Class);
 }
 
 /** "Class'/Path/To.Asset'" gives the path alone. */
-FString PathWithin(const FString& Text)
+static FString PathWithin(const FString& Text)
 {
 	FString Path = Text.TrimStartAndEnd().TrimQuotes();
 	int32 Quote = INDEX_NONE;
@@ -57,7 +57,7 @@ FString PathWithin(const FString& Text)
 }
 
 /** The value of a pin that holds an object as the path of one that is there; false after a warning. */
-bool FindObject(const UEdGraphPin& Pin, FString& InOutValue, Morvane::FToolResult& Result)
+static bool FindObject(const UEdGraphPin& Pin, FString& InOutValue, Morvane::FToolResult& Result)
 {
 	const FString Path = PathWithin(InOutValue);
 	if (!HoldsObject(Pin.PinType) || Path.IsEmpty() || Path.Equals(TEXT("None"), ESearchCase::IgnoreCase))
@@ -73,7 +73,7 @@ bool FindObject(const UEdGraphPin& Pin, FString& InOutValue, Morvane::FToolResul
 	return Object != nullptr;
 }
 
-bool SetValue(UEdGraphPin& Pin, const FBPPinModification& Record, Morvane::FToolResult& Result)
+static bool SetValue(UEdGraphPin& Pin, const FBPPinModification& Record, Morvane::FToolResult& Result)
 {
 	const UK2Node_EditablePinBase* const Parameters = Cast<UK2Node_EditablePinBase>(Pin.GetOwningNode());
 	const bool bParameter = Parameters && Parameters->UserDefinedPinExists(Pin.PinName);
@@ -90,7 +90,7 @@ bool SetValue(UEdGraphPin& Pin, const FBPPinModification& Record, Morvane::FTool
 	return (bLinked || FindObject(Pin, Value, Result)) && FBlueprintPinUtils::SetPinDefaultValue(&Pin, Value, Result);
 }
 
-void TakeType(UK2Node_EditablePinBase& Node, FName Name, const FEdGraphPinType& Type)
+static void TakeType(UK2Node_EditablePinBase& Node, FName Name, const FEdGraphPinType& Type)
 {
 	for (const TSharedPtr<FUserPinInfo>& Info : Node.UserDefinedPins)
 	{
@@ -107,7 +107,7 @@ void TakeType(UK2Node_EditablePinBase& Node, FName Name, const FEdGraphPinType& 
 }
 
 /** Gives a parameter that the author made another type; links that do not fit it are told. */
-bool ChangeType(UEdGraphNode& Node, FName Name, const FBPPinModification& Record, Morvane::FToolResult& Result)
+static bool ChangeType(UEdGraphNode& Node, FName Name, const FBPPinModification& Record, Morvane::FToolResult& Result)
 {
 	UK2Node_EditablePinBase* const Editable = Cast<UK2Node_EditablePinBase>(&Node);
 	if (!Editable || !Editable->UserDefinedPinExists(Name) || !NodePins::HasOwnParameters(*Editable))

@@ -17,14 +17,14 @@
 
 namespace NodePinsRemove
 {
-bool Refuse(const UEdGraphNode& Node, Morvane::FToolResult& Result)
+static bool Refuse(const UEdGraphNode& Node, Morvane::FToolResult& Result)
 {
 	Result.AddWarningMessage(
 		FString::Printf(TEXT("Remove pin not allowed for node '%s'"), *FBlueprintNodeUtils::GetFullTitle(&Node)));
 	return false;
 }
 
-bool RefuseExec(const UEdGraphNode& Node, const UEdGraphPin& Pin, Morvane::FToolResult& Result)
+static bool RefuseExec(const UEdGraphNode& Node, const UEdGraphPin& Pin, Morvane::FToolResult& Result)
 {
 	// The text ends as agents know it, without the closing quote.
 	Result.AddWarningMessage(FString::Printf(
@@ -33,7 +33,7 @@ bool RefuseExec(const UEdGraphNode& Node, const UEdGraphPin& Pin, Morvane::FTool
 }
 
 /** Options are known by their number, so it is the last one that goes. */
-bool RemoveOption(UK2Node_Select& Select, const UEdGraphPin& Pin, Morvane::FToolResult& Result)
+static bool RemoveOption(UK2Node_Select& Select, const UEdGraphPin& Pin, Morvane::FToolResult& Result)
 {
 	TArray<UEdGraphPin*> Options;
 	Select.GetOptionPins(Options);
@@ -52,7 +52,7 @@ bool RemoveOption(UK2Node_Select& Select, const UEdGraphPin& Pin, Morvane::FTool
 	return true;
 }
 
-bool RemoveOutput(UK2Node_ExecutionSequence& Sequence, UEdGraphPin& Pin, Morvane::FToolResult& Result)
+static bool RemoveOutput(UK2Node_ExecutionSequence& Sequence, UEdGraphPin& Pin, Morvane::FToolResult& Result)
 {
 	if (!UEdGraphSchema_K2::IsExecPin(Pin))
 	{
@@ -66,7 +66,7 @@ bool RemoveOutput(UK2Node_ExecutionSequence& Sequence, UEdGraphPin& Pin, Morvane
 	return true;
 }
 
-bool RemoveParameter(UK2Node_EditablePinBase& Node, FName Name, Morvane::FToolResult& Result)
+static bool RemoveParameter(UK2Node_EditablePinBase& Node, FName Name, Morvane::FToolResult& Result)
 {
 	if (!Node.UserDefinedPinExists(Name) || !NodePins::HasOwnParameters(Node))
 	{
@@ -79,7 +79,7 @@ bool RemoveParameter(UK2Node_EditablePinBase& Node, FName Name, Morvane::FToolRe
 	return true;
 }
 
-bool RemoveFromComposite(UK2Node_Composite& Node, const UEdGraphPin& Pin, Morvane::FToolResult& Result)
+static bool RemoveFromComposite(UK2Node_Composite& Node, const UEdGraphPin& Pin, Morvane::FToolResult& Result)
 {
 	UK2Node_Tunnel* const End = Pin.Direction == EGPD_Output ? Node.GetExitNode() : Node.GetEntryNode();
 	const FName Name = Pin.PinName;

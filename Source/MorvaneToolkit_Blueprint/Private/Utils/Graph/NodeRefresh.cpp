@@ -54,7 +54,7 @@ struct FLink
 	FString Text;
 };
 
-TArray<FLink> CollectLinks(const TArray<UK2Node*>& Nodes)
+static TArray<FLink> CollectLinks(const TArray<UK2Node*>& Nodes)
 {
 	TArray<FLink> Links;
 	for (const UK2Node* const Node : Nodes)

@@ -25,7 +25,7 @@ struct FPinAlias
 };
 
 /** Null for a name that is no alias. The table is made on first use and never changes. */
-const TArray<FString>* FindAliases(const FString& Requested)
+static const TArray<FString>* FindAliases(const FString& Requested)
 {
 	static const FPinAlias Rows[] = {
 		{TEXT("target"), {UEdGraphSchema_K2::PN_Self.ToString()}},
@@ -48,7 +48,7 @@ const TArray<FString>* FindAliases(const FString& Requested)
 }
 
 /** Names compare ignoring case, as FName does. */
-UEdGraphPin* FindPin(const UEdGraphNode& Node, const FString& PinName, EEdGraphPinDirection Direction)
+static UEdGraphPin* FindPin(const UEdGraphNode& Node, const FString& PinName, EEdGraphPinDirection Direction)
 {
 	for (UEdGraphPin* const Pin : Node.Pins)
 	{
@@ -61,7 +61,7 @@ UEdGraphPin* FindPin(const UEdGraphNode& Node, const FString& PinName, EEdGraphP
 }
 
 /** The first pin that the name is an alias of, among those that an author sees or among the others. */
-UEdGraphPin* FindPinByAlias(
+static UEdGraphPin* FindPinByAlias(
 	const UEdGraphNode& Node, const FString& Requested, EEdGraphPinDirection Direction, bool bHidden)
 {
 	const TArray<FString>* const Names = FindAliases(Requested);
@@ -78,7 +78,8 @@ UEdGraphPin* FindPinByAlias(
 
 /** What the name means in one direction, surest reading first. A visible pin goes before its own name's hidden alias:
  * a function may have a parameter "Target" beside the object that it is called on. */
-UEdGraphPin* FindPinInDirection(const UEdGraphNode& Node, const FString& Requested, EEdGraphPinDirection Direction)
+static UEdGraphPin* FindPinInDirection(
+	const UEdGraphNode& Node, const FString& Requested, EEdGraphPinDirection Direction)
 {
 	if (UEdGraphPin* const Pin = FindPinByAlias(Node, Requested, Direction, false))
 	{
@@ -132,13 +133,13 @@ private:
 	}
 };
 
-bool IsExecPinOfPureNode(const UEdGraphPin& Pin)
+static bool IsExecPinOfPureNode(const UEdGraphPin& Pin)
 {
 	const UK2Node* const Node = Cast<UK2Node>(Pin.GetOwningNodeUnchecked());
 	return Pin.PinType.PinCategory == UEdGraphSchema_K2::PC_Exec && Node && Node->IsNodePure();
 }
 
-FString GetListTitle(const UEdGraphPin& Pin)
+static FString GetListTitle(const UEdGraphPin& Pin)
 {
 	return Pin.GetOwningNode()->GetNodeTitle(ENodeTitleType::ListView).ToString();
 }
@@ -161,7 +162,8 @@ struct FLinkNames
 };
 
 /** A connection that the graph refused: to the telemetry, twice, and to the agent. */
-void ReportRefusal(const FLinkNames& Names, const FString& Message, const FString& Reason, Morvane::FToolResult& Result)
+static void ReportRefusal(
+	const FLinkNames& Names, const FString& Message, const FString& Reason, Morvane::FToolResult& Result)
 {
 	GraphTelemetry::RecordValidationFailure(Result, Message);
 	GraphTelemetry::RecordConnectionFailure(
@@ -169,7 +171,7 @@ void ReportRefusal(const FLinkNames& Names, const FString& Message, const FStrin
 	Result.AddWarningMessage(Message);
 }
 
-const UEdGraphSchema* GetSchemaOf(const UEdGraph& Graph)
+static const UEdGraphSchema* GetSchemaOf(const UEdGraph& Graph)
 {
 	const UEdGraphSchema* const Schema = Graph.GetSchema();
 	return Schema ? Schema : GetDefault<UEdGraphSchema_K2>();
@@ -218,7 +220,7 @@ struct FKeptDefault
  * Gives a class pin's value, which agents write as they name classes anywhere, the path of the class that it means.
  * What names no class stays for the schema to refuse. False, reported, when it could mean several Blueprints.
  */
-bool ResolveClassValue(const UEdGraphPin& Pin, FString& InOutValue, Morvane::FToolResult& Result)
+static bool ResolveClassValue(const UEdGraphPin& Pin, FString& InOutValue, Morvane::FToolResult& Result)
 {
 	const FName Category = Pin.PinType.PinCategory;
 	const bool bIsClassPin = !Pin.PinType.IsContainer()
@@ -245,7 +247,7 @@ bool ResolveClassValue(const UEdGraphPin& Pin, FString& InOutValue, Morvane::FTo
 }
 
 /** "float" and "double" are no pin categories any more: what they mean is a real of that precision. */
-void SetCategory(const FBPPinType& Record, FName& OutCategory, FName& OutSubCategory)
+static void SetCategory(const FBPPinType& Record, FName& OutCategory, FName& OutSubCategory)
 {
 	OutCategory = FName(*Record.Category);
 	OutSubCategory = FName(*Record.SubCategory);
@@ -256,7 +258,7 @@ void SetCategory(const FBPPinType& Record, FName& OutCategory, FName& OutSubCate
 	}
 }
 
-UObject* FindSubCategoryObject(const FBPPinType& Record)
+static UObject* FindSubCategoryObject(const FBPPinType& Record)
 {
 	return Record.SubCategoryObject.IsEmpty()
 		? nullptr

@@ -16,7 +16,8 @@
 namespace SignatureFollowingImpl
 {
 /** Other Blueprints change in memory, and their files do not: an agent has to know. */
-void TellOtherBlueprints(const UBlueprint& Blueprint, const TArray<UK2Node*>& Nodes, Morvane::FToolResult& Result)
+static void TellOtherBlueprints(
+	const UBlueprint& Blueprint, const TArray<UK2Node*>& Nodes, Morvane::FToolResult& Result)
 {
 	TArray<FString> Paths;
 	for (const UK2Node* const Node : Nodes)
@@ -36,7 +37,7 @@ void TellOtherBlueprints(const UBlueprint& Blueprint, const TArray<UK2Node*>& No
 	}
 }
 
-void TellLostLinks(const TArray<FString>& Lost, Morvane::FToolResult& Result)
+static void TellLostLinks(const TArray<FString>& Lost, Morvane::FToolResult& Result)
 {
 	if (!Lost.IsEmpty())
 	{
@@ -46,7 +47,7 @@ void TellLostLinks(const TArray<FString>& Lost, Morvane::FToolResult& Result)
 }
 
 /** Whether the graph's function is one that the Blueprint declares itself. */
-bool DeclaresFunction(UBlueprint& Blueprint, const UEdGraph& Graph)
+static bool DeclaresFunction(UBlueprint& Blueprint, const UEdGraph& Graph)
 {
 	const UClass* const Class = FMemberReference::GetBlueprintSelfClass(&Blueprint);
 	return FBlueprintGraphUtils::IsFunctionGraph(&Blueprint, &Graph) && Class
@@ -54,7 +55,7 @@ bool DeclaresFunction(UBlueprint& Blueprint, const UEdGraph& Graph)
 }
 
 /** The calls among the nodes whose purity is not what the function says. */
-TArray<UK2Node*> TakePurity(const TArray<UK2Node*>& Users, bool bPure)
+static TArray<UK2Node*> TakePurity(const TArray<UK2Node*>& Users, bool bPure)
 {
 	TArray<UK2Node*> Changed;
 	for (UK2Node* const User : Users)

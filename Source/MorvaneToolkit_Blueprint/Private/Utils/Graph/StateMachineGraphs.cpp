@@ -6,17 +6,17 @@
 
 namespace StateMachineGraphsImpl
 {
-bool Fits(const FString& Asked, const FString& Name)
+static bool Fits(const FString& Asked, const FString& Name)
 {
 	return Asked.IsEmpty() || Asked.Equals(Name, ESearchCase::IgnoreCase);
 }
 
-bool IsCalled(const UEdGraph* Graph, const FString& Name)
+static bool IsCalled(const UEdGraph* Graph, const FString& Name)
 {
 	return Graph && Graph->GetName().Equals(Name, ESearchCase::IgnoreCase);
 }
 
-UEdGraph* FindRule(const UEdGraph& Machine, const FString& GraphName, const StateMachineGraphs::FPlace& Place)
+static UEdGraph* FindRule(const UEdGraph& Machine, const FString& GraphName, const StateMachineGraphs::FPlace& Place)
 {
 	UEdGraph* First = nullptr;
 	TArray<UAnimStateTransitionNode*> Transitions;
@@ -39,7 +39,7 @@ UEdGraph* FindRule(const UEdGraph& Machine, const FString& GraphName, const Stat
 	return First;
 }
 
-UEdGraph* FindWithin(UEdGraph& Machine, const FString& GraphName)
+static UEdGraph* FindWithin(UEdGraph& Machine, const FString& GraphName)
 {
 	TArray<UEdGraph*> Graphs = {&Machine};
 	Machine.GetAllChildrenGraphs(Graphs);

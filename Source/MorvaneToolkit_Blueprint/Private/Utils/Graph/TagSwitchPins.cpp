@@ -8,14 +8,14 @@
 
 namespace TagSwitchPinsImpl
 {
-FGameplayTag FindTag(const FString& Name)
+static FGameplayTag FindTag(const FString& Name)
 {
 	const FName TagName(*Name);
 	return TagName.IsNone() ? FGameplayTag() : FGameplayTag::RequestGameplayTag(TagName, false);
 }
 
 /** The names that the cases have follow their tags when the pins are made anew. */
-void AddCase(UEdGraphNode& Node, const FGameplayTag& Tag)
+static void AddCase(UEdGraphNode& Node, const FGameplayTag& Tag)
 {
 	Node.Modify();
 	if (UGameplayTagsK2Node_SwitchGameplayTag* const Tags = Cast<UGameplayTagsK2Node_SwitchGameplayTag>(&Node))
@@ -34,7 +34,7 @@ void AddCase(UEdGraphNode& Node, const FGameplayTag& Tag)
 	Node.ReconstructNode();
 }
 
-FString TitleOf(const UEdGraphNode& Node)
+static FString TitleOf(const UEdGraphNode& Node)
 {
 	return FBlueprintNodeUtils::GetFullTitle(&Node);
 }

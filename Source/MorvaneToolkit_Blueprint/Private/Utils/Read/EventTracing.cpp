@@ -15,7 +15,7 @@ enum class ETraceWay
 };
 
 /** Walking from an event, exec inputs are the way back; walking to one, exec outputs are. */
-bool IsWayBack(const UEdGraphPin& Pin, ETraceWay Way)
+static bool IsWayBack(const UEdGraphPin& Pin, ETraceWay Way)
 {
 	const EEdGraphPinDirection Closed = Way == ETraceWay::FromEvent ? EGPD_Input : EGPD_Output;
 	return Pin.Direction == Closed && Pin.PinType.PinCategory == UEdGraphSchema_K2::PC_Exec;

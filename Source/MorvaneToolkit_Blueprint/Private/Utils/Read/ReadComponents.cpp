@@ -23,7 +23,7 @@ struct FRow
 	FName Socket;
 };
 
-FRow MakeNativeRow(const UActorComponent& Component)
+static FRow MakeNativeRow(const UActorComponent& Component)
 {
 	FRow Row{Component.GetName(), &Component, Component.GetClass(), FString(), NAME_None};
 	const USceneComponent* const Scene = Cast<USceneComponent>(&Component);
@@ -35,7 +35,7 @@ FRow MakeNativeRow(const UActorComponent& Component)
 	return Row;
 }
 
-FRow MakeScriptRow(const USCS_Node& Node, const UActorComponent* Template)
+static FRow MakeScriptRow(const USCS_Node& Node, const UActorComponent* Template)
 {
 	const UClass* const Class = Template ? Template->GetClass() : Node.ComponentClass.Get();
 	FRow Row{Node.GetVariableName().ToString(), Template, Class, FString(), NAME_None};
@@ -51,7 +51,7 @@ FRow MakeScriptRow(const USCS_Node& Node, const UActorComponent* Template)
 	return Row;
 }
 
-TArray<FRow> GatherRows(const FReadSection& Section)
+static TArray<FRow> GatherRows(const FReadSection& Section)
 {
 	TArray<FRow> Rows;
 	if (Section.Class.IsChildOf(AActor::StaticClass()))
@@ -71,7 +71,7 @@ TArray<FRow> GatherRows(const FReadSection& Section)
 	return Rows;
 }
 
-TArray<TSharedPtr<FJsonValue>> GetChildren(const TArray<FRow>& Rows, const FString& Parent)
+static TArray<TSharedPtr<FJsonValue>> GetChildren(const TArray<FRow>& Rows, const FString& Parent)
 {
 	TArray<TSharedPtr<FJsonValue>> Children;
 	for (const FRow& Row : Rows)
@@ -84,7 +84,7 @@ TArray<TSharedPtr<FJsonValue>> GetChildren(const TArray<FRow>& Rows, const FStri
 	return Children;
 }
 
-void SetDetails(FJsonObject& Entry, const FRow& Row, const TArray<FRow>& Rows)
+static void SetDetails(FJsonObject& Entry, const FRow& Row, const TArray<FRow>& Rows)
 {
 	if (Row.Component)
 	{

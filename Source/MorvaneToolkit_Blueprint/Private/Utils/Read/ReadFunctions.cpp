@@ -12,7 +12,7 @@
 
 namespace ReadFunctions
 {
-void AddGraph(FReadSection& Section, const UEdGraph& Graph)
+static void AddGraph(FReadSection& Section, const UEdGraph& Graph)
 {
 	const TSharedPtr<FJsonObject> Entry = Section.AddEntry(Graph.GetName());
 	if (Section.bFull)
@@ -21,7 +21,7 @@ void AddGraph(FReadSection& Section, const UEdGraph& Graph)
 	}
 }
 
-void AddGraphs(FReadSection& Section, const TArray<TObjectPtr<UEdGraph>>& Graphs)
+static void AddGraphs(FReadSection& Section, const TArray<TObjectPtr<UEdGraph>>& Graphs)
 {
 	for (const UEdGraph* const Graph : Graphs)
 	{
@@ -32,7 +32,7 @@ void AddGraphs(FReadSection& Section, const TArray<TObjectPtr<UEdGraph>>& Graphs
 	}
 }
 
-const UEdGraph* FindGraph(const UBlueprint& Blueprint, FName Name)
+static const UEdGraph* FindGraph(const UBlueprint& Blueprint, FName Name)
 {
 	TArray<UEdGraph*> Graphs;
 	Blueprint.GetAllGraphs(Graphs);
@@ -41,7 +41,7 @@ const UEdGraph* FindGraph(const UBlueprint& Blueprint, FName Name)
 	return Found ? *Found : nullptr;
 }
 
-TSharedPtr<FJsonObject> MakeParameter(const FString& Name, const FProperty* Property)
+static TSharedPtr<FJsonObject> MakeParameter(const FString& Name, const FProperty* Property)
 {
 	FEdGraphPinType Type;
 	FAssetOperationBase::ConvertPropertyToEdGraphPinType(Property, Type);
@@ -51,7 +51,7 @@ TSharedPtr<FJsonObject> MakeParameter(const FString& Name, const FProperty* Prop
 	return Parameter;
 }
 
-void SetSignature(FJsonObject& Entry, const UFunction& Function)
+static void SetSignature(FJsonObject& Entry, const UFunction& Function)
 {
 	if (const FProperty* const Return = Function.GetReturnProperty())
 	{
@@ -77,7 +77,7 @@ void SetSignature(FJsonObject& Entry, const UFunction& Function)
 	ReadSections::SetUnlessEmpty(Entry, TEXT("out_params"), MoveTemp(Out));
 }
 
-void AddClassFunction(FReadSection& Section, const UFunction& Function)
+static void AddClassFunction(FReadSection& Section, const UFunction& Function)
 {
 	const TSharedPtr<FJsonObject> Entry = Section.AddEntry(Function.GetName());
 	const UClass* const Owner = Function.GetOwnerClass();

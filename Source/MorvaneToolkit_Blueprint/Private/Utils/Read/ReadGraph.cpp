@@ -21,26 +21,26 @@ namespace ReadGraph
 {
 constexpr int32 MaxDepth = 10;
 
-TSharedPtr<FJsonObject> MakeError(const FString& Text)
+static TSharedPtr<FJsonObject> MakeError(const FString& Text)
 {
 	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
 	Object->SetStringField(TEXT("error"), Text);
 	return Object;
 }
 
-TSharedPtr<FJsonObject> MakeDepthError(const FString& Text, int32 Depth)
+static TSharedPtr<FJsonObject> MakeDepthError(const FString& Text, int32 Depth)
 {
 	const TSharedPtr<FJsonObject> Object = MakeError(Text);
 	Object->SetNumberField(TEXT("recursion_depth"), Depth);
 	return Object;
 }
 
-bool IsTool(const FString& ReadTool, const TCHAR* Tool)
+static bool IsTool(const FString& ReadTool, const TCHAR* Tool)
 {
 	return ReadTool.Equals(Tool, ESearchCase::IgnoreCase);
 }
 
-void SetHead(FJsonObject& Object, const UEdGraph& Graph)
+static void SetHead(FJsonObject& Object, const UEdGraph& Graph)
 {
 	const UEdGraphSchema* const Schema = Graph.GetSchema();
 	Object.SetStringField(TEXT("name"), Graph.GetName());
@@ -49,8 +49,8 @@ void SetHead(FJsonObject& Object, const UEdGraph& Graph)
 }
 
 /** The nodes in their order, until the call has shown as much as it may. */
-void AddNodes(const TArray<const UEdGraphNode*>& Nodes, TFunctionRef<TSharedPtr<FJsonObject>(const UEdGraphNode&)> Read,
-	TArray<TSharedPtr<FJsonValue>>& OutValues)
+static void AddNodes(const TArray<const UEdGraphNode*>& Nodes,
+	TFunctionRef<TSharedPtr<FJsonObject>(const UEdGraphNode&)> Read, TArray<TSharedPtr<FJsonValue>>& OutValues)
 {
 	for (const UEdGraphNode* const Node : Nodes)
 	{
@@ -64,8 +64,8 @@ void AddNodes(const TArray<const UEdGraphNode*>& Nodes, TFunctionRef<TSharedPtr<
 	}
 }
 
-TSharedPtr<FJsonObject> ReadNodeWithPins(const UEdGraphNode& Node, const TSharedPtr<FJsonObject>& Command, int32 Depth,
-	TSet<const UEdGraph*>& Visited, FPinReader& PinReader)
+static TSharedPtr<FJsonObject> ReadNodeWithPins(const UEdGraphNode& Node, const TSharedPtr<FJsonObject>& Command,
+	int32 Depth, TSet<const UEdGraph*>& Visited, FPinReader& PinReader)
 {
 	const TSharedPtr<FJsonObject> Info = FBlueprintReadUtils::ReadNodeInfo(&Node, Command, Depth, Visited);
 	TArray<TSharedPtr<FJsonValue>> Pins;
@@ -81,7 +81,7 @@ TSharedPtr<FJsonObject> ReadNodeWithPins(const UEdGraphNode& Node, const TShared
 	return Info;
 }
 
-TSharedPtr<FJsonObject> MakeStateMachineInfo(const UAnimationStateMachineGraph& Graph)
+static TSharedPtr<FJsonObject> MakeStateMachineInfo(const UAnimationStateMachineGraph& Graph)
 {
 	const TSharedPtr<FJsonObject> Info = MakeShared<FJsonObject>();
 	if (const UAnimStateEntryNode* const Entry = Graph.EntryNode)
@@ -157,7 +157,7 @@ namespace ReadGraph
 {
 const TCHAR* const FloatingName = TEXT("nodes_not_attached_to_an_event");
 
-bool IsEvent(const UEdGraphNode* Node)
+static bool IsEvent(const UEdGraphNode* Node)
 {
 	return Cast<IK2Node_EventNodeInterface>(Node) || Node->IsA<UK2Node_ComponentBoundEvent>();
 }
@@ -173,7 +173,7 @@ struct FFlow
  * Breadth first along every link but those that come into an execution input: what runs after a node, what takes its
  * values, and what gives it values. Other events end the walk.
  */
-FFlow WalkFlow(const UEdGraphNode* Event)
+static FFlow WalkFlow(const UEdGraphNode* Event)
 {
 	FFlow Flow{Event, {Event}};
 	TSet<const UEdGraphNode*> Seen;

@@ -28,7 +28,8 @@ struct FContext
 	TSet<const UEdGraph*>& Visited;
 };
 
-void SetMember(FJsonObject& Properties, const TCHAR* NameKey, FName Name, const TCHAR* ClassKey, const UClass* Parent)
+static void SetMember(
+	FJsonObject& Properties, const TCHAR* NameKey, FName Name, const TCHAR* ClassKey, const UClass* Parent)
 {
 	Properties.SetStringField(NameKey, Name.ToString());
 	if (Parent)
@@ -37,20 +38,20 @@ void SetMember(FJsonObject& Properties, const TCHAR* NameKey, FName Name, const 
 	}
 }
 
-void SetVariable(FJsonObject& Properties, const UK2Node_Variable& Node)
+static void SetVariable(FJsonObject& Properties, const UK2Node_Variable& Node)
 {
 	SetMember(Properties, TEXT("variable_name"), Node.VariableReference.GetMemberName(), TEXT("variable_scope"),
 		Node.VariableReference.GetMemberParentClass());
 }
 
-void SetCall(FJsonObject& Properties, const UK2Node_CallFunction& Node)
+static void SetCall(FJsonObject& Properties, const UK2Node_CallFunction& Node)
 {
 	SetMember(Properties, TEXT("function_name"), Node.GetFunctionName(), TEXT("function_class"),
 		Node.FunctionReference.GetMemberParentClass());
 	Properties.SetBoolField(TEXT("is_pure"), Node.IsNodePure());
 }
 
-void SetEvent(FJsonObject& Properties, const UK2Node_Event& Node)
+static void SetEvent(FJsonObject& Properties, const UK2Node_Event& Node)
 {
 	Properties.SetStringField(TEXT("node_title"), Node.GetNodeTitle(ENodeTitleType::MenuTitle).ToString());
 	if (const UClass* const Parent = Node.EventReference.GetMemberParentClass())
@@ -60,7 +61,7 @@ void SetEvent(FJsonObject& Properties, const UK2Node_Event& Node)
 }
 
 /** The head of objects that stand for a node of a state machine. */
-void SetHead(FJsonObject& Object, const UEdGraphNode& Node)
+static void SetHead(FJsonObject& Object, const UEdGraphNode& Node)
 {
 	Object.SetStringField(TEXT("class_name"), Node.GetClass()->GetName());
 	Object.SetStringField(TEXT("node_guid"), FBlueprintNodeUtils::GetShortNodeId(&Node));
@@ -68,7 +69,7 @@ void SetHead(FJsonObject& Object, const UEdGraphNode& Node)
 	Object.SetNumberField(TEXT("pos_y"), Node.NodePosY);
 }
 
-void SetBoundGraph(FJsonObject& Object, const UEdGraph* BoundGraph, const FContext& Context)
+static void SetBoundGraph(FJsonObject& Object, const UEdGraph* BoundGraph, const FContext& Context)
 {
 	if (!BoundGraph)
 	{
@@ -81,7 +82,7 @@ void SetBoundGraph(FJsonObject& Object, const UEdGraph* BoundGraph, const FConte
 	Object.SetNumberField(TEXT("bound_graph_depth"), Context.Depth + 1);
 }
 
-void SetAliasedStates(FJsonObject& Object, const UAnimStateAliasNode& Alias)
+static void SetAliasedStates(FJsonObject& Object, const UAnimStateAliasNode& Alias)
 {
 	if (Alias.GetAliasedStates().IsEmpty())
 	{
@@ -103,7 +104,7 @@ void SetAliasedStates(FJsonObject& Object, const UAnimStateAliasNode& Alias)
 }
 
 /** What the transition's own pins lead to: its inputs come from states, its outputs go to them. Duplicates stay. */
-void SetLinkedStates(FJsonObject& Object, const UAnimStateTransitionNode& Transition)
+static void SetLinkedStates(FJsonObject& Object, const UAnimStateTransitionNode& Transition)
 {
 	TArray<TSharedPtr<FJsonValue>> From;
 	TArray<TSharedPtr<FJsonValue>> To;
@@ -130,13 +131,13 @@ void SetLinkedStates(FJsonObject& Object, const UAnimStateTransitionNode& Transi
 	}
 }
 
-void SetTransition(FJsonObject& Object, const UAnimStateTransitionNode& Transition)
+static void SetTransition(FJsonObject& Object, const UAnimStateTransitionNode& Transition)
 {
 	Object.SetBoolField(TEXT("bidirectional"), Transition.Bidirectional);
 	Object.SetNumberField(TEXT("priority_order"), Transition.PriorityOrder);
 }
 
-TSharedPtr<FJsonObject> MakeNestedMachine(const UAnimGraphNode_StateMachine& Machine, const FContext& Context)
+static TSharedPtr<FJsonObject> MakeNestedMachine(const UAnimGraphNode_StateMachine& Machine, const FContext& Context)
 {
 	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
 	Object->SetStringField(TEXT("class_name"), Machine.GetClass()->GetName());
@@ -167,8 +168,8 @@ struct FMachineContents
 	}
 };
 
-void AddToMachine(FMachineContents& Contents, const UEdGraphNode& Node, const UAnimGraphNode_StateMachine& Machine,
-	const FContext& Context)
+static void AddToMachine(FMachineContents& Contents, const UEdGraphNode& Node,
+	const UAnimGraphNode_StateMachine& Machine, const FContext& Context)
 {
 	if (const UAnimGraphNode_StateMachine* const Nested = Cast<UAnimGraphNode_StateMachine>(&Node))
 	{
@@ -212,7 +213,8 @@ void AddToMachine(FMachineContents& Contents, const UEdGraphNode& Node, const UA
 	}
 }
 
-void SetStateMachine(FJsonObject& Properties, const UAnimGraphNode_StateMachine& Machine, const FContext& Context)
+static void SetStateMachine(
+	FJsonObject& Properties, const UAnimGraphNode_StateMachine& Machine, const FContext& Context)
 {
 	const UEdGraph* const Graph = Machine.EditorStateMachineGraph;
 	if (!Graph)
@@ -243,14 +245,14 @@ void SetStateMachine(FJsonObject& Properties, const UAnimGraphNode_StateMachine&
 		FBlueprintReadUtils::ReadEdGraph(Graph, Context.Command, Context.Depth + 1, Context.Visited));
 }
 
-void SetInfo(FJsonObject& Properties, const TCHAR* Key, TFunctionRef<void(FJsonObject&)> Fill)
+static void SetInfo(FJsonObject& Properties, const TCHAR* Key, TFunctionRef<void(FJsonObject&)> Fill)
 {
 	const TSharedPtr<FJsonObject> Info = MakeShared<FJsonObject>();
 	Fill(*Info);
 	Properties.SetObjectField(Key, Info);
 }
 
-void SetAnimationProperties(FJsonObject& Properties, const UEdGraphNode& Node, const FContext& Context)
+static void SetAnimationProperties(FJsonObject& Properties, const UEdGraphNode& Node, const FContext& Context)
 {
 	if (const UAnimGraphNode_StateMachine* const Machine = Cast<UAnimGraphNode_StateMachine>(&Node))
 	{
@@ -301,7 +303,7 @@ void SetAnimationProperties(FJsonObject& Properties, const UEdGraphNode& Node, c
 }
 
 /** The extras of the node's class: the first class that fits decides, so a custom event reads as an event. */
-void SetProperties(FJsonObject& Properties, const UEdGraphNode& Node, const FContext& Context)
+static void SetProperties(FJsonObject& Properties, const UEdGraphNode& Node, const FContext& Context)
 {
 	if (const UK2Node_VariableGet* const Get = Cast<UK2Node_VariableGet>(&Node))
 	{

@@ -11,7 +11,7 @@ namespace ReadPins
 constexpr int32 MaxTypes = 64;
 
 /** Moves name and text, where SetStringField would copy them. */
-void SetText(FJsonObject& Object, const TCHAR* Key, FString Text)
+static void SetText(FJsonObject& Object, const TCHAR* Key, FString Text)
 {
 	Object.SetField(FString(Key), MakeShared<FJsonValueString>(MoveTemp(Text)));
 }

@@ -13,7 +13,7 @@
 namespace ReadVariables
 {
 /** The description of a variable in the first of the Blueprints that has one. */
-const FBPVariableDescription* FindDescription(const TArray<UBlueprint*>& Blueprints, FName Name)
+static const FBPVariableDescription* FindDescription(const TArray<UBlueprint*>& Blueprints, FName Name)
 {
 	for (const UBlueprint* const Blueprint : Blueprints)
 	{
@@ -26,12 +26,12 @@ const FBPVariableDescription* FindDescription(const TArray<UBlueprint*>& Bluepri
 	return nullptr;
 }
 
-bool HasTrueMetaData(const FBPVariableDescription& Variable, FName Key)
+static bool HasTrueMetaData(const FBPVariableDescription& Variable, FName Key)
 {
 	return Variable.HasMetaData(Key) && Variable.GetMetaData(Key).Equals(TEXT("true"), ESearchCase::IgnoreCase);
 }
 
-TSharedPtr<FJsonObject> MakeReplication(const FBPVariableDescription& Variable)
+static TSharedPtr<FJsonObject> MakeReplication(const FBPVariableDescription& Variable)
 {
 	const TSharedPtr<FJsonObject> Replication = MakeShared<FJsonObject>();
 	if (!Variable.RepNotifyFunc.IsNone())
@@ -50,7 +50,7 @@ TSharedPtr<FJsonObject> MakeReplication(const FBPVariableDescription& Variable)
  * The description of a variable that stands for a widget of the tree; false for any other property. The tree declares
  * it, so that the overview of variables has no word of it, but a read that asks for it by name finds it.
  */
-bool DescribeWidgetVariable(const FReadSection& Section, const FProperty& Property, FBPVariableDescription& Out)
+static bool DescribeWidgetVariable(const FReadSection& Section, const FProperty& Property, FBPVariableDescription& Out)
 {
 	const UWidgetBlueprint* const WidgetBlueprint = Cast<UWidgetBlueprint>(&Section.Blueprint);
 	const UWidgetTree* const Tree = Section.bFull && WidgetBlueprint ? WidgetBlueprint->WidgetTree.Get() : nullptr;
@@ -65,7 +65,7 @@ bool DescribeWidgetVariable(const FReadSection& Section, const FProperty& Proper
 	return true;
 }
 
-void AddVariable(FReadSection& Section, const FString& Name, const FBPVariableDescription& Variable,
+static void AddVariable(FReadSection& Section, const FString& Name, const FBPVariableDescription& Variable,
 	const FEdGraphPinType& Type, const FString& DefaultValue)
 {
 	const TSharedPtr<FJsonObject> Entry = Section.AddEntry(Name);

@@ -15,7 +15,7 @@
 namespace ReadWidgets
 {
 /** Every editable property that has a text, whatever its type, by name. */
-TSharedPtr<FJsonObject> ExportProperties(UObject& Object)
+static TSharedPtr<FJsonObject> ExportProperties(UObject& Object)
 {
 	const TSharedPtr<FJsonObject> Properties = MakeShared<FJsonObject>();
 	for (TFieldIterator<FProperty> It(Object.GetClass(), EFieldIteratorFlags::IncludeSuper); It; ++It)
@@ -36,7 +36,7 @@ TSharedPtr<FJsonObject> ExportProperties(UObject& Object)
 	return Properties;
 }
 
-void SetHead(FJsonObject& Node, const UWidget& Widget)
+static void SetHead(FJsonObject& Node, const UWidget& Widget)
 {
 	Node.SetStringField(TEXT("name"), Widget.GetName());
 	Node.SetStringField(TEXT("class"), Widget.GetClass()->GetName());
@@ -48,7 +48,7 @@ void SetHead(FJsonObject& Node, const UWidget& Widget)
 	Node.SetBoolField(TEXT("is_variable"), Widget.bIsVariable);
 }
 
-void SetUnlessEmpty(FJsonObject& Details, const TCHAR* Key, const TSharedPtr<FJsonObject>& Object)
+static void SetUnlessEmpty(FJsonObject& Details, const TCHAR* Key, const TSharedPtr<FJsonObject>& Object)
 {
 	if (Object && !Object->Values.IsEmpty())
 	{

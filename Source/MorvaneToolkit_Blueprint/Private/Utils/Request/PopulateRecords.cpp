@@ -5,7 +5,7 @@
 
 namespace PopulateRecordsParsing
 {
-FBPPinModification ParsePin(const FJsonObject& Json)
+static FBPPinModification ParsePin(const FJsonObject& Json)
 {
 	FBPPinModification Record;
 	FString Action;
@@ -26,7 +26,7 @@ FBPPinModification ParsePin(const FJsonObject& Json)
 }
 
 /** Metadata is text, but for keys that are a number or a flag by nature: agents write them as such. */
-TMap<FString, FString> ParseMetadata(const FJsonObject& Json)
+static TMap<FString, FString> ParseMetadata(const FJsonObject& Json)
 {
 	TMap<FString, FString> Metadata = RecordWords::ReadStringMap(Json, TEXT("node_metadata"));
 	const TSharedPtr<FJsonObject>* Object = nullptr;
@@ -44,7 +44,7 @@ TMap<FString, FString> ParseMetadata(const FJsonObject& Json)
 	return Metadata;
 }
 
-TOptional<FEdGraphPinType> ParseType(const FJsonObject& Json, const TCHAR* Key)
+static TOptional<FEdGraphPinType> ParseType(const FJsonObject& Json, const TCHAR* Key)
 {
 	const TSharedPtr<FJsonObject>* Type = nullptr;
 	FEdGraphPinType PinType;

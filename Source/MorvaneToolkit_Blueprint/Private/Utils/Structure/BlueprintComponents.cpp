@@ -26,7 +26,7 @@ using namespace Morvane;
 
 /** "PointLight" and the like are short for the component, unless a class has that name. Null when it is no component.
  */
-UClass* FindComponentClass(const FString& Type)
+static UClass* FindComponentClass(const FString& Type)
 {
 	UClass* Class = FAssetOperationBase::GetAssetClassFromAssetName(Type);
 	Class = Class ? Class : FAssetOperationBase::GetAssetClassFromAssetName(Type + TEXT("Component"));

@@ -18,21 +18,21 @@ namespace BlueprintInterfaces
 using namespace Morvane;
 
 /** In C++ an interface has a second name, with an I in front, by which it is mostly known. */
-UClass* FindInterfaceClass(const FString& Name)
+static UClass* FindInterfaceClass(const FString& Name)
 {
 	UClass* const Class = FAssetOperationBase::GetAssetClassFromAssetName(Name);
 	const bool bPrefixed = Name.Len() > 2 && Name[0] == TEXT('I') && FChar::IsUpper(Name[1]);
 	return Class || !bPrefixed ? Class : FAssetOperationBase::GetAssetClassFromAssetName(Name.RightChop(1));
 }
 
-bool CanImplement(const UBlueprint& Blueprint)
+static bool CanImplement(const UBlueprint& Blueprint)
 {
 	return Blueprint.BlueprintType != BPTYPE_Interface && Blueprint.BlueprintType != BPTYPE_MacroLibrary
 		&& Blueprint.BlueprintType != BPTYPE_FunctionLibrary;
 }
 
 /** The class's own name, with or without the suffix of Blueprint classes. */
-bool IsName(const FString& Name, const UClass& Class)
+static bool IsName(const FString& Name, const UClass& Class)
 {
 	FString Short = Class.GetName();
 	Short.RemoveFromEnd(TEXT("_C"), ESearchCase::CaseSensitive);

@@ -100,7 +100,7 @@ private:
 };
 
 /** The type under "type", which may be a category word alone. */
-bool ReadType(const FJsonObject& Json, FEdGraphPinType& OutType)
+static bool ReadType(const FJsonObject& Json, FEdGraphPinType& OutType)
 {
 	const TSharedPtr<FJsonObject>* Object = nullptr;
 	FString Word;
@@ -115,23 +115,23 @@ bool ReadType(const FJsonObject& Json, FEdGraphPinType& OutType)
 }
 
 /** Keys of sets and maps are looked up by hash, which these have none of. */
-bool CanBeKey(const FEdGraphPinType& Type)
+static bool CanBeKey(const FEdGraphPinType& Type)
 {
 	return Type.PinCategory != UEdGraphSchema_K2::PC_Boolean && Type.PinCategory != UEdGraphSchema_K2::PC_Text;
 }
 
-bool IsWidgetType(const FEdGraphPinType& Type)
+static bool IsWidgetType(const FEdGraphPinType& Type)
 {
 	const UClass* const Class = Cast<UClass>(Type.PinSubCategoryObject.Get());
 	return Type.PinCategory == UEdGraphSchema_K2::PC_Object && Class && Class->IsChildOf(UWidget::StaticClass());
 }
 
-bool IsDelegate(const FEdGraphPinType& Type)
+static bool IsDelegate(const FEdGraphPinType& Type)
 {
 	return Type.PinCategory == UEdGraphSchema_K2::PC_Delegate || Type.PinCategory == UEdGraphSchema_K2::PC_MCDelegate;
 }
 
-bool AreSame(const FBPVariableDescription& Left, const FBPVariableDescription& Right)
+static bool AreSame(const FBPVariableDescription& Left, const FBPVariableDescription& Right)
 {
 	return Left.VarType == Right.VarType && Left.PropertyFlags == Right.PropertyFlags
 		&& Left.RepNotifyFunc == Right.RepNotifyFunc && Left.MetaDataArray == Right.MetaDataArray

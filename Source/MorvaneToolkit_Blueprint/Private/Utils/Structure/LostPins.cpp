@@ -7,14 +7,14 @@
 
 namespace LostPins
 {
-FString Describe(const UEdGraphPin& Pin)
+static FString Describe(const UEdGraphPin& Pin)
 {
 	const UEdGraphNode* const Node = Pin.GetOwningNode();
 	return FString::Printf(TEXT("pin '%s' of '%s' (NodeID: %s)"), *Pin.GetName(),
 		*FBlueprintNodeUtils::GetFullTitle(Node), *FBlueprintNodeUtils::GetShortNodeId(Node));
 }
 
-void Tell(const UEdGraphPin& Pin, const FString& Reason, Morvane::FToolResult& Result)
+static void Tell(const UEdGraphPin& Pin, const FString& Reason, Morvane::FToolResult& Result)
 {
 	const UEdGraph* const Graph = Pin.GetOwningNode()->GetGraph();
 	const FString GraphName = Graph ? Graph->GetName() : FString();

@@ -43,7 +43,7 @@ public:
 };
 
 /** Names as agents write them differ in case, blanks and underscores. */
-FString Squeeze(const FString& Name)
+static FString Squeeze(const FString& Name)
 {
 	return Name.Replace(TEXT("_"), TEXT("")).Replace(TEXT(" "), TEXT("")).ToLower();
 }
@@ -53,14 +53,14 @@ namespace PropertyJsonValues
 {
 using FJson = TSharedPtr<FJsonValue>;
 
-bool Fail(FString& OutFault, const FJson& Json, const FProperty& Property)
+static bool Fail(FString& OutFault, const FJson& Json, const FProperty& Property)
 {
 	OutFault = FString::Printf(
 		TEXT("%s is not a valid %s"), *StructureValues::Show(Json), *PropertyJson::TypeText(Property));
 	return false;
 }
 
-bool WriteBool(const FProperty& Property, const FJson& Json, void* Value, FString& OutFault)
+static bool WriteBool(const FProperty& Property, const FJson& Json, void* Value, FString& OutFault)
 {
 	bool bFlag = false;
 	if (!StructureValues::ToBool(Json, bFlag))
@@ -71,7 +71,7 @@ bool WriteBool(const FProperty& Property, const FJson& Json, void* Value, FStrin
 }
 
 /** The entry of any spelling, or by its number; none for the closing one that stands for no value. */
-int32 FindEnumEntry(const UEnum& Enum, const FJson& Json)
+static int32 FindEnumEntry(const UEnum& Enum, const FJson& Json)
 {
 	FString Name;
 	double Number = 0.0;
@@ -93,7 +93,7 @@ int32 FindEnumEntry(const UEnum& Enum, const FJson& Json)
 	return Enum.ContainsExistingMax() && Index == Enum.NumEnums() - 1 ? static_cast<int32>(INDEX_NONE) : Index;
 }
 
-bool WriteEnum(const FProperty& Property, const UEnum& Enum, const FJson& Json, void* Value, FString& OutFault)
+static bool WriteEnum(const FProperty& Property, const UEnum& Enum, const FJson& Json, void* Value, FString& OutFault)
 {
 	const int32 Index = FindEnumEntry(Enum, Json);
 	if (Index == INDEX_NONE)
@@ -111,7 +111,7 @@ bool WriteEnum(const FProperty& Property, const UEnum& Enum, const FJson& Json, 
 }
 
 /** A whole number keeps all its digits when it comes as text. */
-bool WriteNumber(const FNumericProperty& Property, const FJson& Json, void* Value, FString& OutFault)
+static bool WriteNumber(const FNumericProperty& Property, const FJson& Json, void* Value, FString& OutFault)
 {
 	double Number = 0.0;
 	if (!StructureValues::ToNumber(Json, Number) || (Property.IsInteger() && std::floor(Number) != Number))
@@ -134,7 +134,7 @@ bool WriteNumber(const FNumericProperty& Property, const FJson& Json, void* Valu
 		|| Fail(OutFault, Json, Property);
 }
 
-bool WriteText(const FProperty& Property, const FJson& Json, void* Value, FString& OutFault)
+static bool WriteText(const FProperty& Property, const FJson& Json, void* Value, FString& OutFault)
 {
 	FString Text;
 	bool bFlag = false;
@@ -159,7 +159,7 @@ bool WriteText(const FProperty& Property, const FJson& Json, void* Value, FStrin
 	return PropertyJson::Import(Property, Text, Value, nullptr, OutFault);
 }
 
-bool IsNothing(const FJson& Json)
+static bool IsNothing(const FJson& Json)
 {
 	FString Text;
 	if (Json->IsNull())
@@ -171,13 +171,13 @@ bool IsNothing(const FJson& Json)
 }
 
 /** A class by any of its names; null where the text names none, or none of the right kind. */
-UClass* FindClass(const FString& Text, const UClass* Base)
+static UClass* FindClass(const FString& Text, const UClass* Base)
 {
 	UClass* const Class = FAssetOperationBase::GetAssetClassFromAssetName(Text);
 	return Class && (!Base || Class->IsChildOf(Base)) ? Class : nullptr;
 }
 
-bool WriteSoftReference(const FSoftObjectProperty& Property, const FJson& Json, void* Value, FString& OutFault)
+static bool WriteSoftReference(const FSoftObjectProperty& Property, const FJson& Json, void* Value, FString& OutFault)
 {
 	FString Path;
 	Json->TryGetString(Path);
@@ -199,7 +199,7 @@ bool WriteSoftReference(const FSoftObjectProperty& Property, const FJson& Json, 
 	return bPlace ? PropertyJson::Import(Property, Path, Value, nullptr, OutFault) : Fail(OutFault, Json, Property);
 }
 
-bool WriteReference(const FProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
+static bool WriteReference(const FProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
 {
 	FString Text;
 	if (IsNothing(Json))
@@ -235,7 +235,8 @@ bool WriteReference(const FProperty& Property, const FJson& Json, void* Value, U
 	return false;
 }
 
-bool WriteArray(const FArrayProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
+static bool WriteArray(
+	const FArrayProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
 {
 	const FScriptArrayHelper Helper(&Property, Value);
 	Helper.EmptyValues();
@@ -250,7 +251,7 @@ bool WriteArray(const FArrayProperty& Property, const FJson& Json, void* Value, 
 	return true;
 }
 
-bool WriteSet(const FSetProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
+static bool WriteSet(const FSetProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
 {
 	const FScriptSetHelper Helper(&Property, Value);
 	Helper.EmptyElements();
@@ -266,8 +267,8 @@ bool WriteSet(const FSetProperty& Property, const FJson& Json, void* Value, UObj
 	return true;
 }
 
-bool AddPair(const FMapProperty& Property, const FJson& KeyJson, const FJson& ValueJson, void* Value, UObject* Owner,
-	FString& OutFault)
+static bool AddPair(const FMapProperty& Property, const FJson& KeyJson, const FJson& ValueJson, void* Value,
+	UObject* Owner, FString& OutFault)
 {
 	const FPropertyScratch Key(*Property.KeyProp);
 	const FPropertyScratch Held(*Property.ValueProp);
@@ -281,7 +282,7 @@ bool AddPair(const FMapProperty& Property, const FJson& KeyJson, const FJson& Va
 }
 
 /** From an object, or from a list of {"key": ..., "value": ...} for keys that are no text. */
-bool WriteMap(const FMapProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
+static bool WriteMap(const FMapProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
 {
 	FScriptMapHelper(&Property, Value).EmptyValues();
 	if (const TSharedPtr<FJsonObject>& Object = Json->AsObject())
@@ -316,7 +317,7 @@ bool WriteMap(const FMapProperty& Property, const FJson& Json, void* Value, UObj
 }
 
 /** Containers as JSON; as text they are read like everything else. */
-bool WriteContainer(const FProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
+static bool WriteContainer(const FProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
 {
 	FString Text;
 	if (Json->TryGetString(Text))
@@ -342,7 +343,7 @@ bool WriteContainer(const FProperty& Property, const FJson& Json, void* Value, U
 			   : WriteArray(*CastField<FArrayProperty>(&Property), Json, Value, Owner, OutFault);
 }
 
-const UEnum* GetEnum(const FProperty& Property)
+static const UEnum* GetEnum(const FProperty& Property)
 {
 	if (const FEnumProperty* const AsEnum = CastField<FEnumProperty>(&Property))
 	{

@@ -30,7 +30,7 @@ constexpr FFlagKey FlagKeys[] = {
 };
 
 /** True sets; false clears what may have been set, so never on a new variable. */
-void SetFlag(FBPVariableDescription& Variable, uint64 Flag, bool bValue, bool bIsNew)
+static void SetFlag(FBPVariableDescription& Variable, uint64 Flag, bool bValue, bool bIsNew)
 {
 	if (bValue)
 	{
@@ -42,7 +42,7 @@ void SetFlag(FBPVariableDescription& Variable, uint64 Flag, bool bValue, bool bI
 	}
 }
 
-void ApplyReplication(FBPVariableDescription& Variable, const FString& Word)
+static void ApplyReplication(FBPVariableDescription& Variable, const FString& Word)
 {
 	Variable.PropertyFlags &= ~NotifyFlags;
 	Variable.RepNotifyFunc = NAME_None;
@@ -57,7 +57,7 @@ void ApplyReplication(FBPVariableDescription& Variable, const FString& Word)
 	}
 }
 
-void ApplyTexts(FBPVariableDescription& Variable, const FJsonObject& Properties)
+static void ApplyTexts(FBPVariableDescription& Variable, const FJsonObject& Properties)
 {
 	FString Text;
 	if (Properties.TryGetStringField(TEXT("category"), Text))

@@ -9,7 +9,7 @@
 namespace VariableUses
 {
 /** A local variable, or a variable of another class, may have the same name. */
-bool IsOfBlueprint(const UK2Node_Variable& Node, const UBlueprint& Blueprint)
+static bool IsOfBlueprint(const UK2Node_Variable& Node, const UBlueprint& Blueprint)
 {
 	if (Node.VariableReference.IsLocalScope())
 	{

@@ -19,7 +19,7 @@ using Morvane::FToolResult;
 constexpr double Duration = 5.0;
 
 /** By its own name or the one that it shows. */
-UWidgetAnimation* Find(const UWidgetBlueprint& Blueprint, const FString& Name)
+static UWidgetAnimation* Find(const UWidgetBlueprint& Blueprint, const FString& Name)
 {
 	for (UWidgetAnimation* const Animation : Blueprint.Animations)
 	{
@@ -33,7 +33,7 @@ UWidgetAnimation* Find(const UWidgetBlueprint& Blueprint, const FString& Name)
 	return nullptr;
 }
 
-bool IsTaken(UWidgetBlueprint& Blueprint, const FString& Name)
+static bool IsTaken(UWidgetBlueprint& Blueprint, const FString& Name)
 {
 	const FName Member(*Name);
 	return Find(Blueprint, Name) || WidgetNames::IsTakenByMember(Blueprint, Member)
@@ -42,7 +42,7 @@ bool IsTaken(UWidgetBlueprint& Blueprint, const FString& Name)
 }
 
 /** Ignoring case; the highest number that is known to be in use is where the search goes on. */
-FString MakeUnique(UWidgetBlueprint& Blueprint, const FString& Name, TMap<FString, int32>& LastNumbers)
+static FString MakeUnique(UWidgetBlueprint& Blueprint, const FString& Name, TMap<FString, int32>& LastNumbers)
 {
 	FString Unique = Name;
 	int32& Number = LastNumbers.FindOrAdd(Name);
@@ -53,7 +53,7 @@ FString MakeUnique(UWidgetBlueprint& Blueprint, const FString& Name, TMap<FStrin
 	return Unique;
 }
 
-void Add(UWidgetBlueprint& Blueprint, const FString& Name, FToolResult& Result)
+static void Add(UWidgetBlueprint& Blueprint, const FString& Name, FToolResult& Result)
 {
 	UWidgetAnimation* const Animation = NewObject<UWidgetAnimation>(&Blueprint, FName(*Name), RF_Transactional);
 	Animation->MovieScene = NewObject<UMovieScene>(Animation, FName(*Name), RF_Transactional);
@@ -65,7 +65,7 @@ void Add(UWidgetBlueprint& Blueprint, const FString& Name, FToolResult& Result)
 	Result.AddSuccessMessage(FString::Printf(TEXT("Created animation '%s'"), *Name));
 }
 
-bool Remove(UWidgetBlueprint& Blueprint, const FString& Name, TSet<FString>& Removed, FToolResult& Result)
+static bool Remove(UWidgetBlueprint& Blueprint, const FString& Name, TSet<FString>& Removed, FToolResult& Result)
 {
 	UWidgetAnimation* const Animation = Find(Blueprint, Name);
 	if (!Animation)
@@ -91,7 +91,8 @@ struct FState
 	bool bAny = false;
 };
 
-bool RunOperation(UWidgetBlueprint& Blueprint, const TSharedPtr<FJsonValue>& Value, FState& State, FToolResult& Result)
+static bool RunOperation(
+	UWidgetBlueprint& Blueprint, const TSharedPtr<FJsonValue>& Value, FState& State, FToolResult& Result)
 {
 	const TSharedPtr<FJsonObject>* Operation = nullptr;
 	FString Name;
@@ -129,7 +130,7 @@ bool RunOperation(UWidgetBlueprint& Blueprint, const TSharedPtr<FJsonValue>& Val
 	return true;
 }
 
-void TellFailure(int32 Index, bool bAny, FToolResult& Result)
+static void TellFailure(int32 Index, bool bAny, FToolResult& Result)
 {
 	Result.AddWarningMessage(
 		bAny ? FString::Printf(

@@ -18,7 +18,7 @@ namespace WidgetTreeEdit
 {
 using Morvane::FToolResult;
 
-bool HasTree(const UWidgetBlueprint* Blueprint, FToolResult& Result)
+static bool HasTree(const UWidgetBlueprint* Blueprint, FToolResult& Result)
 {
 	if (Blueprint && Blueprint->WidgetTree)
 	{
@@ -29,8 +29,8 @@ bool HasTree(const UWidgetBlueprint* Blueprint, FToolResult& Result)
 }
 
 /** The widget that a record means, made if it is new; null after an error. */
-UWidget* FindOrCreate(UWidgetBlueprint& Blueprint, const FJsonObject& Record, const FString& Name, UPanelWidget* Parent,
-	FToolResult& Result, bool& bOutCreated)
+static UWidget* FindOrCreate(UWidgetBlueprint& Blueprint, const FJsonObject& Record, const FString& Name,
+	UPanelWidget* Parent, FToolResult& Result, bool& bOutCreated)
 {
 	FString Action;
 	bOutCreated = !Record.TryGetStringField(TEXT("action"), Action) || !IsAction(Action, TEXT("modify"));
@@ -60,7 +60,7 @@ UWidget* FindOrCreate(UWidgetBlueprint& Blueprint, const FJsonObject& Record, co
 }
 
 /** True when the Blueprint gets or loses a variable by it. */
-bool ApplyIsVariable(UWidget& Widget, const FJsonObject& Record, FWidgetChanges& Changes)
+static bool ApplyIsVariable(UWidget& Widget, const FJsonObject& Record, FWidgetChanges& Changes)
 {
 	bool bIsVariable = false;
 	if (!Record.TryGetBoolField(TEXT("is_variable"), bIsVariable) || Widget.bIsVariable == bIsVariable)

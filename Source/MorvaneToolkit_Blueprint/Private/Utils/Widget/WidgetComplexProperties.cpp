@@ -23,7 +23,7 @@ struct FSource
 };
 
 /** Null when there is no such field; names compare ignoring case. */
-TSharedPtr<FJsonValue> FindField(const FJsonObject& Object, const TCHAR* Name)
+static TSharedPtr<FJsonValue> FindField(const FJsonObject& Object, const TCHAR* Name)
 {
 	for (const auto& Pair : Object.Values)
 	{
@@ -36,7 +36,7 @@ TSharedPtr<FJsonValue> FindField(const FJsonObject& Object, const TCHAR* Name)
 }
 
 /** A number, or a text that is one. False for a field of another kind; a missing field gives Default. */
-bool ReadNumber(const FJsonObject& Object, const TCHAR* Name, double Default, double& OutNumber)
+static bool ReadNumber(const FJsonObject& Object, const TCHAR* Name, double Default, double& OutNumber)
 {
 	const TSharedPtr<FJsonValue> Field = FindField(Object, Name);
 	FString Text;
@@ -54,7 +54,7 @@ bool ReadNumber(const FJsonObject& Object, const TCHAR* Name, double Default, do
 }
 
 /** What the struct's member holds now; 0 where the struct has no such number. */
-double GetPresent(const FSource& Source, const TCHAR* Name)
+static double GetPresent(const FSource& Source, const TCHAR* Name)
 {
 	const FStructProperty* const Struct = CastField<FStructProperty>(&Source.Property);
 	const FNumericProperty* const Member = Struct && Struct->Struct
@@ -69,7 +69,7 @@ double GetPresent(const FSource& Source, const TCHAR* Name)
 }
 
 /** Whether the object says nothing beyond these fields, so that a form that knows them says it all. */
-bool HasOnly(const FJsonObject& Object, std::initializer_list<const TCHAR*> Names)
+static bool HasOnly(const FJsonObject& Object, std::initializer_list<const TCHAR*> Names)
 {
 	for (const auto& Pair : Object.Values)
 	{
@@ -87,7 +87,7 @@ bool HasOnly(const FJsonObject& Object, std::initializer_list<const TCHAR*> Name
 }
 
 /** No light where the object is silent, and opaque: a color without alpha is meant to be seen. */
-bool ReadColor(const FJsonObject& Object, FString& OutText)
+static bool ReadColor(const FJsonObject& Object, FString& OutText)
 {
 	double R = 0.0;
 	double G = 0.0;
@@ -108,7 +108,7 @@ enum class EForm
 	OtherFields,
 };
 
-EForm MakeColor(const FSource& Source, FString& OutText)
+static EForm MakeColor(const FSource& Source, FString& OutText)
 {
 	if (!HasOnly(Source.Object, {TEXT("R"), TEXT("G"), TEXT("B"), TEXT("A")}))
 	{
@@ -117,7 +117,7 @@ EForm MakeColor(const FSource& Source, FString& OutText)
 	return ReadColor(Source.Object, OutText) ? EForm::Text : EForm::BadValue;
 }
 
-EForm MakeVector2D(const FSource& Source, FString& OutText)
+static EForm MakeVector2D(const FSource& Source, FString& OutText)
 {
 	if (!HasOnly(Source.Object, {TEXT("X"), TEXT("Y")}))
 	{
@@ -131,7 +131,7 @@ EForm MakeVector2D(const FSource& Source, FString& OutText)
 	return bRead ? EForm::Text : EForm::BadValue;
 }
 
-EForm MakeMargin(const FSource& Source, FString& OutText)
+static EForm MakeMargin(const FSource& Source, FString& OutText)
 {
 	if (!HasOnly(Source.Object, {TEXT("Left"), TEXT("Top"), TEXT("Right"), TEXT("Bottom")}))
 	{
@@ -149,7 +149,7 @@ EForm MakeMargin(const FSource& Source, FString& OutText)
 	return bRead ? EForm::Text : EForm::BadValue;
 }
 
-EForm MakeFont(const FSource& Source, FString& OutText)
+static EForm MakeFont(const FSource& Source, FString& OutText)
 {
 	if (!HasOnly(Source.Object, {TEXT("Size")}))
 	{
@@ -163,14 +163,14 @@ EForm MakeFont(const FSource& Source, FString& OutText)
 }
 
 /** The object below a name; null for anything else. */
-const FJsonObject* FindObjectField(const FJsonObject& Object, const TCHAR* Name)
+static const FJsonObject* FindObjectField(const FJsonObject& Object, const TCHAR* Name)
 {
 	const TSharedPtr<FJsonValue> Field = FindField(Object, Name);
 	const TSharedPtr<FJsonObject>* Inner = nullptr;
 	return Field && Field->TryGetObject(Inner) ? Inner->Get() : nullptr;
 }
 
-EForm MakeBrush(const FSource& Source, FString& OutText)
+static EForm MakeBrush(const FSource& Source, FString& OutText)
 {
 	OutText = TEXT("()");
 	if (Source.Object.Values.IsEmpty())
@@ -190,13 +190,13 @@ EForm MakeBrush(const FSource& Source, FString& OutText)
 	return bRead ? EForm::Text : EForm::BadValue;
 }
 
-EForm MakeNothing(const FSource& Source, FString& OutText)
+static EForm MakeNothing(const FSource& Source, FString& OutText)
 {
 	OutText = TEXT("()");
 	return Source.Object.Values.IsEmpty() ? EForm::Text : EForm::OtherFields;
 }
 
-FString MapSizeRule(const FString& Rule)
+static FString MapSizeRule(const FString& Rule)
 {
 	if (Rule.Equals(TEXT("Automatic"), ESearchCase::IgnoreCase) || Rule.Equals(TEXT("Auto"), ESearchCase::IgnoreCase))
 	{
@@ -206,7 +206,7 @@ FString MapSizeRule(const FString& Rule)
 }
 
 /** Without a rule the size is automatic, whatever it was. */
-EForm MakeChildSize(const FSource& Source, FString& OutText)
+static EForm MakeChildSize(const FSource& Source, FString& OutText)
 {
 	if (!HasOnly(Source.Object, {TEXT("SizeRule"), TEXT("Value")}))
 	{
@@ -261,7 +261,8 @@ const FRow* FindRow(const FRow (&Rows)[Num], const FProperty& Property)
 }
 
 /** OutText is what was to be written, for the message. */
-EOutcome Write(UObject& Owner, const FProperty& Property, const FJsonObject& Value, const FRow* Row, FString& OutText)
+static EOutcome Write(
+	UObject& Owner, const FProperty& Property, const FJsonObject& Value, const FRow* Row, FString& OutText)
 {
 	const EForm Form = Row ? Row->Make({Value, Property, Owner}, OutText) : EForm::OtherFields;
 	switch (Form)

@@ -16,7 +16,7 @@ namespace WidgetCreation
 using Morvane::FToolResult;
 
 /** A short name means a widget before anything else that bears it: "Image", "UImage". */
-UClass* FindWidgetClass(const FString& ClassPath)
+static UClass* FindWidgetClass(const FString& ClassPath)
 {
 	const FString Text = ClassPath.TrimStartAndEnd();
 	if (Text.IsEmpty() || Text.Len() >= NAME_SIZE)
@@ -37,7 +37,7 @@ UClass* FindWidgetClass(const FString& ClassPath)
 	return FAssetOperationBase::GetAssetClassFromAssetName(Text);
 }
 
-UClass* ResolveClass(const FString& ClassPath, FToolResult& Result)
+static UClass* ResolveClass(const FString& ClassPath, FToolResult& Result)
 {
 	UClass* const Class = FindWidgetClass(ClassPath);
 	if (!Class)
@@ -63,7 +63,7 @@ UClass* ResolveClass(const FString& ClassPath, FToolResult& Result)
 }
 
 /** Whether a widget of the tree may be of the class: a Blueprint's own widget is not part of itself at any depth. */
-bool CheckCycle(const UWidgetBlueprint& Blueprint, UWidget& Widget, FToolResult& Result)
+static bool CheckCycle(const UWidgetBlueprint& Blueprint, UWidget& Widget, FToolResult& Result)
 {
 	UUserWidget* const UserWidget = Cast<UUserWidget>(&Widget);
 	if (!UserWidget || Blueprint.IsWidgetFreeFromCircularReferences(UserWidget))
@@ -75,7 +75,7 @@ bool CheckCycle(const UWidgetBlueprint& Blueprint, UWidget& Widget, FToolResult&
 	return false;
 }
 
-bool CheckName(UWidgetBlueprint& Blueprint, const FString& Name, FToolResult& Result)
+static bool CheckName(UWidgetBlueprint& Blueprint, const FString& Name, FToolResult& Result)
 {
 	if (!FWidgetBlueprintUtils::VerifyBlueprintVariableName(&Blueprint, Name, Result))
 	{

@@ -167,7 +167,7 @@ private:
 };
 
 /** Tells once for each slot class what may be set, as the class follows from the panel and is not in the request. */
-void HintAtSlotProperties(const UClass& SlotClass, FToolResult& Result)
+static void HintAtSlotProperties(const UClass& SlotClass, FToolResult& Result)
 {
 	const FString Name = SlotClass.GetName();
 	if (FWidgetBlueprintUtils::GetProcessedSlotClasses().Contains(Name))
