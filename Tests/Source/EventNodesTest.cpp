@@ -8,6 +8,7 @@
 #include "K2Node_CustomEvent.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
+#include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResults.h"
 
 using testing::ElementsAre;
@@ -87,6 +88,54 @@ TEST(EventNode, CustomEventsOfOneNameAreReusedUnlessDuplicatesAreAllowed)
 		EXPECT_EQ(CastChecked<UK2Node_CustomEvent>(Duplicate)->GetFunctionName(), FName(TEXT("Ping"))) << ToStd(Word);
 	}
 	EXPECT_THAT(Successes(Case.Result)[0], "Created custom event 'Ping' in EventGraph 'EventGraph'");
+}
+
+TEST(EventNode, AnEventThatIsThereTakesTheReplicationOfTheRequest)
+{
+	FEventCase Case;
+	FBPNodeModification Record;
+	Record.ClassName = TEXT("K2Node_CustomEvent");
+	Record.Metadata.Add(TEXT("event_name"), TEXT("Fire"));
+	const UEdGraphNode* const First = Case.CreateFrom(Record);
+	const struct
+	{
+		const TCHAR* Replicates;
+		const TCHAR* Reliable;
+		uint32 Flags;
+	} Steps[] = {{TEXT("Server"), TEXT("true"), FUNC_Net | FUNC_NetServer | FUNC_NetReliable},
+		{TEXT("CLIENT"), TEXT("false"), FUNC_Net | FUNC_NetClient},
+		{TEXT("multicast"), nullptr, FUNC_Net | FUNC_NetMulticast},
+		{nullptr, TEXT("true"), FUNC_Net | FUNC_NetMulticast | FUNC_NetReliable}, {TEXT("none"), TEXT("false"), 0}};
+	for (const auto& Step : Steps)
+	{
+		Record.Metadata.Remove(TEXT("replicates"));
+		Record.Metadata.Remove(TEXT("reliable"));
+		if (Step.Replicates)
+		{
+			Record.Metadata.Add(TEXT("replicates"), Step.Replicates);
+		}
+		if (Step.Reliable)
+		{
+			Record.Metadata.Add(TEXT("reliable"), Step.Reliable);
+		}
+		const UK2Node_CustomEvent* const Event = Cast<UK2Node_CustomEvent>(Case.CreateFrom(Record));
+		ASSERT_EQ(Event, First);
+		EXPECT_EQ(Event->FunctionFlags & FUNC_NetFuncFlags, Step.Flags)
+			<< (Step.Replicates ? ToStd(Step.Replicates) : "");
+	}
+}
+
+TEST(EventNode, AnUnusedEventThatIsAskedForIsUsedAndSaysNothingOfBeingUnused)
+{
+	FEventCase Case;
+	UK2Node_Event* const Unused = FBlueprintEditorUtils::FindOverrideForFunction(
+		Case.Blueprint.Get(), AActor::StaticClass(), TEXT("ReceiveBeginPlay"));
+	ASSERT_TRUE(Unused && Unused->IsAutomaticallyPlacedGhostNode());
+	ASSERT_FALSE(Unused->NodeComment.IsEmpty());
+	EXPECT_EQ(Case.Create(TEXT("K2Node_Event"), TEXT("ReceiveBeginPlay")), Unused);
+	EXPECT_TRUE(Unused->IsNodeEnabled());
+	EXPECT_EQ(ToStd(Unused->NodeComment), "");
+	EXPECT_FALSE(Unused->bCommentBubbleVisible || Unused->bCommentBubblePinned);
 }
 
 TEST(EventNode, StandsWhereTheRequestSays)

@@ -61,6 +61,12 @@ TEST(FormatterChains, ARootBehindAFixedNodeTakesItsRow)
 		EXPECT_EQ(Fixed.At(), Place);
 		EXPECT_EQ(A.At(), FIntPoint(Snap(Place.X + 500), Place.Y)) << "the fixed node's own line wins over the grid";
 	}
+	FGraphBuilder Other;
+	const FNodeHandle Wide = Other.Event(7);
+	const FNodeHandle Behind = Other.Exec();
+	Other.Then(Wide, Behind);
+	Format(Other, {Behind});
+	EXPECT_EQ(Behind.At(), FIntPoint(Snap(450 + 200), 0)) << "a node of seven pins is wide, fixed or not";
 }
 
 TEST(FormatterChains, ASecondChainStartsBelowTheFirst)
@@ -117,7 +123,7 @@ TEST(FormatterChains, AJoinStaysWithTheFirstBranchAndPushesTheNextChildDown)
 	const FNodeHandle Branch = Graph.Exec(2);
 	const FNodeHandle First = Graph.Exec();
 	const FNodeHandle Second = Graph.Exec(2);
-	const FNodeHandle Join = Graph.Exec();
+	const FNodeHandle Join = Graph.Exec(20);
 	const FNodeHandle After = Graph.Exec();
 	Graph.Link(Branch.Output(TEXT("then")), First.Input(TEXT("execute")));
 	Graph.Link(Branch.Output(TEXT("then1")), Second.Input(TEXT("execute")));
@@ -128,7 +134,8 @@ TEST(FormatterChains, AJoinStaysWithTheFirstBranchAndPushesTheNextChildDown)
 	EXPECT_EQ(Join.At(), FIntPoint(1000, 0));
 	const int32 SecondY = Snap(H(First) + 200);
 	EXPECT_EQ(Second.At(), FIntPoint(500, SecondY));
-	EXPECT_EQ(After.At(), FIntPoint(1000, Snap(std::max(SecondY, H(Join) + 200))));
+	ASSERT_GT(H(Join) + 200, SecondY + 200) << "the join must reach below the branch that meets it";
+	EXPECT_EQ(After.At(), FIntPoint(1000, Snap(H(Join) + 200)));
 }
 
 TEST(FormatterChains, BreadthComesBeforeDepth)
@@ -260,27 +267,27 @@ TEST(FormatterData, ACycleOfPureNodesEnds)
 
 TEST(FormatterOrphans, StackUnderEverythingAndOpenAColumnBeyondTheLimit)
 {
+	// One of the first column is wide and not its last, and two are taller than the others.
 	FGraphBuilder Graph;
 	TArray<FNodeHandle> Orphans;
-	for (int32 Index = 0; Index < 12; ++Index)
+	for (int32 Index = 0; Index < 18; ++Index)
 	{
-		Orphans.Add(Graph.Bare());
+		Orphans.Add(Index == 1 ? Graph.Pure(6) : Index % 6 == 3 ? Graph.Pure(4) : Graph.Bare());
 	}
 	Format(Graph, Orphans);
-	const int32 Height = H(Orphans[0]);
 	double Y = 200.0;
 	int32 X = 0;
 	for (int32 Index = 0; Index < Orphans.Num(); ++Index)
 	{
 		if (Y > 2000.0)
 		{
-			X += 500;
+			X += X == 0 ? 450 + 200 : 300 + 200;
 			Y = 200.0;
 		}
-		EXPECT_EQ(Orphans[Index].At(), FIntPoint(X, Snap(Y))) << Index;
-		Y += Height + 200;
+		EXPECT_EQ(Orphans[Index].At(), FIntPoint(Snap(X), Snap(Y))) << Index;
+		Y += H(Orphans[Index]) + 200;
 	}
-	EXPECT_GT(X, 0) << "the case must reach a second column";
+	EXPECT_GT(X, 650) << "the case must reach a third column";
 }
 
 TEST(FormatterOrphans, UnderADeepGraphTheStackIsARow)
@@ -339,13 +346,34 @@ TEST(FormatterObstacles, AnUnlinkedNodeLeavesAFixedOneAlone)
 	EXPECT_EQ(Moved.At(), FIntPoint(100, Snap(100 + H(Fixed) + 200)));
 }
 
-TEST(FormatterObstacles, ACommentKeepsNodesBelowIt)
+TEST(FormatterObstacles, ACommentKeepsNodesOutOfItsPaddedBox)
 {
-	FGraphBuilder Graph;
-	Graph.Comment(0, 0, 400, 200);
-	const FNodeHandle Node = Graph.Bare(0, 0);
-	Format(Graph, {Node});
-	EXPECT_GE(Node.At().Y, 220);
+	// The node, 300 wide, would stand at (500, 0) behind its anchor, and goes down by hundreds until it is free. A
+	// comment that stays is a fixed node besides, with a wider margin: only its right and lower sides show its own.
+	const struct
+	{
+		const char* Label;
+		FIntPoint Place;
+		FIntPoint Size;
+		int32 ExpectedY;
+	} Cases[] = {
+		{"left of it, touching", {-330, -100}, {800, 140}, 100},
+		{"left of it, free", {-331, -100}, {800, 140}, 0},
+		{"above it, touching", {400, -430}, {300, 400}, 100},
+		{"above it, free", {400, -431}, {300, 400}, 0},
+		{"wide and low, above it", {-2000, -40}, {2600, 10}, 100},
+		{"high and narrow, left of it", {400, -2000}, {40, 2600}, 0},
+	};
+	for (const auto& Case : Cases)
+	{
+		FGraphBuilder Graph;
+		const FNodeHandle Anchor = Graph.Event();
+		const FNodeHandle Node = Graph.Exec();
+		Graph.Then(Anchor, Node);
+		Graph.Comment(Case.Place.X, Case.Place.Y, Case.Size.X, Case.Size.Y);
+		Format(Graph, {Node});
+		EXPECT_EQ(Node.At(), FIntPoint(500, Case.ExpectedY)) << Case.Label;
+	}
 }
 
 TEST(FormatterObstacles, AnAllowedCommentMovesAndItsOldPlaceIsKeptFree)

@@ -295,7 +295,7 @@ TEST(PopulateRun, ABlueprintThatIsMissingIsMade)
 	}
 }
 
-TEST(PopulateRun, SourceControlAndTheDiskMayRefuse)
+TEST(PopulateRun, AFileThatMayNotBeWrittenIsRefusedBeforeAnyChange)
 {
 	FPopulating Case;
 	const std::string File = (Case.Blueprint.Folder().Path() / "Content/Tests/BP_Test.uatext").string();
