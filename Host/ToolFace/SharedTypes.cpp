@@ -170,18 +170,25 @@ constexpr std::string_view Connection = R"json({
 	"required": ["source_pin_name", "target_pin_name"]
 })json";
 
+constexpr std::string_view ReadDetail = R"json({
+	"type": "string",
+	"enum": ["full", "lean"],
+	"description": "How much is shown, default full. lean takes about a third of the size: of the pins those with a link or a value that somebody set, links as id.pin, a pin without direction is an input, a type stands at the first value of it, and what is as in every new node, variable or widget is left out. Ids are the same."
+})json";
+
 constexpr std::string_view WidgetProperties = R"json({
 	"type": "object",
 	"description": "Properties of the widget by name: {\"Text\":\"Start\",\"ColorAndOpacity\":{\"R\":1,\"G\":1,\"B\":1,\"A\":1},\"Font.Size\":24,\"Visibility\":\"Hidden\"}. Structs may be objects with the members to set, in any depth: {\"Brush\":{\"TintColor\":{\"R\":1}}}; one level into a struct also goes by a dot; else the text form, such as (X=1.0,Y=2.0). Enums take the value's name, lists their text: (\"a\",\"b\")."
 })json";
 
-constexpr std::array<std::pair<std::string_view, std::string_view>, 7> Types = {{
+constexpr std::array<std::pair<std::string_view, std::string_view>, 8> Types = {{
 	{"asset_path", AssetPath},
 	{"pin_type", PinType},
 	{"local_variable", LocalVariable},
 	{"new_node", NewNode},
 	{"new_pin", NewPin},
 	{"connection", Connection},
+	{"read_detail", ReadDetail},
 	{"widget_properties", WidgetProperties},
 }};
 } // namespace SharedTypesPrivate

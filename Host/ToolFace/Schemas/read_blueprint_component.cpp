@@ -5,7 +5,8 @@ const FToolSchema ReadBlueprintComponentSchema = {
 	"type": "object",
 	"properties": {
 		"path": { "$ref": "#/$defs/asset_path" },
-		"component_name": { "type": "string", "description": "Name of the component, such as DefaultSceneRoot." }
+		"component_name": { "type": "string", "description": "Name of the component, such as DefaultSceneRoot." },
+		"detail": { "$ref": "#/$defs/read_detail" }
 	},
 	"required": ["path", "component_name"]
 })json"};

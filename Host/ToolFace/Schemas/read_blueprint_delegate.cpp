@@ -4,7 +4,8 @@ const FToolSchema ReadBlueprintDelegateSchema = {"read_blueprint_delegate", "Rea
 	"type": "object",
 	"properties": {
 		"path": { "$ref": "#/$defs/asset_path" },
-		"delegate_name": { "type": "string", "description": "Name of the event dispatcher." }
+		"delegate_name": { "type": "string", "description": "Name of the event dispatcher." },
+		"detail": { "$ref": "#/$defs/read_detail" }
 	},
 	"required": ["path", "delegate_name"]
 })json"};

@@ -8,7 +8,8 @@ const FToolSchema ReadBlueprintEventSchema = {"read_blueprint_event", "Read even
 		"event_name": {
 			"type": "string",
 			"description": "The event's title as read_blueprint_schema shows it, or a part of it: Event BeginPlay, or BeginPlay, but not the function's name ReceiveBeginPlay. The answer holds every node that the event reaches, and the nodes that no event reaches."
-		}
+		},
+		"detail": { "$ref": "#/$defs/read_detail" }
 	},
 	"required": ["path", "graph_name", "event_name"]
 })json"};

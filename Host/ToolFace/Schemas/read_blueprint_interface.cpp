@@ -5,7 +5,8 @@ const FToolSchema ReadBlueprintInterfaceSchema = {
 	"type": "object",
 	"properties": {
 		"path": { "$ref": "#/$defs/asset_path" },
-		"interface_name": { "type": "string", "description": "Name of an interface that the Blueprint implements." }
+		"interface_name": { "type": "string", "description": "Name of an interface that the Blueprint implements." },
+		"detail": { "$ref": "#/$defs/read_detail" }
 	},
 	"required": ["path", "interface_name"]
 })json"};

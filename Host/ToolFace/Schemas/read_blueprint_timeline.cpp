@@ -4,7 +4,8 @@ const FToolSchema ReadBlueprintTimelineSchema = {"read_blueprint_timeline", "Rea
 	"type": "object",
 	"properties": {
 		"path": { "$ref": "#/$defs/asset_path" },
-		"timeline_name": { "type": "string", "description": "Name of the timeline." }
+		"timeline_name": { "type": "string", "description": "Name of the timeline." },
+		"detail": { "$ref": "#/$defs/read_detail" }
 	},
 	"required": ["path", "timeline_name"]
 })json"};

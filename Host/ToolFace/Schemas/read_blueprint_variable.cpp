@@ -4,7 +4,8 @@ const FToolSchema ReadBlueprintVariableSchema = {"read_blueprint_variable", "Rea
 	"type": "object",
 	"properties": {
 		"path": { "$ref": "#/$defs/asset_path" },
-		"variable_name": { "type": "string", "description": "Name of the variable." }
+		"variable_name": { "type": "string", "description": "Name of the variable." },
+		"detail": { "$ref": "#/$defs/read_detail" }
 	},
 	"required": ["path", "variable_name"]
 })json"};

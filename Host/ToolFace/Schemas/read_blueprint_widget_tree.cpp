@@ -8,7 +8,8 @@ const FToolSchema ReadBlueprintWidgetTreeSchema = {
 		"widget_name": {
 			"anyOf": [{ "type": "string" }, { "type": "array", "items": { "type": "string" } }],
 			"description": "Widgets to show with all their properties and slots. Leave out for the tree alone."
-		}
+		},
+		"detail": { "$ref": "#/$defs/read_detail" }
 	},
 	"required": ["path"]
 })json"};

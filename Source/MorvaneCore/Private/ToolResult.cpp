@@ -1,32 +1,9 @@
 #include "ToolResult.h"
 
-#include "ModificationReadRegistry.h"
-#include "Policies/CondensedJsonPrintPolicy.h"
-#include "Serialization/JsonSerializer.h"
-#include "Serialization/JsonWriter.h"
+#include "FreshRead.h"
 
 namespace Morvane
 {
-namespace ToolResultText
-{
-static FString FailureContent(const TArray<FString>& Reasons)
-{
-	FJsonObject Failure;
-	Failure.SetStringField(TEXT("error"), FString::Join(Reasons, TEXT("\n")));
-	FString Text;
-	const TSharedRef<TJsonWriter<TCHAR, TCondensedJsonPrintPolicy<TCHAR>>> Writer =
-		TJsonWriterFactory<TCHAR, TCondensedJsonPrintPolicy<TCHAR>>::Create(&Text);
-	FJsonSerializer::Serialize(MakeShared<FJsonObject>(Failure), Writer);
-	return Text;
-}
-
-static bool IsEmptyDocument(const FString& Text)
-{
-	const FString Trimmed = Text.TrimStartAndEnd();
-	return Trimmed.IsEmpty() || Trimmed.Equals(TEXT("{}"), ESearchCase::CaseSensitive);
-}
-} // namespace ToolResultText
-
 FToolResult& FToolResult::AddErrorMessage(const FString& Message)
 {
 	ErrorMessages.Add(Message);
@@ -72,6 +49,12 @@ FToolResult& FToolResult::AddModifiedObjects(const TWeakObjectPtr<UObject>& Obje
 	return *this;
 }
 
+FToolResult& FToolResult::AddShownNode(const FString& NodeGuid)
+{
+	ShownNodes.Add(NodeGuid);
+	return *this;
+}
+
 FToolResult& FToolResult::FinalizeModifications()
 {
 	if (!bModificationsClosed)
@@ -79,7 +62,7 @@ FToolResult& FToolResult::FinalizeModifications()
 		bModificationsClosed = true;
 		for (FTrackedModification& Modification : Modifications)
 		{
-			Modification.Content = ReadAgain(Modification);
+			Modification.Content = FreshRead::Read(Modification, ShownNodes, Command);
 		}
 	}
 	return *this;
@@ -99,19 +82,5 @@ FJsonObject& FToolResult::EnsureDatas()
 		Datas = MakeShared<FJsonObject>();
 	}
 	return *Datas;
-}
-
-FString FToolResult::ReadAgain(const FTrackedModification& Modification) const
-{
-	// A copy, since the reader writes into what it is given and the caller is shown the parameters as tracked.
-	const TSharedPtr<FJsonObject> Parameters = MakeShared<FJsonObject>(*Modification.Parameters);
-	Parameters->SetBoolField(TEXT("finalize_modifications"), true);
-	FToolResult ReadResult(Command);
-	const FString Content = FModificationReadRegistry::Get().Read(Modification.ReadTool, Parameters, ReadResult);
-	if (!ReadResult.WasSuccessful() && ToolResultText::IsEmptyDocument(Content))
-	{
-		return ToolResultText::FailureContent(ReadResult.GetErrorMessages());
-	}
-	return Content;
 }
 } // namespace Morvane

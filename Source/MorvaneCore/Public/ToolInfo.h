@@ -45,4 +45,11 @@ inline constexpr const TCHAR* FieldName_Timelines = TEXT("timelines");
 inline constexpr const TCHAR* FieldName_Delegates = TEXT("delegates");
 inline constexpr const TCHAR* FieldName_MacroName = TEXT("macro_name");
 inline constexpr const TCHAR* FieldName_WidgetName = TEXT("widget_name");
+
+/** How much a read shows: everything, or what an agent cannot do without. */
+inline constexpr const TCHAR* FieldName_Detail = TEXT("detail");
+inline constexpr const TCHAR* Detail_Lean = TEXT("lean");
+inline constexpr const TCHAR* Detail_Full = TEXT("full");
+/** Guids of the nodes that a read of a change is narrowed to. */
+inline constexpr const TCHAR* FieldName_OnlyNodes = TEXT("only_nodes");
 } // namespace Morvane::ToolInfo

@@ -54,8 +54,17 @@ public:
 	FToolResult& AddModifiedObjects(const TWeakObjectPtr<UObject>& Object);
 
 	/**
+	 * Names a node, by its guid, that shows what the run did: where the document that it stands in is too long for an
+	 * answer, the nodes that were named are shown alone.
+	 */
+	FToolResult& AddShownNode(const FString& NodeGuid);
+
+	/**
 	 * Closes the list of modifications and reads each of them again through the read registry. A second call does
 	 * nothing.
+	 *
+	 * What is read stands in full up to 64 KB and lean beyond that; past 1 MB a note stands for it, with the calls that
+	 * read it.
 	 *
 	 * The edit is done and stands by now, so a read that fails adds no message here: its reason becomes the entry's
 	 * content, as an object with the one key "error".
@@ -73,7 +82,6 @@ public:
 
 private:
 	FJsonObject& EnsureDatas();
-	FString ReadAgain(const FTrackedModification& Modification) const;
 
 	FToolCommand Command;
 	TArray<FString> ErrorMessages;
@@ -81,6 +89,7 @@ private:
 	TArray<FString> SuccessMessages;
 	TSharedPtr<FJsonObject> Datas;
 	TArray<FTrackedModification> Modifications;
+	TSet<FString> ShownNodes;
 	TArray<TWeakObjectPtr<UObject>> ModifiedObjects;
 	bool bModificationsClosed = false;
 };

@@ -30,10 +30,11 @@ public:
 	/** Name, class, is_variable and children of one widget and all below it; null for a null widget. */
 	static TSharedPtr<FJsonObject> SerializeWidgetHierarchyNode(UWidget* Widget, UWidgetBlueprint* Blueprint);
 	/** The widget with its parent, slot and properties; null for a null widget. */
-	static TSharedPtr<FJsonObject> SerializeWidgetDetails(UWidget* Widget, UWidgetBlueprint* Blueprint);
-	/** Editable properties as text; null for a null object. */
-	static TSharedPtr<FJsonObject> SerializeSlotProperties(UPanelSlot* Slot);
-	static TSharedPtr<FJsonObject> SerializeWidgetProperties(UWidget* Widget);
+	static TSharedPtr<FJsonObject> SerializeWidgetDetails(
+		UWidget* Widget, UWidgetBlueprint* Blueprint, bool bLean = false);
+	/** Editable properties as text, in lean those that are not as in every new object; null for a null object. */
+	static TSharedPtr<FJsonObject> SerializeSlotProperties(UPanelSlot* Slot, bool bLean = false);
+	static TSharedPtr<FJsonObject> SerializeWidgetProperties(UWidget* Widget, bool bLean = false);
 	/** Whether a widget's variable may have the name; a refusal is a warning of the result. */
 	static bool VerifyBlueprintVariableName(UBlueprint* Blueprint, const FString& Name, Morvane::FToolResult& Result);
 

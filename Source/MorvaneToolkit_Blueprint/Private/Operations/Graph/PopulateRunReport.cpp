@@ -11,6 +11,7 @@
 #include "ToolResult.h"
 #include "Utils/Report/GraphTelemetry.h"
 #include "Utils/Report/JsonTexts.h"
+#include "Utils/Report/ShownNodes.h"
 #include "Utils/Report/TrackedNames.h"
 
 // The steps that tell what the run did, lay it out and save it.
@@ -171,6 +172,19 @@ void FPopulateRun::MarkModified()
 void FPopulateRun::TrackChanges()
 {
 	using namespace Morvane;
+	TSet<FString> Shown;
+	for (const UEdGraphNode* const Node : Session.GetCreatedNodes())
+	{
+		Shown.Append(ShownNodes::WithNeighbors(*Node));
+	}
+	for (const UEdGraphNode* const Node : Session.GetExistingModifiedNodes())
+	{
+		Shown.Append(ShownNodes::Of(*Node));
+	}
+	for (const FString& NodeGuid : Shown)
+	{
+		Result.AddShownNode(NodeGuid);
+	}
 	if (!AvailableEvents.IsEmpty())
 	{
 		TrackEvents(ToolInfo::FieldName_EventName, AvailableEvents);

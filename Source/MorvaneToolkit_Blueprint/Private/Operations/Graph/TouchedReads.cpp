@@ -8,6 +8,7 @@
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "Utils/Read/EventTracing.h"
+#include "Utils/Report/ShownNodes.h"
 #include "Utils/Report/TrackedNames.h"
 
 namespace TouchedReadsImpl
@@ -77,6 +78,7 @@ void FTouchedReads::NoteEvents(const FEventTrace& Trace, UEdGraphNode& Node)
 
 void FTouchedReads::TouchNode(UEdGraphNode& Node)
 {
+	Shown.Append(ShownNodes::WithNeighbors(Node));
 	if (!TraceBefore)
 	{
 		TouchGraph();
@@ -156,6 +158,10 @@ void FTouchedReads::Track(const FString& Path, Morvane::FToolResult& Result)
 				NoteEvents(TraceAfter, *Node);
 			}
 		}
+	}
+	for (const FString& NodeGuid : Shown)
+	{
+		Result.AddShownNode(NodeGuid);
 	}
 	TrackEvents(Path, ToolInfo::FieldName_EventName, Events, Result);
 	TrackEvents(Path, ToolInfo::FieldName_FloatingNodeName, FloatingNodes, Result);

@@ -43,6 +43,8 @@ private:
 	TUniquePtr<FEventTrace> TraceBefore;
 	TArray<TWeakObjectPtr<UEdGraphNode>> Touched;
 	TSet<const UEdGraphNode*> Known;
+	/** Guids, since a node may be gone by the end. */
+	TSet<FString> Shown;
 
 	TSet<FString> Events;
 	TSet<FString> FloatingNodes;

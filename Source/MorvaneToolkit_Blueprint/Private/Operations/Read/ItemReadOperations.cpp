@@ -9,6 +9,7 @@
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "Utils/Read/ItemKinds.h"
+#include "Utils/Read/ReadDetail.h"
 #include "Utils/Request/RequiredField.h"
 
 namespace ItemReads
@@ -41,6 +42,7 @@ static void Read(const FItemKind& Item, const FJsonObject& Args, FToolResult& Re
 	Command->SetStringField(TEXT("path"), Path);
 	Command->SetArrayField(Item.NameField, {MakeShared<FJsonValueString>(Name)});
 	Command->SetStringField(ToolInfo::FieldName_ReadTool, Item.ReadTool);
+	ReadDetail::Pass(Args, *Command);
 	const FString Text = FBlueprintReadUtils::ReadBlueprint(Command, Result);
 	if (Text.IsEmpty() || Text == TEXT("{}"))
 	{

@@ -7,17 +7,19 @@
 #include "Operations/Read/ReadStatus.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
+#include "Utils/Read/ReadDetail.h"
 #include "Utils/Request/RequiredField.h"
 
 namespace OtherReads
 {
 namespace ToolInfo = Morvane::ToolInfo;
 
-static TSharedPtr<FJsonObject> MakeCommand(const FString& Path, const TCHAR* ReadTool)
+static TSharedPtr<FJsonObject> MakeCommand(const FJsonObject& Args, const FString& Path, const TCHAR* ReadTool)
 {
 	const TSharedPtr<FJsonObject> Command = MakeShared<FJsonObject>();
 	Command->SetStringField(TEXT("path"), Path);
 	Command->SetStringField(ToolInfo::FieldName_ReadTool, ReadTool);
+	ReadDetail::Pass(Args, *Command);
 	return Command;
 }
 
@@ -57,7 +59,7 @@ void FBlueprintEventReadOperation::Execute(const FJsonObject& Args, Morvane::FTo
 	const TSharedPtr<FJsonObject> Event = MakeShared<FJsonObject>();
 	Event->SetStringField(ToolInfo::FieldName_EventName, EventName);
 	// The graph's name goes along for the record; all event pages are searched.
-	const TSharedPtr<FJsonObject> Command = MakeCommand(Path, ToolInfo::ToolName_ReadBlueprintEvent);
+	const TSharedPtr<FJsonObject> Command = MakeCommand(Args, Path, ToolInfo::ToolName_ReadBlueprintEvent);
 	Command->SetStringField(ToolInfo::FieldName_GraphName, GraphName);
 	Command->SetStringField(ToolInfo::FieldName_EventName, EventName);
 	Command->SetArrayField(ToolInfo::FieldName_Events, {MakeShared<FJsonValueObject>(Event)});
@@ -100,7 +102,7 @@ void FBlueprintReadSchemaOperation::Execute(const FJsonObject& Args, Morvane::FT
 		return;
 	}
 	const FString Text = FBlueprintReadUtils::ReadBlueprint(
-		MakeCommand(Path, ToolInfo::ToolName_ReadBlueprintSchema), Result);
+		MakeCommand(Args, Path, ToolInfo::ToolName_ReadBlueprintSchema), Result);
 	if (IsEmptyRead(Text))
 	{
 		Result.AddErrorMessage(FString::Printf(TEXT("Failed to read schema at path: %s"), *Path));
@@ -120,7 +122,7 @@ void FWidgetBlueprintWidgetTreeReadOperation::Execute(const FJsonObject& Args, M
 		return;
 	}
 	Path = FAssetOperationBase::ResolveBlueprintPath(Path);
-	const TSharedPtr<FJsonObject> Command = MakeCommand(Path, ToolInfo::ToolName_ReadBlueprintWidgetTree);
+	const TSharedPtr<FJsonObject> Command = MakeCommand(Args, Path, ToolInfo::ToolName_ReadBlueprintWidgetTree);
 	const TArray<TSharedPtr<FJsonValue>> WidgetNames = OtherReads::ReadWidgetNames(Args);
 	if (!WidgetNames.IsEmpty())
 	{

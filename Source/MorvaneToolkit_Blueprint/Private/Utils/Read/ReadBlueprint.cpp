@@ -1,6 +1,7 @@
 // The one routine behind all read tools: a document with a section for each kind of item, of which the tool in the
 // command selects one in full or all in overview.
 
+#include "Animation/WidgetAnimation.h"
 #include "AssetOperationBase.h"
 #include "Blueprint/WidgetTree.h"
 #include "BlueprintReadUtils.h"
@@ -11,6 +12,8 @@
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "Utils/Read/ItemKinds.h"
+#include "Utils/Read/ReadBudget.h"
+#include "Utils/Read/ReadDetail.h"
 #include "Utils/Read/ReadItems.h"
 #include "Utils/Read/ReadUnresolved.h"
 #include "WidgetBlueprint.h"
@@ -54,6 +57,11 @@ public:
 		{
 			return Nothing;
 		}
+		if (bFinalize && bLean)
+		{
+			// It takes the place of a full read, which goes into no answer.
+			FReadBudget::Begin();
+		}
 		SetHead();
 		const bool bComplete = AddSection(Interfaces) && AddSection(Variables) && AddSection(Components)
 			&& AddSection(Functions) && AddSection(Macros) && AddSection(Delegates) && AddEventGraphs()
@@ -73,6 +81,8 @@ private:
 	bool AddWidgetTree();
 	void AddWidgetDetails(FJsonObject& Tree, UWidgetBlueprint& WidgetBlueprint) const;
 
+	void AddAnimations(FJsonObject& Tree, const UWidgetBlueprint& WidgetBlueprint) const;
+
 	bool IsTool(const TCHAR* Tool) const { return ReadTool.Equals(Tool, ESearchCase::IgnoreCase); }
 
 	const TSharedPtr<FJsonObject>& Command;
@@ -82,6 +92,7 @@ private:
 	FString ReadTool;
 	bool bFinalize = false;
 	bool bSchema = false;
+	bool bLean = false;
 	/** Both not null once the Blueprint is loaded. */
 	UBlueprint* Blueprint = nullptr;
 	UBlueprintGeneratedClass* Class = nullptr;
@@ -100,6 +111,7 @@ bool FRead::ReadCommand()
 		return false;
 	}
 	Command->TryGetBoolField(TEXT("finalize_modifications"), bFinalize);
+	bLean = ReadDetail::IsLean(*Command);
 	bSchema = IsTool(ToolInfo::ToolName_ReadBlueprintSchema);
 	return true;
 }
@@ -131,6 +143,10 @@ bool FRead::LoadBlueprint()
 void FRead::SetHead()
 {
 	Document->SetStringField(TEXT("path"), Path);
+	if (bLean)
+	{
+		Document->SetStringField(ToolInfo::FieldName_Detail, ToolInfo::Detail_Lean);
+	}
 	if (!bSchema)
 	{
 		return;
@@ -150,6 +166,7 @@ void FRead::SetHead()
 		Name.RemoveFromEnd(TEXT("_C"), ESearchCase::CaseSensitive);
 		ParentObject->SetStringField(TEXT("type"), TEXT("blueprint"));
 		ParentObject->SetStringField(TEXT("name"), Name);
+		ParentObject->SetStringField(TEXT("path"), Parent->GetPathName());
 	}
 	else
 	{
@@ -166,7 +183,7 @@ void FRead::SetHead()
 
 bool FRead::AddSection(const FNamedSection& Row)
 {
-	FReadSection Section{*Blueprint, *Class, Command, IsTool(Row.Kind.ReadTool), {}, {}};
+	FReadSection Section{*Blueprint, *Class, Command, IsTool(Row.Kind.ReadTool), bLean, {}, {}};
 	if (!bSchema && !Section.bFull)
 	{
 		return true;
@@ -223,6 +240,7 @@ bool FRead::AddWidgetTree()
 	if (bWidgetTool)
 	{
 		AddWidgetDetails(*Tree, *WidgetBlueprint);
+		AddAnimations(*Tree, *WidgetBlueprint);
 	}
 	Document->SetObjectField(TEXT("widget_tree"), Tree);
 	return true;
@@ -243,13 +261,26 @@ void FRead::AddWidgetDetails(FJsonObject& Tree, UWidgetBlueprint& WidgetBlueprin
 		if (Names.Take(Widget->GetName()))
 		{
 			Widgets->SetObjectField(
-				Widget->GetName(), FWidgetBlueprintUtils::SerializeWidgetDetails(Widget, &WidgetBlueprint));
+				Widget->GetName(), FWidgetBlueprintUtils::SerializeWidgetDetails(Widget, &WidgetBlueprint, bLean));
 		}
 	}
 	if (!Widgets->Values.IsEmpty())
 	{
 		Tree.SetObjectField(TEXT("widgets"), Widgets);
 	}
+}
+
+void FRead::AddAnimations(FJsonObject& Tree, const UWidgetBlueprint& WidgetBlueprint) const
+{
+	TArray<TSharedPtr<FJsonValue>> Names;
+	for (const UWidgetAnimation* const Animation : WidgetBlueprint.Animations)
+	{
+		if (Animation)
+		{
+			Names.Add(MakeShared<FJsonValueString>(Animation->GetName()));
+		}
+	}
+	ReadSections::SetUnlessEmpty(Tree, TEXT("animations"), MoveTemp(Names));
 }
 } // namespace ReadDocument
 

@@ -1,11 +1,13 @@
 // Components of a Blueprint's actors: the native ones, then those that construction scripts add.
 
+#include "AssetOperationBase.h"
 #include "BlueprintUtils.h"
 #include "Components/SceneComponent.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
 #include "Engine/SimpleConstructionScript.h"
-#include "GameFramework/Actor.h"
+#include "UObject/UnrealType.h"
+#include "Utils/Asset/NativeComponents.h"
 #include "Utils/Read/ReadItems.h"
 #include "Utils/Read/ReadUnresolved.h"
 
@@ -21,25 +23,36 @@ struct FRow
 	/** Empty where it hangs on nothing. */
 	FString Parent;
 	FName Socket;
+	/** The member that holds a native component; empty where there is none. */
+	FString Member;
+	/** The class that brings it in; null for the Blueprint's own. */
+	const UClass* Owner = nullptr;
 };
 
-static FRow MakeNativeRow(const UActorComponent& Component)
+static FRow MakeNativeRow(const UActorComponent& Component, const UClass* Parent)
 {
-	FRow Row{Component.GetName(), &Component, Component.GetClass(), FString(), NAME_None};
-	const USceneComponent* const Scene = Cast<USceneComponent>(&Component);
-	if (const USceneComponent* const Parent = Scene ? Scene->GetAttachParent() : nullptr)
+	FRow Row{Component.GetName(), &Component, Component.GetClass(), FString(), NAME_None, FString(), Parent};
+	if (const FObjectProperty* const Member = NativeComponents::FindMember(Component))
 	{
-		Row.Parent = Parent->GetName();
+		Row.Member = Member->GetName();
+		Row.Owner = Member->GetOwnerClass();
+	}
+	const USceneComponent* const Scene = Cast<USceneComponent>(&Component);
+	if (const USceneComponent* const Holder = Scene ? Scene->GetAttachParent() : nullptr)
+	{
+		Row.Parent = Holder->GetName();
 		Row.Socket = Scene->GetAttachSocketName();
 	}
 	return Row;
 }
 
-static FRow MakeScriptRow(const USCS_Node& Node, const UActorComponent* Template)
+static FRow MakeScriptRow(const USCS_Node& Node, const UActorComponent* Template, const UBlueprint& Blueprint)
 {
 	const UClass* const Class = Template ? Template->GetClass() : Node.ComponentClass.Get();
-	FRow Row{Node.GetVariableName().ToString(), Template, Class, FString(), NAME_None};
+	FRow Row{Node.GetVariableName().ToString(), Template, Class, FString(), NAME_None, FString(), nullptr};
 	const USimpleConstructionScript* const Script = Node.GetSCS();
+	const bool bInherited = Script && Script != Blueprint.SimpleConstructionScript;
+	Row.Owner = bInherited ? Script->GetOwnerClass() : nullptr;
 	const USCS_Node* const ParentNode = Script ? Script->FindParentNode(&Node) : nullptr;
 	const FName Parent = ParentNode ? ParentNode->GetVariableName() : Node.ParentComponentOrVariableName;
 	const bool bHangs = !Template || Template->IsA<USceneComponent>() || ReadUnresolved::IsUnresolved(Class);
@@ -54,19 +67,14 @@ static FRow MakeScriptRow(const USCS_Node& Node, const UActorComponent* Template
 static TArray<FRow> GatherRows(const FReadSection& Section)
 {
 	TArray<FRow> Rows;
-	if (Section.Class.IsChildOf(AActor::StaticClass()))
+	for (const UActorComponent* const Component : NativeComponents::List(Section.Class))
 	{
-		TArray<UActorComponent*> Components;
-		static_cast<const AActor*>(Section.Class.GetDefaultObject())->GetComponents(Components);
-		for (const UActorComponent* const Component : Components)
-		{
-			Rows.Add(MakeNativeRow(*Component));
-		}
+		Rows.Add(MakeNativeRow(*Component, Section.Blueprint.ParentClass.Get()));
 	}
 	for (const USCS_Node* const Node : FBlueprintUtils::GetBlueprintComponentsFromSCS(&Section.Blueprint))
 	{
 		const UActorComponent* const Actual = Node->GetActualComponentTemplate(&Section.Class);
-		Rows.Add(MakeScriptRow(*Node, Actual ? Actual : Node->ComponentTemplate.Get()));
+		Rows.Add(MakeScriptRow(*Node, Actual ? Actual : Node->ComponentTemplate.Get(), Section.Blueprint));
 	}
 	return Rows;
 }
@@ -84,23 +92,99 @@ static TArray<TSharedPtr<FJsonValue>> GetChildren(const TArray<FRow>& Rows, cons
 	return Children;
 }
 
-static void SetDetails(FJsonObject& Entry, const FRow& Row, const TArray<FRow>& Rows)
+static void SetParts(
+	FJsonObject& Entry, const TCHAR* Key, std::initializer_list<TPair<const TCHAR*, double>> Parts, double Unset)
+{
+	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
+	bool bSet = false;
+	for (const TPair<const TCHAR*, double>& Part : Parts)
+	{
+		Object->SetNumberField(Part.Key, Part.Value);
+		bSet |= Part.Value != Unset;
+	}
+	if (bSet)
+	{
+		Entry.SetObjectField(Key, Object);
+	}
+}
+
+/** The place in the form in which an edit sets it; what nobody moved is left out. */
+static void SetPlace(FJsonObject& Entry, const USceneComponent& Scene)
+{
+	const FVector Location = Scene.GetRelativeLocation();
+	const FRotator Rotation = Scene.GetRelativeRotation();
+	const FVector Scale = Scene.GetRelativeScale3D();
+	SetParts(Entry, TEXT("relative_location"),
+		{{TEXT("x"), Location.X}, {TEXT("y"), Location.Y}, {TEXT("z"), Location.Z}}, 0.0);
+	SetParts(Entry, TEXT("relative_rotation"),
+		{{TEXT("pitch"), Rotation.Pitch}, {TEXT("yaw"), Rotation.Yaw}, {TEXT("roll"), Rotation.Roll}}, 0.0);
+	SetParts(Entry, TEXT("relative_scale_3d"), {{TEXT("x"), Scale.X}, {TEXT("y"), Scale.Y}, {TEXT("z"), Scale.Z}}, 1.0);
+}
+
+/** Whether the place and the attachment say it already. */
+static bool IsPlace(FName Property)
+{
+	static const TSet<FName> Names = {TEXT("RelativeLocation"), TEXT("RelativeRotation"), TEXT("RelativeScale3D"),
+		TEXT("AttachParent"), TEXT("AttachSocketName")};
+	return Names.Contains(Property);
+}
+
+/** What an edit can set and what is another than in a new component of the class, as text. */
+static void SetProperties(FJsonObject& Entry, const UActorComponent& Component)
+{
+	const TSharedPtr<FJsonObject> Properties = MakeShared<FJsonObject>();
+	const UObject* const Default = Component.GetClass()->GetDefaultObject();
+	for (TFieldIterator<FProperty> It(Component.GetClass(), EFieldIteratorFlags::IncludeSuper); It; ++It)
+	{
+		const bool bShown = It->HasAnyPropertyFlags(CPF_Edit)
+			&& !It->HasAnyPropertyFlags(CPF_Transient | CPF_Deprecated) && !IsPlace(It->GetFName());
+		if (bShown && !It->Identical_InContainer(&Component, Default))
+		{
+			Properties->SetStringField(It->GetName(), FAssetOperationBase::GetPropertyValueAsString(&Component, *It));
+		}
+	}
+	if (!Properties->Values.IsEmpty())
+	{
+		Entry.SetObjectField(TEXT("properties"), Properties);
+	}
+}
+
+static void SetKind(FJsonObject& Entry, const UActorComponent& Component, bool bLean)
+{
+	if (bLean)
+	{
+		return;
+	}
+	Entry.SetStringField(TEXT("display_name"), Component.GetClass()->GetDisplayNameText().ToString());
+	Entry.SetStringField(TEXT("group_name"), Component.GetFullGroupName(false));
+	Entry.SetBoolField(TEXT("is_scene_component"), Component.IsA<USceneComponent>());
+	Entry.SetBoolField(TEXT("is_editor_only"), Component.IsEditorOnly());
+	Entry.SetBoolField(TEXT("is_active"), Component.bAutoActivate);
+}
+
+static void SetDetails(FJsonObject& Entry, const FRow& Row, const TArray<FRow>& Rows, bool bLean)
 {
 	if (Row.Component)
 	{
-		const UActorComponent& Component = *Row.Component;
-		Entry.SetStringField(TEXT("display_name"), Component.GetClass()->GetDisplayNameText().ToString());
-		Entry.SetStringField(TEXT("group_name"), Component.GetFullGroupName(false));
-		Entry.SetBoolField(TEXT("is_scene_component"), Component.IsA<USceneComponent>());
-		Entry.SetBoolField(TEXT("is_editor_only"), Component.IsEditorOnly());
-		Entry.SetBoolField(TEXT("is_active"), Component.bAutoActivate);
+		SetKind(Entry, *Row.Component, bLean);
 	}
 	if (!Row.Parent.IsEmpty())
 	{
 		Entry.SetStringField(TEXT("parent_component"), Row.Parent);
-		Entry.SetStringField(TEXT("attach_socket"), Row.Socket.ToString());
+		if (!bLean || !Row.Socket.IsNone())
+		{
+			Entry.SetStringField(TEXT("attach_socket"), Row.Socket.ToString());
+		}
 	}
 	ReadSections::SetUnlessEmpty(Entry, TEXT("children"), GetChildren(Rows, Row.Name));
+	if (const USceneComponent* const Scene = Cast<USceneComponent>(Row.Component))
+	{
+		SetPlace(Entry, *Scene);
+	}
+	if (Row.Component)
+	{
+		SetProperties(Entry, *Row.Component);
+	}
 }
 } // namespace ReadComponents
 
@@ -109,7 +193,7 @@ void ReadSections::AddComponents(FReadSection& Section)
 	const TArray<ReadComponents::FRow> Rows = ReadComponents::GatherRows(Section);
 	for (const ReadComponents::FRow& Row : Rows)
 	{
-		if (!Section.Stands(Row.Name))
+		if (!(Row.Member.IsEmpty() ? Section.Stands(Row.Name) : Section.Stands(Row.Name, Row.Member)))
 		{
 			continue;
 		}
@@ -120,9 +204,14 @@ void ReadSections::AddComponents(FReadSection& Section)
 			Entry->SetStringField(TEXT("class_path"), Row.Class ? Row.Class->GetPathName() : FString());
 			Entry->SetBoolField(TEXT("unresolved"), true);
 		}
+		if (!Row.Member.IsEmpty() && Row.Member != Row.Name)
+		{
+			Entry->SetStringField(TEXT("variable_name"), Row.Member);
+		}
+		Section.SetInherited(*Entry, Row.Owner);
 		if (Section.bFull)
 		{
-			ReadComponents::SetDetails(*Entry, Row, Rows);
+			ReadComponents::SetDetails(*Entry, Row, Rows, Section.bLean);
 		}
 	}
 }

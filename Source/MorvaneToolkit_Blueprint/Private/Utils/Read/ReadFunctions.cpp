@@ -6,29 +6,33 @@
 #include "EdGraph/EdGraphPin.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "K2Node_FunctionEntry.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Read/ReadItems.h"
 #include "Utils/Read/ReadUnresolved.h"
 
 namespace ReadFunctions
 {
-static void AddGraph(FReadSection& Section, const UEdGraph& Graph)
-{
-	const TSharedPtr<FJsonObject> Entry = Section.AddEntry(Graph.GetName());
-	if (Section.bFull)
-	{
-		Entry->SetObjectField(TEXT("ed_graph"), FBlueprintReadUtils::ReadEdGraph(&Graph, Section.Command));
-	}
-}
+using FDescribe = void (*)(const FReadSection&, FJsonObject&, const UEdGraph&);
 
-static void AddGraphs(FReadSection& Section, const TArray<TObjectPtr<UEdGraph>>& Graphs)
+static void AddGraphs(FReadSection& Section, const TArray<TObjectPtr<UEdGraph>>& Graphs, FDescribe Describe = nullptr)
 {
 	for (const UEdGraph* const Graph : Graphs)
 	{
-		if (Graph && Section.Stands(Graph->GetName()))
+		if (!Graph || !Section.Stands(Graph->GetName()))
 		{
-			AddGraph(Section, *Graph);
+			continue;
 		}
+		const TSharedPtr<FJsonObject> Entry = Section.AddEntry(Graph->GetName());
+		if (!Section.bFull)
+		{
+			continue;
+		}
+		if (Describe)
+		{
+			Describe(Section, *Entry, *Graph);
+		}
+		Entry->SetObjectField(TEXT("ed_graph"), FBlueprintReadUtils::ReadEdGraph(Graph, Section.Command));
 	}
 }
 
@@ -51,18 +55,8 @@ static TSharedPtr<FJsonObject> MakeParameter(const FString& Name, const FPropert
 	return Parameter;
 }
 
-static void SetSignature(FJsonObject& Entry, const UFunction& Function)
+static void SetParameters(FJsonObject& Entry, const UFunction& Function)
 {
-	if (const FProperty* const Return = Function.GetReturnProperty())
-	{
-		Entry.SetObjectField(TEXT("return_type"), MakeParameter(TEXT("ReturnValue"), Return));
-	}
-	else
-	{
-		Entry.SetStringField(TEXT("return_type"), TEXT("void"));
-	}
-	Entry.SetNumberField(TEXT("function_flags_enum"), static_cast<double>(Function.FunctionFlags));
-	Entry.SetBoolField(TEXT("is_pure"), Function.HasAnyFunctionFlags(FUNC_BlueprintPure));
 	TArray<TSharedPtr<FJsonValue>> In;
 	TArray<TSharedPtr<FJsonValue>> Out;
 	for (TFieldIterator<FProperty> It(&Function, EFieldIteratorFlags::ExcludeSuper); It; ++It)
@@ -77,6 +71,98 @@ static void SetSignature(FJsonObject& Entry, const UFunction& Function)
 	ReadSections::SetUnlessEmpty(Entry, TEXT("out_params"), MoveTemp(Out));
 }
 
+static void SetSignature(const FReadSection& Section, FJsonObject& Entry, const UFunction& Function)
+{
+	if (const FProperty* const Return = Function.GetReturnProperty())
+	{
+		Entry.SetObjectField(TEXT("return_type"), MakeParameter(TEXT("ReturnValue"), Return));
+	}
+	else
+	{
+		Entry.SetStringField(TEXT("return_type"), TEXT("void"));
+	}
+	const bool bPure = Function.HasAnyFunctionFlags(FUNC_BlueprintPure);
+	if (!Section.bLean)
+	{
+		Entry.SetNumberField(TEXT("function_flags_enum"), static_cast<double>(Function.FunctionFlags));
+	}
+	if (bPure || !Section.bLean)
+	{
+		Entry.SetBoolField(TEXT("is_pure"), bPure);
+	}
+	SetParameters(Entry, Function);
+}
+
+static const TCHAR* GetAccess(int32 Flags)
+{
+	if ((Flags & FUNC_Private) != 0)
+	{
+		return TEXT("private");
+	}
+	return (Flags & FUNC_Protected) != 0 ? TEXT("protected") : TEXT("public");
+}
+
+static void SetLocalVariables(FJsonObject& Entry, const UK2Node_FunctionEntry& Node)
+{
+	TArray<TSharedPtr<FJsonValue>> Variables;
+	for (const FBPVariableDescription& Variable : Node.LocalVariables)
+	{
+		const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
+		Object->SetStringField(TEXT("name"), Variable.VarName.ToString());
+		Object->SetObjectField(TEXT("type"), FAssetOperationBase::ConvertEdGraphPinTypeToJson(Variable.VarType));
+		Object->SetStringField(TEXT("default_variable_value"), Variable.DefaultValue);
+		Variables.Add(MakeShared<FJsonValueObject>(Object));
+	}
+	ReadSections::SetUnlessEmpty(Entry, TEXT("local_variables"), MoveTemp(Variables));
+}
+
+/** What an author sets in the details of a function: who may call it, where it is listed, its own variables. */
+static void SetDetails(const FReadSection& Section, FJsonObject& Entry, const UEdGraph& Graph)
+{
+	TArray<UK2Node_FunctionEntry*> Entries;
+	Graph.GetNodesOfClass(Entries);
+	if (Entries.IsEmpty())
+	{
+		return;
+	}
+	const UK2Node_FunctionEntry& Node = *Entries[0];
+	const FString Access = GetAccess(Node.GetFunctionFlags());
+	const FString Category = Node.MetaData.Category.ToString();
+	if (!Section.bLean || Access != TEXT("public"))
+	{
+		Entry.SetStringField(TEXT("access"), Access);
+	}
+	if (!Section.bLean || (!Category.IsEmpty() && Category != TEXT("Default")))
+	{
+		Entry.SetStringField(TEXT("category"), Category);
+	}
+	if (!Node.MetaData.ToolTip.IsEmpty())
+	{
+		Entry.SetStringField(TEXT("tooltip"), Node.MetaData.ToolTip.ToString());
+	}
+	SetLocalVariables(Entry, Node);
+}
+
+static void DescribeFunction(const FReadSection& Section, FJsonObject& Entry, const UEdGraph& Graph)
+{
+	if (const UFunction* const Function = Section.Class.FindFunctionByName(Graph.GetFName()))
+	{
+		SetSignature(Section, Entry, *Function);
+	}
+	SetDetails(Section, Entry, Graph);
+}
+
+/** The parameters of a dispatcher's events. */
+static void DescribeDelegate(const FReadSection& Section, FJsonObject& Entry, const UEdGraph& Graph)
+{
+	const FMulticastDelegateProperty* const Delegate = CastField<FMulticastDelegateProperty>(
+		Section.Class.FindPropertyByName(Graph.GetFName()));
+	if (Delegate && Delegate->SignatureFunction)
+	{
+		SetParameters(Entry, *Delegate->SignatureFunction);
+	}
+}
+
 static void AddClassFunction(FReadSection& Section, const UFunction& Function)
 {
 	const TSharedPtr<FJsonObject> Entry = Section.AddEntry(Function.GetName());
@@ -89,9 +175,10 @@ static void AddClassFunction(FReadSection& Section, const UFunction& Function)
 	Entry->SetStringField(TEXT("function_type"), bEvent ? TEXT("event") : TEXT("function"));
 	if (Section.bFull)
 	{
-		SetSignature(*Entry, Function);
+		SetSignature(Section, *Entry, Function);
 		if (const UEdGraph* const Graph = FindGraph(Section.Blueprint, Function.GetFName()))
 		{
+			SetDetails(Section, *Entry, *Graph);
 			Entry->SetObjectField(TEXT("ed_graph"), FBlueprintReadUtils::ReadEdGraph(Graph, Section.Command));
 		}
 	}
@@ -129,7 +216,7 @@ void ReadSections::AddInterfaces(FReadSection& Section)
 
 void ReadSections::AddFunctions(FReadSection& Section)
 {
-	ReadFunctions::AddGraphs(Section, Section.Blueprint.FunctionGraphs);
+	ReadFunctions::AddGraphs(Section, Section.Blueprint.FunctionGraphs, &ReadFunctions::DescribeFunction);
 	TSet<FName> Listed;
 	for (const UEdGraph* const Graph : Section.Blueprint.FunctionGraphs)
 	{
@@ -157,5 +244,5 @@ void ReadSections::AddMacros(FReadSection& Section)
 
 void ReadSections::AddDelegates(FReadSection& Section)
 {
-	ReadFunctions::AddGraphs(Section, Section.Blueprint.DelegateSignatureGraphs);
+	ReadFunctions::AddGraphs(Section, Section.Blueprint.DelegateSignatureGraphs, &ReadFunctions::DescribeDelegate);
 }

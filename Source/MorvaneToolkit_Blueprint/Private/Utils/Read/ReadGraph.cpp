@@ -15,6 +15,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolInfo.h"
 #include "Utils/Read/ReadBudget.h"
+#include "Utils/Read/ReadDetail.h"
 #include "Utils/Read/ReadPins.h"
 
 namespace ReadGraph
@@ -40,12 +41,19 @@ static bool IsTool(const FString& ReadTool, const TCHAR* Tool)
 	return ReadTool.Equals(Tool, ESearchCase::IgnoreCase);
 }
 
-static void SetHead(FJsonObject& Object, const UEdGraph& Graph)
+/** A lean read has no word of what all ordinary graphs are. */
+static void SetHead(FJsonObject& Object, const UEdGraph& Graph, bool bLean)
 {
 	const UEdGraphSchema* const Schema = Graph.GetSchema();
 	Object.SetStringField(TEXT("name"), Graph.GetName());
-	Object.SetStringField(TEXT("class"), Graph.GetClass()->GetName());
-	Object.SetStringField(TEXT("schema"), Schema ? Schema->GetClass()->GetName() : FString(TEXT("Unknown")));
+	if (!bLean || Graph.GetClass() != UEdGraph::StaticClass())
+	{
+		Object.SetStringField(TEXT("class"), Graph.GetClass()->GetName());
+	}
+	if (!bLean)
+	{
+		Object.SetStringField(TEXT("schema"), Schema ? Schema->GetClass()->GetName() : FString(TEXT("Unknown")));
+	}
 }
 
 /** The nodes in their order, until the call has shown as much as it may. */
@@ -72,13 +80,22 @@ static TSharedPtr<FJsonObject> ReadNodeWithPins(const UEdGraphNode& Node, const 
 	Pins.Reserve(Node.Pins.Num());
 	for (const UEdGraphPin* const Pin : Node.Pins)
 	{
-		if (Pin)
+		if (const TSharedPtr<FJsonObject> Object = Pin ? PinReader.Read(*Pin) : nullptr)
 		{
-			Pins.Add(MakeShared<FJsonValueObject>(PinReader.Read(*Pin)));
+			Pins.Add(MakeShared<FJsonValueObject>(Object));
 		}
 	}
 	Info->SetArrayField(TEXT("pins"), MoveTemp(Pins));
 	return Info;
+}
+
+/** Says of a list that was narrowed how many nodes it has not. */
+static void SetLeftOut(FJsonObject& Object, int32 NumAll, int32 NumShown)
+{
+	if (NumShown < NumAll)
+	{
+		Object.SetNumberField(TEXT("nodes_left_out"), NumAll - NumShown);
+	}
 }
 
 static TSharedPtr<FJsonObject> MakeStateMachineInfo(const UAnimationStateMachineGraph& Graph)
@@ -121,28 +138,36 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEdGraph(
 	}
 	Visited.Add(Graph);
 	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
-	ReadGraph::SetHead(*Object, *Graph);
-	Object->SetNumberField(TEXT("hierarchy_depth"), Depth);
-	Object->SetStringField(TEXT("graph_path"), Graph->GetPathName());
+	const bool bLean = ReadDetail::IsLean(*Command);
+	ReadGraph::SetHead(*Object, *Graph, bLean);
+	if (!bLean)
+	{
+		Object->SetNumberField(TEXT("hierarchy_depth"), Depth);
+		Object->SetStringField(TEXT("graph_path"), Graph->GetPathName());
+	}
 	if (!ReadGraph::IsTool(ReadTool, Morvane::ToolInfo::ToolName_ReadBlueprintSchema))
 	{
+		const FNodeChoice Choice(*Command);
 		TArray<const UEdGraphNode*> Present;
 		Present.Reserve(Graph->Nodes.Num());
+		int32 NumNodes = 0;
 		for (const UEdGraphNode* const Node : Graph->Nodes)
 		{
-			if (Node)
+			NumNodes += Node ? 1 : 0;
+			if (Node && Choice.Holds(*Node))
 			{
 				Present.Add(Node);
 			}
 		}
 		TArray<TSharedPtr<FJsonValue>> Nodes;
-		FPinReader PinReader;
+		FPinReader PinReader(bLean);
 		ReadGraph::AddNodes(
 			Present,
 			[&](const UEdGraphNode& Node)
 			{ return ReadGraph::ReadNodeWithPins(Node, Command, Depth, Visited, PinReader); },
 			Nodes);
 		Object->SetArrayField(TEXT("nodes"), MoveTemp(Nodes));
+		ReadGraph::SetLeftOut(*Object, NumNodes, Present.Num());
 		if (const UAnimationStateMachineGraph* const Machine = Cast<UAnimationStateMachineGraph>(Graph))
 		{
 			Object->SetObjectField(TEXT("state_machine_info"), ReadGraph::MakeStateMachineInfo(*Machine));
@@ -295,7 +320,10 @@ public:
 		: Graph(InGraph)
 		, Command(InCommand)
 		, bFull(IsTool(ReadTool, Morvane::ToolInfo::ToolName_ReadBlueprintEvent))
+		, bLean(ReadDetail::IsLean(*InCommand))
+		, Choice(*InCommand)
 		, Requested(*InCommand, InGraph)
+		, PinReader(bLean)
 	{
 		Command->TryGetBoolField(TEXT("finalize_modifications"), bFinalize);
 	}
@@ -337,11 +365,14 @@ private:
 			return;
 		}
 		const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
-		Entry->SetStringField(TEXT("event_type"), Flow.Event->GetClass()->GetName());
+		if (!bLean || !bFull)
+		{
+			Entry->SetStringField(TEXT("event_type"), Flow.Event->GetClass()->GetName());
+		}
 		Entry->SetStringField(TEXT("event_title"), Title);
 		if (bFull)
 		{
-			Entry->SetArrayField(TEXT("nodes"), ReadNodes(Flow.Nodes));
+			SetNodes(*Entry, Flow.Nodes);
 		}
 		Entries.Add(MakeShared<FJsonValueObject>(Entry));
 	}
@@ -373,33 +404,52 @@ private:
 			}
 		}
 		const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
-		Entry->SetStringField(TEXT("event_type"), FloatingName);
+		if (!bLean)
+		{
+			Entry->SetStringField(TEXT("event_type"), FloatingName);
+		}
 		Entry->SetStringField(TEXT("event_title"), FloatingName);
-		Entry->SetArrayField(TEXT("nodes"), ReadNodes(Floating));
+		SetNodes(*Entry, Floating);
 		Entries.Add(MakeShared<FJsonValueObject>(Entry));
 	}
 
-	TArray<TSharedPtr<FJsonValue>> ReadNodes(const TArray<const UEdGraphNode*>& Nodes)
+	void SetNodes(FJsonObject& Entry, const TArray<const UEdGraphNode*>& Nodes)
 	{
 		TArray<TSharedPtr<FJsonValue>> Values;
+		const TArray<const UEdGraphNode*> Chosen = Nodes.FilterByPredicate(
+			[this](const UEdGraphNode* Node) { return Choice.Holds(*Node); });
 		AddNodes(
-			Nodes,
-			[this](const UEdGraphNode& Node)
-			{
-				TSet<const UEdGraph*> Visited;
-				return ReadNodeWithPins(Node, Command, 0, Visited, PinReader);
-			},
-			Values);
-		return Values;
+			Chosen, [this](const UEdGraphNode& Node) { return ReadNode(Node); }, Values);
+		Entry.SetArrayField(TEXT("nodes"), MoveTemp(Values));
+		SetLeftOut(Entry, Nodes.Num(), Chosen.Num());
+	}
+
+	/** A node of several flows; a lean read shows it in the first of them and names it in the others. */
+	TSharedPtr<FJsonObject> ReadNode(const UEdGraphNode& Node)
+	{
+		if (bLean && Shown.Contains(&Node))
+		{
+			const TSharedPtr<FJsonObject> Named = MakeShared<FJsonObject>();
+			Named->SetStringField(TEXT("menu_title"), Node.GetNodeTitle(ENodeTitleType::MenuTitle).ToString());
+			Named->SetStringField(TEXT("node_guid"), FBlueprintNodeUtils::GetShortNodeId(&Node));
+			Named->SetBoolField(TEXT("shown_above"), true);
+			return Named;
+		}
+		Shown.Add(&Node);
+		TSet<const UEdGraph*> Visited;
+		return ReadNodeWithPins(Node, Command, 0, Visited, PinReader);
 	}
 
 	const UEdGraph& Graph;
 	const TSharedPtr<FJsonObject>& Command;
 	bool bFull;
+	bool bLean;
 	bool bFinalize = false;
+	FNodeChoice Choice;
 	FRequestedEvents Requested;
 	FPinReader PinReader;
 	TSet<const UEdGraphNode*> Attached;
+	TSet<const UEdGraphNode*> Shown;
 	TArray<TSharedPtr<FJsonValue>> Entries;
 };
 } // namespace ReadGraph
@@ -417,7 +467,7 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEventGraph(
 	{
 		return Object;
 	}
-	ReadGraph::SetHead(*Object, *Graph);
+	ReadGraph::SetHead(*Object, *Graph, ReadDetail::IsLean(*Command));
 	Object->SetArrayField(
 		TEXT("event_flows"), ReadGraph::FEventGraphRead(*Graph, Command, ReadTool).Read(bRestrict, ShortNodeIds));
 	return Object;

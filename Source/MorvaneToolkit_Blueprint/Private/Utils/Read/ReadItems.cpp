@@ -1,5 +1,7 @@
 #include "Utils/Read/ReadItems.h"
 
+#include "Engine/BlueprintGeneratedClass.h"
+
 bool FRequestedNames::Read(const FJsonObject& Command, const TCHAR* Field)
 {
 	const TArray<TSharedPtr<FJsonValue>>* Values = nullptr;
@@ -47,6 +49,27 @@ void FRequestedNames::AddMissing(TArray<TSharedPtr<FJsonValue>>& Entries, bool b
 bool FReadSection::Stands(const FString& Name)
 {
 	return !bFull || Requested.Take(Name);
+}
+
+bool FReadSection::Stands(const FString& Name, const FString& OtherName)
+{
+	if (!bFull)
+	{
+		return true;
+	}
+	// Both are asked, so that none of two names for one item is told to be missing.
+	const bool bByName = Requested.Take(Name);
+	const bool bByOther = !OtherName.Equals(Name, ESearchCase::IgnoreCase) && Requested.Take(OtherName);
+	return bByName || bByOther;
+}
+
+void FReadSection::SetInherited(FJsonObject& Entry, const UClass* Owner) const
+{
+	if (Owner && Owner != &Class)
+	{
+		Entry.SetBoolField(TEXT("inherited"), true);
+		Entry.SetStringField(TEXT("inherited_from"), Owner->GetName());
+	}
 }
 
 TSharedPtr<FJsonObject> FReadSection::AddEntry(const FString& Name)

@@ -5,6 +5,7 @@
 
 class UBlueprint;
 class UBlueprintGeneratedClass;
+class UClass;
 
 /** The names that a one-item read asks for, each with how often an item of it was found. Names compare ignoring case.
  */
@@ -30,11 +31,17 @@ struct FReadSection
 	const TSharedPtr<FJsonObject>& Command;
 	/** The items are asked for by name and shown in full; otherwise all of them in overview. */
 	bool bFull = false;
+	/** What is as it is in most items is left out. */
+	bool bLean = false;
 	FRequestedNames Requested;
 	TArray<TSharedPtr<FJsonValue>> Entries;
 
 	/** Whether the item of this name belongs into the section. Call it once for each item: it counts. */
 	bool Stands(const FString& Name);
+	/** The same for an item that answers to a second name as well. */
+	bool Stands(const FString& Name, const FString& OtherName);
+	/** Marks the entry of an item that a class above this one has; nothing for null and for the Blueprint's own. */
+	void SetInherited(FJsonObject& Entry, const UClass* Owner) const;
 	/** A new entry that holds its name so far. */
 	TSharedPtr<FJsonObject> AddEntry(const FString& Name);
 };

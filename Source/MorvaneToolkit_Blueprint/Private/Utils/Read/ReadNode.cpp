@@ -15,6 +15,8 @@
 #include "K2Node_Literal.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
+#include "Utils/Read/NodeFacts.h"
+#include "Utils/Read/ReadDetail.h"
 #include "Utils/Read/ReadPins.h"
 #include "Utils/Read/ReadUnresolved.h"
 
@@ -26,6 +28,8 @@ struct FContext
 	const TSharedPtr<FJsonObject>& Command;
 	int32 Depth;
 	TSet<const UEdGraph*>& Visited;
+
+	bool IsLean() const { return Command && ReadDetail::IsLean(*Command); }
 };
 
 static void SetMember(
@@ -168,6 +172,15 @@ struct FMachineContents
 	}
 };
 
+/** The machine's own graph shows the states with their graphs, once more in full and once at all in lean. */
+static void SetGraphOfState(FJsonObject& Object, const UEdGraph* BoundGraph, const FContext& Context)
+{
+	if (!Context.IsLean())
+	{
+		SetBoundGraph(Object, BoundGraph, Context);
+	}
+}
+
 static void AddToMachine(FMachineContents& Contents, const UEdGraphNode& Node,
 	const UAnimGraphNode_StateMachine& Machine, const FContext& Context)
 {
@@ -181,13 +194,13 @@ static void AddToMachine(FMachineContents& Contents, const UEdGraphNode& Node,
 	{
 		SetHead(*Object, Node);
 		Object->SetStringField(TEXT("state_name"), State->GetStateName());
-		SetBoundGraph(*Object, State->BoundGraph, Context);
+		SetGraphOfState(*Object, State->BoundGraph, Context);
 		Contents.Add(Contents.States, Object);
 	}
 	else if (const UAnimStateConduitNode* const Conduit = Cast<UAnimStateConduitNode>(&Node))
 	{
 		SetHead(*Object, Node);
-		SetBoundGraph(*Object, Conduit->BoundGraph, Context);
+		SetGraphOfState(*Object, Conduit->BoundGraph, Context);
 		Contents.Add(Contents.States, Object);
 	}
 	else if (const UAnimStateAliasNode* const Alias = Cast<UAnimStateAliasNode>(&Node))
@@ -332,6 +345,53 @@ static void SetProperties(FJsonObject& Properties, const UEdGraphNode& Node, con
 	{
 		SetAnimationProperties(Properties, Node, Context);
 	}
+	NodeFacts::Set(Properties, Node);
+}
+
+static void SetTitles(FJsonObject& Info, const UEdGraphNode& Node, const FString& FullTitle, bool bLean)
+{
+	const FString MenuTitle = Node.GetNodeTitle(ENodeTitleType::MenuTitle).ToString();
+	Info.SetStringField(TEXT("menu_title"), MenuTitle);
+	// Beyond the first line a full title says what class and properties say.
+	FString FirstLine;
+	const bool bLines = FullTitle.Split(TEXT("\n"), &FirstLine, nullptr);
+	if (!bLean
+		|| (!FullTitle.IsEmpty() && !(bLines ? FirstLine : FullTitle).Equals(MenuTitle, ESearchCase::CaseSensitive)))
+	{
+		Info.SetStringField(TEXT("full_title"), FullTitle);
+	}
+	const UK2Node* const K2Node = Cast<UK2Node>(&Node);
+	if (K2Node && !bLean)
+	{
+		Info.SetStringField(TEXT("menu_category"), K2Node->GetMenuCategory().ToString());
+	}
+}
+
+/** Calls of such functions have that state from the start; it tells something where an author chose it. */
+static bool IsForDevelopment(const UEdGraphNode& Node)
+{
+	static const FName DevelopmentOnly(TEXT("DevelopmentOnly"));
+	const UK2Node_CallFunction* const Call = Cast<UK2Node_CallFunction>(&Node);
+	const UFunction* const Function = Call ? Call->GetTargetFunction() : nullptr;
+	return Function && Function->HasMetaData(DevelopmentOnly);
+}
+
+static void SetEnabledState(FJsonObject& Info, const UEdGraphNode& Node)
+{
+	switch (Node.GetDesiredEnabledState())
+	{
+	case ENodeEnabledState::Disabled:
+		Info.SetStringField(TEXT("enabled_state"), TEXT("disabled"));
+		break;
+	case ENodeEnabledState::DevelopmentOnly:
+		if (!IsForDevelopment(Node))
+		{
+			Info.SetStringField(TEXT("enabled_state"), TEXT("development_only"));
+		}
+		break;
+	case ENodeEnabledState::Enabled:
+		break;
+	}
 }
 } // namespace ReadNode
 
@@ -359,24 +419,33 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadNodeInfo(
 		ExtractTitleTargetClass(Node->GetTooltipText().ToString(), TargetClass);
 	}
 	const TSharedPtr<FJsonObject> Info = MakeShared<FJsonObject>();
-	Info->SetStringField(TEXT("menu_title"), Node->GetNodeTitle(ENodeTitleType::MenuTitle).ToString());
-	Info->SetStringField(TEXT("full_title"), FullTitle);
-	if (const UK2Node* const K2Node = Cast<UK2Node>(Node))
-	{
-		Info->SetStringField(TEXT("menu_category"), K2Node->GetMenuCategory().ToString());
-	}
+	const ReadNode::FContext Context{Command, Depth, Visited};
+	const bool bLean = Context.IsLean();
+	ReadNode::SetTitles(*Info, *Node, FullTitle, bLean);
 	Info->SetStringField(TEXT("class_name"), Node->GetClass()->GetName());
 	Info->SetStringField(TEXT("node_guid"), FBlueprintNodeUtils::GetShortNodeId(Node));
-	Info->SetNumberField(TEXT("pos_x"), Node->NodePosX);
-	Info->SetNumberField(TEXT("pos_y"), Node->NodePosY);
+	if (!bLean)
+	{
+		Info->SetNumberField(TEXT("pos_x"), Node->NodePosX);
+		Info->SetNumberField(TEXT("pos_y"), Node->NodePosY);
+	}
 	if (!Node->NodeComment.IsEmpty())
 	{
 		Info->SetStringField(TEXT("comment"), Node->NodeComment);
 	}
+	ReadNode::SetEnabledState(*Info, *Node);
 	ReadUnresolved::SetPaths(*Info, *Node);
 	const TSharedPtr<FJsonObject> Properties = MakeShared<FJsonObject>();
-	ReadNode::SetProperties(*Properties, *Node, ReadNode::FContext{Command, Depth, Visited});
-	Info->SetObjectField(TEXT("properties"), Properties);
+	ReadNode::SetProperties(*Properties, *Node, Context);
+	if (bLean)
+	{
+		Properties->RemoveField(TEXT("is_pure"));
+		Properties->RemoveField(TEXT("node_title"));
+	}
+	if (!bLean || !Properties->Values.IsEmpty())
+	{
+		Info->SetObjectField(TEXT("properties"), Properties);
+	}
 	return Info;
 }
 

@@ -14,6 +14,12 @@ class UEdGraphNode;
 class FPinReader
 {
 public:
+	explicit FPinReader(bool bInLean = false)
+		: bLean(bInLean)
+	{
+	}
+
+	/** Null for a pin that a lean read leaves out; never in a full one. */
 	TSharedPtr<FJsonObject> Read(const UEdGraphPin& Pin);
 
 private:
@@ -23,10 +29,16 @@ private:
 		TSharedPtr<FJsonValue> ShortId;
 	};
 
+	TSharedPtr<FJsonObject> ReadFull(const UEdGraphPin& Pin);
+	TSharedPtr<FJsonObject> ReadLean(const UEdGraphPin& Pin);
 	TSharedPtr<FJsonValue> GetType(const FEdGraphPinType& Type);
+	/** True once for each type. */
+	bool IsFirstOfType(const FEdGraphPinType& Type);
 	const FNodeName& GetName(const UEdGraphNode& Node);
 	TSharedPtr<FJsonValue> ReadConnection(const UEdGraphPin& Linked, const UEdGraphNode& Node);
 
+	bool bLean;
 	TArray<TPair<FEdGraphPinType, TSharedPtr<FJsonValue>>> Types;
+	TArray<FEdGraphPinType> ShownTypes;
 	TMap<const UEdGraphNode*, FNodeName> Names;
 };

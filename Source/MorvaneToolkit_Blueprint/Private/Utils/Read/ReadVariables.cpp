@@ -65,8 +65,35 @@ static bool DescribeWidgetVariable(const FReadSection& Section, const FProperty&
 	return true;
 }
 
+static void SetFlag(const FReadSection& Section, FJsonObject& Entry, const TCHAR* Key, bool bValue)
+{
+	if (bValue || !Section.bLean)
+	{
+		Entry.SetBoolField(Key, bValue);
+	}
+}
+
+static void SetFlags(const FReadSection& Section, FJsonObject& Entry, const FBPVariableDescription& Variable)
+{
+	const uint64 Flags = Variable.PropertyFlags;
+	const auto Set = [&](const TCHAR* Key, bool bValue) { SetFlag(Section, Entry, Key, bValue); };
+	Set(TEXT("instance_editable"), (Flags & CPF_DisableEditOnInstance) == 0);
+	Set(TEXT("expose_on_spawn"), HasTrueMetaData(Variable, FBlueprintMetadata::MD_ExposeOnSpawn));
+	Set(TEXT("private"), HasTrueMetaData(Variable, FBlueprintMetadata::MD_Private));
+	Set(TEXT("save_game"), (Flags & CPF_SaveGame) != 0);
+	Set(TEXT("blueprint_read_only"), (Flags & CPF_BlueprintReadOnly) != 0);
+	Set(TEXT("config"), (Flags & CPF_Config) != 0);
+}
+
+/** The category of variables for which none was chosen. */
+static bool IsDefaultCategory(const FReadSection& Section, const FString& Category)
+{
+	return Category.IsEmpty() || Category == TEXT("Default") || Category == Section.Blueprint.GetName();
+}
+
+/** Owner: the class that declares it; null where it is the Blueprint's own. */
 static void AddVariable(FReadSection& Section, const FString& Name, const FBPVariableDescription& Variable,
-	const FEdGraphPinType& Type, const FString& DefaultValue)
+	const FEdGraphPinType& Type, const FString& DefaultValue, const UClass* Owner)
 {
 	const TSharedPtr<FJsonObject> Entry = Section.AddEntry(Name);
 	Entry->SetObjectField(TEXT("type"), FAssetOperationBase::ConvertEdGraphPinTypeToJson(Type));
@@ -74,20 +101,23 @@ static void AddVariable(FReadSection& Section, const FString& Name, const FBPVar
 	{
 		Entry->SetStringField(TEXT("default_variable_value"), DefaultValue);
 	}
-	Entry->SetObjectField(TEXT("replication"), MakeReplication(Variable));
-	Entry->SetStringField(TEXT("category"), Variable.Category.ToString());
+	const bool bReplicates = !Variable.RepNotifyFunc.IsNone() || (Variable.PropertyFlags & CPF_Net) != 0;
+	if (bReplicates || !Section.bLean)
+	{
+		Entry->SetObjectField(TEXT("replication"), MakeReplication(Variable));
+	}
+	const FString Category = Variable.Category.ToString();
+	if (!Section.bLean || !IsDefaultCategory(Section, Category))
+	{
+		Entry->SetStringField(TEXT("category"), Category);
+	}
 	const bool bHasTooltip = Variable.HasMetaData(FBlueprintMetadata::MD_Tooltip);
 	if (bHasTooltip && !Variable.GetMetaData(FBlueprintMetadata::MD_Tooltip).IsEmpty())
 	{
 		Entry->SetStringField(TEXT("tooltip"), Variable.GetMetaData(FBlueprintMetadata::MD_Tooltip));
 	}
-	const uint64 Flags = Variable.PropertyFlags;
-	Entry->SetBoolField(TEXT("instance_editable"), (Flags & CPF_DisableEditOnInstance) == 0);
-	Entry->SetBoolField(TEXT("expose_on_spawn"), HasTrueMetaData(Variable, FBlueprintMetadata::MD_ExposeOnSpawn));
-	Entry->SetBoolField(TEXT("private"), HasTrueMetaData(Variable, FBlueprintMetadata::MD_Private));
-	Entry->SetBoolField(TEXT("save_game"), (Flags & CPF_SaveGame) != 0);
-	Entry->SetBoolField(TEXT("blueprint_read_only"), (Flags & CPF_BlueprintReadOnly) != 0);
-	Entry->SetBoolField(TEXT("config"), (Flags & CPF_Config) != 0);
+	SetFlags(Section, *Entry, Variable);
+	Section.SetInherited(*Entry, Owner);
 }
 } // namespace ReadVariables
 
@@ -110,7 +140,7 @@ void ReadSections::AddVariables(FReadSection& Section)
 			FEdGraphPinType Type;
 			FAssetOperationBase::ConvertPropertyToEdGraphPinType(*It, Type);
 			const FString Value = FAssetOperationBase::GetPropertyValueAsString(Default, *It);
-			ReadVariables::AddVariable(Section, It->GetName(), *Variable, Type, Value);
+			ReadVariables::AddVariable(Section, It->GetName(), *Variable, Type, Value, It->GetOwnerClass());
 			Listed.Add(It->GetFName());
 		}
 	}
@@ -120,7 +150,7 @@ void ReadSections::AddVariables(FReadSection& Section)
 		const FString Name = Variable.VarName.ToString();
 		if (!Listed.Contains(Variable.VarName) && Section.Stands(Name))
 		{
-			ReadVariables::AddVariable(Section, Name, Variable, Variable.VarType, Variable.DefaultValue);
+			ReadVariables::AddVariable(Section, Name, Variable, Variable.VarType, Variable.DefaultValue, nullptr);
 		}
 	}
 }

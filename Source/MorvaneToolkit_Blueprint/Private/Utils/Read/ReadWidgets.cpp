@@ -14,13 +14,18 @@
 
 namespace ReadWidgets
 {
-/** Every editable property that has a text, whatever its type, by name. */
-static TSharedPtr<FJsonObject> ExportProperties(UObject& Object)
+/** Every editable property that has a text, whatever its type, by name; in lean those that somebody set. */
+static TSharedPtr<FJsonObject> ExportProperties(UObject& Object, bool bLean)
 {
 	const TSharedPtr<FJsonObject> Properties = MakeShared<FJsonObject>();
+	const UObject* const Default = Object.GetClass()->GetDefaultObject();
 	for (TFieldIterator<FProperty> It(Object.GetClass(), EFieldIteratorFlags::IncludeSuper); It; ++It)
 	{
 		if (It->HasAnyPropertyFlags(CPF_Transient | CPF_Deprecated) || !It->HasAnyPropertyFlags(CPF_Edit))
+		{
+			continue;
+		}
+		if (bLean && Default && It->Identical_InContainer(&Object, Default))
 		{
 			continue;
 		}
@@ -93,7 +98,7 @@ TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchyNode(
 	return Node;
 }
 
-TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetDetails(UWidget* Widget, UWidgetBlueprint*)
+TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetDetails(UWidget* Widget, UWidgetBlueprint*, bool bLean)
 {
 	if (!Widget)
 	{
@@ -105,19 +110,19 @@ TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetDetails(UWidget* W
 	{
 		Details->SetStringField(TEXT("parent"), Parent->GetName());
 	}
-	ReadWidgets::SetUnlessEmpty(*Details, TEXT("slot"), SerializeSlotProperties(Widget->Slot));
-	ReadWidgets::SetUnlessEmpty(*Details, TEXT("properties"), SerializeWidgetProperties(Widget));
+	ReadWidgets::SetUnlessEmpty(*Details, TEXT("slot"), SerializeSlotProperties(Widget->Slot, bLean));
+	ReadWidgets::SetUnlessEmpty(*Details, TEXT("properties"), SerializeWidgetProperties(Widget, bLean));
 	return Details;
 }
 
-TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeSlotProperties(UPanelSlot* Slot)
+TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeSlotProperties(UPanelSlot* Slot, bool bLean)
 {
-	return Slot ? ReadWidgets::ExportProperties(*Slot) : nullptr;
+	return Slot ? ReadWidgets::ExportProperties(*Slot, bLean) : nullptr;
 }
 
-TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetProperties(UWidget* Widget)
+TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetProperties(UWidget* Widget, bool bLean)
 {
-	return Widget ? ReadWidgets::ExportProperties(*Widget) : nullptr;
+	return Widget ? ReadWidgets::ExportProperties(*Widget, bLean) : nullptr;
 }
 
 bool FWidgetBlueprintUtils::VerifyBlueprintVariableName(

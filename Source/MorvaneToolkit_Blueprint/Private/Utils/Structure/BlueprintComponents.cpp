@@ -8,11 +8,11 @@
 #include "Engine/Blueprint.h"
 #include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
-#include "GameFramework/Actor.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
+#include "Utils/Asset/NativeComponents.h"
 #include "Utils/Report/TrackedNames.h"
 #include "Utils/Structure/ComponentAttachment.h"
 #include "Utils/Structure/ComponentProperties.h"
@@ -128,19 +128,11 @@ private:
 				return;
 			}
 		}
-		UClass* const Parent = Blueprint.ParentClass.Get();
-		const FProperty* const Property = Parent ? Parent->FindPropertyByName(Wanted) : nullptr;
-		const AActor* const Default = Parent ? Cast<AActor>(Parent->GetDefaultObject()) : nullptr;
-		TArray<UActorComponent*> Native;
-		if (Default)
+		const UClass* const Parent = Blueprint.ParentClass.Get();
+		if (const UActorComponent* const Native = Parent ? NativeComponents::Find(*Parent, Name) : nullptr)
 		{
-			Default->GetComponents(Native);
-		}
-		const bool bNative = Native.ContainsByPredicate(
-			[Wanted](const UActorComponent* Component) { return Component->GetFName() == Wanted; });
-		if (bNative || Property)
-		{
-			RefuseInherited(Name, Property ? Property->GetOwnerClass() : Parent);
+			const FProperty* const Member = NativeComponents::FindMember(*Native);
+			RefuseInherited(Name, Member ? Member->GetOwnerClass() : Parent);
 			return;
 		}
 		Result.AddWarningMessage(FString::Printf(TEXT("Component '%s' not found for modification"), *Name));
