@@ -7,6 +7,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "Standalone/EditorFaults.h"
+#include "TestIsolation.h"
 #include "ToolResults.h"
 #include "UObject/Package.h"
 
@@ -50,19 +51,6 @@ static std::string ClassOf(const FString& Path)
 	const UBlueprint* const Blueprint = FBlueprintUtils::TryLoadBlueprint(Path);
 	return Blueprint ? ToStd(Blueprint->GetClass()->GetName()) : "none";
 }
-
-/** Takes away what a test has made beside the builder's own asset. */
-struct FDropPackage
-{
-	const TCHAR* Name;
-	~FDropPackage()
-	{
-		if (UPackage* const Package = FindPackage(nullptr, Name))
-		{
-			Package->MarkAsGarbage();
-		}
-	}
-};
 } // namespace AssetToolsTest
 
 TEST(CreateTool, MissingFieldsAreNamedInTheirOwnWords)
@@ -103,7 +91,6 @@ TEST(CreateTool, ParentClassDecidesTheKind)
 			{"native", "/Script/AIModule.BTTask_BlueprintBase", "Blueprint"}})
 	{
 		FBlueprintBuilder Blueprint;
-		const AssetToolsTest::FDropPackage Drop{TEXT("/Game/New/BP_New")};
 		const Morvane::FToolResult Result = AssetToolsTest::Create("/Game/New/BP_New", Case.Parent, Case.Type);
 		EXPECT_THAT(Errors(Result), IsEmpty()) << Case.Parent;
 		EXPECT_THAT(Successes(Result), IsEmpty()) << "the tracked read tells of the asset";
@@ -116,6 +103,7 @@ TEST(CreateTool, ParentClassDecidesTheKind)
 		ASSERT_NE(Package, nullptr);
 		EXPECT_TRUE(Package->IsDirty()) << "creating saves nothing";
 		EXPECT_FALSE(Blueprint.Folder().Exists("Content/New/BP_New.uatext"));
+		TestIsolation::CloseProject();
 	}
 }
 
@@ -177,7 +165,6 @@ TEST(DeleteTool, AssetIsGoneFromDiskMemoryAndRegistry)
 	EXPECT_FALSE(FBlueprintUtils::BlueprintExists(TEXT("/Game/Tests/BP_Test.BP_Test")));
 	EXPECT_EQ(FBlueprintUtils::TryLoadBlueprint(TEXT("/Game/Tests/BP_Test")), nullptr);
 
-	const AssetToolsTest::FDropPackage Drop{TEXT("/Game/Tests/BP_Test")};
 	EXPECT_THAT(Errors(AssetToolsTest::Create("/Game/Tests/BP_Test")), IsEmpty()) << "the place is free at once";
 }
 
@@ -208,7 +195,6 @@ TEST(DeleteTool, RefusedFileStaysWithItsAsset)
 TEST(DeleteTool, AssetsThatUseItAreNamed)
 {
 	FBlueprintBuilder Blueprint;
-	const AssetToolsTest::FDropPackage Drop{TEXT("/Game/Tests/BP_Child")};
 	EXPECT_THAT(Errors(AssetToolsTest::Create("/Game/Tests/BP_Child", "BP_Test", "blueprint")), IsEmpty());
 	ASSERT_TRUE(FBlueprintUtils::SaveBlueprint(FBlueprintUtils::TryLoadBlueprint(TEXT("/Game/Tests/BP_Child"))));
 	const Morvane::FToolResult Result = AssetToolsTest::Delete("/Game/Tests/BP_Test");
@@ -236,7 +222,6 @@ TEST(LoadBlueprint, FindsByPathAndByBareName)
 TEST(LoadBlueprint, AnimationBlueprintOfTheNameGoesFirst)
 {
 	FBlueprintBuilder Blueprint;
-	const AssetToolsTest::FDropPackage Drop{TEXT("/Game/Zoo/BP_Test")};
 	EXPECT_THAT(Errors(AssetToolsTest::Create("/Game/Zoo/BP_Test", "/Script/Engine.AnimInstance")), IsEmpty());
 	EXPECT_EQ(AssetToolsTest::ClassOf(TEXT("BP_Test")), "AnimBlueprint");
 }

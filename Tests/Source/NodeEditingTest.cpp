@@ -231,26 +231,26 @@ TEST(NodeEditor, EnumSwitchesFollowTheirEnum)
 TEST(NodeEditor, TagSwitchesAreToldByTags)
 {
 	FModifying Case;
-	UGameplayTagsManager::Get().AddNativeGameplayTag(TEXT("Ability.Fire"));
-	UGameplayTagsManager::Get().AddNativeGameplayTag(TEXT("Ability.Ice"));
+	UGameplayTagsManager::Get().AddNativeGameplayTag(TEXT("Native.Fire"));
+	UGameplayTagsManager::Get().AddNativeGameplayTag(TEXT("Native.Ice"));
 	Case.Make("\"nodes\":[" + ClassNode("tag", "GameplayTagsK2Node_SwitchGameplayTag", "Switch on Gameplay Tag") + ","
 		+ ClassNode("tags", "GameplayTagsK2Node_SwitchGameplayTagContainer", "Switch on Gameplay Tag Container") + "]");
 	for (const char* const Id : {"tag", "tags"})
 	{
 		const std::string Title = ToStd(Case.Node(Id)->GetNodeTitle(ENodeTitleType::FullTitle).ToString());
 		Case.ModifyNodes(Case.Pins(Id,
-			Pin("add", "Ability.Fire") + "," + Pin("add", "Ability.Fire") + "," + Pin("add", "No.Such.Tag") + ","
-				+ Pin("remove", "No.Such.Tag") + "," + Pin("remove", "Ability.Ice")));
+			Pin("add", "Native.Fire") + "," + Pin("add", "Native.Fire") + "," + Pin("add", "No.Such.Tag") + ","
+				+ Pin("remove", "No.Such.Tag") + "," + Pin("remove", "Native.Ice")));
 		EXPECT_THAT(Warnings(*Case.Result),
-			ElementsAre("Found existing pin 'Ability.Fire' on node '" + Title + "'",
+			ElementsAre("Found existing pin 'Native.Fire' on node '" + Title + "'",
 				"Failed to add new pin 'No.Such.Tag'. GameplayTag is invalid",
 				"Failed to remove pin 'No.Such.Tag'. GameplayTag is invalid",
-				"Could not find pin 'Ability.Ice' on node '" + Title + "'"));
+				"Could not find pin 'Native.Ice' on node '" + Title + "'"));
 		ASSERT_TRUE(Case.Blueprint.Reload());
-		EXPECT_THAT(FModifying::PinNames(Case.Node(Id)), Contains("Ability.Fire"));
-		Case.ModifyNodes(Case.Pins(Id, Pin("remove", "Ability.Fire")));
+		EXPECT_THAT(FModifying::PinNames(Case.Node(Id)), Contains("Native.Fire"));
+		Case.ModifyNodes(Case.Pins(Id, Pin("remove", "Native.Fire")));
 		EXPECT_THAT(Warnings(*Case.Result), IsEmpty());
-		EXPECT_THAT(FModifying::PinNames(Case.Node(Id)), Not(Contains("Ability.Fire")));
+		EXPECT_THAT(FModifying::PinNames(Case.Node(Id)), Not(Contains("Native.Fire")));
 	}
 	EXPECT_TRUE(Cast<UGameplayTagsK2Node_SwitchGameplayTag>(Case.Node("tag"))->PinTags.IsEmpty());
 }

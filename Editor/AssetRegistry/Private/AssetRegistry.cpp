@@ -366,13 +366,7 @@ private:
 		}
 		const TArray<FScannedRoot> Before = Scanned;
 		Scanned = Mounted;
-		for (const FScannedRoot& Old : Before)
-		{
-			if (!Mounted.Contains(Old))
-			{
-				ForgetBelow(Old.Root);
-			}
-		}
+		ForgetAllBut(Before.FilterByPredicate([&](const FScannedRoot& Old) { return Mounted.Contains(Old); }));
 		for (const FScannedRoot& New : Mounted)
 		{
 			if (!Before.Contains(New))
@@ -382,12 +376,15 @@ private:
 		}
 	}
 
-	void ForgetBelow(const FString& Root) const
+	/** What was saved or looked up below a root before its scan goes with it, too. */
+	void ForgetAllBut(const TArray<FScannedRoot>& Kept) const
 	{
 		TArray<FName> Gone;
 		for (const auto& Pair : OnDisk)
 		{
-			if (Pair.Key.GetView().StartsWith(Root, ESearchCase::IgnoreCase))
+			const FStringView Package = Pair.Key.GetView();
+			if (!Kept.ContainsByPredicate([Package](const FScannedRoot& Root)
+					{ return Package.StartsWith(Root.Root, ESearchCase::IgnoreCase); }))
 			{
 				Gone.Add(Pair.Key);
 			}

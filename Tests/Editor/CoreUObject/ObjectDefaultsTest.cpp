@@ -1,5 +1,7 @@
 #include "ReflectedThings.h"
 
+#include "Standalone/ObjectText.h"
+
 #include <gtest/gtest.h>
 
 namespace ObjectDefaults
@@ -135,6 +137,22 @@ TEST(ObjectDefaults, ANewDefaultTakesOverOnlyWhatTheOldOneHadSet)
 	EXPECT_EQ(ValueOf<int32>(New, TEXT("Own")), 3);
 	CollectGarbage();
 	EXPECT_EQ(New->Friend, New->Held);
+}
+
+TEST(ObjectDefaults, KeptTextOfAnObjectThatIsGoneIsNotThatOfTheNextInItsPlace)
+{
+	const FThingPackage Package;
+	UObject* const Gone = NewObject<UThing>(Package.Get(), TEXT("Gone"));
+	FKeptObjectText::FindOrAdd(Gone).ClassPath = "/Script/Gone.Kind";
+	const int32 Slot = Gone->GetInternalIndex();
+	Gone->MarkAsGarbage();
+	CollectGarbage();
+	UObject* const Next = NewObject<UThing>(Package.Get(), TEXT("Next"));
+	ASSERT_EQ(Next->GetInternalIndex(), Slot);
+	EXPECT_EQ(FKeptObjectText::Find(Next), nullptr);
+	Next->MarkAsGarbage();
+	EXPECT_EQ(FKeptObjectText::Find(Next), nullptr) << "as a default object is that is being replaced";
+	EXPECT_EQ(FKeptObjectText::FindOrAdd(Next).ClassPath, "");
 }
 
 TEST(ObjectDefaults, ReparentingWithinTheSameCodeMovesObjectsAlong)

@@ -15,6 +15,12 @@ struct FEntry
 	FKeptObjectText Text;
 };
 
+/** Two pointers to objects that are gone are equal as pointers, so the slot's users are told apart by their numbers. */
+static bool IsOf(const FEntry& Entry, const FWeakObjectPtr& Owner)
+{
+	return Entry.Owner.ObjectIndex == Owner.ObjectIndex && Entry.Owner.ObjectSerialNumber == Owner.ObjectSerialNumber;
+}
+
 /** By slot in the object table. A slot that is used again has another serial number, which the weak pointer tells. */
 static std::unordered_map<int32, FEntry>& Entries()
 {
@@ -44,7 +50,8 @@ const FKeptObjectText* FKeptObjectText::Find(const UObject* Object)
 		return nullptr;
 	}
 	const auto Found = Table.find(Object->GetInternalIndex());
-	return Found != Table.end() && Found->second.Owner == FWeakObjectPtr(Object) ? &Found->second.Text : nullptr;
+	return Found != Table.end() && KeptObjectText::IsOf(Found->second, FWeakObjectPtr(Object)) ? &Found->second.Text
+																							   : nullptr;
 }
 
 FKeptObjectText& FKeptObjectText::FindOrAdd(UObject* Object)
@@ -52,7 +59,7 @@ FKeptObjectText& FKeptObjectText::FindOrAdd(UObject* Object)
 	KeptObjectText::SweepWhenGrown();
 	KeptObjectText::FEntry& Entry = KeptObjectText::Entries()[Object->GetInternalIndex()];
 	const FWeakObjectPtr Owner(Object);
-	if (!(Entry.Owner == Owner))
+	if (!KeptObjectText::IsOf(Entry, Owner))
 	{
 		Entry = KeptObjectText::FEntry{Owner, {}};
 	}

@@ -1,0 +1,39 @@
+#include "TestIsolation.h"
+
+#include "Standalone/Project.h"
+#include "UObject/Package.h"
+#include "UObject/UObjectGlobals.h"
+#include "UObject/UObjectIterator.h"
+#include "Utils/Read/ReadBudget.h"
+
+#include <gtest/gtest.h>
+
+void TestIsolation::CloseProject()
+{
+	for (TObjectIterator<UPackage> Package; Package; ++Package)
+	{
+		const FString Name = Package->GetName();
+		if (!Name.StartsWith(TEXT("/Script/")) && !Name.StartsWith(TEXT("/Engine/")))
+		{
+			Package->MarkAsGarbage();
+		}
+	}
+	FProject::Close();
+	CollectGarbage();
+}
+
+namespace TestIsolation
+{
+class FOwnProject final : public testing::EmptyTestEventListener
+{
+	/** Tests run operations without the tool around them, which begins a call. */
+	void OnTestStart(const testing::TestInfo&) override { FReadBudget::Begin(); }
+	void OnTestEnd(const testing::TestInfo&) override { CloseProject(); }
+};
+
+static const bool bListening = []
+{
+	testing::UnitTest::GetInstance()->listeners().Append(new FOwnProject);
+	return true;
+}();
+} // namespace TestIsolation
