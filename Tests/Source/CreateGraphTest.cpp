@@ -137,8 +137,15 @@ TEST(CreateGraph, DirectionWords)
 		{"name":"Default","type":{"category":"int"}},
 		{"name":"Out","direction":"output","type":{"category":"int"}},
 		{"name":"Odd","direction":"sideways","type":{"category":"int"}},
-		{"name":"In","direction":"INPUT","type":{"category":"int"}}]}])");
+		{"name":"In","direction":"INPUT","type":{"category":"int"}},
+		{"name":"Loud","direction":"OUT","type":{"category":"int"}}]}])");
 	EXPECT_THAT(Errors(Case.Result), IsEmpty());
+	EXPECT_THAT(Warnings(Case.Result),
+		ElementsAre(
+			StartsWith(
+				"[Warning] Parameter 'Out' of function 'F' is an input all the same: 'output' does nothing here;"),
+			StartsWith(
+				"[Warning] Parameter 'Loud' of function 'F' is an input all the same: 'OUT' does nothing here;")));
 	const UK2Node_FunctionEntry* const Entry = FBlueprintGraphUtils::FindFunctionEntry(Case.Graph(TEXT("F")));
 	ASSERT_NE(Entry, nullptr);
 	std::vector<std::string> Asked;
@@ -146,8 +153,9 @@ TEST(CreateGraph, DirectionWords)
 	{
 		Asked.push_back(ToStd(Pin->PinName.ToString()) + (Pin->DesiredPinDirection == EGPD_Input ? " in" : " out"));
 	}
-	EXPECT_THAT(Asked, ElementsAre("Default out", "Out out", "Odd out", "In in")) << "only the word input passes input";
-	EXPECT_THAT(PinNames(Entry, EGPD_Output), ElementsAre("Default", "Out", "Odd", "In"))
+	EXPECT_THAT(Asked, ElementsAre("Default out", "Out out", "Odd out", "In in", "Loud out"))
+		<< "only the word input passes input";
+	EXPECT_THAT(PinNames(Entry, EGPD_Output), ElementsAre("Default", "Out", "Odd", "In", "Loud"))
 		<< "an entry has outputs only";
 }
 

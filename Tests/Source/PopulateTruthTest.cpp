@@ -187,14 +187,20 @@ TEST(PopulateTruth, ACustomEventTakesParametersAndReplication)
 	EXPECT_EQ(Warnings(*Run.Result).size(), 1U) << "that the event is there; its parameters are not added twice";
 	Run.Nodes(
 		R"({"node_guid":"fire","class_name":"K2Node_CustomEvent","node_metadata":{"event_name":"Fire","replicates":"all"},)"
-		R"("pins":[{"action":"add","name":"Who","type":{"category":"int"}},{"action":"add","name":"Odd","type":{}}]})");
+		R"("pins":[{"action":"add","name":"Who","type":{"category":"int"}},{"action":"add","name":"Odd","type":{}},)"
+		R"({"action":"add","name":"Amount","type":{"category":"float","container":"array"}},)"
+		R"({"action":"add","name":"Who","type":{"category":"object","sub_category_object":"/Script/Engine.Pawn"}}]})");
 	EXPECT_THAT(Warnings(*Run.Result),
 		ElementsAre(HasSubstr("already exists"),
 			"[Failure] Custom event 'Fire' does not replicate: 'all' is none of server, client, multicast and none",
 			"[Failure] Pin 'Who' of node 'Fire' (fire): a parameter was not added: the event has a pin of that name, a Actor "
 			"Object Reference.",
 			"[Failure] Pin 'Odd' of node 'Fire' (fire): a parameter was not added: it needs a name and a type, such as "
-			"{\"category\":\"float\"}."));
+			"{\"category\":\"float\"}.",
+			"[Failure] Pin 'Amount' of node 'Fire' (fire): a parameter was not added: the event has a pin of that name, a Float "
+			"(single-precision).",
+			"[Failure] Pin 'Who' of node 'Fire' (fire): a parameter was not added: the event has a pin of that name, a Actor "
+			"Object Reference."));
 
 	const UEdGraph* const Graph = ReadBack(Run);
 	ASSERT_NE(Graph, nullptr);
@@ -216,6 +222,7 @@ TEST(PopulateTruth, NodesThatTakeMorePinsGrowByOnesThatAreAskedFor)
 	const UEdGraphNode* const Node = FPopulating::FindNode<UK2Node_ExecutionSequence>(Graph);
 	ASSERT_NE(Node, nullptr);
 	EXPECT_NE(Node->FindPin(TEXT("then_3")), nullptr);
+	EXPECT_EQ(Node->Pins.Num(), 5) << "what was added on the way to a name that never came is gone";
 }
 
 TEST(PopulateTruth, SummariesTellTitlesAsTheyAreAtTheEnd)

@@ -3,6 +3,7 @@
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_CustomEvent.h"
+#include "K2Node_FunctionEntry.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Modifying.h"
 #include "Spawning/CamMatching.h"
@@ -150,4 +151,37 @@ TEST(SecondCall, AReadMayShowAsMuchAsTheOneBefore)
 	Case.Nodes(Print);
 	EXPECT_THAT(ToStd(Case.Result->GetModifications()[0].Content), Not(HasSubstr("Maximum answer size")))
 		<< "what an edit reads back begins anew, too";
+}
+
+TEST(SecondCall, ARetryTakesBackTheConversionsThatLeadNowhere)
+{
+	FModifying Case;
+	Case.Make("\"nodes\":[" + CallNode("t", "KismetSystemLibrary", "GetGameTimeInSeconds") + ","
+		+ CallNode("old", "KismetSystemLibrary", "PrintString") + "]");
+	const std::string New = "\"nodes\":[" + Print + R"(],"connections":[)"
+		+ Link(Case.Id("t"), "ReturnValue", "p", "InString");
+	{
+		const EditorFaults::FFailSaves Fault(TEXT("the disk is full"));
+		Case.Populate(New + "," + Link(Case.Id("t"), "ReturnValue", Case.Id("old"), "InString") + "]");
+	}
+	const int32 Num = Case.Graph()->Nodes.Num();
+	Case.Make(New + "]");
+	EXPECT_EQ(Case.Graph()->Nodes.Num(), Num) << "the call and its conversion stand once";
+	EXPECT_EQ(Case.Node("t")->FindPin(TEXT("ReturnValue"))->LinkedTo.Num(), 2);
+	EXPECT_EQ(Case.Node("old")->FindPin(TEXT("InString"))->LinkedTo.Num(), 1) << "a link between older nodes stays";
+}
+
+TEST(SecondCall, CallersFollowANewDefaultOfAParameter)
+{
+	FModifying Case;
+	RunTool(Morvane::ToolInfo::ToolName_BPCreateGraph,
+		R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"Heal","parameters":[{"name":"Amount","type":{"category":"int"}}]}]})");
+	Case.Make("\"nodes\":[" + CallNode("a", "BP_Test", "Heal") + ","
+		+ CallNode("b", "BP_Test", "Heal", R"("pins":[{"name":"Amount","value":7}])") + "]");
+	const UEdGraphNode* const Entry = FBlueprintEditorUtils::GetEntryNode(Case.Graph(TEXT("Heal")));
+	Case.Ids["entry"] = ToStd(Entry->NodeGuid.ToString());
+	Case.ModifyNodes(Case.Pins("entry", Value("Amount", "5")), "Heal");
+	EXPECT_THAT(Warnings(*Case.Result), IsEmpty());
+	EXPECT_EQ(ToStd(Case.Node("a")->FindPin(TEXT("Amount"))->DefaultValue), "5");
+	EXPECT_EQ(ToStd(Case.Node("b")->FindPin(TEXT("Amount"))->DefaultValue), "7") << "what was typed in stays";
 }

@@ -213,13 +213,26 @@ TEST(Waterfall, AnExactRequestThatIsWrongNeverBecomesSomethingSimilar)
 TEST(Waterfall, ExactRequestsTakeClassesAndFunctionsInAnySpelling)
 {
 	FPopulating Case;
-	const std::vector<std::pair<const char*, const char*>> Calls = {{"KismetSystemLibrary", "PrintString"},
-		{"UKismetSystemLibrary", "printstring"}, {"/Script/Engine.KismetSystemLibrary", "Print String"},
-		{"AActor", "GetActorLocation"}, {"Actor", "K2_GetActorLocation"}, {"Button", "SetColorAndOpacity"}};
-	for (const auto& [Class, Function] : Calls)
+	const struct
+	{
+		const char* Class;
+		const char* Function;
+		const char* Spawned;
+	} Calls[] = {{"KismetSystemLibrary", "PrintString", "PrintString"},
+		{"UKismetSystemLibrary", "printstring", "PrintString"},
+		{"/Script/Engine.KismetSystemLibrary", "Print String", "PrintString"},
+		{"AActor", "GetActorLocation", "K2_GetActorLocation"}, {"Actor", "K2_GetActorLocation", "K2_GetActorLocation"},
+		{"Actor", "k2_getactorlocation", "K2_GetActorLocation"}, // shown without the prefix
+		{"KismetMathLibrary", "ADD_INTINT", "Add_IntInt"}, // shown as a sign
+		{"Button", "SetColorAndOpacity", "SetColorAndOpacity"}};
+	for (const auto& [Class, Function, Spawned] : Calls)
 	{
 		Case.Nodes(CallNode("n", Class, Function));
-		EXPECT_EQ(Case.Data(TEXT("nodes_created")), "1") << Class << "::" << Function;
+		ASSERT_EQ(Case.Data(TEXT("nodes_created")), "1") << Class << "::" << Function;
+		const UK2Node_CallFunction* const Node = Cast<UK2Node_CallFunction>(FBlueprintMatchingUtils::FindNodeByGuid(
+			Case.Blueprint.EventGraph().Get(), UTF8_TO_TCHAR(Case.GuidOf("n").c_str())));
+		ASSERT_TRUE(Node) << Class << "::" << Function;
+		EXPECT_EQ(ToStd(Node->GetFunctionName().ToString()), Spawned) << Class << "::" << Function;
 		EXPECT_EQ(
 			Case.Told(UTF8_TO_TCHAR((std::string("class_resolution_method_") + Class).c_str())), "\"direct_path\"")
 			<< Class;
@@ -310,6 +323,12 @@ TEST(DeterministicSpawn, OfSeveralFunctionsTheTitleOrTheExactNameChooses)
 	EXPECT_EQ(Find(TEXT("FClamp"), TEXT("")), "FClamp");
 	EXPECT_EQ(Find(TEXT(""), TEXT("Clamp")), "none");
 	EXPECT_EQ(Find(TEXT("NoSuch"), TEXT("Clamp")), "none");
+	// Two functions are shown as "Normalize 2D"; one of them has the name, too.
+	EXPECT_EQ(Find(TEXT("Normalize 2D"), TEXT("")), "none") << "neither title nor name chooses";
+	EXPECT_EQ(Find(TEXT("normalize2d"), TEXT("")), "Normalize2D");
+	EXPECT_EQ(Find(TEXT("Normalize 2D"), TEXT("Normal2D")), "Normal2D");
+	EXPECT_EQ(Find(TEXT("Normalize 2D"), TEXT("nothing of the kind")), "none") << "equally bad is no choice";
+	EXPECT_EQ(Find(TEXT("Normalize2D"), TEXT("nothing of the kind")), "Normalize2D");
 	UFunction* Function = nullptr;
 	EXPECT_FALSE(
 		FBlueprintDeterministicSpawn::FindFunctionWithOverloadHandling(nullptr, TEXT("Clamp"), TEXT(""), Function));
@@ -317,6 +336,33 @@ TEST(DeterministicSpawn, OfSeveralFunctionsTheTitleOrTheExactNameChooses)
 		"None");
 	EXPECT_THAT(ToStd(FBlueprintDeterministicSpawn::DescribeSignature(*Library->FindFunctionByName(TEXT("FClamp")))),
 		AllOf(HasSubstr(" Value, "), Not(HasSubstr("ReturnValue"))));
+}
+
+TEST(DeterministicSpawn, OverloadsWithoutATitleAreTold)
+{
+	FPopulating Case;
+	const auto Told = [&Case](const char* Class, const char* Function, const std::string& More = "")
+	{
+		Case.Nodes(CallNode("n", Class, Function, More));
+		EXPECT_EQ(Case.Data(TEXT("nodes_created")), "1") << Function;
+		return Warnings(*Case.Result);
+	};
+	EXPECT_THAT(Told("KismetMathLibrary", "Normalize2D"),
+		ElementsAre(
+			"Overloaded function 'KismetMathLibrary::Normalize2D' spawned without menu_title. Consider adding menu_title for accuracy. Available: Normalize 2D, Normalize 2D"));
+	EXPECT_THAT(Told("KismetMathLibrary", "Normalize2D", R"("menu_title":"Normal2D")"), IsEmpty());
+	EXPECT_THAT(Told("KismetMathLibrary", "Normal2D"), IsEmpty()) << "nothing else is called so";
+	// What a class overrides is one function, however often it is declared.
+	EXPECT_THAT(Told("StaticMeshComponent", "SetMaterial"), IsEmpty());
+	RunTool(TEXT("bp_create_asset"),
+		R"({"path":"/Game/Tests/BP_Child","blueprint_parent_class":{"type":"blueprint","parent_path":"/Game/Tests/BP_Test"}})");
+	for (const char* const Path : {"BP_Test", "BP_Child"})
+	{
+		RunTool(TEXT("bp_create_graph"),
+			std::string(R"({"path":"/Game/Tests/)") + Path + R"(","functions":[{"name":"Heal"}]})");
+	}
+	EXPECT_THAT(Told("/Game/Tests/BP_Child", "Heal"), IsEmpty());
+	FindPackage(nullptr, TEXT("/Game/Tests/BP_Child"))->MarkAsGarbage();
 }
 
 TEST(Waterfall, VariablesOfTheBlueprintAreChecked)
@@ -400,9 +446,16 @@ TEST(Waterfall, EventsAndParentCallsHaveRoadsOfTheirOwn)
 	Case.Nodes(EventNode("e", "ReceiveTick"), "Heal");
 	EXPECT_THAT(Warnings(*Case.Result), ElementsAre("Cannot create event nodes outside EventGraph 'Heal'"));
 	EXPECT_THAT(Case.Failures(), IsEmpty());
-	Case.Nodes(R"({"class_name":"K2Node_Event"})");
-	EXPECT_THAT(Case.Failures(), ElementsAre("[Failure] Event requests must include node_metadata.event_name"));
-	EXPECT_THAT(Warnings(*Case.Result), IsEmpty());
+	// The key alone asks for an event: nothing else is made where its name is missing.
+	for (const char* const Request : {R"({"class_name":"K2Node_Event"})", R"({"class_name":"k2node_customevent"})",
+			 R"({"menu_title":"Print String","node_metadata":{"event_name":""}})"})
+	{
+		Case.Nodes(Request);
+		EXPECT_THAT(Case.Failures(), ElementsAre("[Failure] Event requests must include node_metadata.event_name"))
+			<< Request;
+		EXPECT_THAT(Errors(*Case.Result), ElementsAre("Event requests must include node_metadata.event_name"));
+		EXPECT_THAT(Warnings(*Case.Result), IsEmpty()) << Request;
+	}
 
 	Case.Nodes(
 		R"({"class_name":"K2Node_CallParentFunction","menu_title":"parent: ReceiveBeginPlay","position":{"x":700,"y":50}})");
@@ -454,12 +507,17 @@ TEST(PostSpawn, TheFunctionOfTheMetadataMustBeTheOneSpawned)
 	FPopulating Case;
 	Case.Nodes(LooseNode("a", "Print String", R"("node_metadata":{"target_function":"PrintText"})") + ","
 		+ LooseNode("b", "Print String", R"("node_metadata":{"FunctionName":"PrintString"})") + ","
-		+ LooseNode("c", "Branch", R"("node_metadata":{"FunctionName":"PrintString"})"));
-	EXPECT_THAT(Warnings(*Case.Result),
-		ElementsAre(
-			"[Failure] Created function node 'Print String' but function 'PrintText' was requested (spawned 'PrintString'). Suggestions are provided (not mandatory); consider deterministic spawning if possible or refining the fuzzy request."));
+		+ LooseNode("c", "Branch", R"("node_metadata":{"FunctionName":"PrintString"})") + ","
+		+ LooseNode("d", "Print String", R"("node_metadata":{"FunctionName":"printstring"})"));
+	const auto Refusal = [](const std::string& Asked)
+	{
+		return "[Failure] Created function node 'Print String' but function '" + Asked
+			+ "' was requested (spawned 'PrintString'). Suggestions are provided (not mandatory); consider deterministic spawning if possible or refining the fuzzy request.";
+	};
+	EXPECT_THAT(Warnings(*Case.Result), ElementsAre(Refusal("PrintText"), Refusal("printstring")))
+		<< "case counts here";
 	EXPECT_EQ(Case.Data(TEXT("nodes_created")), "2");
-	EXPECT_EQ(Case.Telemetry()->GetArrayField(TEXT("candidate_matches")).Num(), 1);
+	EXPECT_EQ(Case.Telemetry()->GetArrayField(TEXT("candidate_matches")).Num(), 2);
 }
 
 TEST(PostSpawn, NodesThatMeanNothingAreDiscarded)

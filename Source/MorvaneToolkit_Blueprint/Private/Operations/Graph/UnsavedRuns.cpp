@@ -52,9 +52,10 @@ static FString KeyOf(const FBPNodeModification& Record)
 	return Key.ToLower();
 }
 
-static bool HasLinks(const UEdGraphNode& Node)
+static bool LeadsSomewhere(const UEdGraphNode& Node)
 {
-	return Node.Pins.ContainsByPredicate([](const UEdGraphPin* Pin) { return Pin && !Pin->LinkedTo.IsEmpty(); });
+	return Node.Pins.ContainsByPredicate(
+		[](const UEdGraphPin* Pin) { return Pin && Pin->Direction == EGPD_Output && !Pin->LinkedTo.IsEmpty(); });
 }
 
 static void Remove(UBlueprint& Blueprint, UEdGraphNode* Node)
@@ -62,6 +63,20 @@ static void Remove(UBlueprint& Blueprint, UEdGraphNode* Node)
 	if (Node && IsValid(Node))
 	{
 		FBlueprintEditorUtils::RemoveNode(&Blueprint, Node, true);
+	}
+}
+
+/** What nothing uses any more goes: a conversion whose target was taken back, though its source stands. Last ones
+ * first, so that what fed them is idle in its turn. */
+static void RemoveIdle(UBlueprint& Blueprint, const TArray<TWeakObjectPtr<UEdGraphNode>>& Companions)
+{
+	for (int32 Index = Companions.Num() - 1; Index >= 0; --Index)
+	{
+		UEdGraphNode* const Node = Companions[Index].Get();
+		if (Node && !LeadsSomewhere(*Node))
+		{
+			Remove(Blueprint, Node);
+		}
 	}
 }
 
@@ -174,13 +189,7 @@ void TakeBack(UBlueprint& Blueprint, UEdGraph& Graph, const TArray<FBPNodeModifi
 				Remove(Blueprint, Entry.Node.Get());
 			}
 		}
-		for (const TWeakObjectPtr<UEdGraphNode>& Companion : Run.Companions)
-		{
-			if (Companion.IsValid() && !HasLinks(*Companion))
-			{
-				Remove(Blueprint, Companion.Get());
-			}
-		}
+		RemoveIdle(Blueprint, Run.Companions);
 		for (const FBPLocalVariableModification& Record : LocalVariables)
 		{
 			if (Record.Action == EBPNodeAction::Add && Run.LocalVariables.Remove(Record.Name.ToLower()) > 0)
