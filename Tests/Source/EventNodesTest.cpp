@@ -184,6 +184,9 @@ TEST(VariableCheck, KnowsDeclaredAndInheritedNamesIgnoringCase)
 	FString Error;
 	EXPECT_TRUE(FBlueprintEventNodeUtils::ValidateVariableExists(Blueprint.Get(), TEXT("health"), Error));
 	EXPECT_TRUE(FBlueprintEventNodeUtils::ValidateVariableExists(Blueprint.Get(), TEXT("RootComponent"), Error));
+	Blueprint.AddVariable(TEXT("Odd"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Struct));
+	EXPECT_TRUE(FBlueprintEventNodeUtils::ValidateVariableExists(Blueprint.Get(), TEXT("ODD"), Error))
+		<< "one without a type stands in no class";
 	EXPECT_FALSE(FBlueprintEventNodeUtils::ValidateVariableExists(nullptr, TEXT("Health"), Error));
 	EXPECT_EQ(Error, TEXT("Blueprint is null"));
 	EXPECT_FALSE(FBlueprintEventNodeUtils::ValidateVariableExists(Blueprint.Get(), TEXT("Mana"), Error));

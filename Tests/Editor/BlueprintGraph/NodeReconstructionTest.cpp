@@ -3,6 +3,7 @@
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_CustomEvent.h"
+#include "K2Node_ExecutionSequence.h"
 #include "K2Node_SwitchInteger.h"
 #include "NodeTests.h"
 
@@ -184,6 +185,50 @@ TEST(Reconstruction, TheOrderOfLinksIsThatOfBefore)
 	for (int32 Index = 0; Index < From->LinkedTo.Num(); ++Index)
 	{
 		EXPECT_EQ(From->LinkedTo[Index], Users[Index].Input(TEXT("A"))) << Index;
+	}
+}
+
+TEST(Reconstruction, OutputsThatAreCountedStayOrphansOnceTheyAre)
+{
+	const FBlueprintBuilder Blueprint;
+	FGraphBuilder Graph = Blueprint.EventGraph();
+	UK2Node_ExecutionSequence* const Sequence = Graph.Add<UK2Node_ExecutionSequence>();
+	Sequence->AddInputPin();
+	UK2Node_SwitchInteger* const Switch = Graph.Add<UK2Node_SwitchInteger>();
+	Switch->AddPinToSwitchNode();
+	Switch->AddPinToSwitchNode();
+	const struct
+	{
+		UK2Node* Node;
+		const TCHAR* Last;
+		const char* Outputs;
+	} Cases[] = {{Sequence, TEXT("then_2"), "then_0,then_1,then_2"}, {Switch, TEXT("1"), "Default,0,1"}};
+	for (const auto& Case : Cases)
+	{
+		ASSERT_EQ(Names(*Case.Node, EGPD_Output), Case.Outputs);
+		UEdGraphPin* const Last = Case.Node->FindPin(Case.Last);
+		ASSERT_TRUE(Connect(Last, Graph.Call(System, TEXT("PrintString")).Input(TEXT("execute"))));
+		Last->bOrphanedPin = true;
+		for (int32 Times = 0; Times < 2; ++Times)
+		{
+			Case.Node->ReconstructNode();
+			EXPECT_EQ(Orphans(*Case.Node), ToStd(Case.Last) + "(1)");
+			EXPECT_EQ(Names(*Case.Node, EGPD_Output), Case.Outputs) << "no other took its name";
+		}
+	}
+}
+
+TEST(Reconstruction, WhatAnAuthorNeverSawLeavesNoOrphan)
+{
+	const FBlueprintBuilder Blueprint;
+	for (const bool bHidden : {false, true})
+	{
+		FGraphBuilder Graph = Blueprint.EventGraph();
+		const FNodeHandle Call = Graph.Call(Math, TEXT("Abs_Int"));
+		Call.Input(TEXT("A"))->DefaultValue = TEXT("7");
+		Call.Input(TEXT("A"))->bHidden = bHidden;
+		Retarget(Call, TEXT("RandomFloat"));
+		EXPECT_EQ(Orphans(*Call.Node), bHidden ? "" : "A(0)");
 	}
 }
 

@@ -29,6 +29,7 @@ static const FRow Rows[] = {{TEXT("bool"), TEXT("true"), true, nullptr}, {TEXT("
 	{TEXT("string"), TEXT("anything, at all"), true, nullptr}, {TEXT("name"), TEXT("Some Name"), true, nullptr},
 	{TEXT("e:ECollisionChannel"), TEXT("ECC_Pawn"), true, nullptr},
 	{TEXT("e:ECollisionChannel"), TEXT("ECC_Nothing"), false, nullptr},
+	{TEXT("e:ECollisionChannel"), TEXT("ECC_MAX"), false, nullptr},
 	{TEXT("e:ESpawnActorCollisionHandlingMethod"), TEXT("ESpawnActorCollisionHandlingMethod::AlwaysSpawn"), true,
 		TEXT("AlwaysSpawn")},
 	{TEXT("s:Vector"), TEXT("1,2,3"), true, nullptr}, {TEXT("s:Vector"), TEXT("0, 0, 0"), true, nullptr},
