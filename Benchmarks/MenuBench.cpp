@@ -3,6 +3,7 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Session/EditorModules.h"
+#include "Standalone/ContextTargets.h"
 
 #include <benchmark/benchmark.h>
 
@@ -22,7 +23,7 @@ static int32 BuildMenu(UEdGraph* Graph)
 	FBlueprintActionContext Context;
 	Context.Graphs.Add(Graph);
 	FBlueprintActionMenuBuilder Menu;
-	FBlueprintActionMenuUtils::MakeContextMenu(Context, false, EContextTargetFlags::ContextTargetFlagMask, Menu);
+	FBlueprintActionMenuUtils::MakeContextMenu(Context, false, EveryContextTarget, Menu);
 	return Menu.GetNumActions();
 }
 
@@ -71,7 +72,7 @@ static void MenuForPin(benchmark::State& State)
 	for (auto _ : State)
 	{
 		FBlueprintActionMenuBuilder Menu;
-		FBlueprintActionMenuUtils::MakeContextMenu(Context, true, EContextTargetFlags::ContextTargetFlagMask, Menu);
+		FBlueprintActionMenuUtils::MakeContextMenu(Context, true, EveryContextTarget, Menu);
 		State.counters["actions"] = Menu.GetNumActions();
 	}
 	Blueprint->MarkAsGarbage();
@@ -86,13 +87,13 @@ static void MenuSpawn(benchmark::State& State)
 	FBlueprintActionContext Context;
 	Context.Graphs.Add(Graph);
 	FBlueprintActionMenuBuilder Menu;
-	FBlueprintActionMenuUtils::MakeContextMenu(Context, false, EContextTargetFlags::ContextTargetFlagMask, Menu);
+	FBlueprintActionMenuUtils::MakeContextMenu(Context, false, EveryContextTarget, Menu);
 	const int32 Step = Menu.GetNumActions() / static_cast<int32>(State.range(0));
 	for (auto _ : State)
 	{
 		for (int32 Index = 0; Index < static_cast<int32>(State.range(0)); ++Index)
 		{
-			Menu.GetSchemaAction(Index * Step)->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+			Menu.GetSchemaAction(Index * Step)->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f));
 		}
 		State.PauseTiming();
 		Graph->MarkAsGarbage();

@@ -91,7 +91,7 @@ static void Load(benchmark::State& State)
 		State.PauseTiming();
 		TestAssets::Unload(PackagePath);
 		State.ResumeTiming();
-		benchmark::DoNotOptimize(LoadPackage(nullptr, PackagePath));
+		benchmark::DoNotOptimize(LoadPackage(nullptr, PackagePath, LOAD_None));
 	}
 	State.SetBytesProcessed(State.iterations() * Content.FileSize());
 }

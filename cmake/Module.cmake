@@ -1,4 +1,4 @@
-# morvane_module(NAME DIR [DEPS...]): a static library from DIR/Private/**.cpp.
+# morvane_module(NAME DIR [DEPS...]): a library from DIR/Private/**.cpp.
 # DIR/Public holds the headers that the engine has too, DIR/Standalone those that only this editor has: both are visible to
 # every module above. DIR/Private is visible to the module alone. A module may have headers only.
 
@@ -8,6 +8,28 @@ configure_file("${CMAKE_BINARY_DIR}/generated/HeadersOnly.cpp.in" "${CMAKE_BINAR
 # Globbed, so that a header that appears later re-runs the configuration.
 file(GLOB MORVANE_CORE_PCH CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/Editor/Core/Public/CoreMinimal.h")
 file(GLOB MORVANE_OBJECT_PCH CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/Editor/CoreUObject/Public/UObject/Object.h")
+
+# As in the engine's editor: a library each, of which only what bears the module's export macro is seen from outside, with
+# nothing left undefined, and each of the product's modules compiled in one piece. Only what the next module or a program
+# may use links then, so the tests, which look inside, are not built.
+option(MORVANE_MODULAR "Build the modules as shared libraries" OFF)
+if(MORVANE_MODULAR)
+  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+  set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+endif()
+
+# morvane_export(NAME FOLDER): what MORVANECORE_API and its kin mean. The engine's build tool defines them, no header does.
+function(morvane_export NAME FOLDER)
+  string(TOUPPER "${FOLDER}_API" MACRO)
+  if(NOT MORVANE_MODULAR)
+    target_compile_definitions(${NAME} PUBLIC "${MACRO}=")
+    return()
+  endif()
+  target_compile_definitions(${NAME} PUBLIC "${MACRO}=__attribute__((visibility(\"default\")))")
+  target_link_options(${NAME} PRIVATE -Wl,--no-undefined)
+  set_target_properties(${NAME} PROPERTIES
+    CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+endfunction()
 
 function(morvane_module NAME DIR)
   file(GLOB_RECURSE SOURCES CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/${DIR}/Private/*.cpp")
@@ -19,7 +41,14 @@ function(morvane_module NAME DIR)
   if(STANDALONE)
     set(STANDALONE "${CMAKE_SOURCE_DIR}/${DIR}")
   endif()
-  add_library(${NAME} STATIC ${SOURCES})
+  if(MORVANE_MODULAR)
+    add_library(${NAME} SHARED ${SOURCES})
+  else()
+    add_library(${NAME} STATIC ${SOURCES})
+  endif()
+  if(DIR MATCHES "^Source/(.*)$")
+    morvane_export(${NAME} "${CMAKE_MATCH_1}")
+  endif()
   target_include_directories(${NAME}
     PUBLIC "${CMAKE_SOURCE_DIR}/${DIR}/Public" ${STANDALONE}
     PRIVATE "${CMAKE_SOURCE_DIR}/${DIR}/Private")

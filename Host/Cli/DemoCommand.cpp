@@ -7,6 +7,7 @@
 #include "Cli/DemoSteps.h"
 #include "Containers/StringConv.h"
 #include "Dom/JsonObject.h"
+#include "JsonReading.h"
 #include "Standalone/JsonUtf8.h"
 
 namespace DemoCommandPrivate
@@ -66,6 +67,13 @@ static std::string Excerpt(const std::string& Text)
 	return Shown;
 }
 
+/** Null when there is no such object. */
+static TSharedPtr<FJsonObject> GetMember(const FJsonObject& Object, const TCHAR* Name)
+{
+	const TSharedPtr<FJsonObject>* Member = nullptr;
+	return Object.TryGetObjectField(Name, Member) ? *Member : nullptr;
+}
+
 static std::string Sentences(const FJsonObject& Result, const TCHAR* Name, const std::string& Mark)
 {
 	std::string Text;
@@ -85,7 +93,7 @@ public:
 	void Learn(const FToolOutcome& Outcome)
 	{
 		const TSharedPtr<FJsonValue> Result = Parse(Outcome.ResultJson);
-		const TSharedPtr<FJsonObject> Data = Result ? Result->AsObject()->GetObjectField(TEXT("data")) : nullptr;
+		const TSharedPtr<FJsonObject> Data = Result ? GetMember(*Result->AsObject(), TEXT("data")) : nullptr;
 		for (const TSharedPtr<FJsonValue>& Modification :
 			Result ? Result->AsObject()->GetArrayField(TEXT("modifications")) : TArray<TSharedPtr<FJsonValue>>())
 		{
@@ -130,11 +138,11 @@ private:
 	/** From every node in the value, at any depth. */
 	void LearnTitles(const TSharedPtr<FJsonValue>& Value)
 	{
-		for (const TSharedPtr<FJsonValue>& Element : Value->AsArray())
+		for (const TSharedPtr<FJsonValue>& Element : MorvaneJson::AsArray(*Value))
 		{
 			LearnTitles(Element);
 		}
-		const TSharedPtr<FJsonObject>& Object = Value->AsObject();
+		const TSharedPtr<FJsonObject>& Object = MorvaneJson::AsObject(*Value);
 		FString Title;
 		FString Id;
 		if (Object && Object->TryGetStringField(TEXT("full_title"), Title)
@@ -160,7 +168,9 @@ static std::string DescribeData(const FJsonObject& Data)
 	std::string Text;
 	for (const auto& Pair : Data.Values)
 	{
-		const TSharedPtr<FJsonValue> Inner = Parse(ToUtf8(Pair.Value->AsString()));
+		FString Json;
+		const TSharedPtr<FJsonValue> Inner = MorvaneJson::TryGetString(*Pair.Value, Json) ? Parse(ToUtf8(Json))
+																						  : nullptr;
 		Text += "   " + ToUtf8(Pair.Key) + ":\n" + Excerpt(Pretty(Inner ? *Inner : *Pair.Value));
 	}
 	return Text;
@@ -169,7 +179,7 @@ static std::string DescribeData(const FJsonObject& Data)
 static std::string DescribeResult(const FToolOutcome& Outcome)
 {
 	const TSharedPtr<FJsonValue> Value = Parse(Outcome.ResultJson);
-	const TSharedPtr<FJsonObject> Result = Value ? Value->AsObject() : nullptr;
+	const TSharedPtr<FJsonObject> Result = Value ? MorvaneJson::AsObject(*Value) : nullptr;
 	if (!Result)
 	{
 		return Outcome.ResultJson + "\n";
@@ -178,7 +188,7 @@ static std::string DescribeResult(const FToolOutcome& Outcome)
 	Text += Sentences(*Result, TEXT("errors"), "error: ");
 	Text += Sentences(*Result, TEXT("warnings"), "warning: ");
 	Text += Sentences(*Result, TEXT("messages"), "");
-	if (const TSharedPtr<FJsonObject> Data = Result->GetObjectField(TEXT("data")))
+	if (const TSharedPtr<FJsonObject> Data = GetMember(*Result, TEXT("data")))
 	{
 		Text += DescribeData(*Data);
 	}

@@ -4,6 +4,7 @@
 #include "Cli/CommandTable.h"
 #include "EdGraphSchema_K2.h"
 #include "Session/EditorSession.h"
+#include "Standalone/ContextTargets.h"
 #include "Support/JsonText.h"
 
 namespace MenuCommandPrivate
@@ -27,8 +28,7 @@ static FString NodeClassOf(const FEdGraphSchemaAction& Action)
 /** The database's actions, then what the schema adds. */
 static void FillMenu(FBlueprintActionMenuBuilder& Menu)
 {
-	FBlueprintActionMenuUtils::MakeContextMenu(
-		FBlueprintActionContext(), false, EContextTargetFlags::ContextTargetFlagMask, Menu);
+	FBlueprintActionMenuUtils::MakeContextMenu(FBlueprintActionContext(), false, EveryContextTarget, Menu);
 	FGraphContextMenuBuilder SchemaMenu(nullptr);
 	GetDefault<UEdGraphSchema_K2>()->GetGraphContextActions(SchemaMenu);
 	Menu.Append(SchemaMenu);

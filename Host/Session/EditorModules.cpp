@@ -15,6 +15,7 @@
 #include "Standalone/UMGClasses.h"
 #include "Standalone/UnrealEdClasses.h"
 
+IModuleInterface* CreateModule_MorvaneCore();
 IModuleInterface* CreateModule_MorvaneToolkit();
 IModuleInterface* CreateModule_MorvaneToolkit_Blueprint();
 
@@ -25,6 +26,7 @@ static void RegisterModules()
 	FModuleManager& Modules = FModuleManager::Get();
 	Modules.RegisterStaticModule(TEXT("AssetRegistry"), &CreateModule_AssetRegistry);
 	Modules.RegisterStaticModule(TEXT("SourceControl"), &CreateModule_SourceControl);
+	Modules.RegisterStaticModule(TEXT("MorvaneCore"), &CreateModule_MorvaneCore);
 	Modules.RegisterStaticModule(TEXT("MorvaneToolkit"), &CreateModule_MorvaneToolkit);
 	Modules.RegisterStaticModule(TEXT("MorvaneToolkit_Blueprint"), &CreateModule_MorvaneToolkit_Blueprint);
 }
@@ -33,6 +35,7 @@ static void RegisterModules()
 void EditorModules::StartTools()
 {
 	EditorModulesPrivate::RegisterModules();
+	FModuleManager::Get().LoadModule(TEXT("MorvaneCore"));
 	FModuleManager::Get().LoadModule(TEXT("MorvaneToolkit"));
 	FModuleManager::Get().LoadModule(TEXT("MorvaneToolkit_Blueprint"));
 }
@@ -62,4 +65,5 @@ void EditorModules::StopTools()
 {
 	FModuleManager::Get().UnloadModule(TEXT("MorvaneToolkit_Blueprint"));
 	FModuleManager::Get().UnloadModule(TEXT("MorvaneToolkit"));
+	FModuleManager::Get().UnloadModule(TEXT("MorvaneCore"));
 }

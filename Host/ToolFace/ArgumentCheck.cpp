@@ -6,6 +6,7 @@
 
 #include "Containers/StringConv.h"
 #include "Dom/JsonObject.h"
+#include "JsonReading.h"
 #include "Standalone/JsonUtf8.h"
 #include "ToolFace/ToolListing.h"
 #include "ToolFace/ToolSchema.h"
@@ -87,7 +88,8 @@ static const TCHAR* Describe(EJson Type)
 /** None for a schema that takes any type. */
 static EJson ToType(const FJsonObject& Schema)
 {
-	const FString Word = Schema.GetStringField(TEXT("type"));
+	FString Word;
+	MorvaneJson::TryGetStringField(Schema, TEXT("type"), Word);
 	static const TPair<const TCHAR*, EJson> Rows[] = {{TEXT("string"), EJson::String}, {TEXT("number"), EJson::Number},
 		{TEXT("integer"), EJson::Number}, {TEXT("boolean"), EJson::Boolean}, {TEXT("array"), EJson::Array},
 		{TEXT("object"), EJson::Object}};
@@ -107,7 +109,7 @@ static FString NameOf(const FJsonObject& Entry)
 	FString Name;
 	for (const TCHAR* const Key : {TEXT("node_guid"), TEXT("name")})
 	{
-		if (Entry.TryGetStringField(Key, Name) && !Name.IsEmpty())
+		if (MorvaneJson::TryGetStringField(Entry, Key, Name) && !Name.IsEmpty())
 		{
 			return Name;
 		}

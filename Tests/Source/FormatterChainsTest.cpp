@@ -461,11 +461,7 @@ TEST(FormatterNeighbors, AreOneHopAwayOverPinsOfAllKinds)
 	Graph.Then(C, D);
 	Graph.Feed(P, B);
 	const auto Collect = [](const TArray<UEdGraphNode*>& Nodes, const TSet<UEdGraphNode*>& Excluded)
-	{
-		TArray<UEdGraphNode*> Found;
-		Found.Append(FBlueprintFormatterService::CollectNeighbors(Nodes, Excluded));
-		return Found;
-	};
+	{ return FBlueprintFormatterService::CollectNeighbors(Nodes, Excluded).Array(); };
 	EXPECT_EQ(Collect({B}, {B.Node}), (TArray<UEdGraphNode*>{A, C, P}));
 	EXPECT_EQ(Collect({B, nullptr, C}, {}), (TArray<UEdGraphNode*>{A, C, P, B, D})) << "given nodes are neighbours too";
 	EXPECT_EQ(Collect({}, {}).Num(), 0);

@@ -64,7 +64,8 @@ TEST(NoRemnant, ANodeTakesAlongWhatItMadeBesideItself)
 				return;
 			}
 			Seen.Add(Class);
-			UEdGraphNode* const Node = Action.Item->GetRawAction()->Invoke(Graph, FVector2D(0, 0));
+			UEdGraphNode* const Node = Action.Item->GetRawAction()->Invoke(
+				Graph, IBlueprintNodeBinder::FBindingSet(), FVector2D(0, 0));
 			// Nodes that were made for it in the graph are the author's to keep or to remove.
 			while (Node && Graph->Nodes.Num() > NumBefore)
 			{

@@ -123,7 +123,7 @@ TEST(PinsMadeAnew, EveryPinOfEveryKindOfNodeMayBeHeldAcrossAChange)
 	int32 NumPins = 0;
 	for (const UBlueprintNodeSpawner* const Spawner : ChooseActions())
 	{
-		UEdGraphNode* const Node = Spawner->Invoke(Graph, FVector2D(0, 0));
+		UEdGraphNode* const Node = Spawner->Invoke(Graph, IBlueprintNodeBinder::FBindingSet(), FVector2D(0, 0));
 		TArray<FEdGraphPinReference> Inputs;
 		for (UEdGraphPin* const Pin : Node ? Node->Pins : TArray<UEdGraphPin*>())
 		{

@@ -68,7 +68,7 @@ struct FStructuring : FPopulating
 	/** What a component hangs on: a node here or one elsewhere; empty for a root. */
 	std::string ParentOf(const TCHAR* ComponentName) const
 	{
-		const USCS_Node* const Node = Component(ComponentName);
+		USCS_Node* const Node = Component(ComponentName);
 		if (!Node)
 		{
 			return "none";

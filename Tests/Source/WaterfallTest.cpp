@@ -40,7 +40,7 @@ struct FMadeUpAction : FEdGraphSchemaAction
 		, Make(MoveTemp(InMake))
 	{
 	}
-	UEdGraphNode* PerformAction(UEdGraph* Graph, UEdGraphPin*, const FVector2D&, bool) override
+	UEdGraphNode* PerformAction(UEdGraph* Graph, UEdGraphPin*, const FVector2f&, bool) override
 	{
 		return Make ? Make(*Graph) : nullptr;
 	}

@@ -1,3 +1,4 @@
+#include "AnimationStateMachineGraph.h"
 #include "AnimGraphNode_Root.h"
 #include "AnimGraphNode_StateMachine.h"
 

@@ -61,7 +61,7 @@ UObject* FAssetData::FastGetAsset(bool bLoad) const
 
 UPackage* FAssetData::GetPackage() const
 {
-	return PackageName.IsNone() ? nullptr : LoadPackage(nullptr, *PackageName.ToString());
+	return PackageName.IsNone() ? nullptr : LoadPackage(nullptr, *PackageName.ToString(), LOAD_None);
 }
 
 UClass* FAssetData::GetClass() const

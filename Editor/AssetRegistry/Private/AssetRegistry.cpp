@@ -1,5 +1,6 @@
 #include "AssetRegistry/AssetRegistryModule.h"
 
+#include "AssetRegistry/ARFilter.h"
 #include "ContentScan.h"
 #include "HAL/FileManager.h"
 #include "Misc/PackageName.h"
@@ -232,7 +233,7 @@ public:
 		ForEach(true,
 			[&](const FAssetData& Asset)
 			{
-				const FString File = FPackageName::FindPackageFile(Asset.PackageName.ToString());
+				const FString File = FPackageText::FindPackageFile(Asset.PackageName.ToString());
 				if (Asset.PackageName != PackageName && ContentScan::NamesPackage(File, Name))
 				{
 					OutReferencers.Add(Asset.PackageName);
@@ -477,7 +478,7 @@ private:
 		}
 		EnsureScanned();
 		// Other programs write to the folder too: a file may have come or gone since the scan.
-		const FString File = FPackageName::FindPackageFile(PackageName.ToString());
+		const FString File = FPackageText::FindPackageFile(PackageName.ToString());
 		if (File.IsEmpty())
 		{
 			Forget(PackageName);

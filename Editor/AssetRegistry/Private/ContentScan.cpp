@@ -160,6 +160,8 @@ bool NamesPackage(const FString& Filename, const FString& PackageName)
 	// An object's path goes on with a dot behind its package's name.
 	const std::string Wanted = ToUtf8(PackageName + TEXT("."));
 	const std::boyer_moore_horspool_searcher Searcher(Wanted.begin(), Wanted.end());
-	return std::search(Bytes.begin(), Bytes.end(), Searcher) != Bytes.end();
+	const uint8* const First = Bytes.GetData();
+	const uint8* const End = First + Bytes.Num();
+	return std::search(First, End, Searcher) != End;
 }
 } // namespace ContentScan

@@ -30,7 +30,7 @@ struct FBlueprintActionMenuItem : FEdGraphSchemaAction
 	/** The spawner's, asked for once. */
 	const FText& GetTooltipDescription() const override;
 	UEdGraphNode* PerformAction(
-		UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool bSelectNewNode = true) override;
+		UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2f& Location, bool bSelectNewNode = true) override;
 
 private:
 	const UBlueprintNodeSpawner* Action;

@@ -9,7 +9,7 @@ struct FBlueprintActionMenuUtils
 {
 	/**
 	 * All actions that fit. Not context-sensitive: everything the graph's kind of Blueprint could be offered, whatever
-	 * is selected or dragged from. ClassTargetMask: EContextTargetFlags, 127 for all.
+	 * is selected or dragged from. ClassTargetMask: EContextTargetFlags.
 	 */
 	static void MakeContextMenu(const FBlueprintActionContext& Context, bool bIsContextSensitive,
 		uint32 ClassTargetMask, FBlueprintActionMenuBuilder& MenuOut);
@@ -26,6 +26,5 @@ enum Type : uint32
 	TARGET_SiblingPinObjects = 0x00000010,
 	TARGET_BlueprintLibraries = 0x00000020,
 	TARGET_NonImportedTypes = 0x00000040,
-	ContextTargetFlagMask = 0x0000007F,
 };
 }

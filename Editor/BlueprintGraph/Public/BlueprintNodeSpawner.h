@@ -1,5 +1,6 @@
 #pragma once
 
+#include "BlueprintNodeBinder.h"
 #include "CoreMinimal.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphPin.h"
@@ -19,14 +20,13 @@ struct FBlueprintActionUiSpec
 };
 
 /** Makes one kind of node, bound to something or not. Owned by the action database, alive as long as the process. */
-class UBlueprintNodeSpawner : public UObject
+class UBlueprintNodeSpawner : public UObject, public IBlueprintNodeBinder
 {
 	EDITOR_CLASS(UBlueprintNodeSpawner, UObject)
 
 public:
 	/** Called on a spawned node before its pins are allocated. */
 	using FCustomizeNodeDelegate = TFunction<void(UEdGraphNode* NewNode, bool bIsTemplateNode)>;
-	using FBindingSet = TSet<UObject*>;
 	/** Told of one pin; true ends the visit. */
 	using FPinVisitor = TFunctionRef<bool(const FEdGraphPinType& Type, EEdGraphPinDirection Direction)>;
 
@@ -40,10 +40,6 @@ public:
 
 	/** Makes the node in the graph at a place; null when the graph cannot have it, or what it is about is gone. */
 	virtual UEdGraphNode* Invoke(UEdGraph* ParentGraph, const FBindingSet& Bindings, const FVector2D Location) const;
-	UEdGraphNode* Invoke(UEdGraph* ParentGraph, const FVector2D Location) const
-	{
-		return Invoke(ParentGraph, FBindingSet(), Location);
-	}
 	/** The menu's words; worked out once from the node itself when the spawner has none of its own. The tooltip is
 	 * left out: see GetTooltip. */
 	virtual FBlueprintActionUiSpec GetUiSpec() const;

@@ -445,6 +445,10 @@ FProperty& AddMember(UStruct& Struct, const TCHAR* Name, TMember TOwner::*Member
 	Struct.AddProperty(Made);
 	return *Made;
 }
+
+/** The flag whose bit Raise sets in the object at Memory. */
+FProperty& AddBitField(
+	UStruct& Struct, const TCHAR* Name, const void* Memory, std::size_t Size, TFunctionRef<void()> Raise);
 } // namespace NativeClass
 
 /** What DescribeClass talks to. */
@@ -488,6 +492,13 @@ public:
 	FProperty& Property(const TCHAR* Name, TMember TOwner::*Member, uint64 Flags = CPF_None)
 	{
 		return NativeClass::AddMember(*Struct, Name, Member, Flags);
+	}
+	/** A flag of one bit, which no pointer reaches: Raise sets it in an object that has it cleared. */
+	template <class TOwner>
+	FProperty& BitField(const TCHAR* Name, void (*Raise)(TOwner&))
+	{
+		TOwner Cleared;
+		return NativeClass::AddBitField(*Struct, Name, &Cleared, sizeof(TOwner), [&] { Raise(Cleared); });
 	}
 	UScriptStruct* GetStruct() const { return Struct; }
 

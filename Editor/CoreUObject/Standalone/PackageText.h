@@ -57,6 +57,11 @@ public:
 	/** As Load, from bytes instead of a file. The package name is the header's. */
 	static UPackage* LoadFromBytes(std::string Bytes, const FString& Filename, FString& OutError);
 
+	/**
+	 * The file of a package as it stands on disk; its spelling may differ from the name's in case. Empty when there is
+	 * none, and for one outside of the project behind a link.
+	 */
+	static FString FindPackageFile(const FString& LongPackageName);
 	/** The binary package of the engine's editor that lies at that path; empty when there is none. Such files are read
 	 * and never written. */
 	static FString FindEngineAsset(const FString& LongPackageName);

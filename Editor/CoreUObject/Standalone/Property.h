@@ -239,11 +239,44 @@ class FByteProperty : public TNumericPropertyOf<uint8>
 	UEnum* Enum = nullptr;
 };
 
-class FBoolProperty : public TPropertyOfValue<FProperty, bool>
+/** A flag: a byte of its own, or one bit of a byte that it shares with others. */
+class FBoolProperty : public FProperty
 {
 	FIELD_CLASS(FBoolProperty, FProperty)
-	using TPropertyOfValue<FProperty, bool>::TPropertyOfValue;
+	using FProperty::FProperty;
+	using TCppType = bool;
 	PROPERTY_TEXT_OVERRIDES
+
+	int32 GetElementSize() const override { return 1; }
+	int32 GetMinAlignment() const override { return 1; }
+	void InitializeValue(void* Dest) const override { SetPropertyValue(Dest, false); }
+	void DestroyValue(void* Dest) const override {}
+	void CopyCompleteValue(void* Dest, const void* Src) const override
+	{
+		SetPropertyValue(Dest, GetPropertyValue(Src));
+	}
+
+	bool GetPropertyValue(const void* Data) const { return (*static_cast<const uint8*>(Data) & ByteMask) != 0; }
+	void SetPropertyValue(void* Data, bool bValue) const
+	{
+		uint8& Byte = *static_cast<uint8*>(Data);
+		Byte = static_cast<uint8>((Byte & ~FieldMask) | (bValue ? ByteMask : 0));
+	}
+	bool GetPropertyValue_InContainer(const void* Container) const
+	{
+		return GetPropertyValue(ContainerPtrToValuePtr<uint8>(Container));
+	}
+	void SetPropertyValue_InContainer(void* Container, bool bValue) const
+	{
+		SetPropertyValue(ContainerPtrToValuePtr<uint8>(Container), bValue);
+	}
+	bool IsNativeBool() const { return FieldMask == 0xFF; }
+	/** Makes it one bit of its byte. */
+	void SetMask(uint8 Bit) { ByteMask = FieldMask = Bit; }
+
+private:
+	uint8 ByteMask = 1;
+	uint8 FieldMask = 0xFF;
 };
 
 /** An enum class value. Held in as many bytes as the C++ enum has (1 for catalogued ones). */

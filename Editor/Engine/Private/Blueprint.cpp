@@ -1,5 +1,6 @@
 #include "Engine/Blueprint.h"
 
+#include "Animation/AnimBlueprint.h"
 #include "Components/ActorComponent.h"
 #include "EdGraph/EdGraph.h"
 #include "Engine/BlueprintGeneratedClass.h"

@@ -4,6 +4,7 @@
 
 #include "Misc/OutputDevice.h"
 #include "Misc/Parse.h"
+#include "Misc/StringOutputDevice.h"
 
 namespace PinText
 {
@@ -297,18 +298,20 @@ private:
 		struct FFlag
 		{
 			FStringView Key;
-			bool UEdGraphPin::*Member;
+			void (*Set)(UEdGraphPin& Pin, bool bValue);
 		};
-		static const FFlag Flags[] = {{TEXT("bHidden"), &UEdGraphPin::bHidden},
-			{TEXT("bNotConnectable"), &UEdGraphPin::bNotConnectable},
-			{TEXT("bDefaultValueIsReadOnly"), &UEdGraphPin::bDefaultValueIsReadOnly},
-			{TEXT("bDefaultValueIsIgnored"), &UEdGraphPin::bDefaultValueIsIgnored},
-			{TEXT("bAdvancedView"), &UEdGraphPin::bAdvancedView}, {TEXT("bOrphanedPin"), &UEdGraphPin::bOrphanedPin}};
+		static const FFlag Flags[] = {{TEXT("bHidden"), [](UEdGraphPin& To, bool bValue) { To.bHidden = bValue; }},
+			{TEXT("bNotConnectable"), [](UEdGraphPin& To, bool bValue) { To.bNotConnectable = bValue; }},
+			{TEXT("bDefaultValueIsReadOnly"),
+				[](UEdGraphPin& To, bool bValue) { To.bDefaultValueIsReadOnly = bValue; }},
+			{TEXT("bDefaultValueIsIgnored"), [](UEdGraphPin& To, bool bValue) { To.bDefaultValueIsIgnored = bValue; }},
+			{TEXT("bAdvancedView"), [](UEdGraphPin& To, bool bValue) { To.bAdvancedView = bValue; }},
+			{TEXT("bOrphanedPin"), [](UEdGraphPin& To, bool bValue) { To.bOrphanedPin = bValue; }}};
 		for (const FFlag& Flag : Flags)
 		{
 			if (Key == Flag.Key)
 			{
-				Pin.*Flag.Member = ToBool(Value);
+				Flag.Set(Pin, ToBool(Value));
 				return true;
 			}
 		}

@@ -34,9 +34,11 @@ void FEdGraphTerminalType::DescribeStruct(FStructDescriber& Struct)
 	Struct.Property(TEXT("TerminalCategory"), &FEdGraphTerminalType::TerminalCategory);
 	Struct.Property(TEXT("TerminalSubCategory"), &FEdGraphTerminalType::TerminalSubCategory);
 	Struct.Property(TEXT("TerminalSubCategoryObject"), &FEdGraphTerminalType::TerminalSubCategoryObject);
-	Struct.Property(TEXT("bTerminalIsConst"), &FEdGraphTerminalType::bTerminalIsConst);
-	Struct.Property(TEXT("bTerminalIsWeakPointer"), &FEdGraphTerminalType::bTerminalIsWeakPointer);
-	Struct.Property(TEXT("bTerminalIsUObjectWrapper"), &FEdGraphTerminalType::bTerminalIsUObjectWrapper);
+	Struct.BitField<FEdGraphTerminalType>(TEXT("bTerminalIsConst"), [](auto& Type) { Type.bTerminalIsConst = true; });
+	Struct.BitField<FEdGraphTerminalType>(
+		TEXT("bTerminalIsWeakPointer"), [](auto& Type) { Type.bTerminalIsWeakPointer = true; });
+	Struct.BitField<FEdGraphTerminalType>(
+		TEXT("bTerminalIsUObjectWrapper"), [](auto& Type) { Type.bTerminalIsUObjectWrapper = true; });
 }
 
 void FEdGraphPinType::DescribeStruct(FStructDescriber& Struct)
@@ -47,11 +49,12 @@ void FEdGraphPinType::DescribeStruct(FStructDescriber& Struct)
 	Struct.Property(TEXT("PinSubCategoryMemberReference"), &FEdGraphPinType::PinSubCategoryMemberReference);
 	Struct.Property(TEXT("PinValueType"), &FEdGraphPinType::PinValueType);
 	Struct.Property(TEXT("ContainerType"), &FEdGraphPinType::ContainerType);
-	Struct.Property(TEXT("bIsReference"), &FEdGraphPinType::bIsReference);
-	Struct.Property(TEXT("bIsConst"), &FEdGraphPinType::bIsConst);
-	Struct.Property(TEXT("bIsWeakPointer"), &FEdGraphPinType::bIsWeakPointer);
-	Struct.Property(TEXT("bIsUObjectWrapper"), &FEdGraphPinType::bIsUObjectWrapper);
-	Struct.Property(TEXT("bSerializeAsSinglePrecisionFloat"), &FEdGraphPinType::bSerializeAsSinglePrecisionFloat);
+	Struct.BitField<FEdGraphPinType>(TEXT("bIsReference"), [](auto& Type) { Type.bIsReference = true; });
+	Struct.BitField<FEdGraphPinType>(TEXT("bIsConst"), [](auto& Type) { Type.bIsConst = true; });
+	Struct.BitField<FEdGraphPinType>(TEXT("bIsWeakPointer"), [](auto& Type) { Type.bIsWeakPointer = true; });
+	Struct.BitField<FEdGraphPinType>(TEXT("bIsUObjectWrapper"), [](auto& Type) { Type.bIsUObjectWrapper = true; });
+	Struct.BitField<FEdGraphPinType>(
+		TEXT("bSerializeAsSinglePrecisionFloat"), [](auto& Type) { Type.bSerializeAsSinglePrecisionFloat = true; });
 }
 
 UClass* FSimpleMemberReference::GetMemberParentClass() const

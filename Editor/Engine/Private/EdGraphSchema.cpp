@@ -246,13 +246,14 @@ void FGraphActionListBuilderBase::Append(FGraphActionListBuilderBase& Other)
 
 UEdGraphNode* FGraphContextMenuBuilder::CreateTemplateNode(const UClass* Class)
 {
-	return NewObject<UEdGraphNode>(GetTransientPackageAsObject(), Class, NAME_None, RF_Transient);
+	check(OwnerOfTemporaries);
+	return NewObject<UEdGraphNode>(OwnerOfTemporaries, Class, NAME_None, RF_Transient);
 }
 
 UEdGraphNode* FEdGraphSchemaAction_NewNode::PerformAction(
-	UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool bSelectNewNode)
+	UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2f& Location, bool bSelectNewNode)
 {
-	const UEdGraphNode* const Template = NodeTemplateWeak.Get() ? NodeTemplateWeak.Get() : NodeTemplate;
+	const UEdGraphNode* const Template = NodeTemplate;
 	if (!Template)
 	{
 		return nullptr;

@@ -1,11 +1,13 @@
 #include "Standalone/EngineClasses.h"
 
+#include "Animation/AnimBlueprint.h"
 #include "Components/SceneComponent.h"
 #include "Curves/CurveBase.h"
 #include "EdGraph/EdGraphSchema.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
 #include "Engine/MemberReference.h"
+#include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Engine/TimelineTemplate.h"
 #include "GameFramework/Actor.h"

@@ -5,6 +5,7 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphNode.h"
 #include "Engine/Blueprint.h"
+#include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Standalone/LoadedStructure.h"
 #include "Standalone/MissingObjects.h"

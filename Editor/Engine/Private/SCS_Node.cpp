@@ -123,7 +123,7 @@ USceneComponent* USCS_Node::GetParentComponentTemplate(UBlueprint* InBlueprint) 
 	if (ParentComponentOrVariableName.IsNone())
 	{
 		const USimpleConstructionScript* const Script = GetSCS();
-		const USCS_Node* const Parent = Script ? Script->FindParentNode(this) : nullptr;
+		const USCS_Node* const Parent = Script ? Script->FindParentNode(const_cast<USCS_Node*>(this)) : nullptr;
 		return Parent ? Cast<USceneComponent>(Parent->ComponentTemplate.Get()) : nullptr;
 	}
 	if (bIsParentComponentNative)

@@ -4,6 +4,7 @@
 #include "ConstructionScriptNodes.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "Engine/SCS_Node.h"
 #include "GameFramework/Actor.h"
 #include "Standalone/NativeClass.h"
 
@@ -147,7 +148,7 @@ TArray<USCS_Node*> USimpleConstructionScript::GetAllNodes() const
 	return Nodes;
 }
 
-USCS_Node* USimpleConstructionScript::FindParentNode(const USCS_Node* InNode) const
+USCS_Node* USimpleConstructionScript::FindParentNode(USCS_Node* InNode) const
 {
 	for (USCS_Node* const Node : AllNodes)
 	{

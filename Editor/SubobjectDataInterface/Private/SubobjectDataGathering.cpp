@@ -2,6 +2,7 @@
 
 #include "Components/SceneComponent.h"
 #include "Engine/Blueprint.h"
+#include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "GameFramework/Actor.h"
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Engine/SCS_Node.h"
 #include "SubobjectData.h"
 
 class AActor;

@@ -1,5 +1,6 @@
 #include "BlueprintKindSetup.h"
 
+#include "Animation/AnimBlueprint.h"
 #include "AnimationGraph.h"
 #include "AnimationGraphSchema.h"
 #include "Blueprint/WidgetTree.h"

@@ -1,5 +1,6 @@
 #include "FreshRead.h"
 
+#include "JsonReading.h"
 #include "ModificationReadRegistry.h"
 #include "Policies/CondensedJsonPrintPolicy.h"
 #include "Serialization/JsonSerializer.h"
@@ -130,13 +131,13 @@ private:
 		{
 			// Floating nodes are shown beside any event, so that the name of the entry for them reads them alone.
 			Name = TEXT("nodes_not_attached_to_an_event");
-			(*Event)->TryGetStringField(ToolInfo::FieldName_EventName, Name);
+			MorvaneJson::TryGetStringField(**Event, ToolInfo::FieldName_EventName, Name);
 			Arguments->SetStringField(
 				ToolInfo::FieldName_GraphName, (*Event)->GetStringField(ToolInfo::FieldName_GraphName));
 			Arguments->SetStringField(ToolInfo::FieldName_EventName, Name);
 			Push(Arguments);
 		}
-		else if (Entry && Entry->TryGetString(Name))
+		else if (Entry && MorvaneJson::TryGetString(*Entry, Name))
 		{
 			Arguments->SetStringField(Key, Name);
 			Push(Arguments);

@@ -9,7 +9,7 @@ class FToolResult;
 }
 
 /** The read tools by name, for those who want the fresh state of what a run changed. */
-class FModificationReadRegistry
+class MORVANECORE_API FModificationReadRegistry
 {
 public:
 	/** Answers the state as JSON text, "{}" when there is none, and reports into the result. May write into the

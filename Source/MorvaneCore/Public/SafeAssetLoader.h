@@ -3,7 +3,7 @@
 #include "CoreMinimal.h"
 
 /** Questions to ask of a path before an object is loaded from it. Loads nothing and reports nothing. */
-class FSafeAssetLoader
+class MORVANECORE_API FSafeAssetLoader
 {
 public:
 	/**

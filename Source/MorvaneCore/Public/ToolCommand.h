@@ -5,7 +5,7 @@
 namespace Morvane
 {
 /** One invocation of a tool. Nothing changes in it after construction. */
-class FToolCommand
+class MORVANECORE_API FToolCommand
 {
 public:
 	FToolCommand(const FString& InCommandId, const FString& InToolName, const FString& InArguments)

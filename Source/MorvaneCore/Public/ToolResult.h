@@ -21,7 +21,7 @@ struct FTrackedModification
  * and data are independent of that. Every mutator answers the result itself, so that calls chain. Used by one thread
  * only.
  */
-class FToolResult
+class MORVANECORE_API FToolResult
 {
 public:
 	explicit FToolResult(const FToolCommand& InCommand)

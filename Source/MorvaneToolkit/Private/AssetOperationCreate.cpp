@@ -6,6 +6,7 @@
 #include "Misc/OutputDeviceRedirector.h"
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
+#include "Misc/StringOutputDevice.h"
 #include "ToolResult.h"
 #include "UObject/Package.h"
 #include "UObject/SavePackage.h"
@@ -68,7 +69,7 @@ static bool CheckPath(const FString& Path, const FString& Name, Morvane::FToolRe
 /** The first file that stands where the asset's own would, whatever its kind; empty when there is none. */
 static FString FindFile(const FString& Path)
 {
-	const FString OwnFile = FPackageName::FindPackageFile(Path);
+	const FString OwnFile = FAssetOperationBase::FindPackageFile(Path);
 	if (!OwnFile.IsEmpty())
 	{
 		return OwnFile;
@@ -177,6 +178,14 @@ bool FAssetOperationBase::SaveAsset(UObject* Asset, Morvane::FToolResult& Result
 	return false;
 }
 
+FString FAssetOperationBase::FindPackageFile(const FString& PackageName)
+{
+	FString File;
+	return FPackageName::IsValidLongPackageName(PackageName) && FPackageName::DoesPackageExist(PackageName, &File)
+		? File
+		: FString();
+}
+
 FString FAssetOperationBase::AskWhyNotLoaded(const FString& PackageName)
 {
 	if (!FPackageName::IsValidLongPackageName(PackageName) || AssetOperationPlace::FindFile(PackageName).IsEmpty())
@@ -185,7 +194,9 @@ FString FAssetOperationBase::AskWhyNotLoaded(const FString& PackageName)
 	}
 	FStringOutputDevice Heard;
 	FOutputDeviceRedirector::Get()->AddOutputDevice(&Heard);
-	LoadPackage(nullptr, *PackageName);
+	LoadPackage(nullptr, *PackageName, LOAD_None);
+	// Lines that other threads wrote wait for their turn, and the device ends here.
+	FOutputDeviceRedirector::Get()->Flush();
 	FOutputDeviceRedirector::Get()->RemoveOutputDevice(&Heard);
 	return Heard;
 }

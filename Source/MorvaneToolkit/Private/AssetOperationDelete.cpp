@@ -2,6 +2,7 @@
 
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "Engine/Blueprint.h"
+#include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Misc/PackageName.h"
 #include "SourceControlHelpers.h"
@@ -23,8 +24,7 @@ static FAssetData FindAsset(const FString& Path, const FString& TypeWord, Morvan
 		FSoftObjectPath(Path + TEXT(".") + FPackageName::GetShortName(Path)));
 	if (!Asset.IsValid())
 	{
-		const FString File = FPackageName::IsValidLongPackageName(Path) ? FPackageName::FindPackageFile(Path)
-																		: FString();
+		const FString File = FAssetOperationBase::FindPackageFile(Path);
 		Result.AddErrorMessage(File.IsEmpty()
 				? FString::Printf(TEXT("%s does not exist: %s"), *TypeWord, *Path)
 				: FString::Printf(
@@ -71,7 +71,7 @@ static TArray<FString> FindReferencers(const FAssetData& Asset)
 /** The asset's file: the one that is found, else the one it was read from or saved to, which may hide for now. */
 static FString FindFile(const FString& Path)
 {
-	const FString File = FPackageName::FindPackageFile(Path);
+	const FString File = FAssetOperationBase::FindPackageFile(Path);
 	const UPackage* const Package = File.IsEmpty() ? FindPackage(nullptr, *Path) : nullptr;
 	return Package ? Package->GetLoadedPathName() : File;
 }
@@ -107,7 +107,7 @@ void FAssetOperationBase::ExecuteDeleteOperation(
 	using namespace AssetOperationDeletion;
 
 	FString Path;
-	if (!Args.TryGetStringField(Morvane::ToolInfo::FieldName_Path, Path))
+	if (!MorvaneJson::TryGetStringField(Args, Morvane::ToolInfo::FieldName_Path, Path))
 	{
 		Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), Morvane::ToolInfo::FieldName_Path));
 		return;

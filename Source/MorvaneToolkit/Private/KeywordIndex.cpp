@@ -20,7 +20,7 @@ static uint32 GetLetters(const FString& Word)
 }
 } // namespace KeywordIndexImpl
 
-uint32 FKeywordTextKeyFuncs::GetKeyHash(const FString& Text)
+uint32 GetKeywordTextHash(const FString& Text)
 {
 	uint32 Hash = 2166136261u;
 	for (const TCHAR Char : Text)
@@ -84,7 +84,8 @@ TArray<FKeywordHit> FKeywordIndex::FindBest(
 		Ranks.Emplace(-Score.Common, -Score.TitleCommon, Distance, Number);
 	}
 	const int32 Count = FMath::Clamp(MaxCount, 0, Ranks.Num());
-	std::partial_sort(Ranks.begin(), Ranks.begin() + Count, Ranks.end());
+	FRank* const First = Ranks.GetData();
+	std::partial_sort(First, First + Count, First + Ranks.Num());
 
 	TArray<FKeywordHit> Hits;
 	for (int32 Index = 0; Index < Count; ++Index)
@@ -112,7 +113,8 @@ int32 FKeywordIndex::FindOrAddVocable(const FString& Keyword)
 	return Vocables.Num() - 1;
 }
 
-const FKeywordIndex::FKeywordIds& FKeywordIndex::GetIds(TByText<FKeywordIds>& Memory, const FString& Text, bool bTitle)
+const FKeywordIndex::FKeywordIds& FKeywordIndex::GetIds(
+	TMapByKeywordText<FKeywordIds>& Memory, const FString& Text, bool bTitle)
 {
 	if (const FKeywordIds* const Known = Memory.Find(Text))
 	{

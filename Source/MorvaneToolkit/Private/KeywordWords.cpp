@@ -180,7 +180,7 @@ static TArray<FString> SplitRun(FStringView Run, bool bKeepPlurals)
 static void AppendRun(FStringView Run, bool bKeepPlurals, TArray<FString>& OutWords)
 {
 	constexpr int32 MaxKept = 50000;
-	using FRuns = TMap<FString, TArray<FString>, FDefaultSetAllocator, FKeywordTextKeyFuncs>;
+	using FRuns = TMapByKeywordText<TArray<FString>>;
 	static FRuns Kept[2];
 	FRuns& Known = Kept[bKeepPlurals ? 1 : 0];
 	const FString Key(Run);

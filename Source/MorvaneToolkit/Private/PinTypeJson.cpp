@@ -2,6 +2,7 @@
 
 #include "EdGraph/EdGraphPin.h"
 #include "EdGraphSchema_K2.h"
+#include "JsonReading.h"
 #include "UObject/PropertyBagRepository.h"
 
 namespace PinTypeWords
@@ -212,11 +213,18 @@ static bool ReadTerminal(const FString& CategoryText, const FString& SubCategory
 	return ReadObject(*Category, ObjectName, OutTerminal);
 }
 
+/** The flags of a type are bits, which no reference reaches. */
+static bool ReadFlag(const FJsonObject& Json, const TCHAR* Key)
+{
+	bool bValue = false;
+	return MorvaneJson::TryGetBoolField(Json, Key, bValue) && bValue;
+}
+
 static void ReadTerminalFlags(const FJsonObject& Json, FEdGraphTerminalType& OutTerminal)
 {
-	Json.TryGetBoolField(TEXT("is_const"), OutTerminal.bTerminalIsConst);
-	Json.TryGetBoolField(TEXT("is_weak_pointer"), OutTerminal.bTerminalIsWeakPointer);
-	Json.TryGetBoolField(TEXT("is_u_object_wrapper"), OutTerminal.bTerminalIsUObjectWrapper);
+	OutTerminal.bTerminalIsConst = ReadFlag(Json, TEXT("is_const"));
+	OutTerminal.bTerminalIsWeakPointer = ReadFlag(Json, TEXT("is_weak_pointer"));
+	OutTerminal.bTerminalIsUObjectWrapper = ReadFlag(Json, TEXT("is_u_object_wrapper"));
 }
 
 static bool ReadTerminal(const FJsonObject& Json, FEdGraphTerminalType& OutTerminal)
@@ -224,9 +232,9 @@ static bool ReadTerminal(const FJsonObject& Json, FEdGraphTerminalType& OutTermi
 	FString Category;
 	FString SubCategory;
 	FString Object;
-	Json.TryGetStringField(TEXT("category"), Category);
-	Json.TryGetStringField(TEXT("sub_category"), SubCategory);
-	Json.TryGetStringField(TEXT("sub_category_object"), Object);
+	MorvaneJson::TryGetStringField(Json, TEXT("category"), Category);
+	MorvaneJson::TryGetStringField(Json, TEXT("sub_category"), SubCategory);
+	MorvaneJson::TryGetStringField(Json, TEXT("sub_category_object"), Object);
 	ReadTerminalFlags(Json, OutTerminal);
 	return ReadTerminal(Category, SubCategory, Object, OutTerminal);
 }
@@ -242,7 +250,7 @@ static bool ReadValueType(
 		return ReadTerminal(**Object, OutValueType);
 	}
 	FString Category;
-	if (Json.TryGetStringField(TEXT("value_type"), Category))
+	if (MorvaneJson::TryGetStringField(Json, TEXT("value_type"), Category))
 	{
 		return ReadTerminal(Category, FString(), FString(), OutValueType);
 	}
@@ -290,9 +298,9 @@ bool FAssetOperationBase::ConvertJsonToEdGraphPinType(const FJsonObject& Json, F
 		return false;
 	}
 	FString Container;
-	if (!Json.TryGetStringField(TEXT("container_type"), Container))
+	if (!MorvaneJson::TryGetStringField(Json, TEXT("container_type"), Container))
 	{
-		Json.TryGetStringField(TEXT("container"), Container);
+		MorvaneJson::TryGetStringField(Json, TEXT("container"), Container);
 	}
 	FEdGraphPinType PinType = FEdGraphPinType::GetPinTypeForTerminalType(Terminal);
 	PinType.ContainerType = PinTypeWords::ReadContainer(Container);
@@ -300,7 +308,7 @@ bool FAssetOperationBase::ConvertJsonToEdGraphPinType(const FJsonObject& Json, F
 	{
 		return false;
 	}
-	Json.TryGetBoolField(TEXT("is_reference"), PinType.bIsReference);
+	PinType.bIsReference = PinTypeReading::ReadFlag(Json, TEXT("is_reference"));
 	OutPinType = PinType;
 	return true;
 }

@@ -15,7 +15,7 @@ class UFactory;
 class UObject;
 
 /** Helpers that every tool on assets leans on. Stateless; game thread only. */
-class FAssetOperationBase
+class MORVANETOOLKIT_API FAssetOperationBase
 {
 public:
 	// Paths
@@ -64,6 +64,11 @@ public:
 	/** Saves the asset's package; false after an error in the result. */
 	static bool SaveAsset(UObject* Asset, Morvane::FToolResult& Result);
 
+	/**
+	 * The file of a package as it stands on disk. Empty when there is none, and for a name that is no package's or lies
+	 * in code.
+	 */
+	static FString FindPackageFile(const FString& PackageName);
 	/** What the loader has to say about a package's file that cannot be read; empty when it can or there is none. */
 	static FString AskWhyNotLoaded(const FString& PackageName);
 

@@ -12,21 +12,28 @@ struct FKeywordHit
 	float Confidence = 0.0f;
 };
 
+/** The hash of a text as it is spelled. */
+MORVANETOOLKIT_API uint32 GetKeywordTextHash(const FString& Text);
+
 /** Texts are remembered as they are spelled. */
-struct FKeywordTextKeyFuncs
+template <typename ValueType>
+struct TKeywordTextKeyFuncs : TDefaultMapKeyFuncs<FString, ValueType, false>
 {
 	static bool Matches(const FString& Left, const FString& Right)
 	{
 		return Left.Equals(Right, ESearchCase::CaseSensitive);
 	}
-	static uint32 GetKeyHash(const FString& Text);
+	static uint32 GetKeyHash(const FString& Text) { return GetKeywordTextHash(Text); }
 };
+
+template <typename ValueType>
+using TMapByKeywordText = TMap<FString, ValueType, FDefaultSetAllocator, TKeywordTextKeyFuncs<ValueType>>;
 
 /**
  * The entries of an action menu by their keywords. It answers what scoring every entry with FAssetOperationBase would,
  * in a fraction of the time: for each keyword it knows the entries that have it.
  */
-class FKeywordIndex
+class MORVANETOOLKIT_API FKeywordIndex
 {
 public:
 	/** Forgets the entries, not what it has learned about their texts, so that the same menu is taken in again cheaply.
@@ -83,11 +90,8 @@ private:
 		int32 Edits = 0;
 	};
 
-	template <typename ValueType>
-	using TByText = TMap<FString, ValueType, FDefaultSetAllocator, FKeywordTextKeyFuncs>;
-
 	int32 FindOrAddVocable(const FString& Keyword);
-	const FKeywordIds& GetIds(TByText<FKeywordIds>& Memory, const FString& Text, bool bTitle);
+	const FKeywordIds& GetIds(TMapByKeywordText<FKeywordIds>& Memory, const FString& Text, bool bTitle);
 	/** By rising number of edits. */
 	TArray<FNeighbour> FindNeighbours(const FKeyword& Keyword) const;
 	/** Other words of the keyword's sense. */
@@ -99,10 +103,10 @@ private:
 
 	TArray<FEntry> Entries;
 	TArray<FVocable> Vocables;
-	TByText<int32> VocableByText;
+	TMapByKeywordText<int32> VocableByText;
 	/** The words among the vocables by their first letter: a slip leaves it alone or swaps it with the second. */
 	TMap<TCHAR, TArray<int32>> WordsByLetter;
-	TByText<TArray<int32>> WordsBySense;
-	TByText<FKeywordIds> TitleIds;
-	TByText<FKeywordIds> CategoryIds;
+	TMapByKeywordText<TArray<int32>> WordsBySense;
+	TMapByKeywordText<FKeywordIds> TitleIds;
+	TMapByKeywordText<FKeywordIds> CategoryIds;
 };

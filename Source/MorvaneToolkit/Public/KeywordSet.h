@@ -14,7 +14,7 @@ enum class EKeywordKind : uint8
 };
 
 /** A keyword with what comparing needs to know of it. */
-struct FKeyword
+struct MORVANETOOLKIT_API FKeyword
 {
 	FKeyword() = default;
 	explicit FKeyword(const FString& Keyword);
@@ -32,7 +32,7 @@ struct FKeyword
 };
 
 /** A list of keywords, prepared for comparison: each stands once, ignoring case. */
-class FKeywordSet
+class MORVANETOOLKIT_API FKeywordSet
 {
 public:
 	FKeywordSet() = default;
@@ -75,13 +75,13 @@ struct FComparison
 };
 
 /** INDEX_NONE unless the two are the same keyword (0), words of one sense (1) or words a slip apart. */
-int32 CountEdits(const FKeyword& Request, const FKeyword& Candidate);
-FComparison Compare(const FKeywordSet& Request, const FKeywordSet& Candidate);
+MORVANETOOLKIT_API int32 CountEdits(const FKeyword& Request, const FKeyword& Candidate);
+MORVANETOOLKIT_API FComparison Compare(const FKeywordSet& Request, const FKeywordSet& Candidate);
 /** Smaller is better; says something at equal common counts. Prior is the candidate's. */
-int32 GetDistance(
+MORVANETOOLKIT_API int32 GetDistance(
 	int32 CandidateCount, int32 CandidateTitleCount, int32 CommonCount, int32 InTitleCount, int32 Edits, int32 Prior);
-FKeywordSimilarity MakeSimilarity(
+MORVANETOOLKIT_API FKeywordSimilarity MakeSimilarity(
 	const TArray<FString>& Request, const FKeywordSet& RequestSet, const FKeywordSet& Candidate);
 /** From 0 to 1: how sure it is that the candidate is what the request means. */
-float GetConfidence(const FKeywordSet& Request, const FKeywordSet& Candidate);
+MORVANETOOLKIT_API float GetConfidence(const FKeywordSet& Request, const FKeywordSet& Candidate);
 } // namespace KeywordMatch

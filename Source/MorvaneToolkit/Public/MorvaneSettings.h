@@ -7,7 +7,7 @@
 
 /** Settings of the tool pack; the class default object holds what applies. */
 UCLASS(Config = Editor)
-class UMorvaneSettings : public UObject
+class MORVANETOOLKIT_API UMorvaneSettings : public UObject
 {
 	GENERATED_BODY()
 

@@ -5,7 +5,7 @@
 #include "Modules/ModuleManager.h"
 
 /** Owns the tool executor for as long as the module is loaded. */
-class FMorvaneToolkitModule : public IModuleInterface
+class MORVANETOOLKIT_API FMorvaneToolkitModule : public IModuleInterface
 {
 public:
 	void StartupModule() override;

@@ -15,7 +15,7 @@ struct FBPVariableDescription;
  * through it. Problems of one entry are reported and the batch goes on; false means that the routine could not do its
  * work.
  */
-class FBlueprintCreateModifyRemoveUtils
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintCreateModifyRemoveUtils
 {
 public:
 	/** Makes the asset that a create command describes, and tracks it for reading back. Null after an error in the

@@ -7,7 +7,7 @@ class FToolResult;
 }
 
 /** Tool: makes a new Blueprint asset of any kind, in memory; the kind follows from the parent class. */
-class FBlueprintCreateOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintCreateOperation
 {
 public:
 	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);

@@ -16,7 +16,7 @@ struct FFormatterNodeEntry;
  * never changes a link, never reports, and never fails: what it cannot place well it places anyway. Nothing is kept
  * between calls.
  */
-class FBlueprintFormatterService
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintFormatterService
 {
 public:
 	/** Lays out the allowed nodes of the graph. Nulls are skipped; with no live allowed node nothing is touched or

@@ -10,7 +10,7 @@ class FToolResult;
 }
 
 /** The older name of FBlueprintGraphCreateOperation, for siblings that know it by this one. */
-class FBlueprintFunctionCreateOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintFunctionCreateOperation
 {
 public:
 	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);

@@ -14,7 +14,7 @@ class FToolResult;
  * after partial failure: a node that fails costs the connections that need it and nothing else, and the result names
  * every loss, so that the next call can mend it. Makes no functions: that is the graph creation's work.
  */
-class FBlueprintGraphModifyOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintGraphModifyOperation
 {
 public:
 	/** Failed nodes and connections are warnings. With any error the graph stays as it came out, in memory, unsaved. */

@@ -13,7 +13,7 @@ class FToolResult;
 }
 
 /** What kind of graph a graph is, and the graphs and nodes that a Blueprint must have for an edit. */
-class FBlueprintGraphUtils
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintGraphUtils
 {
 public:
 	static bool IsUbergraphPage(const UBlueprint* Blueprint, const UEdGraph* Graph);

@@ -8,7 +8,7 @@ class UEdGraph;
 class UEdGraphNode;
 
 /** Finds nodes and graphs by what requests call them. Silent: null when there is none. */
-class FBlueprintMatchingUtils
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintMatchingUtils
 {
 public:
 	/**
@@ -29,7 +29,7 @@ public:
  * FBlueprintMatchingUtils::FindNodeByGuid for many ids of one graph: the same answers, in constant time. It knows the
  * nodes that stood when it was made.
  */
-class FNodeIdIndex
+class MORVANETOOLKIT_BLUEPRINT_API FNodeIdIndex
 {
 public:
 	explicit FNodeIdIndex(const UEdGraph& Graph);

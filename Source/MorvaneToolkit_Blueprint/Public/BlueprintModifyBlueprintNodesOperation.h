@@ -10,7 +10,7 @@ class FToolResult;
 }
 
 /** Changes what a graph holds: nodes, pins, links, local variables, the graph itself. */
-class FBlueprintModifyBlueprintNodesOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintModifyBlueprintNodesOperation
 {
 public:
 	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);

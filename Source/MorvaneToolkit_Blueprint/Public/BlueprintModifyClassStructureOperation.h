@@ -13,37 +13,37 @@ class FToolResult;
  * Operations on the members of a Blueprint's class. Those of one kind save only what was done as a whole; the one that
  * takes all kinds saves what could be done of them.
  */
-class FBlueprintVariableCreateModifyRemoveOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintVariableCreateModifyRemoveOperation
 {
 public:
 	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);
 };
 
-class FBlueprintComponentCreateModifyRemoveOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintComponentCreateModifyRemoveOperation
 {
 public:
 	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);
 };
 
-class FBlueprintInterfaceCreateModifyRemoveOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintInterfaceCreateModifyRemoveOperation
 {
 public:
 	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);
 };
 
-class FBlueprintTimelineCreateModifyRemoveOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintTimelineCreateModifyRemoveOperation
 {
 public:
 	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);
 };
 
-class FBlueprintDelegateCreateModifyRemoveOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintDelegateCreateModifyRemoveOperation
 {
 public:
 	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);
 };
 
-class FBlueprintModifyClassStructureOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintModifyClassStructureOperation
 {
 public:
 	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);

@@ -12,7 +12,7 @@ class UK2Node_VariableSet;
 
 /** Names and makes single nodes. Nothing here reports; a node that could not be made is null and leaves nothing behind.
  */
-class FBlueprintNodeUtils
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintNodeUtils
 {
 public:
 	/** The first 7 digits of the node's guid, by which reads and messages name it; empty for null. */

@@ -20,7 +20,7 @@ class FToolResult;
  * The run behind the tools that change and remove what a graph holds. One request carries any mix of graph action, node
  * changes, connection removals and local variables.
  */
-class FBlueprintNodesCommonOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintNodesCommonOperation
 {
 public:
 	/** A whole request; see Operations/Graph/GraphModification.h. */

@@ -10,7 +10,7 @@ class FToolResult;
 
 /** The read tools: each validates its command, reads through FBlueprintReadUtils and tells how that went. */
 #define MORVANE_READ_OPERATION(TOperation) \
-	class TOperation \
+	class MORVANETOOLKIT_BLUEPRINT_API TOperation \
 	{ \
 	public: \
 		static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result); \

@@ -17,7 +17,7 @@ class UEdGraphPin;
  * A read runs on behalf of a read tool, which the command names: that steers how much is shown. Whatever is missing
  * below the Blueprint itself is an entry or an "error" key where it would have stood, never an error of the tool.
  */
-class FBlueprintReadUtils
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintReadUtils
 {
 public:
 	/** The document of one Blueprint as text, or "{}" after errors in the result. */

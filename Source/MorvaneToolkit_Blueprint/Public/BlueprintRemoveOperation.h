@@ -7,7 +7,7 @@ class FToolResult;
 }
 
 /** Tool: deletes a Blueprint asset. */
-class FBlueprintRemoveOperation
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintRemoveOperation
 {
 public:
 	static void Execute(const FJsonObject& Args, Morvane::FToolResult& Result);

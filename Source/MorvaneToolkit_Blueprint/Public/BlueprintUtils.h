@@ -12,7 +12,7 @@ class UPackage;
 class USCS_Node;
 
 /** What every tool needs of a Blueprint as an asset: find, make, name, compile, save. Stateless. */
-class FBlueprintUtils
+class MORVANETOOLKIT_BLUEPRINT_API FBlueprintUtils
 {
 public:
 	/**

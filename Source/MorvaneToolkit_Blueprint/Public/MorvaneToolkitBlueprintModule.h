@@ -9,7 +9,7 @@ class ITool;
  * Publishes this module's tools to the tool executor, and its read tools to the read registry, for as long as it is
  * loaded. Without an executor it does nothing; a tool that the executor refuses stays unreachable. Neither is reported.
  */
-class FMorvaneToolkitBlueprintModule : public IModuleInterface
+class MORVANETOOLKIT_BLUEPRINT_API FMorvaneToolkitBlueprintModule : public IModuleInterface
 {
 public:
 	void StartupModule() override;

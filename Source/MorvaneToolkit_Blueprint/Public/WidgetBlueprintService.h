@@ -13,7 +13,7 @@ class UWidget;
 class UWidgetBlueprint;
 
 /** Edits of a Widget Blueprint in memory. What is done stays done when a later step fails. Stateless. */
-class FWidgetBlueprintService
+class MORVANETOOLKIT_BLUEPRINT_API FWidgetBlueprintService
 {
 public:
 	/**

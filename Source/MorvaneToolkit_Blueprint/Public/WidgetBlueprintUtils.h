@@ -20,7 +20,7 @@ class UWidget;
 class UWidgetBlueprint;
 
 /** Routines on Widget Blueprints and their widgets. */
-class FWidgetBlueprintUtils
+class MORVANETOOLKIT_BLUEPRINT_API FWidgetBlueprintUtils
 {
 public:
 	// Reading

@@ -1,5 +1,6 @@
 #include "AssetRegistry/AssetRegistryModule.h"
 
+#include "AssetRegistry/ARFilter.h"
 #include "Standalone/Project.h"
 #include "TemporaryFolder.h"
 #include "TestAssets.h"

@@ -112,7 +112,7 @@ TEST(ActionMenuContext, AChosenEntryOfAPinsMenuCanBeLinkedToThePin)
 	for (int32 Index = 0; Index < Menu.GetNumActions(); Index += 13)
 	{
 		const TSharedPtr<FEdGraphSchemaAction> Action = Menu.GetSchemaAction(Index);
-		UEdGraphNode* const Node = Action->PerformAction(Graph.Get(), nullptr, FVector2D(400.0, 0.0));
+		UEdGraphNode* const Node = Action->PerformAction(Graph.Get(), nullptr, FVector2f(400.0f, 0.0f));
 		ASSERT_NE(Node, nullptr);
 		const bool bLinkable = Node->Pins.ContainsByPredicate(
 			[Pin](const UEdGraphPin* Other) { return !FSchema().CanCreateConnection(Pin, Other).IsDisallowed(); });
@@ -135,7 +135,7 @@ TEST(ActionMenuContext, SignaturesTellThePinsThatNodesHave)
 	{
 		const TSharedPtr<FEdGraphSchemaAction> Action = Menu.GetSchemaAction(Index);
 		const FString Class = ClassOf(*Action);
-		UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+		UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f));
 		ASSERT_NE(Node, nullptr) << ToStd(Action->GetMenuDescription().ToString());
 		++NumNodes;
 		for (const UEdGraphPin* const Pin : Node->Pins)

@@ -200,7 +200,7 @@ TEST(ActionMenuFreshness, ACastToAFileIsThatCastOnceItIsPlaced)
 		const TSharedPtr<FEdGraphSchemaAction> Action = Find(MenuFor(Graph), Title);
 		ASSERT_TRUE(Action) << ToStd(Title);
 		EXPECT_FALSE(Action->GetTooltipDescription().IsEmpty());
-		UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+		UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f));
 		ASSERT_NE(Node, nullptr);
 		const UClass* const Target = CastChecked<UK2Node_DynamicCast>(Node)->TargetType.Get();
 		ASSERT_NE(Target, nullptr) << ToStd(Title);
@@ -243,7 +243,7 @@ TEST(ActionMenuFreshness, LibrariesOfTheProjectAreOfferedWithoutBeingOpened)
 	{
 		const TSharedPtr<FEdGraphSchemaAction> Action = Find(Menu, Title);
 		ASSERT_TRUE(Action) << ToStd(Title);
-		const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+		const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f));
 		ASSERT_NE(Node, nullptr) << ToStd(Title);
 		EXPECT_EQ(Node->GetNodeTitle(ENodeTitleType::MenuTitle).ToString(), FString(Title));
 	}
@@ -308,7 +308,7 @@ TEST(ActionMenuFreshness, TheListIsOneWhateverIsInMemory)
 	{
 		const TSharedPtr<FEdGraphSchemaAction> Action = Find(MenuFor(Graph), Title);
 		ASSERT_TRUE(Action) << ToStd(Title);
-		const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+		const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f));
 		ASSERT_NE(Node, nullptr) << ToStd(Title);
 		EXPECT_EQ(Node->GetNodeTitle(ENodeTitleType::MenuTitle).ToString(), FString(NodeTitle));
 	}
@@ -362,7 +362,7 @@ TEST(ActionMenuFreshness, EnumsOfTheProjectHaveAllNodesThatEnumsHave)
 	}
 	const TSharedPtr<FEdGraphSchemaAction> Action = Find(Menu, TEXT("Switch on E_Door"));
 	ASSERT_TRUE(Action);
-	const UEdGraphNode* const Switch = Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+	const UEdGraphNode* const Switch = Action->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f));
 	ASSERT_NE(Switch, nullptr);
 	// The pins bear the names that never change, and show what the author wrote.
 	Enum = LoadObject<UUserDefinedEnum>(nullptr, TEXT("/Game/Tests/E_Door"));
@@ -398,7 +398,7 @@ TEST(ActionMenuFreshness, StructsOfTheProjectAreMadeBrokenAndHeld)
 	ASSERT_TRUE(Break);
 	EXPECT_TRUE(Find(Menu, TEXT("Make ST Door")));
 	EXPECT_TRUE(Find(Menu, TEXT("Set members in ST Door")));
-	const UEdGraphNode* const Node = Break->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+	const UEdGraphNode* const Node = Break->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f));
 	ASSERT_NE(Node, nullptr);
 	const UEdGraphPin* const Member = Node->FindPin(WidthName, EGPD_Output);
 	ASSERT_NE(Member, nullptr);
@@ -445,7 +445,7 @@ TEST(ActionMenuFreshness, InputSettingsAreReadAgain)
 	const TSharedPtr<FEdGraphSchemaAction> Action = Find(
 		MenuFor(Graph), TEXT("DuckDown"), TEXT("Input|Action Events"), TEXT("K2Node_InputAction"));
 	ASSERT_TRUE(Action);
-	const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+	const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f));
 	ASSERT_NE(Node, nullptr);
 	EXPECT_TRUE(Node->FindPin(TEXT("Pressed"), EGPD_Output));
 }

@@ -6,6 +6,7 @@
 #include "CoreMinimal.h"
 #include "EdGraph/EdGraph.h"
 #include "Engine/Blueprint.h"
+#include "Standalone/ContextTargets.h"
 
 /** Asking for menus and for their entries. */
 namespace ActionMenuQueries
@@ -23,8 +24,7 @@ inline FBlueprintActionMenuBuilder MenuFor(UEdGraph* Graph, bool bContextSensiti
 		Context.Pins.Add(Pin);
 	}
 	FBlueprintActionMenuBuilder Menu;
-	FBlueprintActionMenuUtils::MakeContextMenu(
-		Context, bContextSensitive, EContextTargetFlags::ContextTargetFlagMask, Menu);
+	FBlueprintActionMenuUtils::MakeContextMenu(Context, bContextSensitive, EveryContextTarget, Menu);
 	return Menu;
 }
 

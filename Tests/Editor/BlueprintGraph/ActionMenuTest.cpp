@@ -103,7 +103,7 @@ TEST(ActionMenu, EveryEntrySaysWhatItDoes)
 	EXPECT_EQ(Silent.Num(), 0) << ToStd(FString::Join(Silent.Array(), TEXT(", ")));
 	// The entry speaks as its node does.
 	const TSharedPtr<FEdGraphSchemaAction> Action = Find(Menu, TEXT("Cast To Pawn"));
-	const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+	const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f));
 	EXPECT_EQ(Action->GetTooltipDescription().ToString(), Node->GetTooltipText().ToString());
 }
 
@@ -140,7 +140,8 @@ TEST(ActionMenu, AChosenActionPlacesItsNodeWhereAsked)
 		const TSharedPtr<FEdGraphSchemaAction> Action = Menu.GetSchemaAction(Index);
 		SCOPED_TRACE(ToStd(Action->GetMenuDescription().ToString()));
 		const int32 NumBefore = Graph->Nodes.Num();
-		const UEdGraphNode* const Node = Action->PerformAction(Graph, nullptr, FVector2D(Index, 48.0));
+		const UEdGraphNode* const Node = Action->PerformAction(
+			Graph, nullptr, FVector2f(static_cast<float>(Index), 48.0f));
 		ASSERT_NE(Node, nullptr);
 		++NumPlaced;
 		EXPECT_FALSE(Node->Pins.IsEmpty());
@@ -159,9 +160,9 @@ TEST(ActionMenu, AnEventStandsOnceInABlueprint)
 	UEdGraph* const Graph = Blueprint.EventGraph().Get();
 	const TSharedPtr<FEdGraphSchemaAction> Action = Find(MenuFor(Graph), TEXT("Event Hit"));
 	ASSERT_TRUE(Action);
-	UEdGraphNode* const First = Action->PerformAction(Graph, nullptr, FVector2D(10.0, 10.0));
+	UEdGraphNode* const First = Action->PerformAction(Graph, nullptr, FVector2f(10.0f, 10.0f));
 	ASSERT_NE(First, nullptr);
-	EXPECT_EQ(Action->PerformAction(Graph, nullptr, FVector2D(500.0, 500.0)), First);
+	EXPECT_EQ(Action->PerformAction(Graph, nullptr, FVector2f(500.0f, 500.0f)), First);
 	EXPECT_EQ(First->NodePosX, 10);
 	EXPECT_TRUE(First->FindPin(TEXT("HitLocation")));
 }
@@ -173,11 +174,11 @@ TEST(ActionMenu, ComponentsOfferTheirEventsToTheirBlueprintAlone)
 	const TCHAR* const Title = TEXT("Add On Component Begin Overlap (CapsuleComponent)");
 	const TSharedPtr<FEdGraphSchemaAction> Action = Find(MenuFor(Graph), Title);
 	ASSERT_TRUE(Action);
-	const UEdGraphNode* const Event = Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+	const UEdGraphNode* const Event = Action->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f));
 	ASSERT_NE(Event, nullptr);
 	EXPECT_EQ(Event->GetClass()->GetName(), FString(TEXT("K2Node_ComponentBoundEvent")));
 	EXPECT_TRUE(Event->FindPin(TEXT("OtherActor"), EGPD_Output));
-	EXPECT_EQ(Action->PerformAction(Graph, nullptr, FVector2D(9.0, 9.0)), Event);
+	EXPECT_EQ(Action->PerformAction(Graph, nullptr, FVector2f(9.0f, 9.0f)), Event);
 	UEdGraph* const Loose = NewObject<UEdGraph>(GetTransientPackageAsObject());
 	Loose->Schema = UEdGraphSchema_K2::StaticClass();
 	EXPECT_FALSE(Find(MenuFor(Loose), Title));
@@ -192,7 +193,7 @@ TEST(ActionMenu, AnAddedComponentHasATemplateInItsBlueprint)
 	for (const TCHAR* const Name : {TEXT("NODE_AddStaticMeshComponent-0"), TEXT("NODE_AddStaticMeshComponent-1")})
 	{
 		const UK2Node_AddComponent* const Node = Cast<UK2Node_AddComponent>(
-			Action->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0)));
+			Action->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f)));
 		ASSERT_NE(Node, nullptr);
 		EXPECT_EQ(Node->GetTemplateNamePinChecked()->DefaultValue, FString(Name));
 		const UActorComponent* const Template = Blueprint->FindTemplateByName(FName(Name));
@@ -211,11 +212,12 @@ TEST(ActionMenu, ANodeDraggedFromAPinIsWiredToIt)
 	const FBlueprintBuilder Blueprint;
 	UEdGraph* const Graph = Blueprint.EventGraph().Get();
 	const FBlueprintActionMenuBuilder Menu = MenuFor(Graph);
-	UEdGraphNode* const Event = Find(Menu, TEXT("Event Destroyed"))->PerformAction(Graph, nullptr, FVector2D(0.0, 0.0));
+	UEdGraphNode* const Event =
+		Find(Menu, TEXT("Event Destroyed"))->PerformAction(Graph, nullptr, FVector2f(0.0f, 0.0f));
 	ASSERT_NE(Event, nullptr);
 	UEdGraphPin* const Then = Event->FindPin(TEXT("then"));
 	const UEdGraphNode* const Print =
-		Find(Menu, TEXT("Print String"))->PerformAction(Graph, Then, FVector2D(300.0, 0.0));
+		Find(Menu, TEXT("Print String"))->PerformAction(Graph, Then, FVector2f(300.0f, 0.0f));
 	ASSERT_EQ(Then->LinkedTo.Num(), 1);
 	EXPECT_EQ(Then->LinkedTo[0]->GetOwningNode(), Print);
 }

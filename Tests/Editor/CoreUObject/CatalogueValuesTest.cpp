@@ -1,3 +1,4 @@
+#include "Misc/StringOutputDevice.h"
 #include "ReflectedThings.h"
 #include "Session/EditorModules.h"
 

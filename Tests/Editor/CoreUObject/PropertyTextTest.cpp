@@ -1,5 +1,7 @@
 #include "ReflectedThings.h"
 
+#include "Misc/StringOutputDevice.h"
+
 #include <gtest/gtest.h>
 #include <random>
 

@@ -3,6 +3,7 @@
 #include "Engine/MemberReference.h"
 #include "GraphBuilder.h"
 #include "Misc/OutputDevice.h"
+#include "Misc/StringOutputDevice.h"
 #include "Session/EditorModules.h"
 
 #include <gtest/gtest.h>

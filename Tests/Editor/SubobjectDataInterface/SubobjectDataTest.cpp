@@ -3,6 +3,7 @@
 #include "BlueprintBuilder.h"
 #include "BlueprintConsistency.h"
 #include "Components/ActorComponent.h"
+#include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"

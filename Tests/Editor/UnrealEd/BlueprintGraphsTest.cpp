@@ -202,6 +202,6 @@ TEST(BlueprintGraphs, DependentsAreThoseThatMentionTheClass)
 	const FOther Stranger(TEXT("BP_Stranger"), Actor);
 	TArray<UBlueprint*> Dependents;
 	FUtils::GetDependentBlueprints(Blueprint.Get(), Dependents);
-	EXPECT_THAT(std::vector<UBlueprint*>(Dependents.begin(), Dependents.end()),
+	EXPECT_THAT(std::vector<UBlueprint*>(Dependents.GetData(), Dependents.GetData() + Dependents.Num()),
 		testing::UnorderedElementsAre(Child.Get(), ByVariable.Get(), ByNode.Get()));
 }

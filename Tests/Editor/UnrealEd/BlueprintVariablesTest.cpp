@@ -1,5 +1,6 @@
 #include "EditedBlueprint.h"
 
+#include "Engine/SCS_Node.h"
 #include "K2Node_AddDelegate.h"
 #include "K2Node_CallDelegate.h"
 #include "K2Node_ComponentBoundEvent.h"

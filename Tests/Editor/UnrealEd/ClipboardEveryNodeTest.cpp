@@ -52,7 +52,7 @@ TEST(Clipboard, EveryKindOfNodeIsCopiedAsItIs)
 	int32 NumCompared = 0;
 	for (const UBlueprintNodeSpawner* const Spawner : ChooseActions())
 	{
-		UEdGraphNode* const Node = Spawner->Invoke(Graph, FVector2D(32, 64));
+		UEdGraphNode* const Node = Spawner->Invoke(Graph, IBlueprintNodeBinder::FBindingSet(), FVector2D(32, 64));
 		if (!Node)
 		{
 			continue;

@@ -1,6 +1,7 @@
 #include "EditedBlueprint.h"
 
 #include "Components/SceneComponent.h"
+#include "Engine/SCS_Node.h"
 #include "K2Node_ComponentBoundEvent.h"
 
 using namespace EditedBlueprint;

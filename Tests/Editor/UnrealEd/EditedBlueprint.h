@@ -3,6 +3,7 @@
 #include "BlueprintBuilder.h"
 #include "BlueprintConsistency.h"
 #include "EdGraphSchema_K2.h"
+#include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_VariableGet.h"

@@ -2,8 +2,9 @@
 
 #include "CoreMinimal.h"
 
-#include "AssetRegistry/ARFilter.h"
 #include "AssetRegistry/AssetData.h"
+
+struct FARFilter;
 
 /**
  * The assets of the mounted content folders, and those in memory that are on no disk yet. Folders are scanned when

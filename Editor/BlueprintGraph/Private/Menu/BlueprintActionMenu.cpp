@@ -62,14 +62,14 @@ const FText& FBlueprintActionMenuItem::GetTooltipDescription() const
 }
 
 UEdGraphNode* FBlueprintActionMenuItem::PerformAction(
-	UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool)
+	UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2f& Location, bool)
 {
 	if (!ParentGraph || !Action)
 	{
 		return nullptr;
 	}
 	const int32 NumBefore = ParentGraph->Nodes.Num();
-	UEdGraphNode* const Node = Action->Invoke(ParentGraph, UBlueprintNodeSpawner::FBindingSet(), Location);
+	UEdGraphNode* const Node = Action->Invoke(ParentGraph, UBlueprintNodeSpawner::FBindingSet(), FVector2D(Location));
 	if (!Node)
 	{
 		return nullptr;

@@ -6,6 +6,7 @@
 #include "K2Node_Tunnel.h"
 #include "Misc/FeedbackContext.h"
 #include "Misc/Parse.h"
+#include "Misc/StringOutputDevice.h"
 #include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_EditablePinBase, "/Script/BlueprintGraph", CLASS_Abstract)

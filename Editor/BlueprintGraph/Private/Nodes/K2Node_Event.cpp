@@ -287,7 +287,6 @@ TSharedPtr<FEdGraphSchemaAction> UK2Node_Event::GetEventNodeAction(const FText& 
 {
 	const TSharedPtr<FEdGraphSchemaAction_NewNode> Action = MakeShared<FEdGraphSchemaAction_NewNode>(
 		ActionCategory, GetNodeTitle(ENodeTitleType::EditableTitle), GetTooltipText(), 0, GetKeywords());
-	Action->NodeTemplateWeak = this;
 	Action->NodeTemplate = this;
 	return Action;
 }

@@ -9,7 +9,7 @@
 namespace MenuWords
 {
 /** Texts are the same when they are shown the same. */
-struct FExactTextKeyFuncs : TDefaultKeyFuncs<FString>
+struct FExactTextKeyFuncs : TDefaultMapKeyFuncs<FString, FText, false>
 {
 	static bool Matches(const FString& Left, const FString& Right)
 	{

@@ -31,7 +31,6 @@ static TSharedPtr<FEdGraphSchemaAction> MakeCommentAction(bool bFromSelection)
 		FText::FromString(bFromSelection ? TEXT("Create Comment from Selection") : TEXT("Add Comment")),
 		FText::FromString(TEXT("A resizable box that groups nodes under a title")), 0);
 	Action->NodeTemplate = Template;
-	Action->NodeTemplateWeak = Template;
 	return Action;
 }
 } // namespace SchemaActions

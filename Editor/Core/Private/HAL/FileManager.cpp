@@ -162,6 +162,6 @@ void IFileManager::FindFilesRecursive(TArray<FString>& OutFiles, const TCHAR* St
 			OutFiles.Add(Files::FromPath(Entry->path()));
 		}
 	}
-	std::sort(OutFiles.begin() + First, OutFiles.end(),
+	std::sort(OutFiles.GetData() + First, OutFiles.GetData() + OutFiles.Num(),
 		[](const FString& Left, const FString& Right) { return Left.Compare(Right, ESearchCase::CaseSensitive) < 0; });
 }

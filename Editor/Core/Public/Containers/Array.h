@@ -26,6 +26,54 @@ struct FArrayBool
 	}
 };
 
+/**
+ * The place of a ranged for in an array: no pointer and no iterator of the standard library, whose algorithms take
+ * GetData(). An array must not grow or shrink while it is walked.
+ */
+template <typename ElementType, typename ArrayType>
+class TCheckedPointerIterator
+{
+public:
+	TCheckedPointerIterator(const ArrayType& InArray, ElementType* InPtr)
+		: Ptr(InPtr)
+#ifndef NDEBUG
+		, Array(&InArray)
+		, InitialNum(InArray.Num())
+#endif
+	{
+	}
+	ElementType& operator*() const
+	{
+		return *Ptr;
+	}
+	ElementType* operator->() const
+	{
+		return Ptr;
+	}
+	TCheckedPointerIterator& operator++()
+	{
+		++Ptr;
+		return *this;
+	}
+	TCheckedPointerIterator& operator--()
+	{
+		--Ptr;
+		return *this;
+	}
+	bool operator==(const TCheckedPointerIterator& Other) const
+	{
+		checkSlow(Array->Num() == InitialNum);
+		return Ptr == Other.Ptr;
+	}
+
+private:
+	ElementType* Ptr;
+#ifndef NDEBUG
+	const ArrayType* Array;
+	int32 InitialNum;
+#endif
+};
+
 /** A vector with the engine's member names. Indices are int32; a bad one is caught by check in debug builds. */
 template <typename T, typename AllocatorType>
 class TArray
@@ -46,12 +94,12 @@ public:
 	{
 	}
 	explicit TArray(TArrayView<const T> View)
-		: Items(View.begin(), View.end())
+		: Items(View.GetData(), View.GetData() + View.Num())
 	{
 	}
 	template <typename OtherAllocator>
 	TArray(const TArray<T, OtherAllocator>& Other)
-		: Items(Other.begin(), Other.end())
+		: Items(Other.GetData(), Other.GetData() + Other.Num())
 	{
 	}
 	TArray& operator=(std::initializer_list<T> List)
@@ -80,10 +128,12 @@ public:
 	const T& Last(int32 FromEnd = 0) const { return (*this)[Num() - 1 - FromEnd]; }
 	T& Top() { return Last(); }
 	const T& Top() const { return Last(); }
-	T* begin() { return GetData(); }
-	T* end() { return GetData() + Items.size(); }
-	const T* begin() const { return GetData(); }
-	const T* end() const { return GetData() + Items.size(); }
+	using RangedForIteratorType = TCheckedPointerIterator<T, TArray>;
+	using RangedForConstIteratorType = TCheckedPointerIterator<const T, TArray>;
+	RangedForIteratorType begin() { return {*this, GetData()}; }
+	RangedForIteratorType end() { return {*this, GetData() + Items.size()}; }
+	RangedForConstIteratorType begin() const { return {*this, GetData()}; }
+	RangedForConstIteratorType end() const { return {*this, GetData() + Items.size()}; }
 
 	int32 Add(const T& Item)
 	{
@@ -147,9 +197,9 @@ public:
 		Items.pop_back();
 		return Item;
 	}
-	/** Appending an array to itself is fine. */
+	/** Elements that stand in a row, as those of arrays and views do. Appending an array to itself is fine. */
 	template <typename RangeType>
-	requires requires(RangeType& Range) { Range.begin(), Range.end(); }
+	requires requires(RangeType& Range) { Range.GetData(), Range.Num(); }
 	void Append(const RangeType& Range)
 	{
 		if constexpr (std::is_same_v<RangeType, TArray>)
@@ -157,21 +207,11 @@ public:
 			if (&Range == this)
 			{
 				const TArray Copy(Range);
-				Items.insert(Items.end(), Copy.begin(), Copy.end());
+				Items.insert(Items.end(), Copy.GetData(), Copy.GetData() + Copy.Num());
 				return;
 			}
 		}
-		if constexpr (requires { Items.insert(Items.end(), Range.begin(), Range.end()); })
-		{
-			Items.insert(Items.end(), Range.begin(), Range.end());
-		}
-		else
-		{
-			for (const auto& Item : Range)
-			{
-				Items.push_back(Item);
-			}
-		}
+		Items.insert(Items.end(), Range.GetData(), Range.GetData() + Range.Num());
 	}
 	/** Moves the elements over and leaves Other empty. */
 	void Append(TArray&& Other)
@@ -211,7 +251,7 @@ public:
 	int32 Insert(const TArray& Others, int32 Index)
 	{
 		const TArray Copy(Others);
-		Items.insert(Items.begin() + Index, Copy.begin(), Copy.end());
+		Items.insert(Items.begin() + Index, Copy.GetData(), Copy.GetData() + Copy.Num());
 		return Index;
 	}
 	template <typename... ArgTypes>
@@ -397,13 +437,15 @@ public:
 	template <typename Predicate>
 	void Sort(const Predicate& Less)
 	{
-		std::sort(begin(), end(), [&Less](const T& Left, const T& Right) { return IsLess(Less, Left, Right); });
+		std::sort(
+			GetData(), GetData() + Num(), [&Less](const T& Left, const T& Right) { return IsLess(Less, Left, Right); });
 	}
 	void StableSort() { StableSort(std::less<>()); }
 	template <typename Predicate>
 	void StableSort(const Predicate& Less)
 	{
-		std::stable_sort(begin(), end(), [&Less](const T& Left, const T& Right) { return IsLess(Less, Left, Right); });
+		std::stable_sort(
+			GetData(), GetData() + Num(), [&Less](const T& Left, const T& Right) { return IsLess(Less, Left, Right); });
 	}
 	void Swap(int32 First, int32 Second)
 	{
@@ -455,7 +497,7 @@ public:
 
 	friend bool operator==(const TArray& Left, const TArray& Right)
 	{
-		return Left.Num() == Right.Num() && std::equal(Left.begin(), Left.end(), Right.begin());
+		return Left.Num() == Right.Num() && std::equal(Left.GetData(), Left.GetData() + Left.Num(), Right.GetData());
 	}
 	friend uint32 GetTypeHash(const TArray& Array)
 	{

@@ -7,8 +7,10 @@ class FDefaultSetAllocator;
 class FString;
 class FStringView;
 
-template <typename KeyType>
-struct TDefaultKeyFuncs;
+template <typename InElementType, bool bInAllowDuplicateKeys = false>
+struct DefaultKeyFuncs;
+template <typename KeyType, typename ValueType, bool bInAllowDuplicateKeys>
+struct TDefaultMapKeyFuncs;
 
 template <typename T, typename AllocatorType = FDefaultAllocator>
 class TArray;
@@ -17,8 +19,7 @@ class TArrayView;
 template <typename T>
 using TConstArrayView = TArrayView<const T>;
 template <typename KeyType, typename ValueType, typename AllocatorType = FDefaultSetAllocator,
-	typename KeyFuncs = TDefaultKeyFuncs<KeyType>>
+	typename KeyFuncs = TDefaultMapKeyFuncs<KeyType, ValueType, false>>
 class TMap;
-template <typename KeyType, typename KeyFuncs = TDefaultKeyFuncs<KeyType>,
-	typename AllocatorType = FDefaultSetAllocator>
+template <typename KeyType, typename KeyFuncs = DefaultKeyFuncs<KeyType>, typename AllocatorType = FDefaultSetAllocator>
 class TSet;

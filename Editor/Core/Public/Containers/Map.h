@@ -3,10 +3,22 @@
 #include "Containers/Set.h"
 #include "Templates/Tuple.h"
 
+/** How a map compares and hashes its keys. What a map uses instead has this for its base. */
+template <typename KeyType, typename ValueType, bool bInAllowDuplicateKeys>
+struct TDefaultMapKeyFuncs
+{
+	using KeyInitType = const KeyType&;
+
+	static bool Matches(KeyInitType Left, KeyInitType Right) { return Left == Right; }
+	static uint32 GetKeyHash(KeyInitType Key) { return GetTypeHash(Key); }
+};
+
 /** Keys and values in the order the keys were first added. References last until the next addition. */
 template <typename KeyType, typename ValueType, typename AllocatorType, typename KeyFuncs>
 class TMap
 {
+	static_assert(std::is_base_of_v<TDefaultMapKeyFuncs<KeyType, ValueType, false>, KeyFuncs>);
+
 public:
 	using ElementType = TPair<KeyType, ValueType>;
 

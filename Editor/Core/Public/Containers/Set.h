@@ -8,11 +8,13 @@
 class FDefaultSetAllocator;
 
 /** How keys are compared and hashed unless a container says otherwise: == and GetTypeHash, so FString ignores case. */
-template <typename KeyType>
-struct TDefaultKeyFuncs
+template <typename InElementType, bool bInAllowDuplicateKeys>
+struct DefaultKeyFuncs
 {
-	static bool Matches(const KeyType& Left, const KeyType& Right) { return Left == Right; }
-	static uint32 GetKeyHash(const KeyType& Key) { return GetTypeHash(Key); }
+	using KeyInitType = const InElementType&;
+
+	static bool Matches(KeyInitType Left, KeyInitType Right) { return Left == Right; }
+	static uint32 GetKeyHash(KeyInitType Key) { return GetTypeHash(Key); }
 };
 
 /** Unique values in the order they were first added. */

@@ -85,7 +85,7 @@ public:
 		return Left.Compare(Right, ESearchCase::IgnoreCase) < 0;
 	}
 	/** Ignores case, as equality does. */
-	friend CORE_API uint32 GetTypeHash(FStringView View);
+	friend uint32 GetTypeHash(FStringView View);
 
 private:
 	std::wstring_view View;

@@ -38,33 +38,3 @@ using UTF32CHAR = char32_t;
 
 #define WITH_EDITOR 1
 #define WITH_EDITORONLY_DATA 1
-
-// Everything is linked statically, so the export macros of the modules are empty.
-#define CORE_API
-#define COREUOBJECT_API
-#define ENGINE_API
-#define JSON_API
-#define JSONUTILITIES_API
-#define PROJECTS_API
-#define ASSETREGISTRY_API
-#define ASSETTOOLS_API
-#define GAMEPLAYTAGS_API
-#define MOVIESCENE_API
-#define MOVIESCENETRACKS_API
-#define SLATECORE_API
-#define SLATE_API
-#define INPUTCORE_API
-#define ENHANCEDINPUT_API
-#define UNREALED_API
-#define KISMET_API
-#define KISMETCOMPILER_API
-#define BLUEPRINTGRAPH_API
-#define GRAPHEDITOR_API
-#define ANIMGRAPH_API
-#define UMG_API
-#define UMGEDITOR_API
-#define SUBOBJECTDATAINTERFACE_API
-#define SOURCECONTROL_API
-#define MORVANECORE_API
-#define MORVANETOOLKIT_API
-#define MORVANETOOLKIT_BLUEPRINT_API

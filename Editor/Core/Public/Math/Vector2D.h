@@ -68,7 +68,7 @@ struct FVector2f
 		, Y(static_cast<float>(Other.Y))
 	{
 	}
-	constexpr operator FVector2D() const { return {static_cast<double>(X), static_cast<double>(Y)}; }
+	explicit constexpr operator FVector2D() const { return {static_cast<double>(X), static_cast<double>(Y)}; }
 	friend constexpr bool operator==(const FVector2f& A, const FVector2f& B) { return A.X == B.X && A.Y == B.Y; }
 };
 using FDeprecateSlateVector2D = FVector2f;

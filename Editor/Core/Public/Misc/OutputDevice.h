@@ -29,20 +29,6 @@ public:
 	}
 };
 
-/** Keeps what it is told, one line each. */
-class FStringOutputDevice : public FString, public FOutputDevice
-{
-public:
-	void Serialize(const TCHAR* Text, ELogVerbosity::Type, const FName&) override
-	{
-		if (!IsEmpty())
-		{
-			AppendChar(TEXT('\n'));
-		}
-		*static_cast<FString*>(this) += Text;
-	}
-};
-
 class FFeedbackContext : public FOutputDevice
 {
 };

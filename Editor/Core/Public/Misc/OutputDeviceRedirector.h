@@ -12,6 +12,8 @@ public:
 	/** The device has to be removed before it dies. */
 	void AddOutputDevice(FOutputDevice* OutputDevice) { OutputDevices.AddUnique(OutputDevice); }
 	void RemoveOutputDevice(FOutputDevice* OutputDevice) { OutputDevices.Remove(OutputDevice); }
+	/** Lines reach the listeners at once here; where they wait, this hands them out. */
+	void Flush() {}
 	bool HasOutputDevices() const { return !OutputDevices.IsEmpty(); }
 	void Serialize(const TCHAR* Text, ELogVerbosity::Type Verbosity, const FName& Category) const;
 

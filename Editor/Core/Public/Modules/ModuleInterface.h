@@ -10,7 +10,3 @@ public:
 	virtual void ShutdownModule() {}
 	virtual bool IsGameModule() const { return false; }
 };
-
-class FDefaultModuleImpl : public IModuleInterface
-{
-};

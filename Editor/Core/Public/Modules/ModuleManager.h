@@ -56,6 +56,11 @@ private:
 	TMap<FName, TUniquePtr<IModuleInterface>> Loaded;
 };
 
+/** A module that has nothing to do at start and end. */
+class FDefaultModuleImpl : public IModuleInterface
+{
+};
+
 /** Defines CreateModule_<Name>(), the factory that start-up code hands to RegisterStaticModule. */
 #define IMPLEMENT_MODULE(ImplClass, ModuleName) \
 	IModuleInterface* CreateModule_##ModuleName(); \

@@ -1,5 +1,6 @@
 #include "UObject/Object.h"
 
+#include "Misc/StringOutputDevice.h"
 #include "Objects/ObjectExtension.h"
 #include "Objects/ObjectTable.h"
 #include "Standalone/NativeClass.h"

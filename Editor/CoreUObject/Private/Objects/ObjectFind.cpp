@@ -129,12 +129,12 @@ static void MakeAllLazy(const UClass* Class)
 }
 } // namespace ObjectFind
 
-UObject* StaticFindObjectFast(const UClass* Class, const UObject* Outer, FName Name, bool bExactClass)
+UObject* StaticFindObjectFast(UClass* Class, UObject* Outer, FName Name, bool bExactClass)
 {
 	return ObjectFind::IfOfClass(FObjectTable::Get().Find(Outer, Name), Class, bExactClass);
 }
 
-UObject* StaticFindObject(const UClass* Class, UObject* Outer, const TCHAR* Name, bool bExactClass)
+UObject* StaticFindObject(UClass* Class, UObject* Outer, const TCHAR* Name, bool bExactClass)
 {
 	const FStringView Path = ObjectPaths::StripReference(FStringView(Name));
 	if (Path.IsEmpty())
@@ -151,7 +151,7 @@ UObject* StaticFindObject(const UClass* Class, UObject* Outer, const TCHAR* Name
 	return ObjectFind::IfOfClass(Object, Class, bExactClass);
 }
 
-UObject* StaticFindObject(const UClass* Class, const FTopLevelAssetPath& Path, bool bExactClass)
+UObject* StaticFindObject(UClass* Class, const FTopLevelAssetPath& Path, bool bExactClass)
 {
 	if (Path.IsNull())
 	{
@@ -163,8 +163,8 @@ UObject* StaticFindObject(const UClass* Class, const FTopLevelAssetPath& Path, b
 	return ObjectFind::IfOfClass(Object, Class, bExactClass);
 }
 
-UObject* StaticFindFirstObject(const UClass* Class, const TCHAR* Name, EFindFirstObjectOptions Options,
-	int32 AmbiguousMessageVerbosity, const TCHAR* InCurrentOperation)
+UObject* StaticFindFirstObject(UClass* Class, const TCHAR* Name, EFindFirstObjectOptions Options,
+	ELogVerbosity::Type AmbiguousMessageVerbosity, const TCHAR* InCurrentOperation)
 {
 	const FStringView Text = ObjectPaths::StripReference(FStringView(Name));
 	const bool bExact = EnumHasAnyFlags(Options, EFindFirstObjectOptions::ExactClass);
@@ -194,8 +194,7 @@ UObject* StaticFindFirstObject(const UClass* Class, const TCHAR* Name, EFindFirs
 	return BestNative ? BestNative : BestOther;
 }
 
-UObject* StaticLoadObject(
-	const UClass* Class, UObject* Outer, const TCHAR* Name, const TCHAR* Filename, uint32 LoadFlags)
+UObject* StaticLoadObject(UClass* Class, UObject* Outer, const TCHAR* Name, const TCHAR* Filename, uint32 LoadFlags)
 {
 	const FStringView Path = ObjectPaths::StripReference(FStringView(Name));
 	if (Path.IsEmpty() || Outer == ANY_PACKAGE)
@@ -222,8 +221,7 @@ UObject* StaticLoadObject(
 	return Loaded;
 }
 
-UClass* StaticLoadClass(
-	const UClass* BaseClass, UObject* Outer, const TCHAR* Name, const TCHAR* Filename, uint32 LoadFlags)
+UClass* StaticLoadClass(UClass* BaseClass, UObject* Outer, const TCHAR* Name, const TCHAR* Filename, uint32 LoadFlags)
 {
 	UClass* const Class = Cast<UClass>(StaticLoadObject(UClass::StaticClass(), Outer, Name, Filename, LoadFlags));
 	return Class && (!BaseClass || Class->IsChildOf(BaseClass)) ? Class : nullptr;

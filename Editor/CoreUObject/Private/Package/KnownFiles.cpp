@@ -109,8 +109,8 @@ TArray<UPackage*> GetLoaded()
 			Packages.Add(Package);
 		}
 	}
-	std::sort(Packages.begin(), Packages.end(),
-		[](const UPackage* Left, const UPackage* Right) { return Left->GetName().Compare(Right->GetName()) < 0; });
+	Packages.Sort(
+		[](const UPackage& Left, const UPackage& Right) { return Left.GetName().Compare(Right.GetName()) < 0; });
 	return Packages;
 }
 } // namespace KnownFiles

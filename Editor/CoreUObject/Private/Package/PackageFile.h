@@ -14,7 +14,7 @@ uint64 ChecksumOf(std::string_view Bytes, uint64 Seed = 0);
 /** The header for an object text; everything but the text itself. */
 std::string MakeHeader(const FPackageText::FHeader& Header, std::string_view Body, uint64& OutChecksum);
 
-/** As FPackageName::FindPackageFile, wherever the file's folders lead. */
+/** As FPackageText::FindPackageFile, wherever the file's folders lead. */
 FString FindOnDisk(const FString& LongPackageName);
 
 /** Keeps a problem for TakeProblems; the oldest are dropped when nobody takes them. */

@@ -340,7 +340,7 @@ bool FPackageName::DoesPackageExist(const FString& LongPackageName, FString* Out
 	{
 		return FindPackage(nullptr, *LongPackageName) != nullptr;
 	}
-	const FString Filename = FindPackageFile(LongPackageName);
+	const FString Filename = FPackageText::FindPackageFile(LongPackageName);
 	if (OutFilename && !Filename.IsEmpty())
 	{
 		*OutFilename = Filename;
@@ -376,7 +376,7 @@ FString PackageFile::FindOnDisk(const FString& LongPackageName)
 	return PackageNames::IsFile(Path) ? Path : FString();
 }
 
-FString FPackageName::FindPackageFile(const FString& LongPackageName)
+FString FPackageText::FindPackageFile(const FString& LongPackageName)
 {
 	const FString OwnFile = PackageFile::FindOnDisk(LongPackageName);
 	const FString Filename = OwnFile.IsEmpty() ? FPackageText::FindEngineAsset(LongPackageName) : OwnFile;

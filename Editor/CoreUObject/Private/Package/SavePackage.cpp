@@ -108,7 +108,7 @@ private:
 		{
 			return Refuse(*FString::Printf(TEXT("the engine's binary asset %s stands at that path"), *EngineAsset));
 		}
-		const FString Present = bExists ? FString() : FPackageName::FindPackageFile(Package.GetName());
+		const FString Present = bExists ? FString() : FPackageText::FindPackageFile(Package.GetName());
 		if (!Present.IsEmpty() && Present.Equals(Filename, ESearchCase::IgnoreCase))
 		{
 			return Refuse(*FString::Printf(TEXT("the file %s differs from it in case only"), *Present));

@@ -208,8 +208,9 @@ const TCHAR* ReadReference(const TCHAR* Buffer, bool bToEnd, FString& OutPath)
 	return OutPath.IsEmpty() || *End == TEXT('"') ? nullptr : End;
 }
 
-UObject* FindReferenced(const FString& Path, const UClass* Class, const UObject* Owner)
+UObject* FindReferenced(const FString& Path, const UClass* InClass, const UObject* Owner)
 {
+	UClass* const Class = const_cast<UClass*>(InClass);
 	if (Path.IsEmpty())
 	{
 		return nullptr;

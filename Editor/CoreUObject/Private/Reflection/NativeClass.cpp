@@ -80,3 +80,18 @@ FClassDescriber& FClassDescriber::Implements(UClass* Interface)
 	Class->Interfaces.Add({Interface, false});
 	return *this;
 }
+
+FProperty& NativeClass::AddBitField(UStruct& Struct, const TCHAR* const Name, const void* const Memory,
+	const std::size_t Size, const TFunctionRef<void()> Raise)
+{
+	const uint8* const Bytes = static_cast<const uint8*>(Memory);
+	const std::vector<uint8> Before(Bytes, Bytes + Size);
+	Raise();
+	const auto Changed = std::mismatch(Before.begin(), Before.end(), Bytes);
+	check(Changed.first != Before.end());
+	FBoolProperty* const Made = new FBoolProperty(FFieldVariant(&Struct), FName(Name));
+	Made->SetMask(static_cast<uint8>(*Changed.first ^ *Changed.second));
+	Made->SetLocation(static_cast<int32>(Changed.second - Bytes), false);
+	Struct.AddProperty(Made);
+	return *Made;
+}

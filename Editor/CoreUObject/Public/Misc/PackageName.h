@@ -46,16 +46,12 @@ public:
 	static FString GetShortName(FName LongName);
 	static FName GetShortFName(FName LongName);
 
-	/** Whether its file is on disk, or whether a script package is in memory. */
+	/**
+	 * Whether its file is on disk, or whether a script package is in memory. The file's name is as it stands on disk,
+	 * which may differ from the package's in case; none for a script package.
+	 */
 	static bool DoesPackageExist(
 		const FString& LongPackageName, FString* OutFilename = nullptr, bool bAllowTextFormats = true);
-	/**
-	 * The file of a package as it stands on disk; its spelling may differ from the name's in case. Empty when there is
-	 * none, and for one outside of the project behind a link. Not of the engine, which answers it as the
-	 * second result of DoesPackageExist.
-	 */
-	static FString FindPackageFile(const FString& LongPackageName);
-
 	static FString ObjectPathToPackageName(const FString& ObjectPath);
 	static FString ObjectPathToObjectName(const FString& ObjectPath);
 	/** "Class'/Path/To.Object'" and the same with quotes give the path; a bare path gives itself. */

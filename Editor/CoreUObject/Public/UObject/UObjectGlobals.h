@@ -75,20 +75,21 @@ T* DuplicateObject(const T* Source, UObject* Outer, FName Name = NAME_None)
  * The object of that class at a path, or below Outer by name, if it is in memory; catalogued and native classes always
  * are. Path forms: a full path, a "Class'path'" reference; with null Outer a bare name finds a top-level package only.
  */
-UObject* StaticFindObject(const UClass* Class, UObject* Outer, const TCHAR* Name, bool bExactClass = false);
-UObject* StaticFindObject(const UClass* Class, const struct FTopLevelAssetPath& Path, bool bExactClass = false);
+UObject* StaticFindObject(UClass* Class, UObject* Outer, const TCHAR* Name, bool bExactClass = false);
+UObject* StaticFindObject(UClass* Class, const struct FTopLevelAssetPath& Path, bool bExactClass = false);
 /** By exact outer and name, without parsing. */
-UObject* StaticFindObjectFast(const UClass* Class, const UObject* Outer, FName Name, bool bExactClass = false);
+UObject* StaticFindObjectFast(UClass* Class, UObject* Outer, FName Name, bool bExactClass = false);
 /** The first object of that short name anywhere; native classes before Blueprints. Verbosity and operation only word a
  * log line. */
-UObject* StaticFindFirstObject(const UClass* Class, const TCHAR* Name,
-	EFindFirstObjectOptions Options = EFindFirstObjectOptions::None, int32 AmbiguousMessageVerbosity = 0,
+UObject* StaticFindFirstObject(UClass* Class, const TCHAR* Name,
+	EFindFirstObjectOptions Options = EFindFirstObjectOptions::None,
+	ELogVerbosity::Type AmbiguousMessageVerbosity = ELogVerbosity::NoLogging,
 	const TCHAR* InCurrentOperation = nullptr);
 /** As StaticFindObject, and reads the package from disk when the object is not in memory. A package path alone means
  * its asset. Null when there is none; the reason goes to the log. */
-UObject* StaticLoadObject(const UClass* Class, UObject* Outer, const TCHAR* Name, const TCHAR* Filename = nullptr,
-	uint32 LoadFlags = LOAD_None);
-UClass* StaticLoadClass(const UClass* BaseClass, UObject* Outer, const TCHAR* Name, const TCHAR* Filename = nullptr,
+UObject* StaticLoadObject(
+	UClass* Class, UObject* Outer, const TCHAR* Name, const TCHAR* Filename = nullptr, uint32 LoadFlags = LOAD_None);
+UClass* StaticLoadClass(UClass* BaseClass, UObject* Outer, const TCHAR* Name, const TCHAR* Filename = nullptr,
 	uint32 LoadFlags = LOAD_None);
 
 template <class T>
@@ -107,7 +108,7 @@ T* FindObject(const FTopLevelAssetPath& Path, bool bExactClass = false)
 	return static_cast<T*>(StaticFindObject(T::StaticClass(), Path, bExactClass));
 }
 template <class T>
-T* FindObjectFast(const UObject* Outer, FName Name)
+T* FindObjectFast(UObject* Outer, FName Name)
 {
 	return static_cast<T*>(StaticFindObjectFast(T::StaticClass(), Outer, Name));
 }
@@ -131,7 +132,7 @@ UClass* LoadClass(UObject* Outer, const TCHAR* Name)
 UPackage* CreatePackage(const TCHAR* PackageName);
 UPackage* FindPackage(UObject* Outer, const TCHAR* PackageName);
 /** Reads a package file by long package name; null with a logged reason. */
-UPackage* LoadPackage(UPackage* Outer, const TCHAR* LongPackageName, uint32 LoadFlags = LOAD_None);
+UPackage* LoadPackage(UPackage* Outer, const TCHAR* LongPackageName, uint32 LoadFlags);
 
 /** Frees what was marked as garbage, with all below it. Keep flags and the purge flag are taken and mean nothing more
  * here. */

@@ -81,7 +81,7 @@ struct FEdGraphSchemaAction
 
 	/** Makes the action's node at a place, linked from FromPin when there is one; null when it makes none. */
 	virtual UEdGraphNode* PerformAction(
-		UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool bSelectNewNode = true)
+		UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2f& Location, bool bSelectNewNode = true)
 	{
 		return nullptr;
 	}
@@ -104,11 +104,10 @@ struct FEdGraphSchemaAction_NewNode : FEdGraphSchemaAction
 	FName GetTypeId() const override { return StaticGetTypeId(); }
 	using FEdGraphSchemaAction::FEdGraphSchemaAction;
 	UEdGraphNode* PerformAction(
-		UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2D& Location, bool bSelectNewNode = true) override;
+		UEdGraph* ParentGraph, UEdGraphPin* FromPin, const FVector2f& Location, bool bSelectNewNode = true) override;
 
-	TWeakObjectPtr<UEdGraphNode> NodeTemplateWeak;
 	/** The template; owned by the transient package, alive as long as the process. */
-	UEdGraphNode* NodeTemplate = nullptr;
+	TObjectPtr<UEdGraphNode> NodeTemplate;
 };
 
 /** A list of menu actions, in order. */

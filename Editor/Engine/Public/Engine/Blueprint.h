@@ -177,13 +177,3 @@ public:
 
 template <>
 UEnum* StaticEnum<EBlueprintType>();
-
-class UAnimBlueprint : public UBlueprint
-{
-	EDITOR_CLASS(UAnimBlueprint, UBlueprint)
-
-public:
-	UClass* GetBlueprintClass() const override;
-
-	TObjectPtr<UObject> TargetSkeleton;
-};

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "CoreMinimal.h"
-#include "Engine/SCS_Node.h"
 #include "UObject/Object.h"
 
 class UBlueprint;
 class USceneComponent;
+class USCS_Node;
 
 /** The components that a Blueprint adds to its actors, as a forest of nodes. */
 class USimpleConstructionScript : public UObject
@@ -24,7 +24,7 @@ public:
 	/** Depth first, parents before children. */
 	TArray<USCS_Node*> GetAllNodes() const;
 	const TArray<TObjectPtr<USCS_Node>>& GetRootNodes() const { return RootNodes; }
-	USCS_Node* FindParentNode(const USCS_Node* InNode) const;
+	USCS_Node* FindParentNode(USCS_Node* InNode) const;
 	USCS_Node* FindSCSNode(FName InName) const;
 	/** What becomes the actor's root: a native component, one of a parent Blueprint, or the first scene component here;
 	 * null when there is none. OutSCSNode is its node, where it has one. */

@@ -50,9 +50,7 @@ double FJsonObject::GetNumberField(const FStringView FieldName) const
 
 int32 FJsonObject::GetIntegerField(const FStringView FieldName) const
 {
-	int32 Number = 0;
-	TryGetNumberField(FieldName, Number);
-	return Number;
+	return static_cast<int32>(GetNumberField(FieldName));
 }
 
 void FJsonObject::SetNumberField(FString FieldName, const double Number)
@@ -116,10 +114,7 @@ void FJsonObject::SetBoolField(FString FieldName, const bool bBool)
 
 const TArray<TSharedPtr<FJsonValue>>& FJsonObject::GetArrayField(const FStringView FieldName) const
 {
-	static const TArray<TSharedPtr<FJsonValue>> Empty;
-	const TArray<TSharedPtr<FJsonValue>>* Array = &Empty;
-	TryGetArrayField(FieldName, Array);
-	return *Array;
+	return GetField<EJson::Array>(FieldName)->AsArray();
 }
 
 bool FJsonObject::TryGetArrayField(const FStringView FieldName, const TArray<TSharedPtr<FJsonValue>>*& OutArray) const
@@ -135,10 +130,7 @@ void FJsonObject::SetArrayField(FString FieldName, TArray<TSharedPtr<FJsonValue>
 
 const TSharedPtr<FJsonObject>& FJsonObject::GetObjectField(const FStringView FieldName) const
 {
-	static const TSharedPtr<FJsonObject> None;
-	const TSharedPtr<FJsonObject>* Object = &None;
-	TryGetObjectField(FieldName, Object);
-	return *Object;
+	return GetField<EJson::Object>(FieldName)->AsObject();
 }
 
 bool FJsonObject::TryGetObjectField(const FStringView FieldName, const TSharedPtr<FJsonObject>*& OutObject) const

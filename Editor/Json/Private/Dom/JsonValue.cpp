@@ -6,6 +6,8 @@
 #include <limits>
 #include <type_traits>
 
+DEFINE_LOG_CATEGORY_STATIC(LogJson, Log, All);
+
 namespace JsonValuePrivate
 {
 /** The first double above every value of the type: the type's own maximum need not be a double. */
@@ -80,26 +82,71 @@ static TArray<TSharedPtr<FJsonValue>> DuplicateArray(const TArray<TSharedPtr<FJs
 	}
 	return Copy;
 }
+
+static void LogWrongType(const FJsonValue& Value, const TCHAR* const Wanted)
+{
+	static const TCHAR* const Names[] = {
+		TEXT("None"), TEXT("Null"), TEXT("String"), TEXT("Number"), TEXT("Boolean"), TEXT("Array"), TEXT("Object")};
+	UE_LOG(
+		LogJson, Error, TEXT("A JSON value of type %s was read as %s"), Names[static_cast<int32>(Value.Type)], Wanted);
+}
 } // namespace JsonValuePrivate
+
+bool FJsonValueString::TryGetNumber(double& OutNumber) const
+{
+	if (!Value.IsNumeric())
+	{
+		return false;
+	}
+	OutNumber = FCString::Atod(*Value);
+	return true;
+}
+
+bool FJsonValueString::TryGetBool(bool& bOutBool) const
+{
+	bOutBool = Value.ToBool();
+	return true;
+}
+
+bool FJsonValueNumber::TryGetString(FString& OutString) const
+{
+	OutString = FString::SanitizeFloat(Value, 0);
+	return true;
+}
+
+bool FJsonValueBoolean::TryGetString(FString& OutString) const
+{
+	OutString = Value ? TEXT("true") : TEXT("false");
+	return true;
+}
 
 double FJsonValue::AsNumber() const
 {
 	double Number = 0.0;
-	TryGetNumber(Number);
+	if (!TryGetNumber(Number))
+	{
+		JsonValuePrivate::LogWrongType(*this, TEXT("Number"));
+	}
 	return Number;
 }
 
 FString FJsonValue::AsString() const
 {
 	FString String;
-	TryGetString(String);
+	if (!TryGetString(String))
+	{
+		JsonValuePrivate::LogWrongType(*this, TEXT("String"));
+	}
 	return String;
 }
 
 bool FJsonValue::AsBool() const
 {
 	bool bBool = false;
-	TryGetBool(bBool);
+	if (!TryGetBool(bBool))
+	{
+		JsonValuePrivate::LogWrongType(*this, TEXT("Boolean"));
+	}
 	return bBool;
 }
 
@@ -107,15 +154,21 @@ const TArray<TSharedPtr<FJsonValue>>& FJsonValue::AsArray() const
 {
 	static const TArray<TSharedPtr<FJsonValue>> Empty;
 	const TArray<TSharedPtr<FJsonValue>>* Array = &Empty;
-	TryGetArray(Array);
+	if (!TryGetArray(Array))
+	{
+		JsonValuePrivate::LogWrongType(*this, TEXT("Array"));
+	}
 	return *Array;
 }
 
 const TSharedPtr<FJsonObject>& FJsonValue::AsObject() const
 {
-	static const TSharedPtr<FJsonObject> None;
-	const TSharedPtr<FJsonObject>* Object = &None;
-	TryGetObject(Object);
+	static const TSharedPtr<FJsonObject> Nothing = MakeShared<FJsonObject>();
+	const TSharedPtr<FJsonObject>* Object = &Nothing;
+	if (!TryGetObject(Object))
+	{
+		JsonValuePrivate::LogWrongType(*this, TEXT("Object"));
+	}
 	return *Object;
 }
 

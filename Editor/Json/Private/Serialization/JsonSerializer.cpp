@@ -24,7 +24,8 @@ bool FJsonSerializer::ReadObject(TJsonReader<TCHAR>& Reader, TSharedPtr<FJsonObj
 	{
 		return false;
 	}
-	OutObject = Root->AsObject();
+	const TSharedPtr<FJsonObject>* Object = nullptr;
+	OutObject = Root->TryGetObject(Object) ? *Object : nullptr;
 	return OutObject.IsValid() || RefuseRoot(Reader, TEXT("The text is not a JSON object (line 1, character 1)"));
 }
 

@@ -48,7 +48,8 @@ bool JsonUtf8::Parse(const std::string_view Text, TSharedPtr<FJsonObject>& OutOb
 	{
 		return false;
 	}
-	OutObject = Value->AsObject();
+	const TSharedPtr<FJsonObject>* Object = nullptr;
+	OutObject = Value->TryGetObject(Object) ? *Object : nullptr;
 	if (!OutObject)
 	{
 		OutError = TEXT("The text is not a JSON object (line 1, character 1)");

@@ -5,7 +5,7 @@
 #include "Dom/JsonValue.h"
 
 /** Member names of JSON objects compare exactly: "Path" and "path" are two members. */
-struct FJsonKeyFuncs
+struct FJsonKeyFuncs : TDefaultMapKeyFuncs<FString, TSharedPtr<FJsonValue>, false>
 {
 	static bool Matches(const FString& Left, const FString& Right)
 	{
@@ -17,9 +17,9 @@ struct FJsonKeyFuncs
 /**
  * The members of one JSON object, in the order in which they were first set. Names are case-sensitive.
  *
- * A member of the wrong type counts as missing: the TryGet functions answer false and leave their output alone, the Get
- * functions answer an empty value. Nothing is converted from one JSON type to another. The Set functions take names and
- * values to keep, so what a caller moves in is not copied.
+ * The TryGet functions convert as those of the value do; where that fails, or there is no such member, they answer
+ * false and leave their output alone. The Get functions answer an empty value then, after a line in the log. The Set
+ * functions take names and values to keep, so what a caller moves in is not copied.
  */
 class FJsonObject
 {
@@ -61,7 +61,7 @@ public:
 	void RemoveField(FStringView FieldName);
 
 	double GetNumberField(FStringView FieldName) const;
-	/** Rounds; 0 when the number does not fit. */
+	/** Cut toward zero. */
 	int32 GetIntegerField(FStringView FieldName) const;
 	template <typename NumberType>
 	requires std::is_arithmetic_v<NumberType>
@@ -87,7 +87,7 @@ public:
 	bool TryGetArrayField(FStringView FieldName, const TArray<TSharedPtr<FJsonValue>>*& OutArray) const;
 	void SetArrayField(FString FieldName, TArray<TSharedPtr<FJsonValue>> Array);
 
-	/** Null when there is no such object. */
+	/** An object without members when there is none. */
 	const TSharedPtr<FJsonObject>& GetObjectField(FStringView FieldName) const;
 	/** The pointer is the member's own and lives as long as the member does. */
 	bool TryGetObjectField(FStringView FieldName, const TSharedPtr<FJsonObject>*& OutObject) const;

@@ -10,9 +10,10 @@ class FJsonObject;
 /**
  * One JSON value of any kind.
  *
- * Types are strict in both directions: the TryGet functions succeed for a value of that very JSON type only, so a
- * number is never taken for a string nor the text "1" for a number. A failing TryGet leaves its output as it was. The
- * As functions answer an empty value where the type does not fit.
+ * The TryGet functions turn texts, numbers and flags into one another as the engine's do: a number has a text and is a
+ * flag when it is not 0, a flag is "true" or 1, a text is a number when it is numeric and always a flag. Whoever means
+ * one type asks Type first. A failing TryGet leaves its output as it was. The As functions answer an empty value where
+ * nothing fits, after a line in the log.
  */
 class FJsonValue
 {
@@ -25,18 +26,10 @@ public:
 	FString AsString() const;
 	bool AsBool() const;
 	const TArray<TSharedPtr<FJsonValue>>& AsArray() const;
-	/** Null when this is not an object. */
+	/** An object without members when this is not one. */
 	const TSharedPtr<FJsonObject>& AsObject() const;
 
 	virtual bool TryGetNumber(double& OutNumber) const { return false; }
-	virtual bool TryGetString(FString& OutString) const { return false; }
-	virtual bool TryGetBool(bool& bOutBool) const { return false; }
-	/** The array belongs to the value. */
-	virtual bool TryGetArray(const TArray<TSharedPtr<FJsonValue>>*& OutArray) const { return false; }
-	/** The same for a value that may be changed in place. */
-	virtual bool TryGetArray(TArray<TSharedPtr<FJsonValue>>*& OutArray) { return false; }
-	virtual bool TryGetObject(const TSharedPtr<FJsonObject>*& OutObject) const { return false; }
-
 	/** Integers round halves away from zero; a number outside the type's range fails. */
 	bool TryGetNumber(float& OutNumber) const;
 	bool TryGetNumber(int8& OutNumber) const;
@@ -47,6 +40,13 @@ public:
 	bool TryGetNumber(uint16& OutNumber) const;
 	bool TryGetNumber(uint32& OutNumber) const;
 	bool TryGetNumber(uint64& OutNumber) const;
+	virtual bool TryGetString(FString& OutString) const { return false; }
+	virtual bool TryGetBool(bool& bOutBool) const { return false; }
+	/** The array belongs to the value. */
+	virtual bool TryGetArray(const TArray<TSharedPtr<FJsonValue>>*& OutArray) const { return false; }
+	/** The same for a value that may be changed in place. */
+	virtual bool TryGetArray(TArray<TSharedPtr<FJsonValue>>*& OutArray) { return false; }
+	virtual bool TryGetObject(const TSharedPtr<FJsonObject>*& OutObject) const { return false; }
 
 	bool IsNull() const { return Type == EJson::Null || Type == EJson::None; }
 
@@ -79,11 +79,15 @@ public:
 	{
 	}
 
+	using FJsonValue::TryGetNumber;
+	bool TryGetNumber(double& OutNumber) const override;
 	bool TryGetString(FString& OutString) const override
 	{
 		OutString = Value;
 		return true;
 	}
+	/** Always true: a word that means no flag means false. */
+	bool TryGetBool(bool& bOutBool) const override;
 
 	const FString& GetValue() const { return Value; }
 
@@ -106,6 +110,12 @@ public:
 		OutNumber = Value;
 		return true;
 	}
+	bool TryGetString(FString& OutString) const override;
+	bool TryGetBool(bool& bOutBool) const override
+	{
+		bOutBool = Value != 0.0;
+		return true;
+	}
 
 protected:
 	double Value;
@@ -120,6 +130,13 @@ public:
 	{
 	}
 
+	using FJsonValue::TryGetNumber;
+	bool TryGetNumber(double& OutNumber) const override
+	{
+		OutNumber = Value ? 1.0 : 0.0;
+		return true;
+	}
+	bool TryGetString(FString& OutString) const override;
 	bool TryGetBool(bool& bOutBool) const override
 	{
 		bOutBool = Value;

@@ -4,6 +4,7 @@
 #include "Components/ActorComponent.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "Standalone/MissingObjects.h"

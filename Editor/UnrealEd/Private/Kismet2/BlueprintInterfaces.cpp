@@ -92,7 +92,7 @@ static const UObject* FindConflict(const UBlueprint& Blueprint, const UClass& In
 	for (TFieldIterator<UFunction> It(&Interface, EFieldIteratorFlags::IncludeSuper); It; ++It)
 	{
 		const UObject* const Occupant = InterfaceFunctions::NeedsGraph(**It)
-			? StaticFindObjectFast(nullptr, &Blueprint, It->GetFName())
+			? StaticFindObjectFast(nullptr, const_cast<UBlueprint*>(&Blueprint), It->GetFName())
 			: nullptr;
 		if (Occupant)
 		{

@@ -3,6 +3,7 @@
 #include "Compiler/BlueprintClassBuilder.h"
 #include "EdGraph/EdGraph.h"
 #include "Engine/Blueprint.h"
+#include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Engine/TimelineTemplate.h"
 #include "K2Node_Event.h"
@@ -143,7 +144,7 @@ bool IsVariable(const UBlueprint& Blueprint, FName Name)
 bool IsKnownAtOnce(const UBlueprint& Blueprint, FName Name)
 {
 	const UClass* const Parent = Blueprint.ParentClass.Get();
-	return StaticFindObjectFast(nullptr, &Blueprint, Name)
+	return StaticFindObjectFast(nullptr, const_cast<UBlueprint*>(&Blueprint), Name)
 		|| (Parent && (Parent->FindFunctionByName(Name) || Parent->FindPropertyByName(Name)))
 		|| IsOfInterface(Blueprint, Name);
 }

@@ -12,9 +12,9 @@ namespace FormatterDataInputs
  * The walk over one node's data inputs. The walk goes as deep as the graph's longest run of pure nodes, which may be
  * tens of thousands, so its frames stand in an array instead of on the call stack.
  */
-struct FFrame
+struct FWalkStep
 {
-	FFrame(UEdGraphNode* InNode, const FVector2D& Position, int32 InDepth)
+	FWalkStep(UEdGraphNode* InNode, const FVector2D& Position, int32 InDepth)
 		: Node(InNode)
 		, Depth(InDepth)
 		, ColumnX(static_cast<float>(Position.X + FormatterNumbers::DataColumnOffset))
@@ -81,18 +81,18 @@ float FBlueprintFormatterService::PlaceDataInputs(
 		return static_cast<float>(Position.Y);
 	}
 
-	TArray<FFrame> Walk;
-	Walk.Add(FFrame(Node, Position, Depth));
+	TArray<FWalkStep> Walk;
+	Walk.Add(FWalkStep(Node, Position, Depth));
 	while (true)
 	{
-		FFrame& Here = Walk.Last();
+		FWalkStep& Here = Walk.Last();
 		if (FFormatterNodeEntry* const Input = Here.NextInput(Placed, Context))
 		{
 			Input->Position = ResolvePlacement(FVector2D(Here.ColumnX, Here.NextY), Input->Size, Context);
 			Input->bPlaced = true;
 			Placed.Add(Input->Node);
 			Here.Current = Input;
-			Walk.Add(FFrame(Input->Node, Input->Position, Here.Depth + 1));
+			Walk.Add(FWalkStep(Input->Node, Input->Position, Here.Depth + 1));
 			continue;
 		}
 		const float Bottom = Here.Bottom;

@@ -118,14 +118,14 @@ float FAlignmentLines::AlignToNearest(float Value) const
 {
 	// Wider than the tolerance by more than a subtraction can round, so that the window holds every line within it.
 	const double Reach = static_cast<double>(Tolerance) + 1.0;
-	const FLine* const First = std::lower_bound(Lines.begin(), Lines.end(), static_cast<double>(Value) - Reach,
+	const FLine* const End = Lines.GetData() + Lines.Num();
+	const FLine* const First = std::lower_bound(Lines.GetData(), End, static_cast<double>(Value) - Reach,
 		[](const FLine& Line, double Limit) { return Line.Coordinate < Limit; });
 
 	float Best = Value;
 	float BestDistance = Tolerance;
 	int32 BestIndex = INDEX_NONE;
-	for (const FLine* Line = First; Line != Lines.end() && Line->Coordinate <= static_cast<double>(Value) + Reach;
-		 ++Line)
+	for (const FLine* Line = First; Line != End && Line->Coordinate <= static_cast<double>(Value) + Reach; ++Line)
 	{
 		const float Distance = std::fabs(Value - Line->Coordinate);
 		if (Distance < BestDistance || (Distance == BestDistance && Line->Index > BestIndex))

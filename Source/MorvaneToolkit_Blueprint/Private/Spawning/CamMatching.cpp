@@ -6,9 +6,11 @@
 #include "BlueprintNodeSpawner.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
+#include "HAL/PlatformTime.h"
 #include "KeywordIndex.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
+#include "UObject/Package.h"
 #include "Utils/Report/GraphTelemetry.h"
 #include "Utils/Report/JsonTexts.h"
 
@@ -30,8 +32,7 @@ static FString GetNodeClassName(const FEdGraphSchemaAction& Action, const FStrin
 		{
 			return TEXT("EdGraphNode_Comment");
 		}
-		const UEdGraphNode* const Template =
-			static_cast<const FEdGraphSchemaAction_NewNode&>(Action).NodeTemplateWeak.Get();
+		const UEdGraphNode* const Template = static_cast<const FEdGraphSchemaAction_NewNode&>(Action).NodeTemplate;
 		return Template ? Template->GetClass()->GetName() : FString();
 	}
 	return FString();
@@ -155,7 +156,7 @@ private:
 
 	FKeywordIndex Keywords;
 	/** By title and class name as they are spelled, since case tells where words begin. */
-	TMap<FString, TArray<FKeywordHit>, FDefaultSetAllocator, FKeywordTextKeyFuncs> KnownHits;
+	TMapByKeywordText<TArray<FKeywordHit>> KnownHits;
 	TArray<int32> ActionByEntry;
 	/** Of the first action that has the member; made when first asked for. */
 	TMap<FString, FString> TitleByMember;
@@ -172,6 +173,24 @@ static TSharedRef<FJsonObject> ToJson(const FCamCandidate& Candidate)
 	Json->SetNumberField(TEXT("confidence"), Candidate.Confidence);
 	Json->SetArrayField(TEXT("common_keywords"), ToJsonTexts(Candidate.CommonKeywords.CommonKeywords));
 	return Json;
+}
+
+/** Joined by hand: not every version of the editor has a name for all of them. */
+constexpr uint32 AllTargets = EContextTargetFlags::TARGET_Blueprint | EContextTargetFlags::TARGET_SubComponents
+	| EContextTargetFlags::TARGET_NodeTarget | EContextTargetFlags::TARGET_PinObject
+	| EContextTargetFlags::TARGET_SiblingPinObjects | EContextTargetFlags::TARGET_BlueprintLibraries
+	| EContextTargetFlags::TARGET_NonImportedTypes;
+
+/** What the nodes that a schema makes for its entries alone belong to. The menus keep them alive, and so their owner.
+ */
+static UObject* GetOwnerOfTemporaries()
+{
+	static TWeakObjectPtr<UEdGraph> Owner;
+	if (!Owner.IsValid())
+	{
+		Owner = NewObject<UEdGraph>(GetTransientPackage(), NAME_None, RF_Transient);
+	}
+	return Owner.Get();
 }
 
 static uint64 MakeSerial()
@@ -196,12 +215,13 @@ TSharedPtr<FSharedActionMenu> FBlueprintCamMatching::BuildSharedCAM(UEdGraph& Gr
 		Context.Blueprints.Add(Blueprint);
 	}
 	const TSharedPtr<FSharedActionMenu> Menu = MakeShared<FSharedActionMenu>();
-	FBlueprintActionMenuUtils::MakeContextMenu(Context, false, EContextTargetFlags::ContextTargetFlagMask, *Menu);
+	FBlueprintActionMenuUtils::MakeContextMenu(Context, false, CamMatching::AllTargets, *Menu);
 
 	// What the schema offers beside nodes of the database, such as comments, stands in the same list.
 	if (const UEdGraphSchema_K2* const Schema = Cast<UEdGraphSchema_K2>(Graph.GetSchema()))
 	{
 		FGraphContextMenuBuilder SchemaMenu(&Graph);
+		SchemaMenu.OwnerOfTemporaries = CamMatching::GetOwnerOfTemporaries();
 		Schema->GetGraphContextActions(SchemaMenu);
 		Menu->Append(SchemaMenu);
 	}

@@ -89,8 +89,8 @@ static UClass* FindInMemory(const FString& Name)
 {
 	for (const TCHAR* const Prefix : {TEXT(""), TEXT("U"), TEXT("A")})
 	{
-		UObject* const Found = StaticFindFirstObject(
-			UClass::StaticClass(), *(Prefix + Name), EFindFirstObjectOptions::None, 3, TEXT("BlueprintNodeSpawning"));
+		UObject* const Found = StaticFindFirstObject(UClass::StaticClass(), *(Prefix + Name),
+			EFindFirstObjectOptions::None, ELogVerbosity::Warning, TEXT("BlueprintNodeSpawning"));
 		if (UClass* const Class = Cast<UClass>(Found))
 		{
 			return Class;

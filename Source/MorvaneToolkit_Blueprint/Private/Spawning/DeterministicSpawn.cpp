@@ -199,7 +199,7 @@ private:
 				*GetOwnerName(*Function)));
 			return true;
 		}
-		UEdGraphNode* const Node = Spawner->Invoke(&Graph, Position);
+		UEdGraphNode* const Node = Spawner->Invoke(&Graph, IBlueprintNodeBinder::FBindingSet(), Position);
 		if (!Node)
 		{
 			Result.AddErrorMessage(FString::Printf(

@@ -4,6 +4,7 @@
 #include "BlueprintFunctionNodeSpawner.h"
 #include "BlueprintNodeUtils.h"
 #include "EdGraph/EdGraph.h"
+#include "HAL/PlatformTime.h"
 #include "Spawning/DeterministicSpawn.h"
 #include "Spawning/PostSpawnValidation.h"
 #include "Spawning/SpawnAttempt.h"
@@ -223,7 +224,7 @@ UEdGraphNode* FSpawnAttempt::PerformBestAction()
 	{
 		return Fail(TEXT("[Failure] Matched CAM action is invalid \u2013 cannot spawn node"));
 	}
-	UEdGraphNode* const Node = Best.Action->PerformAction(&Graph, nullptr, Position, true);
+	UEdGraphNode* const Node = Best.Action->PerformAction(&Graph, nullptr, FVector2f(Position), true);
 	if (Node)
 	{
 		return Node;

@@ -45,6 +45,8 @@ static void Unregister()
 
 void FMorvaneToolkitBlueprintModule::StartupModule()
 {
+	// Nothing else says that it was started before this one.
+	FModuleManager::LoadModuleChecked<FMorvaneToolkitModule>(TEXT("MorvaneToolkit"));
 	const TSharedPtr<IToolExecutor> Executor = FMorvaneToolkitModule::GetToolExecutor();
 	if (!Executor.IsValid())
 	{

@@ -1,6 +1,7 @@
 #include "ToolAdapter.h"
 
 #include "Dom/JsonObject.h"
+#include "JsonReading.h"
 #include "Serialization/JsonReader.h"
 #include "Serialization/JsonSerializer.h"
 #include "Utils/Read/ReadBudget.h"
@@ -32,12 +33,12 @@ static FString FindNull(const FJsonValue& Value, const FString& Place)
 	}
 	if (Value.Type == EJson::Object)
 	{
-		return FindNull(*Value.AsObject(), Place + TEXT("."));
+		return FindNull(*MorvaneJson::AsObject(Value), Place + TEXT("."));
 	}
 	FString Found;
 	if (Value.Type == EJson::Array)
 	{
-		const TArray<TSharedPtr<FJsonValue>>& Elements = Value.AsArray();
+		const TArray<TSharedPtr<FJsonValue>>& Elements = MorvaneJson::AsArray(Value);
 		for (int32 Index = 0; Index < Elements.Num() && Found.IsEmpty(); ++Index)
 		{
 			Found = Elements[Index] ? FindNull(*Elements[Index], FString::Printf(TEXT("%s[%d]"), *Place, Index))

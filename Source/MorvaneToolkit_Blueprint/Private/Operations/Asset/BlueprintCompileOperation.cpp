@@ -2,6 +2,8 @@
 
 #include "AssetOperationBase.h"
 #include "BlueprintUtils.h"
+#include "HAL/PlatformTime.h"
+#include "JsonReading.h"
 #include "ToolResult.h"
 #include "Utils/Report/JsonTexts.h"
 
@@ -136,7 +138,9 @@ void FBlueprintCompileOperation::Execute(const FJsonObject& Args, Morvane::FTool
 	BlueprintCompileBatch::FCompileRun Run(Result);
 	for (const TSharedPtr<FJsonValue>& Path : *Paths)
 	{
-		Run.CompilePath(FAssetOperationBase::ResolveBlueprintPath(Path->AsString()));
+		FString Name;
+		MorvaneJson::TryGetString(*Path, Name);
+		Run.CompilePath(FAssetOperationBase::ResolveBlueprintPath(Name));
 	}
 	Run.Report();
 }

@@ -1,6 +1,7 @@
 #include "BlueprintCreateOperation.h"
 
 #include "BlueprintCreateModifyRemoveUtils.h"
+#include "HAL/PlatformTime.h"
 #include "ToolResult.h"
 
 void FBlueprintCreateOperation::Execute(const FJsonObject& Args, Morvane::FToolResult& Result)

@@ -1,5 +1,6 @@
 #include "BlueprintNodesCommonOperation.h"
 
+#include "JsonReading.h"
 #include "Operations/Graph/GraphModification.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
@@ -20,7 +21,7 @@ static void ReportUnknownAction(const FString& Word, Morvane::FToolResult& Resul
 static bool ReadNodeAction(const FJsonObject& Json, EBPNodeAction& InOutAction, Morvane::FToolResult& Result)
 {
 	FString Word;
-	if (!Json.TryGetStringField(TEXT("action"), Word))
+	if (!MorvaneJson::TryGetStringField(Json, TEXT("action"), Word))
 	{
 		return true;
 	}
@@ -54,7 +55,7 @@ static bool ParsePin(const FJsonObject& Json, FBPPinModification& OutRecord, Mor
 static bool ParseConnection(const FJsonObject& Json, FBPConnectionModification& OutRecord, Morvane::FToolResult& Result)
 {
 	FString Word;
-	if (Json.TryGetStringField(TEXT("action"), Word))
+	if (MorvaneJson::TryGetStringField(Json, TEXT("action"), Word))
 	{
 		const TOptional<EBPConnectionAction> Action = RecordWords::ToConnectionAction(Word);
 		if (!Action)
@@ -115,10 +116,10 @@ static bool ParseNode(
 	RecordWords::ReadString(Json, TEXT("class_name"), OutRecord.ClassName);
 	RecordWords::ReadString(Json, TEXT("menu_category"), OutRecord.MenuCategory);
 	RecordWords::ReadString(Json, TEXT("target_class"), OutRecord.TargetClass);
-	Json.TryGetBoolField(TEXT("exact_match"), OutRecord.bExactMatch);
+	MorvaneJson::TryGetBoolField(Json, TEXT("exact_match"), OutRecord.bExactMatch);
 	RecordWords::ReadPosition(Json, OutRecord);
 	FString Text;
-	if (Json.TryGetStringField(TEXT("comment"), Text))
+	if (MorvaneJson::TryGetStringField(Json, TEXT("comment"), Text))
 	{
 		OutRecord.Comment = Text;
 	}
@@ -133,7 +134,7 @@ bool FBlueprintNodesCommonOperation::ParseJsonToModification(
 {
 	using namespace BlueprintNodesCommonParse;
 	FString ActionWord;
-	if (Json.TryGetStringField(TEXT("action"), ActionWord))
+	if (MorvaneJson::TryGetStringField(Json, TEXT("action"), ActionWord))
 	{
 		OutModification.GraphAction = RecordWords::ToNodeAction(ActionWord);
 		if (!OutModification.GraphAction)
@@ -143,12 +144,12 @@ bool FBlueprintNodesCommonOperation::ParseJsonToModification(
 		}
 	}
 	RecordWords::ReadString(Json, Morvane::ToolInfo::FieldName_Path, OutModification.Path);
-	if (!Json.TryGetStringField(TEXT("blueprint_name"), OutModification.BlueprintName))
+	if (!MorvaneJson::TryGetStringField(Json, TEXT("blueprint_name"), OutModification.BlueprintName))
 	{
 		Result.AddErrorMessage(TEXT("JSON missing required field: blueprint_name"));
 		return false;
 	}
-	if (!Json.TryGetStringField(TEXT("graph_name"), OutModification.GraphName))
+	if (!MorvaneJson::TryGetStringField(Json, TEXT("graph_name"), OutModification.GraphName))
 	{
 		Result.AddErrorMessage(TEXT("JSON missing required field: graph_name"));
 		return false;
@@ -157,7 +158,7 @@ bool FBlueprintNodesCommonOperation::ParseJsonToModification(
 	RecordWords::ReadString(Json, TEXT("from_state_name"), OutModification.FromStateName);
 	RecordWords::ReadString(Json, TEXT("to_state_name"), OutModification.ToStateName);
 	bool bIsPure = false;
-	if (Json.TryGetBoolField(TEXT("is_pure"), bIsPure))
+	if (MorvaneJson::TryGetBoolField(Json, TEXT("is_pure"), bIsPure))
 	{
 		OutModification.bIsPure = bIsPure;
 	}

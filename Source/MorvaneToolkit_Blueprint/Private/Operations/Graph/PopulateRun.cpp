@@ -7,6 +7,7 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Operations/Frame/OperationFrame.h"
 #include "ToolInfo.h"
@@ -61,7 +62,7 @@ bool FPopulateRun::ReadArguments()
 		return false;
 	}
 	FString GraphType = TEXT("function");
-	Args.TryGetStringField(TEXT("graph_type"), GraphType);
+	MorvaneJson::TryGetStringField(Args, TEXT("graph_type"), GraphType);
 	bIsEventGraph = GraphType.Equals(TEXT("event"), ESearchCase::IgnoreCase)
 		|| PopulateRun::IsMainEventGraph(GraphName);
 	NodeValues = PopulateRun::FindArray(Args, TEXT("nodes"));

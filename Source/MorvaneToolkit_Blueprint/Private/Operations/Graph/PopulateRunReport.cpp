@@ -3,6 +3,7 @@
 #include "BlueprintMatchingUtils.h"
 #include "EdGraph/EdGraph.h"
 #include "Engine/Blueprint.h"
+#include "HAL/PlatformTime.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "MorvaneSettings.h"
@@ -99,8 +100,7 @@ void FPopulateRun::FormatNodes()
 	TSet<UEdGraphNode*> Allowed;
 	Allowed.Append(Touched);
 	Allowed.Append(Neighbors);
-	TArray<UEdGraphNode*> ToFormat;
-	ToFormat.Append(Allowed);
+	const TArray<UEdGraphNode*> ToFormat = Allowed.Array();
 
 	const double Start = FPlatformTime::Seconds();
 	FBlueprintFormatterService::FormatGraph(Graph, ToFormat);

@@ -18,13 +18,6 @@ static FString TitleOf(const UEdGraphNode& Node)
 	return Node.GetNodeTitle(ENodeTitleType::FullTitle).ToString();
 }
 
-static TArray<FString> ToArray(const TSet<FString>& Names)
-{
-	TArray<FString> Array;
-	Array.Append(Names);
-	return Array;
-}
-
 /** The interface whose function the graph is; empty for other graphs. */
 static FString FindInterface(const UBlueprint& Blueprint, UEdGraph& Graph)
 {
@@ -166,7 +159,7 @@ void FTouchedReads::Track(const FString& Path, Morvane::FToolResult& Result)
 	TrackEvents(Path, ToolInfo::FieldName_EventName, Events, Result);
 	TrackEvents(Path, ToolInfo::FieldName_FloatingNodeName, FloatingNodes, Result);
 	const auto TrackSet = [&](const TCHAR* ReadTool, const TCHAR* Field, const TSet<FString>& Names)
-	{ TrackNames(ReadTool, Path, Field, TouchedReadsImpl::ToArray(Names), Result); };
+	{ TrackNames(ReadTool, Path, Field, Names.Array(), Result); };
 	TrackSet(ToolInfo::ToolName_ReadBlueprintFunction, ToolInfo::FieldName_FunctionName, Functions);
 	TrackSet(ToolInfo::ToolName_ReadBlueprintDelegate, ToolInfo::FieldName_DelegateName, Delegates);
 	TrackSet(ToolInfo::ToolName_ReadBlueprintMacro, ToolInfo::FieldName_MacroName, Macros);

@@ -4,6 +4,7 @@
 
 #include "AssetOperationBase.h"
 #include "BlueprintReadUtils.h"
+#include "JsonReading.h"
 #include "Operations/Read/ReadStatus.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
@@ -32,7 +33,7 @@ static TArray<TSharedPtr<FJsonValue>> ReadWidgetNames(const FJsonObject& Args)
 	{
 		return *Names;
 	}
-	return Args.TryGetStringField(TEXT("widget_name"), Name) && !Name.IsEmpty()
+	return MorvaneJson::TryGetStringField(Args, TEXT("widget_name"), Name) && !Name.IsEmpty()
 		? TArray<TSharedPtr<FJsonValue>>{MakeShared<FJsonValueString>(Name)}
 		: TArray<TSharedPtr<FJsonValue>>();
 }

@@ -1,6 +1,7 @@
 #include "Operations/Read/ReadStatus.h"
 
 #include "Dom/JsonObject.h"
+#include "JsonReading.h"
 #include "Serialization/JsonReader.h"
 #include "Serialization/JsonSerializer.h"
 
@@ -24,7 +25,7 @@ static bool IsMissing(const TSharedPtr<FJsonValue>& Entry)
 {
 	const TSharedPtr<FJsonObject>* Object = nullptr;
 	FString Status;
-	return Entry && Entry->TryGetObject(Object) && (*Object)->TryGetStringField(TEXT("status"), Status)
+	return Entry && Entry->TryGetObject(Object) && MorvaneJson::TryGetStringField(**Object, TEXT("status"), Status)
 		&& (Status.Equals(TEXT("deleted"), ESearchCase::IgnoreCase)
 			|| Status.Equals(TEXT("not_found"), ESearchCase::IgnoreCase));
 }
@@ -84,7 +85,7 @@ TArray<FString> ReadStatus::FindMissingWidgets(const FString& Text, const TArray
 	for (const TSharedPtr<FJsonValue>& Value : Names)
 	{
 		FString Name;
-		if (Value && Value->TryGetString(Name) && !Name.IsEmpty() && !Shown.Contains(Name))
+		if (Value && MorvaneJson::TryGetString(*Value, Name) && !Name.IsEmpty() && !Shown.Contains(Name))
 		{
 			Missing.AddUnique(Name);
 		}

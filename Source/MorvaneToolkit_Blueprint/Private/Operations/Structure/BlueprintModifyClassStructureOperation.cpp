@@ -5,6 +5,7 @@
 #include "Dom/JsonObject.h"
 #include "Engine/Blueprint.h"
 #include "HAL/PlatformTime.h"
+#include "JsonReading.h"
 #include "Operations/Frame/OperationFrame.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
@@ -59,7 +60,7 @@ static UBlueprint* Begin(const FJsonObject& Args, FToolResult& Result)
 /** The entries by name, from an object or from a list of objects that name themselves. Null when it is neither. */
 static TSharedPtr<FJsonObject> ReadByName(const TSharedPtr<FJsonValue>& Value)
 {
-	if (const TSharedPtr<FJsonObject>& Object = Value->AsObject())
+	if (const TSharedPtr<FJsonObject>& Object = MorvaneJson::AsObject(*Value))
 	{
 		return Object;
 	}
@@ -68,7 +69,7 @@ static TSharedPtr<FJsonObject> ReadByName(const TSharedPtr<FJsonValue>& Value)
 		return nullptr;
 	}
 	const TSharedPtr<FJsonObject> ByName = MakeShared<FJsonObject>();
-	for (const TSharedPtr<FJsonValue>& Element : Value->AsArray())
+	for (const TSharedPtr<FJsonValue>& Element : MorvaneJson::AsArray(*Value))
 	{
 		TSharedPtr<FJsonObject> Named;
 		FString Name;
@@ -98,7 +99,7 @@ static bool Run(const FKind& Kind, UBlueprint& Blueprint, const TSharedPtr<FJson
 	}
 	if (Value->Type == EJson::Array)
 	{
-		return Kind.RunList(&Blueprint, Value->AsArray(), Result);
+		return Kind.RunList(&Blueprint, MorvaneJson::AsArray(*Value), Result);
 	}
 	TSharedPtr<FJsonObject> Single;
 	FString Name;

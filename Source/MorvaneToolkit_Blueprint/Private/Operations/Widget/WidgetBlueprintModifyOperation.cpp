@@ -3,6 +3,7 @@
 #include "AssetOperationBase.h"
 #include "Blueprint/WidgetTree.h"
 #include "BlueprintUtils.h"
+#include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Operations/Frame/OperationFrame.h"
 #include "ToolInfo.h"
@@ -58,7 +59,7 @@ public:
 private:
 	bool Load()
 	{
-		if (!Args.TryGetStringField(ToolInfo::FieldName_Path, Path))
+		if (!MorvaneJson::TryGetStringField(Args, ToolInfo::FieldName_Path, Path))
 		{
 			Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), ToolInfo::FieldName_Path));
 			return false;

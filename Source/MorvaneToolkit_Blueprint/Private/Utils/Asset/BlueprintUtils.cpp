@@ -3,9 +3,11 @@
 #include "AssetOperationBase.h"
 #include "Blueprint/UserWidget.h"
 #include "Engine/Blueprint.h"
+#include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Factories/BlueprintFactory.h"
 #include "GameFramework/Actor.h"
+#include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/Kismet2NameValidators.h"
 #include "Kismet2/KismetEditorUtilities.h"
@@ -28,12 +30,12 @@ namespace BlueprintMaking
 static bool ReadParentClass(const FJsonObject& Json, Morvane::FToolResult& Result, FString& OutPath, UClass*& OutClass)
 {
 	FString Type;
-	if (!Json.TryGetStringField(TEXT("type"), Type))
+	if (!MorvaneJson::TryGetStringField(Json, TEXT("type"), Type))
 	{
 		Result.AddErrorMessage(TEXT("Missing required Parent class field: type"));
 		return false;
 	}
-	if (!Json.TryGetStringField(TEXT("parent_path"), OutPath))
+	if (!MorvaneJson::TryGetStringField(Json, TEXT("parent_path"), OutPath))
 	{
 		// The text names the field as agents have known it; they match on it.
 		Result.AddErrorMessage(TEXT("Missing required Parent class field: name"));

@@ -3,6 +3,7 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "JsonReading.h"
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
@@ -33,7 +34,7 @@ static bool ReadName(
 		Result.AddErrorMessage(TEXT("Invalid Blueprint"));
 		return false;
 	}
-	if (!Function.TryGetStringField(TEXT("name"), OutName))
+	if (!MorvaneJson::TryGetStringField(Function, TEXT("name"), OutName))
 	{
 		Result.AddErrorMessage(TEXT("Missing required field 'name' for function"));
 		return false;

@@ -266,9 +266,7 @@ static TArray<FString> CollectKnownNames(const UBlueprint& Blueprint)
 	{
 		Names.FindOrAdd(Widget->GetName());
 	}
-	TArray<FString> Ordered;
-	Ordered.Append(Names);
-	return Ordered;
+	return Names.Array();
 }
 } // namespace EventNodes
 

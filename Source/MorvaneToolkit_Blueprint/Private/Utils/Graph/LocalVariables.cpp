@@ -4,6 +4,7 @@
 #include "BlueprintGraphUtils.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
+#include "JsonReading.h"
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
@@ -44,7 +45,7 @@ static TArray<FDefinition> CollectDefinitions(const TSharedPtr<FJsonValue>& Valu
 		{
 			FDefinition Definition;
 			Definition.Json = ToObject(Element);
-			if (Definition.Json && !Definition.Json->TryGetStringField(TEXT("name"), Definition.Name))
+			if (Definition.Json && !MorvaneJson::TryGetStringField(*Definition.Json, TEXT("name"), Definition.Name))
 			{
 				Definition.Json.Reset();
 			}
@@ -65,15 +66,15 @@ static bool ReadDefault(const FDefinition& Definition, TOptional<FString>& OutDe
 	{
 		return true;
 	}
-	if (Value->TryGetString(Text))
+	if (MorvaneJson::TryGetString(*Value, Text))
 	{
 		OutDefault = Text;
 	}
-	else if (Value->TryGetBool(bFlag))
+	else if (MorvaneJson::TryGetBool(*Value, bFlag))
 	{
 		OutDefault = FString(bFlag ? TEXT("true") : TEXT("false"));
 	}
-	else if (Value->TryGetNumber(Number))
+	else if (MorvaneJson::TryGetNumber(*Value, Number))
 	{
 		OutDefault = FString::SanitizeFloat(Number, 1);
 	}
@@ -121,7 +122,7 @@ static bool ParseOne(
 		return false;
 	}
 	FString Word;
-	if (Definition.Json->TryGetStringField(TEXT("action"), Word))
+	if (MorvaneJson::TryGetStringField(*Definition.Json, TEXT("action"), Word))
 	{
 		const TOptional<EBPNodeAction> Action = RecordWords::ToNodeAction(Word);
 		if (!Action)

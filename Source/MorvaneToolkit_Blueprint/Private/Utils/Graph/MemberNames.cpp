@@ -94,7 +94,7 @@ FString MemberNames::DescribeObstacle(const UBlueprint& Blueprint, const FString
 	const FName MemberName(*Name);
 	FString Holder = MemberNamesImpl::FindOwnHolder(Blueprint, MemberName);
 	Holder = Holder.IsEmpty() ? MemberNamesImpl::FindInheritedHolder(Blueprint, MemberName) : Holder;
-	if (Holder.IsEmpty() && StaticFindObjectFast(nullptr, &Blueprint, MemberName))
+	if (Holder.IsEmpty() && StaticFindObjectFast(nullptr, const_cast<UBlueprint*>(&Blueprint), MemberName))
 	{
 		Holder = TEXT("something else");
 	}

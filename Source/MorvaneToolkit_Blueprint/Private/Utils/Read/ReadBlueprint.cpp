@@ -8,6 +8,7 @@
 #include "BlueprintUtils.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
@@ -100,17 +101,17 @@ private:
 
 bool FRead::ReadCommand()
 {
-	if (!Command || !Command->TryGetStringField(TEXT("path"), Path))
+	if (!Command || !MorvaneJson::TryGetStringField(*Command, TEXT("path"), Path))
 	{
 		Result.AddErrorMessage(TEXT("Missing required field 'path'"));
 		return false;
 	}
-	if (!Command->TryGetStringField(ToolInfo::FieldName_ReadTool, ReadTool))
+	if (!MorvaneJson::TryGetStringField(*Command, ToolInfo::FieldName_ReadTool, ReadTool))
 	{
 		Result.AddErrorMessage(FString::Printf(TEXT("Missing required field '%s'"), ToolInfo::FieldName_ReadTool));
 		return false;
 	}
-	Command->TryGetBoolField(TEXT("finalize_modifications"), bFinalize);
+	MorvaneJson::TryGetBoolField(*Command, TEXT("finalize_modifications"), bFinalize);
 	bLean = ReadDetail::IsLean(*Command);
 	bSchema = IsTool(ToolInfo::ToolName_ReadBlueprintSchema);
 	return true;

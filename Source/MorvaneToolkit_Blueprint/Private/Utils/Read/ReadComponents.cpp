@@ -5,6 +5,7 @@
 #include "Components/SceneComponent.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Asset/NativeComponents.h"
@@ -53,7 +54,7 @@ static FRow MakeScriptRow(const USCS_Node& Node, const UActorComponent* Template
 	const USimpleConstructionScript* const Script = Node.GetSCS();
 	const bool bInherited = Script && Script != Blueprint.SimpleConstructionScript;
 	Row.Owner = bInherited ? Script->GetOwnerClass() : nullptr;
-	const USCS_Node* const ParentNode = Script ? Script->FindParentNode(&Node) : nullptr;
+	const USCS_Node* const ParentNode = Script ? Script->FindParentNode(const_cast<USCS_Node*>(&Node)) : nullptr;
 	const FName Parent = ParentNode ? ParentNode->GetVariableName() : Node.ParentComponentOrVariableName;
 	const bool bHangs = !Template || Template->IsA<USceneComponent>() || ReadUnresolved::IsUnresolved(Class);
 	if (bHangs && !Parent.IsNone())

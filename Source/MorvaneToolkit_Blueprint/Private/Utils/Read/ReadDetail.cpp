@@ -2,6 +2,7 @@
 
 #include "Dom/JsonObject.h"
 #include "EdGraph/EdGraphNode.h"
+#include "JsonReading.h"
 #include "ToolInfo.h"
 
 namespace ReadDetail
@@ -11,7 +12,7 @@ namespace ToolInfo = Morvane::ToolInfo;
 bool IsLean(const FJsonObject& Command)
 {
 	FString Detail;
-	return Command.TryGetStringField(ToolInfo::FieldName_Detail, Detail)
+	return MorvaneJson::TryGetStringField(Command, ToolInfo::FieldName_Detail, Detail)
 		&& Detail.TrimStartAndEnd().Equals(ToolInfo::Detail_Lean, ESearchCase::IgnoreCase);
 }
 

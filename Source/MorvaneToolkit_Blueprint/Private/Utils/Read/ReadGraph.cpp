@@ -10,6 +10,7 @@
 #include "EdGraphNode_Comment.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "JsonReading.h"
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_EventNodeInterface.h"
 #include "Kismet2/BlueprintEditorUtils.h"
@@ -123,7 +124,7 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEdGraph(
 		return ReadGraph::MakeError(TEXT("Invalid graph provided"));
 	}
 	FString ReadTool;
-	if (!Command || !Command->TryGetStringField(Morvane::ToolInfo::FieldName_ReadTool, ReadTool))
+	if (!Command || !MorvaneJson::TryGetStringField(*Command, Morvane::ToolInfo::FieldName_ReadTool, ReadTool))
 	{
 		return ReadGraph::MakeError(
 			FString::Printf(TEXT("Missing required field '%s'"), Morvane::ToolInfo::FieldName_ReadTool));
@@ -242,7 +243,7 @@ public:
 			const TSharedPtr<FJsonObject>* Object = nullptr;
 			FString Name;
 			if (Entry && Entry->TryGetObject(Object)
-				&& (*Object)->TryGetStringField(Morvane::ToolInfo::FieldName_EventName, Name))
+				&& MorvaneJson::TryGetStringField(**Object, Morvane::ToolInfo::FieldName_EventName, Name))
 			{
 				// A name that is asked for twice is found once, for both.
 				Counts.FindOrAdd(Name);
@@ -325,7 +326,7 @@ public:
 		, Requested(*InCommand, InGraph)
 		, PinReader(bLean)
 	{
-		Command->TryGetBoolField(TEXT("finalize_modifications"), bFinalize);
+		MorvaneJson::TryGetBoolField(*Command, TEXT("finalize_modifications"), bFinalize);
 	}
 
 	TArray<TSharedPtr<FJsonValue>> Read(bool bRestrict, const TSet<FString>& ShortNodeIds)
@@ -463,7 +464,7 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEventGraph(
 	}
 	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
 	FString ReadTool;
-	if (!Command || !Command->TryGetStringField(Morvane::ToolInfo::FieldName_ReadTool, ReadTool))
+	if (!Command || !MorvaneJson::TryGetStringField(*Command, Morvane::ToolInfo::FieldName_ReadTool, ReadTool))
 	{
 		return Object;
 	}

@@ -1,6 +1,7 @@
 #include "Utils/Read/ReadItems.h"
 
 #include "Engine/BlueprintGeneratedClass.h"
+#include "JsonReading.h"
 
 bool FRequestedNames::Read(const FJsonObject& Command, const TCHAR* Field)
 {
@@ -12,7 +13,7 @@ bool FRequestedNames::Read(const FJsonObject& Command, const TCHAR* Field)
 	for (const TSharedPtr<FJsonValue>& Value : *Values)
 	{
 		FString Name;
-		if (Value && Value->TryGetString(Name))
+		if (Value && MorvaneJson::TryGetString(*Value, Name))
 		{
 			Counts.Add(Name, 0);
 		}

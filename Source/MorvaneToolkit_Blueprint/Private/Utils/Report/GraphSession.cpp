@@ -58,9 +58,7 @@ TArray<UEdGraphNode*> FBPGraphSession::GetCreatedNodes() const
 			Nodes.Add(Node);
 		}
 	}
-	TArray<UEdGraphNode*> Ordered;
-	Ordered.Append(Nodes);
-	return Ordered;
+	return Nodes.Array();
 }
 
 TArray<UEdGraphNode*> FBPGraphSession::GetExistingModifiedNodes() const

@@ -1,5 +1,7 @@
 #include "Utils/Report/GraphTelemetry.h"
 
+#include "JsonReading.h"
+
 #include "ToolResult.h"
 #include "Utils/Report/JsonTexts.h"
 
@@ -38,10 +40,17 @@ void SetNumber(Morvane::FToolResult& Result, const FString& Key, double Value)
 	Ensure(Result)->SetNumberField(Key, Value);
 }
 
+/** A member that is not there yet counts as 0. */
+static void AddOne(FJsonObject& Counters, const FString& Key)
+{
+	double Count = 0.0;
+	MorvaneJson::TryGetNumberField(Counters, *Key, Count);
+	Counters.SetNumberField(Key, Count + 1.0);
+}
+
 void Increment(Morvane::FToolResult& Result, const FString& Key)
 {
-	const TSharedRef<FJsonObject> Telemetry = Ensure(Result);
-	Telemetry->SetNumberField(Key, Telemetry->GetNumberField(Key) + 1.0);
+	AddOne(*Ensure(Result), Key);
 }
 
 void Append(Morvane::FToolResult& Result, const FString& Key, const TSharedRef<FJsonObject>& Entry)
@@ -68,7 +77,7 @@ void RecordSpawnMethod(Morvane::FToolResult& Result, const FString& Method)
 		Telemetry->SetObjectField(TEXT("spawn_methods"), MakeShared<FJsonObject>());
 		Telemetry->TryGetObjectField(TEXT("spawn_methods"), Methods);
 	}
-	(*Methods)->SetNumberField(Method, (*Methods)->GetNumberField(Method) + 1.0);
+	AddOne(**Methods, Method);
 }
 
 void RecordValidationFailure(Morvane::FToolResult& Result, const FString& Text)

@@ -1,6 +1,7 @@
 #include "Utils/Request/PopulateRecords.h"
 
 #include "AssetOperationBase.h"
+#include "JsonReading.h"
 #include "Utils/Request/RecordWords.h"
 
 namespace PopulateRecordsParsing
@@ -116,8 +117,8 @@ bool ParseConnection(const TSharedPtr<FJsonValue>& Value, FBPConnectionModificat
 bool ParseFunction(const FJsonObject& Json, FBPFunctionModification& OutRecord)
 {
 	RecordWords::ReadString(Json, TEXT("name"), OutRecord.Name);
-	Json.TryGetBoolField(TEXT("is_delegate"), OutRecord.bIsDelegate);
-	Json.TryGetBoolField(TEXT("is_rep_notify"), OutRecord.bIsRepNotify);
+	MorvaneJson::TryGetBoolField(Json, TEXT("is_delegate"), OutRecord.bIsDelegate);
+	MorvaneJson::TryGetBoolField(Json, TEXT("is_rep_notify"), OutRecord.bIsRepNotify);
 	RecordWords::ReadString(Json, TEXT("replicated_property"), OutRecord.ReplicatedProperty);
 	ParseSignature(Json, OutRecord);
 	return !OutRecord.Name.IsEmpty();

@@ -1,5 +1,7 @@
 #include "Utils/Request/RecordWords.h"
 
+#include "JsonReading.h"
+
 namespace RecordWords
 {
 TOptional<EBPNodeAction> ToNodeAction(const FString& Word)
@@ -59,14 +61,14 @@ EPinContainerType ToContainerType(const FString& Word)
 
 void ReadString(const FJsonObject& Json, const TCHAR* Key, FString& InOutValue)
 {
-	Json.TryGetStringField(Key, InOutValue);
+	MorvaneJson::TryGetStringField(Json, Key, InOutValue);
 }
 
 void ReadString(const FJsonObject& Json, const TCHAR* Key, const TCHAR* OtherKey, FString& InOutValue)
 {
-	if (!Json.TryGetStringField(Key, InOutValue))
+	if (!MorvaneJson::TryGetStringField(Json, Key, InOutValue))
 	{
-		Json.TryGetStringField(OtherKey, InOutValue);
+		MorvaneJson::TryGetStringField(Json, OtherKey, InOutValue);
 	}
 }
 
@@ -78,16 +80,16 @@ bool ReadText(const TSharedPtr<FJsonValue>& Value, FString& OutText)
 	{
 		return false;
 	}
-	if (Value->TryGetString(OutText))
+	if (MorvaneJson::TryGetString(*Value, OutText))
 	{
 		return true;
 	}
-	if (Value->TryGetBool(bFlag))
+	if (MorvaneJson::TryGetBool(*Value, bFlag))
 	{
 		OutText = bFlag ? TEXT("true") : TEXT("false");
 		return true;
 	}
-	if (Value->TryGetNumber(Number))
+	if (MorvaneJson::TryGetNumber(*Value, Number))
 	{
 		OutText = FString::SanitizeFloat(Number, 0);
 		return true;
@@ -145,7 +147,7 @@ TMap<FString, FString> ReadStringMap(const FJsonObject& Json, const TCHAR* Key)
 		for (const auto& Member : (*Object)->Values)
 		{
 			FString Value;
-			if (Member.Value->TryGetString(Value))
+			if (MorvaneJson::TryGetString(*Member.Value, Value))
 			{
 				Map.Add(FString(Member.Key), Value);
 			}
@@ -168,11 +170,11 @@ void ReadPosition(const FJsonObject& Json, FBPNodeModification& OutRecord)
 		return static_cast<int32>(Limited);
 	};
 	double Coordinate = 0.0;
-	if ((*Position)->TryGetNumberField(TEXT("x"), Coordinate))
+	if (MorvaneJson::TryGetNumberField(**Position, TEXT("x"), Coordinate))
 	{
 		OutRecord.PositionX = ToWhole(Coordinate);
 	}
-	if ((*Position)->TryGetNumberField(TEXT("y"), Coordinate))
+	if (MorvaneJson::TryGetNumberField(**Position, TEXT("y"), Coordinate))
 	{
 		OutRecord.PositionY = ToWhole(Coordinate);
 	}
@@ -191,10 +193,10 @@ FBPPinType ReadPinTypeWords(const FJsonObject& Type)
 FBPPinType ReadPinType(const FJsonObject& Type)
 {
 	FBPPinType Record = ReadPinTypeWords(Type);
-	Type.TryGetBoolField(TEXT("is_reference"), Record.bIsReference);
-	Type.TryGetBoolField(TEXT("is_const"), Record.bIsConst);
-	Type.TryGetBoolField(TEXT("is_weak_pointer"), Record.bIsWeakPointer);
-	Type.TryGetBoolField(TEXT("is_u_object_wrapper"), Record.bIsUObjectWrapper);
+	MorvaneJson::TryGetBoolField(Type, TEXT("is_reference"), Record.bIsReference);
+	MorvaneJson::TryGetBoolField(Type, TEXT("is_const"), Record.bIsConst);
+	MorvaneJson::TryGetBoolField(Type, TEXT("is_weak_pointer"), Record.bIsWeakPointer);
+	MorvaneJson::TryGetBoolField(Type, TEXT("is_u_object_wrapper"), Record.bIsUObjectWrapper);
 
 	const TSharedPtr<FJsonObject>* ValueObject = nullptr;
 	FString ValueCategory;
@@ -203,7 +205,7 @@ FBPPinType ReadPinType(const FJsonObject& Type)
 		// One level is all that a map's value has: it cannot be a container itself.
 		Record.ValueType = MakeShared<FBPPinType>(ReadPinTypeWords(**ValueObject));
 	}
-	else if (Type.TryGetStringField(TEXT("value_type"), ValueCategory))
+	else if (MorvaneJson::TryGetStringField(Type, TEXT("value_type"), ValueCategory))
 	{
 		Record.ValueType = MakeShared<FBPPinType>();
 		Record.ValueType->Category = ValueCategory;

@@ -1,12 +1,13 @@
 #include "Utils/Request/RequiredField.h"
 
 #include "Dom/JsonObject.h"
+#include "JsonReading.h"
 #include "ToolResult.h"
 
 bool RequireStringField(
 	const FJsonObject& Args, const TCHAR* const Field, FString& OutValue, Morvane::FToolResult& Result)
 {
-	if (Args.TryGetStringField(Field, OutValue))
+	if (MorvaneJson::TryGetStringField(Args, Field, OutValue))
 	{
 		return true;
 	}

@@ -9,6 +9,7 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Engine/SimpleConstructionScript.h"
+#include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/Kismet2NameValidators.h"
 #include "ToolInfo.h"
@@ -104,7 +105,7 @@ static bool ReadType(const FJsonObject& Json, FEdGraphPinType& OutType)
 {
 	const TSharedPtr<FJsonObject>* Object = nullptr;
 	FString Word;
-	if (Json.TryGetStringField(TEXT("type"), Word))
+	if (MorvaneJson::TryGetStringField(Json, TEXT("type"), Word))
 	{
 		FJsonObject Short;
 		Short.SetStringField(TEXT("category"), Word);
@@ -451,11 +452,11 @@ private:
 	void SettleInstanceEditing(FName Name, const FJsonObject& Settings, bool bWasClassOnly)
 	{
 		bool bValue = false;
-		if (Settings.TryGetBoolField(TEXT("instance_editable"), bValue))
+		if (MorvaneJson::TryGetBoolField(Settings, TEXT("instance_editable"), bValue))
 		{
 			FBlueprintEditorUtils::SetBlueprintOnlyEditableFlag(&Blueprint, Name, !bValue);
 		}
-		else if (Settings.TryGetBoolField(TEXT("private"), bValue) && !bValue)
+		else if (MorvaneJson::TryGetBoolField(Settings, TEXT("private"), bValue) && !bValue)
 		{
 			FBlueprintEditorUtils::SetBlueprintOnlyEditableFlag(&Blueprint, Name, bWasClassOnly);
 		}
@@ -466,7 +467,7 @@ private:
 		bool bValue = false;
 		const auto SetMetaData = [&](const TCHAR* Key, FName MetaKey)
 		{
-			if (Settings.TryGetBoolField(Key, bValue) && bValue)
+			if (MorvaneJson::TryGetBoolField(Settings, Key, bValue) && bValue)
 			{
 				FBlueprintEditorUtils::SetBlueprintVariableMetaData(&Blueprint, Name, nullptr, MetaKey, TEXT("true"));
 			}
@@ -478,11 +479,11 @@ private:
 		SetMetaData(TEXT("expose_on_spawn"), FBlueprintMetadata::MD_ExposeOnSpawn);
 		SetMetaData(TEXT("private"), FBlueprintMetadata::MD_Private);
 		SetMetaData(TEXT("config"), TEXT("Config"));
-		if (Settings.TryGetBoolField(TEXT("save_game"), bValue))
+		if (MorvaneJson::TryGetBoolField(Settings, TEXT("save_game"), bValue))
 		{
 			FBlueprintEditorUtils::SetVariableSaveGameFlag(&Blueprint, Name, bValue);
 		}
-		if (Settings.TryGetBoolField(TEXT("blueprint_read_only"), bValue))
+		if (MorvaneJson::TryGetBoolField(Settings, TEXT("blueprint_read_only"), bValue))
 		{
 			FBlueprintEditorUtils::SetBlueprintPropertyReadOnlyFlag(&Blueprint, Name, bValue);
 		}

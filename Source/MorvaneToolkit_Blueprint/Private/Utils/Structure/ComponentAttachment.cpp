@@ -76,7 +76,7 @@ FString WhyNot(const USCS_Node& Node, const USCS_Node* OwnParent)
 
 bool IsThere(const UBlueprint& Blueprint, const USCS_Node& Node, const USCS_Node* OwnParent, FName ParentName)
 {
-	const USCS_Node* const Present = Blueprint.SimpleConstructionScript->FindParentNode(&Node);
+	const USCS_Node* const Present = Blueprint.SimpleConstructionScript->FindParentNode(const_cast<USCS_Node*>(&Node));
 	return OwnParent ? Present == OwnParent : !Present && Node.ParentComponentOrVariableName == ParentName;
 }
 } // namespace

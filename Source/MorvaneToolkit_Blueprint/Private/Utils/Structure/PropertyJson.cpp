@@ -2,6 +2,7 @@
 
 #include "AssetOperationBase.h"
 #include "EdGraphSchema_K2.h"
+#include "JsonReading.h"
 #include "Misc/OutputDevice.h"
 #include "Misc/PackageName.h"
 #include "UObject/UnrealType.h"
@@ -76,7 +77,7 @@ static int32 FindEnumEntry(const UEnum& Enum, const FJson& Json)
 	FString Name;
 	double Number = 0.0;
 	int32 Index = INDEX_NONE;
-	if (Json->TryGetString(Name))
+	if (MorvaneJson::TryGetString(*Json, Name))
 	{
 		Name = Name.TrimStartAndEnd();
 		Index = Enum.GetIndexByNameString(Name);
@@ -124,7 +125,7 @@ static bool WriteNumber(const FNumericProperty& Property, const FJson& Json, voi
 		return Fail(OutFault, Json, Property);
 	}
 	FString Text;
-	if (!Json->TryGetString(Text))
+	if (!MorvaneJson::TryGetString(*Json, Text))
 	{
 		// The shortest text that reads back as the same number.
 		Text = Property.IsInteger() ? FString::Printf(TEXT("%.0f"), Number) : FString::Printf(TEXT("%.17g"), Number);
@@ -139,15 +140,15 @@ static bool WriteText(const FProperty& Property, const FJson& Json, void* Value,
 	FString Text;
 	bool bFlag = false;
 	double Number = 0.0;
-	if (Json->TryGetNumber(Number))
+	if (MorvaneJson::TryGetNumber(*Json, Number))
 	{
 		Text = StructureValues::NumberText(Number);
 	}
-	else if (Json->TryGetBool(bFlag))
+	else if (MorvaneJson::TryGetBool(*Json, bFlag))
 	{
 		Text = bFlag ? TEXT("true") : TEXT("false");
 	}
-	else if (!Json->TryGetString(Text) || (Property.IsA<FNameProperty>() && Text.Len() >= NAME_SIZE))
+	else if (!MorvaneJson::TryGetString(*Json, Text) || (Property.IsA<FNameProperty>() && Text.Len() >= NAME_SIZE))
 	{
 		return Fail(OutFault, Json, Property);
 	}
@@ -166,7 +167,7 @@ static bool IsNothing(const FJson& Json)
 	{
 		return true;
 	}
-	return Json->TryGetString(Text)
+	return MorvaneJson::TryGetString(*Json, Text)
 		&& (Text.TrimStartAndEnd().IsEmpty() || Text.TrimStartAndEnd().Equals(TEXT("None"), ESearchCase::IgnoreCase));
 }
 
@@ -180,7 +181,7 @@ static UClass* FindClass(const FString& Text, const UClass* Base)
 static bool WriteSoftReference(const FSoftObjectProperty& Property, const FJson& Json, void* Value, FString& OutFault)
 {
 	FString Path;
-	Json->TryGetString(Path);
+	MorvaneJson::TryGetString(*Json, Path);
 	if (const FSoftClassProperty* const AsClass = CastField<FSoftClassProperty>(&Property))
 	{
 		if (const UClass* const Class = FindClass(Path, AsClass->MetaClass))
@@ -207,7 +208,7 @@ static bool WriteReference(const FProperty& Property, const FJson& Json, void* V
 		Property.ClearValue(Value);
 		return true;
 	}
-	if (!Json->TryGetString(Text))
+	if (!MorvaneJson::TryGetString(*Json, Text))
 	{
 		return Fail(OutFault, Json, Property);
 	}
@@ -240,7 +241,7 @@ static bool WriteArray(
 {
 	const FScriptArrayHelper Helper(&Property, Value);
 	Helper.EmptyValues();
-	for (const FJson& Element : Json->AsArray())
+	for (const FJson& Element : MorvaneJson::AsArray(*Json))
 	{
 		const int32 Index = Helper.AddValue();
 		if (!PropertyJson::Write(*Property.Inner, Element, Helper.GetRawPtr(Index), Owner, OutFault))
@@ -255,7 +256,7 @@ static bool WriteSet(const FSetProperty& Property, const FJson& Json, void* Valu
 {
 	const FScriptSetHelper Helper(&Property, Value);
 	Helper.EmptyElements();
-	for (const FJson& Element : Json->AsArray())
+	for (const FJson& Element : MorvaneJson::AsArray(*Json))
 	{
 		const FPropertyScratch Read(*Property.ElementProp);
 		if (!PropertyJson::Write(*Property.ElementProp, Element, Read.Get(), Owner, OutFault))
@@ -285,7 +286,7 @@ static bool AddPair(const FMapProperty& Property, const FJson& KeyJson, const FJ
 static bool WriteMap(const FMapProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
 {
 	FScriptMapHelper(&Property, Value).EmptyValues();
-	if (const TSharedPtr<FJsonObject>& Object = Json->AsObject())
+	if (const TSharedPtr<FJsonObject>& Object = MorvaneJson::AsObject(*Json))
 	{
 		for (const auto& Member : Object->Values)
 		{
@@ -297,9 +298,9 @@ static bool WriteMap(const FMapProperty& Property, const FJson& Json, void* Valu
 		}
 		return true;
 	}
-	for (const FJson& Element : Json->AsArray())
+	for (const FJson& Element : MorvaneJson::AsArray(*Json))
 	{
-		const TSharedPtr<FJsonObject>& Pair = Element->AsObject();
+		const TSharedPtr<FJsonObject>& Pair = MorvaneJson::AsObject(*Element);
 		const FJson Key = Pair ? Pair->TryGetField(TEXT("key")) : nullptr;
 		const FJson Held = Pair ? Pair->TryGetField(TEXT("value")) : nullptr;
 		if (!Key || !Held)
@@ -320,7 +321,7 @@ static bool WriteMap(const FMapProperty& Property, const FJson& Json, void* Valu
 static bool WriteContainer(const FProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
 {
 	FString Text;
-	if (Json->TryGetString(Text))
+	if (MorvaneJson::TryGetString(*Json, Text))
 	{
 		if (Text.TrimStartAndEnd().IsEmpty())
 		{

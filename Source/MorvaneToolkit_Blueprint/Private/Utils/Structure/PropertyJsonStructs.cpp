@@ -1,5 +1,6 @@
 // Structs from JSON: by the names of their members, and the short forms of those that are rows of numbers.
 
+#include "JsonReading.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Structure/PropertyJson.h"
 #include "Utils/Structure/StructureEntry.h"
@@ -119,18 +120,18 @@ bool IsDegrees(const UScriptStruct& Struct, const FJson& Json)
 		return false;
 	}
 	FString Text;
-	if (Json->TryGetString(Text))
+	if (MorvaneJson::TryGetString(*Json, Text))
 	{
 		TArray<FString> Pieces;
 		return Text.Contains(TEXT("Yaw")) || Text.ParseIntoArray(Pieces, TEXT(","), false) == 3;
 	}
-	const TSharedPtr<FJsonObject>& Object = Json->AsObject();
+	const TSharedPtr<FJsonObject>& Object = MorvaneJson::AsObject(*Json);
 	const auto IsAngle = [](const auto& Member)
 	{
 		const FString Key = FString(Member.Key).ToLower();
 		return Key == TEXT("pitch") || Key == TEXT("yaw") || Key == TEXT("roll");
 	};
-	bool bAngles = Json->AsArray().Num() == 3;
+	bool bAngles = MorvaneJson::AsArray(*Json).Num() == 3;
 	if (Object)
 	{
 		for (const auto& Member : Object->Values)
@@ -308,7 +309,7 @@ bool IsTagText(const UScriptStruct& Struct, const FJson& Json)
 	}
 	FString Text;
 	return Json->Type == EJson::Array
-		|| (Json->TryGetString(Text) && !Text.IsEmpty() && !Text.TrimStart().StartsWith(TEXT("(")));
+		|| (MorvaneJson::TryGetString(*Json, Text) && !Text.IsEmpty() && !Text.TrimStart().StartsWith(TEXT("(")));
 }
 } // namespace
 
@@ -329,15 +330,15 @@ bool Write(const FStructProperty& Property, const FJson& Json, void* Value, UObj
 		return WriteDegrees(Json, Value, OutFault);
 	}
 	FString Text;
-	if (Json->TryGetString(Text))
+	if (MorvaneJson::TryGetString(*Json, Text))
 	{
 		return WriteString(Property, Text, Value, Owner, OutFault);
 	}
 	if (Json->Type == EJson::Array)
 	{
-		return WriteRow(Struct, Json->AsArray(), Value, OutFault);
+		return WriteRow(Struct, MorvaneJson::AsArray(*Json), Value, OutFault);
 	}
-	const TSharedPtr<FJsonObject>& Object = Json->AsObject();
+	const TSharedPtr<FJsonObject>& Object = MorvaneJson::AsObject(*Json);
 	if (!Object)
 	{
 		OutFault = FString::Printf(

@@ -1,6 +1,7 @@
 #include "Utils/Structure/StructureEntry.h"
 
 #include "AssetOperationBase.h"
+#include "JsonReading.h"
 #include "ToolResult.h"
 #include "Utils/Request/RecordWords.h"
 
@@ -14,11 +15,11 @@ constexpr int32 LongestShown = 80;
 FString Show(const TSharedPtr<FJsonValue>& Value)
 {
 	FString Text;
-	if (Value->TryGetString(Text))
+	if (MorvaneJson::TryGetString(*Value, Text))
 	{
 		Text = TEXT("'") + Text + TEXT("'");
 	}
-	else if (double Number = 0.0; Value->TryGetNumber(Number))
+	else if (double Number = 0.0; MorvaneJson::TryGetNumber(*Value, Number))
 	{
 		Text = NumberText(Number);
 	}
@@ -44,16 +45,16 @@ bool ToBool(const TSharedPtr<FJsonValue>& Value, bool& bOutValue)
 {
 	FString Text;
 	double Number = 0.0;
-	if (Value->TryGetBool(bOutValue))
+	if (MorvaneJson::TryGetBool(*Value, bOutValue))
 	{
 		return true;
 	}
-	if (Value->TryGetNumber(Number))
+	if (MorvaneJson::TryGetNumber(*Value, Number))
 	{
 		bOutValue = Number != 0.0;
 		return Number == 0.0 || Number == 1.0;
 	}
-	if (!Value->TryGetString(Text))
+	if (!MorvaneJson::TryGetString(*Value, Text))
 	{
 		return false;
 	}
@@ -65,11 +66,11 @@ bool ToBool(const TSharedPtr<FJsonValue>& Value, bool& bOutValue)
 bool ToNumber(const TSharedPtr<FJsonValue>& Value, double& OutNumber)
 {
 	FString Text;
-	if (Value->TryGetNumber(OutNumber))
+	if (MorvaneJson::TryGetNumber(*Value, OutNumber))
 	{
 		return std::isfinite(OutNumber);
 	}
-	if (!Value->TryGetString(Text))
+	if (!MorvaneJson::TryGetString(*Value, Text))
 	{
 		return false;
 	}
@@ -102,7 +103,7 @@ bool FStructureEntry::FindNamed(const TSharedPtr<FJsonValue>& Value, TSharedPtr<
 		return false;
 	}
 	OutJson = *Object;
-	return OutJson->TryGetStringField(TEXT("name"), OutName);
+	return MorvaneJson::TryGetStringField(*OutJson, TEXT("name"), OutName);
 }
 
 TOptional<EBPNodeAction> FStructureEntry::ReadAction(EBPNodeAction Default) const
@@ -113,7 +114,7 @@ TOptional<EBPNodeAction> FStructureEntry::ReadAction(EBPNodeAction Default) cons
 		return Default;
 	}
 	FString Word;
-	Value->TryGetString(Word);
+	MorvaneJson::TryGetString(*Value, Word);
 	const TOptional<EBPNodeAction> Action = RecordWords::ToNodeAction(Word.TrimStartAndEnd());
 	if (!Action)
 	{
@@ -158,11 +159,11 @@ TOptional<FString> FStructureEntry::ReadString(const TCHAR* Key) const
 	const TSharedPtr<FJsonValue> Value = Json.TryGetField(Key);
 	FString Text;
 	double Number = 0.0;
-	if (Value && Value->TryGetString(Text))
+	if (Value && MorvaneJson::TryGetString(*Value, Text))
 	{
 		return Text;
 	}
-	if (Value && Value->TryGetNumber(Number))
+	if (Value && MorvaneJson::TryGetNumber(*Value, Number))
 	{
 		return StructureValues::NumberText(Number);
 	}

@@ -4,6 +4,7 @@
 #include "Curves/CurveLinearColor.h"
 #include "Curves/CurveVector.h"
 #include "Engine/TimelineTemplate.h"
+#include "JsonReading.h"
 #include "K2Node_Timeline.h"
 #include "Kismet2/Kismet2NameValidators.h"
 #include "ToolResult.h"
@@ -156,12 +157,12 @@ bool FCurve::ReadValues(EKind Kind, const TSharedPtr<FJsonValue>& Value, TArray<
 		OutValues.Add(0.0);
 		return StructureValues::ToNumber(Value, OutValues[0]);
 	}
-	if (const TSharedPtr<FJsonObject>& Object = Value->AsObject())
+	if (const TSharedPtr<FJsonObject>& Object = MorvaneJson::AsObject(*Value))
 	{
 		return ReadComponents(Kind, *Object, OutValues);
 	}
 	const int32 NumWanted = GetComponents(Kind).Num();
-	for (const TSharedPtr<FJsonValue>& Element : Value->AsArray())
+	for (const TSharedPtr<FJsonValue>& Element : MorvaneJson::AsArray(*Value))
 	{
 		if (!StructureValues::ToNumber(Element, Number))
 		{
@@ -181,7 +182,7 @@ void FCurve::AddPoints(EKind Kind, TArray<FRichCurve*> Curves) const
 	const TArray<TSharedPtr<FJsonValue>>* const Points = Entry.ReadArray(TEXT("points"));
 	for (int32 Index = 0; Points && Index < Points->Num(); ++Index)
 	{
-		const TSharedPtr<FJsonObject>& Point = (*Points)[Index]->AsObject();
+		const TSharedPtr<FJsonObject>& Point = MorvaneJson::AsObject(*(*Points)[Index]);
 		const TSharedPtr<FJsonValue> Time = Point ? Point->TryGetField(TEXT("time")) : nullptr;
 		const TSharedPtr<FJsonValue> Value = Point ? Point->TryGetField(TEXT("value")) : nullptr;
 		double Seconds = 0.0;
@@ -373,7 +374,7 @@ bool RemoveMarked(UTimelineTemplate& Timeline, const FString& TimelineName,
 		FString Name;
 		FString Action;
 		const bool bMarked = FStructureEntry::FindNamed(Value, Json, Name)
-			&& Json->TryGetStringField(TEXT("action"), Action)
+			&& MorvaneJson::TryGetStringField(*Json, TEXT("action"), Action)
 			&& Action.TrimStartAndEnd().Equals(TEXT("remove"), ESearchCase::IgnoreCase);
 		if (!bMarked)
 		{

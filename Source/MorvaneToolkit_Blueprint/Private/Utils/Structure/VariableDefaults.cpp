@@ -4,6 +4,7 @@
 #include "Components/ActorComponent.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "KismetCompilerMisc.h"
@@ -140,13 +141,13 @@ FString ToText(const TSharedPtr<FJsonValue>& Json, const FEdGraphPinType& Type)
 	FString Text;
 	bool bFlag = false;
 	double Number = 0.0;
-	if (Json->TryGetBool(bFlag))
+	if (MorvaneJson::TryGetBool(*Json, bFlag))
 	{
 		return bFlag ? TEXT("true") : TEXT("false");
 	}
-	if (!Json->TryGetNumber(Number))
+	if (!MorvaneJson::TryGetNumber(*Json, Number))
 	{
-		Json->TryGetString(Text);
+		MorvaneJson::TryGetString(*Json, Text);
 		return Text;
 	}
 	if (Type.PinCategory == UEdGraphSchema_K2::PC_Int || Type.PinCategory == UEdGraphSchema_K2::PC_Byte)

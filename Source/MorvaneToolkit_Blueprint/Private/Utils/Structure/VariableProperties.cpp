@@ -4,6 +4,7 @@
 #include "BlueprintCreateModifyRemoveUtils.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "JsonReading.h"
 #include "UObject/ObjectMacros.h"
 #include "Utils/Structure/RepNotifyFunctions.h"
 #include "Utils/Structure/StructureEntry.h"
@@ -60,11 +61,11 @@ static void ApplyReplication(FBPVariableDescription& Variable, const FString& Wo
 static void ApplyTexts(FBPVariableDescription& Variable, const FJsonObject& Properties)
 {
 	FString Text;
-	if (Properties.TryGetStringField(TEXT("category"), Text))
+	if (MorvaneJson::TryGetStringField(Properties, TEXT("category"), Text))
 	{
 		Variable.Category = Text.IsEmpty() ? UEdGraphSchema_K2::VR_DefaultCategory : FText::FromString(Text);
 	}
-	if (Properties.TryGetStringField(TEXT("tooltip"), Text))
+	if (MorvaneJson::TryGetStringField(Properties, TEXT("tooltip"), Text))
 	{
 		if (Text.IsEmpty())
 		{
@@ -75,7 +76,7 @@ static void ApplyTexts(FBPVariableDescription& Variable, const FJsonObject& Prop
 			Variable.SetMetaData(FBlueprintMetadata::MD_Tooltip, Text);
 		}
 	}
-	if (Properties.TryGetStringField(TEXT("replication"), Text))
+	if (MorvaneJson::TryGetStringField(Properties, TEXT("replication"), Text))
 	{
 		ApplyReplication(Variable, Text);
 	}

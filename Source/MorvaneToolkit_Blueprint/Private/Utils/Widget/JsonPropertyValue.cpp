@@ -1,6 +1,7 @@
 #include "Utils/Widget/JsonPropertyValue.h"
 
 #include "AssetOperationBase.h"
+#include "JsonReading.h"
 #include "UObject/UnrealType.h"
 
 #include <new>
@@ -261,17 +262,17 @@ bool ToText(const FJsonValue& Value, FString& OutText)
 {
 	bool bValue = false;
 	double Number = 0.0;
-	if (Value.TryGetBool(bValue))
+	if (MorvaneJson::TryGetBool(Value, bValue))
 	{
 		OutText = bValue ? TEXT("True") : TEXT("False");
 		return true;
 	}
-	if (Value.TryGetNumber(Number))
+	if (MorvaneJson::TryGetNumber(Value, Number))
 	{
 		OutText = FString::SanitizeFloat(Number, 0);
 		return true;
 	}
-	return Value.TryGetString(OutText);
+	return MorvaneJson::TryGetString(Value, OutText);
 }
 
 bool IsEditable(const FProperty& Property)

@@ -2,6 +2,7 @@
 
 #include "Animation/WidgetAnimation.h"
 #include "Blueprint/WidgetTree.h"
+#include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "MovieScene.h"
 #include "ToolResult.h"
@@ -96,14 +97,14 @@ static bool RunOperation(
 {
 	const TSharedPtr<FJsonObject>* Operation = nullptr;
 	FString Name;
-	if (!Value || !Value->TryGetObject(Operation) || !(*Operation)->TryGetStringField(TEXT("name"), Name)
+	if (!Value || !Value->TryGetObject(Operation) || !MorvaneJson::TryGetStringField(**Operation, TEXT("name"), Name)
 		|| Name.IsEmpty())
 	{
 		Result.AddErrorMessage(TEXT("Animation name is required"));
 		return false;
 	}
 	FString Action;
-	if (!(*Operation)->TryGetStringField(TEXT("action"), Action))
+	if (!MorvaneJson::TryGetStringField(**Operation, TEXT("action"), Action))
 	{
 		Result.AddErrorMessage(
 			FString::Printf(TEXT("Animation '%s' does not have an 'action' field"), *QuotedValue::Shorten(Name)));

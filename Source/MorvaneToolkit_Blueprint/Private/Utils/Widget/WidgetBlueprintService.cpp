@@ -5,6 +5,7 @@
 #include "Blueprint/WidgetTree.h"
 #include "Components/PanelSlot.h"
 #include "Components/PanelWidget.h"
+#include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
 #include "Utils/Widget/QuotedValue.h"
@@ -33,7 +34,7 @@ static UWidget* FindOrCreate(UWidgetBlueprint& Blueprint, const FJsonObject& Rec
 	UPanelWidget* Parent, FToolResult& Result, bool& bOutCreated)
 {
 	FString Action;
-	bOutCreated = !Record.TryGetStringField(TEXT("action"), Action) || !IsAction(Action, TEXT("modify"));
+	bOutCreated = !MorvaneJson::TryGetStringField(Record, TEXT("action"), Action) || !IsAction(Action, TEXT("modify"));
 	if (!bOutCreated)
 	{
 		UWidget* const Known = FindWidget(Blueprint, Name);
@@ -45,7 +46,7 @@ static UWidget* FindOrCreate(UWidgetBlueprint& Blueprint, const FJsonObject& Rec
 		return Known;
 	}
 	FString Class;
-	if (!Record.TryGetStringField(TEXT("class"), Class))
+	if (!MorvaneJson::TryGetStringField(Record, TEXT("class"), Class))
 	{
 		Result.AddErrorMessage(TEXT("Widget class path is required for new widgets"));
 		return nullptr;
@@ -63,7 +64,7 @@ static UWidget* FindOrCreate(UWidgetBlueprint& Blueprint, const FJsonObject& Rec
 static bool ApplyIsVariable(UWidget& Widget, const FJsonObject& Record, FWidgetChanges& Changes)
 {
 	bool bIsVariable = false;
-	if (!Record.TryGetBoolField(TEXT("is_variable"), bIsVariable) || Widget.bIsVariable == bIsVariable)
+	if (!MorvaneJson::TryGetBoolField(Record, TEXT("is_variable"), bIsVariable) || Widget.bIsVariable == bIsVariable)
 	{
 		return false;
 	}
@@ -92,7 +93,7 @@ UWidget* FWidgetBlueprintService::CreateOrModifyWidget(UWidgetBlueprint* Bluepri
 		return nullptr;
 	}
 	FString Name;
-	if (!Record || !Record->TryGetStringField(TEXT("name"), Name) || Name.IsEmpty())
+	if (!Record || !MorvaneJson::TryGetStringField(*Record, TEXT("name"), Name) || Name.IsEmpty())
 	{
 		Result.AddErrorMessage(TEXT("Widget name is required"));
 		return nullptr;

@@ -5,6 +5,7 @@
 
 #include "Components/PanelSlot.h"
 #include "Components/Widget.h"
+#include "JsonReading.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Widget/JsonPropertyValue.h"
@@ -41,11 +42,11 @@ static bool ReadNumber(const FJsonObject& Object, const TCHAR* Name, double Defa
 	const TSharedPtr<FJsonValue> Field = FindField(Object, Name);
 	FString Text;
 	OutNumber = Default;
-	if (!Field || Field->TryGetNumber(OutNumber))
+	if (!Field || MorvaneJson::TryGetNumber(*Field, OutNumber))
 	{
 		return true;
 	}
-	if (!Field->TryGetString(Text) || !Text.IsNumeric())
+	if (!MorvaneJson::TryGetString(*Field, Text) || !Text.IsNumeric())
 	{
 		return false;
 	}
@@ -215,7 +216,7 @@ static EForm MakeChildSize(const FSource& Source, FString& OutText)
 	FString Rule = TEXT("ESlateSizeRule::Automatic");
 	const TSharedPtr<FJsonValue> RuleField = FindField(Source.Object, TEXT("SizeRule"));
 	double Value = 0.0;
-	const bool bRead = (!RuleField || RuleField->TryGetString(Rule))
+	const bool bRead = (!RuleField || MorvaneJson::TryGetString(*RuleField, Rule))
 		&& ReadNumber(Source.Object, TEXT("Value"), GetPresent(Source, TEXT("Value")), Value);
 	OutText = FString::Printf(TEXT("(SizeRule=%s,Value=%f)"), *MapSizeRule(Rule), Value);
 	return bRead ? EForm::Text : EForm::BadValue;

@@ -6,6 +6,7 @@
 #include "Components/Widget.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
+#include "JsonReading.h"
 #include "K2Node_ComponentBoundEvent.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
@@ -162,7 +163,7 @@ public:
 		for (const auto& Pair : Request.Events->Values)
 		{
 			bool bWanted = false;
-			const UWidget* const Widget = Pair.Value && Pair.Value->TryGetBool(bWanted) && bWanted
+			const UWidget* const Widget = Pair.Value && MorvaneJson::TryGetBool(*Pair.Value, bWanted) && bWanted
 				? Blueprint.WidgetTree->FindWidget(FName(*Request.Widget))
 				: nullptr;
 			if (Widget)

@@ -4,6 +4,7 @@
 
 #include "Blueprint/WidgetTree.h"
 #include "Components/PanelWidget.h"
+#include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
 #include "Utils/Widget/QuotedValue.h"
@@ -69,8 +70,8 @@ private:
 	{
 		FString Name;
 		FString Action;
-		Record.TryGetStringField(TEXT("name"), Name);
-		Record.TryGetStringField(TEXT("action"), Action);
+		MorvaneJson::TryGetStringField(Record, TEXT("name"), Name);
+		MorvaneJson::TryGetStringField(Record, TEXT("action"), Action);
 		UWidget* const OldRoot = Tree.RootWidget;
 		const bool bModify = IsAction(Action, TEXT("modify"));
 		const bool bSameName = !bModify && OldRoot && OldRoot == FindWidget(Blueprint, Name);
@@ -109,7 +110,7 @@ private:
 			const TSharedPtr<FJsonValue>& Value = (*Operations)[Index];
 			const bool bObject = Value && Value->TryGetObject(Operation);
 			FString Action;
-			if (!bObject || !(*Operation)->TryGetStringField(TEXT("action"), Action))
+			if (!bObject || !MorvaneJson::TryGetStringField(**Operation, TEXT("action"), Action))
 			{
 				Result.AddErrorMessage(TEXT("Widget operation missing 'action' field"));
 				return TellFailure(FString::Printf(TEXT("widgets[%d]"), Index), FString());
@@ -117,7 +118,7 @@ private:
 			if (!RunOperation(Action, *Operation))
 			{
 				FString Name;
-				(*Operation)->TryGetStringField(TEXT("name"), Name);
+				MorvaneJson::TryGetStringField(**Operation, TEXT("name"), Name);
 				return TellFailure(
 					FString::Printf(TEXT("widgets[%d] (%s)"), Index, *QuotedValue::Shorten(Action)), Name);
 			}
@@ -164,7 +165,7 @@ private:
 	{
 		FString Name;
 		OutParent = nullptr;
-		if (!Operation.TryGetStringField(TEXT("parent"), Name))
+		if (!MorvaneJson::TryGetStringField(Operation, TEXT("parent"), Name))
 		{
 			return true;
 		}
@@ -194,7 +195,7 @@ private:
 	{
 		OutPanel = Cast<UPanelWidget>(Tree.RootWidget.Get());
 		FString Name;
-		if (!Tree.RootWidget || !Operation.TryGetStringField(TEXT("name"), Name))
+		if (!Tree.RootWidget || !MorvaneJson::TryGetStringField(Operation, TEXT("name"), Name))
 		{
 			return true;
 		}
@@ -252,7 +253,7 @@ private:
 			return false;
 		}
 		bool bIsVariable = false;
-		if (Operation->TryGetBoolField(TEXT("is_variable"), bIsVariable))
+		if (MorvaneJson::TryGetBoolField(*Operation, TEXT("is_variable"), bIsVariable))
 		{
 			MakePendingEvents(); // while their widgets are what they were when the events were asked for
 		}
@@ -276,7 +277,7 @@ private:
 	bool Reorder(const FJsonObject& Operation)
 	{
 		FString Name;
-		if (!Operation.TryGetStringField(TEXT("name"), Name))
+		if (!MorvaneJson::TryGetStringField(Operation, TEXT("name"), Name))
 		{
 			Result.AddErrorMessage(TEXT("Reorder operation missing 'name' field"));
 			return false;
@@ -288,7 +289,7 @@ private:
 		}
 		UPanelWidget* const Panel = Parent ? AsPanel(*Parent) : nullptr;
 		int32 Index = INDEX_NONE;
-		Operation.TryGetNumberField(TEXT("index"), Index);
+		MorvaneJson::TryGetNumberField(Operation, TEXT("index"), Index);
 		if ((Parent && !Panel) || !FWidgetBlueprintService::ReorderWidget(&Blueprint, Name, Panel, Index, Result))
 		{
 			return false;
@@ -301,7 +302,7 @@ private:
 	bool Remove(const FJsonObject& Operation)
 	{
 		FString Name;
-		if (!Operation.TryGetStringField(TEXT("name"), Name))
+		if (!MorvaneJson::TryGetStringField(Operation, TEXT("name"), Name))
 		{
 			Result.AddErrorMessage(TEXT("Remove widget operation missing 'name' field"));
 			return false;
