@@ -29,7 +29,7 @@ constexpr std::string_view SchemaText = R"json({
 				"properties": {
 					"tool": { "type": "string", "description": "The read tool that shows it." },
 					"parameters": { "type": "object", "description": "What that tool was asked for." },
-					"content": { "type": "object", "description": "What it answered." }
+					"content": { "type": "object", "description": "What it answered: lean past 64 KB; where that is still too long, the nodes that the call touched and the calls that read the rest." }
 				},
 				"required": ["tool", "parameters"]
 			}

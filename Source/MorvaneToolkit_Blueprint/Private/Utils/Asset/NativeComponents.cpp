@@ -41,6 +41,21 @@ const FObjectProperty* FindMember(const UActorComponent& Component)
 	return nullptr;
 }
 
+const UClass* FindOwner(const UActorComponent& Component)
+{
+	const UClass* Owner = Component.GetOuter() ? Component.GetOuter()->GetClass() : nullptr;
+	const auto HasIt = [&Component](const UClass& Class)
+	{
+		return List(Class).ContainsByPredicate(
+			[&Component](const UActorComponent* Each) { return Each->GetFName() == Component.GetFName(); });
+	};
+	while (Owner && Owner->GetSuperClass() && HasIt(*Owner->GetSuperClass()))
+	{
+		Owner = Owner->GetSuperClass();
+	}
+	return Owner;
+}
+
 UActorComponent* Find(const UClass& Class, const FString& Name)
 {
 	const FName Wanted(*Name);

@@ -16,6 +16,8 @@ namespace NativeComponents
 TArray<UActorComponent*> List(const UClass& Class);
 /** The member of the owner's class that holds the component, or null. */
 const FObjectProperty* FindMember(const UActorComponent& Component);
+/** The class that brings the component in: the topmost that has one of its name. */
+const UClass* FindOwner(const UActorComponent& Component);
 /** By either name, ignoring case; null when the class has none of it. */
 UActorComponent* Find(const UClass& Class, const FString& Name);
 } // namespace NativeComponents

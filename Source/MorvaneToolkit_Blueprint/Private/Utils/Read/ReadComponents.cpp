@@ -30,13 +30,13 @@ struct FRow
 	const UClass* Owner = nullptr;
 };
 
-static FRow MakeNativeRow(const UActorComponent& Component, const UClass* Parent)
+static FRow MakeNativeRow(const UActorComponent& Component)
 {
-	FRow Row{Component.GetName(), &Component, Component.GetClass(), FString(), NAME_None, FString(), Parent};
+	FRow Row{Component.GetName(), &Component, Component.GetClass(), FString(), NAME_None, FString(),
+		NativeComponents::FindOwner(Component)};
 	if (const FObjectProperty* const Member = NativeComponents::FindMember(Component))
 	{
 		Row.Member = Member->GetName();
-		Row.Owner = Member->GetOwnerClass();
 	}
 	const USceneComponent* const Scene = Cast<USceneComponent>(&Component);
 	if (const USceneComponent* const Holder = Scene ? Scene->GetAttachParent() : nullptr)
@@ -70,7 +70,7 @@ static TArray<FRow> GatherRows(const FReadSection& Section)
 	TArray<FRow> Rows;
 	for (const UActorComponent* const Component : NativeComponents::List(Section.Class))
 	{
-		Rows.Add(MakeNativeRow(*Component, Section.Blueprint.ParentClass.Get()));
+		Rows.Add(MakeNativeRow(*Component));
 	}
 	for (const USCS_Node* const Node : FBlueprintUtils::GetBlueprintComponentsFromSCS(&Section.Blueprint))
 	{

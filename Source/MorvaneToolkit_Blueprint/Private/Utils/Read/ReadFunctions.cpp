@@ -7,6 +7,7 @@
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
 #include "K2Node_FunctionEntry.h"
+#include "K2Node_Tunnel.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Read/ReadItems.h"
 #include "Utils/Read/ReadUnresolved.h"
@@ -152,6 +153,34 @@ static void DescribeFunction(const FReadSection& Section, FJsonObject& Entry, co
 	SetDetails(Section, Entry, Graph);
 }
 
+static TSharedPtr<FJsonValue> MakeParameter(const FUserPinInfo& Pin)
+{
+	const TSharedPtr<FJsonObject> Parameter = MakeShared<FJsonObject>();
+	Parameter->SetStringField(TEXT("name"), Pin.PinName.ToString());
+	Parameter->SetObjectField(TEXT("type"), FAssetOperationBase::ConvertEdGraphPinTypeToJson(Pin.PinType));
+	return MakeShared<FJsonValueObject>(Parameter);
+}
+
+/** What goes into the macro and what comes out of it, execution too: the pins of its two tunnels. */
+static void DescribeMacro(const FReadSection&, FJsonObject& Entry, const UEdGraph& Graph)
+{
+	TArray<UK2Node_Tunnel*> Tunnels;
+	Graph.GetNodesOfClass(Tunnels);
+	TArray<TSharedPtr<FJsonValue>> In;
+	TArray<TSharedPtr<FJsonValue>> Out;
+	for (const UK2Node_Tunnel* const Tunnel : Tunnels)
+	{
+		// Collapsed graphs and uses of other macros are tunnels as well.
+		const bool bOwn = Tunnel->GetClass() == UK2Node_Tunnel::StaticClass();
+		for (const TSharedPtr<FUserPinInfo>& Pin : bOwn ? Tunnel->UserDefinedPins : TArray<TSharedPtr<FUserPinInfo>>())
+		{
+			(Pin->DesiredPinDirection == EGPD_Output ? In : Out).Add(MakeParameter(*Pin));
+		}
+	}
+	ReadSections::SetUnlessEmpty(Entry, TEXT("in_params"), MoveTemp(In));
+	ReadSections::SetUnlessEmpty(Entry, TEXT("out_params"), MoveTemp(Out));
+}
+
 /** The parameters of a dispatcher's events. */
 static void DescribeDelegate(const FReadSection& Section, FJsonObject& Entry, const UEdGraph& Graph)
 {
@@ -239,7 +268,7 @@ void ReadSections::AddFunctions(FReadSection& Section)
 
 void ReadSections::AddMacros(FReadSection& Section)
 {
-	ReadFunctions::AddGraphs(Section, Section.Blueprint.MacroGraphs);
+	ReadFunctions::AddGraphs(Section, Section.Blueprint.MacroGraphs, &ReadFunctions::DescribeMacro);
 }
 
 void ReadSections::AddDelegates(FReadSection& Section)

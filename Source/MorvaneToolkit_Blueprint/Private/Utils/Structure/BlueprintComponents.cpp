@@ -131,8 +131,7 @@ private:
 		const UClass* const Parent = Blueprint.ParentClass.Get();
 		if (const UActorComponent* const Native = Parent ? NativeComponents::Find(*Parent, Name) : nullptr)
 		{
-			const FProperty* const Member = NativeComponents::FindMember(*Native);
-			RefuseInherited(Name, Member ? Member->GetOwnerClass() : Parent);
+			RefuseInherited(Name, NativeComponents::FindOwner(*Native));
 			return;
 		}
 		Result.AddWarningMessage(FString::Printf(TEXT("Component '%s' not found for modification"), *Name));
