@@ -160,20 +160,32 @@ TEST(StructureComponents, RemovalTakesChildrenAndNodesAlong)
 	EXPECT_EQ(Case.Component(TEXT("A")), nullptr);
 }
 
-TEST(StructureComponents, InheritedOnesAreParentsAndAreNotChanged)
+TEST(StructureComponents, NativeOnesAreParentsAndKeepWhatThisBlueprintGivesThem)
 {
 	FStructuring Case(TEXT("/Script/Engine.Character"));
 	Case.Components(R"({"name":"Cam","type":"CameraComponent","attach_to":"Mesh"},
 		{"name":"Arm","type":"SpringArmComponent","attach_to":"CollisionCylinder"},
 		{"name":"Eye","type":"CameraComponent","attach_to":"Arm"},{"name":"Mesh","type":"StaticMeshComponent"},
 		{"name":"Mesh","action":"modify","properties":{"visible":false}},
-		{"name":"CharacterMesh0","action":"modify"},{"name":"Cam","action":"modify","attach_to":"Mesh"})");
+		{"name":"charMoveComp","action":"modify","properties":{"MaxWalkSpeed":750,"Nope":1}},
+		{"name":"CollisionCylinder","action":"modify","attach_to":"Mesh"},
+		{"name":"Cam","action":"modify","attach_to":"Mesh"},{"name":"JumpMaxCount","action":"modify"})");
 	EXPECT_THAT(Case.Told(),
-		ElementsAre("Component 'Mesh' is inherited from 'Character' and can only be modified there",
-			HasSubstr("Component 'CharacterMesh0' is inherited from")));
+		ElementsAre(StartsWith("Property 'Nope' not found on component 'charMoveComp'"),
+			"Component 'CollisionCylinder' is inherited from 'Character' and keeps its class and place; 'attach_to' was "
+			"left out",
+			"Component 'JumpMaxCount' not found for modification"));
 	EXPECT_THAT(Case.Refused(), ElementsAre("A property with name 'Mesh' already exists in the parent class"));
-	EXPECT_THAT(Case.Done(), Contains("No changes made to component: Cam"));
+	EXPECT_THAT(Case.Done(),
+		AllOf(Contains("Modified existing component: Mesh"), Contains("Modified existing component: charMoveComp"),
+			Contains("No changes made to component: CollisionCylinder"),
+			Contains("No changes made to component: Cam")));
 	EXPECT_THAT(Case.Faults(), IsEmpty());
+	const TSharedPtr<Morvane::FToolResult> Read = RunTool(TEXT("read_blueprint_component"),
+		R"({"path":")" + ToStd(Case.Blueprint.Path()) + R"(","component_name":"CharacterMovement"})");
+	EXPECT_THAT(ToStd(Read->GetDatas()->GetStringField(TEXT("content"))),
+		HasSubstr(R"("properties":{"MaxWalkSpeed":"750.000000"})"))
+		<< "after a save and a reload";
 	EXPECT_EQ(Case.ParentOf(TEXT("Cam")), "CharacterMesh0");
 	EXPECT_EQ(Case.ParentOf(TEXT("Arm")), "CollisionCylinder");
 	EXPECT_EQ(Case.ParentOf(TEXT("Eye")), "Arm");

@@ -25,7 +25,8 @@ static TSharedPtr<FJsonObject> ExportProperties(UObject& Object, bool bLean)
 		{
 			continue;
 		}
-		if (bLean && Default && It->Identical_InContainer(&Object, Default))
+		// The slot is shown beside the properties, by its own.
+		if (bLean && (It->Identical_InContainer(&Object, Default) || It->GetFName() == TEXT("Slot")))
 		{
 			continue;
 		}

@@ -112,13 +112,23 @@ private:
 		}
 		else
 		{
-			RefuseModify(Name);
+			ModifyInherited(Name, Entry);
 		}
 	}
 
-	/** A component of a parent is changed there: its template belongs to the parent. */
-	void RefuseModify(const FString& Name)
+	/**
+	 * A component that the class has by code is the Blueprint's own in its default object. One that a parent Blueprint
+	 * makes is changed there: its template belongs to the parent.
+	 */
+	void ModifyInherited(const FString& Name, const FStructureEntry& Entry)
 	{
+		UClass* const Class = FBlueprintEditorUtils::GetMostUpToDateClass(Blueprint.GeneratedClass);
+		UActorComponent* const Native = Class ? NativeComponents::Find(*Class, Name) : nullptr;
+		if (Native)
+		{
+			ModifyNative(Name, *Native, Entry);
+			return;
+		}
 		const FName Wanted(*Name);
 		for (const USCS_Node* const Node : FBlueprintUtils::GetBlueprintComponentsFromSCS(&Blueprint))
 		{
@@ -128,13 +138,30 @@ private:
 				return;
 			}
 		}
-		const UClass* const Parent = Blueprint.ParentClass.Get();
-		if (const UActorComponent* const Native = Parent ? NativeComponents::Find(*Parent, Name) : nullptr)
+		Result.AddWarningMessage(FString::Printf(TEXT("Component '%s' not found for modification"), *Name));
+	}
+
+	/** Its values are this Blueprint's; what it is and where it hangs is the class's. */
+	void ModifyNative(const FString& Name, UActorComponent& Component, const FStructureEntry& Entry)
+	{
+		WarnOfOtherKeys(Entry);
+		for (const TCHAR* const Key : {TEXT("type"), TEXT("attach_to")})
 		{
-			RefuseInherited(Name, NativeComponents::FindOwner(*Native));
+			if (Entry.ReadString(Key))
+			{
+				Result.AddWarningMessage(FString::Printf(
+					TEXT("Component '%s' is inherited from '%s' and keeps its class and place; '%s' was left out"),
+					*Name, *NativeComponents::FindOwner(Component)->GetName(), Key));
+			}
+		}
+		const TSharedPtr<FJsonObject> Properties = Entry.ReadObject(TEXT("properties"));
+		if (!Properties || !ComponentProperties::Apply(Component, Name, *Properties, Result))
+		{
+			Result.AddSuccessMessage(FString::Printf(TEXT("No changes made to component: %s"), *Name));
 			return;
 		}
-		Result.AddWarningMessage(FString::Printf(TEXT("Component '%s' not found for modification"), *Name));
+		Result.AddSuccessMessage(FString::Printf(TEXT("Modified existing component: %s"), *Name));
+		Changed.Add(Component.GetName());
 	}
 
 	void RefuseInherited(const FString& Name, const UClass* Owner)
