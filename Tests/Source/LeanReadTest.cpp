@@ -314,3 +314,22 @@ TEST(FreshReads, APastedThousandIsANoteWithTheCall)
 	const std::set<std::string> Shown = Ids(ContentOf(*Removal));
 	EXPECT_THAT(Shown, ElementsAre(Run.GuidOf("n998").substr(0, 7)));
 }
+
+TEST(FreshReads, FloatingNodesAreShownOnceBesideTheEvents)
+{
+	FPopulating Run;
+	Run.Populate(R"("nodes":[)" + EventNode("e", "ReceiveBeginPlay") + "," + CallNode("p", "Actor", "K2_DestroyActor")
+		+ R"(],"connections":[)" + Link("e", "then", "p", "execute") + "]");
+	const std::string Event = Run.GuidOf("e");
+	const std::string Call = Run.GuidOf("p");
+	const TSharedPtr<Morvane::FToolResult> Cut = RunTool(TEXT("bp_remove_graph_connections"),
+		R"({"path":")" + ToStd(Run.Blueprint.Path()) + R"(","blueprint_name":"BP_Test","graph_name":"EventGraph",
+		"connections":[{"action":"remove","source_node_guid":")"
+			+ Event + R"(","source_pin_name":"then",
+		"target_node_guid":")"
+			+ Call + R"(","target_pin_name":"execute"}]})");
+	ASSERT_EQ(Cut->GetModifications().Num(), 2);
+	EXPECT_THAT(Ids(ContentOf(*Cut)), testing::UnorderedElementsAre(Call.substr(0, 7), Event.substr(0, 7)));
+	EXPECT_EQ(ToStd(Cut->GetModifications()[1].Content),
+		R"({"path":"/Game/Tests/BP_Test","note":"These nodes stand in the document before this one, beside its events."})");
+}

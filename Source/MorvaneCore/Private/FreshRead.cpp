@@ -204,4 +204,33 @@ FString Read(const FTrackedModification& Modification, const TSet<FString>& Show
 		FString::Printf(
 			TEXT("The document has %d KB, too many for this answer; the calls read it."), Full.Len() / 1024)));
 }
+
+bool IsShownBy(const FTrackedModification& Modification, const FTrackedModification& Former)
+{
+	const TArray<TSharedPtr<FJsonValue>>* Events = nullptr;
+	const bool bOfOneAsset = Modification.ReadTool.Equals(Former.ReadTool, ESearchCase::CaseSensitive)
+		&& Modification.Parameters->GetStringField(ToolInfo::FieldName_Path)
+			== Former.Parameters->GetStringField(ToolInfo::FieldName_Path);
+	if (!bOfOneAsset || !Former.Parameters->HasField(ToolInfo::FieldName_Events)
+		|| !Modification.Parameters->TryGetArrayField(ToolInfo::FieldName_Events, Events))
+	{
+		return false;
+	}
+	return !Events->ContainsByPredicate(
+		[](const TSharedPtr<FJsonValue>& Entry)
+		{
+			const TSharedPtr<FJsonObject>* Object = nullptr;
+			return !Entry || !Entry->TryGetObject(Object) || (*Object)->HasField(ToolInfo::FieldName_EventName);
+		});
+}
+
+FString ReferToFormer(const FTrackedModification& Modification)
+{
+	FJsonObject Reference;
+	Reference.SetStringField(
+		ToolInfo::FieldName_Path, Modification.Parameters->GetStringField(ToolInfo::FieldName_Path));
+	Reference.SetStringField(
+		TEXT("note"), TEXT("These nodes stand in the document before this one, beside its events."));
+	return ToText(Reference);
+}
 } // namespace Morvane::FreshRead

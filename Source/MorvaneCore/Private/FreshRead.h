@@ -17,4 +17,8 @@ namespace Morvane::FreshRead
  * without such nodes the note stands alone. A read that failed is an object with the one key "error".
  */
 FString Read(const FTrackedModification& Modification, const TSet<FString>& ShownNodes, const FToolCommand& Command);
+/** Whether the read that stands before it shows what this one would: floating nodes stand beside the events. */
+bool IsShownBy(const FTrackedModification& Modification, const FTrackedModification& Former);
+/** What stands in place of such a read. */
+FString ReferToFormer(const FTrackedModification& Modification);
 } // namespace Morvane::FreshRead

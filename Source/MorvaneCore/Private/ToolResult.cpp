@@ -60,9 +60,13 @@ FToolResult& FToolResult::FinalizeModifications()
 	if (!bModificationsClosed)
 	{
 		bModificationsClosed = true;
+		const FTrackedModification* Before = nullptr;
 		for (FTrackedModification& Modification : Modifications)
 		{
-			Modification.Content = FreshRead::Read(Modification, ShownNodes, Command);
+			Modification.Content = Before && FreshRead::IsShownBy(Modification, *Before)
+				? FreshRead::ReferToFormer(Modification)
+				: FreshRead::Read(Modification, ShownNodes, Command);
+			Before = &Modification;
 		}
 	}
 	return *this;

@@ -170,13 +170,19 @@ void Tell(FJsonObject& Properties, const UK2Node_EnhancedInputAction& Node)
 
 void Tell(FJsonObject& Properties, const UK2Node_BaseAsyncTask& Node)
 {
-	SetName(Properties, TEXT("function_name"), Node.ProxyFactoryFunctionName);
-	SetClass(Properties, TEXT("function_class"), Node.ProxyFactoryClass.Get());
+	if (const UFunction* const Factory = Node.GetFactoryFunction())
+	{
+		SetName(Properties, TEXT("function_name"), Factory->GetFName());
+		SetClass(Properties, TEXT("function_class"), Factory->GetOwnerClass());
+	}
 }
 
 void Tell(FJsonObject& Properties, const UK2Node_GetSubsystem& Node)
 {
-	SetPath(Properties, TEXT("subsystem_class"), Node.CustomClass.Get());
+	if (const UEdGraphPin* const Result = Node.GetResultPin())
+	{
+		SetPath(Properties, TEXT("subsystem_class"), Result->PinType.PinSubCategoryObject.Get());
+	}
 }
 
 void Tell(FJsonObject& Properties, const UK2Node_MathExpression& Node)
