@@ -22,6 +22,9 @@ add_custom_command(
   COMMENT "Packing the class catalogue"
   VERBATIM)
 
+# The engine's own assets stand in a list of their own, which is read as it is.
+set(ENGINE_CONTENT "${CMAKE_SOURCE_DIR}/Catalogue/EngineContent.txt")
+
 # Assembler, not C++: a compiler cache cannot see what .incbin reads.
 set(CATALOGUE_OBJECT "${CMAKE_BINARY_DIR}/generated/Catalogue.S")
 file(CONFIGURE OUTPUT "${CATALOGUE_OBJECT}" CONTENT [[
@@ -33,9 +36,15 @@ MorvaneCatalogueBegin:
 	.incbin "@CATALOGUE_IMAGE@"
 MorvaneCatalogueEnd:
 	.byte 0
+	.globl MorvaneEngineContentBegin
+	.globl MorvaneEngineContentEnd
+MorvaneEngineContentBegin:
+	.incbin "@ENGINE_CONTENT@"
+MorvaneEngineContentEnd:
+	.byte 0
 	.section .note.GNU-stack,"",%progbits
 ]] @ONLY)
-set_source_files_properties("${CATALOGUE_OBJECT}" PROPERTIES OBJECT_DEPENDS "${CATALOGUE_IMAGE}")
+set_source_files_properties("${CATALOGUE_OBJECT}" PROPERTIES OBJECT_DEPENDS "${CATALOGUE_IMAGE};${ENGINE_CONTENT}")
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   set_source_files_properties("${CATALOGUE_OBJECT}" PROPERTIES COMPILE_OPTIONS "-Wno-unused-command-line-argument")
 endif()

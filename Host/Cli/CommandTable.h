@@ -25,6 +25,7 @@ std::unique_ptr<ICommand> MakeRunCommand();
 std::unique_ptr<ICommand> MakeToolsCommand();
 std::unique_ptr<ICommand> MakeMenuCommand();
 std::unique_ptr<ICommand> MakeNodeCommand();
+std::unique_ptr<ICommand> MakeAssetsCommand();
 std::unique_ptr<ICommand> MakeCopyCommand();
 std::unique_ptr<ICommand> MakePasteCommand();
 std::unique_ptr<ICommand> MakeImportCommand();

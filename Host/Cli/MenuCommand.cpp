@@ -1,69 +1,25 @@
-#include "BlueprintActionMenuItem.h"
-#include "BlueprintActionMenuUtils.h"
-#include "BlueprintNodeSpawner.h"
 #include "Cli/CommandTable.h"
-#include "EdGraphSchema_K2.h"
+#include "Containers/StringConv.h"
+#include "EdGraph/EdGraphSchema.h"
+#include "Knowledge/MenuSearch.h"
 #include "Session/EditorSession.h"
-#include "Standalone/ContextTargets.h"
 #include "Support/JsonText.h"
 
 namespace MenuCommandPrivate
 {
-static FString NodeClassOf(const FEdGraphSchemaAction& Action)
-{
-	if (Action.GetTypeId() == FBlueprintActionMenuItem::StaticGetTypeId())
-	{
-		const UBlueprintNodeSpawner* const Spawner =
-			static_cast<const FBlueprintActionMenuItem&>(Action).GetRawAction();
-		return Spawner && Spawner->NodeClass.Get() ? Spawner->NodeClass.Get()->GetName() : FString();
-	}
-	if (Action.GetTypeId() == FEdGraphSchemaAction_NewNode::StaticGetTypeId())
-	{
-		const UEdGraphNode* const Template = static_cast<const FEdGraphSchemaAction_NewNode&>(Action).NodeTemplate;
-		return Template ? Template->GetClass()->GetName() : FString();
-	}
-	return FString();
-}
-
-/** The database's actions, then what the schema adds. */
-static void FillMenu(FBlueprintActionMenuBuilder& Menu)
-{
-	FBlueprintActionMenuUtils::MakeContextMenu(FBlueprintActionContext(), false, EveryContextTarget, Menu);
-	FGraphContextMenuBuilder SchemaMenu(nullptr);
-	GetDefault<UEdGraphSchema_K2>()->GetGraphContextActions(SchemaMenu);
-	Menu.Append(SchemaMenu);
-}
-
-/** What the user wants to see of the list. */
-struct FQuery
-{
-	/** Each empty for any, and compared ignoring case. */
-	std::string Title;
-	std::string Category;
-	std::string NodeClass;
-
-	bool Takes(const FEdGraphSchemaAction& Action, const FString& ActionNodeClass) const
-	{
-		return (Title.empty() || Action.GetMenuDescription().ToString().Contains(FromUtf8(Title)))
-			&& (Category.empty() || Action.GetCategory().ToString().StartsWith(FromUtf8(Category)))
-			&& (NodeClass.empty() || ActionNodeClass == FromUtf8(NodeClass));
-	}
-};
-
-static std::string JsonLine(const FEdGraphSchemaAction& Action, const FString& NodeClass)
+static std::string JsonLine(const FMenuHit& Hit)
 {
 	const auto Field = [](const char* Name, const FString& Value)
 	{ return JsonText::Quote(Name) + ":" + JsonText::Quote(ToUtf8(Value)); };
-	return "{" + Field("title", Action.GetMenuDescription().ToString()) + ","
-		+ Field("category", Action.GetCategory().ToString()) + "," + Field("node_class", NodeClass) + ","
-		+ Field("keywords", Action.GetKeywords().ToString().TrimStartAndEnd()) + ","
-		+ Field("tooltip", Action.GetTooltipDescription().ToString()) + "}";
+	return "{" + Field("title", Hit.GetTitle()) + "," + Field("category", Hit.Action->GetCategory().ToString()) + ","
+		+ Field("node_class", Hit.NodeClass) + ","
+		+ Field("keywords", Hit.Action->GetKeywords().ToString().TrimStartAndEnd()) + ","
+		+ Field("tooltip", Hit.Action->GetTooltipDescription().ToString()) + "}";
 }
 
-static std::string PlainLine(const FEdGraphSchemaAction& Action, const FString& NodeClass)
+static std::string PlainLine(const FMenuHit& Hit)
 {
-	return ToUtf8(Action.GetMenuDescription().ToString()) + "\t" + ToUtf8(Action.GetCategory().ToString()) + "\t"
-		+ ToUtf8(NodeClass);
+	return ToUtf8(Hit.GetTitle()) + "\t" + ToUtf8(Hit.Action->GetCategory().ToString()) + "\t" + ToUtf8(Hit.NodeClass);
 }
 } // namespace MenuCommandPrivate
 
@@ -74,9 +30,10 @@ public:
 	void Describe(FArguments& Arguments) override
 	{
 		Arguments.Flag("--json", bJson, "As a JSON array of objects, with keywords and tooltips");
-		Arguments.Option("--title", Query.Title, "Only actions whose title contains this");
-		Arguments.Option("--category", Query.Category, "Only actions whose category begins with this");
-		Arguments.Option("--node-class", Query.NodeClass, "Only actions that make nodes of this class");
+		Arguments.Option("--query", Words, "Only actions that have all these words, the best first");
+		Arguments.Option("--title", Title, "Only actions whose title contains this");
+		Arguments.Option("--category", Category, "Only actions whose category begins with this");
+		Arguments.Option("--node-class", NodeClass, "Only actions that make nodes of this class");
 	}
 
 	EExitStatus Run(const FCommandContext& Context) override
@@ -88,30 +45,28 @@ public:
 			Complain(ToUtf8(Error));
 			return EExitStatus::Failed;
 		}
-		FBlueprintActionMenuBuilder Menu;
-		MenuCommandPrivate::FillMenu(Menu);
-		Context.Output.WriteLine(Print(Menu));
+		const FMenuSearch Menu;
+		Context.Output.WriteLine(
+			Print(Menu.Find({FromUtf8(Words), FromUtf8(Title), FromUtf8(Category), FromUtf8(NodeClass)})));
 		return EExitStatus::Succeeded;
 	}
 
 private:
-	std::string Print(const FBlueprintActionMenuBuilder& Menu) const
+	std::string Print(const TArray<FMenuHit>& Hits) const
 	{
 		std::string Lines;
-		for (const TSharedPtr<FEdGraphSchemaAction>& Action : Menu.GetEntries())
+		for (const FMenuHit& Hit : Hits)
 		{
-			const FString NodeClass = MenuCommandPrivate::NodeClassOf(*Action);
-			if (Query.Takes(*Action, NodeClass))
-			{
-				Lines += Lines.empty() ? "" : (bJson ? ",\n" : "\n");
-				Lines += bJson ? MenuCommandPrivate::JsonLine(*Action, NodeClass)
-							   : MenuCommandPrivate::PlainLine(*Action, NodeClass);
-			}
+			Lines += Lines.empty() ? "" : (bJson ? ",\n" : "\n");
+			Lines += bJson ? MenuCommandPrivate::JsonLine(Hit) : MenuCommandPrivate::PlainLine(Hit);
 		}
 		return bJson ? "[" + Lines + "]" : Lines;
 	}
 
-	MenuCommandPrivate::FQuery Query;
+	std::string Words;
+	std::string Title;
+	std::string Category;
+	std::string NodeClass;
 	bool bJson = false;
 };
 

@@ -128,6 +128,11 @@ UEdGraph* FNodeByIdentity::GetGraph(UClass* Parent, const UClass* NodeClass)
 	return Graph;
 }
 
+UEdGraph* FNodeByIdentity::GetEventGraph(UClass& Parent)
+{
+	return GetGraph(&Parent, UEdGraphNode::StaticClass());
+}
+
 UEdGraphNode* FNodeByIdentity::Make(const FJsonObject& Identity, FString& OutError)
 {
 	const FString ClassName = NodeIdentities::Text(Identity, TEXT("node_class"));

@@ -31,6 +31,8 @@ public:
 	UEdGraphNode* Make(const FJsonObject& Identity, FString& OutError);
 	/** "node_class" and "pins", or "error" where the node cannot be made. The node is gone afterwards. */
 	TSharedRef<FJsonObject> Describe(const FJsonObject& Identity);
+	/** The event graph of the scratch Blueprint of that parent; null when none can be made. */
+	UEdGraph* GetEventGraph(UClass& Parent);
 	/** The pins in order, with the members: name, dir, cat, sub, obj, obj_kind, container, ref, const, hidden,
 	 * advanced, and more where it is set. */
 	static TArray<TSharedPtr<FJsonValue>> DescribePins(const UEdGraphNode& Node);

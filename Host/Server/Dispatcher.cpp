@@ -59,7 +59,7 @@ FDispatcher::FDispatcher(IToolHost& InTools, FCallQueue& InQueue)
 
 const FDispatcher::FMethod* FDispatcher::FindMethod(const std::string_view Name, const EEra Era)
 {
-	static constexpr std::array<FMethod, 8> Methods = {{
+	static constexpr std::array<FMethod, 20> Methods = {{
 		{"initialize", EEra::Legacy, &FDispatcher::Initialize},
 		{"ping", EEra::Legacy, &FDispatcher::Ping},
 		{"tools/list", EEra::Legacy, &FDispatcher::ListTools},
@@ -68,6 +68,18 @@ const FDispatcher::FMethod* FDispatcher::FindMethod(const std::string_view Name,
 		{"tools/list", EEra::Modern, &FDispatcher::ListTools},
 		{"tools/call", EEra::Modern, &FDispatcher::CallTool},
 		{"subscriptions/listen", EEra::Modern, &FDispatcher::Listen},
+		{"resources/list", EEra::Legacy, &FDispatcher::ListResources},
+		{"resources/templates/list", EEra::Legacy, &FDispatcher::ListResourceTemplates},
+		{"resources/read", EEra::Legacy, &FDispatcher::ReadResource},
+		{"prompts/list", EEra::Legacy, &FDispatcher::ListPrompts},
+		{"prompts/get", EEra::Legacy, &FDispatcher::GetPrompt},
+		{"completion/complete", EEra::Legacy, &FDispatcher::Complete},
+		{"resources/list", EEra::Modern, &FDispatcher::ListResources},
+		{"resources/templates/list", EEra::Modern, &FDispatcher::ListResourceTemplates},
+		{"resources/read", EEra::Modern, &FDispatcher::ReadResource},
+		{"prompts/list", EEra::Modern, &FDispatcher::ListPrompts},
+		{"prompts/get", EEra::Modern, &FDispatcher::GetPrompt},
+		{"completion/complete", EEra::Modern, &FDispatcher::Complete},
 	}};
 	const auto Known = std::find_if(Methods.begin(), Methods.end(),
 		[&](const FMethod& Method) { return Method.Name == Name && Method.Era == Era; });
@@ -159,7 +171,8 @@ void FDispatcher::Initialize(const FRequest& Request)
 		return;
 	}
 	std::string Members = R"("protocolVersion":)" + JsonText::Quote(Revisions::Negotiate(*Requested));
-	Members += R"(,"capabilities":{"tools":{}},"serverInfo":)" + Identity::ServerInfoJson();
+	Members.append(R"(,"capabilities":)").append(Identity::CapabilitiesJson());
+	Members += R"(,"serverInfo":)" + Identity::ServerInfoJson();
 	Members += R"(,"instructions":)" + JsonText::Quote(Identity::Instructions());
 	SendResult(Request, Members);
 }
@@ -172,7 +185,8 @@ void FDispatcher::Ping(const FRequest& Request)
 void FDispatcher::Discover(const FRequest& Request)
 {
 	std::string Members = std::string(R"("supportedVersions":)").append(Revisions::ListJson());
-	Members += R"(,"capabilities":{"tools":{}},"instructions":)" + JsonText::Quote(Identity::Instructions());
+	Members.append(R"(,"capabilities":)").append(Identity::CapabilitiesJson());
+	Members += R"(,"instructions":)" + JsonText::Quote(Identity::Instructions());
 	SendResult(Request, Members.append(DispatcherPrivate::Cacheable));
 }
 
@@ -206,10 +220,8 @@ void FDispatcher::CallTool(const FRequest& Request)
 		SendError(Request, RpcError::InvalidParams, "Invalid params: \"arguments\" must be an object");
 		return;
 	}
-	FRequest Slim{Request.Id, Request.Method, {}, Request.Era, Request.Sink};
-	const size_t Bytes = Arguments.size();
-	Queue.Push({Request.Sink, Request.Id, Bytes,
-		[this, Slim = std::move(Slim), Tool = *Name, Arguments] { RunTool(Slim, Tool, Arguments); }});
+	Enqueue(Request, Arguments.size(),
+		[this, Tool = *Name, Arguments](const FRequest& Slim) { RunTool(Slim, Tool, Arguments); });
 }
 
 void FDispatcher::RunTool(const FRequest& Request, const std::string& Name, const std::string& Arguments)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -30,8 +32,8 @@ struct FRequest
 };
 
 /**
- * The protocol: takes one message, answers it at once or puts a tool call into the queue. It knows nothing of how
- * messages travel, and serves the handshake-less revision and those reached by initialize from one table of methods.
+ * The protocol: takes one message, answers it at once or puts what needs the editor into the queue. It knows nothing of
+ * how messages travel, and serves the handshake-less revision and those reached by initialize from one table of methods.
  *
  * Receive may be called from any thread while the game thread runs what the queue hands out.
  */
@@ -64,8 +66,20 @@ private:
 	void ListTools(const FRequest& Request);
 	void CallTool(const FRequest& Request);
 	void Listen(const FRequest& Request);
+	void ListResources(const FRequest& Request);
+	void ListResourceTemplates(const FRequest& Request);
+	void ReadResource(const FRequest& Request);
+	void ListPrompts(const FRequest& Request);
+	void GetPrompt(const FRequest& Request);
+	void Complete(const FRequest& Request);
 
 	void RunTool(const FRequest& Request, const std::string& Name, const std::string& Arguments);
+	void AnswerResource(const FRequest& Request, const std::string& Uri);
+	/** What the argument of a prompt or a template names; nothing when there is no such prompt or template. */
+	static std::optional<ENameKind> FindNameKind(const FJsonFields& Reference, std::string_view Argument);
+
+	/** Work runs on the game thread and answers; Bytes is what it keeps in memory until then. */
+	void Enqueue(const FRequest& Request, size_t Bytes, std::function<void(const FRequest&)> Work);
 
 	/** Members are the result's own, without braces; what the era adds to every result is added here. */
 	void SendResult(const FRequest& Request, std::string_view Members) const;

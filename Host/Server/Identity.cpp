@@ -10,6 +10,11 @@ const std::string& Identity::ServerInfoJson()
 	return Text;
 }
 
+std::string_view Identity::CapabilitiesJson()
+{
+	return R"({"tools":{},"resources":{},"prompts":{},"completions":{}})";
+}
+
 std::string_view Identity::Instructions()
 {
 	return "Tools for Unreal Engine Blueprint assets. Asset paths look like /Game/Folder/BP_Name.\n"
@@ -20,6 +25,10 @@ std::string_view Identity::Instructions()
 		   "and remove what stands in a graph.\n"
 		   "Read before you edit: read_blueprint_schema gives the overview, the other read tools one item with its nodes. Node ids "
 		   "in read results are the first 7 hex digits of the node's guid and can be used wherever a node id is asked for.\n"
+		   "Look up what you do not know by heart, it changes nothing: the resource morvane://menu?query=WORDS lists actions of the "
+		   "graph menu with the request that places each, morvane://node?title=TITLE shows a node's pins before it is placed, "
+		   "morvane://assets lists the project's assets (path=/Engine the engine's), morvane://blueprint/Game/Folder/BP_Name shows "
+		   "a Blueprint. Prompts guide the usual sessions.\n"
 		   "Name nodes exactly where you can: class_name \"K2Node_CallFunction\" with target_class and target_function never "
 		   "guesses, menu_title does. Pins go by their own names as reads show them, which for calls are the names of the "
 		   "function's parameters (InString); a label of the editor (In String) is understood where one pin alone is shown so. "

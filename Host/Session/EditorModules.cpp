@@ -7,6 +7,7 @@
 #include "Standalone/BlueprintGraphClasses.h"
 #include "Standalone/Catalogue.h"
 #include "Standalone/EngineClasses.h"
+#include "Standalone/EngineContent.h"
 #include "Standalone/GameplayTagsClasses.h"
 #include "Standalone/ObjectProviders.h"
 #include "Standalone/PackageText.h"
@@ -59,6 +60,7 @@ void EditorModules::StartEditor()
 	FCatalogue::Get().Install();
 	FPackageText::RegisterLoader();
 	StandardMacros::Install();
+	EngineContent::Install();
 }
 
 void EditorModules::StopTools()

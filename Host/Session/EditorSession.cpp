@@ -4,6 +4,7 @@
 
 #include "Containers/StringConv.h"
 #include "Dom/JsonObject.h"
+#include "Knowledge/ProjectResources.h"
 #include "MorvaneToolkitModule.h"
 #include "Session/EditorModules.h"
 #include "Session/UnsavedPackages.h"
@@ -160,6 +161,49 @@ FToolOutcome FEditorSession::CallTool(const std::string_view Name, const std::st
 	FToolOutcome Outcome = {ResultObject::Write(*Result, UnsavedPackages::List()), Result->WasSuccessful()};
 	CollectGarbage();
 	return Outcome;
+}
+
+std::vector<FResourceListing> FEditorSession::ListResources()
+{
+	return FProject::IsOpen() ? ProjectResources::ListBlueprints() : std::vector<FResourceListing>();
+}
+
+FResourceOutcome FEditorSession::ReadResource(const std::string_view Uri)
+{
+	const std::optional<FResourceUri> Parsed = FResourceUri::Parse(Uri);
+	if (!Parsed)
+	{
+		return {{}, FResourceOutcome::EFault::Unknown, "Nothing has this address"};
+	}
+	FString Error;
+	if (!BeginLook(Error))
+	{
+		return {{}, FResourceOutcome::EFault::Unavailable, ToUtf8(Error)};
+	}
+	const FResourceOutcome Outcome = ProjectResources::Read(*Parsed, *this);
+	CollectGarbage();
+	return Outcome;
+}
+
+FCompletions FEditorSession::Complete(const ENameKind Kind, const std::string_view Typed)
+{
+	FString Error;
+	if (Kind == ENameKind::None || !BeginLook(Error))
+	{
+		return FCompletions();
+	}
+	return ProjectResources::Complete(Kind, FromUtf8(Typed));
+}
+
+/** What other programs have changed on disk is taken in by the next tool call, which has a result to tell it in. */
+bool FEditorSession::BeginLook(FString& OutError)
+{
+	if (!OpenProject(OutError))
+	{
+		return false;
+	}
+	FMissingObjects::LoadAndBind();
+	return true;
 }
 
 /**

@@ -29,12 +29,16 @@ public:
 
 	std::vector<FToolListing> ListTools() override;
 	FToolOutcome CallTool(std::string_view Name, std::string_view ArgumentsJson) override;
+	std::vector<FResourceListing> ListResources() override;
+	FResourceOutcome ReadResource(std::string_view Uri) override;
+	FCompletions Complete(ENameKind Kind, std::string_view Typed) override;
 
 	/** Opens the project unless it is open; false with a sentence in OutError. For commands that work without a tool.
 	 */
 	bool OpenProject(FString& OutError);
 
 private:
+	bool BeginLook(FString& OutError);
 	void LoadCatalogue(const FString& Directory);
 	void AddFileProblems(Morvane::FToolResult& Result);
 

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include "ToolFace/Resources.h"
+
 /** What a client is told about one tool. All text is UTF-8. */
 struct FToolListing
 {
@@ -33,4 +35,12 @@ public:
 
 	/** ArgumentsJson is handed to the tool as it is; the tool's own messages say what is wrong with it. */
 	virtual FToolOutcome CallTool(std::string_view Name, std::string_view ArgumentsJson) = 0;
+
+	/** What the project alone has to offer, by address; nothing before its first use, since listing takes no lock. */
+	virtual std::vector<FResourceListing> ListResources() = 0;
+
+	virtual FResourceOutcome ReadResource(std::string_view Uri) = 0;
+
+	/** Names of a kind that fit what is typed so far; none when the project cannot be opened. */
+	virtual FCompletions Complete(ENameKind Kind, std::string_view Typed) = 0;
 };

@@ -89,7 +89,7 @@ TEST(Eras, HandshakeNegotiatesLegacyRevisionsOnly)
 		const TSharedPtr<FJsonObject> Result = EraTest::AskResult(EraTest::Legacy("initialize", Params));
 		EXPECT_EQ(ToUtf8(Result->GetStringField(TEXT("protocolVersion"))), Answered) << Requested;
 		EXPECT_EQ(EraTest::Names(*Result), "protocolVersion capabilities serverInfo instructions");
-		EXPECT_EQ(EraTest::Names(*Result->GetObjectField(TEXT("capabilities"))), "tools");
+		EXPECT_EQ(EraTest::Names(*Result->GetObjectField(TEXT("capabilities"))), "tools resources prompts completions");
 		EXPECT_EQ(EraTest::Names(*Result->GetObjectField(TEXT("serverInfo"))), "name title version description");
 	}
 	EXPECT_EQ(EraTest::AskErrorCode(EraTest::Legacy("initialize")), -32602);

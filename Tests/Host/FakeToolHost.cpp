@@ -23,6 +23,21 @@ FToolOutcome FFakeToolHost::CallTool(const std::string_view Name, const std::str
 								: FToolOutcome{ResultObject::Failure("no such tool"), false};
 }
 
+FResourceOutcome FFakeToolHost::ReadResource(const std::string_view Uri)
+{
+	if (Uri == "morvane://locked")
+	{
+		return {{}, FResourceOutcome::EFault::Unavailable, "It is locked"};
+	}
+	return Uri == "morvane://echo" ? FResourceOutcome{R"({"echo":true})", FResourceOutcome::EFault::None, {}}
+								   : FResourceOutcome{{}, FResourceOutcome::EFault::Unknown, "Nothing is there"};
+}
+
+FCompletions FFakeToolHost::Complete(const ENameKind Kind, std::string_view)
+{
+	return Kind == ENameKind::None ? FCompletions() : FCompletions{{"one", "two"}, 2};
+}
+
 FToolOutcome FFakeToolHost::Success(const std::string_view DataJson)
 {
 	std::string Json = R"({"success":true,"errors":[],"warnings":[],"messages":[],"data":)";

@@ -23,10 +23,17 @@ public:
 	std::vector<FToolListing> ListTools() override { return Listed; }
 	FToolOutcome CallTool(std::string_view Name, std::string_view ArgumentsJson) override;
 
+	std::vector<FResourceListing> ListResources() override { return Resources; }
+	/** "morvane://echo" is the one address; "morvane://locked" cannot be read now. */
+	FResourceOutcome ReadResource(std::string_view Uri) override;
+	/** Two names, "one" and "two", for any kind. */
+	FCompletions Complete(ENameKind Kind, std::string_view Typed) override;
+
 	/** A result object with these data. */
 	static FToolOutcome Success(std::string_view DataJson);
 
 	std::vector<std::string> Calls;
+	std::vector<FResourceListing> Resources;
 
 private:
 	std::vector<FToolListing> Listed;

@@ -130,9 +130,10 @@ static std::vector<FCase> EnvelopeCases()
 		{"params text", Request("ping", "\"x\""), Error("1", -32602, BadParams)},
 		{"unknown method", Request("no/such", "{}"), Error("1", -32601, "Method not found: no/such")},
 		{"undeclared methods",
-			Request("resources/list", "{}") + Request("prompts/list", "{}") + Request("logging/setLevel", "{}"),
-			Error("1", -32601, "Method not found: resources/list")
-				+ Error("1", -32601, "Method not found: prompts/list")
+			Request("resources/subscribe", "{}") + Request("sampling/createMessage", "{}")
+				+ Request("logging/setLevel", "{}"),
+			Error("1", -32601, "Method not found: resources/subscribe")
+				+ Error("1", -32601, "Method not found: sampling/createMessage")
 				+ Error("1", -32601, "Method not found: logging/setLevel")},
 		{"good messages after bad ones", "]\n" + Ping("5"),
 			Error("", -32700,

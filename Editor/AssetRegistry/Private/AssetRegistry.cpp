@@ -5,6 +5,7 @@
 #include "HAL/FileManager.h"
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
+#include "Standalone/EngineContent.h"
 #include "Standalone/MissingObjects.h"
 #include "Standalone/PackageText.h"
 #include "Standalone/PathConfinement.h"
@@ -24,6 +25,17 @@ static bool IsBelow(FName PackagePath, const FString& Folder)
 static FString WithoutEndSlash(const FString& Path)
 {
 	return Path.EndsWith(TEXT("/")) ? Path.LeftChop(1) : Path;
+}
+
+/** The engine's own assets are listed for who names their folder; whoever asks for assets means the project's. */
+static bool AsksForEngine(const FARFilter& Filter)
+{
+	return Filter.PackagePaths.ContainsByPredicate(
+		[](const FName& Path)
+		{
+			const FString Folder = WithoutEndSlash(Path.ToString());
+			return Folder == TEXT("/Engine") || Folder.StartsWith(TEXT("/Engine/"));
+		});
 }
 
 /** Tests assets against one filter. Classes are looked at once each, not once for each asset. */
@@ -143,6 +155,17 @@ public:
 					OutAssets.Add(Asset);
 				}
 			});
+		if (AsksForEngine(Filter))
+		{
+			for (const EngineContent::FEntry& Entry : EngineContent::GetEntries())
+			{
+				const FAssetData Asset(FName(Entry.PackageName), FName(Entry.GetAssetName()), Entry.ClassPath);
+				if (Matcher.Matches(Asset))
+				{
+					OutAssets.Add(Asset);
+				}
+			}
+		}
 		return OutAssets.Num() > NumBefore;
 	}
 
@@ -475,6 +498,10 @@ private:
 			{
 				return FAssetData(Asset);
 			}
+		}
+		if (const EngineContent::FEntry* const Entry = EngineContent::Find(PackageName.ToString()))
+		{
+			return FAssetData(PackageName, FName(Entry->GetAssetName()), Entry->ClassPath);
 		}
 		EnsureScanned();
 		// Other programs write to the folder too: a file may have come or gone since the scan.

@@ -258,7 +258,10 @@ bool FPostSpawnValidation::HasExistingVariable()
 	}
 	// A local variable belongs to its function; the Blueprint's variables say nothing about it.
 	const bool bLocal = Variable->VariableReference.IsLocalScope() && Variable->GetPropertyForVariable();
-	if (bLocal)
+	// Nor do they about one of another object, when the request brings that object.
+	const bool bForeign = Record.bTargetIsWired && !Variable->VariableReference.IsSelfContext()
+		&& Variable->GetPropertyForVariable();
+	if (bLocal || bForeign)
 	{
 		return true;
 	}

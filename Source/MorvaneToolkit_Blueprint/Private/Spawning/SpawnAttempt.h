@@ -43,9 +43,16 @@ private:
 	UEdGraphNode* PerformBestAction();
 	FString DescribeTopCandidates() const;
 
+	// Nodes that are told by their class and one name, without a look at the menu.
+	/** One that a graph has once and that stands already: where a function begins and ends, a timeline; else null. */
+	UEdGraphNode* FindStandingNode();
+	/** The event of an input axis or action that the project's settings name; null for other requests. */
+	UEdGraphNode* SpawnInputEvent();
+
 	// The variable road: a variable of the Blueprint itself, or one of another object.
 	UEdGraphNode* SpawnOwnVariable();
 	UEdGraphNode* SpawnCrossObjectVariable();
+	UEdGraphNode* SpawnWiredVariable();
 	UEdGraphNode* FindOwnerNode(FString& OutMethod) const;
 	/** Null, silently, when the path names no class; what the loader has to say is a warning of its own. */
 	UClass* LoadSourceClass(const FString& Path);

@@ -141,6 +141,10 @@ UEdGraphNode* FSpawnAttempt::SpawnVariable()
 	{
 		return SpawnOwnVariable();
 	}
+	if (SourceClass && !OwnerGuid && !OwnerPin && Record.bTargetIsWired)
+	{
+		return SpawnWiredVariable();
+	}
 	if (!SourceClass || !OwnerGuid || !OwnerPin)
 	{
 		using SpawnVariableRoad::PresentOrMissing;
@@ -234,6 +238,33 @@ UEdGraphNode* FSpawnAttempt::SpawnCrossObjectVariable()
 	}
 	WarnOfUnlinkedOwner(*Node, *OwnerPin);
 	return Node;
+}
+
+/** The wires of the request bring the owner, as they bring every other value. */
+UEdGraphNode* FSpawnAttempt::SpawnWiredVariable()
+{
+	const FString SourcePath = Record.GetMetadata(TEXT("variable_source_class"));
+	UClass* const SourceClass = LoadSourceClass(SourcePath);
+	if (!SourceClass)
+	{
+		ReportMissingSourceClass(SourcePath);
+		return nullptr;
+	}
+	const FString Name = Record.GetMetadata(TEXT("variable_name"));
+	const FVector2D Place = GetRequestedPosition();
+	UEdGraphNode* Node = nullptr;
+	if (IsGetRequest())
+	{
+		Node = FBlueprintNodeUtils::CreateCrossObjectVariableGetNode(&Graph, Name, SourceClass, nullptr, Place);
+	}
+	else
+	{
+		Node = FBlueprintNodeUtils::CreateCrossObjectVariableSetNode(&Graph, Name, SourceClass, nullptr, Place);
+	}
+	return Node ? Node
+				: Fail(FString::Printf(
+					TEXT("[Failure] Cross-object variable %s spawn returned null for variable '%s' on class '%s'"),
+					IsGetRequest() ? TEXT("get") : TEXT("set"), *Name, *SourcePath));
 }
 
 void FSpawnAttempt::WarnOfUnlinkedOwner(const UEdGraphNode& Node, const UEdGraphPin& OwnerPin)

@@ -71,6 +71,11 @@ UEdGraphNode* FSpawnAttempt::Run()
 	{
 		return SpawnParentCall();
 	}
+	UEdGraphNode* const Named = FindStandingNode();
+	if (UEdGraphNode* const Told = Named ? Named : SpawnInputEvent())
+	{
+		return Told;
+	}
 	// No way from the first to the second: a request that is exact and wrong must not become something similar.
 	UEdGraphNode* const Node = FBlueprintSpawnWaterfall::IsDeterministicRequest(Record) ? SpawnDeterministic()
 																						: SpawnFromMenu();

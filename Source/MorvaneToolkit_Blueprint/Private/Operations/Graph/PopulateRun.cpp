@@ -10,6 +10,7 @@
 #include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Operations/Frame/OperationFrame.h"
+#include "RequestCompletion.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "UObject/Package.h"
@@ -171,6 +172,7 @@ void FPopulateRun::ReadNodes()
 			Nodes.Add(MoveTemp(Record));
 		}
 	}
+	RequestCompletion::Complete(Nodes, ConnectionValues);
 }
 
 void FPopulateRun::TakeBackUnsavedRun()

@@ -235,10 +235,42 @@ static bool WriteTransform(const FTree& Tree, FString& OutText)
 	return !Tree.IsLeaf();
 }
 
+/** Colors that have a name in every paint box, and the web's "#RRGGBB" with or without an alpha. */
+static bool WriteNamedColor(const UScriptStruct& Struct, const FString& Value, FString& OutText)
+{
+	static const TCHAR* const Named[][2] = {{TEXT("black"), TEXT("000000")}, {TEXT("white"), TEXT("FFFFFF")},
+		{TEXT("red"), TEXT("FF0000")}, {TEXT("green"), TEXT("00FF00")}, {TEXT("blue"), TEXT("0000FF")},
+		{TEXT("yellow"), TEXT("FFFF00")}, {TEXT("cyan"), TEXT("00FFFF")}, {TEXT("magenta"), TEXT("FF00FF")},
+		{TEXT("orange"), TEXT("FF8000")}, {TEXT("purple"), TEXT("8000FF")}, {TEXT("gray"), TEXT("808080")},
+		{TEXT("grey"), TEXT("808080")}, {TEXT("transparent"), TEXT("00000000")}};
+	FString Digits = Value.TrimStartAndEnd();
+	const bool bHex = Digits.RemoveFromStart(TEXT("#"));
+	for (const auto& Row : Named)
+	{
+		Digits = !bHex && Digits == Row[0] ? FString(Row[1]) : Digits;
+	}
+	bool bAllHex = true;
+	for (const TCHAR Digit : Digits)
+	{
+		bAllHex &= FChar::IsHexDigit(Digit);
+	}
+	if (!bAllHex || (Digits.Len() != 6 && Digits.Len() != 8) || (!bHex && Digits == Value.TrimStartAndEnd()))
+	{
+		return false;
+	}
+	const FColor Color = FColor::FromHex(Digits);
+	OutText = Struct.GetName() == TEXT("Color") ? Color.ToString() : FLinearColor(Color).ToString();
+	return true;
+}
+
 static FString ToStructText(const UScriptStruct& Struct, const FString& Value)
 {
 	const FTree Tree = Parse(Value);
 	FString Text;
+	if (IsColor(Struct) && WriteNamedColor(Struct, Value, Text))
+	{
+		return Text;
+	}
 	const bool bWritten = Struct.GetName() == TEXT("Transform") ? WriteTransform(Tree, Text)
 																: WriteStruct(Struct, Tree, Text);
 	return bWritten ? Text : Value;

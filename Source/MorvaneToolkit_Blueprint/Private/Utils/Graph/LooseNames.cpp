@@ -3,6 +3,7 @@
 #include "EdGraph/EdGraphNode.h"
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CallFunction.h"
+#include "K2Node_VariableSet.h"
 #include "UObject/UnrealType.h"
 
 #include <algorithm>
@@ -23,6 +24,14 @@ static bool IsCalled(const UEdGraphPin& Pin, const FString& Wanted)
 	const FString Name = LooseNames::Squeeze(Pin.PinName.ToString());
 	return Name == Wanted || LooseNames::Squeeze(Pin.GetDisplayName().ToString()) == Wanted
 		|| (Pin.PinType.PinCategory == FSchema::PC_Boolean && IsFlagName(Name, Wanted));
+}
+
+/** What a set node passes on is the variable, and its pin for that bears another name than the variable's. */
+static UEdGraphPin* FindPassedOn(const UEdGraphNode& Node, const FString& Wanted, EEdGraphPinDirection Direction)
+{
+	const UK2Node_VariableSet* const Set = Direction == EGPD_Output ? Cast<UK2Node_VariableSet>(&Node) : nullptr;
+	const UEdGraphPin* const Value = Set ? Node.FindPin(Set->GetVarName(), EGPD_Input) : nullptr;
+	return Value && IsCalled(*Value, Wanted) ? Node.FindPin(TEXT("Output_Get"), EGPD_Output) : nullptr;
 }
 
 /** The only pin of which the test holds; null for none and for several. */
@@ -113,6 +122,10 @@ UEdGraphPin* LooseNames::FindPin(const UEdGraphNode& Node, const FString& Name, 
 	if (Wanted.IsEmpty())
 	{
 		return nullptr;
+	}
+	if (UEdGraphPin* const PassedOn = LoosePinNames::FindPassedOn(Node, Wanted, Direction))
+	{
+		return PassedOn;
 	}
 	const bool bCalled = Pins.ContainsByPredicate(
 		[&Wanted](const UEdGraphPin* Pin) { return LoosePinNames::IsCalled(*Pin, Wanted); });

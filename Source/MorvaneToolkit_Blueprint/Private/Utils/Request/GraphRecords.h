@@ -72,6 +72,8 @@ struct FBPNodeModification
 	TOptional<int32> PositionY;
 	TOptional<FString> Comment;
 	bool bExactMatch = false;
+	/** A wire of the same request enters the node's target, so the request tells whose the member is. */
+	bool bTargetIsWired = false;
 	/** In the order of the request. */
 	TArray<FBPPinModification> Pins;
 };

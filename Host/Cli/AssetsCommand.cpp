@@ -1,0 +1,70 @@
+#include "Cli/CommandTable.h"
+#include "Containers/StringConv.h"
+#include "Knowledge/AssetSearch.h"
+#include "Session/EditorSession.h"
+#include "Standalone/JsonUtf8.h"
+
+namespace AssetsCommandPrivate
+{
+static std::string Line(const FAssetData& Asset, const bool bJson)
+{
+	const TSharedRef<FJsonObject> Described = AssetSearch::Describe(Asset);
+	std::string Text;
+	if (bJson)
+	{
+		JsonUtf8::Write(*Described, Text);
+		return Text;
+	}
+	for (const auto& Pair : Described->Values)
+	{
+		Text += (Text.empty() ? "" : "\t") + ToUtf8(Pair.Value->AsString());
+	}
+	return Text;
+}
+} // namespace AssetsCommandPrivate
+
+/** morvane assets */
+class FAssetsCommand : public ICommand
+{
+public:
+	void Describe(FArguments& Arguments) override
+	{
+		Arguments.Flag("--json", bJson, "As a JSON array of objects");
+		Arguments.Option("--path", Folder, "Only assets below this folder; /Engine lists the engine's own");
+		Arguments.Option("--class", Class, "Only assets of this class, and of those that derive from it");
+		Arguments.Option("--query", Word, "Only assets with this in their name");
+	}
+
+	EExitStatus Run(const FCommandContext& Context) override
+	{
+		FEditorSession Session(Context.Options);
+		FString Error;
+		if (!Session.OpenProject(Error))
+		{
+			Complain(ToUtf8(Error));
+			return EExitStatus::Failed;
+		}
+		std::string Lines;
+		for (const FAssetData& Asset : AssetSearch::Find({FromUtf8(Folder), FromUtf8(Class), FromUtf8(Word)}))
+		{
+			Lines += Lines.empty() ? "" : (bJson ? ",\n" : "\n");
+			Lines += AssetsCommandPrivate::Line(Asset, bJson);
+		}
+		if (bJson || !Lines.empty())
+		{
+			Context.Output.WriteLine(bJson ? "[" + Lines + "]" : Lines);
+		}
+		return EExitStatus::Succeeded;
+	}
+
+private:
+	std::string Folder;
+	std::string Class;
+	std::string Word;
+	bool bJson = false;
+};
+
+std::unique_ptr<ICommand> MakeAssetsCommand()
+{
+	return std::make_unique<FAssetsCommand>();
+}

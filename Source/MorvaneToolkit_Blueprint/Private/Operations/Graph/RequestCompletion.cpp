@@ -1,0 +1,86 @@
+#include "RequestCompletion.h"
+
+#include "UObject/UnrealType.h"
+#include "Utils/Graph/LooseNames.h"
+#include "Utils/Request/PopulateRecords.h"
+
+namespace RequestCompletionPrivate
+{
+/** What the menu calls an event that has no name yet. */
+static bool IsGenericTitle(const FString& Title)
+{
+	const FString Squeezed = LooseNames::Squeeze(Title);
+	return Squeezed.IsEmpty() || Squeezed == TEXT("event") || Squeezed.StartsWith(TEXT("customevent"))
+		|| Squeezed.StartsWith(TEXT("addcustomevent")) || Squeezed.StartsWith(TEXT("addevent"));
+}
+
+/** "Fire", "Custom Event: Fire", "Event Tick": an event request that carries its name in its title alone. */
+static void NameEvent(FBPNodeModification& Record)
+{
+	const bool bCustom = Record.ClassName.Equals(TEXT("K2Node_CustomEvent"), ESearchCase::IgnoreCase);
+	const bool bEvent = bCustom || Record.ClassName.Equals(TEXT("K2Node_Event"), ESearchCase::CaseSensitive);
+	if (!bEvent || Record.FindMetadata(TEXT("event_name")))
+	{
+		return;
+	}
+	FString Title = Record.MenuTitle.TrimStartAndEnd();
+	int32 Colon = INDEX_NONE;
+	if (bCustom && IsGenericTitle(Title) && Title.FindChar(TEXT(':'), Colon))
+	{
+		Title = Title.Mid(Colon + 1).TrimStartAndEnd();
+	}
+	if (!IsGenericTitle(Title))
+	{
+		Record.Metadata.Add(TEXT("event_name"), Title);
+	}
+}
+
+/** A component's event that is told by two names is the menu's action of both: "On Component Hit (Body)". */
+static void TitleBoundEvent(FBPNodeModification& Record)
+{
+	const FString Event = Record.GetMetadata(TEXT("event_name"));
+	FString Component = Record.GetMetadata(TEXT("component_name"));
+	Component = Component.IsEmpty() ? Record.GetMetadata(TEXT("component")) : Component;
+	const bool bBound = Record.ClassName.Equals(TEXT("K2Node_ComponentBoundEvent"), ESearchCase::IgnoreCase);
+	if (!bBound || Event.IsEmpty() || Component.IsEmpty())
+	{
+		return;
+	}
+	Record.MenuTitle = FName::NameToDisplayString(Event, false) + TEXT(" (") + Component + TEXT(")");
+	Record.Metadata.Remove(TEXT("event_name"));
+}
+
+static bool IsTargetPin(const FString& PinName)
+{
+	return PinName.Equals(TEXT("self"), ESearchCase::IgnoreCase)
+		|| PinName.Equals(TEXT("target"), ESearchCase::IgnoreCase);
+}
+
+/** The ids of the nodes whose target a wire enters. */
+static TSet<FString> FindWiredTargets(const TArray<TSharedPtr<FJsonValue>>& Connections)
+{
+	TSet<FString> Ids;
+	for (const TSharedPtr<FJsonValue>& Value : Connections)
+	{
+		FBPConnectionModification Connection;
+		if (PopulateRecords::ParseConnection(Value, Connection) && Connection.Action == EBPConnectionAction::Add
+			&& IsTargetPin(Connection.TargetPinName))
+		{
+			Ids.Add(Connection.TargetNodeGuid);
+		}
+	}
+	return Ids;
+}
+} // namespace RequestCompletionPrivate
+
+void RequestCompletion::Complete(TArray<FBPNodeModification>& Nodes, const TArray<TSharedPtr<FJsonValue>>* Connections)
+{
+	const TSet<FString> Wired = Connections ? RequestCompletionPrivate::FindWiredTargets(*Connections)
+											: TSet<FString>();
+	for (FBPNodeModification& Record : Nodes)
+	{
+		RequestCompletionPrivate::NameEvent(Record);
+		RequestCompletionPrivate::TitleBoundEvent(Record);
+		Record.bTargetIsWired = Wired.Contains(Record.NodeGuid);
+	}
+}
