@@ -10,6 +10,7 @@
 #include "BinaryPackage/BinaryTables.h"
 #include "BinaryPackage/BinaryText.h"
 #include "Containers/StringConv.h"
+#include "ObjectText/ObjectTextSyntax.h"
 #include "Standalone/PackageText.h"
 
 namespace BinaryPackageText
@@ -121,7 +122,21 @@ public:
 		{
 			Write(Reference, 0);
 		}
+		const std::size_t NumLost = Tables.GetExports().size() - NumSeen;
+		if (NumLost > 0)
+		{
+			WarnOfFile(
+				std::to_string(NumLost) + " objects are left out: what holds them holds itself, or is nested too deep");
+		}
+		if (IsFull())
+		{
+			WarnOfFile("the text of the package is cut off: it is longer than a file of its size can mean");
+		}
 		CheckLinks();
+		if (NumWarnings > MaxWarnings)
+		{
+			Findings.Warnings.push_back(std::to_string(NumWarnings - MaxWarnings) + " more warnings of the kind");
+		}
 		return std::move(Body);
 	}
 
@@ -167,9 +182,37 @@ private:
 		Body.append(static_cast<std::size_t>(Depth) * 3, ' ').append(Text).push_back('\n');
 	}
 
-	void Warn(const int32_t Reference, const std::string& Text)
+	/** A damaged file has one for each value; the first ones tell enough. */
+	void WarnOfFile(const std::string& Text)
 	{
-		Findings.Warnings.push_back(Tables.PathOf(Reference) + ": " + Text);
+		if (++NumWarnings <= MaxWarnings)
+		{
+			Findings.Warnings.push_back(Text);
+		}
+	}
+
+	void Warn(const int32_t Reference, const std::string& Text) { WarnOfFile(Tables.PathOf(Reference) + ": " + Text); }
+
+	bool IsFull() const { return Body.size() > Tables.GetTextLimit(); }
+
+	std::size_t CountBelow(const int32_t Reference, const int Depth) const
+	{
+		std::size_t Count = 1;
+		for (const int32_t Child : Children[static_cast<std::size_t>(Reference)])
+		{
+			Count += Depth < MaxDepth ? CountBelow(Child, Depth + 1) : 0;
+		}
+		return Count;
+	}
+
+	static constexpr int MaxDepth = 64;
+	static constexpr std::size_t MaxWarnings = 1000;
+
+	/** A folder of an author may bear a name with blanks. */
+	static std::string SpellClass(const std::string& Path)
+	{
+		const bool bPlain = !Path.empty() && ObjectTextParsing::FieldLength(Path) == Path.size();
+		return bPlain ? Path : BinaryText::Quote(Path);
 	}
 
 	static std::string FlagWords(const uint32_t Flags)
@@ -186,15 +229,20 @@ private:
 
 	void Write(const int32_t Reference, const int Depth)
 	{
-		constexpr int MaxDepth = 64;
-		if (IsLeftOut(Reference) || Depth > MaxDepth)
+		if (Depth > MaxDepth || IsFull())
 		{
 			return;
 		}
+		if (IsLeftOut(Reference))
+		{
+			NumSeen += CountBelow(Reference, Depth);
+			return;
+		}
+		++NumSeen;
 		const FBinaryExport& Export = ExportAt(Reference);
 		Line(Depth,
-			"Begin Object Class=" + Tables.ClassPathOf(Reference) + " Name=" + BinaryText::Quote(Export.Name)
-				+ FlagWords(Export.Flags));
+			"Begin Object Class=" + SpellClass(Tables.ClassPathOf(Reference))
+				+ " Name=" + BinaryText::Quote(Export.Name) + FlagWords(Export.Flags));
 		for (const int32_t Child : Children[static_cast<std::size_t>(Reference)])
 		{
 			Write(Child, Depth + 1);
@@ -225,7 +273,9 @@ private:
 		std::vector<FBinaryProperty> Own;
 		if (!Properties.Read(Cursor, Own))
 		{
-			Warn(Reference, "its properties break off at byte " + std::to_string(Cursor.GetPosition()));
+			Warn(Reference,
+				"its properties break off at byte "
+					+ std::to_string(static_cast<uint64_t>(Export.Offset) + Cursor.GetPosition()) + " of the file");
 		}
 		for (const std::string& Value : Properties.TakePassedOver())
 		{
@@ -241,10 +291,17 @@ private:
 		}
 	}
 
+	static std::string SpellName(const std::string& Name)
+	{
+		return Name.empty() || Name.front() == '"' || ObjectTextParsing::NeedsQuotes(Name) ? BinaryText::Quote(Name)
+																						   : Name;
+	}
+
 	void WriteProperty(const int32_t Reference, const FBinaryProperty& Property, const int Depth)
 	{
 		const bool bIndexed = Property.Index > 0;
-		Line(Depth, Property.Name + (bIndexed ? "(" + std::to_string(Property.Index) + ")=" : "=") + Property.Value);
+		Line(Depth,
+			SpellName(Property.Name) + (bIndexed ? "(" + std::to_string(Property.Index) + ")=" : "=") + Property.Value);
 		static const std::set<std::string> Tagged = {"ParentClass", "GeneratedClass", "BlueprintType"};
 		if (ExportAt(Reference).Outer == 0 && Tagged.contains(Property.Name))
 		{
@@ -362,7 +419,7 @@ private:
 		Findings.NumLinks = static_cast<int>(Links.size());
 		if (NumOneSided > 0)
 		{
-			Findings.Warnings.push_back(std::to_string(NumOneSided) + " links are known to one of their pins only");
+			WarnOfFile(std::to_string(NumOneSided) + " links are known to one of their pins only");
 		}
 	}
 
@@ -372,6 +429,9 @@ private:
 	FBinaryPackageFindings& Findings;
 	FBinaryProperties Properties;
 	std::vector<std::vector<int32_t>> Children;
+	/** Objects that were written, or left out on purpose. */
+	std::size_t NumSeen = 0;
+	std::size_t NumWarnings = 0;
 	std::string Body;
 	std::map<std::string, std::string> AssetTags;
 	std::set<std::pair<FPinKey, FPinKey>> Links;
@@ -420,6 +480,6 @@ bool ReadBinaryHeader(const std::string_view Bytes, const std::string& PackageNa
 	std::string& OutRefusal)
 {
 	FBinaryTables Tables;
-	return Tables.Read(Bytes, PackageName, OutRefusal)
+	return Tables.ReadHead(Bytes, PackageName, OutRefusal)
 		&& BinaryPackageText::MakeHeader(Tables, Bytes, PackageName, OutHeader, OutRefusal);
 }

@@ -1,68 +1,73 @@
 #include "BinaryPackage/BinaryProperties.h"
 
+#include <algorithm>
+#include <string_view>
+#include <type_traits>
+#include <unordered_map>
+#include <utility>
+
 #include "BinaryPackage/BinaryStructs.h"
 #include "BinaryPackage/BinaryText.h"
 
 namespace BinaryProperties
 {
-/** Structs within structs, and types within types. */
+/** Structs within structs, and containers within containers. */
 constexpr int MaxDepth = 48;
 
-static FBinaryType MakeType(std::string Name)
-{
-	return {std::move(Name), {}};
-}
-
-static FBinaryType MakeType(std::string Name, std::string Parameter)
-{
-	return {std::move(Name), {MakeType(std::move(Parameter))}};
-}
-
 /** The entry of an enum, without the enum in front. */
-static std::string EntryOf(const std::string& Name)
+static std::string_view EntryOf(const std::string& Name)
 {
 	const std::size_t At = Name.rfind("::");
-	return At == std::string::npos ? Name : Name.substr(At + 2);
+	return At == std::string::npos ? std::string_view(Name) : std::string_view(Name).substr(At + 2);
 }
 
-static bool IsObject(const std::string& Type)
+static bool IsObject(const std::string& Kind)
 {
-	return Type == "ObjectProperty" || Type == "ClassProperty" || Type == "WeakObjectProperty"
-		|| Type == "InterfaceProperty" || Type == "ObjectPtrProperty" || Type == "ClassPtrProperty"
-		|| Type == "AssetObjectPtrProperty";
+	static constexpr std::string_view Kinds[] = {"ObjectProperty", "ClassProperty", "WeakObjectProperty",
+		"InterfaceProperty", "ObjectPtrProperty", "ClassPtrProperty", "AssetObjectPtrProperty"};
+	for (const std::string_view Known : Kinds)
+	{
+		if (Kind == Known)
+		{
+			return true;
+		}
+	}
+	return false;
+}
+/** Before 5.4 an array of structs has one more tag for all of them, and the room tells bytes from names. */
+static FBinaryType ReadElementType(
+	FBinaryCursor& Cursor, const FBinaryTables& Tables, const FBinaryType& Array, const int32_t Count)
+{
+	const FBinaryType& Element = Array.GetParameter(0);
+	if (FBinaryTag::HasWholeTypes(Tables))
+	{
+		return Element;
+	}
+	if (Element.Name == "StructProperty")
+	{
+		FBinaryTag OfAll;
+		OfAll.Read(Cursor, Tables);
+		return OfAll.Type;
+	}
+	const bool bNames = Element.Name == "ByteProperty" && Cursor.GetLeft() == static_cast<std::size_t>(Count) * 8;
+	return bNames ? FBinaryType{"EnumProperty", {}} : Element;
 }
 
-static std::string JoinElement(const std::string& List, const std::string& Element)
+/** Members of an author's own structs may bear any name; one that is no plain word stands in quotes. */
+static std::string SpellMember(const std::string& Name)
 {
-	return List.empty() ? Element : List + "," + Element;
-}
-
-static std::string DescribeType(const FBinaryType& Type)
-{
-	return Type.Parameters.empty() ? Type.Name : Type.Name + " of " + Type.GetFirst();
+	const auto IsPlain = [](const char Char)
+	{
+		return (Char >= 'a' && Char <= 'z') || (Char >= 'A' && Char <= 'Z') || (Char >= '0' && Char <= '9')
+			|| Char == '_' || static_cast<unsigned char>(Char) >= 0x80;
+	};
+	return std::all_of(Name.begin(), Name.end(), IsPlain) ? Name : BinaryText::Quote(Name);
 }
 } // namespace BinaryProperties
 
-struct FBinaryProperties::FTag
-{
-	std::string Name;
-	FBinaryType Type;
-	int32_t Size = 0;
-	int32_t Index = 0;
-	/** A bool's value lies in its tag. */
-	bool bValue = false;
-	/** Behind the name "None": no tag. */
-	bool bIsEnd = false;
-};
-
-const std::string& FBinaryType::GetFirst() const
-{
-	static const std::string None;
-	return Parameters.empty() ? None : Parameters.front().Name;
-}
-
 bool FBinaryProperties::Read(FBinaryCursor& Cursor, std::vector<FBinaryProperty>& OutProperties)
 {
+	NumTextBytes = 0;
 	return ReadList(Cursor, OutProperties, 0);
 }
 
@@ -75,8 +80,8 @@ bool FBinaryProperties::ReadList(FBinaryCursor& Cursor, std::vector<FBinaryPrope
 {
 	for (;;)
 	{
-		FTag Tag;
-		if (!ReadTag(Cursor, Tag) || Depth > BinaryProperties::MaxDepth)
+		FBinaryTag Tag;
+		if (!Tag.Read(Cursor, Tables) || Depth > BinaryProperties::MaxDepth || NumTextBytes > Tables.GetTextLimit())
 		{
 			Cursor.Fail();
 			return false;
@@ -85,354 +90,300 @@ bool FBinaryProperties::ReadList(FBinaryCursor& Cursor, std::vector<FBinaryPrope
 		{
 			return true;
 		}
-		FBinaryCursor Part = Cursor.Part(static_cast<std::size_t>(Tag.Size));
-		FBinaryProperty Property{Tag.Name, Tag.Index, {}, 0};
-		if (Tag.Type.Name == "BoolProperty")
-		{
-			Property.Value = Tag.bValue ? "True" : "False";
-		}
-		else if (BinaryProperties::IsObject(Tag.Type.Name))
-		{
-			Property.Object = Part.ReadInt();
-			Property.Value = Tables.QuoteReference(Property.Object);
-		}
-		else
-		{
-			Property.Value = ReadBounded(Part, Tag.Type, Depth);
-		}
-		if (Part.IsAtEnd() && !Cursor.HasFailed())
-		{
-			OutProperties.push_back(std::move(Property));
-		}
-		else
-		{
-			PassedOver.push_back(Tag.Name + " (" + BinaryProperties::DescribeType(Tag.Type) + ")");
-		}
+		ReadOne(Cursor, Tag, Depth, OutProperties);
 	}
 }
 
-bool FBinaryProperties::ReadTag(FBinaryCursor& Cursor, FTag& OutTag)
+void FBinaryProperties::ReadOne(
+	FBinaryCursor& Cursor, const FBinaryTag& Tag, const int Depth, std::vector<FBinaryProperty>& OutProperties)
 {
-	OutTag.Name = Tables.ReadName(Cursor);
-	OutTag.bIsEnd = OutTag.Name == "None";
-	if (OutTag.bIsEnd || Cursor.HasFailed())
+	FBinaryCursor Part = Cursor.Part(static_cast<std::size_t>(Tag.Size));
+	FBinaryProperty Property{Tag.Name, Tag.Index, {}, 0};
+	if (Tag.Type.Name == "BoolProperty")
 	{
-		return !Cursor.HasFailed();
+		Property.Value = Tag.bValue ? "True" : "False";
 	}
-	if (!HasTypeTrees())
+	else if (BinaryProperties::IsObject(Tag.Type.Name))
 	{
-		ReadLegacyType(Cursor, OutTag);
-		return !Cursor.HasFailed() && OutTag.Size >= 0;
+		Property.Object = Part.ReadInt();
+		Property.Value = Tables.QuoteReference(Property.Object);
 	}
-	OutTag.Type = ReadTypeTree(Cursor, 0);
-	OutTag.Size = Cursor.ReadInt();
-	const uint8_t Flags = Cursor.Read<uint8_t>();
-	OutTag.Index = (Flags & 1) != 0 ? Cursor.ReadInt() : 0;
-	Cursor.Skip((Flags & 2) != 0 ? 16 : 0);
-	if ((Flags & 4) != 0 && (Cursor.Read<uint8_t>() & 2) != 0)
+	else
 	{
-		Cursor.Skip(5);
+		ReadBounded(Part, Tag.Type, Depth, Property.Value);
 	}
-	OutTag.bValue = (Flags & 16) != 0;
-	return !Cursor.HasFailed() && OutTag.Size >= 0;
-}
-
-/** Before 5.4 a tag spells its type by what each kind needs; it becomes the tree that later files hold. */
-void FBinaryProperties::ReadLegacyType(FBinaryCursor& Cursor, FTag& OutTag)
-{
-	const std::string Kind = Tables.ReadName(Cursor);
-	OutTag.Size = Cursor.ReadInt();
-	OutTag.Index = Cursor.ReadInt();
-	OutTag.Type = BinaryProperties::MakeType(Kind);
-	if (Kind == "StructProperty")
+	NumTextBytes += Tag.Name.size() + Property.Value.size();
+	if (Part.IsAtEnd() && !Cursor.HasFailed())
 	{
-		OutTag.Type = BinaryProperties::MakeType(Kind, Tables.ReadName(Cursor));
-		Cursor.Skip(16);
+		OutProperties.push_back(std::move(Property));
 	}
-	else if (Kind == "BoolProperty")
+	else
 	{
-		OutTag.bValue = Cursor.Read<uint8_t>() != 0;
+		PassedOver.push_back(Tag.Name + " (" + Tag.Type.Describe() + ")");
 	}
-	else if (Kind == "ByteProperty" || Kind == "EnumProperty")
-	{
-		const std::string Enum = Tables.ReadName(Cursor);
-		OutTag.Type = Enum == "None" ? OutTag.Type : BinaryProperties::MakeType(Kind, Enum);
-	}
-	else if (Kind == "ArrayProperty" || Kind == "SetProperty" || Kind == "OptionalProperty")
-	{
-		OutTag.Type = BinaryProperties::MakeType(Kind, Tables.ReadName(Cursor));
-	}
-	else if (Kind == "MapProperty")
-	{
-		OutTag.Type = BinaryProperties::MakeType(Kind, Tables.ReadName(Cursor));
-		OutTag.Type.Parameters.push_back(BinaryProperties::MakeType(Tables.ReadName(Cursor)));
-	}
-	if (Cursor.Read<uint8_t>() != 0)
-	{
-		Cursor.Skip(16);
-	}
-	if (Tables.GetVersions().Ue5 >= 1011 && (Cursor.Read<uint8_t>() & 2) != 0)
-	{
-		Cursor.Skip(5);
-	}
-}
-
-FBinaryType FBinaryProperties::ReadTypeTree(FBinaryCursor& Cursor, const int Depth)
-{
-	FBinaryType Type = BinaryProperties::MakeType(Tables.ReadName(Cursor));
-	const int32_t Count = Cursor.ReadCount(12);
-	if (Depth > BinaryProperties::MaxDepth)
-	{
-		Cursor.Fail();
-	}
-	for (int32_t Index = 0; Index < Count && !Cursor.HasFailed(); ++Index)
-	{
-		Type.Parameters.push_back(ReadTypeTree(Cursor, Depth + 1));
-	}
-	return Type;
 }
 
 /** A struct with a form of its own may be written with tags after all, which only the end of its bytes tells. */
-std::string FBinaryProperties::ReadBounded(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth)
+void FBinaryProperties::ReadBounded(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth, std::string& Out)
 {
 	FBinaryCursor Again = Cursor;
-	const std::string Value = ReadValue(Cursor, Type, Depth);
-	if (Cursor.IsAtEnd() || Type.Name != "StructProperty")
+	const std::size_t Before = Out.size();
+	ReadValue(Cursor, Type, Depth, Out);
+	if (!Cursor.IsAtEnd() && Type.Name == "StructProperty" && BinaryStructs::Knows(Type.GetFirst()))
 	{
-		return Value;
+		Cursor = Again;
+		Out.resize(Before);
+		ReadTaggedStruct(Cursor, Depth, Out);
 	}
-	Cursor = Again;
-	return ReadTaggedStruct(Cursor, Depth);
 }
 
-std::string FBinaryProperties::ReadValue(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth)
+void FBinaryProperties::ReadValue(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth, std::string& Out)
 {
-	const std::string& Kind = Type.Name;
-	if (Depth > BinaryProperties::MaxDepth)
+	const FValueReader Reader = FindReader(Type.Name);
+	if (!Reader || Depth > BinaryProperties::MaxDepth)
 	{
 		Cursor.Fail();
-		return std::string();
+		return;
 	}
-	if (BinaryProperties::IsObject(Kind))
-	{
-		return Tables.QuoteReference(Cursor.ReadInt());
-	}
-	if (Kind == "StructProperty")
-	{
-		return ReadStruct(Cursor, Type.GetFirst(), Depth);
-	}
-	if (Kind == "ArrayProperty")
-	{
-		return ReadArray(Cursor, Type, Depth);
-	}
-	if (Kind == "SetProperty")
-	{
-		return ReadSet(Cursor, Type, Depth);
-	}
-	if (Kind == "MapProperty")
-	{
-		return ReadMap(Cursor, Type, Depth);
-	}
-	if (Kind == "ByteProperty")
-	{
-		return ReadByte(Cursor, Type);
-	}
-	if (Kind == "EnumProperty")
-	{
-		return BinaryProperties::EntryOf(Tables.ReadName(Cursor));
-	}
-	if (Kind == "NameProperty")
-	{
-		return BinaryText::Quote(Tables.ReadName(Cursor));
-	}
-	if (Kind == "StrProperty")
-	{
-		return BinaryText::Quote(Cursor.ReadString());
-	}
-	if (Kind == "TextProperty")
-	{
-		return BinaryText::ReadText(Cursor, Tables);
-	}
-	if (Kind == "BoolProperty")
-	{
-		return Cursor.Read<uint8_t>() != 0 ? "True" : "False";
-	}
-	if (Kind == "SoftObjectProperty" || Kind == "SoftClassProperty")
-	{
-		const std::string Path = Tables.ReadSoftPath(Cursor);
-		return Path.empty() ? "None" : BinaryText::Quote(Path);
-	}
-	if (Kind == "LazyObjectProperty")
-	{
-		return BinaryStructs::ReadGuid(Cursor);
-	}
-	if (Kind == "FloatProperty")
-	{
-		return BinaryText::Number(Cursor.Read<float>());
-	}
-	if (Kind == "DoubleProperty")
-	{
-		return BinaryText::Number(Cursor.Read<double>());
-	}
-	if (Kind == "IntProperty")
-	{
-		return std::to_string(Cursor.ReadInt());
-	}
-	if (Kind == "Int64Property")
-	{
-		return std::to_string(Cursor.Read<int64_t>());
-	}
-	if (Kind == "UInt32Property")
-	{
-		return std::to_string(Cursor.Read<uint32_t>());
-	}
-	if (Kind == "UInt64Property")
-	{
-		return std::to_string(Cursor.Read<uint64_t>());
-	}
-	if (Kind == "Int16Property")
-	{
-		return std::to_string(Cursor.Read<int16_t>());
-	}
-	if (Kind == "UInt16Property")
-	{
-		return std::to_string(Cursor.Read<uint16_t>());
-	}
-	if (Kind == "Int8Property")
-	{
-		return std::to_string(Cursor.Read<int8_t>());
-	}
-	if (Kind == "DelegateProperty")
-	{
-		return ReadDelegate(Cursor);
-	}
-	if (Kind == "MulticastDelegateProperty" || Kind == "MulticastInlineDelegateProperty"
-		|| Kind == "MulticastSparseDelegateProperty")
-	{
-		std::string List;
-		for (int32_t Count = Cursor.ReadCount(12); Count > 0; --Count)
-		{
-			List = BinaryProperties::JoinElement(List, ReadDelegate(Cursor));
-		}
-		return "(" + List + ")";
-	}
-	if (Kind == "FieldPathProperty")
-	{
-		return ReadFieldPath(Cursor);
-	}
-	Cursor.Fail();
-	return std::string();
+	(this->*Reader)(Cursor, Type, Depth, Out);
 }
 
-std::string FBinaryProperties::ReadDelegate(FBinaryCursor& Cursor)
+FBinaryProperties::FValueReader FBinaryProperties::FindReader(const std::string& Kind)
+{
+	using FThis = FBinaryProperties;
+	static const std::unordered_map<std::string_view, FValueReader> Readers = {
+		{"ObjectProperty", &FThis::ReadObject},
+		{"ClassProperty", &FThis::ReadObject},
+		{"WeakObjectProperty", &FThis::ReadObject},
+		{"InterfaceProperty", &FThis::ReadObject},
+		{"ObjectPtrProperty", &FThis::ReadObject},
+		{"ClassPtrProperty", &FThis::ReadObject},
+		{"AssetObjectPtrProperty", &FThis::ReadObject},
+		{"SoftObjectProperty", &FThis::ReadSoftObject},
+		{"SoftClassProperty", &FThis::ReadSoftObject},
+		{"LazyObjectProperty", &FThis::ReadGuid},
+		{"StructProperty", &FThis::ReadStruct},
+		{"ArrayProperty", &FThis::ReadArray},
+		{"SetProperty", &FThis::ReadSet},
+		{"MapProperty", &FThis::ReadMap},
+		{"OptionalProperty", &FThis::ReadOptional},
+		{"BoolProperty", &FThis::ReadBool},
+		{"ByteProperty", &FThis::ReadByte},
+		{"EnumProperty", &FThis::ReadEnum},
+		{"NameProperty", &FThis::ReadName},
+		{"StrProperty", &FThis::ReadString},
+		{"TextProperty", &FThis::ReadText},
+		{"FloatProperty", &FThis::ReadNumber<float>},
+		{"DoubleProperty", &FThis::ReadNumber<double>},
+		{"Int8Property", &FThis::ReadNumber<int8_t>},
+		{"Int16Property", &FThis::ReadNumber<int16_t>},
+		{"IntProperty", &FThis::ReadNumber<int32_t>},
+		{"Int64Property", &FThis::ReadNumber<int64_t>},
+		{"UInt16Property", &FThis::ReadNumber<uint16_t>},
+		{"UInt32Property", &FThis::ReadNumber<uint32_t>},
+		{"UInt64Property", &FThis::ReadNumber<uint64_t>},
+		{"DelegateProperty", &FThis::ReadDelegate},
+		{"MulticastDelegateProperty", &FThis::ReadDelegates},
+		{"MulticastInlineDelegateProperty", &FThis::ReadDelegates},
+		{"MulticastSparseDelegateProperty", &FThis::ReadDelegates},
+		{"FieldPathProperty", &FThis::ReadFieldPath},
+	};
+	const auto Found = Readers.find(Kind);
+	return Found == Readers.end() ? nullptr : Found->second;
+}
+
+void FBinaryProperties::Bound(FBinaryCursor& Cursor, const std::string& Out) const
+{
+	if (Out.size() > Tables.GetTextLimit())
+	{
+		Cursor.Fail();
+	}
+}
+
+template <class TNumber>
+void FBinaryProperties::ReadNumber(FBinaryCursor& Cursor, const FBinaryType&, int, std::string& Out)
+{
+	if constexpr (std::is_floating_point_v<TNumber>)
+	{
+		Out += BinaryText::Number(Cursor.Read<TNumber>());
+	}
+	else
+	{
+		Out += std::to_string(Cursor.Read<TNumber>());
+	}
+}
+
+void FBinaryProperties::ReadObject(FBinaryCursor& Cursor, const FBinaryType&, int, std::string& Out)
+{
+	Out += Tables.QuoteReference(Cursor.ReadInt());
+}
+
+void FBinaryProperties::ReadBool(FBinaryCursor& Cursor, const FBinaryType&, int, std::string& Out)
+{
+	Out += Cursor.Read<uint8_t>() != 0 ? "True" : "False";
+}
+
+/** A number, or the name of an entry where there is an enum; a single byte is a number whatever its type says. */
+void FBinaryProperties::ReadByte(FBinaryCursor& Cursor, const FBinaryType& Type, int, std::string& Out)
+{
+	if (Type.Parameters.empty() || Cursor.GetLeft() == 1)
+	{
+		Out += std::to_string(Cursor.Read<uint8_t>());
+		return;
+	}
+	Out += BinaryProperties::EntryOf(Tables.ReadName(Cursor));
+}
+
+void FBinaryProperties::ReadEnum(FBinaryCursor& Cursor, const FBinaryType&, int, std::string& Out)
+{
+	Out += BinaryProperties::EntryOf(Tables.ReadName(Cursor));
+}
+
+void FBinaryProperties::ReadName(FBinaryCursor& Cursor, const FBinaryType&, int, std::string& Out)
+{
+	Out += BinaryText::Quote(Tables.ReadName(Cursor));
+}
+
+void FBinaryProperties::ReadString(FBinaryCursor& Cursor, const FBinaryType&, int, std::string& Out)
+{
+	Out += BinaryText::Quote(Cursor.ReadString());
+}
+
+void FBinaryProperties::ReadText(FBinaryCursor& Cursor, const FBinaryType&, int, std::string& Out)
+{
+	Out += BinaryText::ReadText(Cursor, Tables);
+}
+
+void FBinaryProperties::ReadSoftObject(FBinaryCursor& Cursor, const FBinaryType&, int, std::string& Out)
+{
+	const std::string Path = Tables.ReadSoftPath(Cursor);
+	Out += Path.empty() ? "None" : BinaryText::Quote(Path);
+}
+
+void FBinaryProperties::ReadGuid(FBinaryCursor& Cursor, const FBinaryType&, int, std::string& Out)
+{
+	Out += BinaryStructs::ReadGuid(Cursor);
+}
+
+void FBinaryProperties::ReadDelegate(FBinaryCursor& Cursor, const FBinaryType&, int, std::string& Out)
 {
 	const std::string Object = Tables.PathOf(Cursor.ReadInt());
-	const std::string Function = Tables.ReadName(Cursor);
-	return Object.empty() ? "(null)." + Function : Object + "." + Function;
+	Out.append(Object.empty() ? "(null)" : Object).append(".").append(Tables.ReadName(Cursor));
+}
+
+void FBinaryProperties::ReadDelegates(FBinaryCursor& Cursor, const FBinaryType&, const int Depth, std::string& Out)
+{
+	const FBinaryType Single{"DelegateProperty", {}};
+	Out += '(';
+	ReadElements(Cursor, Cursor.ReadCount(12), Single, Depth, Out);
+	Out += ')';
 }
 
 /** The names come from the field up to what its owner holds. */
-std::string FBinaryProperties::ReadFieldPath(FBinaryCursor& Cursor)
+void FBinaryProperties::ReadFieldPath(FBinaryCursor& Cursor, const FBinaryType&, int, std::string& Out)
 {
 	std::string Path;
-	for (int32_t Count = Cursor.ReadCount(8); Count > 0; --Count)
+	for (int32_t Count = Cursor.ReadCount(8); Count > 0 && !Cursor.HasFailed(); --Count)
 	{
 		const std::string Name = Tables.ReadName(Cursor);
 		Path = Path.empty() ? Name : Name + "." + Path;
+		Bound(Cursor, Path);
 	}
 	const std::string Owner = Tables.PathOf(Cursor.ReadInt());
-	return Path.empty() ? "None" : BinaryText::Quote(Owner + ":" + Path);
+	Out += Path.empty() ? "None" : BinaryText::Quote(Owner + ":" + Path);
 }
 
-/** A number, or the name of an entry where there is an enum; the room that a single value has tells in doubt. */
-std::string FBinaryProperties::ReadByte(FBinaryCursor& Cursor, const FBinaryType& Type)
+/** Values that follow one another. One that takes no bytes would go on for ever, and is none. */
+void FBinaryProperties::ReadElements(
+	FBinaryCursor& Cursor, const int32_t Count, const FBinaryType& Type, const int Depth, std::string& Out)
 {
-	return Type.Parameters.empty() ? std::to_string(Cursor.Read<uint8_t>())
-								   : BinaryProperties::EntryOf(Tables.ReadName(Cursor));
-}
-
-std::string FBinaryProperties::ReadArray(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth)
-{
-	const int32_t Count = Cursor.ReadCount(0);
-	FBinaryType Element = Type.Parameters.empty() ? FBinaryType() : Type.Parameters.front();
-	if (!HasTypeTrees() && Element.Name == "StructProperty")
+	const FValueReader Reader = FindReader(Type.Name);
+	if (Depth > BinaryProperties::MaxDepth || (!Reader && Count > 0))
 	{
-		FTag Inner;
-		ReadTag(Cursor, Inner);
-		Element = Inner.Type;
+		Cursor.Fail();
 	}
-	else if (!HasTypeTrees() && Element.Name == "ByteProperty"
-		&& Cursor.GetLeft() == static_cast<std::size_t>(Count) * 8)
-	{
-		Element = Count > 0 ? BinaryProperties::MakeType("EnumProperty") : Element;
-	}
-	std::string List;
 	for (int32_t Index = 0; Index < Count && !Cursor.HasFailed(); ++Index)
 	{
 		const std::size_t Before = Cursor.GetLeft();
-		List = BinaryProperties::JoinElement(List, ReadValue(Cursor, Element, Depth + 1));
+		Out.append(Index > 0 ? "," : "");
+		(this->*Reader)(Cursor, Type, Depth, Out);
+		Bound(Cursor, Out);
 		if (Cursor.GetLeft() == Before)
 		{
 			Cursor.Fail();
 		}
 	}
-	return "(" + List + ")";
 }
 
-std::string FBinaryProperties::ReadSet(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth)
+/** What a set or map lost against its parent's; it has no place in text. */
+void FBinaryProperties::SkipRemoved(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth)
 {
-	const FBinaryType Element = Type.Parameters.empty() ? FBinaryType() : Type.Parameters.front();
-	for (int32_t NumRemoved = Cursor.ReadCount(1); NumRemoved > 0 && !Cursor.HasFailed(); --NumRemoved)
-	{
-		ReadValue(Cursor, Element, Depth + 1);
-	}
-	std::string List;
-	for (int32_t Count = Cursor.ReadCount(1); Count > 0 && !Cursor.HasFailed(); --Count)
-	{
-		List = BinaryProperties::JoinElement(List, ReadValue(Cursor, Element, Depth + 1));
-	}
-	return "(" + List + ")";
+	std::string Ignored;
+	ReadElements(Cursor, Cursor.ReadCount(1), Type, Depth + 1, Ignored);
 }
 
-std::string FBinaryProperties::ReadMap(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth)
+void FBinaryProperties::ReadArray(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth, std::string& Out)
 {
-	if (Type.Parameters.size() < 2)
-	{
-		Cursor.Fail();
-		return std::string();
-	}
-	for (int32_t NumRemoved = Cursor.ReadCount(1); NumRemoved > 0 && !Cursor.HasFailed(); --NumRemoved)
-	{
-		ReadValue(Cursor, Type.Parameters[0], Depth + 1);
-	}
-	std::string List;
-	for (int32_t Count = Cursor.ReadCount(1); Count > 0 && !Cursor.HasFailed(); --Count)
-	{
-		const std::string Key = ReadValue(Cursor, Type.Parameters[0], Depth + 1);
-		const std::string Value = ReadValue(Cursor, Type.Parameters[1], Depth + 1);
-		List = BinaryProperties::JoinElement(List, "(" + Key + ", " + Value + ")");
-	}
-	return "(" + List + ")";
+	const int32_t Count = Cursor.ReadCount(1);
+	const FBinaryType Element = BinaryProperties::ReadElementType(Cursor, Tables, Type, Count);
+	Out += '(';
+	ReadElements(Cursor, Count, Element, Depth + 1, Out);
+	Out += ')';
 }
 
-std::string FBinaryProperties::ReadStruct(FBinaryCursor& Cursor, const std::string& Struct, const int Depth)
+void FBinaryProperties::ReadSet(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth, std::string& Out)
 {
-	if (std::optional<std::string> Native = BinaryStructs::Read(Cursor, Tables, Struct))
-	{
-		return *Native;
-	}
-	return ReadTaggedStruct(Cursor, Depth);
+	SkipRemoved(Cursor, Type.GetParameter(0), Depth);
+	Out += '(';
+	ReadElements(Cursor, Cursor.ReadCount(1), Type.GetParameter(0), Depth + 1, Out);
+	Out += ')';
 }
 
-std::string FBinaryProperties::ReadTaggedStruct(FBinaryCursor& Cursor, const int Depth)
+void FBinaryProperties::ReadMap(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth, std::string& Out)
+{
+	SkipRemoved(Cursor, Type.GetParameter(0), Depth);
+	const int32_t Count = Cursor.ReadCount(2);
+	Out += '(';
+	for (int32_t Index = 0; Index < Count && !Cursor.HasFailed(); ++Index)
+	{
+		Out.append(Index > 0 ? ",(" : "(");
+		ReadValue(Cursor, Type.GetParameter(0), Depth + 1, Out);
+		Out.append(", ");
+		ReadValue(Cursor, Type.GetParameter(1), Depth + 1, Out);
+		Out += ')';
+		Bound(Cursor, Out);
+	}
+	Out += ')';
+}
+
+void FBinaryProperties::ReadOptional(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth, std::string& Out)
+{
+	Out += '(';
+	if (Cursor.ReadBool())
+	{
+		ReadValue(Cursor, Type.GetParameter(0), Depth + 1, Out);
+	}
+	Out += ')';
+}
+
+void FBinaryProperties::ReadStruct(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth, std::string& Out)
+{
+	if (!BinaryStructs::Read(Cursor, Tables, Type.GetFirst(), Out))
+	{
+		ReadTaggedStruct(Cursor, Depth, Out);
+	}
+}
+
+void FBinaryProperties::ReadTaggedStruct(FBinaryCursor& Cursor, const int Depth, std::string& Out)
 {
 	std::vector<FBinaryProperty> Members;
 	ReadList(Cursor, Members, Depth + 1);
-	std::string List;
+	Out += '(';
 	for (const FBinaryProperty& Member : Members)
 	{
-		const std::string Place = Member.Index > 0 ? "[" + std::to_string(Member.Index) + "]" : std::string();
-		List = BinaryProperties::JoinElement(List, Member.Name + Place + "=" + Member.Value);
+		Out.append(&Member == Members.data() ? "" : ",").append(BinaryProperties::SpellMember(Member.Name));
+		Out.append(Member.Index > 0 ? "[" + std::to_string(Member.Index) + "]" : std::string());
+		Out.append("=").append(Member.Value);
 	}
-	return "(" + List + ")";
+	Out += ')';
 }

@@ -1,21 +1,10 @@
 #pragma once
 
-#include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "BinaryPackage/BinaryTables.h"
-
-/** A property's type as the file spells it: "ArrayProperty" with what it holds as parameter, and so on down. */
-struct FBinaryType
-{
-	std::string Name;
-	std::vector<FBinaryType> Parameters;
-
-	/** The name of the first parameter, empty without one: the struct of a struct, the enum of an enum. */
-	const std::string& GetFirst() const;
-};
+#include "BinaryPackage/BinaryTags.h"
 
 /** One property of an object, with its value as object text. */
 struct FBinaryProperty
@@ -66,24 +55,45 @@ public:
 	std::vector<std::string> TakePassedOver();
 
 private:
-	struct FTag;
+	/** Appends one value as object text; fails the cursor where the bytes are none of that kind. */
+	using FValueReader = void (FBinaryProperties::*)(
+		FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
 
-	bool ReadTag(FBinaryCursor& Cursor, FTag& OutTag);
-	void ReadLegacyType(FBinaryCursor& Cursor, FTag& OutTag);
-	FBinaryType ReadTypeTree(FBinaryCursor& Cursor, int Depth);
+	/** Null for a kind that is not known. */
+	static FValueReader FindReader(const std::string& Kind);
+
 	bool ReadList(FBinaryCursor& Cursor, std::vector<FBinaryProperty>& OutProperties, int Depth);
-	std::string ReadValue(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth);
-	std::string ReadBounded(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth);
-	std::string ReadTaggedStruct(FBinaryCursor& Cursor, int Depth);
-	std::string ReadDelegate(FBinaryCursor& Cursor);
-	std::string ReadFieldPath(FBinaryCursor& Cursor);
-	std::string ReadByte(FBinaryCursor& Cursor, const FBinaryType& Type);
-	std::string ReadArray(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth);
-	std::string ReadSet(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth);
-	std::string ReadMap(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth);
-	std::string ReadStruct(FBinaryCursor& Cursor, const std::string& Struct, int Depth);
-	bool HasTypeTrees() const { return Tables.GetVersions().Ue5 >= 1012; }
+	void ReadOne(FBinaryCursor& Cursor, const FBinaryTag& Tag, int Depth, std::vector<FBinaryProperty>& OutProperties);
+	void ReadValue(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadBounded(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadElements(FBinaryCursor& Cursor, int32_t Count, const FBinaryType& Type, int Depth, std::string& Out);
+	void SkipRemoved(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth);
+	void ReadTaggedStruct(FBinaryCursor& Cursor, int Depth, std::string& Out);
+	/** Fails the cursor when a value has outgrown what a file of this size can mean. */
+	void Bound(FBinaryCursor& Cursor, const std::string& Out) const;
+
+	template <class TNumber>
+	void ReadNumber(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadObject(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadStruct(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadArray(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadSet(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadMap(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadOptional(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadBool(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadByte(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadEnum(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadName(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadString(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadText(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadSoftObject(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadGuid(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadDelegate(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadDelegates(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	void ReadFieldPath(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
 
 	const FBinaryTables& Tables;
 	std::vector<std::string> PassedOver;
+	/** Of all values so far, inner ones counted with each struct around them. */
+	std::size_t NumTextBytes = 0;
 };

@@ -1,20 +1,16 @@
 #include "BinaryPackage/BinaryStructs.h"
 
-#include "Standalone/PreThirdParty.h"
-
-#include <fmt/format.h>
-
-#include "Standalone/PostThirdParty.h"
-
 #include <algorithm>
 #include <iterator>
+#include <string_view>
+#include <unordered_map>
 
 #include "BinaryPackage/BinaryProperties.h"
 #include "BinaryPackage/BinaryText.h"
 
 namespace BinaryStructs
 {
-enum class ENumber
+enum class ENumber : uint8_t
 {
 	/** Of double precision since 5.0. */
 	Large,
@@ -23,84 +19,110 @@ enum class ENumber
 	Int32,
 	Int64,
 	Byte,
+	Bool,
 };
 
-/** A struct of numbers alone: the names of its members, apart by blanks, in the order of the file. */
-struct FNumberStruct
+/** What a struct's reader knows of it: the names of its members in the order of the file, and their kind. */
+struct FShape
 {
-	std::string_view Name;
 	std::string_view Members;
-	ENumber Number;
+	ENumber Number = ENumber::Large;
 };
 
-constexpr FNumberStruct NumberStructs[] = {
-	{"Vector", "X Y Z", ENumber::Large},
-	{"Rotator", "Pitch Yaw Roll", ENumber::Large},
-	{"Vector2D", "X Y", ENumber::Large},
-	{"Vector4", "X Y Z W", ENumber::Large},
-	{"Quat", "X Y Z W", ENumber::Large},
-	{"Plane", "X Y Z W", ENumber::Large},
-	{"LinearColor", "R G B A", ENumber::Float},
-	{"Vector2f", "X Y", ENumber::Float},
-	{"Vector3f", "X Y Z", ENumber::Float},
-	{"Vector4f", "X Y Z W", ENumber::Float},
-	{"Quat4f", "X Y Z W", ENumber::Float},
-	{"DeprecateSlateVector2D", "X Y", ENumber::Float},
-	{"Vector3d", "X Y Z", ENumber::Double},
-	{"Vector2d", "X Y", ENumber::Double},
-	{"Rotator3d", "Pitch Yaw Roll", ENumber::Double},
-	{"Color", "B G R A", ENumber::Byte},
-	{"IntPoint", "X Y", ENumber::Int32},
-	{"IntVector", "X Y Z", ENumber::Int32},
-	{"IntVector2", "X Y", ENumber::Int32},
-	{"IntVector4", "X Y Z W", ENumber::Int32},
-	{"FrameNumber", "Value", ENumber::Int32},
+using FReader = void (*)(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape& Shape, std::string& Out);
+
+struct FNativeStruct
+{
+	FReader Read = nullptr;
+	FShape Shape;
 };
 
-static std::string ReadNumber(FBinaryCursor& Cursor, const FBinaryTables& Tables, const ENumber Number)
+static void ReadNumber(FBinaryCursor& Cursor, const FBinaryTables& Tables, const ENumber Number, std::string& Out)
 {
 	switch (Number)
 	{
 	case ENumber::Large:
-		return Tables.GetVersions().Ue5 >= 1004 ? BinaryText::Number(Cursor.Read<double>())
+		Out += Tables.GetVersions().Ue5 >= 1004 ? BinaryText::Number(Cursor.Read<double>())
 												: BinaryText::Number(Cursor.Read<float>());
+		break;
 	case ENumber::Float:
-		return BinaryText::Number(Cursor.Read<float>());
+		Out += BinaryText::Number(Cursor.Read<float>());
+		break;
 	case ENumber::Double:
-		return BinaryText::Number(Cursor.Read<double>());
+		Out += BinaryText::Number(Cursor.Read<double>());
+		break;
 	case ENumber::Int32:
-		return std::to_string(Cursor.ReadInt());
+		Out += std::to_string(Cursor.ReadInt());
+		break;
 	case ENumber::Int64:
-		return std::to_string(Cursor.Read<int64_t>());
+		Out += std::to_string(Cursor.Read<int64_t>());
+		break;
 	case ENumber::Byte:
-		return std::to_string(Cursor.Read<uint8_t>());
+		Out += std::to_string(Cursor.Read<uint8_t>());
+		break;
+	case ENumber::Bool:
+		Out += Cursor.ReadBool() ? "True" : "False";
+		break;
 	}
-	return std::string();
 }
 
-static std::string ReadNumbers(
-	FBinaryCursor& Cursor, const FBinaryTables& Tables, std::string_view Members, const ENumber Number)
+/** Numbers alone: "(X=1.0,Y=2.0)". */
+static void ReadNumbers(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape& Shape, std::string& Out)
 {
-	std::string Out = "(";
-	while (!Members.empty())
+	char Before = '(';
+	for (std::string_view Left = Shape.Members; !Left.empty();)
 	{
-		const std::size_t End = std::min(Members.find(' '), Members.size());
-		Out.append(Out.size() > 1 ? "," : "").append(Members.substr(0, End)).append("=");
-		Out += ReadNumber(Cursor, Tables, Number);
-		Members.remove_prefix(std::min(End + 1, Members.size()));
+		const std::size_t End = std::min(Left.find(' '), Left.size());
+		Out += Before;
+		Out.append(Left.substr(0, End)).append("=");
+		ReadNumber(Cursor, Tables, Shape.Number, Out);
+		Left.remove_prefix(std::min(End + 1, Left.size()));
+		Before = ',';
 	}
-	return Out + ")";
+	Out += ')';
 }
 
-static std::string ReadBox(FBinaryCursor& Cursor, const FBinaryTables& Tables, const std::string_view Members)
+static void ReadMatrix(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape& Shape, std::string& Out)
 {
-	const std::string Min = ReadNumbers(Cursor, Tables, Members, ENumber::Large);
-	const std::string Max = ReadNumbers(Cursor, Tables, Members, ENumber::Large);
-	const bool bValid = Cursor.Read<uint8_t>() != 0;
-	return "(Min=" + Min + ",Max=" + Max + (bValid ? ",IsValid=True)" : ",IsValid=False)");
+	for (const char* const Plane : {"(XPlane=", ",YPlane=", ",ZPlane=", ",WPlane="})
+	{
+		Out += Plane;
+		ReadNumbers(Cursor, Tables, Shape, Out);
+	}
+	Out += ')';
 }
 
-static std::string ReadCurveKey(FBinaryCursor& Cursor)
+static void ReadTwoVectors(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape& Shape, std::string& Out)
+{
+	Out += "(v1=";
+	ReadNumbers(Cursor, Tables, Shape, Out);
+	Out += ",v2=";
+	ReadNumbers(Cursor, Tables, Shape, Out);
+	Out += ')';
+}
+
+static void ReadCorners(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape& Shape,
+	const std::string_view Valid, std::string& Out)
+{
+	Out += "(Min=";
+	ReadNumbers(Cursor, Tables, Shape, Out);
+	Out += ",Max=";
+	ReadNumbers(Cursor, Tables, Shape, Out);
+	Out.append(",").append(Valid).append(Cursor.Read<uint8_t>() != 0 ? "=True)" : "=False)");
+}
+
+static void ReadBox(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape& Shape, std::string& Out)
+{
+	ReadCorners(Cursor, Tables, Shape, "IsValid", Out);
+}
+
+/** The flat boxes have a prefix that the solid one lacks. */
+static void ReadFlatBox(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape& Shape, std::string& Out)
+{
+	ReadCorners(Cursor, Tables, Shape, "bIsValid", Out);
+}
+
+static void ReadCurveKey(FBinaryCursor& Cursor, const FBinaryTables&, const FShape&, std::string& Out)
 {
 	static constexpr const char* Interp[] = {"RCIM_Linear", "RCIM_Constant", "RCIM_Cubic", "RCIM_None"};
 	static constexpr const char* Tangent[] = {"RCTM_Auto", "RCTM_User", "RCTM_Break", "RCTM_None", "RCTM_SmartAuto"};
@@ -111,145 +133,148 @@ static std::string ReadCurveKey(FBinaryCursor& Cursor)
 		const std::size_t Index = Cursor.Read<uint8_t>();
 		return Index < std::size(Words) ? Words[Index] : Words[0];
 	};
-	std::string Out = fmt::format("(InterpMode={}", Pick(Interp));
-	Out += fmt::format(",TangentMode={}", Pick(Tangent));
-	Out += fmt::format(",TangentWeightMode={}", Pick(Weight));
+	Out.append("(InterpMode=").append(Pick(Interp));
+	Out.append(",TangentMode=").append(Pick(Tangent));
+	Out.append(",TangentWeightMode=").append(Pick(Weight));
 	for (const char* const Member :
 		{"Time", "Value", "ArriveTangent", "ArriveTangentWeight", "LeaveTangent", "LeaveTangentWeight"})
 	{
-		Out += fmt::format(",{}={}", Member, BinaryText::Number(Cursor.Read<float>()));
+		Out.append(",").append(Member).append("=").append(BinaryText::Number(Cursor.Read<float>()));
 	}
-	return Out + ")";
+	Out += ')';
 }
 
-static std::string ReadTags(FBinaryCursor& Cursor, const FBinaryTables& Tables)
+static void ReadTags(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape&, std::string& Out)
 {
-	std::string Tags;
 	const int32_t Count = Cursor.ReadCount(8);
-	for (int32_t Index = 0; Index < Count && !Cursor.HasFailed(); ++Index)
+	Out += Count > 0 ? "(GameplayTags=(" : "(";
+	for (int32_t Index = 0; Index < Count && !Cursor.HasFailed() && Out.size() <= Tables.GetTextLimit(); ++Index)
 	{
-		Tags.append(Tags.empty() ? "" : ",").append("(TagName=").append(BinaryText::Quote(Tables.ReadName(Cursor)));
-		Tags += ")";
+		Out.append(Index > 0 ? "," : "").append("(TagName=").append(BinaryText::Quote(Tables.ReadName(Cursor)));
+		Out += ')';
 	}
-	return Tags.empty() ? "()" : "(GameplayTags=(" + Tags + "))";
+	Out += Count > 0 ? "))" : ")";
 }
 
 /** What a value is without regard to the platform; those of single platforms stay behind. */
-static std::string ReadPerPlatform(FBinaryCursor& Cursor, const FBinaryTables& Tables, const std::string& Struct)
+static void ReadPerPlatform(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape& Shape, std::string& Out)
 {
-	const bool bFloat = Struct.ends_with("Float");
-	const bool bBool = Struct.ends_with("Bool");
-	const auto ReadOne = [&Cursor, bFloat, bBool]() -> std::string
-	{
-		if (bBool)
-		{
-			return Cursor.ReadBool() ? "True" : "False";
-		}
-		return bFloat ? BinaryText::Number(Cursor.Read<float>()) : std::to_string(Cursor.ReadInt());
-	};
 	const bool bCooked = Cursor.ReadBool();
-	const std::string Default = ReadOne();
+	Out += "(Default=";
+	ReadNumber(Cursor, Tables, Shape.Number, Out);
+	Out += ')';
 	const int32_t Count = bCooked ? 0 : Cursor.ReadCount(12);
+	std::string Ignored;
 	for (int32_t Index = 0; Index < Count && !Cursor.HasFailed(); ++Index)
 	{
 		Tables.ReadName(Cursor);
-		ReadOne();
+		ReadNumber(Cursor, Tables, Shape.Number, Ignored);
+		Ignored.clear();
 	}
-	return "(Default=" + Default + ")";
 }
 
-static std::string QuotePath(const std::string& Path)
+static void ReadGuidStruct(FBinaryCursor& Cursor, const FBinaryTables&, const FShape&, std::string& Out)
 {
-	return Path.empty() ? "None" : BinaryText::Quote(Path);
+	Out += ReadGuid(Cursor);
 }
 
-static std::string ReadTopLevelPath(FBinaryCursor& Cursor, const FBinaryTables& Tables)
+static void ReadSoftPath(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape&, std::string& Out)
+{
+	const std::string Path = Tables.ReadSoftPath(Cursor);
+	Out += Path.empty() ? "None" : BinaryText::Quote(Path);
+}
+
+static void ReadTopLevelPath(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape&, std::string& Out)
 {
 	const std::string Package = Tables.ReadName(Cursor);
 	const std::string Asset = Tables.ReadName(Cursor);
-	return Package == "None" ? "None" : BinaryText::Quote(Package + "." + Asset);
+	Out += Package == "None" ? "None" : BinaryText::Quote(Package + "." + Asset);
+}
+
+static void ReadPinType(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape&, std::string& Out)
+{
+	FBinaryPinType Type;
+	Type.Read(Cursor, Tables);
+	Out += Type.ToText();
+}
+
+static const FNativeStruct* Find(const std::string& Struct)
+{
+	static const std::unordered_map<std::string_view, FNativeStruct> Known = {
+		{"Vector", {&ReadNumbers, {"X Y Z", ENumber::Large}}},
+		{"Rotator", {&ReadNumbers, {"Pitch Yaw Roll", ENumber::Large}}},
+		{"Vector2D", {&ReadNumbers, {"X Y", ENumber::Large}}},
+		{"Vector4", {&ReadNumbers, {"X Y Z W", ENumber::Large}}},
+		{"Quat", {&ReadNumbers, {"X Y Z W", ENumber::Large}}},
+		{"Plane", {&ReadNumbers, {"X Y Z W", ENumber::Large}}},
+		{"LinearColor", {&ReadNumbers, {"R G B A", ENumber::Float}}},
+		{"Vector2f", {&ReadNumbers, {"X Y", ENumber::Float}}},
+		{"Vector3f", {&ReadNumbers, {"X Y Z", ENumber::Float}}},
+		{"Vector4f", {&ReadNumbers, {"X Y Z W", ENumber::Float}}},
+		{"Quat4f", {&ReadNumbers, {"X Y Z W", ENumber::Float}}},
+		{"DeprecateSlateVector2D", {&ReadNumbers, {"X Y", ENumber::Float}}},
+		{"Vector3d", {&ReadNumbers, {"X Y Z", ENumber::Double}}},
+		{"Vector2d", {&ReadNumbers, {"X Y", ENumber::Double}}},
+		{"Rotator3d", {&ReadNumbers, {"Pitch Yaw Roll", ENumber::Double}}},
+		{"Color", {&ReadNumbers, {"B G R A", ENumber::Byte}}},
+		{"IntPoint", {&ReadNumbers, {"X Y", ENumber::Int32}}},
+		{"IntVector", {&ReadNumbers, {"X Y Z", ENumber::Int32}}},
+		{"IntVector2", {&ReadNumbers, {"X Y", ENumber::Int32}}},
+		{"IntVector4", {&ReadNumbers, {"X Y Z W", ENumber::Int32}}},
+		{"FrameNumber", {&ReadNumbers, {"Value", ENumber::Int32}}},
+		{"DateTime", {&ReadNumbers, {"Ticks", ENumber::Int64}}},
+		{"Timespan", {&ReadNumbers, {"Ticks", ENumber::Int64}}},
+		{"Matrix", {&ReadMatrix, {"X Y Z W", ENumber::Large}}},
+		{"TwoVectors", {&ReadTwoVectors, {"X Y Z", ENumber::Large}}},
+		{"Box", {&ReadBox, {"X Y Z", ENumber::Large}}},
+		{"Box2D", {&ReadFlatBox, {"X Y", ENumber::Large}}},
+		{"Box2f", {&ReadFlatBox, {"X Y", ENumber::Float}}},
+		{"Guid", {&ReadGuidStruct, {}}},
+		{"SoftObjectPath", {&ReadSoftPath, {}}},
+		{"SoftClassPath", {&ReadSoftPath, {}}},
+		{"StringAssetReference", {&ReadSoftPath, {}}},
+		{"StringClassReference", {&ReadSoftPath, {}}},
+		{"TopLevelAssetPath", {&ReadTopLevelPath, {}}},
+		{"GameplayTagContainer", {&ReadTags, {}}},
+		{"RichCurveKey", {&ReadCurveKey, {}}},
+		{"PerPlatformInt", {&ReadPerPlatform, {"", ENumber::Int32}}},
+		{"PerPlatformFloat", {&ReadPerPlatform, {"", ENumber::Float}}},
+		{"PerPlatformBool", {&ReadPerPlatform, {"", ENumber::Bool}}},
+		{"EdGraphPinType", {&ReadPinType, {}}},
+	};
+	const auto Found = Known.find(Struct);
+	return Found == Known.end() ? nullptr : &Found->second;
 }
 } // namespace BinaryStructs
 
 std::string BinaryStructs::ReadGuid(FBinaryCursor& Cursor)
 {
+	static constexpr char Digits[] = "0123456789ABCDEF";
 	std::string Out;
+	Out.reserve(32);
 	for (int Word = 0; Word < 4; ++Word)
 	{
-		Out += fmt::format("{:08X}", Cursor.Read<uint32_t>());
+		const uint32_t Value = Cursor.Read<uint32_t>();
+		for (int Shift = 28; Shift >= 0; Shift -= 4)
+		{
+			Out += Digits[(Value >> Shift) & 15];
+		}
 	}
 	return Out;
 }
 
-std::optional<std::string> BinaryStructs::Read(
-	FBinaryCursor& Cursor, const FBinaryTables& Tables, const std::string& Struct)
+bool BinaryStructs::Knows(const std::string& Struct)
 {
-	for (const FNumberStruct& Known : NumberStructs)
+	return Find(Struct) != nullptr;
+}
+
+bool BinaryStructs::Read(
+	FBinaryCursor& Cursor, const FBinaryTables& Tables, const std::string& Struct, std::string& Out)
+{
+	const FNativeStruct* const Native = Find(Struct);
+	if (Native)
 	{
-		if (Struct == Known.Name)
-		{
-			return ReadNumbers(Cursor, Tables, Known.Members, Known.Number);
-		}
+		Native->Read(Cursor, Tables, Native->Shape, Out);
 	}
-	if (Struct == "Guid")
-	{
-		return ReadGuid(Cursor);
-	}
-	if (Struct == "Matrix")
-	{
-		std::string Out;
-		for (const char* const Plane : {"XPlane", "YPlane", "ZPlane", "WPlane"})
-		{
-			Out.append(Out.empty() ? "(" : ",").append(Plane).append("=");
-			Out += ReadNumbers(Cursor, Tables, "X Y Z W", ENumber::Large);
-		}
-		return Out + ")";
-	}
-	if (Struct == "Box" || Struct == "Box2D")
-	{
-		return ReadBox(Cursor, Tables, Struct == "Box" ? "X Y Z" : "X Y");
-	}
-	if (Struct == "Box2f")
-	{
-		const std::string Min = ReadNumbers(Cursor, Tables, "X Y", ENumber::Float);
-		const std::string Max = ReadNumbers(Cursor, Tables, "X Y", ENumber::Float);
-		return "(Min=" + Min + ",Max=" + Max + (Cursor.Read<uint8_t>() != 0 ? ",bIsValid=True)" : ",bIsValid=False)");
-	}
-	if (Struct == "TwoVectors")
-	{
-		const std::string First = ReadNumbers(Cursor, Tables, "X Y Z", ENumber::Large);
-		return "(v1=" + First + ",v2=" + ReadNumbers(Cursor, Tables, "X Y Z", ENumber::Large) + ")";
-	}
-	if (Struct == "DateTime" || Struct == "Timespan")
-	{
-		return "(Ticks=" + ReadNumber(Cursor, Tables, ENumber::Int64) + ")";
-	}
-	if (Struct == "SoftObjectPath" || Struct == "SoftClassPath" || Struct == "StringAssetReference"
-		|| Struct == "StringClassReference")
-	{
-		return QuotePath(Tables.ReadSoftPath(Cursor));
-	}
-	if (Struct == "TopLevelAssetPath")
-	{
-		return ReadTopLevelPath(Cursor, Tables);
-	}
-	if (Struct == "GameplayTagContainer")
-	{
-		return ReadTags(Cursor, Tables);
-	}
-	if (Struct == "RichCurveKey")
-	{
-		return ReadCurveKey(Cursor);
-	}
-	if (Struct == "PerPlatformInt" || Struct == "PerPlatformFloat" || Struct == "PerPlatformBool")
-	{
-		return ReadPerPlatform(Cursor, Tables, Struct);
-	}
-	if (Struct == "EdGraphPinType")
-	{
-		FBinaryPinType Type;
-		Type.Read(Cursor, Tables);
-		return Type.ToText();
-	}
-	return std::nullopt;
+	return Native != nullptr;
 }

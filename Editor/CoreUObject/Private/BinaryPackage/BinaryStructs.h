@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "BinaryPackage/BinaryTables.h"
@@ -8,8 +7,10 @@
 /** Structs that the engine writes in a form of their own instead of tagged properties. */
 namespace BinaryStructs
 {
-/** The struct's value as object text; nothing for a struct that is written with tags. */
-std::optional<std::string> Read(FBinaryCursor& Cursor, const FBinaryTables& Tables, const std::string& Struct);
+/** Whether a struct has a form of its own. */
+bool Knows(const std::string& Struct);
+/** Appends the struct's value as object text; false, with nothing read, for a struct that is written with tags. */
+bool Read(FBinaryCursor& Cursor, const FBinaryTables& Tables, const std::string& Struct, std::string& Out);
 /** 32 digits. */
 std::string ReadGuid(FBinaryCursor& Cursor);
 } // namespace BinaryStructs

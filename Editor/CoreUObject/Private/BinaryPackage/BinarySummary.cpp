@@ -12,6 +12,7 @@ constexpr int32_t NewestUe5 = 1018;
 constexpr int32_t OldestUe4 = 505;
 constexpr uint32_t FlagFilterEditorOnly = 0x80000000;
 constexpr uint32_t FlagUnversioned = 0x2000;
+constexpr int32_t NewestUe4 = 522;
 
 struct FKnownArea
 {
@@ -138,11 +139,38 @@ static std::string DescribeUnreadable(const FBinarySummary& Summary)
 	{
 		return "the package was written by an engine before 4.13; save it anew with a later editor";
 	}
-	if ((Summary.PackageFlags & (FlagFilterEditorOnly | FlagUnversioned)) != 0)
+	if ((Summary.PackageFlags & FlagUnversioned) != 0)
+	{
+		return "the package is cooked (its properties bear no names); only packages of the editor can be read";
+	}
+	if ((Summary.PackageFlags & FlagFilterEditorOnly) != 0)
 	{
 		return "the package is cooked (what only the editor needs was left out); only packages of the editor can be read";
 	}
 	return std::string();
+}
+
+/** What a file is that does not begin as a package. */
+static std::string DescribeForeign(const std::string_view Bytes, const uint32_t FirstWord)
+{
+	using namespace std::string_view_literals;
+	if (Bytes.empty())
+	{
+		return "the file is empty";
+	}
+	if (Bytes.starts_with("version https://git-lfs"))
+	{
+		return "the file is a Git LFS pointer and not the package itself; 'git lfs pull' fetches it";
+	}
+	if (Bytes.starts_with("\0GITCRYPT\0"sv))
+	{
+		return "the file is encrypted by git-crypt; 'git-crypt unlock' opens it";
+	}
+	if (FirstWord == SwappedTag)
+	{
+		return "the package was written for another byte order; only packages of the editor can be read";
+	}
+	return "the file is no package: it does not begin as one, or it is encrypted";
 }
 } // namespace BinarySummary
 
@@ -150,16 +178,9 @@ bool FBinarySummary::Read(const std::string_view Bytes, std::string& OutRefusal)
 {
 	FBinaryCursor Cursor(Bytes);
 	const uint32_t Tag = Cursor.Read<uint32_t>();
-	if (Bytes.starts_with("version https://git-lfs"))
-	{
-		OutRefusal = "the file is a Git LFS pointer and not the package itself; 'git lfs pull' fetches it";
-		return false;
-	}
 	if (Tag != BinarySummary::Tag)
 	{
-		OutRefusal = Tag == BinarySummary::SwappedTag
-			? "the package was written for another byte order; only packages of the editor can be read"
-			: "the file is no package: it does not begin as one";
+		OutRefusal = BinarySummary::DescribeForeign(Bytes, Tag);
 		return false;
 	}
 	Versions.Legacy = Cursor.ReadInt();
@@ -173,7 +194,7 @@ bool FBinarySummary::Read(const std::string_view Bytes, std::string& OutRefusal)
 	{
 		return false;
 	}
-	bNewer = Versions.Ue5 > BinarySummary::NewestUe5;
+	bNewer = Versions.Ue5 > BinarySummary::NewestUe5 || Versions.Ue4 > BinarySummary::NewestUe4;
 	Cursor.Skip(Versions.Ue5 >= 1016 ? 20 : 0);
 	HeaderSize = Versions.Ue5 >= 1016 ? Cursor.ReadInt() : 0;
 	BinarySummary::ReadAreas(Cursor, Versions);
@@ -188,7 +209,10 @@ bool FBinarySummary::Read(const std::string_view Bytes, std::string& OutRefusal)
 	}
 	if (Cursor.HasFailed())
 	{
-		OutRefusal = "the package is damaged: its head ends or breaks off at byte "
+		OutRefusal =
+			std::string(bNewer
+					? "the package was written by an engine newer than 5.7, and its head cannot be read from byte "
+					: "the package is damaged: its head ends or breaks off at byte ")
 			+ std::to_string(Cursor.GetPosition());
 	}
 	return OutRefusal.empty();

@@ -1,9 +1,13 @@
 #include "BinaryPackage/BinaryTables.h"
 
+#include <algorithm>
+
 namespace BinaryTables
 {
 /** More outers than any asset has; a file whose objects hold each other ends here. */
 constexpr int MaxDepth = 64;
+/** 1023 characters of up to four bytes. */
+constexpr std::size_t MaxNameBytes = 4 * 1023;
 
 static std::string JoinSoftPath(const std::string& Asset, const std::string& SubPath)
 {
@@ -13,6 +17,16 @@ static std::string JoinSoftPath(const std::string& Asset, const std::string& Sub
 } // namespace BinaryTables
 
 bool FBinaryTables::Read(const std::string_view InBytes, const std::string& InPackageName, std::string& OutRefusal)
+{
+	if (!ReadHead(InBytes, InPackageName, OutRefusal))
+	{
+		return false;
+	}
+	OutRefusal = DescribeCutOff();
+	return OutRefusal.empty();
+}
+
+bool FBinaryTables::ReadHead(const std::string_view InBytes, const std::string& InPackageName, std::string& OutRefusal)
 {
 	Bytes = InBytes;
 	PackageName = InPackageName;
@@ -26,27 +40,64 @@ bool FBinaryTables::Read(const std::string_view InBytes, const std::string& InPa
 	ReadExports();
 	if (!Damaged.empty())
 	{
-		OutRefusal = "the package is damaged: its table of " + Damaged + " ends or breaks off";
+		OutRefusal = Summary.bNewer
+			? "the package was written by an engine newer than 5.7, and its table of " + Damaged + " cannot be read"
+			: "the package is damaged: its table of " + Damaged;
 		return false;
 	}
-	ImportPaths.resize(Imports.size());
-	for (std::size_t Index = 0; Index < Imports.size(); ++Index)
+	return BuildPaths(OutRefusal);
+}
+
+bool FBinaryTables::BuildPaths(std::string& OutRefusal)
+{
+	std::size_t NumLetters = 0;
+	const auto Build = [this, &NumLetters](std::vector<std::string>& OutPaths, const std::size_t Count, const int Sign)
 	{
-		ImportPaths[Index] = BuildPath(-static_cast<int32_t>(Index) - 1, 0);
-	}
-	ExportPaths.resize(Exports.size());
-	for (std::size_t Index = 0; Index < Exports.size(); ++Index)
+		for (std::size_t Index = 0; Index < Count && NumLetters <= GetTextLimit(); ++Index)
+		{
+			OutPaths.push_back(BuildPath(Sign * (static_cast<int32_t>(Index) + 1), 0));
+			NumLetters += OutPaths.back().size();
+		}
+	};
+	Build(ImportPaths, Imports.size(), -1);
+	Build(ExportPaths, Exports.size(), 1);
+	OutRefusal = NumLetters <= GetTextLimit()
+		? std::string()
+		: "the package is damaged: the paths of its objects are longer than a file of its size can name";
+	return OutRefusal.empty();
+}
+
+/** A sentence when an object reaches beyond the end. */
+std::string FBinaryTables::DescribeCutOff() const
+{
+	uint64_t End = 0;
+	for (const FBinaryExport& Export : Exports)
 	{
-		ExportPaths[Index] = BuildPath(static_cast<int32_t>(Index) + 1, 0);
+		const bool bPossible = Export.Offset >= 0 && Export.Size >= 0 && Export.Size <= INT64_MAX - Export.Offset;
+		End = std::max(End, bPossible ? static_cast<uint64_t>(Export.Offset + Export.Size) : UINT64_MAX);
 	}
-	return true;
+	if (End == UINT64_MAX)
+	{
+		return "the package is damaged: an object has a size or a place that no file has";
+	}
+	return End <= Bytes.size() ? std::string()
+							   : "the package is damaged: it is cut off at byte " + std::to_string(Bytes.size())
+			+ ", its objects reach to byte " + std::to_string(End);
+}
+
+void FBinaryTables::NoteDamage(const char* const Table, const FBinaryCursor& Cursor)
+{
+	if (Cursor.HasFailed() && Damaged.empty())
+	{
+		Damaged = std::string(Table) + " ends or breaks off at byte " + std::to_string(Cursor.GetPosition());
+	}
 }
 
 FBinaryCursor FBinaryTables::CursorAt(const FBinaryTable& Table, const std::size_t LeastSize)
 {
 	FBinaryCursor Cursor(Bytes);
 	Cursor.Seek(static_cast<std::size_t>(Table.Offset < 0 ? -1 : Table.Offset));
-	if (Table.Count < 0 || static_cast<std::size_t>(Table.Count) > Cursor.GetLeft() / LeastSize)
+	if (Cursor.HasFailed() || Table.Count < 0 || static_cast<std::size_t>(Table.Count) > Cursor.GetLeft() / LeastSize)
 	{
 		Cursor.Fail();
 	}
@@ -59,9 +110,26 @@ void FBinaryTables::ReadNames()
 	for (int32_t Index = 0; Index < Summary.Names.Count && !Cursor.HasFailed(); ++Index)
 	{
 		Names.push_back(Cursor.ReadString());
+		// The engine has no longer ones; and no line of text may break within one.
+		if (Names.back().size() > BinaryTables::MaxNameBytes)
+		{
+			Cursor.Fail();
+		}
+		std::replace_if(
+			Names.back().begin(), Names.back().end(), [](const unsigned char Char) { return Char < ' '; }, ' ');
 		Cursor.Skip(Summary.Versions.Ue4 >= 504 ? 4 : 0);
 	}
-	Damaged = Cursor.HasFailed() ? "names" : Damaged;
+	NoteDamage("names", Cursor);
+}
+
+/** A name that thousands of rows share would fill the memory, were it not for this. */
+void FBinaryTables::CountName(const std::string& Name, FBinaryCursor& Cursor)
+{
+	NumNameBytes += Name.size();
+	if (NumNameBytes > GetTextLimit())
+	{
+		Cursor.Fail();
+	}
 }
 
 void FBinaryTables::ReadSoftPaths()
@@ -74,8 +142,9 @@ void FBinaryTables::ReadSoftPaths()
 	for (int32_t Index = 0; Index < Summary.SoftPaths.Count && !Cursor.HasFailed(); ++Index)
 	{
 		SoftPaths.push_back(ReadSoftPathInPlace(Cursor));
+		CountName(SoftPaths.back(), Cursor);
 	}
-	Damaged = Cursor.HasFailed() ? "soft object paths" : Damaged;
+	NoteDamage("soft object paths", Cursor);
 }
 
 std::string FBinaryTables::ReadSoftPathInPlace(FBinaryCursor& Cursor) const
@@ -119,10 +188,13 @@ void FBinaryTables::ReadImports()
 		Import.ClassName = ReadName(Cursor);
 		Import.Outer = Cursor.ReadInt();
 		Import.Name = ReadName(Cursor);
+		CountName(Import.ClassPackage, Cursor);
+		CountName(Import.ClassName, Cursor);
+		CountName(Import.Name, Cursor);
 		Cursor.Skip(Summary.Versions.Ue4 >= 520 ? 8 : 0);
 		Cursor.Skip(Summary.Versions.Ue5 >= 1003 ? 4 : 0);
 	}
-	Damaged = Cursor.HasFailed() ? "imports" : Damaged;
+	NoteDamage("imports", Cursor);
 }
 
 void FBinaryTables::ReadExports()
@@ -137,6 +209,7 @@ void FBinaryTables::ReadExports()
 		Cursor.Skip(Versions.Ue4 >= 508 ? 4 : 0);
 		Export.Outer = Cursor.ReadInt();
 		Export.Name = ReadName(Cursor);
+		CountName(Export.Name, Cursor);
 		Export.Flags = Cursor.Read<uint32_t>();
 		// Sizes are wide since 4.16.
 		Export.Size = Versions.Ue4 >= 511 ? Cursor.Read<int64_t>() : Cursor.ReadInt();
@@ -154,7 +227,7 @@ void FBinaryTables::ReadExports()
 			Export.ScriptEnd = Cursor.Read<int64_t>();
 		}
 	}
-	Damaged = Cursor.HasFailed() ? "exports" : Damaged;
+	NoteDamage("exports", Cursor);
 }
 
 std::string FBinaryTables::ReadName(FBinaryCursor& Cursor) const

@@ -42,6 +42,8 @@ class FBinaryTables
 public:
 	/** PackageName is where the file lies, which goes before what the file says of itself. */
 	bool Read(std::string_view Bytes, const std::string& PackageName, std::string& OutRefusal);
+	/** As Read, of a file whose objects are not at hand: its first bytes, up to the header's end. */
+	bool ReadHead(std::string_view Bytes, const std::string& PackageName, std::string& OutRefusal);
 
 	const FBinarySummary& GetSummary() const { return Summary; }
 	const FBinaryVersions& GetVersions() const { return Summary.Versions; }
@@ -57,17 +59,28 @@ public:
 	std::string QuoteReference(int32_t Reference) const;
 	/** A soft reference's path, from the table or in place. */
 	std::string ReadSoftPath(FBinaryCursor& Cursor) const;
+	/** How long the text of a file's objects may grow. A file that would be more says of itself what cannot be. */
+	std::size_t GetTextLimit() const { return Bytes.size() * TextPerByte + LeastTextLimit; }
 	/** The bytes of an export; empty where it says of itself what cannot be. */
 	std::string_view BytesOf(const FBinaryExport& Export) const;
 
 private:
+	/** The text of real files is about as long as they are. */
+	static constexpr std::size_t TextPerByte = 16;
+	static constexpr std::size_t LeastTextLimit = 1024 * 1024;
+
 	void ReadNames();
 	void ReadSoftPaths();
 	void ReadImports();
 	void ReadExports();
 	std::string ReadSoftPathInPlace(FBinaryCursor& Cursor) const;
 	FBinaryCursor CursorAt(const FBinaryTable& Table, std::size_t LeastSize);
+	/** False when the names are longer together than the file can mean. */
+	bool BuildPaths(std::string& OutRefusal);
 	std::string BuildPath(int32_t Reference, int Depth) const;
+	void CountName(const std::string& Name, FBinaryCursor& Cursor);
+	void NoteDamage(const char* Table, const FBinaryCursor& Cursor);
+	std::string DescribeCutOff() const;
 
 	std::string_view Bytes;
 	std::string PackageName;
@@ -79,6 +92,8 @@ private:
 	/** Of exports and imports, made once: every value that refers to an object asks. */
 	std::vector<std::string> ExportPaths;
 	std::vector<std::string> ImportPaths;
-	/** The table that ended or broke off; empty while all is well. */
+	/** Of all rows of all tables. */
+	std::size_t NumNameBytes = 0;
+	/** The table that ended or broke off, and where; empty while all is well. */
 	std::string Damaged;
 };

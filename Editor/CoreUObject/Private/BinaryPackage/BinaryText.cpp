@@ -71,17 +71,34 @@ static std::string ReadArgument(FBinaryCursor& Cursor, const FBinaryTables& Tabl
 	}
 }
 
-static std::string Format(std::string Pattern, const FArguments& Arguments)
+/** What stands for "{Name}"; null for a name that is no argument's. */
+static const std::string* FindArgument(const FArguments& Arguments, const std::string_view Name)
 {
-	for (const auto& [Name, Value] : Arguments)
+	for (const auto& [Known, Value] : Arguments)
 	{
-		const std::string Place = "{" + Name + "}";
-		for (std::size_t At = Pattern.find(Place); At != std::string::npos; At = Pattern.find(Place, At + Value.size()))
+		if (Name == Known)
 		{
-			Pattern.replace(At, Place.size(), Value);
+			return &Value;
 		}
 	}
-	return Pattern;
+	return nullptr;
+}
+
+/** Puts the arguments into their places, as far as a text of reasonable length can hold them. */
+static std::string Format(const std::string& Pattern, const FArguments& Arguments)
+{
+	constexpr std::size_t MaxLength = 64 * 1024;
+	std::string Out;
+	for (std::size_t At = 0; At < Pattern.size() && Out.size() < MaxLength;)
+	{
+		const std::size_t Close = Pattern[At] == '{' ? Pattern.find('}', At) : std::string::npos;
+		const std::string* const Value = Close == std::string::npos
+			? nullptr
+			: FindArgument(Arguments, std::string_view(Pattern).substr(At + 1, Close - At - 1));
+		Value ? Out.append(*Value, 0, MaxLength) : Out.append(1, Pattern[At]);
+		At = Value ? Close + 1 : At + 1;
+	}
+	return Out;
 }
 
 static FReadText ReadFormat(FBinaryCursor& Cursor, const FBinaryTables& Tables, const EHistory History, const int Depth)
