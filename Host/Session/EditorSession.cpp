@@ -80,6 +80,10 @@ static void TakeInForeignChanges(Morvane::FToolResult& Result)
 {
 	for (const FPackageText::FForeignChange& Change : FPackageText::TakeInForeignChanges())
 	{
+		if (Change.bOnlyRead)
+		{
+			continue; // the call that changed it has told
+		}
 		if (!Change.HeldBy.IsEmpty())
 		{
 			Result.AddWarningMessage(FString::Printf(

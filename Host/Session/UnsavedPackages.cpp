@@ -3,6 +3,7 @@
 #include "AssetOperationBase.h"
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "Misc/PackageName.h"
+#include "Standalone/PackageText.h"
 #include "ToolResult.h"
 #include "UObject/Package.h"
 #include "UObject/SavePackage.h"
@@ -10,10 +11,17 @@
 
 namespace UnsavedPackages
 {
+/** A package of the engine's own form, whose file is only read. */
+static bool IsOnlyRead(const UPackage* Package)
+{
+	return FPackageText::IsBinaryFile(Package->FileName);
+}
+
 /** Dirty, and with something in it that a file could hold. */
 static bool IsUnsaved(const UPackage* Package)
 {
-	return Package->IsDirty() && !FPackageName::GetPackageMountPoint(Package->GetName()).IsNone()
+	return Package->IsDirty() && !IsOnlyRead(Package)
+		&& !FPackageName::GetPackageMountPoint(Package->GetName()).IsNone()
 		&& !FPackageName::IsScriptPackage(Package->GetName()) && Package->FindAssetInPackage() != nullptr;
 }
 
@@ -52,8 +60,28 @@ static void Discard(UPackage* Package)
 	Package->MarkAsGarbage();
 }
 
+/** A change of one asset may reach others that use it. Those of binary packages are read afresh by the next call. */
+static void TellOnlyRead(Morvane::FToolResult& Result)
+{
+	TArray<FString> Files;
+	for (TObjectIterator<UPackage> It; It; ++It)
+	{
+		if (It->IsDirty() && IsOnlyRead(*It))
+		{
+			Files.Add(It->FileName);
+		}
+	}
+	Files.Sort();
+	for (const FString& File : Files)
+	{
+		Result.AddWarningMessage(FString::Printf(
+			TEXT("%s uses what was changed and stays as it is, since binary packages are only read here"), *File));
+	}
+}
+
 void EndCall(Morvane::FToolResult& Result)
 {
+	TellOnlyRead(Result);
 	const bool bKeep = Result.WasSuccessful();
 	for (UPackage* const Package : FindCreated())
 	{

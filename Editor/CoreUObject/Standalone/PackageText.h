@@ -107,6 +107,9 @@ public:
 		bool bDroppedChanges = false;
 		/** A package that stands changed in memory and uses this one; while it does, this one stays as it is. */
 		FString HeldBy;
+		/** No program did anything: it is a binary package that calls changed in memory, where nothing can save it, or
+		 * one that a text package stands before now. */
+		bool bOnlyRead = false;
 	};
 	/**
 	 * Drops packages from memory whose files are no longer what was read or written here, and those that use them, so

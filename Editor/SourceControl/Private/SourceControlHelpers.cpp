@@ -36,8 +36,8 @@ static bool RefuseBinary(const FString& File)
 	}
 	LastError() = FText::FromString(FString::Printf(
 		TEXT(
-			"%s is a binary package of the engine's editor, which is only read here. 'morvane import' makes a text copy to "
-			"work on; 'morvane copy' gives a graph as clipboard text for the editor."),
+			"%s is a binary package of the engine's editor, which is only read here. 'morvane import PATH [--to /Game/...]' "
+			"makes a text copy to work on; 'morvane copy PATH GRAPH' gives a graph as clipboard text for the editor."),
 		*File));
 	return true;
 }
@@ -74,6 +74,10 @@ bool USourceControlHelpers::CheckOutFile(const FString& File, bool)
 
 bool USourceControlHelpers::CheckOutOrAddFile(const FString& File, bool bSilent)
 {
+	if (SourceControlHelpers::RefuseBinary(File))
+	{
+		return false;
+	}
 	const FSourceControlStatePtr State = ISourceControlModule::Get().GetProvider().GetState(
 		File, EStateCacheUsage::ForceUpdate);
 	return State.IsValid() && State->CanAdd() ? MarkFileForAdd(File, bSilent) : CheckOutFile(File, bSilent);

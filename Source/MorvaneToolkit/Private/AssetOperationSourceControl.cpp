@@ -1,6 +1,9 @@
 #include "AssetOperationBase.h"
 
+#include "Misc/PackageName.h"
+#include "Misc/Paths.h"
 #include "SourceControlHelpers.h"
+#include "UObject/Package.h"
 
 bool FAssetOperationBase::CheckOutAssetForModify(const FString& Path, FString& OutError)
 {
@@ -11,6 +14,20 @@ bool FAssetOperationBase::CheckOutAssetForModify(const FString& Path, FString& O
 	}
 	OutError = USourceControlHelpers::LastErrorMsg().ToString();
 	return false;
+}
+
+bool FAssetOperationBase::IsSavable(const UObject& Asset, FString& OutError)
+{
+	const UPackage* const Package = Asset.GetOutermost();
+	const FString File = Package ? Package->GetLoadedPathName() : FString();
+	if (File.IsEmpty() || FPackageName::IsPackageExtension(*FPaths::GetExtension(File, true)))
+	{
+		return true;
+	}
+	// The refusal of a check-out says what to do instead.
+	const bool bCheckedOut = USourceControlHelpers::CheckOutFile(File);
+	OutError = bCheckedOut ? FString() : USourceControlHelpers::LastErrorMsg().ToString();
+	return bCheckedOut;
 }
 
 bool FAssetOperationBase::AddAssetToSourceControl(const FString& Path, FString& OutError)

@@ -76,6 +76,8 @@ public:
 
 	/** False with the reason when source control refuses. An asset that is not on disk yet needs no check-out. */
 	static bool CheckOutAssetForModify(const FString& Path, FString& OutError);
+	/** False with the reason for an asset whose file is of a kind that is only read. Asks no source control. */
+	static bool IsSavable(const UObject& Asset, FString& OutError);
 	/** False with the reason when the file could not be added. Without source control there is nothing to do: true. */
 	static bool AddAssetToSourceControl(const FString& Path, FString& OutError);
 

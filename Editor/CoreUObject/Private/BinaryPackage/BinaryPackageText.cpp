@@ -211,8 +211,8 @@ private:
 	/** A folder of an author may bear a name with blanks. */
 	static std::string SpellClass(const std::string& Path)
 	{
-		const bool bPlain = !Path.empty() && ObjectTextParsing::FieldLength(Path) == Path.size();
-		return bPlain ? Path : BinaryText::Quote(Path);
+		const bool bPlain = ObjectTextParsing::FieldLength(Path) == Path.size();
+		return Path.empty() ? "None" : bPlain ? Path : BinaryText::Quote(Path);
 	}
 
 	static std::string FlagWords(const uint32_t Flags)
@@ -242,7 +242,7 @@ private:
 		const FBinaryExport& Export = ExportAt(Reference);
 		Line(Depth,
 			"Begin Object Class=" + SpellClass(Tables.ClassPathOf(Reference))
-				+ " Name=" + BinaryText::Quote(Export.Name) + FlagWords(Export.Flags));
+				+ " Name=" + BinaryText::Quote(Export.Name.empty() ? "None" : Export.Name) + FlagWords(Export.Flags));
 		for (const int32_t Child : Children[static_cast<std::size_t>(Reference)])
 		{
 			Write(Child, Depth + 1);
@@ -419,7 +419,8 @@ private:
 		Findings.NumLinks = static_cast<int>(Links.size());
 		if (NumOneSided > 0)
 		{
-			WarnOfFile(std::to_string(NumOneSided) + " links are known to one of their pins only");
+			WarnOfFile(NumOneSided == 1 ? "1 link is known to one of its pins only"
+										: std::to_string(NumOneSided) + " links are known to one of their pins only");
 		}
 	}
 
@@ -450,6 +451,11 @@ bool MakePackageTextOfBinary(const std::string_view Bytes, const std::string& Pa
 	{
 		OutFindings.Warnings.push_back(
 			"the package was written by an engine newer than 5.7; what its layout adds is not known");
+	}
+	if (!Bytes.ends_with(Bytes.substr(0, 4)))
+	{
+		OutFindings.Warnings.push_back(
+			"the package does not end as one: it may be cut off behind its objects, which are all there");
 	}
 	FPackageText::FHeader Header;
 	if (!BinaryPackageText::MakeHeader(Tables, Bytes, PackageName, Header, OutRefusal))

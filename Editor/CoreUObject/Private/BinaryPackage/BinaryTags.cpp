@@ -5,6 +5,8 @@ namespace BinaryTags
 /** Types within types, and how many of them one tag may spell: far more than any property has. */
 constexpr int MaxDepth = 16;
 constexpr int MaxTypes = 64;
+/** Of an element of a static array. */
+constexpr int32_t MaxIndex = 0xFFFF;
 
 /** Bits of the one byte of flags of 5.4. */
 enum EFlag : uint8_t
@@ -75,7 +77,7 @@ bool FBinaryTag::Read(FBinaryCursor& Cursor, const FBinaryTables& Tables)
 	{
 		HasWholeTypes(Tables) ? ReadWhole(Cursor, Tables) : ReadLegacy(Cursor, Tables);
 	}
-	if (Size < 0)
+	if (Name.empty() || Size < 0 || Index < 0 || Index > BinaryTags::MaxIndex)
 	{
 		Cursor.Fail();
 	}

@@ -1,5 +1,6 @@
 #include "ObjectText/ObjectTextWriter.h"
 #include "Package/KnownFiles.h"
+#include "Package/PackageFile.h"
 #include "Standalone/ObjectText.h"
 #include "Standalone/PackageText.h"
 #include "UObject/Package.h"
@@ -17,7 +18,9 @@ using FIndices = std::set<std::size_t>;
 template <class FVisitor>
 static void VisitPackageNames(std::string_view Text, FVisitor&& Visit)
 {
-	constexpr std::string_view Ends = "\\:*?\"<>|' ,.&!~\n\r\t@#()=";
+	// Binary packages end their texts with a zero.
+	using namespace std::string_view_literals;
+	constexpr std::string_view Ends = "\\:*?\"<>|' ,.&!~\n\r\t@#()=\0"sv;
 	std::unordered_set<std::string_view> Seen;
 	for (std::size_t At = Text.find('/'); At != std::string_view::npos; At = Text.find('/', At))
 	{
@@ -129,6 +132,12 @@ public:
 		for (int32 Index = 0; Index < Loaded.Get().Num(); ++Index)
 		{
 			const UPackage& Package = *Loaded.Get()[Index];
+			if (FPackageText::IsBinaryFile(Package.FileName) && IsOutdatedBinary(Package))
+			{
+				Changes.Add({Package.GetName(), Package.FileName, false, false, FString(), true});
+				Changed.push_back(static_cast<std::size_t>(Index));
+				continue;
+			}
 			AtomicFile::FStamp Ignored;
 			FString Reason;
 			const KnownFiles::EStanding Standing = KnownFiles::Look(Package.FileName, Ignored, Reason);
@@ -136,7 +145,7 @@ public:
 			if (bForeign && (!Package.IsDirty() || KnownFiles::WasRefused(Package.FileName)))
 			{
 				Changes.Add({Package.GetName(), Package.FileName, Standing == KnownFiles::EStanding::Gone,
-					Package.IsDirty(), FString()});
+					Package.IsDirty(), FString(), false});
 				Changed.push_back(static_cast<std::size_t>(Index));
 			}
 		}
@@ -174,6 +183,13 @@ public:
 	TArray<FPackageText::FForeignChange> Changes;
 
 private:
+	/** A file that is only read goes before what calls did to its objects in memory, and a text copy before the file.
+	 */
+	static bool IsOutdatedBinary(const UPackage& Package)
+	{
+		return Package.IsDirty() || !PackageFile::FindOnDisk(Package.GetName()).IsEmpty();
+	}
+
 	/** A package that cannot be read again without losing what it holds. */
 	FString FindHolder(const FIndices& Affected) const
 	{

@@ -1,5 +1,6 @@
 #include "Package/KnownFiles.h"
 
+#include "Package/PackageFile.h"
 #include "Standalone/PackageText.h"
 #include "UObject/Package.h"
 
@@ -48,8 +49,16 @@ static bool HasKnownContents(const std::string& Path, FKnownFile& Known, AtomicF
 	std::string Bytes;
 	FPackageText::FHeader Header;
 	FString Ignored;
-	if (!AtomicFile::Read(Path, Bytes, Ignored, &OutStamp)
-		|| !FPackageText::CheckBytes(Bytes, FString(), Header, Ignored) || Header.Checksum != Known.Checksum)
+	if (!AtomicFile::Read(Path, Bytes, Ignored, &OutStamp))
+	{
+		return false;
+	}
+	const bool bBinary = FPackageText::IsBinaryFile(FromUtf8(Path));
+	if (!bBinary && !FPackageText::CheckBytes(Bytes, FString(), Header, Ignored))
+	{
+		return false;
+	}
+	if (Known.Checksum != (bBinary ? PackageFile::ChecksumOf(Bytes) : Header.Checksum))
 	{
 		return false;
 	}

@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 
 /**
  * Reading a package. Objects come first and values after, so that packages may refer to each other in circles: whoever
@@ -657,6 +658,21 @@ static void SayFindings(const FBinaryPackageFindings& Findings, const FString& F
 	}
 }
 
+/** A text package goes before the engine's own of the same path, which somebody may go on working at. Told once. */
+static void TellWhatItHides(const FString& Filename, const FString& PackageName, const AtomicFile::FStamp& Stamp)
+{
+	static std::unordered_set<std::string> Told;
+	const FString Hidden = FPackageText::FindEngineAsset(PackageName);
+	if (Hidden.IsEmpty() || !Told.insert(ToUtf8(Filename)).second)
+	{
+		return;
+	}
+	const AtomicFile::FStamp OfHidden = AtomicFile::StampOf(ToUtf8(Hidden));
+	const bool bNewer = OfHidden.Seconds > Stamp.Seconds;
+	PackageFile::NoteProblem(FString::Printf(TEXT("%s goes before the binary package %s of the same path%s"), *Filename,
+		*Hidden, bNewer ? TEXT(", which was saved later") : TEXT("")));
+}
+
 static UPackage* LoadFile(const FString& PackageName, FString& OutError, bool& bOutMissing)
 {
 	if (GIsSavingPackage)
@@ -674,7 +690,9 @@ static UPackage* LoadFile(const FString& PackageName, FString& OutError, bool& b
 		return nullptr;
 	}
 	FBinaryPackageFindings Findings;
-	if (FPackageText::IsBinaryFile(Filename) && !TurnIntoText(Bytes, PackageName, Filename, Findings, OutError))
+	const bool bBinary = FPackageText::IsBinaryFile(Filename);
+	const uint64 Checksum = bBinary ? PackageFile::ChecksumOf(Bytes) : 0;
+	if (bBinary && !TurnIntoText(Bytes, PackageName, Filename, Findings, OutError))
 	{
 		return nullptr;
 	}
@@ -683,7 +701,11 @@ static UPackage* LoadFile(const FString& PackageName, FString& OutError, bool& b
 	SayFindings(Findings, Filename);
 	if (Package)
 	{
-		KnownFiles::Remember(Filename, Package->GetName(), Stamp, Run->Header.Checksum);
+		KnownFiles::Remember(Filename, Package->GetName(), Stamp, bBinary ? Checksum : Run->Header.Checksum);
+		if (!bBinary)
+		{
+			TellWhatItHides(Filename, Package->GetName(), Stamp);
+		}
 	}
 	return Package;
 }

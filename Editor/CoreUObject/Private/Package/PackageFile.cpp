@@ -496,9 +496,8 @@ FString FPackageText::FindEngineAsset(const FString& LongPackageName)
 {
 	for (const TCHAR* const Extension : {TEXT(".uasset"), TEXT(".umap")})
 	{
-		const FString Filename = FPackageName::LongPackageNameToFilename(LongPackageName, Extension);
-		struct stat Info;
-		if (!Filename.IsEmpty() && stat(TCHAR_TO_UTF8(*Filename), &Info) == 0)
+		FString Filename = PackageFile::FindOnDisk(LongPackageName, Extension);
+		if (!Filename.IsEmpty())
 		{
 			return Filename;
 		}

@@ -11,6 +11,7 @@
 
 #include <dirent.h>
 #include <sys/stat.h>
+#include <unordered_map>
 
 namespace PackageNames
 {
@@ -97,25 +98,56 @@ static bool IsFile(const FString& Path)
 	return stat(TCHAR_TO_UTF8(*Path), &Info) == 0 && S_ISREG(Info.st_mode);
 }
 
-/** The entry of a folder whose name is the wanted one in any case; empty when there is none. */
-static FString FindEntry(const FString& Directory, const FString& Name)
+/** What a folder holds, by names in small letters. */
+struct FFolderEntries
 {
-	FString Found;
-	if (DIR* const Handle = opendir(TCHAR_TO_UTF8(*Directory)))
+	AtomicFile::FStamp Stamp;
+	/** The stamp was old enough when the folder was read, so that it alone tells of a change. */
+	bool bSettled = false;
+	std::unordered_map<std::wstring, FString> ByName;
+};
+
+static FFolderEntries ReadEntries(const std::string& Directory)
+{
+	FFolderEntries Entries;
+	Entries.Stamp = AtomicFile::StampOf(Directory);
+	Entries.bSettled = AtomicFile::IsSettled(Entries.Stamp);
+	if (DIR* const Handle = opendir(Directory.c_str()))
 	{
 		while (const dirent* const Entry = readdir(Handle))
 		{
-			const FString Candidate = FromUtf8(Entry->d_name);
+			const FString Name = FromUtf8(Entry->d_name);
+			FString& Standing = Entries.ByName[Name.ToLower().ToStdWString()];
 			// The smallest spelling, so that the order of the folder does not matter.
-			if (Candidate.Equals(Name, ESearchCase::IgnoreCase)
-				&& (Found.IsEmpty() || Candidate.Compare(Found, ESearchCase::CaseSensitive) < 0))
+			if (Standing.IsEmpty() || Name.Compare(Standing, ESearchCase::CaseSensitive) < 0)
 			{
-				Found = Candidate;
+				Standing = Name;
 			}
 		}
 		closedir(Handle);
 	}
-	return Found;
+	return Entries;
+}
+
+/**
+ * The entry of a folder whose name is the wanted one in any case; empty when there is none. References to what is not
+ * in a checkout are many, so a folder is read once and again only when its stamp is another one, or too young to tell.
+ */
+static FString FindEntry(const FString& Directory, const FString& Name)
+{
+	constexpr std::size_t MaxFolders = 1024;
+	static std::unordered_map<std::string, FFolderEntries> Folders;
+	const std::string Path = ToUtf8(Directory);
+	const auto Known = Folders.find(Path);
+	const bool bFresh = Known != Folders.end() && Known->second.bSettled
+		&& Known->second.Stamp == AtomicFile::StampOf(Path);
+	if (!bFresh && Folders.size() >= MaxFolders)
+	{
+		Folders.clear();
+	}
+	const FFolderEntries& Entries = bFresh ? Known->second : (Folders[Path] = ReadEntries(Path));
+	const auto Found = Entries.ByName.find(Name.ToLower().ToStdWString());
+	return Found == Entries.ByName.end() ? FString() : Found->second;
 }
 } // namespace PackageNames
 
@@ -350,13 +382,18 @@ bool FPackageName::DoesPackageExist(const FString& LongPackageName, FString* Out
 
 FString PackageFile::FindOnDisk(const FString& LongPackageName)
 {
+	return FindOnDisk(LongPackageName, FPackageName::GetAssetPackageExtension());
+}
+
+FString PackageFile::FindOnDisk(const FString& LongPackageName, const FString& Extension)
+{
 	PackageNames::FMount Mount;
 	if (!FPackageName::IsValidTextForLongPackageName(LongPackageName)
 		|| !PackageNames::FindMountOfName(LongPackageName, Mount))
 	{
 		return FString();
 	}
-	const FString Relative = LongPackageName.RightChop(Mount.Root.Len()) + FPackageName::GetAssetPackageExtension();
+	const FString Relative = LongPackageName.RightChop(Mount.Root.Len()) + Extension;
 	if (PackageNames::IsFile(Mount.Content + Relative))
 	{
 		return Mount.Content + Relative;

@@ -2,6 +2,7 @@
 
 #include "AssetOperationBase.h"
 #include "BlueprintUtils.h"
+#include "Engine/Blueprint.h"
 #include "HAL/PlatformTime.h"
 #include "JsonReading.h"
 #include "ToolResult.h"
@@ -54,6 +55,13 @@ private:
 		if (!Blueprint)
 		{
 			ErrorLines.Add(FString::Printf(TEXT("[%s] Failed to load Blueprint"), *Path));
+			return false;
+		}
+		FString Reason;
+		if (!FAssetOperationBase::IsSavable(*Blueprint, Reason))
+		{
+			Record.SetBoolField(TEXT("saved"), false);
+			ErrorLines.Add(FString::Printf(TEXT("[%s] Not compiled, since it cannot be saved: %s"), *Path, *Reason));
 			return false;
 		}
 		TArray<FString> Errors;

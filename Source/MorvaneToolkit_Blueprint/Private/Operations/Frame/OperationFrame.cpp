@@ -41,7 +41,7 @@ UBlueprint* OperationFrame::LoadOrMake(
 	bOutMade = Loaded == nullptr;
 	if (Loaded)
 	{
-		return Loaded;
+		return CheckOut(*Loaded, Result) ? Loaded : nullptr;
 	}
 	FString Reason;
 	UBlueprint* const Made = FBlueprintUtils::CreateActorBlueprint(Path, Reason);

@@ -92,7 +92,7 @@ bool FPopulateRun::LoadOrCreateBlueprint()
 		return false;
 	}
 	Path = FBlueprintUtils::GetBlueprintPath(Blueprint);
-	return bMade || OperationFrame::CheckOut(*Blueprint, Result);
+	return true;
 }
 
 bool FPopulateRun::CreateFunction(UBlueprint& InBlueprint, FString& OutReason) const

@@ -1,0 +1,241 @@
+// Projects of the engine's own files: listed, read and copied from, and never changed by any tool.
+
+#include "Dom/JsonObject.h"
+#include "Host/Process.h"
+#include "SmallBlueprint.h"
+#include "Standalone/JsonUtf8.h"
+#include "Support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+using testing::UnorderedElementsAre;
+
+namespace BinaryAssetsTest
+{
+namespace fs = std::filesystem;
+
+static std::string BytesOf(const std::string& Path, const std::string& Engine = "5.7",
+	const std::string& ParentPackage = "/Script/Engine", const std::string& ParentClass = "Actor")
+{
+	return SmallBlueprint::Make(FPackageLayout::Of(Engine), {Path, ParentPackage, ParentClass, true}).Write().Bytes;
+}
+
+/** Every file of the project with its bytes, but for the lock. */
+static std::map<std::string, std::string> FilesOf(const FTemporaryFolder& Project)
+{
+	std::map<std::string, std::string> Files;
+	for (const fs::directory_entry& Entry : fs::recursive_directory_iterator(Project.Path()))
+	{
+		const std::string Relative = fs::relative(Entry.path(), Project.Path()).string();
+		if (Entry.is_regular_file() && Relative != ".editor.lock")
+		{
+			Files[Relative] = Project.Read(Relative);
+		}
+	}
+	return Files;
+}
+
+struct FAnswer
+{
+	bool bSuccess = false;
+	std::string Json;
+	std::string Errors;
+	std::string Warnings;
+};
+
+static std::string Join(const FJsonObject& Result, const TCHAR* Field)
+{
+	std::string Text;
+	const TArray<TSharedPtr<FJsonValue>>* Values = nullptr;
+	if (Result.TryGetArrayField(Field, Values))
+	{
+		for (const TSharedPtr<FJsonValue>& Value : *Values)
+		{
+			Text += ToUtf8(Value->AsString()) + "\n";
+		}
+	}
+	return Text;
+}
+
+static FAnswer Read(const std::string& Line)
+{
+	TSharedPtr<FJsonObject> Object;
+	FString Error;
+	FAnswer Answer;
+	Answer.Json = Line;
+	if (!JsonUtf8::Parse(Line, Object, Error) || !Object)
+	{
+		ADD_FAILURE() << Line;
+		return Answer;
+	}
+	Answer.bSuccess = Object->GetBoolField(TEXT("success"));
+	Answer.Errors = Join(*Object, TEXT("errors"));
+	Answer.Warnings = Join(*Object, TEXT("warnings"));
+	return Answer;
+}
+
+/** The calls in one process, which is what a server does with them. */
+static std::vector<FAnswer> Run(
+	const FTemporaryFolder& Project, const std::vector<std::pair<std::string, std::string>>& Calls)
+{
+	std::string Script;
+	for (const auto& [Tool, Arguments] : Calls)
+	{
+		Script += R"({"tool":")" + Tool + R"(","arguments":)" + Arguments + "}\n";
+	}
+	FTemporaryFolder Elsewhere;
+	Elsewhere.Write("script.jsonl", Script);
+	const FProcessResult Result = RunMorvane(
+		{"run", (Elsewhere.Path() / "script.jsonl").string(), "--project", Project.Path()});
+	std::vector<FAnswer> Answers;
+	std::istringstream Lines(Result.Output);
+	for (std::string Line; std::getline(Lines, Line);)
+	{
+		Answers.push_back(Read(Line));
+	}
+	EXPECT_EQ(Answers.size(), Calls.size()) << Result.Output << Result.Errors;
+	Answers.resize(Calls.size());
+	return Answers;
+}
+
+static FAnswer Call(const FTemporaryFolder& Project, const std::string& Tool, const std::string& Arguments)
+{
+	return Run(Project, {{Tool, Arguments}}).front();
+}
+} // namespace BinaryAssetsTest
+
+TEST(BinaryAssets, NoToolChangesOne)
+{
+	using namespace BinaryAssetsTest;
+	const FTemporaryFolder Project;
+	Project.Write("Content/BP_Small.uasset", BytesOf("/Game/BP_Small"));
+	Project.Write("Content/L_Level.umap", BytesOf("/Game/L_Level", "4.27"));
+	const std::map<std::string, std::string> Before = FilesOf(Project);
+	const std::vector<std::pair<std::string, std::string>> Calls = {
+		{"modify_blueprint_class_structure", R"({"path":"/Game/BP_Small","variables":{"A":{"type":{"category":"int"}}}})"},
+		{"modify_blueprint_class_structure",
+			R"({"path":"/Game/BP_Small","components":[{"name":"Mesh","class":"StaticMeshComponent"}]})"},
+		{"modify_blueprint_class_structure", R"({"path":"/Game/L_Level","delegates":[{"name":"OnIt"}]})"},
+		{"ui_modify_widget_bp", R"({"path":"/Game/BP_Small","widget_tree":{}})"},
+		{"bp_populate_graph",
+			R"({"path":"/Game/BP_Small","graph_name":"EventGraph","nodes":[{"node_guid":"a","menu_title":"Delay"}]})"},
+		{"bp_populate_graph",
+			R"({"path":"/Game/BP_Small","graph_name":"NewOne","graph_type":"function","nodes":[{"node_guid":"a","menu_title":"Branch"}]})"},
+		{"bp_create_graph", R"({"path":"/Game/BP_Small","functions":[{"name":"F"}]})"},
+		{"bp_modify_graph_nodes",
+			R"({"path":"/Game/BP_Small","graph_name":"EventGraph","nodes":[{"node_guid":"00000001000000020000000300000140","action":"remove"}]})"},
+		{"bp_remove_graph_connections",
+			R"({"path":"/Game/BP_Small","graph_name":"EventGraph","connections":[{"source_node_guid":"a","source_pin_name":"then","target_node_guid":"b","target_pin_name":"execute"}]})"},
+		{"compile_blueprint", R"({"blueprint_paths":["/Game/BP_Small","/Game/L_Level"]})"},
+		{"delete_blueprint", R"({"path":"/Game/BP_Small"})"},
+		{"bp_create_asset",
+			R"({"path":"/Game/BP_Small","blueprint_parent_class":{"type":"native","parent_path":"/Script/Engine.Actor"}})"},
+		{"bp_create_asset",
+			R"({"path":"/Game/bp_small","blueprint_parent_class":{"type":"native","parent_path":"/Script/Engine.Actor"}})"},
+		{"read_blueprint_schema", R"({"path":"/Game/BP_Small"})"},
+	};
+	const std::vector<FAnswer> Answers = Run(Project, Calls);
+	for (std::size_t Index = 0; Index < Calls.size(); ++Index)
+	{
+		SCOPED_TRACE(Calls[Index].first + " " + Calls[Index].second);
+		const FAnswer& Answer = Answers[Index];
+		if (Calls[Index].first == "read_blueprint_schema")
+		{
+			EXPECT_TRUE(Answer.bSuccess) << Answer.Json;
+			// What was refused left nothing behind.
+			EXPECT_THAT(Answer.Json, AllOf(HasSubstr("EventGraph"), Not(HasSubstr("NewOne")), Not(HasSubstr("Mesh"))));
+			continue;
+		}
+		EXPECT_FALSE(Answer.bSuccess) << Answer.Json;
+		EXPECT_THAT(Answer.Json, Not(HasSubstr("\"unsaved\"")));
+		if (Calls[Index].first == "bp_create_asset")
+		{
+			EXPECT_THAT(Answer.Errors, HasSubstr("already exists"));
+		}
+		else if (Calls[Index].first != "ui_modify_widget_bp") // it is no Widget Blueprint, which that tool says first
+		{
+			EXPECT_THAT(Answer.Errors,
+				AllOf(HasSubstr("only read here"), HasSubstr("'morvane import PATH [--to /Game/...]'"),
+					HasSubstr("'morvane copy PATH GRAPH'")));
+		}
+	}
+	EXPECT_EQ(FilesOf(Project), Before);
+}
+
+TEST(BinaryAssets, AChangeOfAnotherAssetStaysOutOfThem)
+{
+	using namespace BinaryAssetsTest;
+	const FTemporaryFolder Project;
+	Project.Write("Content/BP_Child.uasset", BytesOf("/Game/BP_Child", "5.3", "/Game/BP_Parent", "BP_Parent_C"));
+	const std::string Before = Project.Read("Content/BP_Child.uasset");
+	const std::vector<FAnswer> Answers = Run(Project,
+		{{"bp_create_asset",
+			 R"({"path":"/Game/BP_Parent","blueprint_parent_class":{"type":"native","parent_path":"/Script/Engine.Actor"}})"},
+			{"modify_blueprint_class_structure",
+				R"({"path":"/Game/BP_Parent","variables":{"Speed":{"action":"add","type":{"category":"int"}}}})"},
+			{"read_blueprint_schema", R"({"path":"/Game/BP_Child"})"},
+			{"bp_create_graph", R"({"path":"/Game/BP_Parent","functions":[{"name":"Do_It_2"},{"name":"Open"}]})"},
+			{"modify_blueprint_class_structure",
+				R"({"path":"/Game/BP_Parent","variables":{"Speed":{"action":"modify","new_name":"Pace"}}})"},
+			{"compile_blueprint", R"({"blueprint_paths":["/Game/BP_Parent"]})"},
+			{"read_blueprint_schema", R"({"path":"/Game/BP_Child"})"}, {"delete_blueprint", R"({"path":"/Game/BP_Parent"})"}});
+	for (const FAnswer& Answer : Answers)
+	{
+		EXPECT_TRUE(Answer.bSuccess) << Answer.Json;
+		EXPECT_THAT(Answer.Json, Not(HasSubstr("\"unsaved\"")));
+	}
+	EXPECT_THAT(Answers[2].Json, HasSubstr("/Game/BP_Parent.BP_Parent_C"));
+	EXPECT_THAT(Answers.back().Warnings, HasSubstr("was still used by 1 asset(s): /Game/BP_Child"));
+	EXPECT_EQ(Project.Read("Content/BP_Child.uasset"), Before);
+}
+
+TEST(BinaryAssets, ATextCopyGoesFirstWithAWarning)
+{
+	using namespace BinaryAssetsTest;
+	const FTemporaryFolder Project;
+	Project.Write("Content/Doors/BP_Small.uasset", BytesOf("/Game/Doors/BP_Small"));
+	const std::string Before = Project.Read("Content/Doors/BP_Small.uasset");
+	const FProcessResult Imported = RunMorvane({"import", "/Game/Doors/BP_Small", "--project", Project.Path()});
+	EXPECT_EQ(Imported.Status, 0) << Imported.Output << Imported.Errors;
+	const FAnswer Changed = Call(Project, "modify_blueprint_class_structure",
+		R"({"path":"/Game/Doors/BP_Small","variables":{"Speed":{"action":"add","type":{"category":"int"}}}})");
+	EXPECT_TRUE(Changed.bSuccess) << Changed.Json;
+	EXPECT_THAT(Changed.Warnings, HasSubstr("BP_Small.uatext goes before the binary package "));
+	EXPECT_THAT(Call(Project, "read_blueprint_schema", R"({"path":"/Game/Doors/BP_Small"})").Json, HasSubstr("Speed"));
+	EXPECT_EQ(Project.Read("Content/Doors/BP_Small.uasset"), Before);
+	// The copy goes, and the engine's own stands again.
+	EXPECT_TRUE(Call(Project, "delete_blueprint", R"({"path":"/Game/Doors/BP_Small"})").bSuccess);
+	const FAnswer Again = Call(Project, "read_blueprint_schema", R"({"path":"/Game/Doors/BP_Small"})");
+	EXPECT_TRUE(Again.bSuccess) << Again.Json;
+	EXPECT_THAT(Again.Json, Not(HasSubstr("Speed")));
+}
+
+TEST(BinaryAssets, WhatCannotBeReadIsRefusedWithItsReason)
+{
+	using namespace BinaryAssetsTest;
+	const FTemporaryFolder Project;
+	Project.Write("Content/BP_Pointer.uasset", "version https://git-lfs.github.com/spec/v1\noid sha256:0\nsize 1\n");
+	Project.Write("Content/BP_Cut.uasset", BytesOf("/Game/BP_Cut").substr(0, 4000));
+	EXPECT_THAT(Call(Project, "read_blueprint_schema", R"({"path":"/Game/BP_Pointer"})").Json, HasSubstr("git lfs pull"));
+	EXPECT_THAT(Call(Project, "read_blueprint_schema", R"({"path":"/Game/BP_Cut"})").Json,
+		HasSubstr("the package is damaged: it is cut off at byte 4000, its objects reach to byte "));
+	const std::map<std::string, std::string> Before = FilesOf(Project);
+	for (const char* const Path : {"/Game/BP_Pointer", "/Game/BP_Cut"})
+	{
+		const FAnswer Created = Call(Project, "bp_create_asset",
+			std::string(R"({"path":")") + Path
+				+ R"(","blueprint_parent_class":{"type":"native","parent_path":"/Script/Engine.Actor"}})");
+		EXPECT_FALSE(Created.bSuccess) << Created.Json;
+		EXPECT_FALSE(
+			Call(Project, "bp_create_graph", std::string(R"({"path":")") + Path + R"(","functions":[{"name":"F"}]})")
+				.bSuccess);
+	}
+	EXPECT_EQ(FilesOf(Project), Before);
+}
