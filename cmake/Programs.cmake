@@ -54,7 +54,9 @@ endif()
 
 file(GLOB_RECURSE BENCH_SOURCES CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/Benchmarks/*.cpp")
 if(BENCH_SOURCES)
-  add_executable(MorvaneBench ${BENCH_SOURCES} "${CMAKE_SOURCE_DIR}/Tests/Support/TestAssets.cpp")
+  add_executable(MorvaneBench ${BENCH_SOURCES} "${CMAKE_SOURCE_DIR}/Tests/Support/TestAssets.cpp"
+    "${CMAKE_SOURCE_DIR}/Tests/Support/BinaryObjectBytes.cpp" "${CMAKE_SOURCE_DIR}/Tests/Support/BinaryPackageWriter.cpp"
+    "${CMAKE_SOURCE_DIR}/Tests/Support/SmallBlueprint.cpp")
   target_include_directories(MorvaneBench PRIVATE "${CMAKE_SOURCE_DIR}/Tests/Support" "${CMAKE_SOURCE_DIR}/Benchmarks" ${MORVANE_PRIVATE_FOLDERS})
   target_compile_definitions(MorvaneBench PRIVATE MORVANE_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
   target_link_libraries(MorvaneBench PRIVATE MorvaneHost benchmark::benchmark_main benchmark::benchmark)
@@ -73,7 +75,8 @@ if(CMAKE_BUILD_TYPE STREQUAL "Fuzz")
   foreach(SOURCE IN LISTS FUZZ_SOURCES)
     get_filename_component(NAME "${SOURCE}" NAME_WE)
     add_executable(${NAME} ${SOURCE})
-    target_include_directories(${NAME} PRIVATE "${CMAKE_SOURCE_DIR}/Tests" "${CMAKE_SOURCE_DIR}/Tests/Support")
+    target_include_directories(${NAME} PRIVATE "${CMAKE_SOURCE_DIR}/Tests" "${CMAKE_SOURCE_DIR}/Tests/Support"
+      ${MORVANE_PRIVATE_FOLDERS})
     target_link_libraries(${NAME} PRIVATE MorvaneHost)
     target_link_options(${NAME} PRIVATE -fsanitize=fuzzer)
     morvane_precompile(${NAME})

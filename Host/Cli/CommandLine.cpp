@@ -25,6 +25,10 @@ static std::string CheckProjectDir(const std::string& Directory)
 	std::error_code Ignored;
 	const fs::path Path = fs::absolute(Directory, Ignored).lexically_normal();
 	const fs::path Folder = Path.has_filename() ? Path : Path.parent_path();
+	if (fs::is_regular_file(Folder, Ignored) && Folder.extension() == ".uproject")
+	{
+		return "";
+	}
 	if (fs::exists(Folder, Ignored))
 	{
 		return fs::is_directory(Folder, Ignored) ? "" : "The project " + Directory + " is not a folder";
@@ -34,7 +38,8 @@ static std::string CheckProjectDir(const std::string& Directory)
 
 static void AddSharedOptions(CLI::App& App, FHostOptions& Options)
 {
-	App.add_option("--project", Options.ProjectDir, "Project folder, the current one by default")
+	App.add_option(
+		   "--project", Options.ProjectDir, "Project folder or the .uproject file in it; the current folder by default")
 		->type_name("DIR")
 		->check(CheckProjectDir);
 	App.add_option("--seed", Options.Seed, "Make the ids of new nodes repeatable")->type_name("N");

@@ -195,6 +195,38 @@ static std::string DescribeResult(const FToolOutcome& Outcome)
 	return Text;
 }
 
+constexpr FDemoStep ReadSample = {"A file of the engine's own editor lies in the project: read as any other",
+	"read_blueprint_schema", R"({"path": "/Game/Samples/BP_Sample"})"};
+constexpr FDemoStep ChangeSample = {"It is only read: a change is refused, and the two roads are told",
+	"bp_create_graph", R"({"path": "/Game/Samples/BP_Sample", "functions": [{"name": "Open"}]})"};
+
+/** Copies one of the engine's own files into the project, if a folder of such is at hand. */
+static bool PutSample(const std::string& Project)
+{
+	namespace fs = std::filesystem;
+	const char* const Folder = std::getenv("MORVANE_BINARY_SAMPLES");
+	std::error_code Error;
+	std::vector<fs::path> Found;
+	for (const fs::directory_entry& Entry : fs::recursive_directory_iterator(Folder ? Folder : "", Error))
+	{
+		// Blueprints by the names that authors give them.
+		if (Entry.path().extension() == ".uasset" && Entry.path().string().find("BP_") != std::string::npos)
+		{
+			Found.push_back(Entry.path());
+		}
+	}
+	const auto Smallest = std::min_element(Found.begin(), Found.end(),
+		[&Error](const fs::path& Left, const fs::path& Right)
+		{ return fs::file_size(Left, Error) < fs::file_size(Right, Error); });
+	if (Smallest == Found.end())
+	{
+		return false;
+	}
+	const fs::path Target = fs::path(Project) / "Content" / "Samples" / "BP_Sample.uasset";
+	fs::create_directories(Target.parent_path(), Error);
+	return fs::copy_file(*Smallest, Target, Error);
+}
+
 static std::string ListFiles(const std::string& Folder)
 {
 	std::vector<std::string> Lines;
@@ -229,12 +261,19 @@ public:
 		const DemoCommandPrivate::FTemporaryFolder Folder;
 		FHostOptions Options = Context.Options;
 		Options.ProjectDir = Options.ProjectDir.empty() ? Folder.Path : Options.ProjectDir;
+		const bool bHasSample = DemoCommandPrivate::PutSample(Options.ProjectDir);
 		const std::unique_ptr<IToolHost> Tools = Context.MakeToolHost(Options);
 		DemoCommandPrivate::FNodeIds NodeIds;
 		bool bAllSucceeded = true;
 		for (const FDemoStep& Step : GetDemoSteps())
 		{
 			bAllSucceeded = Play(Step, *Tools, NodeIds, Context) && bAllSucceeded;
+		}
+		if (bHasSample)
+		{
+			bAllSucceeded = Play(DemoCommandPrivate::ReadSample, *Tools, NodeIds, Context) && bAllSucceeded;
+			// A refusal is what this one shows.
+			bAllSucceeded = !Play(DemoCommandPrivate::ChangeSample, *Tools, NodeIds, Context) && bAllSucceeded;
 		}
 		Context.Output.WriteLine(DemoCommandPrivate::ListFiles(Options.ProjectDir));
 		return bAllSucceeded ? EExitStatus::Succeeded : EExitStatus::Failed;

@@ -26,7 +26,9 @@ static FString GetProjectDir(const FHostOptions& Options)
 {
 	std::error_code Ignored;
 	const std::string Directory = Options.ProjectDir.empty() ? "." : Options.ProjectDir;
-	return FromUtf8(std::filesystem::absolute(Directory, Ignored).lexically_normal().string());
+	const std::filesystem::path Path = std::filesystem::absolute(Directory, Ignored).lexically_normal();
+	const bool bDescriptor = Path.extension() == ".uproject" && std::filesystem::is_regular_file(Path, Ignored);
+	return FromUtf8((bDescriptor ? Path.parent_path() : Path).string());
 }
 
 /** A project begins with its first call, so a folder that is not there yet is made, but never the one above it. */

@@ -82,7 +82,7 @@ static FAnswer Read(const std::string& Line)
 }
 
 /** The calls in one process, which is what a server does with them. */
-static std::vector<FAnswer> Run(
+static std::vector<FAnswer> RunCalls(
 	const FTemporaryFolder& Project, const std::vector<std::pair<std::string, std::string>>& Calls)
 {
 	std::string Script;
@@ -107,7 +107,7 @@ static std::vector<FAnswer> Run(
 
 static FAnswer Call(const FTemporaryFolder& Project, const std::string& Tool, const std::string& Arguments)
 {
-	return Run(Project, {{Tool, Arguments}}).front();
+	return RunCalls(Project, {{Tool, Arguments}}).front();
 }
 } // namespace BinaryAssetsTest
 
@@ -119,7 +119,8 @@ TEST(BinaryAssets, NoToolChangesOne)
 	Project.Write("Content/L_Level.umap", BytesOf("/Game/L_Level", "4.27"));
 	const std::map<std::string, std::string> Before = FilesOf(Project);
 	const std::vector<std::pair<std::string, std::string>> Calls = {
-		{"modify_blueprint_class_structure", R"({"path":"/Game/BP_Small","variables":{"A":{"type":{"category":"int"}}}})"},
+		{"modify_blueprint_class_structure",
+			R"({"path":"/Game/BP_Small","variables":{"A":{"type":{"category":"int"}}}})"},
 		{"modify_blueprint_class_structure",
 			R"({"path":"/Game/BP_Small","components":[{"name":"Mesh","class":"StaticMeshComponent"}]})"},
 		{"modify_blueprint_class_structure", R"({"path":"/Game/L_Level","delegates":[{"name":"OnIt"}]})"},
@@ -130,9 +131,9 @@ TEST(BinaryAssets, NoToolChangesOne)
 			R"({"path":"/Game/BP_Small","graph_name":"NewOne","graph_type":"function","nodes":[{"node_guid":"a","menu_title":"Branch"}]})"},
 		{"bp_create_graph", R"({"path":"/Game/BP_Small","functions":[{"name":"F"}]})"},
 		{"bp_modify_graph_nodes",
-			R"({"path":"/Game/BP_Small","graph_name":"EventGraph","nodes":[{"node_guid":"00000001000000020000000300000140","action":"remove"}]})"},
+			R"({"path":"/Game/BP_Small","blueprint_name":"BP_Small","graph_name":"EventGraph","nodes":[{"node_guid":"00000001000000020000000300000140","action":"remove"}]})"},
 		{"bp_remove_graph_connections",
-			R"({"path":"/Game/BP_Small","graph_name":"EventGraph","connections":[{"source_node_guid":"a","source_pin_name":"then","target_node_guid":"b","target_pin_name":"execute"}]})"},
+			R"({"path":"/Game/BP_Small","blueprint_name":"BP_Small","graph_name":"EventGraph","connections":[{"source_node_guid":"a","source_pin_name":"then","target_node_guid":"b","target_pin_name":"execute"}]})"},
 		{"compile_blueprint", R"({"blueprint_paths":["/Game/BP_Small","/Game/L_Level"]})"},
 		{"delete_blueprint", R"({"path":"/Game/BP_Small"})"},
 		{"bp_create_asset",
@@ -141,12 +142,13 @@ TEST(BinaryAssets, NoToolChangesOne)
 			R"({"path":"/Game/bp_small","blueprint_parent_class":{"type":"native","parent_path":"/Script/Engine.Actor"}})"},
 		{"read_blueprint_schema", R"({"path":"/Game/BP_Small"})"},
 	};
-	const std::vector<FAnswer> Answers = Run(Project, Calls);
+	const std::vector<FAnswer> Answers = RunCalls(Project, Calls);
 	for (std::size_t Index = 0; Index < Calls.size(); ++Index)
 	{
-		SCOPED_TRACE(Calls[Index].first + " " + Calls[Index].second);
+		const std::string& Tool = Calls[Index].first;
+		SCOPED_TRACE(Tool + " " + Calls[Index].second);
 		const FAnswer& Answer = Answers[Index];
-		if (Calls[Index].first == "read_blueprint_schema")
+		if (Tool == "read_blueprint_schema")
 		{
 			EXPECT_TRUE(Answer.bSuccess) << Answer.Json;
 			// What was refused left nothing behind.
@@ -155,11 +157,11 @@ TEST(BinaryAssets, NoToolChangesOne)
 		}
 		EXPECT_FALSE(Answer.bSuccess) << Answer.Json;
 		EXPECT_THAT(Answer.Json, Not(HasSubstr("\"unsaved\"")));
-		if (Calls[Index].first == "bp_create_asset")
+		if (Tool == "bp_create_asset")
 		{
 			EXPECT_THAT(Answer.Errors, HasSubstr("already exists"));
 		}
-		else if (Calls[Index].first != "ui_modify_widget_bp") // it is no Widget Blueprint, which that tool says first
+		else if (Tool != "ui_modify_widget_bp") // it is no Widget Blueprint, which that tool says first
 		{
 			EXPECT_THAT(Answer.Errors,
 				AllOf(HasSubstr("only read here"), HasSubstr("'morvane import PATH [--to /Game/...]'"),
@@ -175,7 +177,7 @@ TEST(BinaryAssets, AChangeOfAnotherAssetStaysOutOfThem)
 	const FTemporaryFolder Project;
 	Project.Write("Content/BP_Child.uasset", BytesOf("/Game/BP_Child", "5.3", "/Game/BP_Parent", "BP_Parent_C"));
 	const std::string Before = Project.Read("Content/BP_Child.uasset");
-	const std::vector<FAnswer> Answers = Run(Project,
+	const std::vector<FAnswer> Answers = RunCalls(Project,
 		{{"bp_create_asset",
 			 R"({"path":"/Game/BP_Parent","blueprint_parent_class":{"type":"native","parent_path":"/Script/Engine.Actor"}})"},
 			{"modify_blueprint_class_structure",
@@ -185,7 +187,8 @@ TEST(BinaryAssets, AChangeOfAnotherAssetStaysOutOfThem)
 			{"modify_blueprint_class_structure",
 				R"({"path":"/Game/BP_Parent","variables":{"Speed":{"action":"modify","new_name":"Pace"}}})"},
 			{"compile_blueprint", R"({"blueprint_paths":["/Game/BP_Parent"]})"},
-			{"read_blueprint_schema", R"({"path":"/Game/BP_Child"})"}, {"delete_blueprint", R"({"path":"/Game/BP_Parent"})"}});
+			{"read_blueprint_schema", R"({"path":"/Game/BP_Child"})"},
+			{"delete_blueprint", R"({"path":"/Game/BP_Parent"})"}});
 	for (const FAnswer& Answer : Answers)
 	{
 		EXPECT_TRUE(Answer.bSuccess) << Answer.Json;
@@ -223,7 +226,8 @@ TEST(BinaryAssets, WhatCannotBeReadIsRefusedWithItsReason)
 	const FTemporaryFolder Project;
 	Project.Write("Content/BP_Pointer.uasset", "version https://git-lfs.github.com/spec/v1\noid sha256:0\nsize 1\n");
 	Project.Write("Content/BP_Cut.uasset", BytesOf("/Game/BP_Cut").substr(0, 4000));
-	EXPECT_THAT(Call(Project, "read_blueprint_schema", R"({"path":"/Game/BP_Pointer"})").Json, HasSubstr("git lfs pull"));
+	EXPECT_THAT(
+		Call(Project, "read_blueprint_schema", R"({"path":"/Game/BP_Pointer"})").Json, HasSubstr("git lfs pull"));
 	EXPECT_THAT(Call(Project, "read_blueprint_schema", R"({"path":"/Game/BP_Cut"})").Json,
 		HasSubstr("the package is damaged: it is cut off at byte 4000, its objects reach to byte "));
 	const std::map<std::string, std::string> Before = FilesOf(Project);

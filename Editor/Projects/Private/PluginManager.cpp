@@ -60,9 +60,10 @@ static TArray<FString> FoldersIn(const FString& Directory)
 	return Names;
 }
 
-static FString DescriptorIn(const FString& Directory)
+/** The file of that extension that describes the folder: the one that bears its name, else the first. */
+static FString DescriptorIn(const FString& Directory, const TCHAR* Extension)
 {
-	const FString ByFolder = Directory / (FPaths::GetCleanFilename(Directory) + TEXT(".uplugin"));
+	const FString ByFolder = Directory / (FPaths::GetCleanFilename(Directory) + Extension);
 	if (IFileManager::Get().FileExists(*ByFolder))
 	{
 		return ByFolder;
@@ -76,7 +77,7 @@ static FString DescriptorIn(const FString& Directory)
 		}
 		closedir(Handle);
 	}
-	Names.RemoveAll([](const FString& Name) { return !Name.EndsWith(TEXT(".uplugin")); });
+	Names.RemoveAll([Extension](const FString& Name) { return !Name.EndsWith(Extension); });
 	Names.Sort(
 		[](const FString& Left, const FString& Right) { return Left.Compare(Right, ESearchCase::CaseSensitive) < 0; });
 	return Names.IsEmpty() ? FString() : Directory / Names[0];
@@ -101,9 +102,10 @@ static TSharedPtr<FJsonObject> ReadJson(const FString& Filename)
 static TMap<FString, bool> ReadProjectChoices()
 {
 	TMap<FString, bool> Choices;
-	const FString Project = FPaths::ProjectDir();
-	const FString Descriptor = Project / (FPaths::GetCleanFilename(Project.LeftChop(1)) + TEXT(".uproject"));
-	if (!IFileManager::Get().FileExists(*Descriptor))
+	FString Project = FPaths::ProjectDir();
+	FPaths::NormalizeDirectoryName(Project);
+	const FString Descriptor = DescriptorIn(Project, TEXT(".uproject"));
+	if (Descriptor.IsEmpty())
 	{
 		return Choices;
 	}
@@ -204,7 +206,7 @@ private:
 				UE_LOG(LogPluginManager, Warning, TEXT("The plug-in folder is passed over: %s"), *Reason);
 				continue;
 			}
-			const FString Descriptor = DescriptorIn(Folder);
+			const FString Descriptor = DescriptorIn(Folder, TEXT(".uplugin"));
 			if (!Descriptor.IsEmpty())
 			{
 				Add(Descriptor, Choices);

@@ -8,6 +8,16 @@
 #include <gtest/gtest.h>
 
 #include "BinaryPackage/BinaryPackageText.h"
+#include "EdGraph/EdGraphNode.h"
+#include "Engine/Blueprint.h"
+#include "Engine/SCS_Node.h"
+#include "Engine/SimpleConstructionScript.h"
+#include "Misc/PackageName.h"
+#include "Session/EditorModules.h"
+#include "Standalone/PackageText.h"
+#include "TemporaryFolder.h"
+#include "UObject/Package.h"
+#include "UObject/UObjectGlobals.h"
 
 // The engine's own files, run over where they lie: a folder named by MORVANE_BINARY_SAMPLES, if there is one. They
 // belong to others, so none of them is part of this repository; what a layout needs is tested on files made by hand.
@@ -26,6 +36,12 @@ struct FTotals
 	int NumLinks = 0;
 	int NumTwoSided = 0;
 	int NumWarnings = 0;
+	/** Of the Blueprints as they stand in memory after a load. */
+	int NumLoaded = 0;
+	int NumLoadedNodes = 0;
+	int NumVariables = 0;
+	int NumComponents = 0;
+	int NumFunctions = 0;
 };
 
 static std::string ReadFile(const fs::path& Path)
@@ -47,6 +63,32 @@ static std::vector<fs::path> FindSamples(const fs::path& Folder)
 	std::sort(Files.begin(), Files.end());
 	return Files;
 }
+/** Counts what a Blueprint holds once it is loaded as any other. */
+static void CountLoaded(const std::string& PackageName, FTotals& Totals)
+{
+	UPackage* const Package = LoadPackage(nullptr, *FromUtf8(PackageName), LOAD_Quiet);
+	if (!Package)
+	{
+		return;
+	}
+	++Totals.NumLoaded;
+	TArray<UObject*> Objects;
+	GetObjectsWithOuter(Package, Objects, true);
+	for (UObject* const Object : Objects)
+	{
+		Totals.NumLoadedNodes += Object->IsA<UEdGraphNode>() ? 1 : 0;
+		if (const UBlueprint* const Blueprint = Cast<UBlueprint>(Object))
+		{
+			Totals.NumVariables += Blueprint->NewVariables.Num();
+			Totals.NumFunctions += Blueprint->FunctionGraphs.Num();
+			Totals.NumComponents += Blueprint->SimpleConstructionScript
+				? Blueprint->SimpleConstructionScript->GetAllNodes().Num()
+				: 0;
+		}
+	}
+	Package->MarkAsGarbage();
+	CollectGarbage();
+}
 } // namespace BinarySamplesTest
 
 TEST(BinarySamples, AreReadToTheirLastPin)
@@ -58,6 +100,12 @@ TEST(BinarySamples, AreReadToTheirLastPin)
 		GTEST_SKIP() << "MORVANE_BINARY_SAMPLES names no folder";
 	}
 	std::map<std::string, FTotals> ByFolder;
+	// Folders of samples bear names that no package can have, so each file gets a name of its own.
+	const FTemporaryFolder Content;
+	FPackageName::RegisterMountPoint(TEXT("/Samples/"), Content.Get());
+	EditorModules::StartEditor();
+	FPackageText::RegisterLoader();
+	int NumFiles = 0;
 	for (const fs::path& File : FindSamples(Folder))
 	{
 		FTotals& Totals = ByFolder[fs::relative(File, Folder).begin()->string()];
@@ -65,10 +113,13 @@ TEST(BinarySamples, AreReadToTheirLastPin)
 		std::string Text;
 		std::string Refusal;
 		++Totals.NumFiles;
-		const bool bRead = MakePackageTextOfBinary(
-			ReadFile(File), "/Game/" + File.stem().string(), Text, Findings, Refusal);
+		const std::string Bytes = ReadFile(File);
+		const bool bRead = MakePackageTextOfBinary(Bytes, "/Game/" + File.stem().string(), Text, Findings, Refusal);
 		EXPECT_TRUE(bRead) << File << ": " << Refusal;
 		Totals.NumRead += bRead ? 1 : 0;
+		const std::string Name = File.stem().string() + "_" + std::to_string(NumFiles++);
+		Content.Write(Name + File.extension().string(), Bytes);
+		CountLoaded("/Samples/" + Name, Totals);
 		Totals.NumNodes += Findings.NumNodes;
 		Totals.NumNodesWithPins += Findings.NumNodesWithPins;
 		Totals.NumPins += Findings.NumPins;
@@ -83,14 +134,17 @@ TEST(BinarySamples, AreReadToTheirLastPin)
 			}
 		}
 	}
-	std::printf("%-12s %5s %5s %6s %9s %7s %7s %9s %8s\n", "engine", "files", "read", "nodes", "with pins", "pins",
-		"links", "two-sided", "warnings");
+	FPackageName::UnRegisterMountPoint(TEXT("/Samples/"), Content.Get());
+	std::printf("%-8s %5s %5s %6s %9s %6s %6s %9s %6s %9s %10s %9s %14s\n", "engine", "files", "read", "nodes",
+		"with pins", "pins", "links", "two-sided", "loaded", "variables", "components", "functions", "warnings/file");
 	for (const auto& [Engine, Totals] : ByFolder)
 	{
-		std::printf("%-12s %5d %5d %6d %9d %7d %7d %9d %8d\n", Engine.c_str(), Totals.NumFiles, Totals.NumRead,
-			Totals.NumNodes, Totals.NumNodesWithPins, Totals.NumPins, Totals.NumLinks, Totals.NumTwoSided,
-			Totals.NumWarnings);
+		std::printf("%-8s %5d %5d %6d %9d %6d %6d %9d %6d %9d %10d %9d %14.2f\n", Engine.c_str(), Totals.NumFiles,
+			Totals.NumRead, Totals.NumNodes, Totals.NumNodesWithPins, Totals.NumPins, Totals.NumLinks,
+			Totals.NumTwoSided, Totals.NumLoaded, Totals.NumVariables, Totals.NumComponents, Totals.NumFunctions,
+			static_cast<double>(Totals.NumWarnings) / Totals.NumFiles);
 		EXPECT_EQ(Totals.NumNodesWithPins, Totals.NumNodes) << Engine;
 		EXPECT_EQ(Totals.NumTwoSided, Totals.NumLinks) << Engine;
+		EXPECT_EQ(Totals.NumLoaded, Totals.NumFiles) << Engine;
 	}
 }

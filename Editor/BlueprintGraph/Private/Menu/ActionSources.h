@@ -35,8 +35,10 @@ extern const FName OffersTag;
 extern const FName OfferTag;
 /** What of the above others may use, a line for each action, in order. */
 TArray<FString> DescribeOffers(UBlueprint& Blueprint);
-/** Whether the file of a Blueprint that is not in memory tells what it offers. */
+/** Whether the file of a Blueprint that is not in memory tells what it offers, or at least the names of members. */
 bool TellsOffers(const FAssetData& Asset);
+/** What it tells, in one text that changes when that does. */
+FString GetOffers(const FAssetData& Asset);
 /** The actions that such a file tells. The Blueprint is loaded when one of them makes a node. */
 void AddOffers(const FAssetData& Asset, FActionList& Out);
 /** From now on the files of Blueprints tell what these offer. */

@@ -5,6 +5,7 @@
 #include "Engine/Blueprint.h"
 #include "Menu/ActionSources.h"
 #include "Menu/OfferNodeSpawner.h"
+#include "Misc/PackageName.h"
 #include "Standalone/NativeClass.h"
 #include "Standalone/PackageText.h"
 
@@ -106,6 +107,89 @@ static bool AddLine(const FString& BlueprintPath, const FString& Line, ActionSou
 	return Action != nullptr;
 }
 
+/** Of files of the engine's own form: the names of what the Blueprint declares, and no more. */
+const FName MemberNamesTag(TEXT("MemberNames"));
+
+static FString MakeLine(const FString& Title, const TCHAR* Category, const FString& Keywords, const TCHAR* NodeClass,
+	const uint32 Flags = 0, const TCHAR* RequiredClass = TEXT(""))
+{
+	return FString::Printf(TEXT("%s\t%s\t\t%s\t/Script/BlueprintGraph.%s\t%s\t%u"), *Title, Category, *Keywords,
+		NodeClass, RequiredClass, Flags);
+}
+
+static TArray<FString> NamesIn(const FAssetData& Asset, const TCHAR* Tag)
+{
+	TArray<FString> Names;
+	Asset.GetTagValueRef<FString>(FName(Tag)).ParseIntoArray(Names, TEXT("\n"), true);
+	return Names;
+}
+
+/** Whether the Blueprint's nearest native parent is of the class at that path. */
+static bool IsBelow(const FAssetData& Asset, const TCHAR* BasePath)
+{
+	const FString Parent = FPackageName::ExportTextPathToObjectPath(
+		Asset.GetTagValueRef<FString>(TEXT("NativeParentClass")));
+	const UClass* const Base = FindObject<UClass>(nullptr, BasePath);
+	const UClass* const Native = Parent.IsEmpty() ? nullptr : FindObject<UClass>(nullptr, *Parent);
+	return Base && Native && Native->IsChildOf(Base);
+}
+
+static void DescribeDispatcher(const FString& Name, TArray<FString>& Lines)
+{
+	static const struct
+	{
+		const TCHAR* Words;
+		const TCHAR* NodeClass;
+	} Kinds[] = {{TEXT("Call %s"), TEXT("K2Node_CallDelegate")}, {TEXT("Bind Event to %s"), TEXT("K2Node_AddDelegate")},
+		{TEXT("Assign %s"), TEXT("K2Node_AssignDelegate")},
+		{TEXT("Unbind Event from %s"), TEXT("K2Node_RemoveDelegate")},
+		{TEXT("Unbind all Events from %s"), TEXT("K2Node_ClearDelegate")}};
+	const FString Shown = FName::NameToDisplayString(Name, false);
+	for (const auto& Kind : Kinds)
+	{
+		Lines.Add(MakeLine(
+			FString(Kind.Words).Replace(TEXT("%s"), *Shown), TEXT("Event Dispatchers"), Name, Kind.NodeClass, Member));
+	}
+}
+
+/**
+ * The lines that the names alone allow. Categories and who may call what stand in the objects; the first node that is
+ * made of a line loads them, and from then on they are known.
+ */
+static TArray<FString> DescribeByNames(const FAssetData& Asset)
+{
+	TArray<FString> Lines;
+	const FString Type = Asset.GetTagValueRef<FString>(TEXT("BlueprintType"));
+	if (Type == TEXT("BPTYPE_MacroLibrary"))
+	{
+		for (const FString& Name : NamesIn(Asset, TEXT("Graphs")))
+		{
+			Lines.Add(MakeLine(
+				FName::NameToDisplayString(Name, false), TEXT("Utilities|Macro"), Name, TEXT("K2Node_MacroInstance")));
+		}
+		return Lines;
+	}
+	const uint32 OfMember = Type == TEXT("BPTYPE_FunctionLibrary") ? 0u : Member;
+	for (const FString& Name : NamesIn(Asset, TEXT("Functions")))
+	{
+		Lines.Add(MakeLine(FName::NameToDisplayString(Name, false), TEXT("Call Function"), Name,
+			TEXT("K2Node_CallFunction"), OfMember));
+	}
+	for (const FString& Name : NamesIn(Asset, TEXT("Dispatchers")))
+	{
+		DescribeDispatcher(Name, Lines);
+	}
+	const FString Cast = TEXT("Cast To ") + Asset.AssetName.ToString();
+	Lines.Add(MakeLine(Cast, TEXT("Utilities|Casting"), FString(), TEXT("K2Node_DynamicCast")));
+	Lines.Add(MakeLine(Cast + TEXT(" Class"), TEXT("Utilities|Casting"), FString(), TEXT("K2Node_ClassDynamicCast")));
+	if (IsBelow(Asset, TEXT("/Script/Engine.ActorComponent")))
+	{
+		Lines.Add(MakeLine(TEXT("Add ") + FName::NameToDisplayString(Asset.AssetName.ToString(), false),
+			TEXT("Add Component"), TEXT("AddComponent"), TEXT("K2Node_AddComponent"), 0, TEXT("/Script/Engine.Actor")));
+	}
+	return Lines;
+}
+
 static void CollectTags(const UObject& Asset, TArray<FPackageText::FTag>& Tags)
 {
 	const UBlueprint* const Blueprint = Cast<UBlueprint>(&Asset);
@@ -144,14 +228,22 @@ TArray<FString> DescribeOffers(UBlueprint& Blueprint)
 
 bool TellsOffers(const FAssetData& Asset)
 {
-	return Asset.GetTagValueRef<FString>(OffersTag).Equals(ActionOffers::Form, ESearchCase::CaseSensitive);
+	return Asset.TagsAndValues.Find(ActionOffers::MemberNamesTag)
+		|| Asset.GetTagValueRef<FString>(OffersTag).Equals(ActionOffers::Form, ESearchCase::CaseSensitive);
+}
+
+FString GetOffers(const FAssetData& Asset)
+{
+	return Asset.TagsAndValues.Find(ActionOffers::MemberNamesTag)
+		? FString::Join(ActionOffers::DescribeByNames(Asset), TEXT("\n"))
+		: Asset.GetTagValueRef<FString>(OfferTag);
 }
 
 void AddOffers(const FAssetData& Asset, FActionList& Out)
 {
 	const FString Path = Asset.GetObjectPathString();
 	TArray<FString> Lines;
-	Asset.GetTagValueRef<FString>(OfferTag).ParseIntoArray(Lines, TEXT("\n"), true);
+	GetOffers(Asset).ParseIntoArray(Lines, TEXT("\n"), true);
 	for (const FString& Line : Lines)
 	{
 		ActionOffers::AddLine(Path, Line, Out);
@@ -181,14 +273,20 @@ void UOfferNodeSpawner::Use(TFunctionRef<void(const UBlueprintNodeSpawner&)> Do)
 	}
 	ActionSources::FActionList Actions;
 	ActionSources::AddBlueprint(*Blueprint, Actions);
-	const FBlueprintAction* const Found = Actions.FindByPredicate(
-		[this](const FBlueprintAction& Action)
+	const auto HasTitle = [this](const FBlueprintAction& Action)
+	{
+		return Action.NodeClass == NodeClass.Get()
+			&& Action.Item->GetMenuDescription().EqualTo(DefaultMenuSignature.MenuName);
+	};
+	const FBlueprintAction* Found = Actions.FindByPredicate(
+		[this, &HasTitle](const FBlueprintAction& Action)
 		{
-			return Action.NodeClass == NodeClass.Get()
-				&& Action.Item->GetMenuDescription().EqualTo(DefaultMenuSignature.MenuName)
+			return HasTitle(Action)
 				&& ActionOffers::Clean(Action.Item->GetKeywords())
 					   .Equals(DefaultMenuSignature.Keywords.ToString(), ESearchCase::CaseSensitive);
 		});
+	// Names alone do not tell all keywords.
+	Found = Found ? Found : Actions.FindByPredicate(HasTitle);
 	if (Found)
 	{
 		Do(*Found->Item->GetRawAction());

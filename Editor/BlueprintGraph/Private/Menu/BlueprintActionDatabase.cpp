@@ -279,8 +279,7 @@ void FBlueprintActionDatabase::UpdateAssets(const TArray<FAssetData>& UnloadedBl
 		FString Path = Offered.Asset.GetObjectPathString();
 		const int32* const Index = Standing.Find(Path);
 		FAssetEntry* const Known = Index ? &Assets[*Index] : nullptr;
-		const FString Offers = Offered.bIsBlueprint ? Offered.Asset.GetTagValueRef<FString>(ActionSources::OfferTag)
-													: FString();
+		const FString Offers = Offered.bIsBlueprint ? ActionSources::GetOffers(Offered.Asset) : FString();
 		// A change of case is a change of words.
 		if (Known && Known->Path.Equals(Path, ESearchCase::CaseSensitive) && Known->Type.Get() == Offered.Type
 			&& Known->Offers.Equals(Offers, ESearchCase::CaseSensitive))

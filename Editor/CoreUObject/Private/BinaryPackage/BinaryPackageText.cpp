@@ -76,6 +76,43 @@ static void ReadRegistryTags(const FBinaryTables& Tables, const std::string_view
 	}
 }
 
+/**
+ * What a Blueprint declares by name, as far as the names of its objects tell it: functions of its class that override
+ * nothing, dispatchers, graphs that may be macros. So menus offer its members without reading one of its objects.
+ */
+static void TellMemberNames(const FBinaryTables& Tables, const int32_t Asset, FPackageText::FHeader& Header)
+{
+	if (!Header.AssetClassPath.EndsWith(TEXT("Blueprint")))
+	{
+		return;
+	}
+	Header.Tags.Add({TEXT("MemberNames"), TEXT("1")});
+	const std::vector<FBinaryExport>& Exports = Tables.GetExports();
+	for (std::size_t Index = 0; Index < Exports.size(); ++Index)
+	{
+		const FBinaryExport& Export = Exports[Index];
+		const std::string Class = Tables.ClassPathOf(static_cast<int32_t>(Index) + 1);
+		const bool bOfClass = Export.Outer > 0 && Tables.ClassPathOf(Export.Outer).ends_with("GeneratedClass");
+		constexpr std::string_view Signature = "__DelegateSignature";
+		if (bOfClass && Class == "/Script/CoreUObject.DelegateFunction" && Export.Name.ends_with(Signature))
+		{
+			Header.Tags.Add({TEXT("Dispatchers"),
+				FromUtf8(std::string_view(Export.Name).substr(0, Export.Name.size() - Signature.size()))});
+		}
+		// What the compiler makes for itself has a name with two strokes, or one of these.
+		else if (bOfClass && Class == "/Script/CoreUObject.Function" && Export.Super == 0
+			&& Export.Name.find("__") == std::string::npos && !Export.Name.starts_with("ExecuteUbergraph")
+			&& Export.Name != "UserConstructionScript")
+		{
+			Header.Tags.Add({TEXT("Functions"), FromUtf8(Export.Name)});
+		}
+		else if (Export.Outer == Asset && Class == "/Script/Engine.EdGraph")
+		{
+			Header.Tags.Add({TEXT("Graphs"), FromUtf8(Export.Name)});
+		}
+	}
+}
+
 static bool MakeHeader(const FBinaryTables& Tables, const std::string_view Bytes, const std::string& PackageName,
 	FPackageText::FHeader& OutHeader, std::string& OutRefusal)
 {
@@ -486,6 +523,11 @@ bool ReadBinaryHeader(const std::string_view Bytes, const std::string& PackageNa
 	std::string& OutRefusal)
 {
 	FBinaryTables Tables;
-	return Tables.ReadHead(Bytes, PackageName, OutRefusal)
-		&& BinaryPackageText::MakeHeader(Tables, Bytes, PackageName, OutHeader, OutRefusal);
+	if (!Tables.ReadHead(Bytes, PackageName, OutRefusal)
+		|| !BinaryPackageText::MakeHeader(Tables, Bytes, PackageName, OutHeader, OutRefusal))
+	{
+		return false;
+	}
+	BinaryPackageText::TellMemberNames(Tables, BinaryPackageText::FindAsset(Tables, PackageName), OutHeader);
+	return true;
 }

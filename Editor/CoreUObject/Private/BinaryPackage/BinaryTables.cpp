@@ -205,7 +205,7 @@ void FBinaryTables::ReadExports()
 	{
 		FBinaryExport& Export = Exports.emplace_back();
 		Export.Class = Cursor.ReadInt();
-		Cursor.Skip(4);
+		Export.Super = Cursor.ReadInt();
 		Cursor.Skip(Versions.Ue4 >= 508 ? 4 : 0);
 		Export.Outer = Cursor.ReadInt();
 		Export.Name = ReadName(Cursor);

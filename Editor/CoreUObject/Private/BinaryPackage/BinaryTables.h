@@ -21,6 +21,8 @@ struct FBinaryExport
 {
 	/** 0 for a class. */
 	int32_t Class = 0;
+	/** What a class, function or struct stands on; 0 for all else. */
+	int32_t Super = 0;
 	int32_t Outer = 0;
 	std::string Name;
 	uint32_t Flags = 0;

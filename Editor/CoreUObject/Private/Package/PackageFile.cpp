@@ -320,6 +320,43 @@ const FString* FPackageText::FHeader::FindTag(FName Name) const
 
 namespace PackageFile
 {
+/** What the head of a binary package said, for as long as its file bears that stamp. */
+struct FKnownHeader
+{
+	AtomicFile::FStamp Stamp;
+	FPackageText::FHeader Header;
+	/** Why it could not be read; empty when it could. */
+	FString Error;
+};
+
+static std::unordered_map<std::string, FKnownHeader>& KnownHeaders()
+{
+	static std::unordered_map<std::string, FKnownHeader> Table;
+	return Table;
+}
+
+static bool ReadHeaderOfBinary(const FString& Filename, FPackageText::FHeader& OutHeader, FString& OutError);
+
+/** Projects hold thousands of such files, and nearly all of them stay as they are from one scan to the next. */
+static bool FindHeaderOfBinary(const FString& Filename, FPackageText::FHeader& OutHeader, FString& OutError)
+{
+	const std::string Path = ToUtf8(Filename);
+	const AtomicFile::FStamp Stamp = AtomicFile::StampOf(Path);
+	const auto Known = KnownHeaders().find(Path);
+	if (Known != KnownHeaders().end() && Known->second.Stamp == Stamp && Stamp.IsValid())
+	{
+		OutHeader = Known->second.Header;
+		OutError = Known->second.Error;
+		return OutError.IsEmpty();
+	}
+	const bool bRead = ReadHeaderOfBinary(Filename, OutHeader, OutError);
+	if (AtomicFile::IsSettled(Stamp))
+	{
+		KnownHeaders()[Path] = {Stamp, OutHeader, OutError};
+	}
+	return bRead;
+}
+
 static bool ReadHeaderOfBinary(const FString& Filename, FPackageText::FHeader& OutHeader, FString& OutError)
 {
 	const std::string Path = ToUtf8(Filename);
@@ -394,7 +431,7 @@ bool FPackageText::ReadHeader(const FString& Filename, FHeader& OutHeader, FStri
 	std::string Bytes;
 	if (IsBinaryFile(Filename))
 	{
-		return PackageFile::ReadHeaderOfBinary(Filename, OutHeader, OutError);
+		return PackageFile::FindHeaderOfBinary(Filename, OutHeader, OutError);
 	}
 	for (const std::size_t Limit :
 		{PackageFile::UsualHeaderSize, PackageFile::LongHeaderSize, PackageFile::MaxHeaderSize})

@@ -2,6 +2,7 @@
 
 #include "Misc/Parse.h"
 #include "Objects/ObjectPaths.h"
+#include "Standalone/MissingObjects.h"
 #include "UObject/Class.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
@@ -290,6 +291,13 @@ const TCHAR* ImportMember(const UScriptStruct& Struct, const TCHAR* Buffer, void
 		return SkipValue(Value);
 	}
 	void* const Member = static_cast<uint8*>(StructMemory) + Property->GetOffset_ForInternal();
-	return ImportNested(*Property, Value, Member, Owner, PortFlags, ErrorText);
+	const TCHAR* const End = ImportNested(*Property, Value, Member, Owner, PortFlags, ErrorText);
+	if (End || !FMissingObjects::IsKeeping())
+	{
+		return End;
+	}
+	// In a file, a member that says nothing here does not take the others with it.
+	Report(ErrorText, TEXT("The value of %s in %s cannot be read"), *Name, *Struct.GetName());
+	return SkipValue(Value);
 }
 } // namespace PropertyText
