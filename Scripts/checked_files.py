@@ -23,6 +23,7 @@ def include_folders():
         base = os.path.join(ROOT, top)
         modules = sorted(os.listdir(base)) if os.path.isdir(base) else []
         folders += [os.path.join(base, module, "Public") for module in modules]
+        folders += [os.path.join(base, module) for module in modules]
     generated = os.path.join(ROOT, "Generated")
     folders += [os.path.join(generated, module) for module in sorted(os.listdir(generated))]
     folders += [os.path.join(ROOT, name) for name in ("Host", "Tests", "Tests/Support", "Benchmarks", ".")]

@@ -8,6 +8,6 @@ public class MorvaneCore : ModuleRules
 		PCHUsage = PCHUsageMode.UseExplicitOrSharedPCHs;
 
 		PublicDependencyModuleNames.AddRange(new[] { "Core", "CoreUObject", "Json" });
-		PrivateDependencyModuleNames.AddRange(new[] { "AssetRegistry", "Engine" });
+		PrivateDependencyModuleNames.AddRange(new[] { "AssetRegistry" });
 	}
 }

@@ -8,6 +8,6 @@ public class MorvaneToolkit : ModuleRules
 		PCHUsage = PCHUsageMode.UseExplicitOrSharedPCHs;
 
 		PublicDependencyModuleNames.AddRange(new[] { "Core", "CoreUObject", "Engine", "Json", "MorvaneCore" });
-		PrivateDependencyModuleNames.AddRange(new[] { "AssetRegistry", "BlueprintGraph", "GameplayTags", "Projects", "SourceControl", "UnrealEd" });
+		PrivateDependencyModuleNames.AddRange(new[] { "AssetRegistry", "BlueprintGraph", "SourceControl", "UnrealEd" });
 	}
 }

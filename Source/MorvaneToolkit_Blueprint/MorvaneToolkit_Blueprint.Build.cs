@@ -13,8 +13,8 @@ public class MorvaneToolkit_Blueprint : ModuleRules
 		});
 		PrivateDependencyModuleNames.AddRange(new[]
 		{
-			"AnimGraph", "AssetRegistry", "BlueprintGraph", "GameplayTags", "GameplayTagsEditor", "Kismet", "MovieScene",
-			"Projects", "SourceControl", "SubobjectDataInterface", "UMG", "UMGEditor", "UnrealEd"
+			"AnimGraph", "AssetRegistry", "BlueprintGraph", "GameplayTags", "GameplayTagsEditor", "InputCore", "KismetCompiler",
+			"MovieScene", "Projects", "Slate", "SlateCore", "SubobjectDataInterface", "UMG", "UMGEditor", "UnrealEd"
 		});
 	}
 }

@@ -2,6 +2,9 @@
 
 #include "BlueprintActionDatabase.h"
 #include "BlueprintUtils.h"
+#include "Curves/CurveFloat.h"
+#include "Curves/CurveLinearColor.h"
+#include "Curves/CurveVector.h"
 #include "EverythingBlueprint.h"
 #include "K2Node_Composite.h"
 #include "K2Node_CustomEvent.h"

@@ -1,4 +1,6 @@
-#include "Curves/CurveBase.h"
+#include "Curves/CurveFloat.h"
+#include "Curves/CurveLinearColor.h"
+#include "Curves/CurveVector.h"
 
 #include "Standalone/NativeClass.h"
 

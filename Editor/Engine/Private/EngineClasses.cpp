@@ -2,7 +2,9 @@
 
 #include "Animation/AnimBlueprint.h"
 #include "Components/SceneComponent.h"
-#include "Curves/CurveBase.h"
+#include "Curves/CurveFloat.h"
+#include "Curves/CurveLinearColor.h"
+#include "Curves/CurveVector.h"
 #include "EdGraph/EdGraphSchema.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"

@@ -1,5 +1,8 @@
 #include "Engine/TimelineTemplate.h"
 
+#include "Curves/CurveFloat.h"
+#include "Curves/CurveLinearColor.h"
+#include "Curves/CurveVector.h"
 #include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UTimelineTemplate, "/Script/Engine", CLASS_None)

@@ -1,8 +1,8 @@
 #include "GitSourceControl.h"
 
-#include "FileRemoval.h"
 #include "HAL/FileManager.h"
 #include "Misc/Paths.h"
+#include "Standalone/FileRemoval.h"
 
 #include <cstdlib>
 #include <git2.h>

@@ -1,8 +1,5 @@
 #include "NoSourceControl.h"
 
-#include "FileRemoval.h"
-#include "HAL/FileManager.h"
-
 const FName& FNoSourceControl::GetName() const
 {
 	static const FName Name(TEXT("None"));
@@ -15,26 +12,10 @@ FText FNoSourceControl::GetStatusText() const
 }
 
 ECommandResult::Type FNoSourceControl::Execute(
-	const FSourceControlOperationRef& Operation, const TArray<FString>& Files, EConcurrency::Type)
+	const FSourceControlOperationRef& Operation, const TArray<FString>&, EConcurrency::Type)
 {
-	const bool bNeedsWriting = Operation->GetName() == TEXT("CheckOut") || Operation->GetName() == TEXT("Delete");
-	for (const FString& File : Files)
-	{
-		if (bNeedsWriting && IFileManager::Get().IsReadOnly(*File))
-		{
-			Operation->AddErrorMessage(FText::FromString(FString::Printf(
-				TEXT("The file '%s' is read-only and there is no source control to check it out from."), *File)));
-		}
-		else if (Operation->GetName() == TEXT("Delete"))
-		{
-			const FString Problem = RemoveFileForGood(File);
-			if (!Problem.IsEmpty())
-			{
-				Operation->AddErrorMessage(FText::FromString(Problem));
-			}
-		}
-	}
-	return Operation->GetResultInfo().HasErrors() ? ECommandResult::Failed : ECommandResult::Succeeded;
+	Operation->AddErrorMessage(FText::FromString(TEXT("There is no source control.")));
+	return ECommandResult::Failed;
 }
 
 FSourceControlStatePtr FNoSourceControl::GetState(const FString&, EStateCacheUsage::Type)

@@ -1,6 +1,5 @@
 #include "SourceControlHelpers.h"
 
-#include "HAL/FileManager.h"
 #include "ISourceControlModule.h"
 #include "SourceControlOperations.h"
 
@@ -27,20 +26,6 @@ static bool Run(const FSourceControlOperationRef& Operation, const FString& File
 	LastError() = FText::FromString(FString::Join(Lines, TEXT("\n")));
 	return false;
 }
-/** The engine's own packages are read and never changed, moved or removed. True after a reason in LastError. */
-static bool RefuseBinary(const FString& File)
-{
-	if (!File.EndsWith(TEXT(".uasset")) && !File.EndsWith(TEXT(".umap")))
-	{
-		return false;
-	}
-	LastError() = FText::FromString(FString::Printf(
-		TEXT(
-			"%s is a binary package of the engine's editor, which is only read here. 'morvane import PATH [--to /Game/...]' "
-			"makes a text copy to work on; 'morvane copy PATH GRAPH' gives a graph as clipboard text for the editor."),
-		*File));
-	return true;
-}
 } // namespace SourceControlHelpers
 
 FString USourceControlHelpers::CurrentProvider()
@@ -65,10 +50,6 @@ FText USourceControlHelpers::LastErrorMsg()
 
 bool USourceControlHelpers::CheckOutFile(const FString& File, bool)
 {
-	if (SourceControlHelpers::RefuseBinary(File))
-	{
-		return false;
-	}
 	return SourceControlHelpers::Run(ISourceControlOperation::Create<FCheckOut>(), File);
 }
 
@@ -90,9 +71,5 @@ bool USourceControlHelpers::MarkFileForAdd(const FString& File, bool)
 
 bool USourceControlHelpers::MarkFileForDelete(const FString& File, bool)
 {
-	if (SourceControlHelpers::RefuseBinary(File))
-	{
-		return false;
-	}
 	return SourceControlHelpers::Run(ISourceControlOperation::Create<FDelete>(), File);
 }

@@ -4,7 +4,8 @@
 
 #include "ISourceControlState.h"
 
-/** One call for one file. On false, LastErrorMsg tells why; the next call replaces it. */
+/** One call for one file. On false, LastErrorMsg tells why; the next call replaces it. Without source control nothing
+ * succeeds: ask IsEnabled first. */
 class USourceControlHelpers
 {
 public:

@@ -2,6 +2,7 @@
 
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "Misc/PackageName.h"
+#include "Modules/ModuleManager.h"
 
 bool FSafeAssetLoader::IsValidAssetPath(const FString& Path)
 {

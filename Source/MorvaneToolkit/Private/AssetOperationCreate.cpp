@@ -7,6 +7,7 @@
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
 #include "Misc/StringOutputDevice.h"
+#include "Modules/ModuleManager.h"
 #include "ToolResult.h"
 #include "UObject/Package.h"
 #include "UObject/SavePackage.h"

@@ -2,9 +2,13 @@
 
 #include "AssetRegistry/AssetRegistryModule.h"
 #include "Engine/Blueprint.h"
+#include "HAL/FileManager.h"
 #include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
+#include "Misc/OutputDeviceRedirector.h"
 #include "Misc/PackageName.h"
+#include "Misc/StringOutputDevice.h"
+#include "Modules/ModuleManager.h"
 #include "SourceControlHelpers.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
@@ -76,15 +80,38 @@ static FString FindFile(const FString& Path)
 	return Package ? Package->GetLoadedPathName() : File;
 }
 
+/** Through source control where there is one, which deletes the file itself. */
+static bool TakeAway(const FString& Path, const FString& File, FString& OutError)
+{
+	if (!FAssetOperationBase::CanWritePackageFile(Path, File, OutError))
+	{
+		return false;
+	}
+	if (USourceControlHelpers::IsEnabled())
+	{
+		const bool bMarked = USourceControlHelpers::MarkFileForDelete(File);
+		OutError = bMarked ? FString() : USourceControlHelpers::LastErrorMsg().ToString();
+		return bMarked;
+	}
+	// The log alone is told why a file stays.
+	FStringOutputDevice Heard;
+	FOutputDeviceRedirector::Get()->AddOutputDevice(&Heard);
+	const bool bGone = IFileManager::Get().Delete(*File);
+	FOutputDeviceRedirector::Get()->Flush();
+	FOutputDeviceRedirector::Get()->RemoveOutputDevice(&Heard);
+	OutError = Heard;
+	return bGone;
+}
+
 static bool DeleteFile(const FString& Path, const FString& TypeWord, Morvane::FToolResult& Result)
 {
 	const FString File = FindFile(Path);
-	if (File.IsEmpty() || USourceControlHelpers::MarkFileForDelete(File))
+	FString Reason;
+	if (File.IsEmpty() || TakeAway(Path, File, Reason))
 	{
 		return true; // an asset that was never saved has no file
 	}
-	Result.AddErrorMessage(FString::Printf(
-		TEXT("Failed to delete %s '%s':\n%s"), *TypeWord, *Path, *USourceControlHelpers::LastErrorMsg().ToString()));
+	Result.AddErrorMessage(FString::Printf(TEXT("Failed to delete %s '%s':\n%s"), *TypeWord, *Path, *Reason));
 	return false;
 }
 

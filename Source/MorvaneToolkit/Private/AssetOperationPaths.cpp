@@ -5,6 +5,7 @@
 #include "HAL/FileManager.h"
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
+#include "Modules/ModuleManager.h"
 
 namespace AssetOperationPathText
 {

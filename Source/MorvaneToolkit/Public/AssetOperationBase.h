@@ -74,6 +74,11 @@ public:
 
 	// Source control
 
+	/**
+	 * False with the reason when a package's file has to stay as it is: the program keeps it so, or it is read-only and
+	 * there is no source control to ask.
+	 */
+	static bool CanWritePackageFile(const FString& PackageName, const FString& File, FString& OutError);
 	/** False with the reason when source control refuses. An asset that is not on disk yet needs no check-out. */
 	static bool CheckOutAssetForModify(const FString& Path, FString& OutError);
 	/** False with the reason for an asset whose file is of a kind that is only read. Asks no source control. */

@@ -2,8 +2,13 @@
 #include "SourceControlHelpers.h"
 #include "SourceControlOperations.h"
 
+#include "AssetOperationBase.h"
+#include "HAL/FileManager.h"
+#include "Misc/OutputDeviceRedirector.h"
+#include "Misc/StringOutputDevice.h"
 #include "Standalone/ProjectPaths.h"
 #include "TemporaryFolder.h"
+#include "UObject/Package.h"
 
 #include <git2.h>
 #include <gtest/gtest.h>
@@ -18,11 +23,12 @@ protected:
 	void SetUp() override { FProjectPaths::SetProjectDir(Folder.Get()); }
 	void TearDown() override { FProjectPaths::SetProjectDir(FString()); }
 
-	std::string LastError() const
+	/** Without the folder's own path. */
+	std::string Shorten(const FString& Text) const
 	{
-		return ToUtf8(USourceControlHelpers::LastErrorMsg().ToString().Replace(
-			*(Folder.Get() + TEXT("/")), TEXT(""), ESearchCase::CaseSensitive));
+		return ToUtf8(Text.Replace(*(Folder.Get() + TEXT("/")), TEXT(""), ESearchCase::CaseSensitive));
 	}
+	std::string LastError() const { return Shorten(USourceControlHelpers::LastErrorMsg().ToString()); }
 	void SetMode(const char* Relative, mode_t Mode) const { chmod((Folder.Path() / Relative).c_str(), Mode); }
 
 	FTemporaryFolder Folder;
@@ -66,24 +72,36 @@ protected:
 using SourceControlTests::GitSourceControl;
 using SourceControlTests::SourceControl;
 
-TEST_F(SourceControl, WithoutGitOnlyTheReadOnlyFlagRefuses)
+TEST_F(SourceControl, WithoutGitItsHelpersRefuseEverything)
 {
 	Folder.Write("A.uatext", "");
 	EXPECT_EQ(ToUtf8(USourceControlHelpers::CurrentProvider()), "None");
 	EXPECT_FALSE(USourceControlHelpers::IsEnabled());
-	EXPECT_TRUE(USourceControlHelpers::CheckOutFile(Folder.Get("A.uatext")));
-	EXPECT_TRUE(USourceControlHelpers::CheckOutFile(Folder.Get("New.uatext"))) << "a file that does not exist yet";
-	EXPECT_TRUE(USourceControlHelpers::MarkFileForAdd(Folder.Get("A.uatext")));
-	EXPECT_EQ(LastError(), "");
-
-	SetMode("A.uatext", 0444);
 	EXPECT_FALSE(USourceControlHelpers::CheckOutFile(Folder.Get("A.uatext")));
-	EXPECT_EQ(LastError(), "The file 'A.uatext' is read-only and there is no source control to check it out from.");
+	EXPECT_FALSE(USourceControlHelpers::MarkFileForAdd(Folder.Get("A.uatext")));
 	EXPECT_FALSE(USourceControlHelpers::MarkFileForDelete(Folder.Get("A.uatext")));
+	EXPECT_EQ(LastError(), "There is no source control.");
 	EXPECT_TRUE(Folder.Exists("A.uatext"));
+}
+
+TEST_F(SourceControl, WithoutGitTheProgramAndTheReadOnlyFlagDecide)
+{
+	const auto Refusal = [this](const char* Name)
+	{
+		FString Reason;
+		const bool bMayBeWritten = FAssetOperationBase::CanWritePackageFile(TEXT("/Game/A"), Folder.Get(Name), Reason);
+		EXPECT_EQ(bMayBeWritten, Reason.IsEmpty());
+		return Shorten(Reason);
+	};
+	Folder.Write("A.uatext", "");
+	EXPECT_EQ(Refusal("A.uatext"), "");
+	EXPECT_EQ(Refusal("New.uatext"), "") << "a file that does not exist yet";
+	SetMode("A.uatext", 0444);
+	EXPECT_EQ(
+		Refusal("A.uatext"), "The file 'A.uatext' is read-only and there is no source control to check it out from.");
 	SetMode("A.uatext", 0644);
-	EXPECT_TRUE(USourceControlHelpers::MarkFileForDelete(Folder.Get("A.uatext")));
-	EXPECT_FALSE(Folder.Exists("A.uatext"));
+	EXPECT_NE(Refusal("A.uasset").find("is a binary package of the engine's editor"), std::string::npos);
+	EXPECT_EQ(FindPackage(nullptr, TEXT("/Game/A")), nullptr) << "the question leaves nothing behind";
 }
 
 TEST_F(GitSourceControl, NewFilesGoIntoTheIndexAndChangedOnesAreLeftAlone)
@@ -137,17 +155,21 @@ TEST_F(GitSourceControl, AProjectInASubFolderBelongsToTheWorkTreeAroundIt)
 
 TEST_F(SourceControl, ADeletionIsASuccessOnlyWhenTheFileIsGone)
 {
-	EXPECT_TRUE(USourceControlHelpers::MarkFileForDelete(Folder.Get("None.uatext"))) << "it is gone";
-	EXPECT_TRUE(USourceControlHelpers::MarkFileForDelete(Folder.Get("No/Such/Folder.uatext")));
+	FStringOutputDevice Heard;
+	FOutputDeviceRedirector::Get()->AddOutputDevice(&Heard);
+	const auto Delete = [this](const std::string& Name) { return IFileManager::Get().Delete(*Folder.Get(Name)); };
+	const auto LastTold = [&] { return Shorten(Heard); };
+	EXPECT_TRUE(Delete("None.uatext")) << "it is gone";
+	EXPECT_TRUE(Delete("No/Such/Folder.uatext"));
 	std::filesystem::create_directories(Folder.Path() / "Folder.uatext");
-	EXPECT_FALSE(USourceControlHelpers::MarkFileForDelete(Folder.Get("Folder.uatext")));
-	EXPECT_EQ(LastError(), "The file 'Folder.uatext' could not be deleted: Is a directory.");
+	EXPECT_FALSE(Delete("Folder.uatext"));
+	EXPECT_EQ(LastTold(), "The file 'Folder.uatext' could not be deleted: Is a directory.");
 	std::filesystem::create_symlink("Loop", Folder.Path() / "Loop");
-	EXPECT_FALSE(USourceControlHelpers::MarkFileForDelete(Folder.Get("Loop/A.uatext")))
-		<< "a question that failed is no answer";
-	EXPECT_NE(LastError().find("Too many levels of symbolic links"), std::string::npos) << LastError();
+	EXPECT_FALSE(Delete("Loop/A.uatext")) << "a question that failed is no answer";
+	EXPECT_NE(LastTold().find("Too many levels of symbolic links"), std::string::npos) << LastTold();
 	const std::string Long(300, 'a');
-	EXPECT_FALSE(USourceControlHelpers::MarkFileForDelete(Folder.Get(Long)));
+	EXPECT_FALSE(Delete(Long));
+	FOutputDeviceRedirector::Get()->RemoveOutputDevice(&Heard);
 }
 
 TEST_F(GitSourceControl, AFileInMergeConflictIsNotDeleted)

@@ -1,5 +1,8 @@
 #include "EditedBlueprint.h"
 
+#include "Curves/CurveFloat.h"
+#include "Curves/CurveLinearColor.h"
+#include "Curves/CurveVector.h"
 #include "EdGraphUtilities.h"
 #include "Engine/TimelineTemplate.h"
 #include "K2Node_Timeline.h"

@@ -1,9 +1,13 @@
 #include "HAL/FileManager.h"
 
 #include "Containers/StringConv.h"
+#include "Logging/LogMacros.h"
+#include "Standalone/FileRemoval.h"
 
 #include <filesystem>
 #include <system_error>
+
+DEFINE_LOG_CATEGORY_STATIC(LogFileManager, Log, All);
 
 namespace Files
 {
@@ -98,12 +102,11 @@ bool IFileManager::Delete(const TCHAR* Path, bool RequireExists, bool EvenReadOn
 	{
 		return !RequireExists;
 	}
-	if (Status.type() == std::filesystem::file_type::none || std::filesystem::is_directory(Status)
-		|| (IsReadOnly(Path) && !EvenReadOnly))
-	{
-		return false;
-	}
-	return std::filesystem::remove(Files::ToPath(Path), Error);
+	const bool bRefused = IsReadOnly(Path) && !EvenReadOnly;
+	const FString Problem = bRefused ? FString::Printf(TEXT("The file '%s' is read-only."), Path)
+									 : RemoveFileForGood(FString(Path));
+	UE_CLOG(!Quiet && !Problem.IsEmpty(), LogFileManager, Warning, TEXT("%s"), *Problem);
+	return Problem.IsEmpty();
 }
 
 bool IFileManager::DeleteDirectory(const TCHAR* Path, bool RequireExists, bool Tree)

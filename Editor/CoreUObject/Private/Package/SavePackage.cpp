@@ -308,3 +308,26 @@ void FPackageText::SetSaveFault(FSaveFault InFault)
 {
 	PackageSaving::Fault = MoveTemp(InFault);
 }
+
+namespace PackagesKept
+{
+static bool MayBeSaved(UPackage*, const FString& File, FOutputDevice* Error)
+{
+	if (!File.EndsWith(TEXT(".uasset")) && !File.EndsWith(TEXT(".umap")))
+	{
+		return true;
+	}
+	if (Error)
+	{
+		Error->Log(FString::Printf(
+			TEXT(
+				"%s is a binary package of the engine's editor, which is only read here. 'morvane import PATH [--to /Game/...]' "
+				"makes a text copy to work on; 'morvane copy PATH GRAPH' gives a graph as clipboard text for the editor."),
+			*File));
+	}
+	return false;
+}
+} // namespace PackagesKept
+
+FCoreUObjectDelegates::FIsPackageOKToSaveDelegate FCoreUObjectDelegates::IsPackageOKToSaveDelegate =
+	FCoreUObjectDelegates::FIsPackageOKToSaveDelegate::CreateStatic(&PackagesKept::MayBeSaved);

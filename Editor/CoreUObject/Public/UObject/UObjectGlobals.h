@@ -142,6 +142,11 @@ struct FCoreUObjectDelegates
 {
 	/** After each CollectGarbage, also one that found nothing to free. */
 	static FSimpleMulticastDelegate& GetPostGarbageCollect();
+
+	/** Whether a package may be written to that file; the device is told why not. */
+	using FIsPackageOKToSaveDelegate = TDelegate<bool(UPackage*, const FString&, FOutputDevice*)>;
+	/** Refuses the files of the engine's editor, which this one only reads. */
+	static FIsPackageOKToSaveDelegate IsPackageOKToSaveDelegate;
 };
 
 /** A name that no object has below Outer: the base name (the class's if none), '_' and a number. */

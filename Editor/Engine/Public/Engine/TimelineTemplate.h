@@ -1,9 +1,11 @@
 #pragma once
 
 #include "CoreMinimal.h"
-#include "Curves/CurveBase.h"
 #include "UObject/Object.h"
 
+class UCurveFloat;
+class UCurveLinearColor;
+class UCurveVector;
 class UTimelineTemplate;
 
 /** What all tracks of a timeline share. */

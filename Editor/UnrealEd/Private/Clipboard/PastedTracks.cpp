@@ -1,5 +1,8 @@
 #include "Clipboard/PastedTracks.h"
 
+#include "Curves/CurveFloat.h"
+#include "Curves/CurveLinearColor.h"
+#include "Curves/CurveVector.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/TimelineTemplate.h"
 

@@ -1,6 +1,7 @@
 #include "Spawning/CamMatching.h"
 
 #include "AssetOperationBase.h"
+#include "BlueprintActionFilter.h"
 #include "BlueprintActionMenuItem.h"
 #include "BlueprintActionMenuUtils.h"
 #include "BlueprintNodeSpawner.h"

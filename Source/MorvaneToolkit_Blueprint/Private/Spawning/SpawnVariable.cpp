@@ -8,6 +8,7 @@
 #include "K2Node_VariableSet.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Misc/Paths.h"
+#include "Modules/ModuleManager.h"
 #include "Spawning/SpawnAttempt.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"

@@ -9,6 +9,7 @@
 #include "BlueprintReadOperations.h"
 #include "BlueprintRemoveBlueprintConnectionsOperation.h"
 #include "BlueprintRemoveOperation.h"
+#include "Containers/ArrayView.h"
 #include "ToolAdapter.h"
 #include "ToolInfo.h"
 #include "WidgetBlueprintModifyOperation.h"

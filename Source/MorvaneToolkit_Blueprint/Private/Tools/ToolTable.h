@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Containers/ArrayView.h"
 #include "CoreMinimal.h"
 #include "ITool.h"
 

@@ -16,6 +16,7 @@
 #include "ToolResult.h"
 #include "UObject/Package.h"
 #include "UObject/SavePackage.h"
+#include "UObject/TopLevelAssetPath.h"
 #include "WidgetBlueprint.h"
 #include "WidgetBlueprintFactory.h"
 

@@ -9,6 +9,7 @@
 #include "K2Node_CustomEvent.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
+#include "UObject/UnrealType.h"
 #include "Utils/Graph/LooseNames.h"
 #include "Utils/Graph/MemberNames.h"
 #include "WidgetBlueprint.h"

@@ -4,6 +4,7 @@
 #include "BlueprintNodeUtils.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
 #include "GameplayTagsK2Node_SwitchGameplayTag.h"
 #include "K2Node_AddPinInterface.h"
 #include "K2Node_Composite.h"

@@ -2,6 +2,7 @@
 
 #include "Dom/JsonObject.h"
 #include "EdGraph/EdGraph.h"
+#include "InputCoreTypes.h"
 #include "K2Node_ActorBoundEvent.h"
 #include "K2Node_BaseAsyncTask.h"
 #include "K2Node_BaseMCDelegate.h"

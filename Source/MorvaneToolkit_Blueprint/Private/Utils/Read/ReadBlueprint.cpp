@@ -12,6 +12,7 @@
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
+#include "UObject/TopLevelAssetPath.h"
 #include "Utils/Read/ItemKinds.h"
 #include "Utils/Read/ReadBudget.h"
 #include "Utils/Read/ReadDetail.h"

@@ -1,5 +1,9 @@
 // Timelines of a Blueprint with the curves of their tracks, in the form in which an edit gives them.
 
+#include "Curves/CurveFloat.h"
+#include "Curves/CurveLinearColor.h"
+#include "Curves/CurveVector.h"
+#include "Curves/RichCurve.h"
 #include "Engine/Blueprint.h"
 #include "Engine/TimelineTemplate.h"
 #include "Utils/Read/ReadItems.h"

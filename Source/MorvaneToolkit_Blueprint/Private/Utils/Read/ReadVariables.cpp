@@ -2,6 +2,7 @@
 
 #include "AssetOperationBase.h"
 #include "Blueprint/WidgetTree.h"
+#include "Components/Widget.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"

@@ -9,6 +9,7 @@
 #include "Misc/Char.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
+#include "UObject/TopLevelAssetPath.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Report/TrackedNames.h"
 #include "Utils/Structure/StructureEntry.h"

@@ -4,6 +4,8 @@
 #include "Engine/Blueprint.h"
 #include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
+#include "SubobjectData.h"
+#include "SubobjectDataHandle.h"
 #include "SubobjectDataSubsystem.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"

@@ -2,6 +2,7 @@
 
 #include "AssetOperationBase.h"
 #include "Components/SceneComponent.h"
+#include "Engine/EngineTypes.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Structure/PropertyJson.h"

@@ -3,6 +3,7 @@
 #include "Curves/CurveFloat.h"
 #include "Curves/CurveLinearColor.h"
 #include "Curves/CurveVector.h"
+#include "Curves/RichCurve.h"
 #include "Engine/TimelineTemplate.h"
 #include "JsonReading.h"
 #include "K2Node_Timeline.h"

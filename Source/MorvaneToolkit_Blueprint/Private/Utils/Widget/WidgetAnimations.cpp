@@ -4,6 +4,7 @@
 #include "Blueprint/WidgetTree.h"
 #include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
+#include "Misc/FrameRate.h"
 #include "MovieScene.h"
 #include "ToolResult.h"
 #include "UObject/Package.h"

@@ -1,4 +1,4 @@
-#include "FileRemoval.h"
+#include "Standalone/FileRemoval.h"
 
 #include "Misc/Paths.h"
 
