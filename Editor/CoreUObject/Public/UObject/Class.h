@@ -11,6 +11,8 @@ class FProperty;
 class FStructProperty;
 class FClassDescriber;
 class FStructDescriber;
+/** The script machine's, which is not here; a type of that name would be ambiguous in the engine. */
+struct FFrame;
 template <class T>
 class TSubclassOf;
 

@@ -110,7 +110,7 @@ public:
 		{
 			for (const int32 Index : ActionByEntry)
 			{
-				const FEdGraphSchemaAction& Action = *Menu.GetSchemaAction(Index);
+				const FEdGraphSchemaAction& Action = *Menu.GetActionAt(Index);
 				// The search words of a member begin with its name.
 				FString Member = Action.GetKeywords().ToString();
 				int32 Blank = INDEX_NONE;
@@ -137,7 +137,7 @@ private:
 		TitleByMember.Reset();
 		for (int32 Index = 0; Index < Menu.GetNumActions(); ++Index)
 		{
-			const TSharedPtr<FEdGraphSchemaAction> Action = Menu.GetSchemaAction(Index);
+			const TSharedPtr<FEdGraphSchemaAction> Action = Menu.GetActionAt(Index);
 			const FString Title = Action ? Action->GetMenuDescription().ToString() : FString();
 			if (!Title.IsEmpty())
 			{
@@ -248,7 +248,7 @@ TArray<FCamCandidate> FBlueprintCamMatching::FindCamMatches(
 	for (const FKeywordHit& Hit : Hits)
 	{
 		FCamCandidate& Candidate = Candidates.AddDefaulted_GetRef();
-		Candidate.Action = Menu.GetSchemaAction(Index.GetActionIndex(Hit.Entry));
+		Candidate.Action = Menu.GetActionAt(Index.GetActionIndex(Hit.Entry));
 		Candidate.MenuTitle = Candidate.Action->GetMenuDescription().ToString();
 		Candidate.MenuCategory = Candidate.Action->GetCategory().ToString();
 		Candidate.NodeClass = CamMatching::GetNodeClassName(*Candidate.Action, Candidate.MenuTitle);

@@ -33,6 +33,11 @@ public:
 
 	/** Tells this menu from any other of the process, gone ones included. */
 	uint64 GetSerial() const { return Serial; }
+	/** Reading an entry changes nothing, whether or not the list's own function says so. */
+	TSharedPtr<FEdGraphSchemaAction> GetActionAt(int32 Index) const
+	{
+		return const_cast<FSharedActionMenu*>(this)->GetSchemaAction(Index);
+	}
 
 private:
 	uint64 Serial;
