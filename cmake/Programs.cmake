@@ -6,6 +6,14 @@ list(REMOVE_ITEM HOST_SOURCES "${CMAKE_SOURCE_DIR}/Host/Main.cpp")
 if(NOT HOST_SOURCES)
   set(HOST_SOURCES "${CMAKE_BINARY_DIR}/generated/HeadersOnly.cpp")
 endif()
+# The script that "morvane catalogue --editor-script" prints is part of the program.
+set(EDITOR_SCRIPT "${CMAKE_SOURCE_DIR}/Host/ProjectCode/dump_catalogue.py")
+file(READ "${EDITOR_SCRIPT}" MORVANE_EDITOR_SCRIPT)
+string(STRIP "${MORVANE_EDITOR_SCRIPT}" MORVANE_EDITOR_SCRIPT)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${EDITOR_SCRIPT}")
+configure_file("${CMAKE_SOURCE_DIR}/Host/ProjectCode/EditorScript.cpp.in" "${CMAKE_BINARY_DIR}/generated/EditorScript.cpp" @ONLY)
+list(APPEND HOST_SOURCES "${CMAKE_BINARY_DIR}/generated/EditorScript.cpp")
+
 add_library(MorvaneHost STATIC ${HOST_SOURCES})
 target_include_directories(MorvaneHost PUBLIC "${CMAKE_SOURCE_DIR}/Host" "${CMAKE_SOURCE_DIR}")
 target_link_libraries(MorvaneHost PUBLIC

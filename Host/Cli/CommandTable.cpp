@@ -14,6 +14,7 @@ const std::vector<FCommandRow>& GetCommandTable()
 		{"paste", "Paste nodes from text on standard input into a graph and save the asset", &MakePasteCommand},
 		{"import", "Make a text copy of a binary package of the editor, which the tools can change",
 			&MakeImportCommand},
+		{"catalogue", "Make the classes of the project's C++ headers known to the tools", &MakeCatalogueCommand},
 		{"demo", "Play a session in a temporary project, printing each call and its result", &MakeDemoCommand},
 	};
 	return Rows;

@@ -29,4 +29,5 @@ std::unique_ptr<ICommand> MakeAssetsCommand();
 std::unique_ptr<ICommand> MakeCopyCommand();
 std::unique_ptr<ICommand> MakePasteCommand();
 std::unique_ptr<ICommand> MakeImportCommand();
+std::unique_ptr<ICommand> MakeCatalogueCommand();
 std::unique_ptr<ICommand> MakeDemoCommand();
