@@ -53,7 +53,10 @@ function(morvane_module NAME DIR)
     PUBLIC "${CMAKE_SOURCE_DIR}/${DIR}/Public" ${STANDALONE}
     PRIVATE "${CMAKE_SOURCE_DIR}/${DIR}/Private")
   target_link_libraries(${NAME} PUBLIC ${ARGN})
-  morvane_precompile(${NAME})
+  # A header that was precompiled with visible symbols does not fit a module that hides its own.
+  if(NOT (MORVANE_MODULAR AND DIR MATCHES "^Source/"))
+    morvane_precompile(${NAME})
+  endif()
 endfunction()
 
 # One header is precompiled for all who stand on the object system. Its own target holds no definitions beyond Core's:

@@ -55,10 +55,6 @@ bool USourceControlHelpers::CheckOutFile(const FString& File, bool)
 
 bool USourceControlHelpers::CheckOutOrAddFile(const FString& File, bool bSilent)
 {
-	if (SourceControlHelpers::RefuseBinary(File))
-	{
-		return false;
-	}
 	const FSourceControlStatePtr State = ISourceControlModule::Get().GetProvider().GetState(
 		File, EStateCacheUsage::ForceUpdate);
 	return State.IsValid() && State->CanAdd() ? MarkFileForAdd(File, bSilent) : CheckOutFile(File, bSilent);

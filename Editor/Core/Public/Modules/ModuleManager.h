@@ -61,9 +61,10 @@ class FDefaultModuleImpl : public IModuleInterface
 {
 };
 
-/** Defines CreateModule_<Name>(), the factory that start-up code hands to RegisterStaticModule. */
+/** Defines CreateModule_<Name>(), the factory that start-up code hands to RegisterStaticModule, seen from every
+ * library. */
 #define IMPLEMENT_MODULE(ImplClass, ModuleName) \
-	IModuleInterface* CreateModule_##ModuleName(); \
+	__attribute__((visibility("default"))) IModuleInterface* CreateModule_##ModuleName(); \
 	IModuleInterface* CreateModule_##ModuleName() \
 	{ \
 		return new ImplClass; \
