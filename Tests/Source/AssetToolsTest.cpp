@@ -4,6 +4,7 @@
 #include "BlueprintGraphUtils.h"
 #include "BlueprintRemoveOperation.h"
 #include "BlueprintUtils.h"
+#include "EdGraphSchema_K2.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "Standalone/EditorFaults.h"
@@ -201,6 +202,20 @@ TEST(DeleteTool, AssetsThatUseItAreNamed)
 	EXPECT_TRUE(Result.WasSuccessful());
 	EXPECT_THAT(Warnings(Result),
 		ElementsAre("Deleted Blueprint '/Game/Tests/BP_Test' was still used by 1 asset(s): /Game/Tests/BP_Child"));
+}
+
+TEST(DeleteTool, UsersThatStandInMemoryAloneAreNamed)
+{
+	FBlueprintBuilder Blueprint;
+	EXPECT_THAT(Errors(AssetToolsTest::Create("/Game/Tests/BP_Child", "BP_Test", "blueprint")), IsEmpty());
+	EXPECT_THAT(Errors(AssetToolsTest::Create("/Game/Tests/BP_Aside", "/Script/Engine.Actor")), IsEmpty());
+	ASSERT_TRUE(
+		FBlueprintEditorUtils::AddMemberVariable(FBlueprintUtils::TryLoadBlueprint(TEXT("/Game/Tests/BP_Aside")),
+			TEXT("Held"), FBlueprintBuilder::Type(UEdGraphSchema_K2::PC_Object, Blueprint->GeneratedClass.Get())));
+	EXPECT_FALSE(Blueprint.Folder().Exists("Content/Tests/BP_Child.uatext"));
+	EXPECT_THAT(Warnings(AssetToolsTest::Delete("/Game/Tests/BP_Test")),
+		ElementsAre(
+			"Deleted Blueprint '/Game/Tests/BP_Test' was still used by 2 asset(s): /Game/Tests/BP_Aside, /Game/Tests/BP_Child"));
 }
 
 TEST(LoadBlueprint, FindsByPathAndByBareName)

@@ -172,6 +172,27 @@ TEST(CreateGraph, AParameterWithoutAReadableTypeIsLeftOutAndTold)
 			"Parameter 'Odd' of function 'F' has a type that could not be parsed; it was left out."));
 }
 
+TEST(CreateGraph, AParameterThatStandsWithAnotherTypeIsTold)
+{
+	FCreating Case;
+	const std::string Int = R"([{"name":"F","parameters":[{"name":"P","type":{"category":"int"}}]}])";
+	Case.Create(Int);
+	Case.Create(Int);
+	EXPECT_THAT(Warnings(Case.Result), IsEmpty()) << "the same once more is there already";
+	Case.Create(R"([{"name":"F","parameters":[{"name":"p","type":{"category":"bool"}}]}])");
+	EXPECT_THAT(
+		Warnings(Case.Result), ElementsAre(StartsWith("Parameter 'p' of 'F' stands already with another type; '")));
+}
+
+TEST(CreateGraph, ADispatchersGraphIsNoGraphToEdit)
+{
+	FCreating Case;
+	Case.Create(R"([{"name":"OnHit","is_delegate":true},{"name":"F"}])");
+	ASSERT_NE(Case.Blueprint.Reload(), nullptr);
+	EXPECT_FALSE(Case.Graph(TEXT("OnHit"))->bEditable);
+	EXPECT_TRUE(Case.Graph(TEXT("F"))->bEditable);
+}
+
 TEST(CreateGraph, AParentEventBecomesAnEventAndNoFunction)
 {
 	FCreating Case;

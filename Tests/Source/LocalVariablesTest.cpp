@@ -118,12 +118,14 @@ TEST(LocalVariableApply, AddsChangesAndRemovesIgnoringCase)
 		{"name":"Gone","type":{"category":"bool"}},
 		{"name":"SPEED","action":"modify","default_variable_value":"4"},
 		{"name":"label","action":"modify","type":{"category":"name"}},
-		{"name":"gone","action":"remove"}])"));
-	EXPECT_THAT(Case.Variables(), ElementsAre("Speed:int:4", "Label:name:"));
+		{"name":"gone","action":"remove"},
+		{"name":"Both","type":{"category":"int"},"default_variable_value":"1"},
+		{"name":"both","action":"modify","type":{"category":"name"},"default_variable_value":"North"}])"));
+	EXPECT_THAT(Case.Variables(), ElementsAre("Speed:int:4", "Label:name:", "Both:name:North"));
 	EXPECT_THAT(Errors(Case.Result), IsEmpty());
 	FBlueprintLocalVariableUtils::WriteTelemetry(Case.Outcome, Case.Result);
 	EXPECT_EQ(Telemetry(Case.Result),
-		R"({"local_variables_added":3,"local_variables_modified":2,"local_variables_removed":1})");
+		R"({"local_variables_added":4,"local_variables_modified":3,"local_variables_removed":1})");
 }
 
 TEST(LocalVariableApply, ABadRecordIsReportedAndTheOthersGoOn)

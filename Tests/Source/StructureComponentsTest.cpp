@@ -129,8 +129,12 @@ TEST(StructureComponents, TheStandInForARootGoesAndComesBack)
 	FStructuring Case;
 	Case.Components(R"({"name":"DefaultSceneRoot","action":"remove"})");
 	EXPECT_THAT(Case.Told(), ElementsAre(StartsWith("Component 'DefaultSceneRoot' stands in for a root")));
+	Case.Components(R"({"name":"Lamp","type":"PointLight","attach_to":"DefaultSceneRoot"})");
+	EXPECT_EQ(Case.ParentOf(TEXT("Lamp")), "DefaultSceneRoot");
 	Case.Components(R"({"name":"Mesh","type":"StaticMeshComponent"})");
 	EXPECT_EQ(Case.Component(TEXT("DefaultSceneRoot")), nullptr);
+	EXPECT_EQ(Case.ParentOf(TEXT("Lamp")), "") << "what hung on the stand-in moves up";
+	Case.Components(R"({"name":"Lamp","action":"remove"})");
 	Case.Components(R"({"name":"Late","type":"SceneComponent","attach_to":"DefaultSceneRoot"})");
 	EXPECT_THAT(Case.Told(), ElementsAre("Parent component 'DefaultSceneRoot' not found for attachment"));
 	EXPECT_THAT(Case.Faults(), IsEmpty());

@@ -185,7 +185,8 @@ TEST(StructureTimelines, TracksOfTheThreeKindsWithTheirNode)
 	Case.Timelines(R"({"name":"Open","length":2,"b_loop":"true","b_replicated":true,"curves":[
 		{"name":"Angle","points":[{"time":0,"value":0},{"time":2,"value":"90"}]},
 		{"name":"Place","type":"VECTORCURVE","points":[{"time":0,"value":{"x":1,"y":2,"z":3}},{"time":1,"value":[4,5,6]}]},
-		{"name":"Tint","type":"linear","points":[{"time":0,"value":{"R":1,"g":0,"B":0}}]}]},{"name":"Wait"})");
+		{"name":"Tint","type":"linear","points":[{"time":0,"value":{"R":1,"g":0,"B":0}},{"time":1,"value":[0,0.5,1]},
+			{"time":2,"value":[0,0,0,0.25]}]}]},{"name":"Wait"})");
 	EXPECT_THAT(Case.Told(), IsEmpty());
 	EXPECT_THAT(Case.Done(),
 		ElementsAre("Created new timeline: Open", "Added float curve 'Angle' to timeline 'Open'",
@@ -198,7 +199,9 @@ TEST(StructureTimelines, TracksOfTheThreeKindsWithTheirNode)
 	EXPECT_TRUE(Open->bLoop && Open->bReplicated);
 	EXPECT_THAT(Keys(Open->FloatTracks[0].CurveFloat->FloatCurve), ElementsAre("0.00=0.00", "2.00=90.00"));
 	EXPECT_THAT(Keys(Open->VectorTracks[0].CurveVector->FloatCurves[2]), ElementsAre("0.00=3.00", "1.00=6.00"));
-	EXPECT_THAT(Keys(Open->LinearColorTracks[0].CurveLinearColor->FloatCurves[3]), ElementsAre("0.00=1.00"));
+	EXPECT_THAT(Keys(Open->LinearColorTracks[0].CurveLinearColor->FloatCurves[3]),
+		ElementsAre("0.00=1.00", "1.00=1.00", "2.00=0.25"))
+		<< "a colour without alpha is opaque";
 	const UK2Node_Timeline* const Node = FindNode(Case, TEXT("Open"));
 	ASSERT_NE(Node, nullptr);
 	EXPECT_TRUE(Node->bLoop);
@@ -207,6 +210,19 @@ TEST(StructureTimelines, TracksOfTheThreeKindsWithTheirNode)
 		EXPECT_NE(Node->GetTrackPin(Pin), nullptr) << ToStd(Pin);
 	}
 	EXPECT_NE(FindNode(Case, TEXT("Wait")), nullptr);
+	// One setting alone is a change, each of them, and none the second time.
+	for (const char* const Setting : {R"("length":3)", R"("b_loop":false)", R"("b_replicated":false)"})
+	{
+		for (const char* const Said : {"Modified timeline: Open", "No changes made to timeline: Open"})
+		{
+			Case.Timelines(R"({"name":"open","action":"modify",)" + std::string(Setting) + "}");
+			EXPECT_THAT(Case.Done(), ElementsAre(std::string(Said).substr(0, std::string(Said).size() - 4) + "open"))
+				<< Setting;
+			EXPECT_EQ(Case.Tracked().size(), Said[0] == 'M' ? 1u : 0u) << Setting;
+		}
+	}
+	ASSERT_TRUE(Case.Blueprint.Reload());
+	EXPECT_FALSE(FindTimeline(Case, TEXT("Open"))->bLoop || FindTimeline(Case, TEXT("Open"))->bReplicated);
 }
 
 TEST(StructureTimelines, EntriesThatCannotBeDoneAreTold)

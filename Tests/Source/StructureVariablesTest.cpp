@@ -362,6 +362,21 @@ TEST(StructureVariables, ModifyWithoutChangeSaysSo)
 	Case.Variables(R"("A":{"default_variable_value":"5","tooltip":"t","type":"int"},"a":{})");
 	EXPECT_THAT(Case.Done(), ElementsAre("No changes made to variable: A", "No changes made to variable: A"));
 	EXPECT_EQ(ReadBlueprintFile(Case.Blueprint), Before);
+	// One thing alone is a change, each of them.
+	const std::string Tracked =
+		R"(read_blueprint_variable {"path":"/Game/Tests/BP_Test.BP_Test","variable_name":["A"]})";
+	for (const char* const Change : {R"("category":"Stats")", R"("category":"STATS")", R"("tooltip":"T")",
+			 R"("save_game":true)", R"("replication":"replicated")", R"("private":true)",
+			 R"("default_variable_value":6)", R"("default_variable_value":5,"type":"int64")"})
+	{
+		Case.Variables(R"("a":{)" + std::string(Change) + "}");
+		EXPECT_THAT(Case.Done(), ElementsAre("Modified variable: A")) << Change;
+		EXPECT_THAT(Case.Tracked(), ElementsAre(Tracked)) << Change;
+		Case.Variables(R"("a":{)" + std::string(Change) + "}");
+		EXPECT_THAT(Case.Done(), ElementsAre("No changes made to variable: A")) << "the second time: " << Change;
+		EXPECT_THAT(Case.Tracked(), IsEmpty()) << Change;
+	}
+	EXPECT_EQ(ToStd(Case.Variable(TEXT("A"))->Category.ToString()), "STATS");
 	Case.Variables(R"("A":{"default_variable_value":""})");
 	EXPECT_EQ(Case.Default(TEXT("A")), "5") << "no text is no number";
 }

@@ -129,6 +129,11 @@ TEST(WidgetEventsTool, DispatchersOfAProjectsOwnWidgetsAreDelegatesWithTheirFall
 		ElementsAre(
 			"Event 'OnClicked' not found on widget class, using fallback 'OnButtonBaseClicked' for widget 'Key'"));
 	EXPECT_THAT(BoundEvents(Edit.Blueprint), ElementsAre("OnButtonBaseClicked (Key) at 400,100"));
+	Edit.Widgets(ModifyWidget("Key", Events(R"("ONCLICKED":true)")));
+	EXPECT_THAT(Warnings(*Edit.Result),
+		ElementsAre(
+			"Event 'ONCLICKED' not found on widget class, using fallback 'OnButtonBaseClicked' for widget 'Key'",
+			"Event 'OnButtonBaseClicked' already exists for widget 'Key' - skipping duplicate creation"));
 	EXPECT_TRUE(Edit.Blueprint.Compiles());
 	FindPackage(nullptr, TEXT("/Game/Tests/WBP_Key"))->MarkAsGarbage();
 }
@@ -228,6 +233,15 @@ TEST(WidgetEventsTool, AWidgetThatIsReplacedUnderItsNameKeepsWhatStillFits)
 		RemoveWidget("Ok") + "," + AddWidget("Ok", "CheckBox", "Root", Events(R"("OnCheckStateChanged":true)")));
 	EXPECT_THAT(BoundEvents(Edit.Blueprint), ElementsAre("OnCheckStateChanged (Ok) at 400,600"));
 	EXPECT_THAT(Edit.Faults(), IsEmpty());
+	// An event asked for in the same call is that of the widget of then.
+	Edit.Widgets(AddWidget("New", "Button", "Root", Events(R"("OnClicked":true)")) + "," + RemoveWidget("New") + ","
+		+ AddWidget("New", "CheckBox", "Root"));
+	EXPECT_THAT(Errors(*Edit.Result), IsEmpty());
+	EXPECT_THAT(Warnings(*Edit.Result), testing::Not(testing::Contains(HasSubstr("not found on widget class"))));
+	EXPECT_THAT(BoundEvents(Edit.Blueprint), ElementsAre("OnCheckStateChanged (Ok) at 400,600"));
+	Edit.Widgets(AddWidget("Box", "VerticalBox", "Root") + "," + ModifyWidget("New", R"("parent":"Box")"));
+	EXPECT_THAT(Warnings(*Edit.Result),
+		ElementsAre("Widget 'New' stays where it is: to move it into 'Box', use the action 'reorder'"));
 }
 
 TEST(WidgetAnimationsTool, NewOnesAreEmptyAndLastFiveSecondsUnderNamesOfTheirOwn)

@@ -24,13 +24,23 @@ namespace BlueprintComponents
 {
 using namespace Morvane;
 
-/** "PointLight" and the like are short for the component, unless a class has that name. Null when it is no component.
- */
+static bool IsComponent(const UClass* Class)
+{
+	return Class && Class->IsChildOf(UActorComponent::StaticClass());
+}
+
+/** "Box" is short for the component, and so is "PointLight", though an actor has that name: an actor is no component.
+ * Null when there is no such component. */
 static UClass* FindComponentClass(const FString& Type)
 {
-	UClass* Class = FAssetOperationBase::GetAssetClassFromAssetName(Type);
-	Class = Class ? Class : FAssetOperationBase::GetAssetClassFromAssetName(Type + TEXT("Component"));
-	return Class && Class->IsChildOf(UActorComponent::StaticClass()) ? Class : nullptr;
+	UClass* const Named = FAssetOperationBase::GetAssetClassFromAssetName(Type);
+	if (IsComponent(Named))
+	{
+		return Named;
+	}
+	UClass* const Meant = FAssetOperationBase::GetAssetClassFromAssetName(Type + TEXT("Component"));
+	const bool bOfAKind = IsComponent(Meant) && Meant != UActorComponent::StaticClass(); // "Actor" is short for none
+	return bOfAKind && !Meant->HasAnyClassFlags(CLASS_Abstract) ? Meant : nullptr;
 }
 
 class FBatch

@@ -132,10 +132,22 @@ static bool IsDelegate(const FEdGraphPinType& Type)
 	return Type.PinCategory == UEdGraphSchema_K2::PC_Delegate || Type.PinCategory == UEdGraphSchema_K2::PC_MCDelegate;
 }
 
+/** To the letter: another case of a tooltip is another tooltip. */
+static bool IsSameMetaData(const TArray<FBPVariableMetaDataEntry>& Left, const TArray<FBPVariableMetaDataEntry>& Right)
+{
+	bool bSame = Left.Num() == Right.Num();
+	for (int32 Index = 0; bSame && Index < Left.Num(); ++Index)
+	{
+		bSame = Left[Index].DataKey == Right[Index].DataKey
+			&& Left[Index].DataValue.Equals(Right[Index].DataValue, ESearchCase::CaseSensitive);
+	}
+	return bSame;
+}
+
 static bool AreSame(const FBPVariableDescription& Left, const FBPVariableDescription& Right)
 {
 	return Left.VarType == Right.VarType && Left.PropertyFlags == Right.PropertyFlags
-		&& Left.RepNotifyFunc == Right.RepNotifyFunc && Left.MetaDataArray == Right.MetaDataArray
+		&& Left.RepNotifyFunc == Right.RepNotifyFunc && IsSameMetaData(Left.MetaDataArray, Right.MetaDataArray)
 		&& Left.Category.ToString().Equals(Right.Category.ToString(), ESearchCase::CaseSensitive)
 		&& Left.DefaultValue.Equals(Right.DefaultValue, ESearchCase::CaseSensitive);
 }
