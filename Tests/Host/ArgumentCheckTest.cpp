@@ -100,6 +100,7 @@ TEST(ArgumentCheck, WhatIsNotReadIsToldWithItsPlaceAndReason)
 			{"'(1)' is not a valid number", "[Failure] Pin 'Duration' of node 'Print String' ("}},
 		{R"("nodes":[{"menu_title":"Print String","node_metadata":{"minimum_confidence":0.5,"allow_duplicate":true},"position":{"x":1}}],"graph_type":null)",
 			{}},
+		{R"("graph_type":"Event","nodes":[{"menu_title":"Print String","action":"ADD"}])", {}},
 	};
 	for (const auto& Case : Cases)
 	{

@@ -101,6 +101,23 @@ TEST(ResultCut, EveryKindOfLongResultFitsAndSaysWhatIsMissing)
 	}
 }
 
+TEST(ResultCut, ATextIsCutBetweenLetters)
+{
+	for (const char* const Before : {"", "a", "ab", "abc"})
+	{
+		std::string Long = Before;
+		for (int Index = 0; Index < 20000; ++Index)
+		{
+			Long += "\xF0\x9F\x98\x80";
+		}
+		const std::string Short = ResultCut::Shorten(Result("[]", R"({"content":)" + Quoted(Long) + "}", "[]"), Room);
+		EXPECT_LE(Short.size(), Room);
+		std::string Fault;
+		EXPECT_TRUE(JsonUtf8::Check(Short, Fault)) << Fault;
+		EXPECT_THAT(Short, HasSubstr("more bytes)"));
+	}
+}
+
 TEST(ResultCut, ADocumentInATextIsStillADocument)
 {
 	const std::string Short = ResultCut::Shorten(

@@ -1,3 +1,5 @@
+#include <atomic>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <thread>
@@ -264,6 +266,30 @@ TEST(CallQueue, FullQueueMakesTheSenderWait)
 	EXPECT_FALSE(Queue.Push({nullptr, "4", 1, [] {}}));
 	EXPECT_EQ(Queue.Pop()->Id, "3");
 	EXPECT_FALSE(Queue.Pop().has_value());
+}
+
+TEST(CallQueue, ACancelledCallMakesRoomForAsManyBytes)
+{
+	FCallQueue Queue(100, 100);
+	ASSERT_TRUE(Queue.Push({nullptr, "cancelled", 70, [] {}}));
+	ASSERT_TRUE(Queue.Push({nullptr, "first", 10, [] {}}));
+	EXPECT_TRUE(Queue.Cancel(nullptr, "cancelled"));
+	EXPECT_FALSE(Queue.Cancel(nullptr, "cancelled"));
+	std::atomic<bool> bTaken = false;
+	std::thread Sender(
+		[&Queue, &bTaken]
+		{
+			EXPECT_TRUE(Queue.Push({nullptr, "second", 90, [] {}}));
+			bTaken = true;
+		});
+	for (int Wait = 0; Wait < 1000 && !bTaken; ++Wait)
+	{
+		std::this_thread::sleep_for(std::chrono::milliseconds(10));
+	}
+	EXPECT_TRUE(bTaken) << "ten bytes and ninety fit into a hundred";
+	EXPECT_EQ(Queue.Pop()->Id, "first");
+	EXPECT_EQ(Queue.Pop()->Id, "second");
+	Sender.join();
 }
 
 TEST(CallQueue, AbortReleasesASenderThatWaits)

@@ -1,5 +1,7 @@
 #include "EdGraphSchema_K2.h"
+#include "BlueprintBuilder.h"
 #include "K2Node.h"
+#include "K2Node_MakeArray.h"
 #include "Standalone/NativeClass.h"
 #include "ToolResults.h"
 #include "Utils/Graph/PinConnections.h"
@@ -96,6 +98,22 @@ TEST(PinLookup, AHiddenAliasComesBehindTheNameItselfAndBeforeTheOtherDirection)
 	EXPECT_EQ(
 		FBlueprintPinUtils::FindPinWithAliases(World, TEXT("world context object"), EGPD_Input, &Case.Session), Hidden);
 	EXPECT_EQ(Telemetry(Case.Result).find("pin_direction_fallbacks"), std::string::npos);
+}
+
+TEST(PinLookup, OnlyPinsThatCanBeHadAreOffered)
+{
+	FConnecting Case;
+	const FNodeHandle Node = Case.Graph.Bare();
+	for (const TCHAR* const Name : {TEXT("First"), TEXT("Gone"), TEXT("Hidden"), TEXT("Last")})
+	{
+		Case.Graph.AddPin(Node, EGPD_Input, Name);
+	}
+	Case.Graph.AddPin(Node, EGPD_Output, TEXT("Out"));
+	Node.Input(TEXT("Gone"))->bOrphanedPin = true;
+	Node.Input(TEXT("Hidden"))->bHidden = true;
+	EXPECT_THAT(ToStdList(FBlueprintPinUtils::RecordLookupFailure(*Node.Node, TEXT("Nope"), EGPD_Input, Case.Result)),
+		ElementsAre("First", "Last"));
+	EXPECT_THAT(Telemetry(Case.Result), HasSubstr(R"("asked":"Nope","available":["First","Last"])"));
 }
 
 TEST(PinLookup, AliasThenNameThenTheOtherDirection)
@@ -234,6 +252,22 @@ TEST(Connect, AnAttemptThatFailsIsToldWithItsEnds)
 		Warnings(Case.Result), ElementsAre(StartsWith("[Failure] TryCreateConnection failed: Pure (full).out -> ")));
 	EXPECT_THAT(Telemetry(Case.Result),
 		AllOf(HasSubstr("TryCreateConnection returned false"), HasSubstr("validation_failures")));
+}
+
+TEST(Disconnect, BothEndsAreTold)
+{
+	FBlueprintBuilder Blueprint;
+	FGraphBuilder Graph = Blueprint.EventGraph();
+	Morvane::FToolResult Result = MakeResult();
+	const FNodeHandle Source = Graph.Call(TEXT("/Script/Engine.KismetSystemLibrary"), TEXT("GetGameTimeInSeconds"));
+	const FNodeHandle Target = {Graph.Add<UK2Node_MakeArray>()};
+	ASSERT_TRUE(Source.Output(TEXT("ReturnValue"))->GetSchema()->TryCreateConnection(
+		Source.Output(TEXT("ReturnValue")), Target.Input(TEXT("[0]"))));
+	EXPECT_EQ(Target.Output(TEXT("Array"))->PinType.PinCategory, UEdGraphSchema_K2::PC_Real);
+	EXPECT_TRUE(FBlueprintPinUtils::DisconnectPins(
+		Graph.Get(), Source, TEXT("ReturnValue"), Target, TEXT("[0]"), Result));
+	EXPECT_EQ(Target.Output(TEXT("Array"))->PinType.PinCategory, UEdGraphSchema_K2::PC_Wildcard)
+		<< "what took its type from the link has none again";
 }
 
 TEST(Disconnect, BreaksTheLinkOrSaysThatThereIsNone)

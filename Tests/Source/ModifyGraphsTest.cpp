@@ -253,6 +253,46 @@ TEST(ModifyLocals, AddChangeAndRemoveWithTheirUsers)
 	EXPECT_TRUE(Case.Node("g", TEXT("Fire"))) << "nodes stay as an editor keeps them";
 }
 
+TEST(ModifyLocals, ADefaultStaysWhereItFitsTheNewType)
+{
+	FModifying Case;
+	RunTool(TEXT("bp_create_graph"), R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"Fire"}]})");
+	const auto Change = [&Case](const std::string& Members)
+	{
+		Case.Modify("\"local_variables\":{\"Count\":{" + Members + "}}", "Fire");
+		EXPECT_THAT(Warnings(*Case.Result), IsEmpty()) << Members;
+		const auto& Locals = FPopulating::FindNode<UK2Node_FunctionEntry>(Case.Graph(TEXT("Fire")))->LocalVariables;
+		return ToStd(Locals[0].VarType.PinCategory.ToString() + TEXT(":") + Locals[0].DefaultValue);
+	};
+	const std::string Modify = R"("action":"modify",)";
+	EXPECT_EQ(Change(R"("type":{"category":"int"},"default_variable_value":"2")"), "int:2");
+	EXPECT_EQ(Change(Modify + R"("type":{"category":"int64"})"), "int64:2");
+	EXPECT_EQ(Change(Modify + R"("type":{"category":"string"},"default_variable_value":"two")"), "string:two");
+	EXPECT_EQ(Change(Modify + R"("type":{"category":"int"})"), "int:") << "two is no number";
+	EXPECT_EQ(Change(Modify + R"("default_variable_value":"7")"), "int:7");
+}
+
+TEST(ModifyLocals, UsersInCollapsedGraphsAreUsersToo)
+{
+	FModifying Case;
+	RunTool(TEXT("bp_create_graph"), R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"Fire"}]})");
+	Case.Populate(R"("local_variables":{"Count":{"type":{"category":"int"}}},"nodes":[)"
+			+ LooseNode("c", "Add Comment") + "]",
+		"Fire");
+	UEdGraph* const Fire = Case.Graph(TEXT("Fire"));
+	UEdGraph* const Inner = FBlueprintEditorUtils::CreateNewGraph(
+		Case.Blueprint.Get(), TEXT("Inner"), UEdGraph::StaticClass(), UEdGraphSchema_K2::StaticClass());
+	Inner->Rename(nullptr, Fire);
+	Fire->SubGraphs.Add(Inner);
+	FGraphNodeCreator<UK2Node_VariableGet> Creator(*Inner);
+	UK2Node_VariableGet* const Get = Creator.CreateNode(false);
+	Get->VariableReference.SetLocalMember(TEXT("Count"), TEXT("Fire"), FGuid());
+	Creator.Finalize();
+	Case.Modify(R"("local_variables":{"Count":{"action":"remove"}})", "Fire");
+	EXPECT_THAT(Warnings(*Case.Result),
+		ElementsAre(HasSubstr("Local variable 'Count' is removed, and these nodes still use it: ")));
+}
+
 TEST(ModifyLocals, OnlyFunctionsHaveThem)
 {
 	FModifying Case;

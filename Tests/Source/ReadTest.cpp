@@ -329,6 +329,29 @@ TEST(EventFlows, PureFeedersBelongAndRequestedNamesMatchByContainment)
 	EXPECT_EQ(Text.find("EdGraphNode_Comment"), std::string::npos);
 }
 
+TEST(EventFlows, NamesAreFoundInTitlesAndTitlesInNames)
+{
+	FBlueprintBuilder Blueprint;
+	const struct
+	{
+		const char* Name;
+		const char* Found;
+	} Cases[] = {{"Event BeginPlay", "Event BeginPlay"}, {"beginplay", "Event BeginPlay"},
+		{"the EVENT BEGINPLAY of the door", "Event BeginPlay"}, {"nodes_not_attached_to_an_event", ""},
+		{"NODES_NOT_ATTACHED_TO_AN_EVENT", ""}};
+	for (const auto& Case : Cases)
+	{
+		const Morvane::FToolResult Result = RunRead(&FBlueprintEventReadOperation::Execute,
+			WithPath(Blueprint, R"("graph_name":"EventGraph","event_name":")" + std::string(Case.Name) + "\""));
+		EXPECT_THAT(Warnings(Result), testing::IsEmpty()) << Case.Name;
+		const std::string Text = Content(Result);
+		EXPECT_EQ(Text.find("\"status\""), std::string::npos) << Case.Name << Text;
+		EXPECT_EQ(Text.find("\"event_title\": \"Event BeginPlay\"") != std::string::npos, *Case.Found != '\0')
+			<< Case.Name << Text;
+		EXPECT_NE(Text.find("\"event_title\": \"nodes_not_attached_to_an_event\""), std::string::npos) << Case.Name;
+	}
+}
+
 TEST(ReadNode, ShortIdsAndTargetClass)
 {
 	FGraphBuilder Graph;

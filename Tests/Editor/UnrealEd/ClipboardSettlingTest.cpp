@@ -87,7 +87,9 @@ TEST(ClipboardSettling, AnEventBesideTheSameOneBecomesACustomEvent)
 	UEdGraph* const Graph = Blueprint.EventGraph().Get();
 	Paste(Graph, BeginPlay);
 	FWarnings Warnings;
-	const TArray<UEdGraphNode*> Nodes = Paste(Graph, BeginPlay, &Warnings);
+	std::string Commented = BeginPlay;
+	Commented.insert(Commented.find("   NodePosX=64"), "   NodeComment=\"Why\"\n   bCommentBubbleVisible=True\n");
+	const TArray<UEdGraphNode*> Nodes = Paste(Graph, Commented, &Warnings);
 	EXPECT_EQ(CountEvents(Graph, TEXT("ReceiveBeginPlay")), 1);
 	EXPECT_EQ(CountEvents(Graph, TEXT("ReceiveBeginPlay_Event")), 1);
 	EXPECT_THAT(Warnings.Lines,
@@ -102,6 +104,8 @@ TEST(ClipboardSettling, AnEventBesideTheSameOneBecomesACustomEvent)
 	EXPECT_EQ(Custom, Nodes[1]);
 	EXPECT_TRUE(Custom->IsA<UK2Node_CustomEvent>());
 	EXPECT_EQ(Custom->NodePosX, 64);
+	EXPECT_EQ(ToStd(Custom->NodeComment), "Why");
+	EXPECT_TRUE(Custom->bCommentBubbleVisible);
 	EXPECT_TRUE(Blueprint.Compiles());
 }
 

@@ -136,26 +136,6 @@ static bool ParseOne(
 	return ReadDefault(Definition, OutRecord.DefaultValue, Result) && ReadType(Definition, OutRecord, Result);
 }
 
-static void ReplaceLegacyFloat(FJsonObject& Type)
-{
-	FString Category;
-	RecordWords::ReadString(Type, TEXT("category"), Category);
-	const bool bFloat = Category.Equals(TEXT("float"), ESearchCase::IgnoreCase);
-	const bool bDouble = Category.Equals(TEXT("double"), ESearchCase::IgnoreCase);
-	if (!bFloat && !bDouble)
-	{
-		return;
-	}
-	Type.SetStringField(TEXT("category"), UEdGraphSchema_K2::PC_Real.ToString());
-	FString SubCategory;
-	RecordWords::ReadString(Type, TEXT("sub_category"), SubCategory);
-	if (SubCategory.IsEmpty())
-	{
-		const FName Precision = bFloat ? UEdGraphSchema_K2::PC_Float : UEdGraphSchema_K2::PC_Double;
-		Type.SetStringField(TEXT("sub_category"), Precision.ToString());
-	}
-}
-
 /** One run over the records of one entry node. */
 class FApplyRun
 {
@@ -296,17 +276,7 @@ bool FBlueprintLocalVariableUtils::Parse(
 
 bool FBlueprintLocalVariableUtils::NormalizeType(const FJsonObject& Type, FEdGraphPinType& OutPinType)
 {
-	TSharedPtr<FJsonObject> Normal = MakeShared<FJsonObject>();
-	Normal->Values = Type.Values;
-	LocalVariables::ReplaceLegacyFloat(*Normal);
-	if (const TSharedPtr<FJsonObject> ValueType = LocalVariables::ToObject(Type.TryGetField(TEXT("value_type"))))
-	{
-		const TSharedPtr<FJsonObject> NormalValue = MakeShared<FJsonObject>();
-		NormalValue->Values = ValueType->Values;
-		LocalVariables::ReplaceLegacyFloat(*NormalValue);
-		Normal->SetObjectField(TEXT("value_type"), NormalValue);
-	}
-	return FAssetOperationBase::ConvertJsonToEdGraphPinType(Normal, OutPinType);
+	return FAssetOperationBase::ConvertJsonToEdGraphPinType(Type, OutPinType);
 }
 
 bool FBlueprintLocalVariableUtils::Apply(UBlueprint* Blueprint, UEdGraph* Graph,
