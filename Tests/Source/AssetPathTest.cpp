@@ -31,7 +31,8 @@ TEST(AssetPath, WhatIsNoAssetPathStaysForTheError)
 	}
 	EXPECT_EQ(ToStd(FAssetOperationBase::NormalizeAssetPath(TEXT("BP_Test.BP_Test_C"))), "BP_Test");
 	// Only behind an object a colon names a part of it.
-	EXPECT_EQ(ToStd(FAssetOperationBase::NormalizeAssetPath(TEXT("/Game/Tests:Old/BP_Test.BP_Test"))), "/Game/Tests:Old/BP_Test");
+	EXPECT_EQ(ToStd(FAssetOperationBase::NormalizeAssetPath(TEXT("/Game/Tests:Old/BP_Test.BP_Test"))),
+		"/Game/Tests:Old/BP_Test");
 	EXPECT_FALSE(FAssetOperationBase::AssetExists(TEXT("/Game/Tests/BP_Test:x.y")));
 	EXPECT_FALSE(FAssetOperationBase::AssetExists(TEXT("/Game/Tests/BP_Other")));
 	EXPECT_FALSE(FAssetOperationBase::AssetExists(TEXT("/Game/../Tests/BP_Test")));

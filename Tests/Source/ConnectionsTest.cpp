@@ -1,5 +1,5 @@
-#include "EdGraphSchema_K2.h"
 #include "BlueprintBuilder.h"
+#include "EdGraphSchema_K2.h"
 #include "K2Node.h"
 #include "K2Node_MakeArray.h"
 #include "Standalone/NativeClass.h"
@@ -261,11 +261,12 @@ TEST(Disconnect, BothEndsAreTold)
 	Morvane::FToolResult Result = MakeResult();
 	const FNodeHandle Source = Graph.Call(TEXT("/Script/Engine.KismetSystemLibrary"), TEXT("GetGameTimeInSeconds"));
 	const FNodeHandle Target = {Graph.Add<UK2Node_MakeArray>()};
-	ASSERT_TRUE(Source.Output(TEXT("ReturnValue"))->GetSchema()->TryCreateConnection(
-		Source.Output(TEXT("ReturnValue")), Target.Input(TEXT("[0]"))));
+	ASSERT_TRUE(Source.Output(TEXT("ReturnValue"))
+					->GetSchema()
+					->TryCreateConnection(Source.Output(TEXT("ReturnValue")), Target.Input(TEXT("[0]"))));
 	EXPECT_EQ(Target.Output(TEXT("Array"))->PinType.PinCategory, UEdGraphSchema_K2::PC_Real);
-	EXPECT_TRUE(FBlueprintPinUtils::DisconnectPins(
-		Graph.Get(), Source, TEXT("ReturnValue"), Target, TEXT("[0]"), Result));
+	EXPECT_TRUE(
+		FBlueprintPinUtils::DisconnectPins(Graph.Get(), Source, TEXT("ReturnValue"), Target, TEXT("[0]"), Result));
 	EXPECT_EQ(Target.Output(TEXT("Array"))->PinType.PinCategory, UEdGraphSchema_K2::PC_Wildcard)
 		<< "what took its type from the link has none again";
 }

@@ -276,8 +276,8 @@ TEST(ModifyLocals, UsersInCollapsedGraphsAreUsersToo)
 {
 	FModifying Case;
 	RunTool(TEXT("bp_create_graph"), R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"Fire"}]})");
-	Case.Populate(R"("local_variables":{"Count":{"type":{"category":"int"}}},"nodes":[)"
-			+ LooseNode("c", "Add Comment") + "]",
+	Case.Populate(
+		R"("local_variables":{"Count":{"type":{"category":"int"}}},"nodes":[)" + LooseNode("c", "Add Comment") + "]",
 		"Fire");
 	UEdGraph* const Fire = Case.Graph(TEXT("Fire"));
 	UEdGraph* const Inner = FBlueprintEditorUtils::CreateNewGraph(
