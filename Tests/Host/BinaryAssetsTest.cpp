@@ -243,3 +243,36 @@ TEST(BinaryAssets, WhatCannotBeReadIsRefusedWithItsReason)
 	}
 	EXPECT_EQ(FilesOf(Project), Before);
 }
+
+TEST(BinaryAssets, AreListedAndOfferedByTheirHeadsAlone)
+{
+	using namespace BinaryAssetsTest;
+	const FTemporaryFolder Project;
+	Project.Write("Game.uproject", R"({"Plugins":[{"Name":"Off","Enabled":false}]})");
+	Project.Write("Plugins/Doors/Doors.uplugin", "{}");
+	Project.Write("Plugins/Off/Off.uplugin", "{}");
+	Project.Write("Plugins/Off/Content/BP_Off.uasset", BytesOf("/Off/BP_Off"));
+	Project.Write("Content/BP_Small.uasset", BytesOf("/Game/BP_Small", "4.20"));
+	FTestPackage Door = SmallBlueprint::Make(
+		FPackageLayout::Of("5.7"), {"/Doors/BP_Door", "/Script/Engine", "Actor", true});
+	Door.AddExport(Door.ImportClass("/Script/CoreUObject", "Function"), SmallBlueprint::Class, "UnlockTheVault");
+	Door.AddExport(
+		Door.ImportClass("/Script/CoreUObject", "Function"), SmallBlueprint::Class, "ExecuteUbergraph_BP_Door");
+	Door.AddExport(Door.ImportClass("/Script/CoreUObject", "DelegateFunction"), SmallBlueprint::Class,
+		"OnVaultOpen__DelegateSignature");
+	// None of its objects can be read, so whatever is told comes from the head.
+	const FTestPackage::FWritten Written = Door.Write();
+	Project.Write("Plugins/Doors/Content/BP_Door.uasset", Written.Bytes.substr(0, Written.HeaderSize));
+
+	const std::string Descriptor = (Project.Path() / "Game.uproject").string();
+	const FProcessResult Assets = RunMorvane({"assets", "--project", Descriptor});
+	EXPECT_EQ(Assets.Status, 0) << Assets.Errors;
+	EXPECT_THAT(Assets.Output,
+		AllOf(HasSubstr("/Game/BP_Small\tBlueprint\t/Script/Engine.Actor"), HasSubstr("/Doors/BP_Door\t"),
+			Not(HasSubstr("BP_Off"))));
+	const FProcessResult Menu = RunMorvane({"menu", "--project", Descriptor});
+	EXPECT_EQ(Menu.Status, 0) << Menu.Errors;
+	EXPECT_THAT(Menu.Output,
+		AllOf(testing::ContainsRegex("Unlock .he Vault"), HasSubstr("Bind Event to On Vault Open"),
+			HasSubstr("Cast To BP_Door"), HasSubstr("Cast To BP_Small"), Not(HasSubstr("Ubergraph"))));
+}

@@ -96,7 +96,7 @@ TEST(BinaryLayout, ObjectsNodesAndPinsAreSpelledAsObjectText)
 		"         NodeGuid=00000001000000020000000300000010\n",
 		"         FunctionReference=(MemberName=\"PrintString\")\n",
 		"CustomProperties UserDefinedPin (PinName=\"Numbers\",PinType=(PinCategory=\"int\",",
-		",DesiredPinDirection=EGPD_Output,DefaultValue=\"7\")\n",
+		",DesiredPinDirection=EGPD_Output,PinDefaultValue=\"7\")\n",
 		"PinName=\"InString\",PinToolTip=\"Tip of InString\",PinType.PinCategory=\"string\",",
 		"DefaultValue=\"Hello \\\"world\\\"\",",
 		"LinkedTo=(Call " + FObjectBytes::GuidText(0x51) + ",),",

@@ -23,7 +23,7 @@ bool FBinaryTables::Read(const std::string_view InBytes, const std::string& InPa
 		return false;
 	}
 	OutRefusal = DescribeCutOff();
-	return OutRefusal.empty();
+	return OutRefusal.empty() && BuildPaths(ExportPaths, Exports.size(), 1, OutRefusal);
 }
 
 bool FBinaryTables::ReadHead(const std::string_view InBytes, const std::string& InPackageName, std::string& OutRefusal)
@@ -45,23 +45,19 @@ bool FBinaryTables::ReadHead(const std::string_view InBytes, const std::string& 
 			: "the package is damaged: its table of " + Damaged;
 		return false;
 	}
-	return BuildPaths(OutRefusal);
+	return BuildPaths(ImportPaths, Imports.size(), -1, OutRefusal);
 }
 
-bool FBinaryTables::BuildPaths(std::string& OutRefusal)
+bool FBinaryTables::BuildPaths(
+	std::vector<std::string>& OutPaths, const std::size_t Count, const int Sign, std::string& OutRefusal)
 {
-	std::size_t NumLetters = 0;
-	const auto Build = [this, &NumLetters](std::vector<std::string>& OutPaths, const std::size_t Count, const int Sign)
+	OutPaths.reserve(Count);
+	for (std::size_t Index = 0; Index < Count && NumPathBytes <= GetTextLimit(); ++Index)
 	{
-		for (std::size_t Index = 0; Index < Count && NumLetters <= GetTextLimit(); ++Index)
-		{
-			OutPaths.push_back(BuildPath(Sign * (static_cast<int32_t>(Index) + 1), 0));
-			NumLetters += OutPaths.back().size();
-		}
-	};
-	Build(ImportPaths, Imports.size(), -1);
-	Build(ExportPaths, Exports.size(), 1);
-	OutRefusal = NumLetters <= GetTextLimit()
+		OutPaths.push_back(BuildPath(Sign * (static_cast<int32_t>(Index) + 1), 0));
+		NumPathBytes += OutPaths.back().size();
+	}
+	OutRefusal = NumPathBytes <= GetTextLimit()
 		? std::string()
 		: "the package is damaged: the paths of its objects are longer than a file of its size can name";
 	return OutRefusal.empty();
@@ -257,7 +253,9 @@ std::string FBinaryTables::BuildPath(const int32_t Reference, const int Depth) c
 	{
 		return bExport ? PackageName + "." + Name : Name;
 	}
-	const std::string Path = BuildPath(Outer, Depth + 1);
+	// Outers mostly come before what they hold, and have their paths by then.
+	std::string Path = PathOf(Outer);
+	Path = Path.empty() ? BuildPath(Outer, Depth + 1) : Path;
 	const bool bTop = Path.find('.') == std::string::npos;
 	return Path + (bTop ? "." : Path.find(':') == std::string::npos ? ":" : ".") + Name;
 }

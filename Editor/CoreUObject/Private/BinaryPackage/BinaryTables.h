@@ -44,7 +44,8 @@ class FBinaryTables
 public:
 	/** PackageName is where the file lies, which goes before what the file says of itself. */
 	bool Read(std::string_view Bytes, const std::string& PackageName, std::string& OutRefusal);
-	/** As Read, of a file whose objects are not at hand: its first bytes, up to the header's end. */
+	/** As Read, of a file whose objects are not at hand: its first bytes, up to the header's end. Its own objects have
+	 * no paths then, other packages' have. */
 	bool ReadHead(std::string_view Bytes, const std::string& PackageName, std::string& OutRefusal);
 
 	const FBinarySummary& GetSummary() const { return Summary; }
@@ -78,7 +79,7 @@ private:
 	std::string ReadSoftPathInPlace(FBinaryCursor& Cursor) const;
 	FBinaryCursor CursorAt(const FBinaryTable& Table, std::size_t LeastSize);
 	/** False when the names are longer together than the file can mean. */
-	bool BuildPaths(std::string& OutRefusal);
+	bool BuildPaths(std::vector<std::string>& OutPaths, std::size_t Count, int Sign, std::string& OutRefusal);
 	std::string BuildPath(int32_t Reference, int Depth) const;
 	void CountName(const std::string& Name, FBinaryCursor& Cursor);
 	void NoteDamage(const char* Table, const FBinaryCursor& Cursor);
@@ -96,6 +97,7 @@ private:
 	std::vector<std::string> ImportPaths;
 	/** Of all rows of all tables. */
 	std::size_t NumNameBytes = 0;
+	std::size_t NumPathBytes = 0;
 	/** The table that ended or broke off, and where; empty while all is well. */
 	std::string Damaged;
 };
