@@ -177,7 +177,7 @@ constexpr std::string_view Connection = R"json({
 constexpr std::string_view ReadDetail = R"json({
 	"type": "string",
 	"enum": ["full", "lean"],
-	"description": "How much is shown, default full. lean takes about a third of the size: of the pins those with a link or a value that somebody set, links as id.pin, a pin without direction is an input, a type stands at the first value of it, and what is as in every new node, variable or widget is left out. Ids are the same."
+	"description": "Default full. lean is a third of the size: pins with a link or a set value alone, links as id.pin, no direction for inputs, each type once, nothing that is as in a new node, variable or widget."
 })json";
 
 constexpr std::string_view WidgetProperties = R"json({

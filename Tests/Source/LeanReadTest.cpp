@@ -333,3 +333,20 @@ TEST(FreshReads, FloatingNodesAreShownOnceBesideTheEvents)
 	EXPECT_EQ(ToStd(Cut->GetModifications()[1].Content),
 		R"({"path":"/Game/Tests/BP_Test","note":"These nodes stand in the document before this one, beside its events."})");
 }
+
+TEST(ReadsForEdits, InterfacesAnswerToTheirAsset)
+{
+	FStructuring Case;
+	RunTool(TEXT("bp_create_asset"),
+		R"({"path":"/Game/Tests/BPI_Use","blueprint_parent_class":{"type":"native",
+		"parent_path":"/Script/CoreUObject.Interface"}})");
+	Case.Interfaces(R"({"name":"/Game/Tests/BPI_Use"})");
+	for (const char* const Name :
+		{"BPI_Use", "BPI_Use_C", "/Game/Tests/BPI_Use", "/Game/Tests/BPI_Use.BPI_Use_C", "bpi_use"})
+	{
+		const std::string Text = Read(
+			"interface", Case.Blueprint.Path(), std::string(R"("interface_name":")") + Name + "\"");
+		EXPECT_THAT(Text, HasSubstr(R"("interfaces":[{"name":"BPI_Use_C")")) << Name;
+		EXPECT_THAT(Text, Not(HasSubstr("not_found"))) << Name;
+	}
+}

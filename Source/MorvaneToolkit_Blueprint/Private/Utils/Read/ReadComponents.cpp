@@ -194,7 +194,7 @@ void ReadSections::AddComponents(FReadSection& Section)
 	const TArray<ReadComponents::FRow> Rows = ReadComponents::GatherRows(Section);
 	for (const ReadComponents::FRow& Row : Rows)
 	{
-		if (!(Row.Member.IsEmpty() ? Section.Stands(Row.Name) : Section.Stands(Row.Name, Row.Member)))
+		if (!Section.Stands(Row.Member.IsEmpty() ? TArray<FString>{Row.Name} : TArray<FString>{Row.Name, Row.Member}))
 		{
 			continue;
 		}

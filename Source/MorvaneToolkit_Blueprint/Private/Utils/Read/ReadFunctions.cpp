@@ -8,6 +8,7 @@
 #include "Engine/BlueprintGeneratedClass.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_Tunnel.h"
+#include "UObject/Package.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Read/ReadItems.h"
 #include "Utils/Read/ReadUnresolved.h"
@@ -214,12 +215,28 @@ static void AddClassFunction(FReadSection& Section, const UFunction& Function)
 }
 } // namespace ReadFunctions
 
+namespace ReadFunctions
+{
+/** An author knows an interface by its asset, and an edit takes its path. */
+static TArray<FString> GetInterfaceNames(const UClass& Interface)
+{
+	TArray<FString> Names = {Interface.GetName(), Interface.GetPathName()};
+	if (Interface.IsA<UBlueprintGeneratedClass>())
+	{
+		FString AssetName = Interface.GetName();
+		AssetName.RemoveFromEnd(TEXT("_C"), ESearchCase::CaseSensitive);
+		Names.Append({AssetName, Interface.GetOutermost()->GetName()});
+	}
+	return Names;
+}
+} // namespace ReadFunctions
+
 void ReadSections::AddInterfaces(FReadSection& Section)
 {
 	for (const FBPInterfaceDescription& Interface : Section.Blueprint.ImplementedInterfaces)
 	{
 		const UClass* const InterfaceClass = Interface.Interface;
-		if (!InterfaceClass || !Section.Stands(InterfaceClass->GetName()))
+		if (!InterfaceClass || !Section.Stands(ReadFunctions::GetInterfaceNames(*InterfaceClass)))
 		{
 			continue;
 		}

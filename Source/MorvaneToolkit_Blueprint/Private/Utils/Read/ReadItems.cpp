@@ -52,16 +52,15 @@ bool FReadSection::Stands(const FString& Name)
 	return !bFull || Requested.Take(Name);
 }
 
-bool FReadSection::Stands(const FString& Name, const FString& OtherName)
+bool FReadSection::Stands(const TArray<FString>& Names)
 {
-	if (!bFull)
+	bool bStands = !bFull;
+	for (const FString& Name : Names)
 	{
-		return true;
+		// All are asked, so that none of two names for one item is told to be missing.
+		bStands |= bFull && Requested.Take(Name);
 	}
-	// Both are asked, so that none of two names for one item is told to be missing.
-	const bool bByName = Requested.Take(Name);
-	const bool bByOther = !OtherName.Equals(Name, ESearchCase::IgnoreCase) && Requested.Take(OtherName);
-	return bByName || bByOther;
+	return bStands;
 }
 
 void FReadSection::SetInherited(FJsonObject& Entry, const UClass* Owner) const

@@ -38,8 +38,8 @@ struct FReadSection
 
 	/** Whether the item of this name belongs into the section. Call it once for each item: it counts. */
 	bool Stands(const FString& Name);
-	/** The same for an item that answers to a second name as well. */
-	bool Stands(const FString& Name, const FString& OtherName);
+	/** The same for an item that answers to several names. */
+	bool Stands(const TArray<FString>& Names);
 	/** Marks the entry of an item that a class above this one has; nothing for null and for the Blueprint's own. */
 	void SetInherited(FJsonObject& Entry, const UClass* Owner) const;
 	/** A new entry that holds its name so far. */
