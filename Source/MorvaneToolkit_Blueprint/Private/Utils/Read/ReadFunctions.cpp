@@ -225,7 +225,8 @@ static TArray<FString> GetInterfaceNames(const UClass& Interface)
 	{
 		FString AssetName = Interface.GetName();
 		AssetName.RemoveFromEnd(TEXT("_C"), ESearchCase::CaseSensitive);
-		Names.Append({AssetName, Interface.GetOutermost()->GetName()});
+		Names.Add(AssetName);
+		Names.Add(Interface.GetOutermost()->GetName());
 	}
 	return Names;
 }
