@@ -110,6 +110,8 @@ void AddUserPins(UK2Node_EditablePinBase& Node, const FJsonObject& Identity)
 			: Container == TEXT("Set")							 ? EPinContainerType::Set
 			: Container == TEXT("Map")							 ? EPinContainerType::Map
 																 : EPinContainerType::None;
+		(*Row)->TryGetBoolField(TEXT("ref"), Info->PinType.bIsReference);
+		(*Row)->TryGetBoolField(TEXT("const"), Info->PinType.bIsConst);
 		Info->DesiredPinDirection = Text(**Row, TEXT("dir")) == TEXT("out") ? EGPD_Output : EGPD_Input;
 		Info->PinDefaultValue = Text(**Row, TEXT("default"));
 		Node.UserDefinedPins.Add(Info);
@@ -359,6 +361,34 @@ void ApplyFields(UEdGraphNode& Node, const FJsonObject& Identity)
 	if (UK2Node_EditablePinBase* const Editable = Cast<UK2Node_EditablePinBase>(&Node))
 	{
 		AddUserPins(*Editable, Identity);
+	}
+}
+
+void HideUnlisted(UEdGraphNode& Node, const FJsonObject& Identity)
+{
+	const FArrayProperty* const Array = CastField<FArrayProperty>(
+		Node.GetClass()->FindPropertyByName(FName(TEXT("ShowPinForProperties"))));
+	const TSharedPtr<FJsonObject>* Lines = nullptr;
+	if (!Array || !Identity.TryGetObjectField(TEXT("props"), Lines)
+		|| !(*Lines)->HasField(TEXT("ShowPinForProperties(0)")))
+	{
+		return;
+	}
+	FString Listed;
+	for (const auto& Pair : (*Lines)->Values)
+	{
+		FString Value;
+		Listed += Pair.Value && Pair.Value->TryGetString(Value) ? Value : FString();
+	}
+	// What another version of the struct has besides is no part of the node that the identity is about.
+	const FScriptArrayHelper Records(Array, Array->GetValuePtr(&Node));
+	for (int32 Index = 0; Index < Records.Num(); ++Index)
+	{
+		const FOptionalPinFromProperty& Record = *reinterpret_cast<FOptionalPinFromProperty*>(Records.GetRawPtr(Index));
+		if (!Listed.Contains(FString::Printf(TEXT("PropertyName=\"%s\""), *Record.PropertyName.ToString())))
+		{
+			Node.RemovePin(Node.FindPin(Record.PropertyName));
+		}
 	}
 }
 

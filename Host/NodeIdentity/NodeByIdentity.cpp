@@ -81,6 +81,12 @@ UClass* FNodeByIdentity::ChooseParent(const FJsonObject& Identity) const
 	}
 	bool bSelf = false;
 	Identity.TryGetBoolField(TEXT("self_context"), bSelf);
+	UClass* const Declarer = bSelf ? FindObject<UClass>(nullptr, NodeIdentities::Text(Identity, TEXT("declared_in")))
+								   : nullptr;
+	if (Declarer && FKismetEditorUtilities::CanCreateBlueprintOfClass(Declarer))
+	{
+		return Declarer;
+	}
 	const struct
 	{
 		const TCHAR* Field;
@@ -163,6 +169,7 @@ UEdGraphNode* FNodeByIdentity::Make(const FJsonObject& Identity, FString& OutErr
 		return nullptr;
 	}
 	Node->AllocateDefaultPins();
+	IdentityBinding::HideUnlisted(*Node, Identity);
 	const UK2Node_ConstructObjectFromClass* const Construct = Cast<UK2Node_ConstructObjectFromClass>(Node);
 	if (Construct && Construct->GetClassToSpawn())
 	{

@@ -12,10 +12,10 @@ class UEdGraph;
  * Makes single nodes from what identifies them: the node class and what it is bound to, as a JSON object. For looking
  * at the pins that a node has, outside of any asset.
  *
- * Members: "node_class" (path or short name); "function", "function_parent", "self_context"; "event", "event_parent",
- * "custom_event"; "variable", "variable_parent"; "delegate", "delegate_parent"; "macro", "struct", "enum",
- * "cast_target", "key" as paths or names; "keys" and "props" as objects whose members are property lines of the node,
- * as object text spells them; "user_pins".
+ * Members: "node_class" (path or short name); "function", "function_parent", "self_context" with "declared_in";
+ * "event", "event_parent", "custom_event"; "variable", "variable_parent"; "delegate", "delegate_parent"; "macro",
+ * "struct", "enum", "cast_target", "key" as paths or names; "keys" and "props" as objects whose members are property
+ * lines of the node, as object text spells them; "user_pins".
  *
  * Nodes stand in a scratch Blueprint of a fitting parent class, which lives as long as this object.
  */

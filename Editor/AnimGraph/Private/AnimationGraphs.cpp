@@ -7,13 +7,26 @@
 #include "AnimationStateMachineGraph.h"
 #include "AnimationStateMachineSchema.h"
 #include "AnimationTransitionGraph.h"
+#include "AnimGraphNode_BlendListByEnum.h"
+#include "AnimGraphNode_LinkedAnimGraphBase.h"
+#include "AnimGraphNode_LinkedInputPose.h"
+#include "AnimGraphNode_LocalToComponentSpace.h"
+#include "AnimGraphNode_MeshRefPose.h"
+#include "AnimGraphNode_ModifyCurve.h"
+#include "AnimGraphNode_MultiWayBlend.h"
 #include "AnimGraphNode_Root.h"
+#include "AnimGraphNode_SaveCachedPose.h"
+#include "AnimGraphNode_SkeletalControlBase.h"
 #include "AnimGraphNode_StateMachine.h"
+#include "AnimGraphNode_UseCachedPose.h"
 #include "AnimStateAliasNode.h"
 #include "AnimStateConduitNode.h"
 #include "AnimStateEntryNode.h"
 #include "AnimStateNode.h"
 #include "AnimStateTransitionNode.h"
+#include "K2Node_AnimGetter.h"
+#include "K2Node_PropertyAccess.h"
+#include "K2Node_TransitionRuleGetter.h"
 #include "Standalone/AnimGraphClasses.h"
 #include "Standalone/NativeClass.h"
 
@@ -174,7 +187,16 @@ void RegisterAnimGraphClasses()
 		&UAnimStateAliasNode::StaticClass, &UAnimStateTransitionNode::StaticClass, &UAnimStateEntryNode::StaticClass,
 		&UAnimGraphNode_Base::StaticClass, &UAnimGraphNode_Root::StaticClass, &UAnimGraphNode_StateResult::StaticClass,
 		&UAnimGraphNode_TransitionResult::StaticClass, &UAnimGraphNode_StateMachineBase::StaticClass,
-		&UAnimGraphNode_StateMachine::StaticClass});
+		&UAnimGraphNode_StateMachine::StaticClass, &UAnimGraphNode_SkeletalControlBase::StaticClass,
+		&UAnimGraphNode_LocalToComponentSpace::StaticClass, &UAnimGraphNode_MeshRefPose::StaticClass,
+		&UAnimGraphNode_BlendListBase::StaticClass, &UAnimGraphNode_BlendListByBool::StaticClass,
+		&UAnimGraphNode_BlendListByInt::StaticClass, &UAnimGraphNode_BlendListByEnum::StaticClass,
+		&UAnimGraphNode_MultiWayBlend::StaticClass, &UAnimGraphNode_ModifyCurve::StaticClass,
+		&UAnimGraphNode_SaveCachedPose::StaticClass, &UAnimGraphNode_UseCachedPose::StaticClass,
+		&UAnimGraphNode_LinkedInputPose::StaticClass, &UAnimGraphNode_CustomProperty::StaticClass,
+		&UAnimGraphNode_LinkedAnimGraphBase::StaticClass, &UAnimGraphNode_LinkedAnimGraph::StaticClass,
+		&UAnimGraphNode_LinkedAnimLayer::StaticClass, &UK2Node_AnimGetter::StaticClass,
+		&UK2Node_TransitionRuleGetter::StaticClass, &UK2Node_PropertyAccess::StaticClass});
 	// By name too, for pins in text.
 	FPoseLink::StaticStruct();
 	FComponentSpacePoseLink::StaticStruct();

@@ -8,10 +8,12 @@ class UAnimGraphNode_Root : public UAnimGraphNode_Base
 	EDITOR_CLASS(UAnimGraphNode_Root, UAnimGraphNode_Base)
 
 public:
-	void AllocateDefaultPins() override;
-	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	bool IsSinkNode() const override { return true; }
 	FText GetTooltipText() const override;
 	bool CanUserDeleteNode() const override { return false; }
+
+protected:
+	bool IsInMenu() const override { return false; }
 };
 
 /** The pose that a state gives out. */
@@ -20,7 +22,6 @@ class UAnimGraphNode_StateResult : public UAnimGraphNode_Root
 	EDITOR_CLASS(UAnimGraphNode_StateResult, UAnimGraphNode_Root)
 
 public:
-	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 };
 
@@ -30,8 +31,10 @@ class UAnimGraphNode_TransitionResult : public UAnimGraphNode_Base
 	EDITOR_CLASS(UAnimGraphNode_TransitionResult, UAnimGraphNode_Base)
 
 public:
-	void AllocateDefaultPins() override;
-	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
+	bool IsSinkNode() const override { return true; }
 	FText GetTooltipText() const override;
 	bool CanUserDeleteNode() const override { return false; }
+
+protected:
+	bool IsInMenu() const override { return false; }
 };

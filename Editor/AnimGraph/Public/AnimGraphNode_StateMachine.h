@@ -11,7 +11,6 @@ public:
 	FString GetNodeCategory() const override;
 	FString GetStateMachineName() const;
 	TArray<UEdGraph*> GetSubGraphs() const override;
-	void AllocateDefaultPins() override;
 	void PostPlacedNewNode() override;
 	void OnRenameNode(const FString& NewName) override;
 	void DestroyNode() override;
@@ -25,7 +24,4 @@ public:
 class UAnimGraphNode_StateMachine : public UAnimGraphNode_StateMachineBase
 {
 	EDITOR_CLASS(UAnimGraphNode_StateMachine, UAnimGraphNode_StateMachineBase)
-
-public:
-	void GetMenuActions(FBlueprintActionDatabaseRegistrar& ActionRegistrar) const override;
 };

@@ -24,6 +24,9 @@ struct FOptionalPinFromProperty
 	bool bPropertyIsCustomized = false;
 	bool bHasOverridePin = false;
 	bool bIsMarkedForAdvancedDisplay = false;
+	bool bIsOverrideEnabled = true;
+	bool bIsSetValuePinVisible = true;
+	bool bIsOverridePinVisible = true;
 };
 
 enum ERenamePinResult

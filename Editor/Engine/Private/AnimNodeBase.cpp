@@ -8,9 +8,11 @@ IMPLEMENT_EDITOR_STRUCT(FComponentSpacePoseLink, "/Script/Engine")
 void FPoseLink::DescribeStruct(FStructDescriber& Struct)
 {
 	Struct.Property(TEXT("LinkID"), &FPoseLink::LinkID);
+	Struct.Property(TEXT("SourceLinkID"), &FPoseLink::SourceLinkID);
 }
 
 void FComponentSpacePoseLink::DescribeStruct(FStructDescriber& Struct)
 {
 	Struct.Property(TEXT("LinkID"), &FComponentSpacePoseLink::LinkID);
+	Struct.Property(TEXT("SourceLinkID"), &FComponentSpacePoseLink::SourceLinkID);
 }

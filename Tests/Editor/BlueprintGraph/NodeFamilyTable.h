@@ -169,7 +169,7 @@ inline constexpr FNodeFamilyRow NodeFamilyRows[] = {
 		"<execute >then >Completed <WorldContextObject. <NewBundles <OldBundles"},
 	{R"({"node_class":"K2Node_LatentAbilityCall","keys":{"ProxyFactoryFunctionName":"\"SpawnActor\"","ProxyFactoryClass":"/Script/CoreUObject.Class'/Script/GameplayAbilities.AbilityTask_SpawnActor'","ProxyClass":"/Script/CoreUObject.Class'/Script/GameplayAbilities.AbilityTask_SpawnActor'"}})",
 		"Spawn Actor", "Spawn Actor", "Ability|Tasks", false,
-		"<execute >then >Success >DidNotSpawn >SpawnedActor <OwningAbility. <TargetData <Class"},
+		"<execute >then >AsyncTaskProxy >Success >DidNotSpawn >SpawnedActor <OwningAbility. <TargetData <Class"},
 	{R"({"node_class":"K2Node_PlayMontage"})",
 		"Play Montage", "Play Montage", "Animation|Montage", false,
 		"<execute >then >OnCompleted >OnBlendOut >OnInterrupted >OnNotifyBegin >OnNotifyEnd >NotifyName <InSkeletalMeshComponent <MontageToPlay <PlayRate <StartingPosition <StartingSection"},

@@ -22,6 +22,9 @@ void FOptionalPinFromProperty::DescribeStruct(FStructDescriber& Struct)
 	Struct.Property(TEXT("bPropertyIsCustomized"), &FOptionalPinFromProperty::bPropertyIsCustomized);
 	Struct.Property(TEXT("bHasOverridePin"), &FOptionalPinFromProperty::bHasOverridePin);
 	Struct.Property(TEXT("bIsMarkedForAdvancedDisplay"), &FOptionalPinFromProperty::bIsMarkedForAdvancedDisplay);
+	Struct.Property(TEXT("bIsOverrideEnabled"), &FOptionalPinFromProperty::bIsOverrideEnabled);
+	Struct.Property(TEXT("bIsSetValuePinVisible"), &FOptionalPinFromProperty::bIsSetValuePinVisible);
+	Struct.Property(TEXT("bIsOverridePinVisible"), &FOptionalPinFromProperty::bIsOverridePinVisible);
 }
 
 bool UK2Node::CanSplitPin(const UEdGraphPin* Pin) const

@@ -152,8 +152,10 @@ UEdGraphPin* UK2Node_CallFunction::CreateParameterPin(
 		Pin->PinType.PinSubCategoryObject = nullptr;
 	}
 	const bool bAutoCreated = FunctionPins::Get(*Function).AutoCreated.Contains(Param->GetFName());
-	Pin->bDefaultValueIsIgnored = bIsInput && Param->HasAnyPropertyFlags(CPF_ReferenceParm)
-		&& (!bAutoCreated || Pin->PinType.IsContainer());
+	// What the function changes is there to be linked; what it only looks at by reference has no value of its own.
+	const bool bLooksAt = Param->HasAnyPropertyFlags(CPF_ReferenceParm)
+		&& (Param->HasAnyPropertyFlags(CPF_ConstParm) || Pin->PinType.IsContainer());
+	Pin->bDefaultValueIsIgnored = bIsInput && bLooksAt && (!bAutoCreated || Pin->PinType.IsContainer());
 	Pin->bAdvancedView = Param->HasAnyPropertyFlags(CPF_AdvancedDisplay)
 		|| FunctionPins::Get(*Function).Advanced.Contains(Param->GetFName());
 	if (Pin->bAdvancedView && AdvancedPinDisplay == ENodeAdvancedPins::NoPins)

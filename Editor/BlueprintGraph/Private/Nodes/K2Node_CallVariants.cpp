@@ -332,6 +332,8 @@ void UK2Node_AddComponent::AllocateDefaultPins()
 		if (UEdGraphPin* const Pin = FindPin(Name, EGPD_Input))
 		{
 			Pin->bHidden = true;
+			Pin->bNotConnectable = true;
+			Pin->bDefaultValueIsReadOnly = Pin->PinType.PinCategory == UEdGraphSchema_K2::PC_Name;
 		}
 	}
 	// The template has a transform of its own to start from, so nothing has to be there to refer to.

@@ -68,7 +68,8 @@ UEdGraphPin* UK2Node_EditablePinBase::CreateUserDefinedPin(
 UEdGraphPin* UK2Node_EditablePinBase::CreatePinFromUserDefinition(const TSharedPtr<FUserPinInfo> NewPinInfo)
 {
 	UEdGraphPin* const Pin = CreatePinFromUserDefinitionInternal(NewPinInfo);
-	if (Pin)
+	// A value that comes in from outside starts as nothing unless its author said so.
+	if (Pin && (Pin->Direction == EGPD_Input || !NewPinInfo->PinDefaultValue.IsEmpty()))
 	{
 		GetK2Schema()->SetPinDefaultValueAtConstruction(Pin, NewPinInfo->PinDefaultValue);
 	}

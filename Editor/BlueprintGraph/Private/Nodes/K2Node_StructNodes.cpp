@@ -6,6 +6,7 @@
 #include "EdGraphSchema_K2.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "Standalone/NativeClass.h"
+#include "Standalone/PinDefaultText.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_StructOperation, "/Script/BlueprintGraph", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UK2Node_StructMemberGet, "/Script/BlueprintGraph", CLASS_Abstract)
@@ -59,6 +60,23 @@ static bool FindFieldGuid(FName FieldName, FGuid& OutGuid)
 	return Name.Len() > NumGuidDigits && Name[Name.Len() - NumGuidDigits - 1] == TEXT('_')
 		&& FGuid::ParseExact(Name.Right(NumGuidDigits), EGuidFormats::Digits, OutGuid);
 }
+
+/** Members stand as the node listed them before; those that it did not list come behind. */
+static void KeepOrder(const TArray<FOptionalPinFromProperty>& Before, TArray<FOptionalPinFromProperty>& Records)
+{
+	TMap<FName, int32> Places;
+	for (const FOptionalPinFromProperty& Record : Before)
+	{
+		Places.Add(Record.PropertyName, Places.Num());
+	}
+	const auto PlaceOf = [&Places](const FOptionalPinFromProperty& Record)
+	{
+		const int32* const Place = Places.Find(Record.PropertyName);
+		return Place ? *Place : Places.Num();
+	};
+	Records.StableSort([&PlaceOf](const FOptionalPinFromProperty& A, const FOptionalPinFromProperty& B)
+		{ return PlaceOf(A) < PlaceOf(B); });
+}
 } // namespace StructNodes
 
 bool UK2Node_StructOperation::HasExternalDependencies(TArray<UStruct*>* OptionalOutput) const
@@ -105,6 +123,7 @@ void UK2Node_StructOperation::RebuildPropertyList()
 		Record.bIsMarkedForAdvancedDisplay = It->HasAnyPropertyFlags(CPF_AdvancedDisplay);
 		ShowPinForProperties.Add(MoveTemp(Record));
 	}
+	StructNodes::KeepOrder(Old, ShowPinForProperties);
 }
 
 FString UK2Node_StructOperation::GetMemberDefault(const FProperty& Property) const
@@ -115,12 +134,7 @@ FString UK2Node_StructOperation::GetMemberDefault(const FProperty& Property) con
 		return *Given;
 	}
 	const uint8* const Sample = static_cast<const uint8*>(StructType->GetDefaultValue());
-	FString Text;
-	if (Sample)
-	{
-		Property.ExportText_InContainer(0, Text, Sample, nullptr, nullptr, PPF_None);
-	}
-	return Text;
+	return Sample ? PinDefaultText::Of(Property, Property.ContainerPtrToValuePtr<void>(Sample)) : FString();
 }
 
 void UK2Node_StructOperation::CreateMemberPins(EEdGraphPinDirection Direction)
@@ -299,13 +313,8 @@ void UK2Node_SetFieldsInStruct::AllocateDefaultPins()
 	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Then);
 	FCreatePinParams Params;
 	Params.bIsReference = true;
-	UEdGraphPin* const In = CreatePin(
-		EGPD_Input, UEdGraphSchema_K2::PC_Struct, StructType.Get(), FName(TEXT("StructRef")), Params);
-	In->PinFriendlyName = NSLOCTEXT("K2Node", "SetFields_Ref", "Struct Ref");
-	In->bDefaultValueIsIgnored = true;
-	UEdGraphPin* const Out = CreatePin(
-		EGPD_Output, UEdGraphSchema_K2::PC_Struct, StructType.Get(), FName(TEXT("StructOut")), Params);
-	Out->PinFriendlyName = NSLOCTEXT("K2Node", "SetFields_Out", "Struct Out");
+	CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Struct, StructType.Get(), FName(TEXT("StructRef")), Params);
+	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Struct, StructType.Get(), FName(TEXT("StructOut")), Params);
 	RebuildPropertyList();
 	CreateMemberPins(EGPD_Input);
 }

@@ -237,8 +237,10 @@ FString UEdGraphSchema_K2::IsPinDefaultValid(const UEdGraphPin* Pin, const FStri
 	const UEdGraphNode* const Node = Pin->GetOwningNode();
 	// A result that nothing is wired into keeps the value of its type.
 	const bool bIsResult = Node && Node->IsA<UK2Node_FunctionResult>();
-	const bool bNeedsLink = Pin->Direction == EGPD_Input && Pin->PinType.bIsReference && Pin->bDefaultValueIsIgnored
-		&& Pin->SubPins.IsEmpty() && !bIsResult && Pin->PinType.PinCategory != PC_Wildcard && !IsAutoCreateRefTerm(Pin);
+	const bool bChanged = !Pin->PinType.bIsConst && Node && Node->IsA<UK2Node_CallFunction>();
+	const bool bNeedsLink = Pin->Direction == EGPD_Input && Pin->PinType.bIsReference
+		&& (Pin->bDefaultValueIsIgnored || bChanged) && Pin->SubPins.IsEmpty() && !bIsResult
+		&& Pin->PinType.PinCategory != PC_Wildcard && !IsAutoCreateRefTerm(Pin);
 	if (bNeedsLink)
 	{
 		return FString::Printf(

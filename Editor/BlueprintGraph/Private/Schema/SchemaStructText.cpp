@@ -1,6 +1,7 @@
 #include "Schema/SchemaStructText.h"
 
 #include "Misc/OutputDevice.h"
+#include "Standalone/PinDefaultText.h"
 #include "UObject/UnrealType.h"
 
 #include <cwchar>
@@ -230,3 +231,24 @@ FString Normalise(const UScriptStruct& Struct, const FString& Text)
 		: Text;
 }
 } // namespace SchemaStructText
+
+FString PinDefaultText::Of(const FProperty& Property, const void* Value)
+{
+	const FStructProperty* const Member = CastField<FStructProperty>(&Property);
+	if (Member && Member->Struct == TBaseStructure<FTransform>::Get())
+	{
+		return static_cast<const FTransform*>(Value)->ToString();
+	}
+	FString Text;
+	if (!Member || !SchemaStructText::IsRow(*Member->Struct))
+	{
+		Property.ExportTextItem_Direct(Text, Value, nullptr, nullptr, PPF_None);
+		return Text;
+	}
+	for (TFieldIterator<FProperty> It(Member->Struct); It; ++It)
+	{
+		Text += Text.IsEmpty() ? TEXT("") : TEXT(",");
+		It->ExportTextItem_Direct(Text, It->ContainerPtrToValuePtr<void>(Value), nullptr, nullptr, PPF_None);
+	}
+	return Text;
+}

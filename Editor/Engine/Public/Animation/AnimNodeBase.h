@@ -12,6 +12,7 @@ struct FPoseLink
 
 	/** The node that gives the pose, once compiled. */
 	int32 LinkID = INDEX_NONE;
+	int32 SourceLinkID = INDEX_NONE;
 };
 
 /** The same in the space of the component. */
@@ -22,4 +23,5 @@ struct FComponentSpacePoseLink
 	bool operator==(const FComponentSpacePoseLink& Other) const = default;
 
 	int32 LinkID = INDEX_NONE;
+	int32 SourceLinkID = INDEX_NONE;
 };
