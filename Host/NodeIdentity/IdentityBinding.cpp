@@ -30,6 +30,12 @@ FString Text(const FJsonObject& Identity, const TCHAR* Field)
 	return Value;
 }
 
+bool IsSet(const FJsonObject& Identity, const TCHAR* Field)
+{
+	bool bValue = false;
+	return Identity.TryGetBoolField(Field, bValue) && bValue;
+}
+
 /** Complaints about single lines are of no interest: FindMissing tells what matters. */
 class FSilence : public FFeedbackContext
 {
@@ -110,8 +116,8 @@ void AddUserPins(UK2Node_EditablePinBase& Node, const FJsonObject& Identity)
 			: Container == TEXT("Set")							 ? EPinContainerType::Set
 			: Container == TEXT("Map")							 ? EPinContainerType::Map
 																 : EPinContainerType::None;
-		(*Row)->TryGetBoolField(TEXT("ref"), Info->PinType.bIsReference);
-		(*Row)->TryGetBoolField(TEXT("const"), Info->PinType.bIsConst);
+		Info->PinType.bIsReference = IsSet(**Row, TEXT("ref"));
+		Info->PinType.bIsConst = IsSet(**Row, TEXT("const"));
 		Info->DesiredPinDirection = Text(**Row, TEXT("dir")) == TEXT("out") ? EGPD_Output : EGPD_Input;
 		Info->PinDefaultValue = Text(**Row, TEXT("default"));
 		Node.UserDefinedPins.Add(Info);
