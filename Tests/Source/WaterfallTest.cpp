@@ -144,10 +144,14 @@ TEST(Waterfall, NoMatchIsToldWithWhatIsOnOffer)
 {
 	FPopulating Case;
 	Case.Nodes(LooseNode("x", "Launch Nuclear Missile"));
+	EXPECT_THAT(Warnings(*Case.Result),
+		ElementsAre(AllOf(HasSubstr("\nTop candidates:\n  1. '"), Not(HasSubstr("confidence: 0.00")))))
+		<< "no chance hits";
+	Case.Nodes(LooseNode("x", "Set Nuclear Missile Location"));
 	ASSERT_THAT(Warnings(*Case.Result), SizeIs(1));
 	const std::string Warning = Warnings(*Case.Result)[0];
 	EXPECT_THAT(Warning,
-		AllOf(StartsWith("[Failure] No confident fuzzy match for node 'Launch Nuclear Missile' (best: '"),
+		AllOf(StartsWith("[Failure] No confident fuzzy match for node 'Set Nuclear Missile Location' (best: '"),
 			HasSubstr("threshold: 0.60). Suggestions are provided (not mandatory); consider deterministic spawning if "
 					  "possible or refining the fuzzy request.\nTop candidates:\n  1. '"),
 			HasSubstr("\n  20. '"), Not(HasSubstr("\n  21. '"))));

@@ -107,50 +107,6 @@ static TArray<FString> GetBareOperator(const TArray<FString>& Words)
 	return Operator.Num() < Words.Num() ? Operator : TArray<FString>();
 }
 
-/**
- * "add" of "Array_Add" and of "add item to array": what is done to a container is titled without it. The container
- * itself is among the words. Empty when the words are no such request.
- */
-static TArray<TArray<FString>> GetContainerOperations(const TArray<FString>& Words)
-{
-	const auto IsContainer = [](const FString& Word) { return IsOneOf(Word, {TEXT("array"), TEXT("map")}); };
-	TArray<FString> Operation;
-	if (Words.Num() > 1 && IsContainer(Words[0]))
-	{
-		Operation = Words;
-		Operation.RemoveAt(0);
-	}
-	else if (Words.Num() > 2 && IsContainer(Words.Last()) && KeywordWords::IsJoint(Words[Words.Num() - 2]))
-	{
-		Operation = Words;
-		Operation.SetNum(Words.Num() - 2);
-	}
-	TArray<TArray<FString>> Operations;
-	const bool bOnItem = Operation.Num() == 2 && IsOneOf(Operation[1], {TEXT("item"), TEXT("element")});
-	if (!Operation.IsEmpty() && !(bOnItem && IsOneOf(Operation[0], {TEXT("add"), TEXT("insert")})))
-	{
-		Operations.Add(Operation);
-	}
-	if (bOnItem)
-	{
-		Operations.Add({Operation[0]});
-	}
-	return Operations;
-}
-
-/** "PrintString" of "UKismetSystemLibrary::PrintString" and "/Script/Engine.KismetSystemLibrary:PrintString". */
-static FString StripQualifier(const FString& Text)
-{
-	int32 Blank = INDEX_NONE;
-	int32 Colon = INDEX_NONE;
-	int32 Dot = INDEX_NONE;
-	Text.FindLastChar(TEXT(':'), Colon);
-	Text.FindLastChar(TEXT('.'), Dot);
-	const int32 Qualifier = FMath::Max(Colon, Dot);
-	const bool bQualified = Qualifier > 0 && Qualifier + 1 < Text.Len() && !Text.FindChar(TEXT(' '), Blank);
-	return bQualified ? Text.RightChop(Qualifier + 1) : Text;
-}
-
 /** The part of a title that names: what stands before a remark in brackets. */
 static FString GetNamingPart(const FString& Text)
 {
@@ -159,35 +115,31 @@ static FString GetNamingPart(const FString& Text)
 }
 
 /**
- * "cast to charactermovementcomponent": a class that is cast to is one word, so that a cast is found by its class and
- * not by every request that shares a word with the class's name.
+ * "castto" and ":charactermovementcomponent" of a cast: inside of a class's name nothing is a filler, nothing is spelt
+ * anew and no other word stands for it, so that a cast is found by its class alone. Empty for any other text.
  */
-static TArray<FString> JoinCastTarget(const TArray<FString>& Words)
+static TArray<FString> GetCastKeywords(const FString& Title)
 {
-	const bool bJoined = Words.Num() > 1 && IsOneOf(Words[1], {TEXT("to"), TEXT("as"), TEXT("into")});
-	const int32 First = bJoined ? 2 : 1;
-	if (Words.Num() <= First || !IsOneOf(Words[0], {TEXT("cast")}))
+	const FString Before(TEXT("Cast To "));
+	if (!Title.StartsWith(Before, ESearchCase::IgnoreCase))
 	{
-		return Words;
+		return TArray<FString>();
 	}
-	const bool bOfClass = Words.Num() > First + 1 && IsOneOf(Words.Last(), {TEXT("class")});
-	FString Target;
-	for (int32 Index = First; Index < Words.Num() - (bOfClass ? 1 : 0); ++Index)
-	{
-		Target += Words[Index];
-	}
-	TArray<FString> Joined = {TEXT("cast"), TEXT("to"), Target};
+	const FString Target = Title.RightChop(Before.Len());
+	const bool bOfClass = Target.EndsWith(TEXT(" Class"), ESearchCase::IgnoreCase);
+	const FString Name = Squeeze(bOfClass ? Target.LeftChop(6) : Target).RightChop(1);
+	TArray<FString> Keywords = {TEXT("cast"), TEXT("to"), TEXT(":") + Name};
 	if (bOfClass)
 	{
-		Joined.Add(TEXT("class"));
+		Keywords.Add(TEXT("class"));
 	}
-	return Joined;
+	Keywords.Add(TEXT("=castto:") + Name + (bOfClass ? TEXT(":class") : TEXT("")));
+	return Keywords;
 }
 
-/** The words that authors mean: shorthand spelled out, and no "convert" before "integer to string". */
-static TArray<FString> GetWords(const TArray<FString>& Written)
+/** The words that authors mean: no "convert" before "integer to string". */
+static TArray<FString> GetWords(TArray<FString> Words)
 {
-	TArray<FString> Words = KeywordWords::ExpandShorthand(Written);
 	if (Words.Num() == 4 && IsOneOf(Words[0], {TEXT("convert"), TEXT("parse")}) && IsOneOf(Words[2], {TEXT("to")}))
 	{
 		Words.RemoveAt(0);
@@ -196,7 +148,7 @@ static TArray<FString> GetWords(const TArray<FString>& Written)
 	{
 		Words.SetNum(3);
 	}
-	return JoinCastTarget(Words);
+	return Words;
 }
 
 /** "to string" and "integer to string": here the joint is what the node does. */
@@ -248,61 +200,61 @@ static FString TakeNodeClasses(const FString& Text, TArray<FString>& OutClasses)
 	Pieces.RemoveAll(IsNodeClass);
 	return FString::Join(Pieces, TEXT(" "));
 }
+/** Of any title but a cast's: its words, then the forms of the whole of it. */
+static void AddTitleKeywords(const FString& Title, TArray<FString>& InOutKeywords)
+{
+	const TArray<FString> Words = GetWords(KeywordWords::Split(Title));
+	for (const FString& Word : DropJoints(Words))
+	{
+		InOutKeywords.AddUnique(Word);
+	}
+	const FString NamingPart = GetNamingPart(Title);
+	const bool bOwnOperator = Words.Num() > 1 && IsOperatorWord(Words[0])
+		&& IsOneOf(Words.Last(), {TEXT("string"), TEXT("text")});
+	if (NamingPart.Len() < Title.Len() && !bOwnOperator)
+	{
+		InOutKeywords.AddUnique(MakeWhole(KeywordWords::Split(NamingPart)));
+	}
+	if (Words.Num() > 1 && IsOneOf(Words.Last(), {TEXT("key")}))
+	{
+		// "W key": keys are titled without the word.
+		InOutKeywords.AddUnique(MakeWhole(TArray<FString>(Words.GetData(), Words.Num() - 1)));
+	}
+	for (const TArray<FString>& Form : {GetBareOperator(Words), PutOperatorFirst(Words)})
+	{
+		if (!Form.IsEmpty())
+		{
+			InOutKeywords.AddUnique(MakeWhole(Form));
+		}
+	}
+	if (!Words.IsEmpty() && Title.Contains(TEXT("s"), ESearchCase::IgnoreCase))
+	{
+		// "Get Components" is not "Get Component", where both are titles.
+		InOutKeywords.AddUnique(MakeWhole(KeywordWords::Split(Title, true)));
+	}
+	if (KeywordWords::HasTypeLetter(Title))
+	{
+		InOutKeywords.AddUnique(Squeeze(Title));
+	}
+	// A text without any word still has a whole, so that it stands for itself.
+	InOutKeywords.AddUnique(Words.IsEmpty() ? TEXT("=") + Title.ToLower() : MakeWhole(Words));
+}
 } // namespace AssetOperationKeywordText
 
 TArray<FString> FAssetOperationBase::CreateKeywords(const FString& Text)
 {
 	using namespace AssetOperationKeywordText;
 
-	TArray<FString> Keywords;
 	TArray<FString> NodeClasses;
-	const FString Title = StripQualifier(TakeNodeClasses(Text, NodeClasses).TrimStartAndEnd());
+	const FString Title = TakeNodeClasses(Text, NodeClasses).TrimStartAndEnd();
+	TArray<FString> Keywords = GetCastKeywords(Title);
+	if (Keywords.IsEmpty() && !Title.IsEmpty())
+	{
+		AddTitleKeywords(Title, Keywords);
+	}
 	if (!Title.IsEmpty())
 	{
-		const TArray<FString> Written = KeywordWords::Split(Title);
-		const TArray<FString> Words = GetWords(Written);
-		for (const FString& Word : DropJoints(Words))
-		{
-			Keywords.AddUnique(Word);
-		}
-		const FString NamingPart = GetNamingPart(Title);
-		const bool bOwnOperator = Words.Num() > 1 && IsOperatorWord(Words[0])
-			&& IsOneOf(Words.Last(), {TEXT("string"), TEXT("text")});
-		if (NamingPart.Len() < Title.Len() && !bOwnOperator)
-		{
-			Keywords.AddUnique(MakeWhole(KeywordWords::Split(NamingPart)));
-		}
-		for (const TArray<FString>& OnContainer : GetContainerOperations(Words))
-		{
-			Keywords.AddUnique(MakeWhole(OnContainer));
-		}
-		if (Words.Num() > 1 && IsOneOf(Words.Last(), {TEXT("key")}))
-		{
-			// "W key": keys are titled without the word.
-			Keywords.AddUnique(MakeWhole(TArray<FString>(Words.GetData(), Words.Num() - 1)));
-		}
-		const TArray<FString> Operator = GetBareOperator(Words);
-		if (!Operator.IsEmpty())
-		{
-			Keywords.AddUnique(MakeWhole(Operator));
-		}
-		const TArray<FString> Turned = PutOperatorFirst(Words);
-		if (!Turned.IsEmpty())
-		{
-			Keywords.AddUnique(MakeWhole(Turned));
-		}
-		if (!Words.IsEmpty() && !KeywordWords::IsShorthand(Written)
-			&& Title.Contains(TEXT("s"), ESearchCase::IgnoreCase))
-		{
-			// "Get Components" is not "Get Component", where both are titles.
-			Keywords.AddUnique(MakeWhole(KeywordWords::Split(Title, true)));
-		}
-		if (KeywordWords::HasTypeLetter(Title))
-		{
-			Keywords.AddUnique(Squeeze(Title));
-		}
-		// A text without any word still has a whole, so that it stands for itself.
-		Keywords.AddUnique(Words.IsEmpty() ? TEXT("=") + Title.ToLower() : MakeWhole(Words));
+		Keywords.AddUnique(TEXT("\"") + Title.ToLower());
 	}
 	for (const FString& NodeClass : NodeClasses)
 	{

@@ -40,10 +40,11 @@ void FKeywordIndex::Reset()
 	}
 }
 
-int32 FKeywordIndex::Add(const FString& Title, const FString& Category, const FString& NodeClass)
+int32 FKeywordIndex::Add(const FString& Title, const FString& Category, const FString& NodeClass, bool bComesLast)
 {
 	const int32 Number = Entries.Num();
 	FEntry Entry;
+	Entry.bComesLast = bComesLast;
 	Entry.Keywords = GetIds(TitleIds, Title, true);
 	Entry.TitleCount = Entry.Keywords.Num();
 	for (const int32 Vocable : GetIds(CategoryIds, Category, false))
@@ -73,15 +74,25 @@ TArray<FKeywordHit> FKeywordIndex::FindBest(
 	ScoreRequest(RequestSet, Scores);
 	ScoreTitle(FKeywordSet(RequestTitle), Scores);
 
-	using FRank = std::tuple<int32, int32, int32, int32>;
+	using FRank = std::tuple<bool, int32, int32, int32, int32>;
 	TArray<FRank> Ranks;
-	Ranks.Reserve(Entries.Num());
-	for (int32 Number = 0; Number < Entries.Num(); ++Number)
+	const auto AddRanks = [this, &Scores, &Ranks](bool bAnyInCommon)
 	{
-		const FScore& Score = Scores[Number];
-		const int32 Distance = KeywordMatch::GetDistance(Entries[Number].Keywords.Num(), Entries[Number].TitleCount,
-			Score.Common, Score.InTitle, Score.Edits, Entries[Number].Prior);
-		Ranks.Emplace(-Score.Common, -Score.TitleCommon, Distance, Number);
+		for (int32 Number = 0; Number < Entries.Num(); ++Number)
+		{
+			const FScore& Score = Scores[Number];
+			if ((Score.Common > 0) == bAnyInCommon && !Entries[Number].bComesLast)
+			{
+				const int32 Distance = KeywordMatch::GetDistance(Entries[Number].Keywords.Num(),
+					Entries[Number].TitleCount, Score.Common, Score.InTitle, Score.Edits, Entries[Number].Prior);
+				Ranks.Emplace(!Score.bLiteral, -Score.Common, -Score.TitleCommon, Distance, Number);
+			}
+		}
+	};
+	AddRanks(true);
+	if (Ranks.Num() < MaxCount)
+	{
+		AddRanks(false); // those with nothing in common stand behind all others, and are hardly ever asked for
 	}
 	const int32 Count = FMath::Clamp(MaxCount, 0, Ranks.Num());
 	FRank* const First = Ranks.GetData();
@@ -90,7 +101,7 @@ TArray<FKeywordHit> FKeywordIndex::FindBest(
 	TArray<FKeywordHit> Hits;
 	for (int32 Index = 0; Index < Count; ++Index)
 	{
-		Hits.Add(MakeHit(std::get<3>(Ranks[Index]), Request, RequestSet));
+		Hits.Add(MakeHit(std::get<4>(Ranks[Index]), Request, RequestSet));
 	}
 	return Hits;
 }
@@ -202,7 +213,8 @@ void FKeywordIndex::ScoreRequest(const FKeywordSet& Request, TArray<FScore>& Sco
 	for (int32 Stamp = 0; Stamp < Request.Num(); ++Stamp)
 	{
 		const TArray<FNeighbour> Neighbours = FindNeighbours(Request.GetKeywords()[Stamp]);
-		const auto Count = [&Scores, Stamp](const TArray<int32>& Numbers, int32 Edits, bool bInTitle)
+		const bool bLiteral = Request.GetKeywords()[Stamp].Kind == EKeywordKind::Literal;
+		const auto Count = [&Scores, Stamp, bLiteral](const TArray<int32>& Numbers, int32 Edits, bool bInTitle)
 		{
 			for (const int32 Number : Numbers)
 			{
@@ -211,6 +223,7 @@ void FKeywordIndex::ScoreRequest(const FKeywordSet& Request, TArray<FScore>& Sco
 				{
 					Score.Stamp = Stamp;
 					++Score.Common;
+					Score.bLiteral |= bLiteral;
 					Score.InTitle += bInTitle ? 1 : 0;
 					Score.Edits += Edits;
 				}
@@ -260,16 +273,66 @@ void FKeywordIndex::ScoreTitle(const FKeywordSet& Title, TArray<FScore>& Scores)
 	}
 }
 
-FKeywordHit FKeywordIndex::MakeHit(int32 Entry, const TArray<FString>& Request, const FKeywordSet& RequestSet) const
+TArray<FKeywordHit> FKeywordIndex::FindNamed(
+	const TArray<FString>& Request, const TArray<FString>& RequestTitle, bool bOfLast) const
 {
-	FKeywordSet Candidate;
+	const FKeywordSet RequestSet(Request);
+	const FKeywordSet TitleSet(RequestTitle);
+	TArray<int32> Named;
+	TSet<int32> Literal;
+	for (const FKeyword& Keyword : TitleSet.GetKeywords())
+	{
+		const bool bLiteral = Keyword.Kind == EKeywordKind::Literal;
+		const int32* const Vocable = bLiteral || Keyword.Kind == EKeywordKind::Whole ? VocableByText.Find(Keyword.Text)
+																					 : nullptr;
+		for (const int32 Entry : Vocable ? Vocables[*Vocable].InTitle : TArray<int32>())
+		{
+			Named.AddUnique(Entry);
+			if (bLiteral)
+			{
+				Literal.Add(Entry);
+			}
+		}
+	}
+	using FRank = std::tuple<bool, int32, int32, int32, int32>;
+	TArray<TPair<FRank, FKeywordHit>> Ranked;
+	for (const int32 Entry : Named)
+	{
+		if (Entries[Entry].bComesLast == bOfLast)
+		{
+			const FKeywordHit Hit = MakeHit(Entry, Request, RequestSet);
+			const int32 TitleCommon = KeywordMatch::Compare(TitleSet, GetKeywords(Entry)).InTitleCount;
+			Ranked.Emplace(FRank(!Literal.Contains(Entry), -Hit.Similarity.CommonCount, -TitleCommon,
+							   Hit.Similarity.Distance, Entry),
+				Hit);
+		}
+	}
+	Ranked.Sort([](const auto& Left, const auto& Right) { return Left.Key < Right.Key; });
+	TArray<FKeywordHit> Hits;
+	for (const auto& [Rank, Hit] : Ranked)
+	{
+		Hits.Add(Hit);
+	}
+	return Hits;
+}
+
+FKeywordSet FKeywordIndex::GetKeywords(int32 Entry) const
+{
+	FKeywordSet Keywords;
 	for (const int32 Vocable : Entries[Entry].Keywords)
 	{
-		Candidate.Add(Vocables[Vocable].Keyword);
+		Keywords.Add(Vocables[Vocable].Keyword);
 	}
+	return Keywords;
+}
+
+FKeywordHit FKeywordIndex::MakeHit(int32 Entry, const TArray<FString>& Request, const FKeywordSet& RequestSet) const
+{
+	const FKeywordSet Candidate = GetKeywords(Entry);
 	FKeywordHit Hit;
 	Hit.Entry = Entry;
 	Hit.Similarity = KeywordMatch::MakeSimilarity(Request, RequestSet, Candidate);
+	Hit.bWhole = KeywordMatch::IsWhole(RequestSet, Candidate);
 	Hit.Confidence = KeywordMatch::GetConfidence(RequestSet, Candidate);
 	return Hit;
 }

@@ -56,6 +56,18 @@ constexpr const TCHAR* Synonyms[] = {
 	TEXT("string str"),
 };
 
+/** Pairs of which one is never meant by the other, though titles differ in nothing else. */
+constexpr const TCHAR* Opposites[] = {TEXT("get set"), TEXT("add remove"), TEXT("start stop"), TEXT("begin end"),
+	TEXT("open close"), TEXT("show hide"), TEXT("enable disable"), TEXT("attach detach"), TEXT("load unload"),
+	TEXT("bind unbind"), TEXT("pause unpause"), TEXT("activate deactivate"), TEXT("create destroy"),
+	TEXT("lock unlock"), TEXT("min max"), TEXT("less greater"), TEXT("increment decrement"), TEXT("upper lower"),
+	TEXT("first last"), TEXT("enter leave"), TEXT("save load"), TEXT("push pop"), TEXT("possess unpossess"),
+	TEXT("register unregister"), TEXT("crouch uncrouch"), TEXT("encode decode"), TEXT("play stop"), TEXT("in out"),
+	TEXT("left right"), TEXT("up down"), TEXT("forward backward"), TEXT("mount unmount"), TEXT("press release"),
+	TEXT("grab release"), TEXT("make break"), TEXT("jump fall"), TEXT("spawn destroy"), TEXT("subscribe unsubscribe"),
+	TEXT("link unlink"), TEXT("equal not"), TEXT("world local"), TEXT("world relative"), TEXT("location rotation"),
+	TEXT("x y")};
+
 static bool HasVowel(const FString& Text)
 {
 	int32 Index = INDEX_NONE;
@@ -114,4 +126,22 @@ FString KeywordSenses::GetSense(const FString& Word)
 	const FString Stem = KeywordSenseTables::GetStem(Word);
 	const FString* const Sense = KeywordSenseTables::GetSenseByStem().Find(Stem);
 	return Sense ? *Sense : Stem;
+}
+
+FString KeywordSenses::GetOpposite(const FString& Sense)
+{
+	static const TMap<FString, FString> OppositeBySense = []
+	{
+		TMap<FString, FString> Made;
+		for (const TCHAR* const Row : KeywordSenseTables::Opposites)
+		{
+			TArray<FString> Words;
+			FString(Row).ParseIntoArrayWS(Words);
+			Made.FindOrAdd(GetSense(Words[0]), GetSense(Words[1]));
+			Made.FindOrAdd(GetSense(Words[1]), GetSense(Words[0]));
+		}
+		return Made;
+	}();
+	const FString* const Opposite = OppositeBySense.Find(Sense);
+	return Opposite ? *Opposite : FString();
 }

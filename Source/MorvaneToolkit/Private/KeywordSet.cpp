@@ -23,6 +23,7 @@ constexpr float CoverageExponent = 1.5f;
 constexpr float PrecisionShare = 0.15f;
 /** Where less of a title than this was asked for, confidence falls with it. */
 constexpr float ChancePrecision = 0.4f;
+constexpr float ChanceOfFew = 0.75f;
 /** The best that anything but the whole title reaches. */
 constexpr float PartialMax = 0.95f;
 /** The whole title was named, but with another node class: the title counts. */
@@ -31,6 +32,8 @@ constexpr float OtherClass = 0.9f;
 constexpr float NamedClass = 0.65f;
 /** A node class of many titles was named, and nothing else. */
 constexpr float FamilyClassOnly = 0.3f;
+/** A title of the opposite ("Unload" for "load") shares every other word, and is never meant. */
+constexpr float OppositeMax = 0.3f;
 /** Below this total weight a request says nothing ("get"); its confidence stops at VagueMax unless it is a title. */
 constexpr float VagueWeight = 0.5f;
 constexpr float VagueMax = 0.5f;
@@ -38,6 +41,11 @@ constexpr float VagueMax = 0.5f;
 
 namespace KeywordSetImpl
 {
+static bool IsWord(const FKeyword& Keyword)
+{
+	return Keyword.Kind == EKeywordKind::Word || Keyword.Kind == EKeywordKind::Name;
+}
+
 /** What of a request says which node is meant. */
 struct FRequestParts
 {
@@ -46,6 +54,8 @@ struct FRequestParts
 	/** INDEX_NONE when no class was named. */
 	int32 NodeClass = INDEX_NONE;
 	bool bHasTitleWords = false;
+	/** Of the title, those that say more than hundreds of titles do. */
+	int32 NumWeighty = 0;
 };
 
 static FRequestParts GetParts(const TArray<FKeyword>& Keywords)
@@ -56,7 +66,11 @@ static FRequestParts GetParts(const TArray<FKeyword>& Keywords)
 	Parts.WordEnd = Parts.NodeClass == INDEX_NONE ? Keywords.Num() : Parts.NodeClass;
 	for (int32 Index = 0; Index < Parts.WordEnd; ++Index)
 	{
-		Parts.bHasTitleWords |= Keywords[Index].Kind == EKeywordKind::Word;
+		Parts.bHasTitleWords |= IsWord(Keywords[Index]);
+	}
+	for (int32 Index = 0; Index < Parts.WordEnd; ++Index)
+	{
+		Parts.NumWeighty += IsWord(Keywords[Index]) ? 1 : 0;
 	}
 	if (!Parts.bHasTitleWords)
 	{
@@ -73,7 +87,7 @@ static float GetCoverage(const TArray<FKeyword>& Request, int32 WordEnd, const K
 	OutTotal = 0.0f;
 	for (int32 Index = 0; Index < WordEnd; ++Index)
 	{
-		if (Request[Index].Kind != EKeywordKind::Word)
+		if (!IsWord(Request[Index]))
 		{
 			continue;
 		}
@@ -96,7 +110,7 @@ static float GetPrecision(
 	float Total = 0.0f;
 	for (int32 Index = 0; Index < TitleCount; ++Index)
 	{
-		if (Candidate[Index].Kind != EKeywordKind::Word)
+		if (!IsWord(Candidate[Index]))
 		{
 			continue;
 		}
@@ -108,6 +122,35 @@ static float GetPrecision(
 	return Total > 0.0f ? Asked / Total : 0.0f;
 }
 
+static bool HasSense(const TArray<FKeyword>& Keywords, int32 End, const FString& Sense)
+{
+	for (int32 Index = 0; Index < End; ++Index)
+	{
+		if (Keywords[Index].Kind == EKeywordKind::Word
+			&& Keywords[Index].Sense.Equals(Sense, ESearchCase::CaseSensitive))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
+/** Whether the candidate's title undoes what the request asks for. */
+static bool IsOpposite(
+	const TArray<FKeyword>& Request, int32 WordEnd, const TArray<FKeyword>& Candidate, int32 CandidateTitleCount)
+{
+	for (int32 Index = 0; Index < WordEnd; ++Index)
+	{
+		const FKeyword& Word = Request[Index];
+		if (!Word.Opposite.IsEmpty() && HasSense(Candidate, CandidateTitleCount, Word.Opposite)
+			&& !HasSense(Candidate, CandidateTitleCount, Word.Sense) && !HasSense(Request, WordEnd, Word.Opposite))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
 /** Whether the request names the candidate's title as a whole. */
 static bool IsTitleNamed(
 	const TArray<FKeyword>& Request, const KeywordMatch::FComparison& Comparison, int32 CandidateTitleCount)
@@ -115,7 +158,8 @@ static bool IsTitleNamed(
 	for (int32 Index = 0; Index < Request.Num(); ++Index)
 	{
 		const int32 Found = Comparison.Found[Index].Index;
-		if (Request[Index].Kind == EKeywordKind::Whole && Found != INDEX_NONE && Found < CandidateTitleCount)
+		const bool bWhole = Request[Index].Kind == EKeywordKind::Whole || Request[Index].Kind == EKeywordKind::Literal;
+		if (bWhole && Found != INDEX_NONE && Found < CandidateTitleCount)
 		{
 			return true;
 		}
@@ -131,6 +175,14 @@ FKeyword::FKeyword(const FString& Keyword)
 	{
 		Kind = EKeywordKind::Whole;
 	}
+	else if (Text.StartsWith(TEXT("\""), ESearchCase::CaseSensitive))
+	{
+		Kind = EKeywordKind::Literal;
+	}
+	else if (Text.StartsWith(TEXT(":"), ESearchCase::CaseSensitive))
+	{
+		Kind = EKeywordKind::Name;
+	}
 	else if (Text.Contains(TEXT("_"), ESearchCase::CaseSensitive) || !Text.Equals(Keyword, ESearchCase::CaseSensitive))
 	{
 		// Words are made in lower case and without underscores; what differs was put in as it stood, as class names
@@ -142,6 +194,7 @@ FKeyword::FKeyword(const FString& Keyword)
 		Weight = KeywordWords::GetWeight(Text);
 		bWellKnown = KeywordWords::IsWellKnown(Text);
 		Sense = KeywordSenses::GetSense(Text);
+		Opposite = KeywordSenses::GetOpposite(Sense);
 	}
 	Prior = KeywordWords::GetPrior(Text);
 }
@@ -169,7 +222,8 @@ int32 FKeywordSet::GetTitleCount() const
 	bool bInWhole = false;
 	for (int32 Index = 0; Index < Keywords.Num(); ++Index)
 	{
-		const bool bWhole = Keywords[Index].Kind == EKeywordKind::Whole;
+		const bool bWhole = Keywords[Index].Kind == EKeywordKind::Whole
+			|| Keywords[Index].Kind == EKeywordKind::Literal;
 		if (bInWhole && !bWhole)
 		{
 			return Index;
@@ -263,6 +317,11 @@ FKeywordSimilarity KeywordMatch::MakeSimilarity(
 	return Similarity;
 }
 
+bool KeywordMatch::IsWhole(const FKeywordSet& Request, const FKeywordSet& Candidate)
+{
+	return KeywordSetImpl::IsTitleNamed(Request.GetKeywords(), Compare(Request, Candidate), Candidate.GetTitleCount());
+}
+
 float KeywordMatch::GetConfidence(const FKeywordSet& Request, const FKeywordSet& Candidate)
 {
 	const FComparison Comparison = Compare(Request, Candidate);
@@ -291,7 +350,18 @@ float KeywordMatch::GetConfidence(const FKeywordSet& Request, const FKeywordSet&
 		* (1.0f - KeywordTuning::PrecisionShare * (1.0f - Precision));
 	// A title that is mostly about something else has the words by chance.
 	Confidence *= FMath::Min(1.0f, Precision / KeywordTuning::ChancePrecision);
-	if (TotalWeight < KeywordTuning::VagueWeight)
+	if (KeywordSetImpl::IsOpposite(Keywords, Parts.WordEnd, Candidate.GetKeywords(), TitleCount))
+	{
+		Confidence = FMath::Min(Confidence, KeywordTuning::OppositeMax);
+	}
+	// Few words, one of them by another, and more in the title: that is chance.
+	const bool bByChance = Comparison.Edits > 0 && Parts.NumWeighty <= 2 && Precision < KeywordTuning::ChanceOfFew;
+	if (bByChance)
+	{
+		Confidence = FMath::Min(Confidence, KeywordTuning::VagueMax);
+	}
+	// One word stands in too many titles to mean one that has more of them.
+	if (TotalWeight < KeywordTuning::VagueWeight || (Parts.NumWeighty == 1 && Precision < 1.0f))
 	{
 		Confidence = FMath::Min(Confidence, KeywordTuning::VagueMax);
 	}

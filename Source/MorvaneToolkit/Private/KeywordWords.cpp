@@ -11,7 +11,6 @@ using namespace KeywordWordTables;
 struct FLookup
 {
 	TMap<FString, TArray<FString>> Spelling;
-	TMap<FString, TArray<FString>> Shorthand;
 	TSet<FString> Filler;
 	TSet<FString> Family;
 	TMap<FString, float> Weight;
@@ -32,10 +31,6 @@ private:
 		for (const FSpelling& Row : Spellings)
 		{
 			FString(Row.Means).ParseIntoArrayWS(Spelling.Add(Row.Word));
-		}
-		for (const FSpelling& Row : Shorthands)
-		{
-			FString(Row.Means).ParseIntoArrayWS(Shorthand.Add(Row.Word));
 		}
 		for (const TCHAR* const Word : Fillers)
 		{
@@ -163,7 +158,9 @@ static TArray<FString> SplitRun(FStringView Run, bool bKeepPlurals)
 		AddWord(Run, bKeepPlurals, OutWords); // "FlipFlop" and "Int32" are known as they stand
 		return OutWords;
 	}
-	int32 Start = HasTypeLetter(Run) ? 1 : 0;
+	const bool bFlag = Run.Len() > 2 && Run[0] == TEXT('b')
+		&& FChar::IsUpper(Run[1]); // "bIsOpen" is shown as "Is Open"
+	int32 Start = bFlag || HasTypeLetter(Run) ? 1 : 0;
 	for (int32 Index = Start + 1; Index < Run.Len(); ++Index)
 	{
 		if (IsWordBoundary(Run, Index))
@@ -244,20 +241,6 @@ static FStringView GetNodeClassStem(FStringView Text)
 	}
 	return Text.Mid(Underscore + 1);
 }
-
-/** What the words as a whole stand for, whatever numbers are among them; null when they are no shorthand. */
-static const TArray<FString>* FindShorthand(const TArray<FString>& Words)
-{
-	FString Joined;
-	for (const FString& Word : Words)
-	{
-		if (!Word.IsNumeric())
-		{
-			Joined += Word;
-		}
-	}
-	return FLookup::Get().Shorthand.Find(Joined);
-}
 } // namespace KeywordWordImpl
 
 TArray<FString> KeywordWords::Split(FStringView Text, bool bKeepPlurals)
@@ -297,17 +280,6 @@ bool KeywordWords::HasTypeLetter(FStringView Text)
 		}
 	}
 	return false;
-}
-
-TArray<FString> KeywordWords::ExpandShorthand(TArray<FString> Words)
-{
-	const TArray<FString>* const Meaning = KeywordWordImpl::FindShorthand(Words);
-	return Meaning ? *Meaning : MoveTemp(Words);
-}
-
-bool KeywordWords::IsShorthand(const TArray<FString>& Words)
-{
-	return KeywordWordImpl::FindShorthand(Words) != nullptr;
 }
 
 bool KeywordWords::IsNodeClassName(FStringView Text)

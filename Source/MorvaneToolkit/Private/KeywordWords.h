@@ -11,14 +11,8 @@ namespace KeywordWords
  */
 TArray<FString> Split(FStringView Text, bool bKeepPlurals = false);
 
-/** The words that an author's shorthand stands for ("if", "wait 2 seconds"), or the given words when it is none. */
-TArray<FString> ExpandShorthand(TArray<FString> Words);
-
 /** Whether a word of the text has a type letter in front ("EAxis"), which Split leaves out. */
 bool HasTypeLetter(FStringView Text);
-
-/** Whether ExpandShorthand knows the words. */
-bool IsShorthand(const TArray<FString>& Words);
 
 /** Whether the text is the name of a node class, such as "K2Node_IfThenElse". */
 bool IsNodeClassName(FStringView Text);

@@ -10,6 +10,8 @@ struct FKeywordHit
 	int32 Entry = INDEX_NONE;
 	FKeywordSimilarity Similarity;
 	float Confidence = 0.0f;
+	/** The request named the title as a whole. */
+	bool bWhole = false;
 };
 
 /** The hash of a text as it is spelled. */
@@ -40,16 +42,25 @@ public:
 	 */
 	void Reset();
 
-	/** Adds an action with the keywords of its title, its category and its node class. Answers its number. */
-	int32 Add(const FString& Title, const FString& Category, const FString& NodeClass);
+	/**
+	 * Adds an action with the keywords of its title, its category and its node class. Answers its number. One that
+	 * comes last stands behind all others, however well it fits.
+	 */
+	int32 Add(const FString& Title, const FString& Category, const FString& NodeClass, bool bComesLast = false);
 	int32 Num() const { return Entries.Num(); }
 
 	/**
-	 * The best entries, best first: more keywords in common with the request, then more in common between the request's
-	 * title and the entry's title, then the smaller distance, then the earlier entry.
+	 * The best entries, best first: the title word for word, then more keywords in common with the request, then more
+	 * in common between the request's title and the entry's title, then the smaller distance, then the earlier entry.
 	 */
 	TArray<FKeywordHit> FindBest(
 		const TArray<FString>& Request, const TArray<FString>& RequestTitle, int32 MaxCount) const;
+	/**
+	 * Those alone whose title the request names as a whole, in the same order: of those that come last, or of the
+	 * others.
+	 */
+	TArray<FKeywordHit> FindNamed(
+		const TArray<FString>& Request, const TArray<FString>& RequestTitle, bool bOfLast = false) const;
 
 private:
 	/** The keywords of one text. */
@@ -60,6 +71,7 @@ private:
 		FKeywordIds Keywords;
 		int32 TitleCount = 0;
 		int32 Prior = 0;
+		bool bComesLast = false;
 	};
 
 	/** A keyword and the entries that have it, in title or elsewhere. */
@@ -79,6 +91,7 @@ private:
 		int32 InTitle = 0;
 		int32 TitleCommon = 0;
 		int32 Edits = 0;
+		bool bLiteral = false;
 		/** The last keyword of the request that was counted here, so that none counts twice. */
 		int32 Stamp = INDEX_NONE;
 	};
@@ -99,6 +112,7 @@ private:
 	void FindSlips(const FKeyword& Keyword, TCHAR FirstLetter, TArray<FNeighbour>& OutNeighbours) const;
 	void ScoreRequest(const FKeywordSet& Request, TArray<FScore>& Scores) const;
 	void ScoreTitle(const FKeywordSet& Title, TArray<FScore>& Scores) const;
+	FKeywordSet GetKeywords(int32 Entry) const;
 	FKeywordHit MakeHit(int32 Entry, const TArray<FString>& Request, const FKeywordSet& RequestSet) const;
 
 	TArray<FEntry> Entries;

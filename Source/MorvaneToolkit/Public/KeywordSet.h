@@ -11,6 +11,11 @@ enum class EKeywordKind : uint8
 	Whole,
 	/** The name of a node class. */
 	NodeClass,
+	/** ":mycharacter": a name as it is written, for which no other word stands. */
+	Name,
+	/** "\"add (array)": the text letter by letter, so that a title asked for word for word beats all that are like it.
+	 */
+	Literal,
 };
 
 /** A keyword with what comparing needs to know of it. */
@@ -27,6 +32,8 @@ struct MORVANETOOLKIT_API FKeyword
 	bool bWellKnown = false;
 	/** What the word means, for words: two of one sense are as near as words a slip apart. */
 	FString Sense;
+	/** The sense of what undoes or denies it; empty for most. */
+	FString Opposite;
 	/** How far a candidate that has the keyword is from what authors mean when they do not say. */
 	int32 Prior = 0;
 };
@@ -82,6 +89,8 @@ MORVANETOOLKIT_API int32 GetDistance(
 	int32 CandidateCount, int32 CandidateTitleCount, int32 CommonCount, int32 InTitleCount, int32 Edits, int32 Prior);
 MORVANETOOLKIT_API FKeywordSimilarity MakeSimilarity(
 	const TArray<FString>& Request, const FKeywordSet& RequestSet, const FKeywordSet& Candidate);
+/** Whether the request names the candidate's title as a whole, whatever else it says. */
+MORVANETOOLKIT_API bool IsWhole(const FKeywordSet& Request, const FKeywordSet& Candidate);
 /** From 0 to 1: how sure it is that the candidate is what the request means. */
 MORVANETOOLKIT_API float GetConfidence(const FKeywordSet& Request, const FKeywordSet& Candidate);
 } // namespace KeywordMatch

@@ -3,8 +3,10 @@
 #include "BlueprintActionMenuBuilder.h"
 #include "CoreMinimal.h"
 #include "KeywordSimilarity.h"
+#include "UObject/WeakObjectPtr.h"
 #include "Utils/Request/GraphRecords.h"
 
+class UBlueprint;
 class UEdGraph;
 
 namespace Morvane
@@ -29,7 +31,10 @@ struct FCamCandidate
 class FSharedActionMenu : public FBlueprintActionMenuBuilder
 {
 public:
+	/** Empty. */
 	FSharedActionMenu();
+	/** What the graph's menu offers. */
+	explicit FSharedActionMenu(UEdGraph& Graph);
 
 	/** Tells this menu from any other of the process, gone ones included. */
 	uint64 GetSerial() const { return Serial; }
@@ -38,9 +43,19 @@ public:
 	{
 		return const_cast<FSharedActionMenu*>(this)->GetSchemaAction(Index);
 	}
+	/** Null when the graph has none or is gone. */
+	UBlueprint* GetBlueprint() const;
+	UEdGraph* GetGraph() const { return Graph.Get(); }
+	/** The menu of the event graph, built when first asked for; null in an event graph and where there is none. */
+	const FSharedActionMenu* GetEventMenu() const;
+	/** Whether it is asked beside another menu of the same run. */
+	bool IsBeside() const { return bBeside; }
 
 private:
 	uint64 Serial;
+	TWeakObjectPtr<UEdGraph> Graph;
+	bool bBeside = false;
+	mutable TSharedPtr<FSharedActionMenu> EventMenu;
 };
 
 /** Finds the actions that a request means in the menu that an author would see. Never spawns. */
@@ -61,6 +76,15 @@ public:
 	static void RecordCandidateMatches(
 		const TArray<FCamCandidate>& Candidates, Morvane::FToolResult& Result, const FString& Context);
 
-	/** As many candidates as messages and telemetry show. */
+	/**
+	 * Why a request that found nothing good enough never will here, though the node exists: a variable of another
+	 * class, a node that this kind of graph does not take. Empty when there is no such reason.
+	 */
+	static FString ExplainRefusal(const FBPNodeModification& Record, const FSharedActionMenu& Menu);
+
+	/** How many of the candidates messages and telemetry show: those that fit by chance alone are left out. */
+	static int32 CountShown(const TArray<FCamCandidate>& Candidates);
+
 	static constexpr int32 MaxShown = 20;
+	static constexpr float LeastShown = 0.05f;
 };

@@ -211,6 +211,13 @@ UEdGraphNode* FSpawnAttempt::SpawnFromMenu()
 	const FCamCandidate& Best = Candidates[0];
 	if (Best.Confidence < MinimumConfidence)
 	{
+		const FString Reason = FBlueprintCamMatching::ExplainRefusal(Record, *Menu);
+		if (!Reason.IsEmpty())
+		{
+			Fail(Reason);
+			FBlueprintCamMatching::RecordCandidateMatches(Candidates, Result, GetContext());
+			return nullptr;
+		}
 		Fail(FString::Printf(
 			TEXT(
 				"[Failure] No confident fuzzy match for node '%s' (best: '%s', confidence: %.2f, threshold: %.2f). Suggestions are provided (not mandatory); consider deterministic spawning if possible or refining the fuzzy request.\nTop candidates:\n%s"),
@@ -244,7 +251,7 @@ UEdGraphNode* FSpawnAttempt::PerformBestAction()
 FString FSpawnAttempt::DescribeTopCandidates() const
 {
 	TArray<FString> Lines;
-	for (int32 Index = 0; Index < FMath::Min(Candidates.Num(), FBlueprintCamMatching::MaxShown); ++Index)
+	for (int32 Index = 0; Index < FBlueprintCamMatching::CountShown(Candidates); ++Index)
 	{
 		const FCamCandidate& Candidate = Candidates[Index];
 		Lines.Add(FString::Printf(TEXT("  %d. '%s' (class: %s, confidence: %.2f)"), Index + 1, *Candidate.MenuTitle,

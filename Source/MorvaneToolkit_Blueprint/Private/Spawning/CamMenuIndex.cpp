@@ -1,0 +1,271 @@
+#include "Spawning/CamMenuIndex.h"
+
+#include "AssetOperationBase.h"
+#include "BlueprintActionMenuItem.h"
+#include "BlueprintDelegateNodeSpawner.h"
+#include "BlueprintEventNodeSpawner.h"
+#include "BlueprintFunctionNodeSpawner.h"
+#include "BlueprintNodeSpawner.h"
+#include "BlueprintVariableNodeSpawner.h"
+#include "Engine/Blueprint.h"
+#include "UObject/Package.h"
+#include "UObject/UnrealType.h"
+
+namespace CamMenuIndex
+{
+static const UBlueprintNodeSpawner* GetSpawner(const FEdGraphSchemaAction& Action)
+{
+	return Action.GetTypeId() == FBlueprintActionMenuItem::StaticGetTypeId()
+		? static_cast<const FBlueprintActionMenuItem&>(Action).GetRawAction()
+		: nullptr;
+}
+
+static FString GetNodeClassName(const FEdGraphSchemaAction& Action, const FString& Title)
+{
+	if (Action.GetTypeId() == FBlueprintActionMenuItem::StaticGetTypeId())
+	{
+		const UBlueprintNodeSpawner* const Spawner = GetSpawner(Action);
+		return Spawner && Spawner->NodeClass ? Spawner->NodeClass->GetName() : FString();
+	}
+	if (Action.GetTypeId() == FEdGraphSchemaAction_NewNode::StaticGetTypeId())
+	{
+		// Known by their titles: what template a comment action carries is the schema's own business.
+		if (Title.Equals(TEXT("Create Comment from Selection"), ESearchCase::IgnoreCase)
+			|| Title.Equals(TEXT("Add Comment"), ESearchCase::IgnoreCase))
+		{
+			return TEXT("EdGraphNode_Comment");
+		}
+		const UEdGraphNode* const Template = static_cast<const FEdGraphSchemaAction_NewNode&>(Action).NodeTemplate;
+		return Template ? Template->GetClass()->GetName() : FString();
+	}
+	return FString();
+}
+
+static const UClass* GetMemberOwner(const UBlueprintNodeSpawner* Spawner)
+{
+	if (const auto* const OfFunction = Cast<UBlueprintFunctionNodeSpawner>(Spawner))
+	{
+		const UFunction* const Function = OfFunction->GetFunction();
+		return Function ? Function->GetOwnerClass() : nullptr;
+	}
+	if (const auto* const OfVariable = Cast<UBlueprintVariableNodeSpawner>(Spawner))
+	{
+		const FProperty* const Property = OfVariable->GetVarProperty();
+		return Property ? Property->GetOwnerClass() : nullptr;
+	}
+	if (const auto* const OfDelegate = Cast<UBlueprintDelegateNodeSpawner>(Spawner))
+	{
+		const FMulticastDelegateProperty* const Property = OfDelegate->GetDelegateProperty();
+		return Property ? Property->GetOwnerClass() : nullptr;
+	}
+	if (const auto* const OfEvent = Cast<UBlueprintEventNodeSpawner>(Spawner))
+	{
+		return OfEvent->GetRequiredClass();
+	}
+	return nullptr;
+}
+
+/** Of the title, of what the class name means where it stands for a title, and of the class name itself. */
+static TArray<FString> MakeRequestKeywords(const FString& MenuTitle, const FString& ClassName)
+{
+	TArray<FString> Keywords = FAssetOperationBase::CreateKeywords(MenuTitle);
+	const auto AddKeywordsOf = [&Keywords](const TCHAR* Title)
+	{
+		for (const FString& Keyword : FAssetOperationBase::CreateKeywords(Title))
+		{
+			Keywords.AddUnique(Keyword);
+		}
+	};
+	if (ClassName.Equals(TEXT("Self"), ESearchCase::IgnoreCase))
+	{
+		AddKeywordsOf(TEXT("Get a reference to self"));
+	}
+	if (ClassName.Equals(TEXT("MathExpression"), ESearchCase::IgnoreCase)
+		|| ClassName.Equals(TEXT("K2Node_MathExpression"), ESearchCase::IgnoreCase))
+	{
+		AddKeywordsOf(TEXT("Add Math Expression"));
+	}
+	if (!ClassName.IsEmpty())
+	{
+		Keywords.Add(ClassName);
+		FAssetOperationBase::AppendKeywords(ClassName, Keywords);
+	}
+	return Keywords;
+}
+
+/** Members are asked for with and without what the engine puts in front. */
+static FString WithoutPrefix(const FString& Member)
+{
+	for (const TCHAR* const Prefix : {TEXT("K2_"), TEXT("Receive")})
+	{
+		const int32 Length = FStringView(Prefix).Len();
+		if (Member.Len() > Length && Member.StartsWith(Prefix, ESearchCase::CaseSensitive))
+		{
+			return Member.RightChop(Length);
+		}
+	}
+	return Member;
+}
+
+static bool IsOfEditor(const UClass& Class)
+{
+	const FString Package = Class.GetOutermost()->GetName();
+	return Package.Contains(TEXT("Editor"), ESearchCase::CaseSensitive)
+		|| Package.Contains(TEXT("Blutility"), ESearchCase::CaseSensitive);
+}
+
+static bool IsLibrary(const UClass& Class)
+{
+	const UClass* Super = &Class;
+	while (Super && !Super->GetName().Equals(TEXT("BlueprintFunctionLibrary"), ESearchCase::CaseSensitive))
+	{
+		Super = Super->GetSuperClass();
+	}
+	return Super && !IsOfEditor(Class);
+}
+/** Tasks run on owners of tasks and in abilities; elsewhere their titles are in the way of everyday nodes. */
+static bool IsTask(const FString& NodeClass)
+{
+	return NodeClass.Equals(TEXT("K2Node_LatentAbilityCall"), ESearchCase::CaseSensitive)
+		|| NodeClass.Equals(TEXT("K2Node_LatentGameplayTaskCall"), ESearchCase::CaseSensitive);
+}
+
+/** Whether the Blueprint has no use for the action while there is another. */
+static bool ComesLast(const FEdGraphSchemaAction& Action, const FString& NodeClass, const UClass* SelfClass)
+{
+	if (NodeClass.Equals(TEXT("K2Node_VariableGet"), ESearchCase::CaseSensitive)
+		|| NodeClass.Equals(TEXT("K2Node_VariableSet"), ESearchCase::CaseSensitive))
+	{
+		const UClass* const Owner = GetMemberOwner(GetSpawner(Action));
+		return Owner && SelfClass && !SelfClass->IsChildOf(Owner);
+	}
+	return IsTask(NodeClass);
+}
+} // namespace CamMenuIndex
+
+FCamMenuIndex& FCamMenuIndex::For(const FSharedActionMenu& InMenu)
+{
+	static FCamMenuIndex Slots[2];
+	FCamMenuIndex& Index = Slots[InMenu.IsBeside() ? 1 : 0];
+	Index.Menu = &InMenu;
+	if (Index.Serial != InMenu.GetSerial())
+	{
+		Index.Take(InMenu);
+	}
+	return Index;
+}
+
+const TArray<FKeywordHit>& FCamMenuIndex::FindBest(const FString& MenuTitle, const FString& ClassName)
+{
+	const FString Request = MenuTitle + TEXT("\n") + ClassName;
+	if (const TArray<FKeywordHit>* const Known = KnownHits.Find(Request))
+	{
+		return *Known;
+	}
+	if (KnownHits.Num() >= MaxKnownHits)
+	{
+		KnownHits.Reset();
+	}
+	return KnownHits.Add(Request,
+		Keywords.FindBest(CamMenuIndex::MakeRequestKeywords(MenuTitle, ClassName),
+			FAssetOperationBase::CreateKeywords(MenuTitle), MaxHits));
+}
+
+TArray<FKeywordHit> FCamMenuIndex::FindNamed(const FString& MenuTitle, const FString& ClassName, bool bOfLast) const
+{
+	return Keywords.FindNamed(CamMenuIndex::MakeRequestKeywords(MenuTitle, ClassName),
+		FAssetOperationBase::CreateKeywords(MenuTitle), bOfLast);
+}
+
+TArray<int32> FCamMenuIndex::FindMembers(const FString& Name)
+{
+	if (EntriesByMember.IsEmpty())
+	{
+		for (int32 Entry = 0; Entry < ActionByEntry.Num(); ++Entry)
+		{
+			const FEdGraphSchemaAction& Action = GetAction(Entry);
+			// The search words of a member begin with its name.
+			FString Member = Action.GetKeywords().ToString();
+			int32 Blank = INDEX_NONE;
+			Member = Member.FindChar(TEXT(' '), Blank) ? Member.Left(Blank) : Member;
+			if (!Member.IsEmpty() && !ComesLast[Entry])
+			{
+				EntriesByMember.FindOrAdd(CamMenuIndex::WithoutPrefix(Member)).Add(Entry);
+			}
+		}
+	}
+	const FString Bare = Name.Replace(TEXT(" "), TEXT(""), ESearchCase::CaseSensitive);
+	const TArray<int32>* const Entries = Bare.IsEmpty() ? nullptr
+														: EntriesByMember.Find(CamMenuIndex::WithoutPrefix(Bare));
+	return Entries ? *Entries : TArray<int32>();
+}
+
+const FEdGraphSchemaAction& FCamMenuIndex::GetAction(int32 Entry) const
+{
+	return *Menu->GetSchemaAction(ActionByEntry[Entry]);
+}
+
+FCamCandidate FCamMenuIndex::MakeCandidate(const FKeywordHit& Hit) const
+{
+	FCamCandidate Candidate;
+	Candidate.Action = Menu->GetSchemaAction(ActionByEntry[Hit.Entry]);
+	Candidate.MenuTitle = Candidate.Action->GetMenuDescription().ToString();
+	Candidate.MenuCategory = Candidate.Action->GetCategory().ToString();
+	Candidate.NodeClass = CamMenuIndex::GetNodeClassName(*Candidate.Action, Candidate.MenuTitle);
+	Candidate.CommonKeywords = Hit.Similarity;
+	Candidate.Confidence = Hit.Confidence;
+	return Candidate;
+}
+
+const UClass* FCamMenuIndex::GetOwner(int32 Entry) const
+{
+	return CamMenuIndex::GetMemberOwner(CamMenuIndex::GetSpawner(GetAction(Entry)));
+}
+
+int32 FCamMenuIndex::GetOwnerRank(int32 Entry) const
+{
+	const UClass* const Owner = GetOwner(Entry);
+	if (!Owner)
+	{
+		return 2;
+	}
+	const UClass* const SelfClass = GetSelfClass();
+	if (SelfClass && Owner->GetOutermost() == SelfClass->GetOutermost())
+	{
+		return 0;
+	}
+	if (SelfClass && SelfClass->IsChildOf(Owner))
+	{
+		return 1;
+	}
+	return CamMenuIndex::IsLibrary(*Owner) ? 2 : 3;
+}
+
+const UClass* FCamMenuIndex::GetSelfClass() const
+{
+	const UBlueprint* const Blueprint = Menu->GetBlueprint();
+	return Blueprint ? Blueprint->SkeletonGeneratedClass.Get() : nullptr;
+}
+
+void FCamMenuIndex::Take(const FSharedActionMenu& InMenu)
+{
+	Keywords.Reset();
+	KnownHits.Reset();
+	ActionByEntry.Reset();
+	ComesLast.Reset();
+	EntriesByMember.Reset();
+	const UClass* const SelfClass = GetSelfClass();
+	for (int32 Index = 0; Index < InMenu.GetNumActions(); ++Index)
+	{
+		const TSharedPtr<FEdGraphSchemaAction> Action = InMenu.GetSchemaAction(Index);
+		const FString Title = Action ? Action->GetMenuDescription().ToString() : FString();
+		if (!Title.IsEmpty())
+		{
+			const FString NodeClass = CamMenuIndex::GetNodeClassName(*Action, Title);
+			ComesLast.Add(CamMenuIndex::ComesLast(*Action, NodeClass, SelfClass));
+			Keywords.Add(Title, Action->GetCategory().ToString(), NodeClass, ComesLast.Last());
+			ActionByEntry.Add(Index);
+		}
+	}
+	Serial = InMenu.GetSerial();
+}

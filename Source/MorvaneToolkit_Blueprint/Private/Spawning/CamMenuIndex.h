@@ -1,0 +1,55 @@
+#pragma once
+
+#include "KeywordIndex.h"
+#include "Spawning/CamMatching.h"
+
+class UClass;
+
+/**
+ * The keywords, members and owners of a menu. Menus of different runs are nearly the same, so what was learned about
+ * their texts is kept for the next; answers depend on the menu alone.
+ */
+class FCamMenuIndex
+{
+public:
+	/** Two are kept: a function graph's menu is asked beside the event graph's. */
+	static FCamMenuIndex& For(const FSharedActionMenu& Menu);
+
+	/** Runs repeat their requests, so the answers to the last ones are kept. */
+	const TArray<FKeywordHit>& FindBest(const FString& MenuTitle, const FString& ClassName);
+	/** Those alone whose title is named as a whole: of those that the Blueprint has no use for, or of the others. */
+	TArray<FKeywordHit> FindNamed(const FString& MenuTitle, const FString& ClassName, bool bOfLast = false) const;
+	/** The entries of a function or an event by its name, which agents know better than titles; variables of other
+	 * classes are none. */
+	TArray<int32> FindMembers(const FString& Name);
+
+	const FEdGraphSchemaAction& GetAction(int32 Entry) const;
+	FCamCandidate MakeCandidate(const FKeywordHit& Hit) const;
+	/** The class that has the action's member; null for actions of no member. */
+	const UClass* GetOwner(int32 Entry) const;
+	/** 0 for a member of the Blueprint itself, then its parents', libraries', the rest. */
+	int32 GetOwnerRank(int32 Entry) const;
+
+private:
+	void Take(const FSharedActionMenu& InMenu);
+	/** Asked for anew, as the class is built anew with every change. */
+	const UClass* GetSelfClass() const;
+
+	static constexpr int32 MaxKnownHits = 1000;
+	/** More than are shown, so that all of one title are among them. */
+	static constexpr int32 MaxHits = 64;
+
+	FKeywordIndex Keywords;
+	/** By title and class name as they are spelled, since case tells where words begin. */
+	TMapByKeywordText<TArray<FKeywordHit>> KnownHits;
+	/** The place in the menu of each entry: untitled actions are no entries. */
+	TArray<int32> ActionByEntry;
+	/** Whether the Blueprint has no use for the entry while there is another. */
+	TArray<bool> ComesLast;
+	/** Made when first asked for. */
+	TMap<FString, TArray<int32>> EntriesByMember;
+	/** Of the current call's menu: entries are asked about only while it is there. */
+	const FSharedActionMenu* Menu = nullptr;
+	/** 0: no menu yet. */
+	uint64 Serial = 0;
+};
