@@ -177,6 +177,13 @@ FRequestReadings FRequestReader::Read(const FString& Text, const FRequestScope& 
 	return Out;
 }
 
+bool FRequestReader::IsOfOneTitle(const FString& NodeClass)
+{
+	return NodeClass.Equals(TEXT("MathExpression"), ESearchCase::IgnoreCase)
+		|| NodeClass.Equals(TEXT("Self"), ESearchCase::IgnoreCase)
+		|| (KeywordWords::IsNodeClassName(NodeClass) && !KeywordWords::IsFamilyClassName(NodeClass));
+}
+
 TArray<FRequestReading> FRequestReader::ReadAsMember(const FString& Text, const FString& NodeClass)
 {
 	struct FTitleOfClass

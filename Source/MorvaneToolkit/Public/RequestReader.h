@@ -42,6 +42,8 @@ class MORVANETOOLKIT_API FRequestReader
 {
 public:
 	static FRequestReadings Read(const FString& Text, const FRequestScope& Scope);
+	/** Whether a node class has one title, so that it says what is meant and the text is for the node to read. */
+	static bool IsOfOneTitle(const FString& NodeClass);
 	/** What the node class, where it is one of a family, makes of a bare name: "Set Health" of a variable set. */
 	static TArray<FRequestReading> ReadAsMember(const FString& Text, const FString& NodeClass);
 };

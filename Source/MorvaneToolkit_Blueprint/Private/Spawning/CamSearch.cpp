@@ -160,6 +160,15 @@ FCamSearch::FHits FCamSearch::FindNamed(
 	{
 		return Written;
 	}
+	if (FRequestReader::IsOfOneTitle(NodeClass))
+	{
+		const FHits OfClass = Index.FindBest(MenuTitle, NodeClass);
+		if (!OfClass.IsEmpty()
+			&& Index.MakeCandidate(OfClass[0]).NodeClass.EndsWith(NodeClass, ESearchCase::IgnoreCase))
+		{
+			return OfClass;
+		}
+	}
 	OutReadings = FRequestReader::Read(MenuTitle, Scope);
 	if (!Written.IsEmpty() && !OutReadings.bCode)
 	{
