@@ -60,7 +60,8 @@ static const UClass* GetMemberOwner(const UBlueprintNodeSpawner* Spawner)
 	}
 	if (const auto* const OfEvent = Cast<UBlueprintEventNodeSpawner>(Spawner))
 	{
-		return OfEvent->GetRequiredClass();
+		const UFunction* const Event = OfEvent->GetEventFunction();
+		return Event ? Event->GetOwnerClass() : nullptr;
 	}
 	return nullptr;
 }
@@ -202,13 +203,13 @@ TArray<int32> FCamMenuIndex::FindMembers(const FString& Name)
 
 const FEdGraphSchemaAction& FCamMenuIndex::GetAction(int32 Entry) const
 {
-	return *Menu->GetSchemaAction(ActionByEntry[Entry]);
+	return *Menu->GetActionAt(ActionByEntry[Entry]);
 }
 
 FCamCandidate FCamMenuIndex::MakeCandidate(const FKeywordHit& Hit) const
 {
 	FCamCandidate Candidate;
-	Candidate.Action = Menu->GetSchemaAction(ActionByEntry[Hit.Entry]);
+	Candidate.Action = Menu->GetActionAt(ActionByEntry[Hit.Entry]);
 	Candidate.MenuTitle = Candidate.Action->GetMenuDescription().ToString();
 	Candidate.MenuCategory = Candidate.Action->GetCategory().ToString();
 	Candidate.NodeClass = CamMenuIndex::GetNodeClassName(*Candidate.Action, Candidate.MenuTitle);
@@ -257,7 +258,7 @@ void FCamMenuIndex::Take(const FSharedActionMenu& InMenu)
 	const UClass* const SelfClass = GetSelfClass();
 	for (int32 Index = 0; Index < InMenu.GetNumActions(); ++Index)
 	{
-		const TSharedPtr<FEdGraphSchemaAction> Action = InMenu.GetSchemaAction(Index);
+		const TSharedPtr<FEdGraphSchemaAction> Action = InMenu.GetActionAt(Index);
 		const FString Title = Action ? Action->GetMenuDescription().ToString() : FString();
 		if (!Title.IsEmpty())
 		{
