@@ -33,7 +33,8 @@ struct FRequest
 
 /**
  * The protocol: takes one message, answers it at once or puts what needs the editor into the queue. It knows nothing of
- * how messages travel, and serves the handshake-less revision and those reached by initialize from one table of methods.
+ * how messages travel, and serves the handshake-less revision and those reached by initialize from one table of
+ * methods.
  *
  * Receive may be called from any thread while the game thread runs what the queue hands out.
  */
