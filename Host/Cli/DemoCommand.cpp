@@ -9,6 +9,7 @@
 #include "Dom/JsonObject.h"
 #include "JsonReading.h"
 #include "Standalone/JsonUtf8.h"
+#include "Standalone/PackageText.h"
 
 namespace DemoCommandPrivate
 {
@@ -195,13 +196,9 @@ static std::string DescribeResult(const FToolOutcome& Outcome)
 	return Text;
 }
 
-constexpr FDemoStep ReadSample = {"A file of the engine's own editor lies in the project: read as any other",
-	"read_blueprint_schema", R"({"path": "/Game/Samples/BP_Sample"})"};
-constexpr FDemoStep ChangeSample = {"It is only read: a change is refused, and the two roads are told",
-	"bp_create_graph", R"({"path": "/Game/Samples/BP_Sample", "functions": [{"name": "Open"}]})"};
-
-/** Copies one of the engine's own files into the project, if a folder of such is at hand. */
-static bool PutSample(const std::string& Project)
+/** Copies one of the engine's own files into the project, if a folder of such is at hand; its asset path, else nothing.
+ */
+static std::string PutSample(const std::string& Project)
 {
 	namespace fs = std::filesystem;
 	const char* const Folder = std::getenv("MORVANE_BINARY_SAMPLES");
@@ -218,13 +215,17 @@ static bool PutSample(const std::string& Project)
 	const auto Smallest = std::min_element(Found.begin(), Found.end(),
 		[&Error](const fs::path& Left, const fs::path& Right)
 		{ return fs::file_size(Left, Error) < fs::file_size(Right, Error); });
-	if (Smallest == Found.end())
+	FPackageText::FHeader Header;
+	FString Ignored;
+	if (Smallest == Found.end() || !FPackageText::ReadHeader(FromUtf8(Smallest->string()), Header, Ignored))
 	{
-		return false;
+		return std::string();
 	}
-	const fs::path Target = fs::path(Project) / "Content" / "Samples" / "BP_Sample.uasset";
+	// A collection may have filed it under another name than its asset's.
+	const std::string Name = ToUtf8(Header.AssetName);
+	const fs::path Target = fs::path(Project) / "Content" / "Samples" / (Name + ".uasset");
 	fs::create_directories(Target.parent_path(), Error);
-	return fs::copy_file(*Smallest, Target, Error);
+	return fs::copy_file(*Smallest, Target, Error) ? "/Game/Samples/" + Name : std::string();
 }
 
 static std::string ListFiles(const std::string& Folder)
@@ -261,7 +262,7 @@ public:
 		const DemoCommandPrivate::FTemporaryFolder Folder;
 		FHostOptions Options = Context.Options;
 		Options.ProjectDir = Options.ProjectDir.empty() ? Folder.Path : Options.ProjectDir;
-		const bool bHasSample = DemoCommandPrivate::PutSample(Options.ProjectDir);
+		const std::string Sample = DemoCommandPrivate::PutSample(Options.ProjectDir);
 		const std::unique_ptr<IToolHost> Tools = Context.MakeToolHost(Options);
 		DemoCommandPrivate::FNodeIds NodeIds;
 		bool bAllSucceeded = true;
@@ -269,11 +270,17 @@ public:
 		{
 			bAllSucceeded = Play(Step, *Tools, NodeIds, Context) && bAllSucceeded;
 		}
-		if (bHasSample)
+		if (!Sample.empty())
 		{
-			bAllSucceeded = Play(DemoCommandPrivate::ReadSample, *Tools, NodeIds, Context) && bAllSucceeded;
+			const std::string Read = R"({"path": ")" + Sample + R"("})";
+			const std::string Change = R"({"path": ")" + Sample + R"(", "functions": [{"name": "Open"}]})";
+			const FDemoStep Reading = {"A file of the engine's own editor lies in the project: read as any other",
+				"read_blueprint_schema", Read};
+			const FDemoStep Changing = {
+				"It is only read: a change is refused, and the two roads are told", "bp_create_graph", Change};
+			bAllSucceeded = Play(Reading, *Tools, NodeIds, Context) && bAllSucceeded;
 			// A refusal is what this one shows.
-			bAllSucceeded = !Play(DemoCommandPrivate::ChangeSample, *Tools, NodeIds, Context) && bAllSucceeded;
+			bAllSucceeded = !Play(Changing, *Tools, NodeIds, Context) && bAllSucceeded;
 		}
 		Context.Output.WriteLine(DemoCommandPrivate::ListFiles(Options.ProjectDir));
 		return bAllSucceeded ? EExitStatus::Succeeded : EExitStatus::Failed;
