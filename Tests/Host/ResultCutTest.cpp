@@ -115,6 +115,7 @@ TEST(ResultCut, ATextIsCutBetweenLetters)
 		std::string Fault;
 		EXPECT_TRUE(JsonUtf8::Check(Short, Fault)) << Fault;
 		EXPECT_THAT(Short, HasSubstr("more bytes)"));
+		EXPECT_EQ(Short.find("\xEF\xBF\xBD"), std::string::npos) << "no half letter was mended into a mark";
 	}
 }
 

@@ -332,6 +332,7 @@ TEST(DeterministicSpawn, OfSeveralFunctionsTheTitleOrTheExactNameChooses)
 	EXPECT_EQ(Find(TEXT("normalize2d"), TEXT("")), "Normalize2D");
 	EXPECT_EQ(Find(TEXT("Normalize 2D"), TEXT("Normal2D")), "Normal2D");
 	EXPECT_EQ(Find(TEXT("Normalize 2D"), TEXT("nothing of the kind")), "none") << "equally bad is no choice";
+	EXPECT_EQ(Find(TEXT("Normalize 2D"), TEXT("normalize it")), "none") << "equally good is none either";
 	EXPECT_EQ(Find(TEXT("Normalize2D"), TEXT("nothing of the kind")), "Normalize2D");
 	UFunction* Function = nullptr;
 	EXPECT_FALSE(
