@@ -8,10 +8,13 @@
 #include "EdGraph/EdGraphSchema.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "Engine/Level.h"
+#include "Engine/LevelScriptBlueprint.h"
 #include "Engine/MemberReference.h"
 #include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Engine/TimelineTemplate.h"
+#include "Engine/World.h"
 #include "GameFramework/Actor.h"
 #include "InputCoreTypes.h"
 #include "LoadedBlueprints.h"
@@ -27,7 +30,8 @@ void RegisterEngineClasses()
 			&USimpleConstructionScript::StaticClass, &USCS_Node::StaticClass, &AActor::StaticClass,
 			&UActorComponent::StaticClass, &USceneComponent::StaticClass, &UTimelineTemplate::StaticClass,
 			&UCurveBase::StaticClass, &UCurveFloat::StaticClass, &UCurveVector::StaticClass,
-			&UCurveLinearColor::StaticClass});
+			&UCurveLinearColor::StaticClass, &UWorld::StaticClass, &ULevel::StaticClass,
+			&ULevelScriptBlueprint::StaticClass});
 	MissingReferences::Register();
 	FKey::StaticStruct();
 	FMemberReference::StaticStruct();

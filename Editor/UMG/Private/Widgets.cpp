@@ -3,6 +3,7 @@
 #include "Components/ContentWidget.h"
 #include "Components/PanelWidget.h"
 #include "Standalone/NativeClass.h"
+#include "Standalone/ObjectText.h"
 #include "Standalone/UMGClasses.h"
 
 IMPLEMENT_EDITOR_CLASS(UVisual, "/Script/UMG", CLASS_Abstract)
@@ -231,7 +232,12 @@ bool UWidgetTree::Contains(const UWidget& Widget) const
 	{
 		Top = Top->GetParent();
 	}
-	return Top == RootWidget.Get();
+	bool bFound = Top == RootWidget.Get();
+	if (!bFound)
+	{
+		ForEachWidget([&bFound, Top](const UWidget* Other) { bFound |= Other == Top; });
+	}
+	return bFound;
 }
 
 void UWidgetTree::PreSave()
@@ -239,37 +245,92 @@ void UWidgetTree::PreSave()
 	Super::PreSave();
 	TArray<UObject*> Inner;
 	GetObjectsWithOuter(this, Inner, false);
+	TSet<const UObject*> Standing;
+	ForEachWidget([&Standing](const UWidget* Widget) { Standing.Add(Widget); });
 	for (UObject* const Object : Inner)
 	{
-		const UWidget* const Widget = Cast<UWidget>(Object);
-		if (Widget && !Contains(*Widget))
+		if (Object->IsA<UWidget>() && !Standing.Contains(Object))
 		{
 			Object->MarkAsGarbage();
 		}
 	}
 }
 
-void UWidgetTree::ForEachWidget(TFunctionRef<void(UWidget*)> Visit) const
+TArray<UWidget*> UWidgetTree::FindHosted(const UWidget& Widget)
 {
-	TArray<UWidget*> Stack;
-	if (RootWidget)
+	TArray<UWidget*> Hosted;
+	UWidgetTree* const Tree = Cast<UWidgetTree>(Widget.GetOuter());
+	const FKeptObjectText* const Kept = Tree ? FKeptObjectText::Find(&Widget) : nullptr;
+	if (!Kept || Kept->Lines.empty())
 	{
-		Stack.Add(RootWidget);
+		return Hosted;
 	}
+	const std::string Below = ToUtf8(Tree->GetPathName()) + ".";
+	for (const std::string& Line : Kept->Lines)
+	{
+		for (std::size_t At = Line.find(Below); At != std::string::npos; At = Line.find(Below, At + 1))
+		{
+			const std::size_t Start = At + Below.size();
+			const std::string Name = Line.substr(Start, Line.find_first_of("'\".:)", Start) - Start);
+			UWidget* const Other = Cast<UWidget>(StaticFindObjectFast(nullptr, Tree, FName(FromUtf8(Name))));
+			if (Other && Other != &Widget && Other != Tree->RootWidget.Get() && !Other->GetParent())
+			{
+				Hosted.AddUnique(Other);
+			}
+		}
+	}
+	return Hosted;
+}
+
+void UWidgetTree::Walk(UWidget* Top, TFunctionRef<void(UWidget*)> Visit)
+{
+	TArray<UWidget*> Stack = {Top};
+	// A hosted widget may be named by several, and by what stands below it.
+	TSet<const UWidget*> Hosted;
 	while (!Stack.IsEmpty())
 	{
 		UWidget* const Widget = Stack.Pop();
 		Visit(Widget);
-		if (const UPanelWidget* const Panel = Cast<UPanelWidget>(Widget))
+		const TArray<UWidget*> InSlots = FindHosted(*Widget);
+		for (int32 Index = InSlots.Num() - 1; Index >= 0; --Index)
 		{
-			for (int32 Index = Panel->GetChildrenCount() - 1; Index >= 0; --Index)
+			if (InSlots[Index] != Top && !Hosted.Contains(InSlots[Index]))
 			{
-				if (UWidget* const Child = Panel->GetChildAt(Index))
-				{
-					Stack.Add(Child);
-				}
+				Hosted.Add(InSlots[Index]);
+				Stack.Add(InSlots[Index]);
 			}
 		}
+		const UPanelWidget* const Panel = Cast<UPanelWidget>(Widget);
+		for (int32 Index = Panel ? Panel->GetChildrenCount() - 1 : INDEX_NONE; Index >= 0; --Index)
+		{
+			if (UWidget* const Child = Panel->GetChildAt(Index))
+			{
+				Stack.Add(Child);
+			}
+		}
+	}
+}
+
+void UWidgetTree::ForEachWidget(TFunctionRef<void(UWidget*)> Visit) const
+{
+	if (RootWidget)
+	{
+		Walk(RootWidget, Visit);
+	}
+}
+
+void UWidgetTree::GetChildWidgets(UWidget* Parent, TArray<UWidget*>& Widgets)
+{
+	if (Parent)
+	{
+		Walk(Parent,
+			[&](UWidget* Widget)
+			{
+				if (Widget != Parent)
+				{
+					Widgets.Add(Widget);
+				}
+			});
 	}
 }
 

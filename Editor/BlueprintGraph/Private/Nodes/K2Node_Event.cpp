@@ -8,6 +8,7 @@
 #include "K2Node_CallFunction.h"
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Standalone/MissingObjects.h"
 #include "Standalone/NativeClass.h"
 
 IMPLEMENT_EDITOR_CLASS(UK2Node_EventNodeInterface, "/Script/BlueprintGraph", CLASS_Interface | CLASS_Abstract)
@@ -252,7 +253,9 @@ void UK2Node_Event::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLo
 	const UBlueprint* const Blueprint = GetBlueprint();
 	const UClass* const Self = Blueprint ? Blueprint->ParentClass.Get() : nullptr;
 	const UClass* const Owner = Function->GetOwnerClass();
-	if (Self && Owner && !Owner->HasAnyClassFlags(CLASS_Interface) && !Self->IsChildOf(Owner))
+	// A parent that is not here may well descend from it.
+	if (Self && Owner && !Owner->HasAnyClassFlags(CLASS_Interface) && !Self->IsChildOf(Owner)
+		&& !FMissingObjects::FindMissingParent(Self))
 	{
 		MessageLog.Error(
 			*FString::Printf(TEXT("Event '%s' is declared in '%s', which is no parent of this Blueprint: @@"),

@@ -168,8 +168,9 @@ void UK2Node_Variable::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& 
 void UK2Node_Variable::ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const
 {
 	Super::ValidateNodeDuringCompilation(MessageLog);
-	const bool bKnown = VariableReference.IsLocalScope() ? VariableNodes::FindLocal(*this) != nullptr
-														 : GetPropertyForVariable() != nullptr;
+	// The inputs of a function are in its scope as its local variables are.
+	const bool bKnown = (VariableReference.IsLocalScope() && VariableNodes::FindLocal(*this))
+		|| GetPropertyForVariable() != nullptr;
 	if (!bKnown)
 	{
 		const UClass* const Scope = GetVariableSourceClass();

@@ -1,5 +1,6 @@
 #include "ObjectText/ObjectTextWriter.h"
 #include "Standalone/LoadedStructure.h"
+#include "Standalone/MissingObjects.h"
 #include "Standalone/ObjectText.h"
 #include "UObject/Class.h"
 #include "UObject/UnrealType.h"
@@ -232,7 +233,9 @@ void FObjectTextImport::ImportInto(UObject* Object, const FObjectTextRecord& Rec
 void FObjectTextImport::ImportProperty(UObject* Object, const FObjectTextLine& Line, const FObjectTextLine* Previous)
 {
 	FProperty* Property = Object->GetClass()->FindPropertyByName(FName(Line.Name));
-	if (!Property)
+	// Of a member of a missing class neither the default is known, which a value would be left out for, nor for sure
+	// the type: its text stands as it is.
+	if (!Property || FMissingObjects::IsMissing(Property->GetOwnerClass()))
 	{
 		std::string& Kept = FKeptObjectText::FindOrAdd(Object).Lines.emplace_back();
 		FObjectTextWriter::AppendLine(Kept, Line);

@@ -6,6 +6,7 @@
 #include "Misc/PackageName.h"
 #include "Package/AtomicFile.h"
 #include "Package/KnownFiles.h"
+#include "Package/LikelyParent.h"
 #include "Package/PackageFile.h"
 #include "Standalone/LoadedStructure.h"
 #include "Standalone/MissingObjects.h"
@@ -345,27 +346,20 @@ private:
 		}
 	}
 
-	/** What the parent of the package's class must at least be, where no tag says so. */
-	UClass* LikelyParent() const
-	{
-		const bool bHasComponents = Bytes.find("Class=/Script/Engine.SimpleConstructionScript ") != std::string::npos;
-		const TCHAR* Path = bHasComponents ? TEXT("/Script/Engine.Actor") : TEXT("/Script/CoreUObject.Object");
-		if (Header.AssetClassPath.EndsWith(TEXT(".WidgetBlueprint")))
-		{
-			Path = TEXT("/Script/UMG.UserWidget");
-		}
-		else if (Header.AssetClassPath.EndsWith(TEXT(".AnimBlueprint")))
-		{
-			Path = TEXT("/Script/Engine.AnimInstance");
-		}
-		UClass* const Parent = FindObject<UClass>(nullptr, Path);
-		return Parent ? Parent : UObject::StaticClass();
-	}
-
 	/** The stand-in for a parent class that is missing, with as much of its line as the package tells. */
 	UClass* MissingParent(const FString& Tag, UClass* NativeParent) const
 	{
-		UClass* const Base = NativeParent && NativeParent != UObject::StaticClass() ? NativeParent : LikelyParent();
+		UClass* Base = NativeParent && NativeParent != UObject::StaticClass()
+			? NativeParent
+			: LikelyParent::Find(Tree, Header.AssetClassPath);
+		const FString* const NativeTag = Header.FindTag(TEXT("NativeParentClass"));
+		const FString Native = NativeTag ? FPackageName::ExportTextPathToObjectPath(*NativeTag) : FString();
+		if (NativeTag && *NativeTag != Tag && !FindObject<UClass>(nullptr, Native))
+		{
+			// A Blueprint stands between, and native code that is not known either.
+			UClass* const Between = FMissingObjects::StandInForClass(Native, *Base);
+			Base = Between && Between->IsChildOf(Base) ? Between : Base;
+		}
 		int32 Quote = INDEX_NONE;
 		const FString ClassPath = Tag.FindChar(TEXT('\''), Quote) ? Tag.Left(Quote) : FString();
 		UClass* const Parent = FMissingObjects::StandInForClass(

@@ -23,9 +23,12 @@ public:
 	{
 		return Cast<T>(FindWidget(Name));
 	}
-	/** All widgets from the root, parents before children, in child order. */
+	/** All widgets from the root, parents before children, in child order. What an area or a user widget holds in its
+	 * named slots comes behind it. */
 	void GetAllWidgets(TArray<UWidget*>& Widgets) const;
 	void ForEachWidget(TFunctionRef<void(UWidget*)> Visit) const;
+	/** All widgets below one, in the same order. */
+	static void GetChildWidgets(UWidget* Parent, TArray<UWidget*>& Widgets);
 	/** Takes the widget out of its panel, or clears the root, with all below it. */
 	bool RemoveWidget(UWidget* Widget);
 	static UPanelWidget* FindWidgetParent(UWidget* Widget, int32& OutChildIndex);
@@ -36,5 +39,8 @@ public:
 	TObjectPtr<UWidget> RootWidget;
 
 private:
+	/** Those of the tree that the widget holds in named slots; its class may have no property for them here. */
+	static TArray<UWidget*> FindHosted(const UWidget& Widget);
+	static void Walk(UWidget* Top, TFunctionRef<void(UWidget*)> Visit);
 	bool Contains(const UWidget& Widget) const;
 };

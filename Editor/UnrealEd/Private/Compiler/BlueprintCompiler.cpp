@@ -7,6 +7,7 @@
 #include "Compiler/MacroUse.h"
 #include "Compiler/MemberDeclarations.h"
 #include "Compiler/MemberNames.h"
+#include "Compiler/UnresolvedUse.h"
 #include "Compiler/WidgetDeclarations.h"
 #include "EdGraph/EdGraph.h"
 #include "Engine/Blueprint.h"
@@ -101,13 +102,13 @@ public:
 		}
 		Prepare();
 		MemberNames::Check(Blueprint, Log);
-		MemberDeclarations::Check(Blueprint, Log);
+		MemberDeclarations::Check(Blueprint, Unresolved, Log);
 		WidgetDeclarations::Check(Blueprint, Log);
 		const TMap<const UEdGraph*, FunctionGraphs::FOrigin> Functions = FunctionGraphs::Collect(Blueprint);
 		FMacroUse Macros;
 		for (UEdGraph* const Graph : Graphs)
 		{
-			FGraphValidator Validator(Blueprint, *Graph, Macros, Log);
+			FGraphValidator Validator(Blueprint, *Graph, Macros, Unresolved, Log);
 			// The animation graph stands among the functions and has no entry.
 			const FunctionGraphs::FOrigin* const Origin = Validator.GetGraphType() == GT_Function
 				? Functions.Find(Graph)
@@ -125,6 +126,7 @@ public:
 			}
 			GraphFlow::CheckDataCycles(*Graph, Log);
 		}
+		Unresolved.Tell(Log);
 	}
 
 private:
@@ -147,7 +149,7 @@ private:
 	bool CheckParent()
 	{
 		const UClass* const Missing = FMissingObjects::FindMissingParent(Blueprint.ParentClass.Get());
-		if (Blueprint.ParentClass.Get() && !Missing)
+		if (Blueprint.ParentClass.Get() && (!Missing || Unresolved.Note(Missing)))
 		{
 			return true;
 		}
@@ -166,6 +168,10 @@ private:
 		}
 		for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
 		{
+			if (Unresolved.Note(Interface.Interface.Get()))
+			{
+				continue;
+			}
 			if (FMissingObjects::IsMissing(Interface.Interface.Get()))
 			{
 				Log.Error(*FString::Printf(TEXT("Blueprint '%s' implements an interface that is missing: '%s'"),
@@ -210,6 +216,7 @@ private:
 
 	UBlueprint& Blueprint;
 	FCompilerResultsLog& Log;
+	FUnresolvedUse Unresolved;
 	TArray<UEdGraph*> Graphs;
 };
 

@@ -7,6 +7,7 @@
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Standalone/MissingObjects.h"
 #include "UObject/UnrealType.h"
 
 namespace FunctionGraphs
@@ -138,13 +139,13 @@ private:
 					*FString::Printf(TEXT("The function @@ has another local variable or parameter named '%s'"), *Name),
 					&Entry);
 			}
-			else if (!Property)
+			else if (!Property && !FMissingObjects::IsMissing(Local.VarType.PinSubCategoryObject.Get()))
 			{
 				Log.Error(*FString::Printf(TEXT("The local variable '%s' of @@ has an invalid type: %s"), *Name,
 							  *UEdGraphSchema_K2::TypeToText(Local.VarType).ToString()),
 					&Entry);
 			}
-			else if (!MemberDeclarations::IsDefaultValid(Local, *Property))
+			else if (Property && !MemberDeclarations::IsDefaultValid(Local, *Property))
 			{
 				Log.Warning(
 					*FString::Printf(TEXT("The default value '%s' of the local variable '%s' of @@ is not a valid %s"),

@@ -3,6 +3,7 @@
 #include "Compiler/GraphFlow.h"
 #include "Compiler/MacroUse.h"
 #include "Compiler/PinTypeProperty.h"
+#include "Compiler/UnresolvedUse.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
@@ -16,6 +17,7 @@
 #include "K2Node_VariableSet.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Standalone/EdGraphNode_Placeholder.h"
 #include "Standalone/MissingObjects.h"
 #include "UObject/UnrealType.h"
 
@@ -42,6 +44,34 @@ static bool HasLinkedWildcard(const UEdGraphNode& Node)
 		{ return Pin && Pin->PinType.PinCategory == FSchema::PC_Wildcard && !Pin->LinkedTo.IsEmpty(); });
 }
 
+/** Whether several values may meet in the input: targets that are called one after the other, and ways into a state. */
+static bool TakesSeveral(const UEdGraphPin& Pin)
+{
+	const UK2Node* const Node = Cast<UK2Node>(Pin.GetOwningNode());
+	return Node ? Pin.PinName == FSchema::PN_Self && Node->AllowMultipleSelfs(false)
+				: Pin.PinType.PinCategory != FSchema::PC_Exec;
+}
+
+/** The type of the pin, or the parent of it, that is not here. */
+static const UObject* FindMissingType(const FEdGraphPinType& Type, const UBlueprint& Blueprint)
+{
+	if (Type.PinSubCategory == FSchema::PSC_Self && !Type.PinSubCategoryObject.Get())
+	{
+		return FMissingObjects::FindMissingParent(Blueprint.ParentClass.Get());
+	}
+	for (const UObject* const Object :
+		{Type.PinSubCategoryObject.Get(), Type.PinValueType.TerminalSubCategoryObject.Get()})
+	{
+		const UClass* const Class = Cast<UClass>(Object);
+		const UObject* const Missing = Class ? FMissingObjects::FindMissingParent(Class) : Object;
+		if (FMissingObjects::IsMissing(Missing))
+		{
+			return Missing;
+		}
+	}
+	return nullptr;
+}
+
 /** Members that a Blueprint declares keep what they say about access; native ones say it to native code alone. */
 static bool IsDeclaredByBlueprint(const UClass* Class)
 {
@@ -49,11 +79,12 @@ static bool IsDeclaredByBlueprint(const UClass* Class)
 }
 } // namespace GraphValidation
 
-FGraphValidator::FGraphValidator(
-	UBlueprint& InBlueprint, UEdGraph& InGraph, FMacroUse& InMacros, FCompilerResultsLog& InLog)
+FGraphValidator::FGraphValidator(UBlueprint& InBlueprint, UEdGraph& InGraph, FMacroUse& InMacros,
+	FUnresolvedUse& InUnresolved, FCompilerResultsLog& InLog)
 	: Blueprint(InBlueprint)
 	, Graph(InGraph)
 	, Macros(InMacros)
+	, Unresolved(InUnresolved)
 	, Log(InLog)
 	, Schema(InGraph.GetSchema())
 {
@@ -83,6 +114,17 @@ void FGraphValidator::Validate(const GraphFlow::FGraphUse* Use)
 
 void FGraphValidator::CheckNode(UEdGraphNode& Node)
 {
+	if (NoteUnresolved(Node))
+	{
+		for (int32 Index = 0; Index < Node.Pins.Num(); ++Index)
+		{
+			if (UEdGraphPin* const Pin = Node.Pins[Index])
+			{
+				CheckLinks(*Pin);
+			}
+		}
+		return;
+	}
 	const int32 ErrorsBefore = Log.NumErrors;
 	Node.ValidateNodeDuringCompilation(Log);
 	// What the node knows to be wrong is not told once more for its pins.
@@ -114,17 +156,41 @@ void FGraphValidator::CheckMissing(UEdGraphNode& Node)
 			bNodeComplained = true;
 		}
 	};
+	VisitReferences(Node, Check);
+}
+
+void FGraphValidator::VisitReferences(UEdGraphNode& Node, TFunctionRef<void(const UObject*)> Visit)
+{
 	for (const FProperty* const Property : ReferenceProperties(Node))
 	{
-		Property->VisitObjects(Property->GetValuePtr(&Node), [&Check](UObject*& Object) { Check(Object); });
+		Property->VisitObjects(Property->GetValuePtr(&Node), [&Visit](UObject*& Object) { Visit(Object); });
 	}
 	for (const UEdGraphPin* const Pin : Node.Pins)
 	{
-		Check(Pin->DefaultObject);
-		Check(Pin->PinType.PinSubCategoryObject.Get());
-		Check(Pin->PinType.PinValueType.TerminalSubCategoryObject.Get());
-		Check(Pin->PinType.PinSubCategoryMemberReference.MemberParent);
+		Visit(Pin->DefaultObject);
+		Visit(Pin->PinType.PinSubCategoryObject.Get());
+		Visit(Pin->PinType.PinValueType.TerminalSubCategoryObject.Get());
+		Visit(Pin->PinType.PinSubCategoryMemberReference.MemberParent);
 	}
+}
+
+bool FGraphValidator::NoteUnresolved(UEdGraphNode& Node)
+{
+	if (const UEdGraphNode_Placeholder* const Unknown = Cast<UEdGraphNode_Placeholder>(&Node))
+	{
+		Unresolved.NoteNodeOf(Unknown->GetOriginalClassPath(), Node);
+		return true;
+	}
+	TArray<const UObject*> Told;
+	VisitReferences(Node,
+		[&](const UObject* Object)
+		{
+			if (FMissingObjects::IsMissing(Object) && !Told.Contains(Object) && Unresolved.Note(Object, &Node))
+			{
+				Told.Add(Object);
+			}
+		});
+	return !Told.IsEmpty();
 }
 
 /** Properties that may refer to something beside the node, found once for each class. */
@@ -337,7 +403,7 @@ void FGraphValidator::CheckParameterType(const UEdGraphNode& Node, const UEdGrap
 void FGraphValidator::CheckLinks(UEdGraphPin& Pin)
 {
 	const bool bExec = GraphValidation::FSchema::IsExecPin(Pin);
-	if (Pin.LinkedTo.Num() > 1 && bExec == (Pin.Direction == EGPD_Output))
+	if (Pin.LinkedTo.Num() > 1 && bExec == (Pin.Direction == EGPD_Output) && !GraphValidation::TakesSeveral(Pin))
 	{
 		Log.Error(bExec ? TEXT("@@ of @@ leads to more than one node; use a Sequence to execute one after the other")
 						: TEXT("@@ of @@ is connected to more than one output; an input takes one value"),
@@ -365,7 +431,9 @@ void FGraphValidator::CheckLinks(UEdGraphPin& Pin)
 void FGraphValidator::CheckLinkTypes(const UEdGraphPin& Output, const UEdGraphPin& Input)
 {
 	const UEdGraphSchema_K2* const K2 = Cast<UEdGraphSchema_K2>(Schema);
-	if (!K2 || K2->ArePinsCompatible(&Output, &Input, Blueprint.GeneratedClass.Get()))
+	const bool bUnresolved = Unresolved.IsExcused(GraphValidation::FindMissingType(Output.PinType, Blueprint))
+		|| Unresolved.IsExcused(GraphValidation::FindMissingType(Input.PinType, Blueprint));
+	if (bUnresolved || !K2 || K2->ArePinsCompatible(&Output, &Input, Blueprint.GeneratedClass.Get()))
 	{
 		return;
 	}
@@ -412,6 +480,11 @@ void FGraphValidator::CheckUnlinkedInput(UEdGraphNode& Node, UEdGraphPin& Pin)
 void FGraphValidator::CheckTarget(const UEdGraphNode& Node, const UEdGraphPin& Self)
 {
 	if (Self.bHidden || Self.DefaultObject)
+	{
+		return;
+	}
+	// What a parent that is not here stands for is not known: it may be what is wanted.
+	if (Unresolved.IsExcused(FMissingObjects::FindMissingParent(Blueprint.ParentClass.Get())))
 	{
 		return;
 	}

@@ -11,6 +11,7 @@ class FGraphUse;
 class FCompilerResultsLog;
 class FMacroUse;
 class FProperty;
+class FUnresolvedUse;
 class UBlueprint;
 class UClass;
 class UEdGraph;
@@ -28,7 +29,8 @@ class UK2Node_Variable;
 class FGraphValidator
 {
 public:
-	FGraphValidator(UBlueprint& InBlueprint, UEdGraph& InGraph, FMacroUse& InMacros, FCompilerResultsLog& InLog);
+	FGraphValidator(UBlueprint& InBlueprint, UEdGraph& InGraph, FMacroUse& InMacros, FUnresolvedUse& InUnresolved,
+		FCompilerResultsLog& InLog);
 	/** Passes over what takes no part in the graph; null when that cannot be told. */
 	void Validate(const GraphFlow::FGraphUse* Use);
 	EGraphType GetGraphType() const { return GraphType; }
@@ -36,6 +38,10 @@ public:
 private:
 	void CheckNode(UEdGraphNode& Node);
 	void CheckMissing(UEdGraphNode& Node);
+	/** Whether anything that the node refers to is not here without being an error. Such a node is counted and, but for
+	 * its links, not judged. */
+	bool NoteUnresolved(UEdGraphNode& Node);
+	void VisitReferences(UEdGraphNode& Node, TFunctionRef<void(const UObject*)> Visit);
 	const TArray<const FProperty*>& ReferenceProperties(const UEdGraphNode& Node);
 	void CheckPlacement(const UEdGraphNode& Node);
 	void CheckEvent(const UEdGraphNode& Node);
@@ -55,6 +61,7 @@ private:
 	UBlueprint& Blueprint;
 	UEdGraph& Graph;
 	FMacroUse& Macros;
+	FUnresolvedUse& Unresolved;
 	FCompilerResultsLog& Log;
 	const UEdGraphSchema* Schema;
 	/** Asked for once, as the answer takes a look at every graph of the Blueprint. */

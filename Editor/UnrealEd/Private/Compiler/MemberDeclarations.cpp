@@ -1,6 +1,7 @@
 #include "Compiler/MemberDeclarations.h"
 
 #include "Compiler/InterfaceFunctions.h"
+#include "Compiler/UnresolvedUse.h"
 #include "Components/ActorComponent.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
@@ -22,9 +23,10 @@ FString TypeText(const FBPVariableDescription& Variable)
 class FCheck
 {
 public:
-	FCheck(const UBlueprint& InBlueprint, FCompilerResultsLog& InLog)
+	FCheck(const UBlueprint& InBlueprint, FUnresolvedUse& InUnresolved, FCompilerResultsLog& InLog)
 		: Blueprint(InBlueprint)
 		, Class(*InBlueprint.GeneratedClass.Get())
+		, Unresolved(InUnresolved)
 		, Log(InLog)
 	{
 	}
@@ -44,6 +46,10 @@ private:
 	{
 		const FString Name = Variable.VarName.ToString();
 		const FProperty* const Property = Class.FindOwnProperty(Variable.VarName);
+		if (NoteUnresolved(Variable.VarType))
+		{
+			return;
+		}
 		if (!Property || NamesMissing(Variable.VarType))
 		{
 			Log.Error(*FString::Printf(TEXT("The variable '%s' declared in '%s' has an invalid type: %s"), *Name,
@@ -62,6 +68,12 @@ private:
 		}
 		CheckReplication(Variable);
 		CheckExposure(Variable, *Property);
+	}
+
+	bool NoteUnresolved(const FEdGraphPinType& Type)
+	{
+		const bool bKey = Unresolved.Note(Type.PinSubCategoryObject.Get());
+		return Unresolved.Note(Type.PinValueType.TerminalSubCategoryObject.Get()) || bKey;
 	}
 
 	static bool NamesMissing(const FEdGraphPinType& Type)
@@ -107,6 +119,10 @@ private:
 		{
 			const FString Name = Node->GetVariableName().ToString();
 			const UClass* const ComponentClass = Node->ComponentClass.Get();
+			if (Unresolved.Note(ComponentClass))
+			{
+				continue;
+			}
 			if (FMissingObjects::IsMissing(ComponentClass))
 			{
 				Log.Error(*FString::Printf(
@@ -130,7 +146,11 @@ private:
 	{
 		for (const FBPInterfaceDescription& Interface : Blueprint.ImplementedInterfaces)
 		{
-			for (TFieldIterator<UFunction> It(Interface.Interface.Get(), EFieldIteratorFlags::IncludeSuper); It; ++It)
+			// Which functions one has that is not here is not known; what a stand-in has is what somebody uses.
+			const UClass* const Known = FMissingObjects::IsMissing(Interface.Interface.Get())
+				? nullptr
+				: Interface.Interface.Get();
+			for (TFieldIterator<UFunction> It(Known, EFieldIteratorFlags::IncludeSuper); It; ++It)
 			{
 				if (InterfaceFunctions::NeedsGraph(**It)
 					&& !Class.FindFunctionByName(It->GetFName(), EIncludeSuperFlag::ExcludeSuper))
@@ -144,13 +164,14 @@ private:
 
 	const UBlueprint& Blueprint;
 	const UClass& Class;
+	FUnresolvedUse& Unresolved;
 	FCompilerResultsLog& Log;
 };
 } // namespace
 
-void Check(const UBlueprint& Blueprint, FCompilerResultsLog& Log)
+void Check(const UBlueprint& Blueprint, FUnresolvedUse& Unresolved, FCompilerResultsLog& Log)
 {
-	FCheck(Blueprint, Log).Run();
+	FCheck(Blueprint, Unresolved, Log).Run();
 }
 
 bool IsDefaultValid(const FBPVariableDescription& Variable, const FProperty& Property)

@@ -3,6 +3,7 @@
 #include "CoreMinimal.h"
 
 class FCompilerResultsLog;
+class FUnresolvedUse;
 class FProperty;
 class UBlueprint;
 struct FBPVariableDescription;
@@ -13,7 +14,7 @@ struct FBPVariableDescription;
  */
 namespace MemberDeclarations
 {
-void Check(const UBlueprint& Blueprint, FCompilerResultsLog& Log);
+void Check(const UBlueprint& Blueprint, FUnresolvedUse& Unresolved, FCompilerResultsLog& Log);
 /** Whether the default text is one of the property's type. An empty text always is. */
 bool IsDefaultValid(const FBPVariableDescription& Variable, const FProperty& Property);
 } // namespace MemberDeclarations

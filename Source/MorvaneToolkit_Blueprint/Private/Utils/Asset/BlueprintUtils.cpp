@@ -3,8 +3,11 @@
 #include "AssetOperationBase.h"
 #include "Blueprint/UserWidget.h"
 #include "Engine/Blueprint.h"
+#include "Engine/Level.h"
+#include "Engine/LevelScriptBlueprint.h"
 #include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
+#include "Engine/World.h"
 #include "Factories/BlueprintFactory.h"
 #include "GameFramework/Actor.h"
 #include "JsonReading.h"
@@ -22,6 +25,12 @@
 
 namespace BlueprintLoading
 {
+/** A map's path means the Blueprint of its level; null for one without. */
+static UBlueprint* OfMap(UObject* Asset)
+{
+	const UWorld* const World = Cast<UWorld>(Asset);
+	return World && World->PersistentLevel ? World->PersistentLevel->GetLevelScriptBlueprint(true) : nullptr;
+}
 } // namespace BlueprintLoading
 
 namespace BlueprintMaking
@@ -92,9 +101,14 @@ UBlueprint* FBlueprintUtils::TryLoadBlueprint(const FString& Path)
 {
 	const FString Resolved = FAssetOperationBase::ResolveBlueprintPath(Path);
 	// A bare name is nobody's by now. Quiet: a miss is ordinary to those who make what they do not find.
-	return Resolved.Contains(TEXT("/")) ? Cast<UBlueprint>(
-			   StaticLoadObject(UBlueprint::StaticClass(), nullptr, *Resolved, nullptr, LOAD_Quiet | LOAD_NoWarn))
-										: nullptr;
+	if (!Resolved.Contains(TEXT("/")))
+	{
+		return nullptr;
+	}
+	UObject* const Asset = StaticLoadObject(
+		UObject::StaticClass(), nullptr, *Resolved, nullptr, LOAD_Quiet | LOAD_NoWarn);
+	UBlueprint* const Blueprint = Cast<UBlueprint>(Asset);
+	return Blueprint ? Blueprint : BlueprintLoading::OfMap(Asset);
 }
 
 UBlueprint* FBlueprintUtils::LoadBlueprint(const FString& Path, Morvane::FToolResult& Result)

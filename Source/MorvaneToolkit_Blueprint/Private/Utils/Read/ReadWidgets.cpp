@@ -54,6 +54,30 @@ static void SetHead(FJsonObject& Node, const UWidget& Widget)
 	Node.SetBoolField(TEXT("is_variable"), Widget.bIsVariable);
 }
 
+/** What a widget that is no panel holds: the content of its named slots, without what stands below that. */
+static TArray<UWidget*> FindSlotContent(UWidget& Widget)
+{
+	TArray<UWidget*> Below;
+	UWidgetTree::GetChildWidgets(&Widget, Below);
+	TArray<UWidget*> Content;
+	TSet<const UWidget*> Deeper;
+	for (UWidget* const Child : Below)
+	{
+		if (Deeper.Contains(Child))
+		{
+			continue;
+		}
+		Content.Add(Child);
+		TArray<UWidget*> OfChild;
+		UWidgetTree::GetChildWidgets(Child, OfChild);
+		for (const UWidget* const Inner : OfChild)
+		{
+			Deeper.Add(Inner);
+		}
+	}
+	return Content;
+}
+
 static void SetUnlessEmpty(FJsonObject& Details, const TCHAR* Key, const TSharedPtr<FJsonObject>& Object)
 {
 	if (Object && !Object->Values.IsEmpty())
@@ -85,9 +109,9 @@ TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchyNode(
 	ReadWidgets::SetHead(*Node, *Widget);
 	const UPanelWidget* const Panel = Cast<UPanelWidget>(Widget);
 	TArray<TSharedPtr<FJsonValue>> Children;
-	for (int32 Index = 0; Panel && Index < Panel->GetChildrenCount(); ++Index)
+	for (UWidget* const Child : Panel ? Panel->GetAllChildren() : ReadWidgets::FindSlotContent(*Widget))
 	{
-		if (UWidget* const Child = Panel->GetChildAt(Index))
+		if (Child)
 		{
 			Children.Add(MakeShared<FJsonValueObject>(SerializeWidgetHierarchyNode(Child, Blueprint)));
 		}

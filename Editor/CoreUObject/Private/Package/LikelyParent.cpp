@@ -1,0 +1,129 @@
+#include "Package/LikelyParent.h"
+
+#include "Standalone/ObjectText.h"
+#include "UObject/Class.h"
+
+#include <unordered_map>
+
+namespace LikelyParent
+{
+using FView = std::string_view;
+
+/** The parent of the kind of asset; a plug-in's kind goes by the end of its name. */
+static const TCHAR* BaseOfKind(const FString& AssetClassPath)
+{
+	if (AssetClassPath.EndsWith(TEXT("EditorUtilityWidgetBlueprint"), ESearchCase::CaseSensitive))
+	{
+		return TEXT("/Script/Blutility.EditorUtilityWidget");
+	}
+	if (AssetClassPath.EndsWith(TEXT("WidgetBlueprint"), ESearchCase::CaseSensitive))
+	{
+		return TEXT("/Script/UMG.UserWidget");
+	}
+	if (AssetClassPath.EndsWith(TEXT("AnimBlueprint"), ESearchCase::CaseSensitive))
+	{
+		return TEXT("/Script/Engine.AnimInstance");
+	}
+	return TEXT("/Script/CoreUObject.Object");
+}
+
+/** The class of "MemberParent=...Class'/Script/X.Y'"; empty where the reference names none, or its own. */
+static FView MemberParentOf(FView Reference)
+{
+	constexpr FView Key = "MemberParent=";
+	const std::size_t At = Reference.find(Key);
+	const std::size_t Open = At == FView::npos ? At : Reference.find('\'', At + Key.size());
+	const std::size_t Close = Open == FView::npos ? Open : Reference.find('\'', Open + 1);
+	if (Close == FView::npos || Reference.find("bSelfContext=True") != FView::npos
+		|| Reference.substr(At, Open - At).find(',') != FView::npos)
+	{
+		return FView();
+	}
+	return Reference.substr(Open + 1, Close - Open - 1);
+}
+
+static bool IsOpenTarget(const FObjectTextLine& Line)
+{
+	return Line.bCustom && Line.Value.find("PinName=\"self\"") != FView::npos
+		&& Line.Value.find("LinkedTo=(") == FView::npos && Line.Value.find("DefaultObject=") == FView::npos
+		&& Line.Value.find("bHidden=True") == FView::npos && Line.Value.find("EGPD_Output") == FView::npos;
+}
+
+class FSearch
+{
+public:
+	explicit FSearch(UClass* InBest)
+		: Best(InBest)
+	{
+	}
+
+	void Look(const FObjectTextRecord& Record)
+	{
+		FView Member;
+		bool bOnSelf = false;
+		for (const FObjectTextLine& Line : Record.Lines)
+		{
+			const bool bReference = Line.Name == "EventReference" || Line.Name == "FunctionReference"
+				|| Line.Name == "VariableReference" || Line.Name == "DelegateReference";
+			Member = bReference ? MemberParentOf(Line.Value) : Member;
+			bOnSelf |= IsOpenTarget(Line) || (Line.Name == "bOverrideFunction" && Line.Value == "True");
+		}
+		if (bOnSelf && !Member.empty())
+		{
+			Take(Member);
+		}
+		for (const FObjectTextRecord& Inner : Record.Inner)
+		{
+			Look(Inner);
+		}
+	}
+
+	UClass* Best;
+
+private:
+	void Take(FView Path)
+	{
+		const auto [Entry, bAdded] = Known.try_emplace(Path, nullptr);
+		if (bAdded)
+		{
+			Entry->second = FindObject<UClass>(nullptr, FromUtf8(Path));
+		}
+		UClass* const Class = Entry->second;
+		if (Class && !Class->HasAnyClassFlags(CLASS_Interface) && Class->IsChildOf(Best))
+		{
+			Best = Class;
+		}
+	}
+
+	std::unordered_map<FView, UClass*> Known;
+};
+
+static bool HasComponents(const FObjectTextTree& Tree)
+{
+	for (const FObjectTextRecord& Record : Tree.Objects)
+	{
+		for (const FObjectTextRecord& Inner : Record.Inner)
+		{
+			if (Inner.ClassPath == "/Script/Engine.SimpleConstructionScript")
+			{
+				return true;
+			}
+		}
+	}
+	return false;
+}
+
+UClass* Find(const FObjectTextTree& Tree, const FString& AssetClassPath)
+{
+	const TCHAR* Base = BaseOfKind(AssetClassPath);
+	const bool bPlain = FStringView(Base).EndsWith(TEXT(".Object"));
+	UClass* const Kind = FindObject<UClass>(
+		nullptr, bPlain && HasComponents(Tree) ? TEXT("/Script/Engine.Actor") : Base);
+	FSearch Search(Kind ? Kind : UObject::StaticClass());
+	for (const FObjectTextRecord& Record : Tree.Objects)
+	{
+		Search.Look(Record);
+	}
+	return Search.Best;
+}
+} // namespace LikelyParent

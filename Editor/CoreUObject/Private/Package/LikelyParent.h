@@ -1,0 +1,15 @@
+#pragma once
+
+class FObjectTextTree;
+class FString;
+class UClass;
+
+/**
+ * What a class that a package's Blueprint is derived from, and that is not here, must at least be: told by the kind of
+ * asset, by whether it has components, and by what its graphs use of themselves. An event that they override and a
+ * function that they call without a target belong to a class that the parent descends from.
+ */
+namespace LikelyParent
+{
+UClass* Find(const FObjectTextTree& Tree, const FString& AssetClassPath);
+} // namespace LikelyParent
