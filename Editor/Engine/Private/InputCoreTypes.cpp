@@ -138,6 +138,10 @@ bool FKey::ExportTextItem(FString& ValueStr, const FKey&, UObject*, int32, UObje
 
 bool FKey::ImportTextItem(const TCHAR*& Buffer, int32, UObject*, FOutputDevice*)
 {
+	// A form of its own writes the struct out; its only member is the name.
+	static const FString Long(TEXT("(KeyName="));
+	const bool bLong = FString(FStringView(Buffer).Left(Long.Len())).Equals(Long, ESearchCase::CaseSensitive);
+	Buffer += bLong ? Long.Len() : 0;
 	const bool bQuoted = *Buffer == TEXT('"');
 	Buffer += bQuoted ? 1 : 0;
 	FString Name;
@@ -148,12 +152,7 @@ bool FKey::ImportTextItem(const TCHAR*& Buffer, int32, UObject*, FOutputDevice*)
 		++Buffer;
 	}
 	Buffer += bQuoted && *Buffer == TEXT('"') ? 1 : 0;
-	// An older form writes the struct out; its only member is the name.
-	static const FString Long(TEXT("(KeyName="));
-	if (Name.StartsWith(Long))
-	{
-		Name = Name.Mid(Long.Len());
-	}
+	Buffer += bLong && *Buffer == TEXT(')') ? 1 : 0;
 	KeyName = FName(Name.TrimStartAndEnd());
 	return true;
 }

@@ -1,8 +1,10 @@
 #include "Standalone/UnrealEdClasses.h"
 
+#include "Animation/AnimBlueprint.h"
 #include "Blueprint/WidgetTree.h"
 #include "BlueprintKindSetup.h"
 #include "Compiler/BlueprintClassBuilder.h"
+#include "Compiler/StandInMembers.h"
 #include "Components/PanelSlot.h"
 #include "Components/PanelWidget.h"
 #include "Components/SceneComponent.h"
@@ -23,7 +25,6 @@
 #include "Standalone/MissingObjects.h"
 #include "Standalone/NativeClass.h"
 #include "Standalone/ObjectText.h"
-#include "Unresolved/StandInMembers.h"
 #include "UObject/Package.h"
 #include "UserDefinedStructure/UserDefinedStructEditorData.h"
 #include "WidgetBlueprint.h"

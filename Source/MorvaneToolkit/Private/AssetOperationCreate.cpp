@@ -171,7 +171,13 @@ bool FAssetOperationBase::SaveAsset(UObject* Asset, Morvane::FToolResult& Result
 	FSavePackageArgs Args;
 	Args.TopLevelFlags = static_cast<EObjectFlags>(RF_Public | RF_Standalone);
 	Args.Error = &Reason;
-	if (UPackage::SavePackage(Package, Asset, *Filename, Args))
+	// A Blueprint of a level is saved with its map.
+	UObject* TopLevel = Asset;
+	while (TopLevel->GetOuter() && TopLevel->GetOuter() != Package)
+	{
+		TopLevel = TopLevel->GetOuter();
+	}
+	if (UPackage::SavePackage(Package, TopLevel, *Filename, Args))
 	{
 		return true;
 	}

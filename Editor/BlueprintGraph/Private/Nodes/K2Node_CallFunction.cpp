@@ -114,16 +114,22 @@ void UK2Node_CallFunction::TakeOlderForm()
 	// The libraries' functions of single precision live on under the names of those of double precision.
 	static const FString Single(TEXT("Float"));
 	const FString Name = GetFunctionName().ToString();
-	const UClass* const Library = FunctionReference.GetMemberParentClass();
-	if (!Library || !Name.Contains(Single, ESearchCase::CaseSensitive)
-		|| Library->FindFunctionByName(GetFunctionName()))
+	const UBlueprint* const Blueprint = FunctionReference.IsSelfContext() ? GetBlueprint() : nullptr;
+	const UClass* const Library = Blueprint ? Blueprint->ParentClass.Get() : FunctionReference.GetMemberParentClass();
+	if (!Library || Library->FindFunctionByName(GetFunctionName()))
 	{
 		return;
 	}
-	const FName Successor(Name.Replace(*Single, TEXT("Double"), ESearchCase::CaseSensitive));
-	if (Library->FindFunctionByName(Successor))
+	// A name of native code is kept for that, and Blueprints call it under a prefix.
+	for (const FString& Successor :
+		{Name.Replace(*Single, TEXT("Double"), ESearchCase::CaseSensitive), TEXT("K2_") + Name})
 	{
-		FunctionReference.SetMemberName(Successor);
+		const UFunction* const Function = Library->FindFunctionByName(FName(Successor));
+		if (Function && !Function->GetOwnerClass()->ClassGeneratedBy)
+		{
+			FunctionReference.SetMemberName(FName(Successor));
+			return;
+		}
 	}
 }
 

@@ -10,7 +10,7 @@ struct FPoseLink
 
 	bool operator==(const FPoseLink& Other) const = default;
 
-	/** The node that gives the pose, once compiled. */
+	/** The node that gives the pose, once compiled, and the one that the author linked. */
 	int32 LinkID = INDEX_NONE;
 	int32 SourceLinkID = INDEX_NONE;
 };

@@ -59,8 +59,8 @@ static const UObject* FindMissingType(const FEdGraphPinType& Type, const UBluepr
 	{
 		return FMissingObjects::FindMissingParent(Blueprint.ParentClass.Get());
 	}
-	for (const UObject* const Object :
-		{Type.PinSubCategoryObject.Get(), Type.PinValueType.TerminalSubCategoryObject.Get()})
+	for (const UObject* const Object : {Type.PinSubCategoryObject.Get(),
+			 Type.PinValueType.TerminalSubCategoryObject.Get(), Type.PinSubCategoryMemberReference.MemberParent})
 	{
 		const UClass* const Class = Cast<UClass>(Object);
 		const UObject* const Missing = Class ? FMissingObjects::FindMissingParent(Class) : Object;

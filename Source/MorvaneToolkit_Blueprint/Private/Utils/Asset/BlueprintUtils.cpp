@@ -31,6 +31,13 @@ static UBlueprint* OfMap(UObject* Asset)
 	const UWorld* const World = Cast<UWorld>(Asset);
 	return World && World->PersistentLevel ? World->PersistentLevel->GetLevelScriptBlueprint(true) : nullptr;
 }
+
+/** What a package is saved for: the Blueprint, or the map that it belongs to. */
+static UObject* AssetOf(UBlueprint* Blueprint)
+{
+	UWorld* const World = Blueprint->GetTypedOuter<UWorld>();
+	return World ? static_cast<UObject*>(World) : Blueprint;
+}
 } // namespace BlueprintLoading
 
 namespace BlueprintMaking
@@ -169,7 +176,7 @@ bool FBlueprintUtils::SaveBlueprint(UBlueprint* Blueprint)
 		Package->GetName(), FPackageName::GetAssetPackageExtension());
 	FSavePackageArgs Args;
 	Args.TopLevelFlags = static_cast<EObjectFlags>(RF_Public | RF_Standalone);
-	return UPackage::Save(Package, Blueprint, *Filename, Args).IsSuccessful();
+	return UPackage::Save(Package, BlueprintLoading::AssetOf(Blueprint), *Filename, Args).IsSuccessful();
 }
 
 void FBlueprintUtils::MarkBlueprintDirty(UBlueprint* Blueprint)

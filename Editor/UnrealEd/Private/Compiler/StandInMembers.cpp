@@ -1,5 +1,6 @@
-#include "Unresolved/StandInMembers.h"
+#include "Compiler/StandInMembers.h"
 
+#include "Compiler/StandInFields.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
@@ -8,6 +9,7 @@
 #include "K2Node_CallDelegate.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_ComponentBoundEvent.h"
+#include "K2Node_CreateDelegate.h"
 #include "K2Node_CustomEvent.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
@@ -17,7 +19,6 @@
 #include "K2Node_VariableSet.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "Standalone/MissingObjects.h"
-#include "Unresolved/StandInFields.h"
 #include "UObject/UnrealType.h"
 
 namespace StandInMembers
@@ -155,8 +156,26 @@ private:
 		}
 	}
 
+	/** Where the Blueprint's own function or event of the name starts. */
+	const UEdGraphNode* FindStart(FName Function) const
+	{
+		for (const UEdGraph* const Graph : Graphs)
+		{
+			for (const UEdGraphNode* const Node : Graph->Nodes)
+			{
+				const UK2Node_CustomEvent* const Event = Cast<UK2Node_CustomEvent>(Node);
+				const bool bEntry = Graph->GetFName() == Function && Node && Node->IsA<UK2Node_FunctionEntry>();
+				if (bEntry || (Event && Event->CustomFunctionName == Function))
+				{
+					return Node;
+				}
+			}
+		}
+		return nullptr;
+	}
+
 	/** What is bound to a dispatcher, or what it is called with, tells its parameters. */
-	static TArray<const UEdGraphPin*> ParametersOf(const UK2Node_BaseMCDelegate& Node)
+	TArray<const UEdGraphPin*> ParametersOf(const UK2Node_BaseMCDelegate& Node) const
 	{
 		if (Node.IsA<UK2Node_CallDelegate>())
 		{
@@ -165,10 +184,12 @@ private:
 		const UEdGraphPin* const Bound = Node.GetDelegatePin();
 		for (const UEdGraphPin* const Link : Bound ? Bound->LinkedTo : TArray<UEdGraphPin*>())
 		{
-			const UK2Node_CustomEvent* const Event = Cast<UK2Node_CustomEvent>(Link->GetOwningNodeUnchecked());
-			if (Event)
+			const UEdGraphNode* const Linked = Link->GetOwningNodeUnchecked();
+			const UK2Node_CreateDelegate* const Create = Cast<UK2Node_CreateDelegate>(Linked);
+			const UEdGraphNode* const Start = Create ? FindStart(Create->GetFunctionName()) : Linked;
+			if (Start && (Start->IsA<UK2Node_CustomEvent>() || Start->IsA<UK2Node_FunctionEntry>()))
 			{
-				return FParameters::Of(Event, EGPD_Output);
+				return FParameters::Of(Start, EGPD_Output);
 			}
 		}
 		return TArray<const UEdGraphPin*>();

@@ -1,4 +1,4 @@
-#include "Unresolved/StandInFields.h"
+#include "Compiler/StandInFields.h"
 
 #include "Compiler/BlueprintClassBuilder.h"
 #include "Compiler/PinTypeProperty.h"

@@ -1,0 +1,276 @@
+// Real files of the engine's editor, run over where they lie (see BinarySamplesTest): what a copy of each compiles to,
+// and whether each of its graphs is the same after it was copied out and pasted into a Blueprint that has what it
+// needs.
+
+#include "BinaryPackage/BinaryPackageText.h"
+#include "BlueprintUtils.h"
+#include "ClipboardText.h"
+#include "Engine/Blueprint.h"
+#include "GraphText.h"
+#include "Misc/PackageName.h"
+#include "Session/EditorModules.h"
+#include "Standalone/MissingObjects.h"
+#include "Standalone/PackageText.h"
+#include "Standalone/Project.h"
+#include "TemporaryFolder.h"
+#include "UObject/Package.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <iterator>
+#include <map>
+#include <regex>
+
+#include <gtest/gtest.h>
+
+namespace BinarySampleGraphsTest
+{
+namespace fs = std::filesystem;
+
+/** What went wrong, in words that files have in common, with how many of what it happened to and where first. */
+class FReasons
+{
+public:
+	void Add(const std::string& Text, const std::string& Where)
+	{
+		if (std::getenv("MORVANE_BINARY_WARNINGS"))
+		{
+			std::printf("%s: %s\n", Where.c_str(), Text.c_str());
+		}
+		std::string Common = Text.substr(Text.find("] ") == std::string::npos ? 0 : Text.find("] ") + 2);
+		Common = std::regex_replace(Common, std::regex("[\"'][^\"']*[\"']"), "'..'");
+		Common = std::regex_replace(Common, std::regex("[0-9A-F]{7,}|[0-9]+"), "#");
+		Common = std::regex_replace(Common.substr(0, Common.find('\n')), std::regex(" \\[Nodes.*"), "");
+		auto& [Num, First] = Rows[Common.substr(0, 140)];
+		++Num;
+		First = First.empty() ? Where : First;
+	}
+	void Print(const char* Title) const
+	{
+		std::vector<std::pair<std::string, std::pair<int, std::string>>> Sorted(Rows.begin(), Rows.end());
+		std::stable_sort(Sorted.begin(), Sorted.end(),
+			[](const auto& Left, const auto& Right) { return Left.second.first > Right.second.first; });
+		std::printf("%s\n", Title);
+		for (const auto& [Text, Row] : Sorted)
+		{
+			std::printf("%5d  %s  (%s)\n", Row.first, Text.c_str(), Row.second.c_str());
+		}
+	}
+
+private:
+	std::map<std::string, std::pair<int, std::string>> Rows;
+};
+
+struct FTotals
+{
+	int NumBlueprints = 0;
+	int NumClean = 0;
+	int NumGraphs = 0;
+	int NumSameGraphs = 0;
+	int NumNodes = 0;
+	int NumSameNodes = 0;
+	FReasons CompileReasons;
+	FReasons PasteReasons;
+};
+
+static std::string ReadFile(const fs::path& Path)
+{
+	std::ifstream File(Path, std::ios::binary);
+	return std::string(std::istreambuf_iterator<char>(File), {});
+}
+
+static std::vector<fs::path> FindSamples()
+{
+	const char* const Folder = std::getenv("MORVANE_BINARY_SAMPLES");
+	std::vector<fs::path> Files;
+	for (const fs::directory_entry& Entry : Folder&& fs::is_directory(Folder) ? fs::recursive_directory_iterator(Folder)
+																			  : fs::recursive_directory_iterator())
+	{
+		if (Entry.path().extension() == ".uasset" || Entry.path().extension() == ".umap")
+		{
+			Files.push_back(Entry.path());
+		}
+	}
+	std::sort(Files.begin(), Files.end());
+	return Files;
+}
+
+/** As a package is named after its asset. */
+static std::string FindAssetName(const fs::path& File)
+{
+	FPackageText::FHeader Header;
+	std::string Ignored;
+	ReadBinaryHeader(ReadFile(File), "/Game/None", Header, Ignored);
+	return ToStd(Header.AssetName);
+}
+
+/** The file twice in a project: one to copy from, one to paste into. */
+class FSample
+{
+public:
+	explicit FSample(const fs::path& File)
+		: Name(FindAssetName(File))
+	{
+		EditorModules::StartTools();
+		EditorModules::StartEditor();
+		FString Error;
+		EXPECT_TRUE(FProject::Open(Project.Get(), Error)) << ToStd(Error);
+		// A neighbour of the editor's: what is missing beside it may lie anywhere.
+		Project.Write("Content/Other.uasset", ReadFile(File));
+		Source = Load(File, "/Game/From/" + Name);
+		Target = Load(File, "/Game/Into/" + Name);
+	}
+	~FSample()
+	{
+		for (const std::string& Package : {"/Game/From/" + Name, "/Game/Into/" + Name})
+		{
+			if (UPackage* const Loaded = FindPackage(nullptr, *FromUtf8(Package)))
+			{
+				Loaded->MarkAsGarbage();
+			}
+		}
+		FProject::Close();
+		CollectGarbage();
+		FPackageText::TakeProblems();
+		FMissingObjects::TakeAsked();
+	}
+	FSample(const FSample&) = delete;
+	FSample& operator=(const FSample&) = delete;
+
+	/** The text, as it is said of the Blueprint that is pasted into. */
+	std::string Retargeted(std::string Text) const
+	{
+		const std::string From = "/Game/From/" + Name;
+		for (std::size_t At = Text.find(From); At != std::string::npos; At = Text.find(From, At))
+		{
+			Text.replace(At, From.size(), "/Game/Into/" + Name);
+		}
+		return Text;
+	}
+
+	const std::string Name;
+	UBlueprint* Source = nullptr;
+	UBlueprint* Target = nullptr;
+
+private:
+	UBlueprint* Load(const fs::path& File, const std::string& Package) const
+	{
+		FBinaryPackageFindings Ignored;
+		std::string Text;
+		std::string Refusal;
+		if (!MakePackageTextOfBinary(ReadFile(File), Package, Text, Ignored, Refusal))
+		{
+			return nullptr;
+		}
+		Project.Write("Content" + Package.substr(5) + ".uatext", Text);
+		return FBlueprintUtils::TryLoadBlueprint(FromUtf8(Package));
+	}
+
+	FTemporaryFolder Project;
+};
+
+static void Compile(const FSample& Sample, FTotals& Totals)
+{
+	TArray<FString> Errors;
+	TArray<FString> Warnings;
+	++Totals.NumBlueprints;
+	Totals.NumClean += FBlueprintUtils::CompileBlueprintWithResults(Sample.Source, false, Errors, Warnings) ? 1 : 0;
+	for (const FString& Error : Errors)
+	{
+		Totals.CompileReasons.Add(ToStd(Error), Sample.Name);
+	}
+}
+
+/** Pins by what they are and hold. What is shown of them (names, tips, folding) is this engine's, whichever wrote the
+ * file, and so are properties that nodes keep for their next reconstruction. */
+static FGraphTextNode WithoutLooks(FGraphTextNode Node)
+{
+	static constexpr const char* Kept[] = {"PinName=", "Direction=", "PinType.PinCategory=", "PinType.ContainerType=",
+		"PinType.PinSubCategoryObject=", "DefaultValue=", "DefaultObject=", "DefaultTextValue="};
+	for (std::vector<std::string>& Pin : Node.Pins)
+	{
+		std::erase_if(Pin,
+			[](const std::string& Field)
+			{
+				return std::none_of(
+					std::begin(Kept), std::end(Kept), [&Field](const char* Key) { return Field.starts_with(Key); });
+			});
+	}
+	Node.Properties.clear();
+	return Node;
+}
+
+static void PasteGraph(const FSample& Sample, const UEdGraph& From, UEdGraph& Into, FTotals& Totals)
+{
+	TArray<UEdGraphNode*> Nodes;
+	From.GetNodesOfClass(Nodes);
+	const std::string Text = Sample.Retargeted(ClipboardTests::Copy(Nodes));
+	while (!Into.Nodes.IsEmpty())
+	{
+		Into.Nodes.Last()->DestroyNode();
+	}
+	const std::vector<FGraphTextNode> Before = ReadGraphText(Text);
+	const std::vector<FGraphTextNode> After = ReadGraphText(ClipboardTests::Copy(ClipboardTests::Paste(&Into, Text)));
+	const std::string Where = Sample.Name + ":" + ToStd(From.GetName());
+	int NumSame = 0;
+	for (std::size_t Index = 0; Index < Before.size(); ++Index)
+	{
+		const std::string Difference = Index < After.size()
+			? FindDifference({WithoutLooks(Before[Index])}, {WithoutLooks(After[Index])})
+			: "the node is not there";
+		NumSame += Difference.empty() ? 1 : 0;
+		if (!Difference.empty())
+		{
+			Totals.PasteReasons.Add(Difference, Where);
+		}
+	}
+	Totals.NumNodes += static_cast<int>(Before.size());
+	Totals.NumSameNodes += NumSame;
+	++Totals.NumGraphs;
+	Totals.NumSameGraphs += Before.size() == After.size() && NumSame == static_cast<int>(Before.size()) ? 1 : 0;
+}
+
+static void PasteAll(const FSample& Sample, FTotals& Totals)
+{
+	TArray<UEdGraph*> From;
+	Sample.Source->GetAllGraphs(From);
+	for (const UEdGraph* const Graph : From)
+	{
+		UEdGraph* const Into = FindObject<UEdGraph>(Sample.Target, *Graph->GetName());
+		// A graph inside another is part of the text of the node that it belongs to.
+		if (Graph->GetOuter() == Sample.Source && Into)
+		{
+			PasteGraph(Sample, *Graph, *Into, Totals);
+		}
+	}
+}
+} // namespace BinarySampleGraphsTest
+
+TEST(BinarySamples, CompileAndGoThroughTheClipboard)
+{
+	using namespace BinarySampleGraphsTest;
+	const std::vector<fs::path> Files = FindSamples();
+	if (Files.empty())
+	{
+		GTEST_SKIP() << "MORVANE_BINARY_SAMPLES names no folder with samples";
+	}
+	FTotals Totals;
+	for (const fs::path& File : Files)
+	{
+		const FSample Sample(File);
+		if (Sample.Source && Sample.Target)
+		{
+			PasteAll(Sample, Totals);
+			Compile(Sample, Totals);
+		}
+	}
+	std::printf("compiled copies: %d of %d without an error\n", Totals.NumClean, Totals.NumBlueprints);
+	Totals.CompileReasons.Print("errors, and the first file with each:");
+	std::printf("pasted graphs: %d of %d the same; nodes: %d of %d\n", Totals.NumSameGraphs, Totals.NumGraphs,
+		Totals.NumSameNodes, Totals.NumNodes);
+	Totals.PasteReasons.Print("differences, and the first graph with each:");
+	EXPECT_GT(Totals.NumBlueprints, 0);
+	EXPECT_GT(Totals.NumClean, 0);
+	EXPECT_GT(Totals.NumSameNodes, 0);
+}
