@@ -42,6 +42,11 @@ private:
 	// The menu road.
 	UEdGraphNode* PerformBestAction();
 	FString DescribeTopCandidates() const;
+	/** Node, or in its place the node of a candidate of the same title that fits the request's pins better. */
+	UEdGraphNode* ChooseNamesake(UEdGraphNode* Node);
+	/** How many of the asked pins a node has, with the wire fitting where its other end stands already. */
+	int32 CountFittingPins(const UEdGraphNode& Node) const;
+	bool FitsWire(const UEdGraphPin& Pin, const FBPAskedPin& Asked) const;
 
 	// Nodes that are told by their class and one name, without a look at the menu.
 	/** One that a graph has once and that stands already: where a function begins and ends, a timeline; else null. */

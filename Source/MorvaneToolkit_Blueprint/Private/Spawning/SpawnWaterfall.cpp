@@ -236,10 +236,12 @@ UEdGraphNode* FSpawnAttempt::PerformBestAction()
 	{
 		return Fail(TEXT("[Failure] Matched CAM action is invalid \u2013 cannot spawn node"));
 	}
+	const int32 NumBefore = Graph.Nodes.Num();
 	UEdGraphNode* const Node = Best.Action->PerformAction(&Graph, nullptr, FVector2f(Position), true);
 	if (Node)
 	{
-		return Node;
+		// A node that stood already is the only one of its kind.
+		return Graph.Nodes.Num() > NumBefore ? ChooseNamesake(Node) : Node;
 	}
 	return Fail(FString::Printf(
 		TEXT(

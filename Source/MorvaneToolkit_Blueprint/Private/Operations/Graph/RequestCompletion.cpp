@@ -56,31 +56,57 @@ static bool IsTargetPin(const FString& PinName)
 		|| PinName.Equals(TEXT("target"), ESearchCase::IgnoreCase);
 }
 
-/** The ids of the nodes whose target a wire enters. */
-static TSet<FString> FindWiredTargets(const TArray<TSharedPtr<FJsonValue>>& Connections)
+/** The wires that the request asks for. */
+static TArray<FBPConnectionModification> ReadWires(const TArray<TSharedPtr<FJsonValue>>* Connections)
 {
-	TSet<FString> Ids;
-	for (const TSharedPtr<FJsonValue>& Value : Connections)
+	TArray<FBPConnectionModification> Wires;
+	for (const TSharedPtr<FJsonValue>& Value : Connections ? *Connections : TArray<TSharedPtr<FJsonValue>>())
 	{
-		FBPConnectionModification Connection;
-		if (PopulateRecords::ParseConnection(Value, Connection) && Connection.Action == EBPConnectionAction::Add
-			&& IsTargetPin(Connection.TargetPinName))
+		FBPConnectionModification Wire;
+		if (PopulateRecords::ParseConnection(Value, Wire) && Wire.Action == EBPConnectionAction::Add)
 		{
-			Ids.Add(Connection.TargetNodeGuid);
+			Wires.Add(MoveTemp(Wire));
 		}
 	}
-	return Ids;
+	return Wires;
+}
+
+/** Each wire is told to the records at its ends. */
+static void TellWires(TArray<FBPNodeModification>& Nodes, const TArray<FBPConnectionModification>& Wires)
+{
+	TMap<FString, int32> Indices;
+	for (int32 Index = 0; Index < Nodes.Num(); ++Index)
+	{
+		Indices.Add(Nodes[Index].NodeGuid, Index);
+	}
+	for (const FBPConnectionModification& Wire : Wires)
+	{
+		if (const int32* const Source = Indices.Find(Wire.SourceNodeGuid))
+		{
+			Nodes[*Source].AskedPins.Add({Wire.SourcePinName, true, Wire.TargetNodeGuid, Wire.TargetPinName});
+		}
+		if (const int32* const Target = Indices.Find(Wire.TargetNodeGuid))
+		{
+			Nodes[*Target].AskedPins.Add({Wire.TargetPinName, false, Wire.SourceNodeGuid, Wire.SourcePinName});
+			Nodes[*Target].bTargetIsWired |= IsTargetPin(Wire.TargetPinName);
+		}
+	}
 }
 } // namespace RequestCompletionPrivate
 
 void RequestCompletion::Complete(TArray<FBPNodeModification>& Nodes, const TArray<TSharedPtr<FJsonValue>>* Connections)
 {
-	const TSet<FString> Wired = Connections ? RequestCompletionPrivate::FindWiredTargets(*Connections)
-											: TSet<FString>();
 	for (FBPNodeModification& Record : Nodes)
 	{
 		RequestCompletionPrivate::NameEvent(Record);
 		RequestCompletionPrivate::TitleBoundEvent(Record);
-		Record.bTargetIsWired = Wired.Contains(Record.NodeGuid);
+		for (const FBPPinModification& Pin : Record.Pins)
+		{
+			if (Pin.Action == EBPNodeAction::Modify)
+			{
+				Record.AskedPins.Add({Pin.Name, false, FString(), FString()});
+			}
+		}
 	}
+	RequestCompletionPrivate::TellWires(Nodes, RequestCompletionPrivate::ReadWires(Connections));
 }

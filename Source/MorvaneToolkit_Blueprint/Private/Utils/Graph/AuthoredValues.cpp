@@ -100,6 +100,13 @@ static FTree Parse(const FString& Value)
 	return Tree;
 }
 
+/** The name that an author gave a member of a struct of the project; its own carries a guid behind it. */
+static FString ShownName(const FProperty& Member)
+{
+	const FString& Given = Member.GetMetaData(FBlueprintMetadata::MD_DisplayName);
+	return Given.IsEmpty() ? Member.GetName() : Given;
+}
+
 static const FProperty* FindMember(const UScriptStruct& Struct, const FString& Key)
 {
 	const FString Wanted = LooseNames::Squeeze(Key);
@@ -107,7 +114,7 @@ static const FProperty* FindMember(const UScriptStruct& Struct, const FString& K
 	for (TFieldIterator<FProperty> It(&Struct); It; ++It)
 	{
 		const FString Name = LooseNames::Squeeze(It->GetName());
-		if (Name == Wanted)
+		if (Name == Wanted || LooseNames::Squeeze(ShownName(**It)) == Wanted)
 		{
 			return *It;
 		}
@@ -330,7 +337,7 @@ FString AuthoredValues::DescribeForm(const UEdGraphPin& Pin)
 	{
 		if (Members.Num() < MostShown)
 		{
-			Members.Add(Member->GetName() + TEXT("=..."));
+			Members.Add(AuthoredValuesText::ShownName(*Member) + TEXT("=..."));
 		}
 	}
 	return TEXT("(") + FString::Join(Members, TEXT(",")) + TEXT(")");

@@ -51,6 +51,16 @@ struct FBPPinModification
 	TOptional<FBPPinType> Type;
 };
 
+/** A pin that a request expects of a node, because it gives it a value or a wire. */
+struct FBPAskedPin
+{
+	FString Name;
+	bool bOutput = false;
+	/** The other end of the wire; both empty for a value. */
+	FString OtherNodeGuid;
+	FString OtherPinName;
+};
+
 struct FBPNodeModification
 {
 	/** Null when the key is absent: a key that is present and empty is not null. */
@@ -74,6 +84,8 @@ struct FBPNodeModification
 	bool bExactMatch = false;
 	/** A wire of the same request enters the node's target, so the request tells whose the member is. */
 	bool bTargetIsWired = false;
+	/** All pins that the request speaks of; of actions of one title, the one is meant that has them. */
+	TArray<FBPAskedPin> AskedPins;
 	/** In the order of the request. */
 	TArray<FBPPinModification> Pins;
 };
