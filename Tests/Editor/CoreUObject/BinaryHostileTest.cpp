@@ -87,7 +87,13 @@ static int GetNumChanges()
 	return Asked ? std::atoi(Asked) : 2000;
 }
 
-#if defined(__SANITIZE_ADDRESS__) || (defined(__has_feature) && __has_feature(address_sanitizer))
+#ifdef __has_feature
+#define MORVANE_HAS_FEATURE(Name) __has_feature(Name)
+#else
+#define MORVANE_HAS_FEATURE(Name) 0
+#endif
+
+#if defined(__SANITIZE_ADDRESS__) || MORVANE_HAS_FEATURE(address_sanitizer)
 constexpr bool bMemoryCanBeBounded = false;
 #else
 constexpr bool bMemoryCanBeBounded = true;
@@ -203,7 +209,7 @@ TEST(BinaryRefusal, DamageIsToldWithItsPlace)
 		{"Generations.Count", -2, "the package is damaged: its head ends or breaks off at byte "},
 		{"Cooked.Count", 0x7FFFFFFF, "the package is damaged: its head ends or breaks off at byte "},
 	};
-	for (const std::string& Engine : {"4.20", "5.7"})
+	for (const std::string Engine : {"4.20", "5.7"})
 	{
 		for (const auto& Row : Rows)
 		{
@@ -233,7 +239,7 @@ TEST(BinaryRefusal, ALaterEngineIsReadAsFarAsItsBoundsHold)
 TEST(BinaryHostile, AFileCutOffAtAnyByteIsRefused)
 {
 	using namespace BinaryHostileTest;
-	for (const std::string& Engine : {"4.13", "4.27", "5.7"})
+	for (const std::string Engine : {"4.13", "4.27", "5.7"})
 	{
 		const FTestPackage::FWritten Written = WriteSmall(Engine);
 		std::size_t NumRead = 0;
@@ -261,7 +267,7 @@ TEST(BinaryHostile, RandomChangesAreToldOrRead)
 {
 	using namespace BinaryHostileTest;
 	std::vector<std::string> Files;
-	for (const std::string& Engine : {"4.13", "4.27", "5.1", "5.7"})
+	for (const std::string Engine : {"4.13", "4.27", "5.1", "5.7"})
 	{
 		for (const SmallBlueprint::FExtra Extra : BinaryTestValues::All())
 		{

@@ -228,7 +228,7 @@ TEST(BinaryValues, WhatIsNotUnderstoodCostsThatValueAlone)
 		Out.Tag("NoZero", {"StrProperty", {}}, Unending.Bytes);
 		Out.Tag("After", IntType, Number<int32_t>(42));
 	};
-	for (const std::string& Engine : {"4.27", "5.7"})
+	for (const std::string Engine : {"4.27", "5.7"})
 	{
 		SCOPED_TRACE(Engine);
 		const FBinaryOutcome Outcome = ReadBinary(

@@ -15,7 +15,7 @@ TEST(BinarySeeds, AreWhatTheWriterMakes)
 {
 	const std::filesystem::path Folder = MORVANE_SOURCE_DIR "/Tests/Fuzz/Seeds/BinaryFuzz";
 	std::map<std::string, std::string> Wanted;
-	for (const std::string& Engine : {"4.13", "4.20", "4.27", "5.1", "5.7"})
+	for (const std::string Engine : {"4.13", "4.20", "4.27", "5.1", "5.7"})
 	{
 		Wanted[Engine] = SmallBlueprint::Make(FPackageLayout::Of(Engine)).Write().Bytes;
 	}

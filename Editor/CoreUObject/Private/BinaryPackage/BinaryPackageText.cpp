@@ -367,7 +367,8 @@ private:
 			Line(Depth,
 				"CustomProperties UserDefinedPin (PinName=" + BinaryText::Quote(Pin.Name)
 					+ ",PinType=" + Pin.Type.ToText() + (Pin.bOutput ? ",DesiredPinDirection=EGPD_Output" : "")
-					+ (Pin.DefaultValue.empty() ? "" : ",PinDefaultValue=" + BinaryText::Quote(Pin.DefaultValue)) + ")");
+					+ (Pin.DefaultValue.empty() ? "" : ",PinDefaultValue=" + BinaryText::Quote(Pin.DefaultValue))
+					+ ")");
 		}
 		for (const FBinaryPin& Pin : Node.Pins)
 		{
