@@ -108,7 +108,7 @@ TEST(RequestCompletion, AWireIntoItsTargetTellsWhoseAVariableIs)
 	Run.Populate(R"("nodes":[)" + Arm + Exact + R"(],"connections":[])");
 	EXPECT_THAT(Run.Told(), Contains(HasSubstr("source_class=present, owner_guid=missing, owner_pin=missing")));
 	Run.Populate(R"("nodes":[)" + Arm + Titled + "]");
-	EXPECT_THAT(Run.Told(), Contains(HasSubstr("does not exist in blueprint")));
+	EXPECT_THAT(Run.Told(), Contains(HasSubstr("is a variable of class 'SpringArmComponent'")));
 }
 
 TEST(RequestCompletion, AFunctionsEndsAreThoseThatStand)

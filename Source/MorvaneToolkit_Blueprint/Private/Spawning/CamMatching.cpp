@@ -113,7 +113,7 @@ TArray<FCamCandidate> FBlueprintCamMatching::FindCamMatches(
 	const FBPNodeModification& Record, const FSharedActionMenu& Menu)
 {
 	FCamSearch Search(Menu);
-	return Search.Find(Record.MenuTitle, Record.ClassName);
+	return Search.Find(Record.MenuTitle, Record.ClassName, Record.bTargetIsWired);
 }
 
 FString FBlueprintCamMatching::ExplainRefusal(const FBPNodeModification& Record, const FSharedActionMenu& Menu)

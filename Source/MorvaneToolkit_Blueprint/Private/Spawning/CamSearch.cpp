@@ -109,10 +109,10 @@ FCamSearch::FCamSearch(const FSharedActionMenu& InMenu)
 	Scope.GetVariableKind = [this](const FString& Name) { return GetVariableKind(Name); };
 }
 
-TArray<FCamCandidate> FCamSearch::Find(const FString& MenuTitle, const FString& NodeClass)
+TArray<FCamCandidate> FCamSearch::Find(const FString& MenuTitle, const FString& NodeClass, bool bTargetIsWired)
 {
 	TArray<FCamCandidate> Candidates;
-	for (const FKeywordHit& Hit : FindHits(MenuTitle, NodeClass))
+	for (const FKeywordHit& Hit : FindHits(MenuTitle, NodeClass, bTargetIsWired))
 	{
 		if (Candidates.Num() < FBlueprintCamMatching::MaxShown)
 		{
@@ -122,7 +122,7 @@ TArray<FCamCandidate> FCamSearch::Find(const FString& MenuTitle, const FString& 
 	return Candidates;
 }
 
-FCamSearch::FHits FCamSearch::FindHits(const FString& MenuTitle, const FString& NodeClass)
+FCamSearch::FHits FCamSearch::FindHits(const FString& MenuTitle, const FString& NodeClass, bool bTargetIsWired)
 {
 	FRequestReadings Readings;
 	FHits Named = FindNamed(MenuTitle, NodeClass, Readings);
@@ -130,12 +130,13 @@ FCamSearch::FHits FCamSearch::FindHits(const FString& MenuTitle, const FString& 
 	{
 		return Named;
 	}
-	FHits Tasks = Index.FindNamed(MenuTitle, NodeClass, true)
-					  .FilterByPredicate([this](const FKeywordHit& Hit)
-						  { return Index.MakeCandidate(Hit).NodeClass.Contains(TEXT("Latent")); });
-	if (!Tasks.IsEmpty())
+	// Behind everything else, and still what was named.
+	FHits Last = Index.FindNamed(MenuTitle, NodeClass, true)
+					 .FilterByPredicate([this, bTargetIsWired](const FKeywordHit& Hit)
+						 { return bTargetIsWired || Index.MakeCandidate(Hit).NodeClass.Contains(TEXT("Latent")); });
+	if (!Last.IsEmpty())
 	{
-		return Tasks; // behind everything else, and still what was named
+		return Last;
 	}
 	FHits Hits = Index.FindBest(MenuTitle, NodeClass);
 	PutOwnFirst(Hits);

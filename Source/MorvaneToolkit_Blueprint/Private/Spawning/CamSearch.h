@@ -9,15 +9,16 @@ class FCamSearch
 public:
 	explicit FCamSearch(const FSharedActionMenu& InMenu);
 
-	/** Best first, as many as are shown. */
-	TArray<FCamCandidate> Find(const FString& MenuTitle, const FString& NodeClass);
+	/** Best first, as many as are shown. A request whose target is wired may mean a variable of what the wire brings.
+	 */
+	TArray<FCamCandidate> Find(const FString& MenuTitle, const FString& NodeClass, bool bTargetIsWired = false);
 	/** Why nothing was found that exists elsewhere; empty when nothing is known of it. */
 	FString Explain(const FString& MenuTitle, const FString& NodeClass);
 
 private:
 	using FHits = TArray<FKeywordHit>;
 
-	FHits FindHits(const FString& MenuTitle, const FString& NodeClass);
+	FHits FindHits(const FString& MenuTitle, const FString& NodeClass, bool bTargetIsWired);
 	/** What was named as a whole, by the request as it stands or by a reading of it; empty when nothing was. */
 	FHits FindNamed(const FString& MenuTitle, const FString& NodeClass, FRequestReadings& OutReadings);
 	FHits FindReading(const FRequestReading& Reading);
