@@ -1,5 +1,6 @@
 #include "TestIsolation.h"
 
+#include "Session/EditorModules.h"
 #include "Standalone/Project.h"
 #include "UObject/Package.h"
 #include "UObject/UObjectGlobals.h"
@@ -26,6 +27,8 @@ namespace TestIsolation
 {
 class FOwnProject final : public testing::EmptyTestEventListener
 {
+	/** All of the editor, as in the program: a native class must be known before data of its path is asked for. */
+	void OnTestProgramStart(const testing::UnitTest&) override { EditorModules::StartEditor(); }
 	/** Tests run operations without the tool around them, which begins a call. */
 	void OnTestStart(const testing::TestInfo&) override { FReadBudget::Begin(); }
 	void OnTestEnd(const testing::TestInfo&) override { CloseProject(); }
