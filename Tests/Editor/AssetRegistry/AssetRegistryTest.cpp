@@ -58,11 +58,13 @@ protected:
 		}
 		return ToUtf8(FString::Join(Paths, TEXT(" ")));
 	}
+	/** Of the project; the engine's macros stand in memory once a menu was made. */
 	static std::string All()
 	{
 		TArray<FAssetData> Assets;
 		Registry().GetAllAssets(Assets);
-		return Names(Assets);
+		return Names(Assets.FilterByPredicate(
+			[](const FAssetData& Asset) { return !Asset.PackageName.ToString().StartsWith(TEXT("/Engine/")); }));
 	}
 	static FAssetData Find(const TCHAR* Path) { return Registry().GetAssetByObjectPath(FSoftObjectPath(Path)); }
 

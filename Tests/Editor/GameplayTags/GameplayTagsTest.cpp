@@ -48,7 +48,7 @@ TEST_F(GameplayTags, AreThoseOfTheProjectsFilesWithAllAboveThem)
 	{
 		const bool bOfTheFiles = OfTheFiles.Contains(Name);
 		NumFound += bOfTheFiles ? 1 : 0;
-		EXPECT_TRUE(bOfTheFiles || Name.ToString().StartsWith(TEXT("Native."))) << ToStd(Name.ToString());
+		EXPECT_TRUE(bOfTheFiles || Name.ToString().StartsWith(TEXT("Native"))) << ToStd(Name.ToString());
 	}
 	EXPECT_EQ(NumFound, OfTheFiles.Num());
 }
