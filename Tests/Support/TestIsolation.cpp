@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 void TestIsolation::CloseProject()
 {
 	for (TObjectIterator<UPackage> Package; Package; ++Package)
@@ -28,7 +30,15 @@ namespace TestIsolation
 class FOwnProject final : public testing::EmptyTestEventListener
 {
 	/** All of the editor, as in the program: a native class must be known before data of its path is asked for. */
-	void OnTestProgramStart(const testing::UnitTest&) override { EditorModules::StartEditor(); }
+	void OnTestProgramStart(const testing::UnitTest&) override
+	{
+		// Whoever runs the tests in the background hands signals down as ignored, and a server heeds that.
+		for (const int Signal : {SIGHUP, SIGINT, SIGTERM})
+		{
+			std::signal(Signal, SIG_DFL);
+		}
+		EditorModules::StartEditor();
+	}
 	/** Tests run operations without the tool around them, which begins a call. */
 	void OnTestStart(const testing::TestInfo&) override { FReadBudget::Begin(); }
 	void OnTestEnd(const testing::TestInfo&) override { CloseProject(); }
