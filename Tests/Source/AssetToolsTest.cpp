@@ -116,6 +116,22 @@ TEST(CreateTool, ParentThatCannotBeOneIsRefused)
 		EXPECT_THAT(Errors(AssetToolsTest::Create("/Game/New/BP_New", Parent)),
 			ElementsAre(std::string("Parent class '") + Parent + "' is not valid for Blueprint creation."));
 	}
+	const struct
+	{
+		const char* Parent;
+		const char* Told;
+	} Near[] = {
+		{"Actor", "a native class goes by its path, such as '/Script/Engine.Actor'"},
+		{"AActor", "a native class goes by its path, such as '/Script/Engine.Actor'"},
+		{"/Script/Engine.ACharacter", "a native class goes by its path, such as '/Script/Engine.Character'"},
+		{"/Game/Tests/BP_Test", "'/Game/Tests/BP_Test' is a Blueprint, whose type is \"blueprint\""},
+	};
+	for (const auto& [Parent, Told] : Near)
+	{
+		EXPECT_THAT(Warnings(AssetToolsTest::Create("/Game/New/BP_New", Parent)),
+			ElementsAre(std::string("[Failure] Parent class '") + Parent + "': " + Told));
+	}
+	EXPECT_THAT(Warnings(AssetToolsTest::Create("/Game/New/BP_New", "/Script/CoreUObject.Class")), IsEmpty());
 	EXPECT_THAT(Errors(AssetToolsTest::Create("/Game/New/BP_New", "/Game/No/Such", "blueprint")),
 		ElementsAre("Failed to find or load blueprint: /Game/No/Such"));
 	EXPECT_FALSE(FBlueprintUtils::BlueprintExists(TEXT("/Game/New/BP_New.BP_New")));

@@ -3,6 +3,7 @@
 #include "Utils/Graph/LooseNames.h"
 #include "EdGraphSchema_K2.h"
 #include "Populating.h"
+#include "Utils/Graph/PinConnections.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -29,6 +30,44 @@ static std::string NameOf(const UEdGraphPin* Pin)
 } // namespace LooseNamesTest
 
 using namespace LooseNamesTest;
+
+TEST(LooseNames, TheLastWordsOfANameStandForItWhereNoOtherPinEndsSo)
+{
+	FPopulating Run(TEXT("/Script/Engine.Character"));
+	Run.Nodes(CallNode("print", "KismetSystemLibrary", "PrintString") + ","
+		+ CallNode("move", "Actor", "K2_SetActorLocation") + "," + CallNode("life", "Actor", "SetLifeSpan") + ","
+		+ CallNode("hurt", "GameplayStatics", "ApplyDamage") + ","
+		+ CallNode("sum", "KismetMathLibrary", "Add_IntInt"));
+	const struct
+	{
+		const char* Node;
+		EEdGraphPinDirection Direction;
+		const char* Asked;
+		const char* Found;
+	} Cases[] = {
+		{"life", EGPD_Input, "Lifespan", "InLifespan"},
+		{"life", EGPD_Input, "span", "none"},
+		{"move", EGPD_Input, "Location", "NewLocation"},
+		{"move", EGPD_Input, "Actor New Location", "NewLocation"},
+		{"move", EGPD_Output, "Location", "none"},
+		{"print", EGPD_Input, "Print Duration", "Duration"},
+		{"print", EGPD_Input, "color", "TextColor"},
+		{"print", EGPD_Input, "Text", "none"},
+		{"hurt", EGPD_Input, "Actor", "DamagedActor"},
+		{"hurt", EGPD_Input, "Class", "DamageTypeClass"},
+		{"sum", EGPD_Input, "value A", "none"},
+		{"sum", EGPD_Input, "execute", "none"},
+	};
+	for (const auto& Case : Cases)
+	{
+		const UEdGraphNode* const Node = Find(Run, Case.Node);
+		ASSERT_NE(Node, nullptr) << Case.Node;
+		EXPECT_EQ(
+			NameOf(FBlueprintPinUtils::FindPinWithAliases(Node, UTF8_TO_TCHAR(Case.Asked), Case.Direction, nullptr)),
+			Case.Found)
+			<< Case.Node << "." << Case.Asked;
+	}
+}
 
 TEST(LooseNames, OnePinIsFoundByWhatTheEditorShowsOrItIsFor)
 {

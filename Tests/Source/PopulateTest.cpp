@@ -277,7 +277,9 @@ TEST(PopulateRun, ABlueprintThatIsMissingIsMade)
 	const auto Made = PopulateAt(Path("BP_New"), R"("graph_name":"Heal","nodes":[)" + Print + "]");
 	EXPECT_THAT(Errors(*Made), IsEmpty());
 	EXPECT_THAT(Warnings(*Made), IsEmpty());
-	EXPECT_THAT(Successes(*Made), ElementsAre("Created 1 nodes and 0 connections in graph 'Heal'"));
+	EXPECT_THAT(Successes(*Made),
+		ElementsAre("No Blueprint stood at '/Game/Tests/BP_New', so one with parent Actor was begun",
+			"Created 1 nodes and 0 connections in graph 'Heal'"));
 	EXPECT_TRUE(Project.Blueprint.Folder().Exists("Content/Tests/BP_New.uatext"));
 	const UBlueprint* const Blueprint = FBlueprintUtils::TryLoadBlueprint(TEXT("/Game/Tests/BP_New"));
 	ASSERT_TRUE(Blueprint);

@@ -34,12 +34,9 @@ static void Discard(UBlueprint& Blueprint)
 	Package->MarkAsGarbage();
 }
 
-UBlueprint* OperationFrame::LoadOrMake(
-	const FString& Path, Morvane::FToolResult& Result, bool& bOutMade, const FFinish Finish)
+UBlueprint* OperationFrame::LoadOrMake(const FString& Path, Morvane::FToolResult& Result, const FFinish Finish)
 {
-	UBlueprint* const Loaded = FBlueprintUtils::TryLoadBlueprint(Path);
-	bOutMade = Loaded == nullptr;
-	if (Loaded)
+	if (UBlueprint* const Loaded = FBlueprintUtils::TryLoadBlueprint(Path))
 	{
 		return CheckOut(*Loaded, Result) ? Loaded : nullptr;
 	}
@@ -48,6 +45,8 @@ UBlueprint* OperationFrame::LoadOrMake(
 	if (Made && Finish(*Made, Reason))
 	{
 		Made->MarkPackageDirty();
+		Result.AddSuccessMessage(FString::Printf(TEXT("No Blueprint stood at '%s', so one with parent Actor was begun"),
+			*FBlueprintUtils::GetBlueprintPath(Made)));
 		return Made;
 	}
 	if (Made)

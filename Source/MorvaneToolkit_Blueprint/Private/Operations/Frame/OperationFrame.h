@@ -23,8 +23,9 @@ UBlueprint* LoadForEdit(const FString& Path, Morvane::FToolResult& Result);
 /** Finishes a Blueprint that has just been made; false with a reason, and then it is dropped again. */
 using FFinish = TFunctionRef<bool(UBlueprint& Made, FString& OutReason)>;
 /**
- * The Blueprint at a path, checked out, or where there is none a new one below AActor, in memory and dirty. The look-up
- * that fails leaves no word: a run that makes its Blueprint is a clean run. Null after an error in the result.
+ * The Blueprint at a path, checked out, or where there is none a new one below AActor, in memory and dirty, which a
+ * message tells: the path may have been misspelt. A run that makes its Blueprint is a clean run for all that. Null
+ * after an error in the result.
  */
-UBlueprint* LoadOrMake(const FString& Path, Morvane::FToolResult& Result, bool& bOutMade, FFinish Finish);
+UBlueprint* LoadOrMake(const FString& Path, Morvane::FToolResult& Result, FFinish Finish);
 } // namespace OperationFrame

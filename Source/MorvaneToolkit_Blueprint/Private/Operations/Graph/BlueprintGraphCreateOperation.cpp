@@ -172,9 +172,7 @@ void FBlueprintGraphCreateOperation::Execute(const FJsonObject& Args, Morvane::F
 		Result.AddErrorMessage(TEXT("Missing required 'functions' array with at least one entry"));
 		return;
 	}
-	bool bMade = false;
-	UBlueprint* const Blueprint = OperationFrame::LoadOrMake(
-		Path, Result, bMade, [](UBlueprint&, FString&) { return true; });
+	UBlueprint* const Blueprint = OperationFrame::LoadOrMake(Path, Result, [](UBlueprint&, FString&) { return true; });
 	if (!Blueprint)
 	{
 		return; // the loader has told why

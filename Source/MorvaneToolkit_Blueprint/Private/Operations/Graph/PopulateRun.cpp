@@ -84,8 +84,7 @@ bool FPopulateRun::ReadArguments()
 
 bool FPopulateRun::LoadOrCreateBlueprint()
 {
-	bool bMade = false;
-	Blueprint = OperationFrame::LoadOrMake(Path, Result, bMade,
+	Blueprint = OperationFrame::LoadOrMake(Path, Result,
 		[this](UBlueprint& New, FString& OutReason) { return bIsEventGraph || CreateFunction(New, OutReason); });
 	if (!Blueprint)
 	{

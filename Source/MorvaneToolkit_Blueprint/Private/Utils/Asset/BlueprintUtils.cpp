@@ -73,6 +73,25 @@ static bool ReadParentClass(const FJsonObject& Json, Morvane::FToolResult& Resul
 	return true;
 }
 
+/** Tells the class that an author may have meant by what is no class's path. */
+static void SuggestParent(const FString& Given, Morvane::FToolResult& Result)
+{
+	int32 LastDot = INDEX_NONE;
+	Given.FindLastChar(TEXT('.'), LastDot);
+	const UClass* Meant = FAssetOperationBase::GetAssetClassFromAssetName(Given);
+	Meant = Meant ? Meant : FAssetOperationBase::GetAssetClassFromAssetName(Given.Mid(LastDot + 1));
+	if (!FKismetEditorUtilities::CanCreateBlueprintOfClass(Meant))
+	{
+		return;
+	}
+	const UBlueprint* const Blueprint = UBlueprint::GetBlueprintFromClass(Meant);
+	Result.AddWarningMessage(Blueprint
+			? FString::Printf(TEXT("[Failure] Parent class '%s': '%s' is a Blueprint, whose type is \"blueprint\""),
+				*Given, *FBlueprintUtils::GetBlueprintPath(Blueprint))
+			: FString::Printf(TEXT("[Failure] Parent class '%s': a native class goes by its path, such as '%s'"),
+				*Given, *Meant->GetPathName()));
+}
+
 /** Libraries and interfaces are kinds of their own, with static functions or with functions that have no body. */
 static EBlueprintType GetType(const UClass* ParentClass)
 {
@@ -151,6 +170,7 @@ UBlueprint* FBlueprintUtils::CreateBlueprint(
 	{
 		Result.AddErrorMessage(
 			FString::Printf(TEXT("Parent class '%s' is not valid for Blueprint creation."), *ParentPath));
+		BlueprintMaking::SuggestParent(ParentPath, Result);
 		return nullptr;
 	}
 	return BlueprintMaking::MakeOfClass(Path, ParentClass, Result);

@@ -92,6 +92,30 @@ static UEdGraphPin* FindByUse(
 	const bool bForOnly = bOutput ? IsAnyOf(Wanted, ResultWords) : IsAnyOf(Wanted, ValueWords);
 	return bForOnly ? FindOnly(Pins, IsData) : nullptr;
 }
+
+/** Whether one name is the other with words before it: "New Rotation" and "Rotation", either way round. */
+static bool EndsWithWords(const FString& Long, const FString& Short)
+{
+	TArray<FString> Words;
+	FName::NameToDisplayString(Long, false).ParseIntoArrayWS(Words);
+	FString End;
+	for (int32 Index = Words.Num() - 1; Index > 0 && End.Len() < Short.Len(); --Index)
+	{
+		End = LooseNames::Squeeze(Words[Index]) + End;
+		if (End == Short)
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
+/** Visible pins of a direction that stand for something now. */
+static TArray<UEdGraphPin*> GetShown(const UEdGraphNode& Node, EEdGraphPinDirection Direction)
+{
+	return Node.Pins.FilterByPredicate([Direction](const UEdGraphPin* Pin)
+		{ return Pin && Pin->Direction == Direction && !Pin->bHidden && !Pin->bOrphanedPin; });
+}
 } // namespace LoosePinNames
 
 FString LooseNames::Squeeze(const FString& Name)
@@ -111,14 +135,7 @@ FString LooseNames::Squeeze(const FString& Name)
 UEdGraphPin* LooseNames::FindPin(const UEdGraphNode& Node, const FString& Name, EEdGraphPinDirection Direction)
 {
 	const FString Wanted = Squeeze(Name);
-	TArray<UEdGraphPin*> Pins;
-	for (UEdGraphPin* const Pin : Node.Pins)
-	{
-		if (Pin && Pin->Direction == Direction && !Pin->bHidden && !Pin->bOrphanedPin)
-		{
-			Pins.Add(Pin);
-		}
-	}
+	const TArray<UEdGraphPin*> Pins = LoosePinNames::GetShown(Node, Direction);
 	if (Wanted.IsEmpty())
 	{
 		return nullptr;
@@ -132,6 +149,21 @@ UEdGraphPin* LooseNames::FindPin(const UEdGraphNode& Node, const FString& Name, 
 	return bCalled ? LoosePinNames::FindOnly(
 			   Pins, [&Wanted](const UEdGraphPin& Pin) { return LoosePinNames::IsCalled(Pin, Wanted); })
 				   : LoosePinNames::FindByUse(Node, Wanted, Pins, Direction);
+}
+
+UEdGraphPin* LooseNames::FindPinByLastWords(
+	const UEdGraphNode& Node, const FString& Name, EEdGraphPinDirection Direction)
+{
+	// Two letters, such as the X of a vector, end too much.
+	const FString Wanted = Squeeze(Name);
+	const auto Fits = [&](const UEdGraphPin& Pin)
+	{
+		const FString Own = Squeeze(Pin.PinName.ToString());
+		return !UEdGraphSchema_K2::IsExecPin(Pin)
+			&& ((Wanted.Len() > 2 && LoosePinNames::EndsWithWords(Pin.PinName.ToString(), Wanted))
+				|| (Own.Len() > 2 && LoosePinNames::EndsWithWords(Name, Own)));
+	};
+	return LoosePinNames::FindOnly(LoosePinNames::GetShown(Node, Direction), Fits);
 }
 
 UFunction* LooseNames::FindFunction(const UClass* Class, const FString& Shown)

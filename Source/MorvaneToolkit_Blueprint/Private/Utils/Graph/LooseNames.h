@@ -21,6 +21,13 @@ FString Squeeze(const FString& Name);
 UEdGraphPin* FindPin(const UEdGraphNode& Node, const FString& Name, EEdGraphPinDirection Direction);
 
 /**
+ * The one visible data pin of the direction whose name ends with the words asked for, or they with its: "Lifespan" for
+ * "In Lifespan", "Rotation" for "New Rotation", "Print Duration" for "Duration". The last that is tried, for it says
+ * less than a whole name; null when none fits, or more than one.
+ */
+UEdGraphPin* FindPinByLastWords(const UEdGraphNode& Node, const FString& Name, EEdGraphPinDirection Direction);
+
+/**
  * The one function of the class or its parents that is shown so, "BeginPlay", "Event Begin Play" and "Parent:
  * BeginPlay" for ReceiveBeginPlay; null when none is, or more than one.
  */

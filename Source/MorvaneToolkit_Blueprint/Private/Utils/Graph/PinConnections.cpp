@@ -287,7 +287,9 @@ UEdGraphPin* FBlueprintPinUtils::FindPinWithAliases(
 	{
 		Session->CountPinDirectionFallback();
 	}
-	return Pin;
+	// An alias has a meaning of its own, which its words do not: the "return value" is no "Value" that goes in.
+	return Pin || PinConnections::FindAliases(PinName) ? Pin
+													   : LooseNames::FindPinByLastWords(*Node, PinName, Direction);
 }
 
 TArray<FString> FBlueprintPinUtils::RecordLookupFailure(

@@ -20,8 +20,9 @@ public:
 	/**
 	 * A visible pin that the name is an alias of goes before the name itself, that before a hidden pin by alias, which
 	 * is never a target, and all three before the one visible pin that the editor shows so; a pin of the other
-	 * direction comes last and is counted in the session when there is one. Ignores case. Null for a null node and for
-	 * a direction that is neither input nor output.
+	 * direction comes after them and is counted in the session when there is one, and the one pin whose name ends in
+	 * the words asked for is the last resort. Ignores case. Null for a null node and for a direction that is neither
+	 * input nor output.
 	 */
 	static UEdGraphPin* FindPinWithAliases(
 		const UEdGraphNode* Node, const FString& PinName, EEdGraphPinDirection Direction, FBPGraphSession* Session);
