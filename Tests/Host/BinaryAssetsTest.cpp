@@ -171,6 +171,40 @@ TEST(BinaryAssets, NoToolChangesOne)
 	EXPECT_EQ(FilesOf(Project), Before);
 }
 
+TEST(BinaryAssets, AFileUnderAnotherNameIsTheAssetOfThatName)
+{
+	using namespace BinaryAssetsTest;
+	for (const char* const Engine : {"4.20", "4.27", "5.7"})
+	{
+		SCOPED_TRACE(Engine);
+		const FTemporaryFolder Project;
+		Project.Write("Content/Moved/BP_New.uasset", BytesOf("/Game/BP_Small", Engine));
+		const FProcessResult Listed = RunMorvane({"assets", "--project", Project.Path()});
+		EXPECT_THAT(Listed.Output, HasSubstr("/Game/Moved/BP_New\tBlueprint\t/Script/Engine.Actor"));
+		const FProcessResult Copied = RunMorvane(
+			{"import", "/Game/Moved/BP_New", "--to", "/Game/BP_Third", "--project", Project.Path()});
+		EXPECT_EQ(Copied.Status, 0) << Copied.Output;
+		for (const std::string Path : {"/Game/Moved/BP_New", "/Game/BP_Third"})
+		{
+			const std::string Name = Path.substr(Path.rfind('/') + 1);
+			const std::vector<FAnswer> Answers = RunCalls(Project,
+				{{"read_blueprint_schema", R"({"path":")" + Path + R"("})"},
+					{"bp_populate_graph",
+						R"({"path":"/Game/BP_Asker","graph_name":"EventGraph","nodes":[{"node_guid":"a",)"
+						R"("class_name":"K2Node_DynamicCast","menu_title":"Cast To )"
+							+ Name + R"("}]})"},
+					{"compile_blueprint", R"({"blueprint_paths":["/Game/BP_Asker"]})"}});
+			for (const FAnswer& Answer : Answers)
+			{
+				EXPECT_TRUE(Answer.bSuccess) << Answer.Json;
+				EXPECT_THAT(Answer.Json, Not(HasSubstr("BP_Small")));
+			}
+			EXPECT_THAT(Answers[0].Json, AllOf(HasSubstr(Path + "." + Name), HasSubstr("EventGraph")));
+			EXPECT_EQ(Answers[1].Warnings, "");
+		}
+	}
+}
+
 TEST(BinaryAssets, AChangeOfAnotherAssetStaysOutOfThem)
 {
 	using namespace BinaryAssetsTest;

@@ -96,21 +96,12 @@ static std::vector<fs::path> FindSamples()
 	return Files;
 }
 
-/** As a package is named after its asset. */
-static std::string FindAssetName(const fs::path& File)
-{
-	FPackageText::FHeader Header;
-	std::string Ignored;
-	ReadBinaryHeader(ReadFile(File), "/Game/None", Header, Ignored);
-	return ToStd(Header.AssetName);
-}
-
 /** The file twice in a project: one to copy from, one to paste into. */
 class FSample
 {
 public:
 	explicit FSample(const fs::path& File)
-		: Name(FindAssetName(File))
+		: Name(File.stem().string())
 	{
 		EditorModules::StartTools();
 		EditorModules::StartEditor();

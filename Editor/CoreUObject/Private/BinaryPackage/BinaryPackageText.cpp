@@ -15,40 +15,12 @@
 
 namespace BinaryPackageText
 {
-/** The asset of a package goes by the package's last name. */
-static std::string LastName(const std::string& PackageName)
+/** The class that the editor noted, where the file lies now: it may have been moved or copied since. */
+static FString PathOfClass(const std::string& Noted, const FPackageText::FHeader& Header)
 {
-	return PackageName.substr(PackageName.rfind('/') + 1);
-}
-
-/** The object that bears the package's name, else the one that stands alone; 0 for a package without any. */
-static int32_t FindAsset(const FBinaryTables& Tables, const std::string& PackageName);
-
-static bool EqualsIgnoringCase(const std::string& Left, const std::string& Right)
-{
-	return FromUtf8(Left).Equals(FromUtf8(Right), ESearchCase::IgnoreCase);
-}
-
-int32_t FindAsset(const FBinaryTables& Tables, const std::string& PackageName)
-{
-	int32_t Standing = 0;
-	const std::vector<FBinaryExport>& Exports = Tables.GetExports();
-	for (std::size_t Index = 0; Index < Exports.size(); ++Index)
-	{
-		const int32_t Reference = static_cast<int32_t>(Index) + 1;
-		if (Exports[Index].Outer != 0)
-		{
-			continue;
-		}
-		if (EqualsIgnoringCase(Exports[Index].Name, LastName(PackageName)))
-		{
-			return Reference;
-		}
-		const bool bStands = (Exports[Index].Flags & BinaryFlagStandalone) != 0 && Exports[Index].Class != 0
-			&& !Tables.ClassPathOf(Reference).ends_with(".MetaData");
-		Standing = bStands && Standing == 0 ? Reference : Standing;
-	}
-	return Standing;
+	const std::string Kind = Noted.substr(0, Noted.find('\'') + 1);
+	const FString Path = Header.PackageName + TEXT(".") + Header.AssetName + TEXT("_C");
+	return Kind.empty() ? Path : FromUtf8(Kind) + Path + TEXT("'");
 }
 
 /** The tags that the editor's registry keeps of the asset, those that ours knows too. */
@@ -58,11 +30,12 @@ static void ReadRegistryTags(const FBinaryTables& Tables, const std::string_view
 	const int32_t Offset = Tables.GetSummary().RegistryOffset;
 	Cursor.Seek(static_cast<std::size_t>(Offset > 0 ? Offset : -1));
 	Cursor.Skip(Tables.GetVersions().Ue4 >= 519 ? 8 : 0);
-	static const std::set<std::string> Known = {"ParentClass", "NativeParentClass", "GeneratedClass", "BlueprintType"};
+	static const std::set<std::string> Known = {"ParentClass", "NativeParentClass", "BlueprintType"};
 	for (int32_t NumAssets = Cursor.ReadCount(12); NumAssets > 0 && !Cursor.HasFailed(); --NumAssets)
 	{
 		const std::string Name = Cursor.ReadString();
-		const bool bAsset = EqualsIgnoringCase(Name.substr(Name.rfind('.') + 1), ToUtf8(Header.AssetName));
+		const bool bAsset = FBinaryTables::EqualsIgnoringCase(
+			std::string_view(Name).substr(Name.rfind('.') + 1), Tables.GetRecordedName());
 		Cursor.ReadString();
 		for (int32_t NumTags = Cursor.ReadCount(8); NumTags > 0 && !Cursor.HasFailed(); --NumTags)
 		{
@@ -71,6 +44,10 @@ static void ReadRegistryTags(const FBinaryTables& Tables, const std::string_view
 			if (bAsset && Known.contains(Tag) && Value != "None")
 			{
 				Header.Tags.Add({FName(FromUtf8(Tag)), FromUtf8(Value)});
+			}
+			else if (bAsset && Tag == "GeneratedClass" && Value != "None")
+			{
+				Header.Tags.Add({FName(FromUtf8(Tag)), PathOfClass(Value, Header)});
 			}
 		}
 	}
@@ -116,7 +93,7 @@ static void TellMemberNames(const FBinaryTables& Tables, const int32_t Asset, FP
 static bool MakeHeader(const FBinaryTables& Tables, const std::string_view Bytes, const std::string& PackageName,
 	FPackageText::FHeader& OutHeader, std::string& OutRefusal)
 {
-	const int32_t Asset = FindAsset(Tables, PackageName);
+	const int32_t Asset = Tables.GetAsset();
 	if (Asset == 0)
 	{
 		OutRefusal = "the package holds no asset";
@@ -529,6 +506,6 @@ bool ReadBinaryHeader(const std::string_view Bytes, const std::string& PackageNa
 	{
 		return false;
 	}
-	BinaryPackageText::TellMemberNames(Tables, BinaryPackageText::FindAsset(Tables, PackageName), OutHeader);
+	BinaryPackageText::TellMemberNames(Tables, Tables.GetAsset(), OutHeader);
 	return true;
 }

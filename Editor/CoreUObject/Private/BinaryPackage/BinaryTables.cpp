@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "Containers/StringConv.h"
+
 namespace BinaryTables
 {
 /** More outers than any asset has; a file whose objects hold each other ends here. */
@@ -45,7 +47,76 @@ bool FBinaryTables::ReadHead(const std::string_view InBytes, const std::string& 
 			: "the package is damaged: its table of " + Damaged;
 		return false;
 	}
-	return BuildPaths(ImportPaths, Imports.size(), -1, OutRefusal);
+	if (!BuildPaths(ImportPaths, Imports.size(), -1, OutRefusal))
+	{
+		return false;
+	}
+	NameAssetByPackage();
+	return true;
+}
+
+bool FBinaryTables::EqualsIgnoringCase(const std::string_view Left, const std::string_view Right)
+{
+	return FromUtf8(Left).Equals(FromUtf8(Right), ESearchCase::IgnoreCase);
+}
+
+int32_t FBinaryTables::FindAsset(const std::string_view Wanted) const
+{
+	int32_t Standing = 0;
+	for (std::size_t Index = 0; Index < Exports.size(); ++Index)
+	{
+		const int32_t Reference = static_cast<int32_t>(Index) + 1;
+		if (Exports[Index].Outer != 0)
+		{
+			continue;
+		}
+		if (EqualsIgnoringCase(Exports[Index].Name, Wanted))
+		{
+			return Reference;
+		}
+		const bool bStands = (Exports[Index].Flags & BinaryFlagStandalone) != 0 && Exports[Index].Class != 0
+			&& !ClassPathOf(Reference).ends_with(".MetaData");
+		Standing = bStands && Standing == 0 ? Reference : Standing;
+	}
+	return Standing;
+}
+
+/**
+ * A package is found by its file, and an asset by its package. A file that was copied or renamed outside the editor
+ * still holds its asset under the old name; so the asset, its class and what is named after them take the new one.
+ */
+void FBinaryTables::NameAssetByPackage()
+{
+	const std::string Wanted = PackageName.substr(PackageName.rfind('/') + 1);
+	AssetReference = FindAsset(Wanted);
+	if (AssetReference == 0)
+	{
+		return;
+	}
+	RecordedName = Exports[static_cast<std::size_t>(AssetReference) - 1].Name;
+	if (EqualsIgnoringCase(RecordedName, Wanted))
+	{
+		return;
+	}
+	const std::string Old = RecordedName + "_C";
+	for (std::size_t Index = 0; Index < Exports.size(); ++Index)
+	{
+		std::string& Name = Exports[Index].Name;
+		const bool bTop = Exports[Index].Outer == 0;
+		// A level's Blueprint lies in the level and is called as the map.
+		if (Name == RecordedName
+			&& (bTop || ClassPathOf(static_cast<int32_t>(Index) + 1).ends_with(".LevelScriptBlueprint")))
+		{
+			Name = Wanted;
+		}
+		else if (bTop && Name.ends_with(Old))
+		{
+			const std::string Prefix = Name.substr(0, Name.size() - Old.size());
+			const bool bOwn = Prefix.empty() || Prefix == "Default__" || Prefix == "SKEL_"
+				|| Prefix == "Default__SKEL_";
+			Name = bOwn ? Prefix + Wanted + "_C" : Name;
+		}
+	}
 }
 
 bool FBinaryTables::BuildPaths(

@@ -51,6 +51,11 @@ public:
 	const FBinarySummary& GetSummary() const { return Summary; }
 	const FBinaryVersions& GetVersions() const { return Summary.Versions; }
 	const std::vector<FBinaryExport>& GetExports() const { return Exports; }
+	/** The export that bears the package's name, else the one that stands alone; 0 for a package without any. */
+	int32_t GetAsset() const { return AssetReference; }
+	/** The name that the file gives its asset. The asset itself goes by its package's name, as does its class. */
+	const std::string& GetRecordedName() const { return RecordedName; }
+	static bool EqualsIgnoringCase(std::string_view Left, std::string_view Right);
 
 	/** A name with its number; fails the cursor for one that is not in the table. */
 	std::string ReadName(FBinaryCursor& Cursor) const;
@@ -76,6 +81,8 @@ private:
 	void ReadSoftPaths();
 	void ReadImports();
 	void ReadExports();
+	int32_t FindAsset(std::string_view Wanted) const;
+	void NameAssetByPackage();
 	std::string ReadSoftPathInPlace(FBinaryCursor& Cursor) const;
 	FBinaryCursor CursorAt(const FBinaryTable& Table, std::size_t LeastSize);
 	/** False when the names are longer together than the file can mean. */
@@ -92,6 +99,8 @@ private:
 	std::vector<std::string> SoftPaths;
 	std::vector<FBinaryImport> Imports;
 	std::vector<FBinaryExport> Exports;
+	int32_t AssetReference = 0;
+	std::string RecordedName;
 	/** Of exports and imports, made once: every value that refers to an object asks. */
 	std::vector<std::string> ExportPaths;
 	std::vector<std::string> ImportPaths;
