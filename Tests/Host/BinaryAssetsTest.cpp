@@ -179,8 +179,10 @@ TEST(BinaryAssets, AFileUnderAnotherNameIsTheAssetOfThatName)
 		SCOPED_TRACE(Engine);
 		const FTemporaryFolder Project;
 		Project.Write("Content/Moved/BP_New.uasset", BytesOf("/Game/BP_Small", Engine));
+		// No package can be called so, and none is called None for it.
+		Project.Write("Content/1.2/BP_Small.uasset", BytesOf("/Game/BP_Small", Engine));
 		const FProcessResult Listed = RunMorvane({"assets", "--project", Project.Path()});
-		EXPECT_THAT(Listed.Output, HasSubstr("/Game/Moved/BP_New\tBlueprint\t/Script/Engine.Actor"));
+		EXPECT_EQ(Listed.Output, "/Game/Moved/BP_New\tBlueprint\t/Script/Engine.Actor\n");
 		const FProcessResult Copied = RunMorvane(
 			{"import", "/Game/Moved/BP_New", "--to", "/Game/BP_Third", "--project", Project.Path()});
 		EXPECT_EQ(Copied.Status, 0) << Copied.Output;

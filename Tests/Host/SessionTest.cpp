@@ -184,6 +184,16 @@ TEST(Session, AFailedCallThatMadeItsBlueprintLeavesNone)
 	EXPECT_EQ(Run.Errors.find("Not saved and lost"), std::string::npos) << Run.Errors;
 }
 
+TEST(Session, AFileThatIsPassedOverIsToldOfWhereItIsAskedFor)
+{
+	const FTemporaryFolder Project;
+	SessionTest::Call(Project, "bp_create_asset", SessionTest::Door);
+	Project.Write("Content/Copy.uatext", Project.Read(SessionTest::DoorFile));
+	const FProcessResult Run = SessionTest::Call(Project, "read_blueprint_schema", R"({"path":"/Game/Copy"})");
+	EXPECT_EQ(Run.Status, 1);
+	EXPECT_NE(SessionTest::ErrorsOf(Run.Output).find("', not '/Game/Copy'"), std::string::npos) << Run.Output;
+}
+
 TEST(Session, FullDiskLosesTheNewAssetOnly)
 {
 	const FTemporaryFolder Project;

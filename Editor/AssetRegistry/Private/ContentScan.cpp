@@ -120,13 +120,14 @@ TArray<FString> FindPackageFiles(const FString& Directory)
 bool ReadAsset(const FString& Filename, FAssetData& OutAsset)
 {
 	FString Reason;
+	FString Expected;
 	FPackageText::FHeader Header;
-	if (!FPackageText::ReadHeader(Filename, Header, Reason))
+	if (!FPackageName::TryConvertFilenameToLongPackageName(Filename, Expected, &Reason)
+		|| !FPackageText::ReadHeader(Filename, Header, Reason))
 	{
 		UE_LOG(LogAssetRegistry, Warning, TEXT("An asset is passed over: %s"), *Reason);
 		return false;
 	}
-	const FString Expected = FPackageName::FilenameToLongPackageName(Filename);
 	if (!Header.PackageName.Equals(Expected, ESearchCase::IgnoreCase))
 	{
 		UE_LOG(LogAssetRegistry, Warning,

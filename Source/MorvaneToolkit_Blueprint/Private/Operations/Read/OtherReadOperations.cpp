@@ -100,6 +100,11 @@ void FBlueprintReadSchemaOperation::Execute(const FJsonObject& Args, Morvane::FT
 	{
 		Result.AddErrorMessage(FString::Printf(TEXT("Blueprint does not exist: %s"), *Path));
 		Result.AddErrorMessage(TEXT("Cannot read schema for non-existent Blueprint. The asset may have been deleted."));
+		const FString Reason = FAssetOperationBase::AskWhyNotLoaded(Path);
+		if (!Reason.IsEmpty())
+		{
+			Result.AddErrorMessage(Reason);
+		}
 		return;
 	}
 	const FString Text = FBlueprintReadUtils::ReadBlueprint(
