@@ -97,13 +97,6 @@ void UAnimGraphNode_BlendListByInt::AllocateDefaultPins()
 	Super::AllocateDefaultPins();
 }
 
-void UAnimGraphNode_BlendListByInt::AddPinToBlendList()
-{
-	Modify();
-	SetNumPoses(GetNumElements(AnimBlends::Poses) + 1);
-	ReconstructNode();
-}
-
 FString UAnimGraphNode_BlendListByEnum::GetChoiceName(int32 Index) const
 {
 	if (Index == 0)
@@ -169,13 +162,6 @@ void UAnimGraphNode_MultiWayBlend::AllocateDefaultPins()
 {
 	SetNumPoses(AnimBlends::NumAtFirst);
 	Super::AllocateDefaultPins();
-}
-
-void UAnimGraphNode_MultiWayBlend::AddPinToBlendNode()
-{
-	Modify();
-	SetNumPoses(GetNumElements(AnimBlends::WeightedPoses) + 1);
-	ReconstructNode();
 }
 
 void UAnimGraphNode_ModifyCurve::CustomizePinData(UEdGraphPin* Pin, FName SourcePropertyName, int32 ArrayIndex) const

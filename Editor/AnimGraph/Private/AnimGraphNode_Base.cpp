@@ -235,16 +235,6 @@ UEdGraphPin* UAnimGraphNode_Base::CreateComponentPosePin(EEdGraphPinDirection Di
 	return CreatePin(Direction, UEdGraphSchema_K2::PC_Struct, FComponentSpacePoseLink::StaticStruct(), FName(Name));
 }
 
-int32 UAnimGraphNode_Base::GetNumElements(FName ArrayName) const
-{
-	const UScriptStruct* const Struct = GetFNodeType();
-	const FArrayProperty* const Array = Struct ? CastField<FArrayProperty>(Struct->FindPropertyByName(ArrayName))
-											   : nullptr;
-	return Array
-		? FScriptArrayHelper(Array, Array->ContainerPtrToValuePtr<void>(GetFNodeProperty()->GetValuePtr(this))).Num()
-		: 0;
-}
-
 void UAnimGraphNode_Base::GrowArray(FName ArrayName, int32 Num)
 {
 	const UScriptStruct* const Struct = GetFNodeType();

@@ -49,8 +49,6 @@ protected:
 
 	UEdGraphPin* CreatePosePin(EEdGraphPinDirection Direction, const TCHAR* Name);
 	UEdGraphPin* CreateComponentPosePin(EEdGraphPinDirection Direction, const TCHAR* Name);
-	/** How many elements the struct's array has; 0 for what is no array. */
-	int32 GetNumElements(FName ArrayName) const;
 	/** Adds elements with their struct's defaults until there are so many. */
 	void GrowArray(FName ArrayName, int32 Num);
 	/** A member of the struct as text; empty for what is none. */

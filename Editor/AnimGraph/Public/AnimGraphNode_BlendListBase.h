@@ -28,5 +28,4 @@ class UAnimGraphNode_BlendListByInt : public UAnimGraphNode_BlendListBase
 
 public:
 	void AllocateDefaultPins() override;
-	virtual void AddPinToBlendList();
 };

@@ -9,7 +9,6 @@ class UAnimGraphNode_MultiWayBlend : public UAnimGraphNode_Base
 
 public:
 	void AllocateDefaultPins() override;
-	virtual void AddPinToBlendNode();
 
 private:
 	void SetNumPoses(int32 Num);

@@ -14,5 +14,4 @@ public:
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	bool CanUserDeleteNode() const override { return false; }
-	bool CanDuplicateNode() const override { return false; }
 };

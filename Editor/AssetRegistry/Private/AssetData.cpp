@@ -33,16 +33,6 @@ FString FAssetData::GetObjectPathString() const
 	return IsValid() ? PackageName.ToString() + TEXT(".") + AssetName.ToString() : FString();
 }
 
-FString FAssetData::GetFullName() const
-{
-	return AssetClassPath.GetAssetName().ToString() + TEXT(" ") + GetObjectPathString();
-}
-
-FString FAssetData::GetExportTextName() const
-{
-	return FString::Printf(TEXT("%s'%s'"), *AssetClassPath.ToString(), *GetObjectPathString());
-}
-
 UObject* FAssetData::GetAsset() const
 {
 	return FastGetAsset(true);
@@ -57,11 +47,6 @@ UObject* FAssetData::FastGetAsset(bool bLoad) const
 	const FString Path = GetObjectPathString();
 	UObject* const Found = StaticFindObject(UObject::StaticClass(), nullptr, *Path);
 	return Found || !bLoad ? Found : StaticLoadObject(UObject::StaticClass(), nullptr, *Path);
-}
-
-UPackage* FAssetData::GetPackage() const
-{
-	return PackageName.IsNone() ? nullptr : LoadPackage(nullptr, *PackageName.ToString(), LOAD_None);
 }
 
 UClass* FAssetData::GetClass() const
@@ -82,33 +67,9 @@ bool FAssetData::GetTagValue(FName Tag, FString& OutValue) const
 	return Value != nullptr;
 }
 
-bool FAssetData::GetTagValue(FName Tag, FName& OutValue) const
-{
-	FString Text;
-	const bool bFound = GetTagValue(Tag, Text);
-	OutValue = bFound ? FName(Text) : OutValue;
-	return bFound;
-}
-
 bool FAssetData::operator<(const FAssetData& Other) const
 {
 	const int32 ByPackage = PackageName.GetView().Compare(Other.PackageName.GetView(), ESearchCase::IgnoreCase);
 	return ByPackage != 0 ? ByPackage < 0
 						  : AssetName.GetView().Compare(Other.AssetName.GetView(), ESearchCase::IgnoreCase) < 0;
-}
-
-void FARFilter::Append(const FARFilter& Other)
-{
-	PackageNames.Append(Other.PackageNames);
-	PackagePaths.Append(Other.PackagePaths);
-	SoftObjectPaths.Append(Other.SoftObjectPaths);
-	ClassPaths.Append(Other.ClassPaths);
-	TagsAndValues.Append(Other.TagsAndValues);
-	for (const FTopLevelAssetPath& Path : Other.RecursiveClassPathsExclusionSet)
-	{
-		RecursiveClassPathsExclusionSet.Add(Path);
-	}
-	bRecursivePaths |= Other.bRecursivePaths;
-	bRecursiveClasses |= Other.bRecursiveClasses;
-	bIncludeOnlyOnDiskAssets |= Other.bIncludeOnlyOnDiskAssets;
 }

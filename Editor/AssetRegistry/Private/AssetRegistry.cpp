@@ -271,14 +271,6 @@ public:
 		return GetAssetsByPath(PackagePath, Found, bRecursive, false);
 	}
 
-	bool PathExists(const FString& Path) const override
-	{
-		FString Folder;
-		return (FPackageName::TryConvertLongPackageNameToFilename(WithoutEndSlash(Path), Folder)
-				   && IFileManager::Get().DirectoryExists(*Folder))
-			|| HasAssets(FName(WithoutEndSlash(Path)), true);
-	}
-
 	void SearchAllAssets(bool) override { EnsureScanned(); }
 
 	void ScanPathsSynchronous(const TArray<FString>& Paths, bool) override
@@ -306,22 +298,6 @@ public:
 			}
 		}
 	}
-
-	void ScanFilesSynchronous(const TArray<FString>& Files, bool) override
-	{
-		EnsureScanned();
-		for (const FString& File : Files)
-		{
-			FString Ignored;
-			if (FPathConfinement::IsInside(FPaths::ConvertRelativePathToFull(File), Ignored))
-			{
-				ScanFile(FPaths::ConvertRelativePathToFull(File));
-			}
-		}
-	}
-
-	bool IsLoadingAssets() const override { return false; }
-	void WaitForCompletion() override { EnsureScanned(); }
 
 	void AssetCreated(UObject* NewAsset) override
 	{

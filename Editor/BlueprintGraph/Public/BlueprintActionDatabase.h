@@ -66,9 +66,6 @@ public:
 	int32 Num() const;
 	/** Brings the database up to date with the project's classes and the Blueprints in memory. */
 	void Update();
-	/** Forgets the actions of one Blueprint; the next update makes them anew. */
-	void RefreshAssetActions(const UObject* AssetObject);
-	void ClearAssetActions(const UObject* AssetObject) { RefreshAssetActions(AssetObject); }
 	/** Forgets everything. */
 	void RefreshAll();
 

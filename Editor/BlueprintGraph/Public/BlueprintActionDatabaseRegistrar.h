@@ -26,8 +26,6 @@ public:
 	}
 	/** One action for each enum that a Blueprint may use. */
 	void RegisterEnumActions(FMakeEnumSpawnerDelegate MakeActionCallback);
-	/** Always: there is one database, filled whole. */
-	bool IsOpenForRegistration(const UObject* ActionKey) const { return true; }
 
 private:
 	TArray<UBlueprintNodeSpawner*>& Actions;

@@ -13,7 +13,6 @@ public:
 	void AddMenuSection(
 		const FBlueprintActionFilter& Filter, const FText& Heading = FText(), int32 MenuOrder = 0, uint32 Flags = 0);
 	void RebuildActionList();
-	void Empty();
 
 private:
 	TArray<FBlueprintActionFilter> Sections;

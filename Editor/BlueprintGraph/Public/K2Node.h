@@ -44,12 +44,10 @@ class UK2Node : public UEdGraphNode
 public:
 	/** A pure node has no execution pins: it is evaluated by whoever needs its value. */
 	virtual bool IsNodePure() const { return false; }
-	virtual bool IsNodeSafeToIgnore() const { return false; }
 	virtual bool NodeCausesStructuralBlueprintChange() const { return false; }
 	virtual bool ShouldDrawCompact() const { return false; }
 	virtual FText GetCompactNodeTitle() const { return GetNodeTitle(ENodeTitleType::FullTitle); }
 	virtual bool CanSplitPin(const UEdGraphPin* Pin) const;
-	virtual bool IsActionFilteredOut(const class FBlueprintActionFilter& Filter) { return false; }
 	virtual bool HasExternalDependencies(TArray<UStruct*>* OptionalOutput = nullptr) const { return false; }
 	virtual bool IsConnectionDisallowed(const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const
 	{
@@ -58,7 +56,6 @@ public:
 	/** Whether the target pin takes several links, each an object to call on; bInputAsArray asks about one link that
 	 * brings a whole array of them. */
 	virtual bool AllowMultipleSelfs(bool bInputAsArray) const { return false; }
-	virtual void NotifyPinConnectionListChanged(UEdGraphPin* Pin) { PinConnectionListChanged(Pin); }
 	virtual bool CanPasteHere(const UEdGraph* TargetGraph) const { return true; }
 	virtual bool DrawNodeAsEntry() const { return false; }
 	virtual bool DrawNodeAsExit() const { return false; }
@@ -68,7 +65,6 @@ public:
 
 	/** The Blueprint of the graph, or null outside one. */
 	UBlueprint* GetBlueprint() const;
-	bool HasValidBlueprint() const { return GetBlueprint() != nullptr; }
 	/** The class that self means: the skeleton class when it stands, since it knows what was not compiled. */
 	UClass* GetBlueprintClassFromNode() const;
 	const UEdGraphSchema_K2* GetK2Schema() const;
@@ -84,7 +80,6 @@ public:
 	/** Pins of the class, with the old ones at hand (split pins, wildcards). */
 	virtual void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins);
 	virtual void PostReconstructNode();
-	virtual void ClearCachedBlueprintData(UBlueprint* Blueprint) {}
 
 	/** A variable of the class goes by another name now; a reference to it in this node follows, with the pins that
 	 * bear its name. With a graph the variable is a local one of that graph's function. */
@@ -99,7 +94,6 @@ public:
 	}
 	/** Whether the node refers to a variable of that name: a member, or with a scope a local one of that function. */
 	virtual bool ReferencesVariable(const FName& InVarName, const UStruct* InScope) const { return false; }
-	virtual bool ReferencesFunction(const FName& InFunctionName, const UStruct* InScope) const { return false; }
 	/** Gives the pin of a name, and what it was split into, another name. */
 	ERenamePinResult RenameUserDefinedPin(const FName OldName, const FName NewName, bool bTest = false);
 
@@ -117,7 +111,6 @@ public:
 	void RestoreSplitPins(TArray<UEdGraphPin*>& OldPins);
 	/** Frees pins that belong to the node no longer. */
 	void DestroyPinList(TArray<UEdGraphPin*>& InPins);
-	bool ReconstructOnLoad() const { return false; }
 
 	void PinConnectionListChanged(UEdGraphPin* Pin) override;
 	void PinDefaultValueChanged(UEdGraphPin* Pin) override;
@@ -126,8 +119,6 @@ public:
 	void PostPlacedNewNode() override;
 	bool CanCreateUnderSpecifiedSchema(const UEdGraphSchema* Schema) const override;
 	bool IsCompatibleWithGraph(const UEdGraph* Graph) const override;
-	FText GetToolTipHeading() const;
-	FLinearColor GetNodeTitleColor() const { return FLinearColor(); }
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
 	/** The pin type of a property, through the schema; false when no pin carries it. */
 	UEdGraphPin* CreatePinFromProperty(const FProperty* Property, EEdGraphPinDirection Direction, FName PinName);

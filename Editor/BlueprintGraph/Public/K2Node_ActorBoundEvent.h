@@ -13,7 +13,6 @@ public:
 	FMulticastDelegateProperty* GetTargetDelegateProperty() const;
 	FText GetTargetDelegateDisplayName() const;
 
-	bool CanDuplicateNode() const override { return false; }
 	void ReconstructNode() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;

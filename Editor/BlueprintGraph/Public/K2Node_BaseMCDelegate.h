@@ -17,7 +17,6 @@ public:
 	/** The signature of its events, or null. */
 	UFunction* GetDelegateSignature(bool bForceSkeleton = false) const;
 	UEdGraphPin* GetDelegatePin() const;
-	virtual bool IsAuthorityOnly() const;
 
 	void HandleVariableRenamed(UBlueprint* InBlueprint, UClass* InVariableClass, UEdGraph* InGraph,
 		const FName& InOldVarName, const FName& InNewVarName) override;

@@ -14,7 +14,6 @@ public:
 
 	UEnum* GetEnum() const override { return BitflagsEnum; }
 	void ReloadEnum(UEnum* InEnum) override { BitflagsEnum = InEnum; }
-	bool ShouldBeReconstructedAfterEnumChanged() const override { return true; }
 	bool IsNodePure() const override { return true; }
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;

@@ -12,7 +12,6 @@ public:
 	UEdGraphPin* GetTargetArrayPin() const;
 	/** All pins whose type hangs on the array's. */
 	void GetArrayTypeDependentPins(TArray<UEdGraphPin*>& OutPins) const;
-	static bool IsWildcardProperty(const UFunction* InFunction, const FProperty* InProperty);
 
 	void AllocateDefaultPins() override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;

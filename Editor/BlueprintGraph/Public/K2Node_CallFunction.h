@@ -23,7 +23,6 @@ public:
 	virtual void SetFromFunction(const UFunction* Function);
 	/** The function, looked for in the Blueprint's class when in self context; null when it is gone. */
 	UFunction* GetTargetFunction() const;
-	UFunction* GetTargetFunctionFromSkeletonClass() const;
 	FName GetFunctionName() const { return FunctionReference.GetMemberName(); }
 	UEdGraphPin* GetReturnValuePin() const;
 	/** Pins of a function's parameters, after exec and self pins. */
@@ -57,7 +56,6 @@ public:
 	bool AllowMultipleSelfs(bool bInputAsArray) const override;
 	void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,
 		const FName& InOldFuncName, const FName& InNewFuncName) override;
-	bool ReferencesFunction(const FName& InFunctionName, const UStruct* InScope) const override;
 	void AllocateDefaultPins() override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 	void PostReconstructNode() override;

@@ -12,7 +12,6 @@ class UK2Node_CommutativeAssociativeBinaryOperator : public UK2Node_CallFunction
 public:
 	UEdGraphPin* FindOutPin() const;
 	UEdGraphPin* FindSelfPin() const;
-	UEdGraphPin* GetInputPin(int32 InputPinIndex) const;
 	FEdGraphPinType GetType() const;
 	void AllocateDefaultPins() override;
 	void AddInputPin() override;

@@ -15,7 +15,6 @@ public:
 	FText GetTargetDelegateDisplayName() const;
 	FName GetComponentPropertyName() const { return ComponentPropertyName; }
 
-	bool CanDuplicateNode() const override { return false; }
 	void HandleVariableRenamed(UBlueprint* InBlueprint, UClass* InVariableClass, UEdGraph* InGraph,
 		const FName& InOldVarName, const FName& InNewVarName) override;
 	bool ReferencesVariable(const FName& InVarName, const UStruct* InScope) const override;

@@ -13,7 +13,6 @@ public:
 	UK2Node_Tunnel* GetExitNode() const;
 
 	bool CanUserDeleteNode() const override { return true; }
-	bool CanDuplicateNode() const override { return true; }
 	bool DrawNodeAsEntry() const override { return false; }
 	bool DrawNodeAsExit() const override { return false; }
 	void AllocateDefaultPins() override;
@@ -24,7 +23,6 @@ public:
 	void DestroyNode() override;
 	void OnRenameNode(const FString& NewName) override;
 	TArray<UEdGraph*> GetSubGraphs() const override;
-	UObject* GetJumpTargetForDoubleClick() const override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 
 	TObjectPtr<UEdGraph> BoundGraph;

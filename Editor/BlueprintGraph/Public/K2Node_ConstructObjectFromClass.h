@@ -11,7 +11,6 @@ class UK2Node_ConstructObjectFromClass : public UK2Node
 public:
 	UEdGraphPin* GetThenPin() const { return UK2Node::GetThenPin(); }
 	UEdGraphPin* GetClassPin(const TArray<UEdGraphPin*>* InPinsToSearch = nullptr) const;
-	UEdGraphPin* GetWorldContextPin() const;
 	UEdGraphPin* GetOuterPin() const;
 	UEdGraphPin* GetResultPin() const;
 	/** The class that is chosen: the class pin's default, or that of what is linked. */

@@ -25,7 +25,6 @@ public:
 	bool IsNodePure() const override { return true; }
 	void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,
 		const FName& InOldFuncName, const FName& InNewFuncName) override;
-	bool ReferencesFunction(const FName& InFunctionName, const UStruct* InScope) const override;
 	void AllocateDefaultPins() override;
 	void PostReconstructNode() override;
 	void PinConnectionListChanged(UEdGraphPin* Pin) override;

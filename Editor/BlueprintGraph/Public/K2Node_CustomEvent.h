@@ -26,7 +26,6 @@ public:
 	TSharedPtr<INameValidatorInterface> MakeNameValidator() const override;
 	bool CanCreateUserDefinedPin(
 		const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) override;
-	FKismetUserDeclaredFunctionMetadata* GetMetaDataPtr() override { return &UserDefinedMetaData; }
 	void AllocateDefaultPins() override;
 	void ReconstructNode() override;
 	void PostPlacedNewNode() override;

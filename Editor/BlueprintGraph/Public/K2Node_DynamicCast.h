@@ -11,8 +11,6 @@ class UK2Node_DynamicCast : public UK2Node
 
 public:
 	void SetPurity(bool bNewPurity);
-	UEdGraphPin* GetValidCastPin() const;
-	UEdGraphPin* GetInvalidCastPin() const;
 	UEdGraphPin* GetCastResultPin() const;
 	virtual UEdGraphPin* GetCastSourcePin() const;
 	virtual UEdGraphPin* GetBoolSuccessPin() const;
@@ -29,7 +27,6 @@ public:
 	bool IsConnectionDisallowed(
 		const UEdGraphPin* MyPin, const UEdGraphPin* OtherPin, FString& OutReason) const override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
-	bool IsActionFilteredOut(const class FBlueprintActionFilter& Filter) override { return false; }
 
 	TSubclassOf<UObject> TargetType;
 	bool bIsPureCast = false;

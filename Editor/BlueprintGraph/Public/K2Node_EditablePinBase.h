@@ -26,7 +26,6 @@ struct FKismetUserDeclaredFunctionMetadata
 
 	void SetMetaData(FName Key, const FString& Value) { MetaDataMap.Add(Key, Value); }
 	bool HasMetaData(FName Key) const { return MetaDataMap.Contains(Key); }
-	const FString& GetMetaData(FName Key) const;
 
 	FText ToolTip;
 	FText Category;
@@ -58,12 +57,10 @@ public:
 	 * node's to say: an entry's always face out. */
 	UEdGraphPin* CreateUserDefinedPin(FName InPinName, const FEdGraphPinType& InPinType,
 		EEdGraphPinDirection InDesiredDirection, bool bUseUniqueName = true);
-	void RemoveUserDefinedPin(TSharedPtr<FUserPinInfo> PinToRemove);
 	void RemoveUserDefinedPinByName(FName PinName);
 	bool UserDefinedPinExists(FName PinName) const;
 	virtual bool ModifyUserDefinedPinDefaultValue(TSharedPtr<FUserPinInfo> PinInfo, const FString& NewDefaultValue);
 	UEdGraphPin* CreatePinFromUserDefinition(const TSharedPtr<FUserPinInfo> NewPinInfo);
-	virtual FKismetUserDeclaredFunctionMetadata* GetMetaDataPtr() { return nullptr; }
 	static FKismetUserDeclaredFunctionMetadata* GetGraphFunctionMetaData(const UEdGraph* InGraph);
 	/** Whether an author may change the pins. */
 	virtual bool IsEditable() const { return bIsEditable; }

@@ -9,7 +9,6 @@ class UK2Node_EnumEquality : public UK2Node
 	EDITOR_CLASS(UK2Node_EnumEquality, UK2Node)
 
 public:
-	UEdGraphPin* GetReturnValuePin() const;
 	UEdGraphPin* GetInput1Pin() const;
 	UEdGraphPin* GetInput2Pin() const;
 

@@ -16,16 +16,13 @@ public:
 	virtual FName GetFunctionName() const;
 	/** The function that the event overrides or whose signature it has; null when it is gone. */
 	UFunction* FindEventSignatureFunction() const;
-	bool IsFunctionEntryCompatible(const class UK2Node_FunctionEntry* EntryNode) const;
 	bool IsInterfaceEventNode() const;
 	static FText GetLocalizedNetString(uint32 FunctionFlags, bool bCalling);
-	uint32 GetNetFlags() const;
 	void UpdateDelegatePin(bool bSilent = false);
 
 	bool DrawNodeAsEntry() const override { return true; }
 	void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,
 		const FName& InOldFuncName, const FName& InNewFuncName) override;
-	bool ReferencesFunction(const FName& InFunctionName, const UStruct* InScope) const override;
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
@@ -37,7 +34,6 @@ public:
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
 	bool CanPasteHere(const UEdGraph* TargetGraph) const override;
 	bool IsCompatibleWithGraph(const UEdGraph* Graph) const override;
-	TSharedPtr<FEdGraphSchemaAction> GetEventNodeAction(const FText& ActionCategory) override;
 
 	FMemberReference EventReference;
 	bool bOverrideFunction = false;

@@ -17,5 +17,4 @@ public:
 	using UClassType = UK2Node_EventNodeInterface;
 
 	virtual ~IK2Node_EventNodeInterface() = default;
-	virtual TSharedPtr<FEdGraphSchemaAction> GetEventNodeAction(const FText& ActionCategory) { return nullptr; }
 };

@@ -16,10 +16,7 @@ public:
 	void ClearExtraFlags(int32 Flags) { ExtraFlags &= ~Flags; }
 	/** Flags of the function that the graph makes: those of the signature it overrides and the extra ones. */
 	int32 GetFunctionFlags() const;
-	void RemoveOutputPin(UEdGraphPin* PinToRemove);
-	UEdGraphPin* GetAutoWorldContextPin() const { return nullptr; }
 
-	FKismetUserDeclaredFunctionMetadata* GetMetaDataPtr() override { return &MetaData; }
 	bool DrawNodeAsEntry() const override { return true; }
 	void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,
 		const FName& InOldFuncName, const FName& InNewFuncName) override;

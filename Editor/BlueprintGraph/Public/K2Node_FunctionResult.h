@@ -13,7 +13,6 @@ public:
 
 	bool DrawNodeAsExit() const override { return true; }
 	bool CanUserDeleteNode() const override { return true; }
-	bool CanDuplicateNode() const override { return true; }
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;

@@ -11,7 +11,6 @@ class UK2Node_FunctionTerminator : public UK2Node_EditablePinBase
 public:
 	/** The function that the graph implements or whose signature it has; null for a new one that is not compiled. */
 	UFunction* FindSignatureFunction() const;
-	bool CanDuplicateNode() const override { return false; }
 	bool CanUserDeleteNode() const override { return false; }
 	bool NodeCausesStructuralBlueprintChange() const override { return true; }
 	bool CanCreateUserDefinedPin(

@@ -10,8 +10,6 @@ class UK2Node_GetDataTableRow : public UK2Node
 
 public:
 	UEdGraphPin* GetDataTablePin() const;
-	UEdGraphPin* GetRowNamePin() const;
-	UEdGraphPin* GetRowNotFoundPin() const;
 	UEdGraphPin* GetResultPin() const;
 	/** The struct of the chosen table's rows; null while there is no table. */
 	UScriptStruct* GetDataTableRowStructType() const;

@@ -12,7 +12,6 @@ public:
 	void Initialize(UClass* NodeClass) { CustomClass = TSubclassOf<UObject>(NodeClass); }
 	UEdGraphPin* GetClassPin() const;
 	UEdGraphPin* GetResultPin() const;
-	UEdGraphPin* GetWorldContextPin() const;
 
 	bool IsNodePure() const override { return true; }
 	void AllocateDefaultPins() override;

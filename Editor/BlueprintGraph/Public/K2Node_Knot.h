@@ -12,11 +12,9 @@ public:
 	UEdGraphPin* GetInputPin() const { return Pins.Num() > 0 ? Pins[0] : nullptr; }
 	UEdGraphPin* GetOutputPin() const { return Pins.Num() > 1 ? Pins[1] : nullptr; }
 
-	bool IsNodeSafeToIgnore() const override { return true; }
 	/** On the way of a value it is pure as that is; on the way of execution it is a step like others. */
 	bool IsNodePure() const override;
 	bool CanSplitPin(const UEdGraphPin*) const override { return false; }
-	bool GetCanRenameNode() const override { return true; }
 	void OnRenameNode(const FString& NewName) override { NodeComment = NewName; }
 	void AllocateDefaultPins() override;
 	void PostReconstructNode() override;

@@ -29,11 +29,8 @@ public:
 	static FKismetUserDeclaredFunctionMetadata* GetAssociatedGraphMetadata(const UEdGraph* AssociatedMacroGraph);
 
 	bool CanUserDeleteNode() const override { return true; }
-	bool CanDuplicateNode() const override { return true; }
 	bool DrawNodeAsEntry() const override { return false; }
 	bool DrawNodeAsExit() const override { return false; }
-	bool IsNodeSafeToIgnore() const override { return false; }
-	FKismetUserDeclaredFunctionMetadata* GetMetaDataPtr() override { return nullptr; }
 	void AllocateDefaultPins() override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 	void PostReconstructNode() override;
@@ -45,7 +42,6 @@ public:
 	FText GetMenuCategory() const override;
 	bool ShouldDrawCompact() const override;
 	FText GetCompactNodeTitle() const override;
-	UObject* GetJumpTargetForDoubleClick() const override;
 	bool IsCompatibleWithGraph(const UEdGraph* Graph) const override;
 	bool IsLatentForMacros() const override;
 	/** A Blueprint's own macros stay with it; a library's go to Blueprints of its class. Functions take none that wait.

@@ -17,7 +17,6 @@ public:
 	void SetEnum(UEnum* InEnum, bool bForceRegenerate = false);
 	UEnum* GetEnum() const override { return Enum; }
 	void ReloadEnum(UEnum* InEnum) override { SetEnum(InEnum, true); }
-	bool ShouldBeReconstructedAfterEnumChanged() const override { return true; }
 
 	bool IsNodePure() const override { return true; }
 	void AllocateDefaultPins() override;

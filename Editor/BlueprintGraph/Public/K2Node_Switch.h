@@ -16,7 +16,6 @@ public:
 	/** A name that no case has yet. */
 	virtual FName GetUniquePinName();
 	virtual FEdGraphPinType GetPinType() const { return FEdGraphPinType(); }
-	virtual FEdGraphPinType GetInnerCaseType() const;
 	virtual void AddPinToSwitchNode();
 	virtual void RemovePinFromSwitchNode(UEdGraphPin* TargetPin);
 	virtual bool CanRemoveExecutionPin(UEdGraphPin* TargetPin) const;

@@ -13,7 +13,6 @@ public:
 	UK2Node_SwitchEnum();
 	UEnum* GetEnum() const override { return Enum; }
 	void ReloadEnum(UEnum* InEnum) override;
-	bool ShouldBeReconstructedAfterEnumChanged() const override { return true; }
 	void SetEnum(UEnum* InEnum);
 	FEdGraphPinType GetPinType() const override;
 	bool SupportsAddPinButton() const override { return false; }

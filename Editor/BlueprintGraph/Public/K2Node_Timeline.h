@@ -11,15 +11,8 @@ class UK2Node_Timeline : public UK2Node
 	EDITOR_CLASS(UK2Node_Timeline, UK2Node)
 
 public:
-	UEdGraphPin* GetPlayPin() const;
-	UEdGraphPin* GetPlayFromStartPin() const;
-	UEdGraphPin* GetStopPin() const;
 	UEdGraphPin* GetUpdatePin() const;
-	UEdGraphPin* GetReversePin() const;
-	UEdGraphPin* GetReverseFromEndPin() const;
 	UEdGraphPin* GetFinishedPin() const;
-	UEdGraphPin* GetNewTimePin() const;
-	UEdGraphPin* GetSetNewTimePin() const;
 	UEdGraphPin* GetDirectionPin() const;
 	UEdGraphPin* GetTrackPin(const FName TrackName) const { return FindPin(TrackName, EGPD_Output); }
 	/** The timeline's settings and tracks; null when they are gone. */

@@ -9,19 +9,14 @@ class UK2Node_Tunnel : public UK2Node_EditablePinBase
 	EDITOR_CLASS(UK2Node_Tunnel, UK2Node_EditablePinBase)
 
 public:
-	virtual UK2Node_Tunnel* GetInputSink() const { return InputSinkNode; }
-	virtual UK2Node_Tunnel* GetOutputSource() const { return OutputSourceNode; }
-	FKismetUserDeclaredFunctionMetadata* GetMetaDataPtr() override { return &MetaData; }
 	bool CanCreateUserDefinedPin(
 		const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) override;
 	void AllocateDefaultPins() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	bool CanUserDeleteNode() const override { return false; }
-	bool CanDuplicateNode() const override { return false; }
 	bool DrawNodeAsEntry() const override { return bCanHaveOutputs; }
 	bool DrawNodeAsExit() const override { return bCanHaveInputs; }
-	bool IsNodeSafeToIgnore() const override { return true; }
 
 	/** The node outside that this side's outputs come from, and the one its inputs go to. */
 	TObjectPtr<UK2Node_Tunnel> OutputSourceNode;

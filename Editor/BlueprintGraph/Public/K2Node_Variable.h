@@ -18,21 +18,13 @@ public:
 	void SetFromProperty(const FProperty* Property, bool bSelfContext, UClass* OwnerClass);
 	FName GetVarName() const { return VariableReference.GetMemberName(); }
 	FString GetVarNameString() const { return GetVarName().ToString(); }
-	FText GetVarNameText() const { return FText::FromName(GetVarName()); }
 	/** The pin of the value: named after the variable. */
 	UEdGraphPin* GetValuePin() const;
 	UClass* GetVariableSourceClass() const;
 	/** The property, in the skeleton class or the external one; null when it is gone. */
 	FProperty* GetPropertyForVariable() const;
-	FProperty* GetPropertyForVariableFromSkeleton() const { return GetPropertyForVariable(); }
 	void CreatePinForSelf();
 	bool CreatePinForVariable(EEdGraphPinDirection Direction, FName InPinName = NAME_None);
-	bool RemapRestrictedLinkReference(FName OldVariableName, FName NewVariableName, const UClass* MatchInVariableClass,
-		const UClass* RemapIfLinkedToClass, bool bLogWarning)
-	{
-		return false;
-	}
-	bool FunctionParameterExists(const UEdGraph* InFunctionGraph, const FName InParameterName);
 
 	void HandleVariableRenamed(UBlueprint* InBlueprint, UClass* InVariableClass, UEdGraph* InGraph,
 		const FName& InOldVarName, const FName& InNewVarName) override;

@@ -12,7 +12,6 @@ public:
 	/** "Output_Get", the pin that passes the value on. */
 	FName GetVariableOutputPinName() const;
 	bool HasLocalRepNotify() const;
-	FName GetRepNotifyName() const;
 	void AllocateDefaultPins() override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;

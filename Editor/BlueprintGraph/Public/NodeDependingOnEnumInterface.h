@@ -17,5 +17,4 @@ public:
 	virtual ~INodeDependingOnEnumInterface() = default;
 	virtual UEnum* GetEnum() const { return nullptr; }
 	virtual void ReloadEnum(UEnum* InEnum) {}
-	virtual bool ShouldBeReconstructedAfterEnumChanged() const { return false; }
 };

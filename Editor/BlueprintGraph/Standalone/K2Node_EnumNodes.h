@@ -12,7 +12,6 @@ class UK2Node_EnumNodeBase : public UK2Node, public INodeDependingOnEnumInterfac
 public:
 	UEnum* GetEnum() const override { return Enum; }
 	void ReloadEnum(UEnum* InEnum) override { Enum = InEnum; }
-	bool ShouldBeReconstructedAfterEnumChanged() const override { return true; }
 	FText GetMenuCategory() const override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
 

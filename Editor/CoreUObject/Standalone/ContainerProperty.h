@@ -129,7 +129,6 @@ public:
 	{
 	}
 	int32 Num() const;
-	uint8* GetElementPtr(int32 Index) const;
 	/** Adds a copy unless an equal element is there. */
 	void AddElement(const void* Element) const;
 	void EmptyElements() const;
@@ -150,8 +149,6 @@ public:
 	{
 	}
 	int32 Num() const;
-	uint8* GetKeyPtr(int32 Index) const;
-	uint8* GetValuePtr(int32 Index) const;
 	/** Adds a pair; an equal key has its value replaced. */
 	void AddPair(const void* Key, const void* Value) const;
 	void EmptyValues() const;

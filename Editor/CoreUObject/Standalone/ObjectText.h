@@ -34,7 +34,6 @@ struct FObjectTextLine
 	bool bCustom = false;
 
 	FString GetName() const;
-	FString GetValue() const;
 };
 
 /** One object. A nested object that the text declares first and fills later is one record. */
@@ -171,8 +170,6 @@ public:
 	const std::vector<FMade>& GetMade() const { return Made; }
 	/** The object made for the record of that name below Outer (null: outermost records); null when there is none. */
 	UObject* FindMade(std::string_view Name, const UObject* Outer = nullptr) const;
-	/** The import that sets properties right now, for ImportCustomProperties; null outside of one. */
-	static const FObjectTextImport* GetCurrent();
 
 	/**
 	 * The record's class and name below Outer. A class that nobody knows goes to the unknown-class handler; without one
@@ -214,7 +211,6 @@ private:
 
 	FFeedbackContext& Warn;
 	const bool bRedirect;
-	const FObjectTextImport* Enclosing = nullptr;
 	std::vector<FMade> Made;
 	std::size_t NumImported = 0;
 	std::unordered_map<FMadeKey, UObject*, FMadeKeyHash> MadeByName;
@@ -258,7 +254,6 @@ struct FKeptObjectText
 	const FUnread* FindUnread(FName Property, int32 Index) const;
 	bool HasLeftOut(FName Property) const;
 	static FKeptObjectText& FindOrAdd(UObject* Object);
-	static void Forget(const UObject* Object);
 	/** Keeps the text of a value that the property could not take, in place of what was kept for it. */
 	static void KeepUnread(UObject& Object, const FProperty& Property, FStringView Value);
 	/** Keeps a record that no object could be made for with what would be its outer, and tells so. */

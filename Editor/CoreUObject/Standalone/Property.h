@@ -25,7 +25,6 @@ class FProperty : public FField
 	bool HasAnyPropertyFlags(uint64 Flags) const { return (PropertyFlags & Flags) != 0; }
 	bool HasAllPropertyFlags(uint64 Flags) const { return (PropertyFlags & Flags) == Flags; }
 	void SetPropertyFlags(uint64 Flags) { PropertyFlags |= Flags; }
-	void ClearPropertyFlags(uint64 Flags) { PropertyFlags &= ~Flags; }
 	EPropertyFlags GetPropertyFlags() const { return PropertyFlags; }
 
 	/** Size and alignment of one value in memory. */
@@ -120,13 +119,8 @@ class FNumericProperty : public FProperty
 	/** The enum that names the values, or null. Bytes alone have one. */
 	virtual UEnum* GetIntPropertyEnum() const { return nullptr; }
 	bool IsEnum() const { return GetIntPropertyEnum() != nullptr; }
-	virtual int64 GetSignedIntPropertyValue(const void* Data) const = 0;
 	virtual double GetFloatingPointPropertyValue(const void* Data) const = 0;
-	virtual void SetIntPropertyValue(void* Data, int64 Value) const = 0;
-	virtual void SetFloatingPointPropertyValue(void* Data, double Value) const = 0;
-	virtual bool CanHoldValue(int64 Value) const = 0;
 	FString GetNumericPropertyValueToString(const void* Data) const;
-	bool SetNumericPropertyValueFromString(void* Data, const TCHAR* Value) const;
 };
 
 /** A property whose value is one C++ type held in place. */
@@ -166,23 +160,10 @@ public:
 
 	bool IsFloatingPoint() const override { return std::is_floating_point_v<TNumber>; }
 	bool IsInteger() const override { return !std::is_floating_point_v<TNumber>; }
-	int64 GetSignedIntPropertyValue(const void* Data) const override
-	{
-		return static_cast<int64>(*static_cast<const TNumber*>(Data));
-	}
 	double GetFloatingPointPropertyValue(const void* Data) const override
 	{
 		return static_cast<double>(*static_cast<const TNumber*>(Data));
 	}
-	void SetIntPropertyValue(void* Data, int64 Value) const override
-	{
-		*static_cast<TNumber*>(Data) = static_cast<TNumber>(Value);
-	}
-	void SetFloatingPointPropertyValue(void* Data, double Value) const override
-	{
-		*static_cast<TNumber*>(Data) = static_cast<TNumber>(Value);
-	}
-	bool CanHoldValue(int64 Value) const override { return static_cast<int64>(static_cast<TNumber>(Value)) == Value; }
 	bool Identical(const void* A, const void* B, uint32 PortFlags = 0) const override
 	{
 		const TNumber ValueA = A ? *static_cast<const TNumber*>(A) : TNumber();
@@ -270,7 +251,6 @@ class FBoolProperty : public FProperty
 	{
 		SetPropertyValue(ContainerPtrToValuePtr<uint8>(Container), bValue);
 	}
-	bool IsNativeBool() const { return FieldMask == 0xFF; }
 	/** Makes it one bit of its byte. */
 	void SetMask(uint8 Bit) { ByteMask = FieldMask = Bit; }
 

@@ -213,11 +213,6 @@ bool UBlueprint::SupportsEventGraphs() const
 	return BlueprintType == BPTYPE_Normal || BlueprintType == BPTYPE_LevelScript;
 }
 
-bool UBlueprint::SupportsConstructionScript() const
-{
-	return BlueprintType == BPTYPE_Normal && SimpleConstructionScript != nullptr;
-}
-
 UTimelineTemplate* UBlueprint::FindTimelineTemplateByVariableName(const FName& TimelineName)
 {
 	for (UTimelineTemplate* const Timeline : Timelines)
@@ -255,30 +250,6 @@ UClass* UBlueprintGeneratedClass::GetAuthoritativeClass()
 {
 	const UBlueprint* const Blueprint = UBlueprint::GetBlueprintFromClass(this);
 	return Blueprint && Blueprint->GeneratedClass.Get() ? Blueprint->GeneratedClass.Get() : this;
-}
-
-UTimelineTemplate* UBlueprintGeneratedClass::FindTimelineTemplateByVariableName(const FName& TimelineName) const
-{
-	for (UTimelineTemplate* const Timeline : Timelines)
-	{
-		if (Timeline && Timeline->GetVariableName() == TimelineName)
-		{
-			return Timeline;
-		}
-	}
-	return nullptr;
-}
-
-UActorComponent* UBlueprintGeneratedClass::FindComponentTemplateByName(const FName& TemplateName) const
-{
-	for (UActorComponent* const Template : ComponentTemplates)
-	{
-		if (Template && Template->GetFName() == TemplateName)
-		{
-			return Template;
-		}
-	}
-	return nullptr;
 }
 
 namespace BlueprintClassProvider

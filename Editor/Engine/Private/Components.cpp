@@ -23,11 +23,6 @@ void UActorComponent::DescribeClass(FClassDescriber& Class)
 	Class.Property(TEXT("ComponentTags"), &UActorComponent::ComponentTags, CPF_Edit | CPF_BlueprintVisible);
 }
 
-AActor* UActorComponent::GetOwner() const
-{
-	return GetTypedOuter<AActor>();
-}
-
 void USceneComponent::DescribeClass(FClassDescriber& Class)
 {
 	constexpr uint64 Editable = CPF_Edit | CPF_BlueprintVisible | CPF_BlueprintReadOnly;
@@ -39,34 +34,6 @@ void USceneComponent::DescribeClass(FClassDescriber& Class)
 	Class.Property(TEXT("Mobility"), &USceneComponent::Mobility, Editable);
 	Class.Property(TEXT("bVisible"), &USceneComponent::bVisible, Editable | CPF_Net);
 	Class.Property(TEXT("bHiddenInGame"), &USceneComponent::bHiddenInGame, Editable);
-}
-
-void USceneComponent::SetupAttachment(USceneComponent* InParent, FName InSocketName)
-{
-	for (const USceneComponent* Above = InParent; Above; Above = Above->AttachParent)
-	{
-		if (Above == this)
-		{
-			return;
-		}
-	}
-	AttachParent = InParent;
-	AttachSocketName = InSocketName;
-}
-
-const TArray<TObjectPtr<USceneComponent>>& USceneComponent::GetAttachChildren() const
-{
-	AttachChildren.Empty();
-	for (UObject* Sibling = GetOuter() ? GetOuter()->GetFirstInner() : nullptr; Sibling;
-		 Sibling = Sibling->GetNextInner())
-	{
-		USceneComponent* const Component = Cast<USceneComponent>(Sibling);
-		if (Component && Component->AttachParent.Get() == this)
-		{
-			AttachChildren.Add(Component);
-		}
-	}
-	return AttachChildren;
 }
 
 void USceneComponent::SetRelativeLocationAndRotation(FVector NewLocation, FRotator NewRotation)

@@ -68,12 +68,6 @@ float FRichCurve::Eval(float InTime, float InDefaultValue) const
 	return Keys.Last().Value;
 }
 
-void FRichCurve::GetTimeRange(float& MinTime, float& MaxTime) const
-{
-	MinTime = Keys.IsEmpty() ? 0.0f : Keys[0].Time;
-	MaxTime = Keys.IsEmpty() ? 0.0f : Keys.Last().Time;
-}
-
 void UCurveBase::DescribeClass(FClassDescriber&) {}
 
 void UCurveFloat::DescribeClass(FClassDescriber& Class)

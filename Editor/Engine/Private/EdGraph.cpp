@@ -116,17 +116,6 @@ void UEdGraph::GetAllChildrenGraphs(TArray<UEdGraph*>& Graphs) const
 	}
 }
 
-void UEdGraph::MoveNodesToAnotherGraph(UEdGraph* DestinationGraph, bool, bool)
-{
-	const TArray<TObjectPtr<UEdGraphNode>> Moved = MoveTemp(Nodes);
-	Nodes.Empty();
-	for (UEdGraphNode* const Node : Moved)
-	{
-		DestinationGraph->AddNode(Node);
-	}
-	NotifyGraphChanged();
-}
-
 void UEdGraph::PostLoad()
 {
 	UObject::PostLoad();

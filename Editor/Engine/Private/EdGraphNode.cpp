@@ -166,22 +166,6 @@ bool UEdGraphNode::RemovePin(UEdGraphPin* Pin)
 	return true;
 }
 
-void UEdGraphNode::DestroyPin(UEdGraphPin* Pin)
-{
-	Pins.Remove(Pin);
-	Pin->MarkAsGarbage();
-}
-
-void UEdGraphNode::DestroyAllPins()
-{
-	const TArray<UEdGraphPin*> OldPins = MoveTemp(Pins);
-	Pins.Empty();
-	for (UEdGraphPin* const Pin : OldPins)
-	{
-		Pin->MarkAsGarbage();
-	}
-}
-
 void UEdGraphNode::BreakAllNodeLinks()
 {
 	TArray<UEdGraphNode*> Changed = {this};
@@ -217,13 +201,6 @@ void UEdGraphNode::DestroyNode()
 	}
 }
 
-void UEdGraphNode::SnapToGrid(uint32 GridSnapSize)
-{
-	const int32 Grid = static_cast<int32>(GridSnapSize);
-	NodePosX = Grid * FMath::RoundToInt(static_cast<double>(NodePosX) / Grid);
-	NodePosY = Grid * FMath::RoundToInt(static_cast<double>(NodePosY) / Grid);
-}
-
 TSharedPtr<INameValidatorInterface> UEdGraphNode::MakeNameValidator() const
 {
 	return nullptr;
@@ -242,11 +219,6 @@ FText UEdGraphNode::GetTooltipText() const
 FText UEdGraphNode::GetPinDisplayName(const UEdGraphPin* Pin) const
 {
 	return Pin->GetSchema() ? Pin->GetSchema()->GetPinDisplayName(Pin) : FText::FromName(Pin->PinName);
-}
-
-FString UEdGraphNode::GetFindReferenceSearchString() const
-{
-	return GetNodeTitle(ENodeTitleType::ListView).ToString();
 }
 
 void UEdGraphNode::MakeAutomaticallyPlacedGhostNode()

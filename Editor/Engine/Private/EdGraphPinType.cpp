@@ -57,11 +57,6 @@ void FEdGraphPinType::DescribeStruct(FStructDescriber& Struct)
 		TEXT("bSerializeAsSinglePrecisionFloat"), [](auto& Type) { Type.bSerializeAsSinglePrecisionFloat = true; });
 }
 
-UClass* FSimpleMemberReference::GetMemberParentClass() const
-{
-	return Cast<UClass>(MemberParent);
-}
-
 FEdGraphTerminalType FEdGraphTerminalType::FromPinType(const FEdGraphPinType& PinType)
 {
 	FEdGraphTerminalType Type;
@@ -116,14 +111,6 @@ FEdGraphPinType FEdGraphPinType::GetPinTypeForTerminalType(const FEdGraphTermina
 	Type.bIsConst = TerminalType.bTerminalIsConst;
 	Type.bIsWeakPointer = TerminalType.bTerminalIsWeakPointer;
 	Type.bIsUObjectWrapper = TerminalType.bTerminalIsUObjectWrapper;
-	return Type;
-}
-
-FEdGraphPinType FEdGraphPinType::GetTerminalTypeForContainer(const FEdGraphPinType& ContainerType)
-{
-	FEdGraphPinType Type = ContainerType;
-	Type.ContainerType = EPinContainerType::None;
-	Type.PinValueType = FEdGraphTerminalType();
 	return Type;
 }
 

@@ -145,12 +145,6 @@ FText UEdGraphSchema::GetPinDisplayName(const UEdGraphPin* Pin) const
 	return Pin->PinFriendlyName.IsEmpty() ? FText::FromName(Pin->PinName) : Pin->PinFriendlyName;
 }
 
-void UEdGraphSchema::ConstructBasicPinTooltip(
-	const UEdGraphPin&, const FText& PinDescription, FString& TooltipOut) const
-{
-	TooltipOut = PinDescription.ToString();
-}
-
 void UEdGraphSchema::GetGraphDisplayInformation(const UEdGraph& Graph, FGraphDisplayInfo& DisplayInfo) const
 {
 	DisplayInfo.PlainName = FText::FromString(Graph.GetName());
@@ -191,63 +185,15 @@ void UEdGraphSchema::BreakSinglePinLink(UEdGraphPin* SourcePin, UEdGraphPin* Tar
 	GraphSchema::NotifyOfLinks({FEdGraphPinReference(SourcePin), FEdGraphPinReference(TargetPin)});
 }
 
-FPinConnectionResponse UEdGraphSchema::MovePinLinks(
-	UEdGraphPin& MoveFromPin, UEdGraphPin& MoveToPin, bool bIsIntermediateMove, bool) const
-{
-	const FPinConnectionResponse Response = CopyPinLinks(MoveFromPin, MoveToPin, bIsIntermediateMove);
-	if (!Response.IsDisallowed())
-	{
-		MoveFromPin.BreakAllPinLinks();
-	}
-	return Response;
-}
-
-FPinConnectionResponse UEdGraphSchema::CopyPinLinks(
-	UEdGraphPin& CopyFromPin, UEdGraphPin& CopyToPin, bool bIsIntermediateCopy) const
-{
-	if (!bIsIntermediateCopy)
-	{
-		for (UEdGraphPin* const Linked : CopyFromPin.LinkedTo)
-		{
-			const FPinConnectionResponse Response = CanCreateConnection(&CopyToPin, Linked);
-			if (Response.IsDisallowed())
-			{
-				return Response;
-			}
-		}
-	}
-	const TArray<UEdGraphPin*> Links = CopyFromPin.LinkedTo;
-	for (UEdGraphPin* const Linked : Links)
-	{
-		CopyToPin.MakeLinkTo(Linked);
-	}
-	CopyToPin.DefaultValue = CopyFromPin.DefaultValue;
-	CopyToPin.DefaultObject = CopyFromPin.DefaultObject;
-	CopyToPin.DefaultTextValue = CopyFromPin.DefaultTextValue;
-	return FPinConnectionResponse(CONNECT_RESPONSE_MAKE, TEXT(""));
-}
-
 void FGraphActionListBuilderBase::AddAction(const TSharedPtr<FEdGraphSchemaAction>& NewAction, const FString&)
 {
 	Entries.Add(NewAction);
-}
-
-void FGraphActionListBuilderBase::AddActionList(
-	const TArray<TSharedPtr<FEdGraphSchemaAction>>& NewActions, const FString&)
-{
-	Entries.Append(NewActions);
 }
 
 void FGraphActionListBuilderBase::Append(FGraphActionListBuilderBase& Other)
 {
 	Entries.Append(Other.Entries);
 	Other.Entries.Empty();
-}
-
-UEdGraphNode* FGraphContextMenuBuilder::CreateTemplateNode(const UClass* Class)
-{
-	check(OwnerOfTemporaries);
-	return NewObject<UEdGraphNode>(OwnerOfTemporaries, Class, NAME_None, RF_Transient);
 }
 
 UEdGraphNode* FEdGraphSchemaAction_NewNode::PerformAction(

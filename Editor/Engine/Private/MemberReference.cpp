@@ -39,12 +39,6 @@ void FMemberReference::SetGlobalField(FName InFieldName, UPackage* InParentPacka
 	MemberParent = InParentPackage;
 }
 
-void FMemberReference::SetExternalDelegateMember(FName InMemberName)
-{
-	*this = FMemberReference();
-	MemberName = InMemberName;
-}
-
 void FMemberReference::SetSelfMember(FName InMemberName)
 {
 	*this = FMemberReference();
@@ -56,11 +50,6 @@ void FMemberReference::SetSelfMember(FName InMemberName, FGuid& InMemberGuid)
 {
 	SetSelfMember(InMemberName);
 	MemberGuid = InMemberGuid;
-}
-
-void FMemberReference::SetLocalMember(FName InMemberName, UStruct* InScope, FGuid InMemberGuid)
-{
-	SetLocalMember(InMemberName, InScope ? InScope->GetName() : FString(), InMemberGuid);
 }
 
 void FMemberReference::SetLocalMember(FName InMemberName, FString InScopeName, FGuid InMemberGuid)
@@ -108,16 +97,6 @@ static FGuid FindFunctionGuid(const UClass* Owner, FName Name)
 	}
 	return FGuid();
 }
-
-static bool IsOwnOrInherited(const UClass* Owner, const UClass* Self)
-{
-	if (!Owner || !Self)
-	{
-		return false;
-	}
-	return Self->IsChildOf(Owner) || (Owner->ClassGeneratedBy && Owner->ClassGeneratedBy == Self->ClassGeneratedBy)
-		|| Self->GetAuthoritativeClass()->IsChildOf(Owner->GetAuthoritativeClass());
-}
 } // namespace MemberReference
 
 void FMemberReference::SetFromField(const FProperty* InField, bool bIsConsideredSelfContext)
@@ -137,23 +116,6 @@ void FMemberReference::SetFromField(const UFunction* InField, bool bIsConsidered
 	}
 	SetDirect(InField->GetFName(), MemberReference::FindFunctionGuid(Owner, InField->GetFName()), Owner,
 		bIsConsideredSelfContext);
-}
-
-void FMemberReference::SetFromField(const FProperty* InField, UClass* SelfScope)
-{
-	SetFromField(InField, MemberReference::IsOwnOrInherited(InField->GetOwnerClass(), SelfScope));
-}
-
-void FMemberReference::SetFromField(const UFunction* InField, UClass* SelfScope)
-{
-	SetFromField(InField, MemberReference::IsOwnOrInherited(InField->GetOwnerClass(), SelfScope));
-}
-
-void FMemberReference::SetGivenSelfScope(
-	FName InMemberName, FGuid InMemberGuid, TSubclassOf<UObject> InMemberParentClass, TSubclassOf<UObject> SelfScope)
-{
-	SetDirect(InMemberName, InMemberGuid, InMemberParentClass,
-		MemberReference::IsOwnOrInherited(InMemberParentClass.Get(), SelfScope.Get()));
 }
 
 void FMemberReference::SetDirect(
@@ -177,15 +139,6 @@ UClass* FMemberReference::GetMemberParentClass() const
 UClass* FMemberReference::GetMemberParentClass(UClass* SelfScope) const
 {
 	return bSelfContext ? SelfScope : GetMemberParentClass();
-}
-
-UPackage* FMemberReference::GetMemberParentPackage() const
-{
-	if (UPackage* const Package = Cast<UPackage>(MemberParent))
-	{
-		return Package;
-	}
-	return MemberParent ? MemberParent->GetOutermost() : nullptr;
 }
 
 UStruct* FMemberReference::GetMemberScope(const UClass* InMemberParentClass) const

@@ -35,22 +35,6 @@ void FGameplayTagContainer::AddTag(const FGameplayTag& TagToAdd)
 	}
 }
 
-bool FGameplayTagContainer::RemoveTag(const FGameplayTag& TagToRemove)
-{
-	return GameplayTags.Remove(TagToRemove) > 0;
-}
-
-bool FGameplayTagContainer::HasTag(const FGameplayTag& TagToCheck) const
-{
-	return GameplayTags.ContainsByPredicate(
-		[&TagToCheck](const FGameplayTag& Tag) { return Tag.MatchesTag(TagToCheck); });
-}
-
-bool FGameplayTagContainer::HasTagExact(const FGameplayTag& TagToCheck) const
-{
-	return TagToCheck.IsValid() && GameplayTags.Contains(TagToCheck);
-}
-
 FString FGameplayTagContainer::ToStringSimple() const
 {
 	FString Text;

@@ -38,12 +38,7 @@ struct FGameplayTagContainer
 
 	/** An empty tag is not added. */
 	void AddTag(const FGameplayTag& TagToAdd);
-	/** False when it was not there. */
-	bool RemoveTag(const FGameplayTag& TagToRemove);
 	void Reset() { GameplayTags.Empty(); }
-	/** Whether one of the tags is the given one or below it. */
-	bool HasTag(const FGameplayTag& TagToCheck) const;
-	bool HasTagExact(const FGameplayTag& TagToCheck) const;
 	int32 Num() const { return GameplayTags.Num(); }
 	bool IsEmpty() const { return GameplayTags.IsEmpty(); }
 	/** Names with a comma and a blank between. */

@@ -10,11 +10,6 @@ void UMovieScene::DescribeClass(FClassDescriber& Class)
 	Class.Property(TEXT("PlaybackEnd"), &UMovieScene::PlaybackEnd);
 }
 
-void UMovieScene::SetPlaybackRange(FFrameNumber Start, int32 Duration, bool bAlwaysMarkDirty)
-{
-	SetPlaybackRange(TRange<FFrameNumber>(Start, Start + FFrameNumber(Duration)), bAlwaysMarkDirty);
-}
-
 void UMovieScene::SetPlaybackRange(const TRange<FFrameNumber>& NewRange, bool bAlwaysMarkDirty)
 {
 	Modify(bAlwaysMarkDirty);

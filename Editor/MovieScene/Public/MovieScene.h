@@ -14,7 +14,6 @@ public:
 	/** The rate in which its times are counted. */
 	FFrameRate GetTickResolution() const { return FFrameRate(24000, 1); }
 	/** Start and end, which is Duration behind and does not play. */
-	void SetPlaybackRange(FFrameNumber Start, int32 Duration, bool bAlwaysMarkDirty = true);
 	void SetPlaybackRange(const TRange<FFrameNumber>& NewRange, bool bAlwaysMarkDirty = true);
 	TRange<FFrameNumber> GetPlaybackRange() const { return TRange<FFrameNumber>(PlaybackStart, PlaybackEnd); }
 

@@ -25,7 +25,6 @@ public:
 
 	const FString& GetName() const override { return Name; }
 	const FString& GetFriendlyName() const override { return FriendlyName; }
-	const FString& GetDescriptorFileName() const override { return DescriptorFile; }
 	FString GetBaseDir() const override { return FPaths::GetPath(DescriptorFile); }
 	FString GetContentDir() const override { return GetBaseDir() / TEXT("Content"); }
 	FString GetMountedAssetPath() const override { return TEXT("/") + Name + TEXT("/"); }
@@ -169,10 +168,6 @@ public:
 	TArray<TSharedRef<IPlugin>> GetDiscoveredPlugins() override
 	{
 		return Select([](const FPlugin&) { return true; });
-	}
-	TArray<TSharedRef<IPlugin>> GetEnabledPlugins() override
-	{
-		return Select([](const FPlugin& Plugin) { return Plugin.bEnabled; });
 	}
 	TArray<TSharedRef<IPlugin>> GetEnabledPluginsWithContent() const override
 	{

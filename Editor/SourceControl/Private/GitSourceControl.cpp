@@ -52,25 +52,15 @@ static std::string RealPath(const std::string& Path)
 class FState final : public ISourceControlState
 {
 public:
-	FState(const FString& InFilename, uint32 InStatus, bool bInTracked)
-		: Filename(InFilename)
-		, Status(InStatus)
-		, bTracked(bInTracked)
+	explicit FState(uint32 InStatus)
+		: Status(InStatus)
 	{
 	}
-	const FString& GetFilename() const override { return Filename; }
-	bool IsSourceControlled() const override { return bTracked; }
-	bool IsAdded() const override { return (Status & GIT_STATUS_INDEX_NEW) != 0; }
-	bool IsIgnored() const override { return (Status & GIT_STATUS_IGNORED) != 0; }
 	bool IsConflicted() const override { return (Status & GIT_STATUS_CONFLICTED) != 0; }
-	bool CanCheckout() const override { return false; }
 	bool CanAdd() const override { return (Status & GIT_STATUS_WT_NEW) != 0; }
-	bool CanEdit() const override { return !IsConflicted(); }
 
 private:
-	const FString Filename;
 	const uint32 Status;
-	const bool bTracked;
 };
 } // namespace GitSourceControl
 
@@ -232,5 +222,5 @@ FSourceControlStatePtr FGitSourceControl::GetState(const FString& Filename, ESta
 	{
 		return nullptr;
 	}
-	return MakeShared<GitSourceControl::FState>(Filename, Status, GitSourceControl::IsTracked(Index.get(), Path));
+	return MakeShared<GitSourceControl::FState>(Status);
 }

@@ -38,11 +38,6 @@ bool USourceControlHelpers::IsEnabled()
 	return ISourceControlModule::Get().IsEnabled();
 }
 
-bool USourceControlHelpers::IsAvailable()
-{
-	return ISourceControlModule::Get().GetProvider().IsAvailable();
-}
-
 FText USourceControlHelpers::LastErrorMsg()
 {
 	return SourceControlHelpers::LastError();
@@ -51,13 +46,6 @@ FText USourceControlHelpers::LastErrorMsg()
 bool USourceControlHelpers::CheckOutFile(const FString& File, bool)
 {
 	return SourceControlHelpers::Run(ISourceControlOperation::Create<FCheckOut>(), File);
-}
-
-bool USourceControlHelpers::CheckOutOrAddFile(const FString& File, bool bSilent)
-{
-	const FSourceControlStatePtr State = ISourceControlModule::Get().GetProvider().GetState(
-		File, EStateCacheUsage::ForceUpdate);
-	return State.IsValid() && State->CanAdd() ? MarkFileForAdd(File, bSilent) : CheckOutFile(File, bSilent);
 }
 
 bool USourceControlHelpers::MarkFileForAdd(const FString& File, bool)

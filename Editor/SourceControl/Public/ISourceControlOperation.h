@@ -5,7 +5,6 @@
 /** What an operation had to say. */
 struct FSourceControlResultInfo
 {
-	TArray<FText> InfoMessages;
 	TArray<FText> ErrorMessages;
 
 	bool HasErrors() const { return !ErrorMessages.IsEmpty(); }
@@ -19,7 +18,6 @@ public:
 
 	const FSourceControlResultInfo& GetResultInfo() const { return ResultInfo; }
 	void AddErrorMessage(const FText& Message) { ResultInfo.ErrorMessages.Add(Message); }
-	void AddInfoMessage(const FText& Message) { ResultInfo.InfoMessages.Add(Message); }
 
 	template <typename OperationType>
 	static TSharedRef<OperationType> Create()

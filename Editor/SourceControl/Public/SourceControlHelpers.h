@@ -11,13 +11,10 @@ class USourceControlHelpers
 public:
 	static FString CurrentProvider();
 	static bool IsEnabled();
-	static bool IsAvailable();
 	static FText LastErrorMsg();
 
 	/** True when the file may be changed now. A file that does not exist yet may. */
 	static bool CheckOutFile(const FString& File, bool bSilent = false);
-	/** As CheckOutFile for a file under control, MarkFileForAdd for another. */
-	static bool CheckOutOrAddFile(const FString& File, bool bSilent = false);
 	static bool MarkFileForAdd(const FString& File, bool bSilent = false);
 	static bool MarkFileForDelete(const FString& File, bool bSilent = false);
 };

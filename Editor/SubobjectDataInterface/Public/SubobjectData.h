@@ -19,7 +19,6 @@ struct FSubobjectData
 	/** The Blueprint whose construction script made it, or that it was gathered for. */
 	UBlueprint* GetBlueprint() const { return Blueprint.Get(); }
 	FName GetVariableName() const;
-	FString GetDisplayString() const { return GetVariableName().ToString(); }
 
 	bool IsValid() const { return GetObject() != nullptr; }
 	bool IsRootActor() const { return IsValid() && !ParentHandle.IsValid(); }

@@ -31,7 +31,6 @@ ECommandResult::Type FRefuseSourceControl::Execute(
 	{
 		return ECommandResult::Succeeded;
 	}
-	RefusedFiles.Append(Files);
 	Command->AddErrorMessage(FText::FromString(Reason));
 	return ECommandResult::Failed;
 }

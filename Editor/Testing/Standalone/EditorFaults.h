@@ -18,7 +18,6 @@ public:
 	FRefuseSourceControl& operator=(const FRefuseSourceControl&) = delete;
 
 	/** Files of the refused operation, in order. */
-	const TArray<FString>& GetRefusedFiles() const { return RefusedFiles; }
 
 	const FName& GetName() const override;
 	FText GetStatusText() const override { return FText(); }
@@ -32,7 +31,6 @@ public:
 private:
 	const FName Operation;
 	const FString Reason;
-	TArray<FString> RefusedFiles;
 };
 
 struct FRefuseCheckOut

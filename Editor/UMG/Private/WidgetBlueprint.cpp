@@ -126,11 +126,6 @@ bool UWidgetBlueprint::IsWidgetFreeFromCircularReferences(UUserWidget* UserWidge
 	return UserWidget && !WidgetCycles::Holds(UserWidget->GetClass(), *this, Seen);
 }
 
-void UWidgetBlueprint::OnVariableAdded(const FName& VariableName)
-{
-	WidgetVariableNameToGuidMap.FindOrAdd(VariableName) = FGuid::NewGuid();
-}
-
 void UWidgetBlueprint::OnVariableRenamed(const FName& OldName, const FName& NewName)
 {
 	if (const FGuid* const Guid = WidgetVariableNameToGuidMap.Find(OldName))
@@ -162,11 +157,6 @@ void UWidgetBlueprint::OnVariableRenamed(const FName& OldName, const FName& NewN
 			Binding.SlotWidgetName = Binding.SlotWidgetName == OldName ? NewName : Binding.SlotWidgetName;
 		}
 	}
-}
-
-void UWidgetBlueprint::OnVariableRemoved(const FName& VariableName)
-{
-	WidgetVariableNameToGuidMap.Remove(VariableName);
 }
 
 void UWidgetBlueprint::NotifyGraphRenamed(UEdGraph* Graph, FName OldName, FName NewName)

@@ -106,43 +106,6 @@ UPanelSlot* UPanelWidget::InsertChildAt(int32 Index, UWidget* Content)
 	return NewSlot;
 }
 
-bool UPanelWidget::ReplaceChildAt(int32 Index, UWidget* Content)
-{
-	if (!Slots.IsValidIndex(Index) || !Content || StandsIn(Content))
-	{
-		return false;
-	}
-	UPanelSlot* const Place = Slots[Index];
-	if (Place->Content.Get() == Content)
-	{
-		return true;
-	}
-	Content->RemoveFromParent();
-	if (Place->Content)
-	{
-		Place->Content->Slot = nullptr;
-	}
-	Place->Content = Content;
-	Content->Slot = Place;
-	return true;
-}
-
-bool UPanelWidget::ReplaceChild(UWidget* CurrentChild, UWidget* NewChild)
-{
-	return ReplaceChildAt(GetChildIndex(CurrentChild), NewChild);
-}
-
-void UPanelWidget::ShiftChild(int32 Index, UWidget* Child)
-{
-	const int32 Current = GetChildIndex(Child);
-	if (Current != INDEX_NONE)
-	{
-		UPanelSlot* const Moved = Slots[Current];
-		Slots.RemoveAt(Current);
-		Slots.Insert(Moved, FMath::Clamp(Index, 0, Slots.Num()));
-	}
-}
-
 bool UPanelWidget::RemoveChild(UWidget* Content)
 {
 	const int32 Index = GetChildIndex(Content);
@@ -165,14 +128,6 @@ bool UPanelWidget::RemoveChildAt(int32 Index)
 	Slots.RemoveAt(Index);
 	Removed->MarkAsGarbage();
 	return true;
-}
-
-void UPanelWidget::ClearChildren()
-{
-	for (int32 Index = Slots.Num() - 1; Index >= 0; --Index)
-	{
-		RemoveChildAt(Index);
-	}
 }
 
 bool UPanelWidget::CanHaveMultipleChildren() const
@@ -372,11 +327,4 @@ bool UWidgetTree::RemoveWidget(UWidget* Widget)
 	}
 	UPanelWidget* const Parent = Widget->GetParent();
 	return Parent && Parent->RemoveChild(Widget);
-}
-
-UPanelWidget* UWidgetTree::FindWidgetParent(UWidget* Widget, int32& OutChildIndex)
-{
-	UPanelWidget* const Parent = Widget->GetParent();
-	OutChildIndex = Parent ? Parent->GetChildIndex(Widget) : INDEX_NONE;
-	return Parent;
 }

@@ -71,9 +71,7 @@ public:
 	bool IsWidgetFreeFromCircularReferences(UUserWidget* UserWidget) const;
 
 	/** The variables of widgets and animations have guids, so that what refers to one can follow a change of name. */
-	void OnVariableAdded(const FName& VariableName);
 	void OnVariableRenamed(const FName& OldName, const FName& NewName);
-	void OnVariableRemoved(const FName& VariableName);
 	void NotifyGraphRenamed(UEdGraph* Graph, FName OldName, FName NewName) override;
 	/** What is written has a guid for each widget and animation that is there, and no binding of one that is not. */
 	void PreSave() override;

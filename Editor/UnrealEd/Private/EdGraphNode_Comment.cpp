@@ -31,14 +31,6 @@ UEdGraphNode_Comment::UEdGraphNode_Comment()
 	bCanRenameNode = true;
 }
 
-void UEdGraphNode_Comment::SetBounds(int32 Left, int32 Top, int32 Right, int32 Bottom)
-{
-	NodePosX = Left;
-	NodePosY = Top;
-	NodeWidth = Right - Left;
-	NodeHeight = Bottom - Top;
-}
-
 void UEdGraphNode_Comment::PostPlacedNewNode()
 {
 	if (NodeComment.IsEmpty())
@@ -59,10 +51,4 @@ FText UEdGraphNode_Comment::GetNodeTitle(ENodeTitleType::Type TitleType) const
 FText UEdGraphNode_Comment::GetTooltipText() const
 {
 	return NodeComment.IsEmpty() ? FText::FromString(TEXT("Comment")) : FText::FromString(NodeComment);
-}
-
-void UEdGraphNode_Comment::ResizeNode(float NewWidth, float NewHeight)
-{
-	NodeWidth = static_cast<int32>(NewWidth);
-	NodeHeight = static_cast<int32>(NewHeight);
 }

@@ -22,12 +22,10 @@ class UEdGraphNode_Comment : public UEdGraphNode
 public:
 	UEdGraphNode_Comment();
 
-	void SetBounds(int32 Left, int32 Top, int32 Right, int32 Bottom);
 	void PostPlacedNewNode() override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	void OnRenameNode(const FString& NewName) override { NodeComment = NewName; }
-	void ResizeNode(float NewWidth, float NewHeight) override;
 
 	FLinearColor CommentColor = FLinearColor(1.0f, 1.0f, 1.0f, 1.0f);
 	int32 FontSize = 18;

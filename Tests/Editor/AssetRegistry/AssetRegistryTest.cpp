@@ -146,7 +146,6 @@ TEST_F(AssetRegistry, AnAssetIsFoundByItsPathWhereverItIs)
 	ASSERT_TRUE(Loaded);
 	EXPECT_EQ(ToUtf8(Loaded->GetPathName()), "/Game/Dir/Saved.Saved");
 	EXPECT_TRUE(Saved.IsInstanceOf(UTestAsset::StaticClass()));
-	EXPECT_EQ(ToUtf8(Saved.GetExportTextName()), "/Script/Tests.TestAsset'/Game/Dir/Saved.Saved'");
 }
 
 TEST_F(AssetRegistry, FilesThatAppearAndAssetsThatGoAreNoticed)

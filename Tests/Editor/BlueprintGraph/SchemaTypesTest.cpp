@@ -308,17 +308,4 @@ TEST(SchemaTypes, TypesReadAsTheEditorSaysThem)
 		EXPECT_EQ(ToStd(UEdGraphSchema_K2::TypeToText(Pair.Input->PinType).ToString()), Row.Value);
 	}
 }
-
-TEST(SchemaTypes, EquivalenceIsNarrowerThanCompatibility)
-{
-	const UEdGraphSchema_K2* const Schema = FPinPair(TEXT("int"), TEXT("int")).Schema;
-	const auto Same = [Schema](const TCHAR* A, const TCHAR* B)
-	{ return Schema->ArePinTypesEquivalent(ReadPinType(A), ReadPinType(B)); };
-	EXPECT_TRUE(Same(TEXT("int"), TEXT("int")));
-	EXPECT_FALSE(Same(TEXT("float"), TEXT("double")));
-	EXPECT_FALSE(Same(TEXT("o:Character"), TEXT("o:Actor")));
-	EXPECT_FALSE(Same(TEXT("int"), TEXT("int[]")));
-	EXPECT_FALSE(Same(TEXT("int->string"), TEXT("int->name")));
-	EXPECT_TRUE(Same(TEXT("int->string"), TEXT("int->string")));
-}
 } // namespace SchemaTypes

@@ -283,20 +283,15 @@ TEST(Delegates, ListenersMayLeaveDuringTheCall)
 	EXPECT_EQ(ToUtf8(Heard), "a1 c a2 c ");
 }
 
-TEST(Delegates, TargetsHeldBySharedPointerExpire)
+TEST(Delegates, OneThatIsBoundToNothingIsNotCalled)
 {
-	struct FTarget
-	{
-		int32 Calls = 0;
-		int32 Add(int32 Value) { return Calls += Value; }
-	};
-	TSharedPtr<FTarget> Target = MakeShared<FTarget>();
 	TDelegate<int32(int32)> Delegate;
-	EXPECT_FALSE(Delegate.ExecuteIfBound(1));
-	Delegate.BindSP(Target.ToSharedRef(), &FTarget::Add);
-	EXPECT_EQ(Delegate.Execute(5), 5);
-	Target.Reset();
 	EXPECT_FALSE(Delegate.IsBound());
 	EXPECT_FALSE(Delegate.ExecuteIfBound(1));
+	int32 Calls = 0;
+	Delegate.BindLambda([&Calls](int32 Value) { return Calls += Value; });
+	EXPECT_EQ(Delegate.Execute(5), 5);
+	EXPECT_TRUE(Delegate.ExecuteIfBound(2));
+	EXPECT_EQ(Calls, 7);
 }
 }

@@ -1,9 +1,9 @@
 #include "CoreMinimal.h"
 #include "HAL/FileManager.h"
-#include "HAL/PlatformProcess.h"
 #include "Misc/FileHelper.h"
 #include "Misc/Paths.h"
 #include "Modules/ModuleManager.h"
+#include "TemporaryFolder.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -13,16 +13,9 @@ namespace FileTests
 class FileHelper : public testing::Test
 {
 protected:
-	FileHelper()
-		: Folder(FPlatformProcess::UserTempDir()
-			+ FString::Printf(TEXT("core-files-%u"), FPlatformProcess::GetCurrentProcessId()))
-	{
-	}
-	void TearDown() override { IFileManager::Get().DeleteDirectory(*Folder, false, true); }
+	FString PathTo(const TCHAR* Name) const { return Folder.Get() / Name; }
 
-	FString PathTo(const TCHAR* Name) const { return Folder / Name; }
-
-	const FString Folder;
+	const FTemporaryFolder Folder;
 };
 
 TEST_F(FileHelper, TextGoesThroughUtf8AndMakesItsFolder)
@@ -35,7 +28,7 @@ TEST_F(FileHelper, TextGoesThroughUtf8AndMakesItsFolder)
 	EXPECT_TRUE(FFileHelper::LoadFileToString(Read, *Path));
 	EXPECT_TRUE(Read.Equals(Written));
 	TArray<FString> Found;
-	IFileManager::Get().FindFilesRecursive(Found, *Folder, TEXT("*.TXT"), true, false);
+	IFileManager::Get().FindFilesRecursive(Found, *Folder.Get(), TEXT("*.TXT"), true, false);
 	EXPECT_EQ(Found, TArray<FString>{Path});
 }
 
@@ -51,7 +44,7 @@ TEST_F(FileHelper, BadBytesAndMissingFilesAreExplained)
 	EXPECT_TRUE(Text.IsEmpty());
 	EXPECT_FALSE(FFileHelper::LoadFileToString(Text, *PathTo(TEXT("absent")), Error));
 	EXPECT_TRUE(Error.StartsWith(TEXT("Cannot open '"))) << ToUtf8(Error);
-	EXPECT_FALSE(FFileHelper::LoadFileToString(Text, *Folder, Error));
+	EXPECT_FALSE(FFileHelper::LoadFileToString(Text, *Folder.Get(), Error));
 }
 
 TEST_F(FileHelper, ReadOnlyFilesAreNotDeletedUnlessAsked)
@@ -83,18 +76,6 @@ TEST(Paths, PartsOfAPath)
 		EXPECT_EQ(ToUtf8(FPaths::GetPath(Case.Path)), Case.Directory);
 	}
 	EXPECT_EQ(ToUtf8(FPaths::Combine(TEXT("/a/"), FString(), TEXT("b"), FString(TEXT("c")))), "/a/b/c");
-}
-
-TEST(Paths, CollapseDoesNotClimbOutOfItsStart)
-{
-	FString Path(TEXT("/a/./b/../c"));
-	EXPECT_TRUE(FPaths::CollapseRelativeDirectories(Path));
-	EXPECT_EQ(ToUtf8(Path), "/a/c");
-	for (const TCHAR* const Bad : {TEXT("../a"), TEXT("/.."), TEXT("a/../../b")})
-	{
-		FString Climbing(Bad);
-		EXPECT_FALSE(FPaths::CollapseRelativeDirectories(Climbing)) << ToUtf8(Bad);
-	}
 }
 
 static FString ModuleLog;

@@ -80,12 +80,4 @@ TEST(Names, StayPutWhileTheTableGrows)
 	EXPECT_EQ(FName(TEXT("nametestearly")), Early);
 	EXPECT_EQ(ToUtf8(FName(TEXT("NameTestGrow49999")).ToString()), "NameTestGrow49999");
 }
-
-TEST(Names, InvalidCharactersAreNamed)
-{
-	FText Reason;
-	EXPECT_TRUE(FName(TEXT("Good_Name1")).IsValidObjectName(Reason));
-	EXPECT_FALSE(FName(TEXT("Bad.Name")).IsValidObjectName(Reason));
-	EXPECT_EQ(ToUtf8(Reason.ToString()), "The name may not contain the character '.'");
-}
 }

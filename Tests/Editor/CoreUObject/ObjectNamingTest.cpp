@@ -18,7 +18,6 @@ TEST(ObjectNaming, PathsSeparatePackageAssetAndSubObjects)
 	EXPECT_EQ(Graph->GetPathName(), Package.Path(TEXT(".A:Graph")));
 	EXPECT_EQ(Node->GetPathName(), Package.Path(TEXT(".A:Graph.Node_0")));
 	EXPECT_EQ(Node->GetPathName(Asset), TEXT("Graph.Node_0"));
-	EXPECT_EQ(Node->GetFullName(), TEXT("Thing ") + Package.Path(TEXT(".A:Graph.Node_0")));
 	EXPECT_EQ(Node->GetFullGroupName(false), TEXT("A:Graph.Node_0"));
 	EXPECT_EQ(Node->GetFullGroupName(true), TEXT("A:Graph"));
 	EXPECT_EQ(Node->GetTypedOuter<UPackage>(), Package.Get());
@@ -305,7 +304,6 @@ TEST(ObjectSources, LoadAsksForAPackageOnlyWhenMemoryHasNoSuchObject)
 	EXPECT_EQ(LoadObject<UThing>(nullptr, TEXT("Thing'/Game/OnDisk/Box.Box'")), Box);
 	EXPECT_EQ(FFakeSource::NumLoads, 1);
 	EXPECT_EQ(LoadObject<UThing>(nullptr, TEXT("/Game/OnDisk/Gone.Gone")), nullptr);
-	EXPECT_EQ(StaticLoadClass(UThingOwner::StaticClass(), nullptr, TEXT("/Script/ThingTests.Thing")), nullptr);
 	Box->GetOutermost()->MarkAsGarbage();
 	CollectGarbage();
 }

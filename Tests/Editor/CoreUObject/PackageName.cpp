@@ -60,8 +60,6 @@ TEST_F(PackageName, NamesThatWouldLeaveTheContentOrMeanNothingAreRefused)
 TEST_F(PackageName, PiecesOfPathsAreTakenApart)
 {
 	EXPECT_EQ(ToUtf8(FPackageName::ObjectPathToPackageName(TEXT("/Pack/A.A:Graph.Node"))), "/Pack/A");
-	EXPECT_EQ(ToUtf8(FPackageName::ObjectPathToObjectName(TEXT("/Pack/A.A:Graph.Node"))), "Node");
-	EXPECT_EQ(ToUtf8(FPackageName::ObjectPathToObjectName(TEXT("/Pack/A.A"))), "A");
 	EXPECT_EQ(ToUtf8(FPackageName::GetShortName(FString(TEXT("/Pack/Dir/A")))), "A");
 	EXPECT_EQ(ToUtf8(FPackageName::GetLongPackagePath(TEXT("/Pack/Dir/A"))), "/Pack/Dir");
 	for (const TCHAR* const Spelled : {TEXT("/Script/M.C'/Pack/A.A'"), TEXT("\"/Script/M.C'/Pack/A.A'\""),

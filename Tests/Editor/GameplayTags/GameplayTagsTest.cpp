@@ -66,10 +66,6 @@ TEST_F(GameplayTags, ATagMatchesThoseAboveIt)
 	Container.AddTag(Slash);
 	Container.AddTag(FGameplayTag());
 	EXPECT_EQ(Container.Num(), 1);
-	EXPECT_TRUE(Container.HasTag(Melee));
-	EXPECT_FALSE(Container.HasTagExact(Melee));
-	EXPECT_FALSE(Container.RemoveTag(Melee));
-	EXPECT_TRUE(Container.RemoveTag(Slash));
 }
 
 TEST_F(GameplayTags, CasesOfASwitchAreCalledAfterTheirTags)

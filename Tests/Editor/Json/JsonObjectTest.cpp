@@ -102,28 +102,26 @@ TEST(JsonObject, IntegersRoundAndRefuseWhatDoesNotFit)
 	{
 		const char* Number;
 		const char* AsInt32;
-		const char* AsUint8;
 		const char* AsInt64;
 	};
 	const FCase Cases[] = {
-		{"0", "0", "0", "0"},
-		{"2.5", "3", "3", "3"},
-		{"-2.5", "-3", "no", "-3"},
-		{"-0.4", "0", "0", "0"},
-		{"255.4", "255", "255", "255"},
-		{"255.5", "256", "no", "256"},
-		{"2147483647", "2147483647", "no", "2147483647"},
-		{"2147483648", "no", "no", "2147483648"},
-		{"-2147483648", "-2147483648", "no", "-2147483648"},
-		{"9223372036854775807", "no", "no", "no"},
-		{"-9223372036854775808", "no", "no", "-9223372036854775808"},
-		{"1e300", "no", "no", "no"},
+		{"0", "0", "0"},
+		{"2.5", "3", "3"},
+		{"-2.5", "-3", "-3"},
+		{"-0.4", "0", "0"},
+		{"255.4", "255", "255"},
+		{"255.5", "256", "256"},
+		{"2147483647", "2147483647", "2147483647"},
+		{"2147483648", "no", "2147483648"},
+		{"-2147483648", "-2147483648", "-2147483648"},
+		{"9223372036854775807", "no", "no"},
+		{"-9223372036854775808", "no", "-9223372036854775808"},
+		{"1e300", "no", "no"},
 	};
 	for (const FCase& Case : Cases)
 	{
 		const TSharedPtr<FJsonObject> Object = JsonObjectTest::Parse(std::string("{\"n\":") + Case.Number + "}");
 		EXPECT_EQ(JsonObjectTest::ReadAs<int32>(*Object), Case.AsInt32) << Case.Number;
-		EXPECT_EQ(JsonObjectTest::ReadAs<uint8>(*Object), Case.AsUint8) << Case.Number;
 		EXPECT_EQ(JsonObjectTest::ReadAs<int64>(*Object), Case.AsInt64) << Case.Number;
 	}
 }

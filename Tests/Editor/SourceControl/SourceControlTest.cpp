@@ -117,7 +117,7 @@ TEST_F(GitSourceControl, NewFilesGoIntoTheIndexAndChangedOnesAreLeftAlone)
 	ASSERT_EQ(git_status_file(&Status, Repository, "Content/A.uatext"), 0);
 	EXPECT_TRUE(Status & GIT_STATUS_WT_MODIFIED) << "what is staged is for whoever commits to decide";
 
-	EXPECT_TRUE(USourceControlHelpers::CheckOutOrAddFile(Folder.Get("Content/B.uatext")));
+	EXPECT_TRUE(USourceControlHelpers::MarkFileForAdd(Folder.Get("Content/B.uatext")));
 	EXPECT_EQ(Staged(), "Content/A.uatext Content/B.uatext");
 	EXPECT_TRUE(USourceControlHelpers::MarkFileForDelete(Folder.Get("Content/A.uatext"))) << LastError();
 	EXPECT_EQ(Staged(), "Content/B.uatext");

@@ -137,29 +137,6 @@ TEST(WidgetBlueprint, ARemovedWidgetIsNotWrittenAndItsNameIsFree)
 		<< "an abstract class";
 }
 
-TEST(WidgetBlueprint, ChildrenChangePlaces)
-{
-	FMenu Menu;
-	UPanelWidget& Root = Menu.Root();
-	UWidget* const Ok = Menu.Tree().FindWidget(TEXT("Ok"));
-	UPanelSlot* const OkSlot = Ok->Slot;
-	Root.ShiftChild(0, Ok);
-	EXPECT_THAT(Menu.Children(), ElementsAre("Ok", "Title"));
-	EXPECT_EQ(Ok->Slot.Get(), OkSlot) << "its layout goes with it";
-	Root.ShiftChild(7, Ok);
-	EXPECT_THAT(Menu.Children(), ElementsAre("Title", "Ok"));
-
-	UWidget* const Picture = Menu.Make(Image, TEXT("Picture"));
-	EXPECT_TRUE(Root.ReplaceChild(Ok, Picture));
-	EXPECT_THAT(Menu.Children(), ElementsAre("Title", "Picture"));
-	EXPECT_EQ(Picture->Slot.Get(), OkSlot);
-	EXPECT_EQ(Ok->Slot.Get(), nullptr);
-	EXPECT_FALSE(Root.ReplaceChild(Ok, Menu.Tree().FindWidget(TEXT("Title")))) << "no child of it";
-	EXPECT_FALSE(Root.ReplaceChildAt(0, &Root)) << "a panel does not hold itself";
-	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Menu.Blueprint.Get());
-	EXPECT_THAT(FindInconsistenciesAfterReload(Menu.Blueprint), IsEmpty());
-}
-
 TEST(WidgetBlueprint, NoWidgetHoldsItself)
 {
 	FMenu Menu;

@@ -61,9 +61,7 @@ TEST(WidgetTree, ChildrenHaveAPlaceAndASlotOfTheirPanelsKind)
 	List->InsertChildAt(0, First);
 	EXPECT_THAT(Widgets.Names(), ElementsAre("Root", "List", "First", "Second"));
 	EXPECT_EQ(First->GetParent(), List);
-	int32 Index = INDEX_NONE;
-	EXPECT_EQ(UWidgetTree::FindWidgetParent(Second, Index), List);
-	EXPECT_EQ(Index, 1);
+	EXPECT_EQ(List->GetChildIndex(Second), 1);
 
 	// A widget stands in one place: another panel takes it away from the first.
 	EXPECT_NE(Root->AddChild(First), nullptr);

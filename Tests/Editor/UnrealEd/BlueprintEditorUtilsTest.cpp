@@ -62,10 +62,6 @@ TEST(BlueprintEditorUtils, AVariablesFlagsAndWordsReachItsProperty)
 		{"read only",
 			[](UBlueprint* BP, bool bOn) { FUtils::SetBlueprintPropertyReadOnlyFlag(BP, TEXT("Speed"), bOn); },
 			CPF_BlueprintReadOnly, false},
-		{"cinematics", [](UBlueprint* BP, bool bOn) { FUtils::SetInterpFlag(BP, TEXT("Speed"), bOn); }, CPF_Interp,
-			false},
-		{"transient", [](UBlueprint* BP, bool bOn) { FUtils::SetVariableTransientFlag(BP, TEXT("Speed"), bOn); },
-			CPF_Transient, false},
 		{"save game", [](UBlueprint* BP, bool bOn) { FUtils::SetVariableSaveGameFlag(BP, TEXT("Speed"), bOn); },
 			CPF_SaveGame, false},
 	};
@@ -208,7 +204,6 @@ TEST(BlueprintEditorUtils, ATimelineAndItsNodeShareAName)
 	UTimelineTemplate* const Timeline = FUtils::AddNewTimeline(Blueprint.Get(), TEXT("Fade"));
 	ASSERT_NE(Timeline, nullptr);
 	EXPECT_EQ(FUtils::AddNewTimeline(Blueprint.Get(), TEXT("Fade")), nullptr);
-	EXPECT_NE(FUtils::FindUniqueTimelineName(Blueprint.Get()), FName(TEXT("Fade")));
 	EXPECT_NE(FindProperty(Blueprint.Get(), TEXT("Fade")), nullptr);
 	FGraphNodeCreator<UK2Node_Timeline> Creator(*Blueprint.EventGraph().Get());
 	UK2Node_Timeline* const Node = Creator.CreateNode(false);
@@ -229,18 +224,15 @@ TEST(BlueprintEditorUtils, KindsFollowTheParent)
 	{
 		const TCHAR* Parent;
 		bool bActor;
-		bool bComponent;
 		bool bTimelines;
 	};
-	for (const FCase& Case : {FCase{TEXT("/Script/Engine.Character"), true, false, true},
-			 FCase{TEXT("/Script/Engine.SceneComponent"), false, true, false},
-			 FCase{TEXT("/Script/UMG.UserWidget"), false, false, false}})
+	for (const FCase& Case : {FCase{TEXT("/Script/Engine.Character"), true, true},
+			 FCase{TEXT("/Script/Engine.SceneComponent"), false, false},
+			 FCase{TEXT("/Script/UMG.UserWidget"), false, false}})
 	{
 		const FBlueprintBuilder Blueprint(Case.Parent);
 		EXPECT_EQ(FUtils::IsActorBased(Blueprint.Get()), Case.bActor) << ToStd(Case.Parent);
-		EXPECT_EQ(FUtils::IsComponentBased(Blueprint.Get()), Case.bComponent) << ToStd(Case.Parent);
 		EXPECT_EQ(FUtils::DoesSupportTimelines(Blueprint.Get()), Case.bTimelines) << ToStd(Case.Parent);
-		EXPECT_EQ(FUtils::DoesSupportComponents(Blueprint.Get()), Case.bActor) << ToStd(Case.Parent);
 		EXPECT_TRUE(FUtils::DoesSupportEventGraphs(Blueprint.Get())) << ToStd(Case.Parent);
 	}
 }

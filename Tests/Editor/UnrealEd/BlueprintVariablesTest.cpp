@@ -156,21 +156,6 @@ TEST(BlueprintVariables, FlagsFollowTheType)
 	EXPECT_TRUE(Shared.RepNotifyFunc.IsNone());
 }
 
-TEST(BlueprintVariables, ACopyIsAVariableOfItsOwn)
-{
-	FBlueprintBuilder Blueprint;
-	ASSERT_TRUE(
-		FUtils::AddMemberVariable(Blueprint.Get(), TEXT("Speed"), FBlueprintBuilder::Type(FSchema::PC_Int), TEXT("5")));
-	FUtils::SetBlueprintVariableMetaData(Blueprint.Get(), TEXT("Speed"), nullptr, TEXT("ToolTip"), TEXT("how fast"));
-	const FName Copy = FUtils::DuplicateVariable(Blueprint.Get(), nullptr, TEXT("Speed"));
-	EXPECT_NE(Copy, FName(TEXT("Speed")));
-	EXPECT_EQ(DefaultOf(Blueprint.Get(), *Copy.ToString()), "5");
-	FString ToolTip;
-	EXPECT_TRUE(FUtils::GetBlueprintVariableMetaData(Blueprint.Get(), Copy, nullptr, TEXT("ToolTip"), ToolTip));
-	EXPECT_TRUE(FUtils::DuplicateVariable(Blueprint.Get(), nullptr, TEXT("NoSuch")).IsNone());
-	EXPECT_THAT(FindInconsistenciesAfterReload(Blueprint), IsEmpty());
-}
-
 TEST(BlueprintVariables, ARemovedVariableLeavesNothingBehind)
 {
 	FBlueprintBuilder Blueprint;

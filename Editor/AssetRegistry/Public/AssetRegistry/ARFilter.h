@@ -24,5 +24,4 @@ struct FARFilter
 		return PackageNames.IsEmpty() && PackagePaths.IsEmpty() && SoftObjectPaths.IsEmpty() && ClassPaths.IsEmpty()
 			&& TagsAndValues.IsEmpty();
 	}
-	void Append(const FARFilter& Other);
 };

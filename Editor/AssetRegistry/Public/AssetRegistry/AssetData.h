@@ -27,23 +27,16 @@ struct FAssetData
 	bool IsValid() const { return !PackageName.IsNone() && !AssetName.IsNone(); }
 	FString GetObjectPathString() const;
 	FSoftObjectPath GetSoftObjectPath() const { return FSoftObjectPath(FTopLevelAssetPath(PackageName, AssetName)); }
-	FSoftObjectPath ToSoftObjectPath() const { return GetSoftObjectPath(); }
-	/** Class name, blank, path. */
-	FString GetFullName() const;
-	/** "/Script/Engine.Blueprint'/Game/Doors/BP_Door.BP_Door'" */
-	FString GetExportTextName() const;
 
 	/** The asset, loaded when it must be; null when it cannot be. */
 	UObject* GetAsset() const;
 	UObject* FastGetAsset(bool bLoad = false) const;
-	UPackage* GetPackage() const;
 	/** The asset's class, if it is in memory. */
 	UClass* GetClass() const;
 	bool IsInstanceOf(const UClass* BaseClass) const;
 	bool IsAssetLoaded() const { return FastGetAsset(false) != nullptr; }
 
 	bool GetTagValue(FName Tag, FString& OutValue) const;
-	bool GetTagValue(FName Tag, FName& OutValue) const;
 	/** Empty (or None) when the asset has no such tag. */
 	template <typename ValueType>
 	ValueType GetTagValueRef(FName Tag) const

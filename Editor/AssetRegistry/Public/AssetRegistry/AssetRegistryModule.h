@@ -8,7 +8,6 @@ class FAssetRegistryModule : public IModuleInterface
 public:
 	static IAssetRegistry& GetRegistry();
 	IAssetRegistry& Get() const { return GetRegistry(); }
-	IAssetRegistry* TryGet() const { return &GetRegistry(); }
 
 	static void AssetCreated(UObject* NewAsset) { GetRegistry().AssetCreated(NewAsset); }
 	static void AssetDeleted(UObject* DeletedAsset) { GetRegistry().AssetDeleted(DeletedAsset); }

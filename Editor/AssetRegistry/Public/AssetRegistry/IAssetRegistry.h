@@ -36,14 +36,10 @@ public:
 	/** Packages whose files name the package. Files are read for it; what was changed in memory alone is not seen. */
 	virtual bool GetReferencers(FName PackageName, TArray<FName>& OutReferencers) const = 0;
 	virtual bool HasAssets(FName PackagePath, bool bRecursive = false) const = 0;
-	virtual bool PathExists(const FString& Path) const = 0;
 
 	virtual void SearchAllAssets(bool bSynchronousSearch) = 0;
 	/** Package paths ("/Game/Doors"). Folders below them are read again whatever was known. */
 	virtual void ScanPathsSynchronous(const TArray<FString>& Paths, bool bForceRescan = false) = 0;
-	virtual void ScanFilesSynchronous(const TArray<FString>& Files, bool bForceRescan = false) = 0;
-	virtual bool IsLoadingAssets() const = 0;
-	virtual void WaitForCompletion() = 0;
 
 	virtual void AssetCreated(UObject* NewAsset) = 0;
 	/** Called while the asset still has its path. */

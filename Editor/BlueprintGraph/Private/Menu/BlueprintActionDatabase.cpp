@@ -373,18 +373,6 @@ int32 FBlueprintActionDatabase::Num() const
 	return Count;
 }
 
-void FBlueprintActionDatabase::RefreshAssetActions(const UObject* AssetObject)
-{
-	for (FBlueprintEntry& Entry : Blueprints)
-	{
-		if (Entry.Blueprint.Get() == AssetObject)
-		{
-			// No Blueprint has this fingerprint by more than chance, and then its actions are made anew a change later.
-			Entry.Fingerprint = ~Entry.Fingerprint;
-		}
-	}
-}
-
 void FBlueprintActionDatabase::RefreshAll()
 {
 	ForEachList([](const FActionList& List) { ActionDatabase::Discard(List); });

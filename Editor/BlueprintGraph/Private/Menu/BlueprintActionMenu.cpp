@@ -34,12 +34,6 @@ void FBlueprintActionMenuBuilder::RebuildActionList()
 	}
 }
 
-void FBlueprintActionMenuBuilder::Empty()
-{
-	Entries.Empty();
-	Sections.Empty();
-}
-
 void FBlueprintActionMenuUtils::MakeContextMenu(const FBlueprintActionContext& Context, bool bIsContextSensitive,
 	uint32 ClassTargetMask, FBlueprintActionMenuBuilder& MenuOut)
 {

@@ -191,11 +191,6 @@ bool UK2Node::CanUserDeleteNode() const
 	return true;
 }
 
-FText UK2Node::GetToolTipHeading() const
-{
-	return FText::GetEmpty();
-}
-
 void UK2Node::AutowireNewNode(UEdGraphPin* FromPin)
 {
 	const UEdGraphSchema_K2* const Schema = GetK2Schema();

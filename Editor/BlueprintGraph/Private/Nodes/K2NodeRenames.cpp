@@ -165,11 +165,6 @@ void UK2Node_CallFunction::HandleFunctionRenamed(
 	NodeRenames::Follow(*this, FunctionReference, InBlueprint, InFunctionClass, InOldFuncName, InNewFuncName);
 }
 
-bool UK2Node_CallFunction::ReferencesFunction(const FName& InFunctionName, const UStruct*) const
-{
-	return FunctionReference.GetMemberName() == InFunctionName;
-}
-
 void UK2Node_CreateDelegate::HandleFunctionRenamed(
 	UBlueprint*, UClass* InFunctionClass, UEdGraph*, const FName& InOldFuncName, const FName& InNewFuncName)
 {
@@ -181,11 +176,6 @@ void UK2Node_CreateDelegate::HandleFunctionRenamed(
 	}
 }
 
-bool UK2Node_CreateDelegate::ReferencesFunction(const FName& InFunctionName, const UStruct*) const
-{
-	return SelectedFunctionName == InFunctionName;
-}
-
 void UK2Node_Event::HandleFunctionRenamed(
 	UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph*, const FName& InOldFuncName, const FName& InNewFuncName)
 {
@@ -193,11 +183,6 @@ void UK2Node_Event::HandleFunctionRenamed(
 	{
 		NodeRenames::Follow(*this, EventReference, InBlueprint, InFunctionClass, InOldFuncName, InNewFuncName);
 	}
-}
-
-bool UK2Node_Event::ReferencesFunction(const FName& InFunctionName, const UStruct*) const
-{
-	return GetFunctionName() == InFunctionName;
 }
 
 void UK2Node_FunctionTerminator::HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass,

@@ -52,11 +52,6 @@ UFunction* UK2Node_CallFunction::GetTargetFunction() const
 	return ResolveFunction(FunctionReference);
 }
 
-UFunction* UK2Node_CallFunction::GetTargetFunctionFromSkeletonClass() const
-{
-	return GetTargetFunction();
-}
-
 UEdGraphPin* UK2Node_CallFunction::GetReturnValuePin() const
 {
 	return FindPin(UEdGraphSchema_K2::PN_ReturnValue, EGPD_Output);

@@ -87,14 +87,6 @@ void UK2Node_CallArrayFunction::GetArrayTypeDependentPins(TArray<UEdGraphPin*>& 
 	}
 }
 
-bool UK2Node_CallArrayFunction::IsWildcardProperty(const UFunction* InFunction, const FProperty* InProperty)
-{
-	return InFunction && InProperty
-		&& (ArrayCalls::ListedIn(*InFunction, FBlueprintMetadata::MD_ArrayParam).Contains(InProperty->GetFName())
-			|| ArrayCalls::ListedIn(*InFunction, FBlueprintMetadata::MD_ArrayDependentParam)
-				   .Contains(InProperty->GetFName()));
-}
-
 void UK2Node_CallArrayFunction::ConformArrayPins()
 {
 	TArray<UEdGraphPin*> Dependent;

@@ -31,12 +31,6 @@ TArray<UEdGraphPin*> UK2Node_CommutativeAssociativeBinaryOperator::GetOperands()
 	return Operands;
 }
 
-UEdGraphPin* UK2Node_CommutativeAssociativeBinaryOperator::GetInputPin(int32 InputPinIndex) const
-{
-	const TArray<UEdGraphPin*> Operands = GetOperands();
-	return Operands.IsValidIndex(InputPinIndex) ? Operands[InputPinIndex] : nullptr;
-}
-
 FEdGraphPinType UK2Node_CommutativeAssociativeBinaryOperator::GetType() const
 {
 	const UEdGraphPin* const Out = FindOutPin();

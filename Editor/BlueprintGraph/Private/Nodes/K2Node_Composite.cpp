@@ -169,11 +169,6 @@ void UK2Node_Composite::OnRenameNode(const FString& NewName)
 	}
 }
 
-UObject* UK2Node_Composite::GetJumpTargetForDoubleClick() const
-{
-	return BoundGraph.Get();
-}
-
 TArray<UEdGraph*> UK2Node_Composite::GetSubGraphs() const
 {
 	TArray<UEdGraph*> Graphs;

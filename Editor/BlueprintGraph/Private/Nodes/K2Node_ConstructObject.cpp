@@ -51,11 +51,6 @@ UEdGraphPin* UK2Node_ConstructObjectFromClass::GetClassPin(const TArray<UEdGraph
 	return ClassPins::FindInput(*this, InPinsToSearch, ConstructObject::ClassPin);
 }
 
-UEdGraphPin* UK2Node_ConstructObjectFromClass::GetWorldContextPin() const
-{
-	return FindPin(ConstructObject::WorldContextPin, EGPD_Input);
-}
-
 UEdGraphPin* UK2Node_ConstructObjectFromClass::GetOuterPin() const
 {
 	return FindPin(ConstructObject::OuterPin, EGPD_Input);

@@ -60,16 +60,6 @@ void UK2Node_DynamicCast::SetPurity(bool bNewPurity)
 	}
 }
 
-UEdGraphPin* UK2Node_DynamicCast::GetValidCastPin() const
-{
-	return FindPin(UEdGraphSchema_K2::PN_CastSucceeded, EGPD_Output);
-}
-
-UEdGraphPin* UK2Node_DynamicCast::GetInvalidCastPin() const
-{
-	return FindPin(UEdGraphSchema_K2::PN_CastFailed, EGPD_Output);
-}
-
 UEdGraphPin* UK2Node_DynamicCast::GetCastResultPin() const
 {
 	const FString Prefix = UEdGraphSchema_K2::PN_CastedValuePrefix.ToString();

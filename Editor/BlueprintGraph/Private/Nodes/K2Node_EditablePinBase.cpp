@@ -42,13 +42,6 @@ void FKismetUserDeclaredFunctionMetadata::DescribeStruct(FStructDescriber& Struc
 	Struct.Property(TEXT("MetaDataMap"), &FMetaData::MetaDataMap);
 }
 
-const FString& FKismetUserDeclaredFunctionMetadata::GetMetaData(FName Key) const
-{
-	static const FString Empty;
-	const FString* const Value = MetaDataMap.Find(Key);
-	return Value ? *Value : Empty;
-}
-
 UEdGraphPin* UK2Node_EditablePinBase::CreateUserDefinedPin(
 	FName InPinName, const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, bool bUseUniqueName)
 {
@@ -79,14 +72,6 @@ UEdGraphPin* UK2Node_EditablePinBase::CreatePinFromUserDefinition(const TSharedP
 UEdGraphPin* UK2Node_EditablePinBase::CreatePinFromUserDefinitionInternal(const TSharedPtr<FUserPinInfo> NewPinInfo)
 {
 	return CreatePin(NewPinInfo->DesiredPinDirection, NewPinInfo->PinType, NewPinInfo->PinName);
-}
-
-void UK2Node_EditablePinBase::RemoveUserDefinedPin(TSharedPtr<FUserPinInfo> PinToRemove)
-{
-	if (PinToRemove)
-	{
-		RemoveUserDefinedPinByName(PinToRemove->PinName);
-	}
 }
 
 void UK2Node_EditablePinBase::RemoveUserDefinedPinByName(FName PinName)

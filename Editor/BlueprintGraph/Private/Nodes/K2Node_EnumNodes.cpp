@@ -286,11 +286,6 @@ void UK2Node_GetEnumeratorName::ValidateNodeDuringCompilation(FCompilerResultsLo
 	}
 }
 
-UEdGraphPin* UK2Node_EnumEquality::GetReturnValuePin() const
-{
-	return FindPin(UEdGraphSchema_K2::PN_ReturnValue, EGPD_Output);
-}
-
 UEdGraphPin* UK2Node_EnumEquality::GetInput1Pin() const
 {
 	return FindPin(EnumNodes::PinA, EGPD_Input);

@@ -49,39 +49,6 @@ bool UK2Node_Event::IsInterfaceEventNode() const
 	return Owner && Owner->HasAnyClassFlags(CLASS_Interface);
 }
 
-bool UK2Node_Event::IsFunctionEntryCompatible(const UK2Node_FunctionEntry* EntryNode) const
-{
-	if (!EntryNode)
-	{
-		return false;
-	}
-	// Each parameter of the event needs its like on the entry, whatever the order.
-	TArray<const UEdGraphPin*> Open;
-	for (const UEdGraphPin* const Pin : Pins)
-	{
-		if (Pin->Direction == EGPD_Output && Pin->PinName != DelegateOutputName
-			&& Pin->PinName != UEdGraphSchema_K2::PN_Then)
-		{
-			Open.Add(Pin);
-		}
-	}
-	int32 Matched = 0;
-	int32 Declared = 0;
-	for (const UEdGraphPin* const Pin : EntryNode->Pins)
-	{
-		if (Pin->PinName == UEdGraphSchema_K2::PN_Then)
-		{
-			continue;
-		}
-		++Declared;
-		Matched += Open.ContainsByPredicate([Pin](const UEdGraphPin* Mine)
-					   { return Mine->PinName == Pin->PinName && Mine->PinType == Pin->PinType; })
-			? 1
-			: 0;
-	}
-	return Matched == Open.Num() && Declared == Open.Num();
-}
-
 namespace EventNodes
 {
 /** Where a replicated event runs, or where its call goes. */
@@ -111,17 +78,6 @@ FText UK2Node_Event::GetLocalizedNetString(uint32 FunctionFlags, bool bCalling)
 	}
 	const FString Words = EventNodes::NetWords(FunctionFlags, bCalling);
 	return FText::FromString(FunctionFlags & FUNC_NetReliable ? TEXT("RELIABLE ") + Words : Words);
-}
-
-uint32 UK2Node_Event::GetNetFlags() const
-{
-	uint32 NetFlags = FunctionFlags & static_cast<uint32>(FUNC_NetFuncFlags);
-	if (bOverrideFunction)
-	{
-		const UFunction* const Function = FindEventSignatureFunction();
-		NetFlags = Function ? static_cast<uint32>(Function->FunctionFlags & FUNC_NetFuncFlags) : 0;
-	}
-	return NetFlags;
 }
 
 void UK2Node_Event::UpdateDelegatePin(bool)
@@ -284,12 +240,4 @@ bool UK2Node_Event::CanPasteHere(const UEdGraph* TargetGraph) const
 		return true;
 	}
 	return Blueprint->ParentClass.Get() && Blueprint->ParentClass.Get()->IsChildOf(Owner);
-}
-
-TSharedPtr<FEdGraphSchemaAction> UK2Node_Event::GetEventNodeAction(const FText& ActionCategory)
-{
-	const TSharedPtr<FEdGraphSchemaAction_NewNode> Action = MakeShared<FEdGraphSchemaAction_NewNode>(
-		ActionCategory, GetNodeTitle(ENodeTitleType::EditableTitle), GetTooltipText(), 0, GetKeywords());
-	Action->NodeTemplate = this;
-	return Action;
 }

@@ -102,11 +102,6 @@ int32 UK2Node_FunctionEntry::GetFunctionFlags() const
 	return Flags;
 }
 
-void UK2Node_FunctionEntry::RemoveOutputPin(UEdGraphPin* PinToRemove)
-{
-	RemoveUserDefinedPinByName(PinToRemove->PinName);
-}
-
 void UK2Node_FunctionEntry::AllocateDefaultPins()
 {
 	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Then);

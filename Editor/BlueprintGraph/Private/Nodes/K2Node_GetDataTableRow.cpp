@@ -23,16 +23,6 @@ UEdGraphPin* UK2Node_GetDataTableRow::GetDataTablePin() const
 	return FindPin(DataTableRows::TablePin, EGPD_Input);
 }
 
-UEdGraphPin* UK2Node_GetDataTableRow::GetRowNamePin() const
-{
-	return FindPin(DataTableRows::RowNamePin, EGPD_Input);
-}
-
-UEdGraphPin* UK2Node_GetDataTableRow::GetRowNotFoundPin() const
-{
-	return FindPin(DataTableRows::NotFoundPin, EGPD_Output);
-}
-
 UEdGraphPin* UK2Node_GetDataTableRow::GetResultPin() const
 {
 	return FindPin(UEdGraphSchema_K2::PN_ReturnValue, EGPD_Output);

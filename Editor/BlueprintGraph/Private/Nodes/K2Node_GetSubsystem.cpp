@@ -37,11 +37,6 @@ UEdGraphPin* UK2Node_GetSubsystem::GetResultPin() const
 	return FindPin(UEdGraphSchema_K2::PN_ReturnValue, EGPD_Output);
 }
 
-UEdGraphPin* UK2Node_GetSubsystem::GetWorldContextPin() const
-{
-	return FindPin(Subsystems::WorldContextPin, EGPD_Input);
-}
-
 TArray<const TCHAR*> UK2Node_GetSubsystem::GetBaseClassPaths() const
 {
 	return {TEXT("/Script/Engine.GameInstanceSubsystem"), TEXT("/Script/Engine.WorldSubsystem"),

@@ -65,12 +65,6 @@ UEdGraphPin* UK2Node_BaseMCDelegate::GetDelegatePin() const
 	return FindPin(DispatcherNodes::DelegatePin);
 }
 
-bool UK2Node_BaseMCDelegate::IsAuthorityOnly() const
-{
-	const FProperty* const Property = GetProperty();
-	return Property && Property->HasAnyPropertyFlags(CPF_BlueprintAuthorityOnly);
-}
-
 void UK2Node_BaseMCDelegate::AllocateDefaultPins()
 {
 	CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Execute);

@@ -74,11 +74,6 @@ UEdGraphPin* UK2Node_MacroInstance::CreateTunnelPin(const UEdGraphPin& PortPin)
 	return Pin;
 }
 
-UObject* UK2Node_MacroInstance::GetJumpTargetForDoubleClick() const
-{
-	return GetMacroGraph();
-}
-
 bool UK2Node_MacroInstance::IsWildcardOfMacro(FName PinName) const
 {
 	const UEdGraph* const MacroGraph = GetMacroGraph();

@@ -86,11 +86,6 @@ UEdGraphPin* UK2Node_Switch::GetDefaultPin() const
 	return FindPin(Switches::DefaultPin, EGPD_Output);
 }
 
-FEdGraphPinType UK2Node_Switch::GetInnerCaseType() const
-{
-	return GetPinType();
-}
-
 void UK2Node_Switch::SetFunction(const TCHAR* ClassPath, const TCHAR* Name)
 {
 	FunctionName = FName(Name);

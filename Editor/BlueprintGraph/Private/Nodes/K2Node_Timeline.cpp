@@ -37,49 +37,14 @@ const FName NewTime(TEXT("NewTime"));
 const FName Direction(TEXT("Direction"));
 } // namespace TimelineNodes
 
-UEdGraphPin* UK2Node_Timeline::GetPlayPin() const
-{
-	return FindPin(TimelineNodes::Play);
-}
-
-UEdGraphPin* UK2Node_Timeline::GetPlayFromStartPin() const
-{
-	return FindPin(TimelineNodes::PlayFromStart);
-}
-
-UEdGraphPin* UK2Node_Timeline::GetStopPin() const
-{
-	return FindPin(TimelineNodes::Stop);
-}
-
 UEdGraphPin* UK2Node_Timeline::GetUpdatePin() const
 {
 	return FindPin(TimelineNodes::Update);
 }
 
-UEdGraphPin* UK2Node_Timeline::GetReversePin() const
-{
-	return FindPin(TimelineNodes::Reverse);
-}
-
-UEdGraphPin* UK2Node_Timeline::GetReverseFromEndPin() const
-{
-	return FindPin(TimelineNodes::ReverseFromEnd);
-}
-
 UEdGraphPin* UK2Node_Timeline::GetFinishedPin() const
 {
 	return FindPin(TimelineNodes::Finished);
-}
-
-UEdGraphPin* UK2Node_Timeline::GetNewTimePin() const
-{
-	return FindPin(TimelineNodes::NewTime);
-}
-
-UEdGraphPin* UK2Node_Timeline::GetSetNewTimePin() const
-{
-	return FindPin(TimelineNodes::SetNewTime);
 }
 
 UEdGraphPin* UK2Node_Timeline::GetDirectionPin() const

@@ -126,18 +126,6 @@ bool UK2Node_Variable::CreatePinForVariable(EEdGraphPinDirection Direction, FNam
 	return true;
 }
 
-bool UK2Node_Variable::FunctionParameterExists(const UEdGraph* InFunctionGraph, const FName InParameterName)
-{
-	for (UEdGraphNode* const Node : InFunctionGraph->Nodes)
-	{
-		if (const UK2Node_FunctionEntry* const Entry = Cast<UK2Node_FunctionEntry>(Node))
-		{
-			return Entry->UserDefinedPinExists(InParameterName);
-		}
-	}
-	return false;
-}
-
 UK2Node::ERedirectType UK2Node_Variable::DoPinsMatchForReconstruction(
 	const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const
 {

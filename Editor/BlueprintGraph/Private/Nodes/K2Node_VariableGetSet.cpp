@@ -152,12 +152,6 @@ FName UK2Node_VariableSet::GetVariableOutputPinName() const
 	return OutputGet;
 }
 
-FName UK2Node_VariableSet::GetRepNotifyName() const
-{
-	const FProperty* const Property = GetPropertyForVariable();
-	return Property ? Property->RepNotifyFunc : FName();
-}
-
 bool UK2Node_VariableSet::HasLocalRepNotify() const
 {
 	const FProperty* const Property = GetPropertyForVariable();

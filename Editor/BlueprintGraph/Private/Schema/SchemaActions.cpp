@@ -47,8 +47,3 @@ void UEdGraphSchema_K2::GetGraphContextActions(FGraphContextMenuBuilder& Context
 		ContextMenuBuilder.AddAction(Action);
 	}
 }
-
-TSharedPtr<FEdGraphSchemaAction> UEdGraphSchema_K2::GetCreateCommentAction() const
-{
-	return SchemaActions::MakeCommentAction(false);
-}

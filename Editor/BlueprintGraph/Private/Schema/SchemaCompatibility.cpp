@@ -239,26 +239,6 @@ bool UEdGraphSchema_K2::ArePinsCompatible(
 		&& ArePinTypesCompatible(Output->PinType, Input->PinType, CallingContext, bIgnoreArray);
 }
 
-bool UEdGraphSchema_K2::ArePinTypesEquivalent(const FEdGraphPinType& PinA, const FEdGraphPinType& PinB) const
-{
-	if (PinA.PinCategory != PinB.PinCategory || PinA.PinSubCategory != PinB.PinSubCategory
-		|| PinA.ContainerType != PinB.ContainerType || PinA.PinSubCategoryObject != PinB.PinSubCategoryObject)
-	{
-		return false;
-	}
-	return !PinA.IsMap()
-		|| (PinA.PinValueType.TerminalCategory == PinB.PinValueType.TerminalCategory
-			&& PinA.PinValueType.TerminalSubCategory == PinB.PinValueType.TerminalSubCategory
-			&& PinA.PinValueType.TerminalSubCategoryObject == PinB.PinValueType.TerminalSubCategoryObject);
-}
-
-bool UEdGraphSchema_K2::DoesTypeHaveImplicitConversion(
-	const FEdGraphPinType& InputType, const FEdGraphPinType& OutputType) const
-{
-	return InputType.PinCategory == PC_Real && OutputType.PinCategory == PC_Real
-		&& InputType.ContainerType == OutputType.ContainerType && InputType.PinSubCategory != OutputType.PinSubCategory;
-}
-
 bool UEdGraphSchema_K2::CategorizePinsByDirection(
 	const UEdGraphPin* PinA, const UEdGraphPin* PinB, const UEdGraphPin*& InputPin, const UEdGraphPin*& OutputPin)
 {

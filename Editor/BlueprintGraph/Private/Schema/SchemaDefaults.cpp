@@ -336,19 +336,3 @@ bool UEdGraphSchema_K2::FindFunctionParameterDefaultValue(
 	}
 	return false;
 }
-
-bool UEdGraphSchema_K2::ShouldHidePinDefaultValue(UEdGraphPin* Pin) const
-{
-	check(Pin);
-	if (Pin->bDefaultValueIsIgnored || Pin->PinType.IsContainer() || !Pin->LinkedTo.IsEmpty()
-		|| Pin->Direction == EGPD_Output)
-	{
-		return true;
-	}
-	const FName Category = Pin->PinType.PinCategory;
-	if (Category == PC_Exec || Category == PC_Delegate || Category == PC_MCDelegate || Category == PC_Wildcard)
-	{
-		return true;
-	}
-	return IsSelfPin(*Pin) && !Pin->DefaultObject;
-}

@@ -53,51 +53,6 @@ bool UEdGraphSchema_K2::CanUserKismetCallFunction(const UFunction* Function)
 		&& !Function->HasMetaData(FBlueprintMetadata::MD_DeprecatedFunction);
 }
 
-bool UEdGraphSchema_K2::CanUserKismetAccessVariable(
-	const FProperty* Property, const UClass*, EDelegateFilterMode FilterMode)
-{
-	const bool bIsDelegate = Property->IsA<FMulticastDelegateProperty>();
-	if (FilterMode == CannotBeDelegate && bIsDelegate)
-	{
-		return false;
-	}
-	return Property->HasAnyPropertyFlags(CPF_BlueprintVisible)
-		|| (bIsDelegate && Property->HasAnyPropertyFlags(CPF_BlueprintAssignable | CPF_BlueprintCallable));
-}
-
-bool UEdGraphSchema_K2::CanFunctionBeUsedInGraph(const UClass* InClass, const UFunction* InFunction,
-	const UEdGraph* InDestGraph, uint32 InFunctionTypes, bool, FText* OutReason) const
-{
-	const auto Refuse = [OutReason](const TCHAR* Reason)
-	{
-		if (OutReason)
-		{
-			*OutReason = FText::FromString(Reason);
-		}
-		return false;
-	};
-	if (!CanUserKismetCallFunction(InFunction))
-	{
-		return Refuse(TEXT("Function is not callable from Blueprints."));
-	}
-	const bool bPure = InFunction->HasAnyFunctionFlags(FUNC_BlueprintPure);
-	if (bPure ? !(InFunctionTypes & FT_Pure) : !(InFunctionTypes & FT_Imperative))
-	{
-		return Refuse(TEXT("Function kind is not allowed in this graph."));
-	}
-	const bool bLatent = InFunction->HasMetaData(FBlueprintMetadata::MD_Latent);
-	if (bLatent && InDestGraph && GetGraphType(InDestGraph) == GT_Function)
-	{
-		return Refuse(TEXT("Latent functions are only allowed in event graphs and macros."));
-	}
-	if (!InFunction->HasAnyFunctionFlags(FUNC_Static) && InClass
-		&& !InFunction->GetOwnerClass()->IsChildOf(UObject::StaticClass()))
-	{
-		return Refuse(TEXT("Function has no owning class."));
-	}
-	return true;
-}
-
 FText UEdGraphSchema_K2::GetFriendlySignatureName(const UFunction* Function)
 {
 	if (const FString* const Display = Function->FindMetaData(FBlueprintMetadata::MD_DisplayName))
@@ -121,15 +76,4 @@ bool UEdGraphSchema_K2::IsPropertyExposedOnSpawn(const FProperty* Property)
 	return Property
 		&& (Property->HasMetaData(FBlueprintMetadata::MD_ExposeOnSpawn)
 			|| Property->HasAnyPropertyFlags(CPF_ExposeOnSpawn));
-}
-
-const UFunction* UEdGraphSchema_K2::GetCallableParentFunction(const UFunction* Function)
-{
-	if (!Function || !Cast<UClass>(Function->GetOuter()))
-	{
-		return nullptr;
-	}
-	const UClass* const Parent = static_cast<const UClass*>(Function->GetOuter())->GetSuperClass();
-	const UFunction* const ParentFunction = Parent ? Parent->FindFunctionByName(Function->GetFName()) : nullptr;
-	return ParentFunction && ParentFunction->HasAnyFunctionFlags(FUNC_BlueprintEvent) ? ParentFunction : nullptr;
 }

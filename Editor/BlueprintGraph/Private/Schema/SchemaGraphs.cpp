@@ -325,18 +325,6 @@ FText UEdGraphSchema_K2::GetPinDisplayName(const UEdGraphPin* Pin) const
 	return FText::FromString(FName::NameToDisplayString(Name.ToString(), Pin->PinType.PinCategory == PC_Boolean));
 }
 
-void UEdGraphSchema_K2::ConstructBasicPinTooltip(
-	const UEdGraphPin& Pin, const FText& PinDescription, FString& TooltipOut) const
-{
-	const FString Name = GetPinDisplayName(&Pin).ToString();
-	TooltipOut = Name.IsEmpty() ? FString() : Name + TEXT("\n");
-	TooltipOut += TypeToText(Pin.PinType).ToString();
-	if (!PinDescription.IsEmpty())
-	{
-		TooltipOut += TEXT("\n\n") + PinDescription.ToString();
-	}
-}
-
 float UEdGraphSchema_K2::EstimateNodeHeight(UEdGraphNode* Node)
 {
 	if (!Node)

@@ -315,16 +315,6 @@ FText UEdGraphSchema_K2::TypeToText(const FProperty* Property)
 														  : FText::FromString(Property->GetCPPType());
 }
 
-FName UEdGraphSchema_K2::FixRealNumberSubCategory(FName SubCategory)
-{
-	return SubCategory == PC_Float || SubCategory == PC_Double ? SubCategory : PC_Double;
-}
-
-bool UEdGraphSchema_K2::IsDelegateCategory(FName Category) const
-{
-	return Category == PC_Delegate;
-}
-
 bool UEdGraphSchema_K2::IsAllowableBlueprintVariableType(const UEnum* InEnum)
 {
 	return InEnum != nullptr && !InEnum->GetBoolMetaData(FBlueprintMetadata::MD_NotAllowableBlueprintVariableType);

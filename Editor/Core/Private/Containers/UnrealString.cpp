@@ -112,16 +112,6 @@ FString FString::FromInt(int32 Number)
 	return Strings::FromNumber(Number);
 }
 
-FString FString::FormatAsNumber(int32 Number)
-{
-	FString Digits = FromInt(Number);
-	for (int32 Index = Digits.Len() - 3; Index > (Number < 0 ? 1 : 0); Index -= 3)
-	{
-		Digits.InsertAt(Index, TEXT(','));
-	}
-	return Digits;
-}
-
 FString FString::SanitizeFloat(double Number, int32 MinFractionalDigits)
 {
 	// A negative zero loses its sign; a small negative number that rounds to zero keeps it.
@@ -326,13 +316,6 @@ FString FString::TrimQuotes(bool* bOutQuotesRemoved) const
 	return Mid(bStarts ? 1 : 0, Len() - (bStarts ? 1 : 0) - (bEnds ? 1 : 0));
 }
 
-FString FString::TrimChar(TCHAR Char) const
-{
-	const bool bStarts = Len() > 0 && Data.front() == Char;
-	const bool bEnds = Len() > 1 && Data.back() == Char;
-	return Mid(bStarts ? 1 : 0, Len() - (bStarts ? 1 : 0) - (bEnds ? 1 : 0));
-}
-
 FString FString::ToLower() const
 {
 	FString Result(*this);
@@ -351,16 +334,6 @@ FString FString::ToUpper() const
 		Char = FChar::ToUpper(Char);
 	}
 	return Result;
-}
-
-FString FString::LeftPad(int32 Width) const
-{
-	return ChrN(Width - Len(), TEXT(' ')) + *this;
-}
-
-FString FString::RightPad(int32 Width) const
-{
-	return *this + ChrN(Width - Len(), TEXT(' '));
 }
 
 int32 FString::ParseIntoArray(TArray<FString>& OutPieces, const TCHAR* Delimiter, bool bCullEmpty) const
@@ -441,46 +414,6 @@ FString FString::ReplaceCharWithEscapedChar(FStringView Chars) const
 		{
 			Result.AppendChar(Char);
 		}
-	}
-	return Result;
-}
-
-FString FString::ReplaceEscapedCharWithChar(FStringView Chars) const
-{
-	FString Result;
-	Result.Reserve(Len());
-	for (int32 Index = 0; Index < Len(); ++Index)
-	{
-		TCHAR Char = (*this)[Index];
-		if (Char == TEXT('\\') && Index + 1 < Len())
-		{
-			for (const Strings::FEscape& Escape : Strings::Escapes)
-			{
-				if (Escape.Letter == (*this)[Index + 1] && Strings::IsWanted(Escape.Char, Chars))
-				{
-					Char = Escape.Char;
-					++Index;
-					break;
-				}
-			}
-		}
-		Result.AppendChar(Char);
-	}
-	return Result;
-}
-
-FString FString::ReplaceQuotesWithEscapedQuotes() const
-{
-	FString Result;
-	bool bEscaped = false;
-	for (const TCHAR Char : Data)
-	{
-		if (Char == TEXT('"') && !bEscaped)
-		{
-			Result.AppendChar(TEXT('\\'));
-		}
-		bEscaped = Char == TEXT('\\') && !bEscaped;
-		Result.AppendChar(Char);
 	}
 	return Result;
 }

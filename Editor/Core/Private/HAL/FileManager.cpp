@@ -127,17 +127,6 @@ bool IFileManager::DeleteDirectory(const TCHAR* Path, bool RequireExists, bool T
 	return !Error;
 }
 
-bool IFileManager::Move(const TCHAR* To, const TCHAR* From, bool Replace, bool EvenIfReadOnly)
-{
-	if (FileExists(To) && (!Replace || (IsReadOnly(To) && !EvenIfReadOnly)))
-	{
-		return false;
-	}
-	std::error_code Error;
-	std::filesystem::rename(Files::ToPath(From), Files::ToPath(To), Error);
-	return !Error;
-}
-
 int64 IFileManager::FileSize(const TCHAR* Path)
 {
 	std::error_code Error;

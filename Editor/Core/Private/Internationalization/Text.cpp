@@ -118,11 +118,6 @@ FText FText::FromString(FString&& String)
 	return String.IsEmpty() ? FText() : FTextMaker::Plain(MoveTemp(String), false);
 }
 
-FText FText::FromStringView(FStringView View)
-{
-	return FromString(FString(View));
-}
-
 FText FText::FromName(const FName& Name)
 {
 	return FromString(Name.ToString());
@@ -212,36 +207,15 @@ FText FText::Join(const FText& Delimiter, const TArray<FText>& Parts)
 	return FromString(MoveTemp(Shown));
 }
 
-FText FText::TrimPrecedingAndTrailing(const FText& Text)
-{
-	return FromString(Text.ToString().TrimStartAndEnd());
-}
-
 const FString& FText::ToString() const
 {
 	static const FString Empty;
 	return Data ? Data->Shown : Empty;
 }
 
-bool FText::IsEmptyOrWhitespace() const
-{
-	return FStringView(ToString()).TrimStart().IsEmpty();
-}
-
 bool FText::IsCultureInvariant() const
 {
 	return Data && Data->bCultureInvariant;
-}
-
-bool FText::IsInitializedFromString() const
-{
-	return Data && Data->bFromString;
-}
-
-bool FText::IsFromStringTable() const
-{
-	const FTextOrigin* const Origin = FTextMaker::GetOrigin(*this);
-	return Origin && Origin->Kind == FTextOrigin::EKind::Table;
 }
 
 bool FText::ShouldGatherForLocalization() const
@@ -312,28 +286,6 @@ TOptional<FString> FTextInspector::GetKey(const FText& Text)
 {
 	const FTextOrigin* const Origin = FTextMaker::GetOrigin(Text);
 	return Origin && Origin->Kind == FTextOrigin::EKind::Key ? TOptional<FString>(Origin->Key) : TOptional<FString>();
-}
-
-const FString* FTextInspector::GetSourceString(const FText& Text)
-{
-	return &Text.ToString();
-}
-
-const FString& FTextInspector::GetDisplayString(const FText& Text)
-{
-	return Text.ToString();
-}
-
-bool FTextInspector::GetTableIdAndKey(const FText& Text, FName& OutTableId, FString& OutKey)
-{
-	if (!Text.IsFromStringTable())
-	{
-		return false;
-	}
-	const FTextOrigin* const Origin = FTextMaker::GetOrigin(Text);
-	OutTableId = FName(Origin->Namespace);
-	OutKey = Origin->Key;
-	return true;
 }
 
 FText FInternationalization::ForUseOnlyByLocMacroAndGraphNodeTextLiterals_CreateText(

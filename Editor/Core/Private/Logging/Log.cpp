@@ -2,7 +2,6 @@
 #include "CoreGlobals.h"
 #include "Logging/LogMacros.h"
 #include "Misc/OutputDeviceRedirector.h"
-#include "Standalone/LogControl.h"
 
 // clang-format off
 #include "Standalone/PreThirdParty.h"
@@ -15,11 +14,8 @@ DEFINE_LOG_CATEGORY(LogTemp);
 
 namespace Logging
 {
-static ELogVerbosity::Type& GlobalVerbosity()
-{
-	static ELogVerbosity::Type Verbosity = ELogVerbosity::Warning;
-	return Verbosity;
-}
+/** How much of the log reaches standard error. */
+constexpr ELogVerbosity::Type ShownVerbosity = ELogVerbosity::Warning;
 
 /** Standard output belongs to results, so the log goes to standard error. */
 static spdlog::logger& GetLogger()
@@ -88,7 +84,7 @@ public:
 	void Serialize(const TCHAR* Text, ELogVerbosity::Type Verbosity, const FName& Category) override
 	{
 		FOutputDeviceRedirector::Get()->Serialize(Text, Verbosity, Category);
-		if (Verbosity <= GlobalVerbosity())
+		if (Verbosity <= ShownVerbosity)
 		{
 			Write(Category.IsNone() ? FStringView() : Category.GetView(), Verbosity, Text);
 		}
@@ -116,13 +112,13 @@ bool FLogCategoryBase::IsSuppressed(ELogVerbosity::Type InVerbosity) const
 {
 	const bool bListenedTo = InVerbosity <= ELogVerbosity::Warning
 		&& FOutputDeviceRedirector::Get()->HasOutputDevices();
-	return InVerbosity > Verbosity || (InVerbosity > Logging::GlobalVerbosity() && !bListenedTo);
+	return InVerbosity > Verbosity || (InVerbosity > Logging::ShownVerbosity && !bListenedTo);
 }
 
 void FMsg::Log(const FLogCategoryBase& Category, ELogVerbosity::Type Verbosity, const FString& Text)
 {
 	FOutputDeviceRedirector::Get()->Serialize(*Text, Verbosity, FName(Category.GetCategoryName()));
-	if (Verbosity <= Logging::GlobalVerbosity())
+	if (Verbosity <= Logging::ShownVerbosity)
 	{
 		Logging::Write(Category.GetCategoryName(), Verbosity, Text);
 	}
@@ -144,14 +140,4 @@ void FOutputDeviceRedirector::Serialize(const TCHAR* Text, ELogVerbosity::Type V
 	{
 		Device->Serialize(Text, Verbosity, Category);
 	}
-}
-
-void FLogControl::SetVerbosity(ELogVerbosity::Type Verbosity)
-{
-	Logging::GlobalVerbosity() = Verbosity;
-}
-
-ELogVerbosity::Type FLogControl::GetVerbosity()
-{
-	return Logging::GlobalVerbosity();
 }

@@ -31,22 +31,4 @@ TSharedRef<FTokenizedMessage> FTokenizedMessage::AddToken(const TSharedRef<IMess
 	return AsShared();
 }
 
-FText FTokenizedMessage::GetSeverityText(EMessageSeverity::Type Severity)
-{
-	switch (Severity)
-	{
-	case EMessageSeverity::CriticalError:
-		return LOCTEXT("CritError", "Critical Error");
-	case EMessageSeverity::Error:
-		return LOCTEXT("Error", "Error");
-	case EMessageSeverity::PerformanceWarning:
-		return LOCTEXT("PerfWarning", "Performance Warning");
-	case EMessageSeverity::Warning:
-		return LOCTEXT("Warning", "Warning");
-	case EMessageSeverity::Info:
-		return LOCTEXT("Info", "Info");
-	}
-	return FText();
-}
-
 #undef LOCTEXT_NAMESPACE

@@ -2,18 +2,6 @@
 
 #include "Misc/Parse.h"
 
-const FColor FColor::White(255, 255, 255);
-const FColor FColor::Black(0, 0, 0);
-const FColor FColor::Red(255, 0, 0);
-const FLinearColor FLinearColor::White(1.0f, 1.0f, 1.0f);
-const FLinearColor FLinearColor::Black(0.0f, 0.0f, 0.0f);
-const FLinearColor FLinearColor::Red(1.0f, 0.0f, 0.0f);
-const FLinearColor FLinearColor::Green(0.0f, 1.0f, 0.0f);
-const FLinearColor FLinearColor::Blue(0.0f, 0.0f, 1.0f);
-const FLinearColor FLinearColor::Yellow(1.0f, 1.0f, 0.0f);
-const FLinearColor FLinearColor::Gray(0.5f, 0.5f, 0.5f);
-const FLinearColor FLinearColor::Transparent(0.0f, 0.0f, 0.0f, 0.0f);
-
 namespace Colors
 {
 static float LinearFromSrgb(uint8 Channel)
@@ -37,15 +25,6 @@ static uint8 SrgbFromLinear(float Value)
 FString FColor::ToString() const
 {
 	return FString::Printf(TEXT("(R=%i,G=%i,B=%i,A=%i)"), R, G, B, A);
-}
-
-bool FColor::InitFromString(const FString& Text)
-{
-	A = 255;
-	const bool bRead = FParse::Value(*Text, TEXT("R="), R) && FParse::Value(*Text, TEXT("G="), G)
-		&& FParse::Value(*Text, TEXT("B="), B);
-	FParse::Value(*Text, TEXT("A="), A);
-	return bRead;
 }
 
 FString FColor::ToHex() const
@@ -82,12 +61,6 @@ FColor FColor::FromHex(const FString& Text)
 	return FColor(Byte(0), Byte(1), Byte(2), Digits.Len() == 8 ? Byte(3) : static_cast<uint8>(255));
 }
 
-FLinearColor FColor::ReinterpretAsLinear() const
-{
-	return FLinearColor(static_cast<float>(R) / 255.0f, static_cast<float>(G) / 255.0f, static_cast<float>(B) / 255.0f,
-		static_cast<float>(A) / 255.0f);
-}
-
 FLinearColor::FLinearColor(const FColor& Color)
 	: FLinearColor(Colors::LinearFromSrgb(Color.R), Colors::LinearFromSrgb(Color.G), Colors::LinearFromSrgb(Color.B),
 		static_cast<float>(Color.A) / 255.0f)
@@ -113,10 +86,4 @@ FColor FLinearColor::ToFColor(bool bSRGB) const
 	return bSRGB
 		? FColor(Colors::SrgbFromLinear(R), Colors::SrgbFromLinear(G), Colors::SrgbFromLinear(B), Colors::ByteFrom(A))
 		: FColor(Colors::ByteFrom(R), Colors::ByteFrom(G), Colors::ByteFrom(B), Colors::ByteFrom(A));
-}
-
-bool FLinearColor::Equals(const FLinearColor& Other, float Tolerance) const
-{
-	return FMath::Abs(R - Other.R) <= Tolerance && FMath::Abs(G - Other.G) <= Tolerance
-		&& FMath::Abs(B - Other.B) <= Tolerance && FMath::Abs(A - Other.A) <= Tolerance;
 }

@@ -4,10 +4,6 @@
 
 #include <cwchar>
 
-const FRotator FRotator::ZeroRotator(0.0, 0.0, 0.0);
-const FQuat FQuat::Identity(0.0, 0.0, 0.0, 1.0);
-const FTransform FTransform::Identity;
-
 namespace Rotations
 {
 static bool ReadThree(const FString& Text, double& OutFirst, double& OutSecond, double& OutThird)
@@ -27,20 +23,9 @@ static bool ReadThree(const FString& Text, double& OutFirst, double& OutSecond, 
 }
 }
 
-FRotator::FRotator(const FQuat& Quat)
-	: FRotator(Quat.Rotator())
-{
-}
-
 FString FRotator::ToString() const
 {
 	return FString::Printf(TEXT("P=%f Y=%f R=%f"), Pitch, Yaw, Roll);
-}
-
-bool FRotator::InitFromString(const FString& Text)
-{
-	return FParse::Value(*Text, TEXT("P="), Pitch) && FParse::Value(*Text, TEXT("Y="), Yaw)
-		&& FParse::Value(*Text, TEXT("R="), Roll);
 }
 
 FQuat FRotator::Quaternion() const
@@ -62,7 +47,7 @@ FVector FRotator::RotateVector(const FVector& Vector) const
 
 FVector FRotator::Vector() const
 {
-	return RotateVector(FVector::ForwardVector);
+	return RotateVector(FVector(1.0, 0.0, 0.0));
 }
 
 double FRotator::NormalizeAxis(double Angle)
@@ -75,27 +60,11 @@ double FRotator::NormalizeAxis(double Angle)
 	return Angle > 180.0 ? Angle - 360.0 : Angle;
 }
 
-FRotator FRotator::GetNormalized() const
-{
-	return FRotator(NormalizeAxis(Pitch), NormalizeAxis(Yaw), NormalizeAxis(Roll));
-}
-
 bool FRotator::Equals(const FRotator& Other, double Tolerance) const
 {
 	return FMath::Abs(NormalizeAxis(Pitch - Other.Pitch)) <= Tolerance
 		&& FMath::Abs(NormalizeAxis(Yaw - Other.Yaw)) <= Tolerance
 		&& FMath::Abs(NormalizeAxis(Roll - Other.Roll)) <= Tolerance;
-}
-
-FString FQuat::ToString() const
-{
-	return FString::Printf(TEXT("X=%.9f Y=%.9f Z=%.9f W=%.9f"), X, Y, Z, W);
-}
-
-bool FQuat::InitFromString(const FString& Text)
-{
-	return FParse::Value(*Text, TEXT("X="), X) && FParse::Value(*Text, TEXT("Y="), Y)
-		&& FParse::Value(*Text, TEXT("Z="), Z) && FParse::Value(*Text, TEXT("W="), W);
 }
 
 FRotator FQuat::Rotator() const
@@ -124,22 +93,6 @@ FVector FQuat::RotateVector(const FVector& Vector) const
 	return Vector + Twice * W + FVector::CrossProduct(Axis, Twice);
 }
 
-FQuat FQuat::GetNormalized() const
-{
-	const double SizeSquared = X * X + Y * Y + Z * Z + W * W;
-	if (SizeSquared < UE_DOUBLE_SMALL_NUMBER)
-	{
-		return Identity;
-	}
-	const double Scale = 1.0 / std::sqrt(SizeSquared);
-	return FQuat(X * Scale, Y * Scale, Z * Scale, W * Scale);
-}
-
-bool FQuat::IsIdentity(double Tolerance) const
-{
-	return Equals(Identity, Tolerance);
-}
-
 bool FQuat::Equals(const FQuat& Other, double Tolerance) const
 {
 	const auto IsNear = [&](double Sign)
@@ -154,11 +107,6 @@ FQuat operator*(const FQuat& A, const FQuat& B)
 {
 	return FQuat(A.W * B.X + A.X * B.W + A.Y * B.Z - A.Z * B.Y, A.W * B.Y - A.X * B.Z + A.Y * B.W + A.Z * B.X,
 		A.W * B.Z + A.X * B.Y - A.Y * B.X + A.Z * B.W, A.W * B.W - A.X * B.X - A.Y * B.Y - A.Z * B.Z);
-}
-
-FTransform operator*(const FTransform& A, const FTransform& B)
-{
-	return FTransform(B.Rotation * A.Rotation, B.TransformPosition(A.Translation), A.Scale3D * B.Scale3D);
 }
 
 FString FTransform::ToString() const

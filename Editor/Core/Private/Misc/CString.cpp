@@ -37,16 +37,6 @@ bool FChar::IsAlphaWide(TCHAR Char)
 	return iswalpha_l(static_cast<wint_t>(Char), Chars::GetLocale()) != 0;
 }
 
-bool FChar::IsPunctWide(TCHAR Char)
-{
-	return iswpunct_l(static_cast<wint_t>(Char), Chars::GetLocale()) != 0;
-}
-
-bool FChar::IsPrintWide(TCHAR Char)
-{
-	return iswprint_l(static_cast<wint_t>(Char), Chars::GetLocale()) != 0;
-}
-
 int32 FChar::ConvertCharDigitToInt(TCHAR Char)
 {
 	if (!IsHexDigit(Char))
@@ -59,21 +49,6 @@ int32 FChar::ConvertCharDigitToInt(TCHAR Char)
 int32 FCString::Strlen(const TCHAR* String)
 {
 	return static_cast<int32>(std::wcslen(String));
-}
-
-int32 FCString::Strnlen(const TCHAR* String, int32 Limit)
-{
-	int32 Length = 0;
-	while (Length < Limit && String[Length])
-	{
-		++Length;
-	}
-	return Length;
-}
-
-int32 FCString::Strcmp(const TCHAR* Left, const TCHAR* Right)
-{
-	return std::wcscmp(Left, Right);
 }
 
 int32 FCString::Strncmp(const TCHAR* Left, const TCHAR* Right, int32 Count)
@@ -107,16 +82,6 @@ int32 FCString::Strnicmp(const TCHAR* Left, const TCHAR* Right, int32 Count)
 const TCHAR* FCString::Strchr(const TCHAR* String, TCHAR Char)
 {
 	return std::wcschr(String, Char);
-}
-
-const TCHAR* FCString::Strrchr(const TCHAR* String, TCHAR Char)
-{
-	return std::wcsrchr(String, Char);
-}
-
-const TCHAR* FCString::Strstr(const TCHAR* String, const TCHAR* Find)
-{
-	return std::wcsstr(String, Find);
 }
 
 const TCHAR* FCString::Stristr(const TCHAR* String, const TCHAR* Find)
@@ -165,11 +130,6 @@ int64 FCString::Strtoi64(const TCHAR* Start, TCHAR** End, int32 Base)
 	return std::wcstoll(Start, End, Base);
 }
 
-uint64 FCString::Strtoui64(const TCHAR* Start, TCHAR** End, int32 Base)
-{
-	return std::wcstoull(Start, End, Base);
-}
-
 bool FCString::IsNumeric(const TCHAR* String)
 {
 	if (*String == TEXT('-') || *String == TEXT('+'))
@@ -196,18 +156,6 @@ bool FCString::IsNumeric(const TCHAR* String)
 	return bHasDigit;
 }
 
-bool FCString::IsPureAnsi(const TCHAR* String)
-{
-	for (; *String; ++String)
-	{
-		if (*String < 0 || *String > 0x7F)
-		{
-			return false;
-		}
-	}
-	return true;
-}
-
 bool FCString::ToBool(const TCHAR* String)
 {
 	for (const TCHAR* const Word : {TEXT("True"), TEXT("Yes"), TEXT("On")})
@@ -218,19 +166,4 @@ bool FCString::ToBool(const TCHAR* String)
 		}
 	}
 	return Atoi(String) != 0;
-}
-
-int32 FCStringAnsi::Strlen(const ANSICHAR* String)
-{
-	return static_cast<int32>(std::strlen(String));
-}
-
-int32 FCStringAnsi::Strcmp(const ANSICHAR* Left, const ANSICHAR* Right)
-{
-	return std::strcmp(Left, Right);
-}
-
-int32 FCStringAnsi::Stricmp(const ANSICHAR* Left, const ANSICHAR* Right)
-{
-	return strcasecmp(Left, Right);
 }

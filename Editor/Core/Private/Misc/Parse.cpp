@@ -126,28 +126,6 @@ bool FParse::Value(const TCHAR* Stream, const TCHAR* Match, float& OutValue)
 	return true;
 }
 
-bool FParse::Value(const TCHAR* Stream, const TCHAR* Match, int32& OutValue)
-{
-	FString Text;
-	if (!Value(Stream, Match, Text))
-	{
-		return false;
-	}
-	OutValue = FCString::Atoi(*Text);
-	return true;
-}
-
-bool FParse::Value(const TCHAR* Stream, const TCHAR* Match, uint8& OutValue)
-{
-	int32 Wide = 0;
-	if (!Value(Stream, Match, Wide))
-	{
-		return false;
-	}
-	OutValue = static_cast<uint8>(Wide);
-	return true;
-}
-
 bool FParse::Command(const TCHAR** Stream, const TCHAR* Match)
 {
 	const TCHAR* Cursor = *Stream;

@@ -63,17 +63,6 @@ FString FPaths::GetExtension(const FString& Path, bool bIncludeDot)
 	return Dot == INDEX_NONE ? FString() : Path.Mid(bIncludeDot ? Dot : Dot + 1);
 }
 
-FString FPaths::ChangeExtension(const FString& Path, const FString& Extension)
-{
-	return PathParts::FindExtensionDot(Path) == INDEX_NONE ? Path : SetExtension(Path, Extension);
-}
-
-FString FPaths::SetExtension(const FString& Path, const FString& Extension)
-{
-	const FString Base = GetBaseFilename(Path, false);
-	return Extension.IsEmpty() || Extension.StartsWith(TEXT(".")) ? Base + Extension : Base + TEXT(".") + Extension;
-}
-
 void FPaths::NormalizeFilename(FString& Path)
 {
 	Path.ReplaceCharInline(TEXT('\\'), TEXT('/'), ESearchCase::CaseSensitive);
@@ -88,42 +77,6 @@ void FPaths::NormalizeDirectoryName(FString& Path)
 	}
 }
 
-bool FPaths::CollapseRelativeDirectories(FString& Path)
-{
-	TArray<FString> Parts;
-	TArray<FString> Kept;
-	Path.ParseIntoArray(Parts, TEXT("/"), false);
-	for (const FString& Part : Parts)
-	{
-		if (Part == TEXT(".."))
-		{
-			if (Kept.IsEmpty() || Kept.Last().IsEmpty())
-			{
-				return false;
-			}
-			Kept.Pop();
-		}
-		else if (Part != TEXT("."))
-		{
-			Kept.Add(Part);
-		}
-	}
-	Path = FString::Join(Kept, TEXT("/"));
-	return true;
-}
-
-void FPaths::RemoveDuplicateSlashes(FString& Path)
-{
-	while (Path.ReplaceInline(TEXT("//"), TEXT("/"), ESearchCase::CaseSensitive) > 0)
-	{
-	}
-}
-
-bool FPaths::IsRelative(const FString& Path)
-{
-	return Path.IsEmpty() || !PathParts::IsSlash(Path[0]);
-}
-
 FString FPaths::ConvertRelativePathToFull(const FString& Path)
 {
 	std::error_code Error;
@@ -136,11 +89,6 @@ FString FPaths::ConvertRelativePathToFull(const FString& Path)
 bool FPaths::FileExists(const FString& Path)
 {
 	return IFileManager::Get().FileExists(*Path);
-}
-
-bool FPaths::DirectoryExists(const FString& Path)
-{
-	return IFileManager::Get().DirectoryExists(*Path);
 }
 
 FString FPaths::ProjectDir()
@@ -161,11 +109,6 @@ FString FPaths::ProjectContentDir()
 FString FPaths::ProjectPluginsDir()
 {
 	return ProjectDir() + TEXT("Plugins/");
-}
-
-FString FPaths::ProjectSavedDir()
-{
-	return ProjectDir() + TEXT("Saved/");
 }
 
 FString FPaths::ProjectConfigDir()

@@ -11,11 +11,6 @@ void FModuleManager::RegisterStaticModule(FName Name, FFactory Factory)
 	Factories.FindOrAdd(Name, Factory);
 }
 
-bool FModuleManager::ModuleExists(FName Name) const
-{
-	return Factories.Contains(Name);
-}
-
 bool FModuleManager::IsModuleLoaded(FName Name) const
 {
 	return Loaded.Contains(Name);

@@ -269,14 +269,4 @@ bool FName::IsValidXName(FStringView Text, FStringView InvalidChars, FText* OutR
 	return true;
 }
 
-bool FName::IsValidObjectName(FText& OutReason) const
-{
-	return IsValidXName(GetView(), INVALID_OBJECTNAME_CHARACTERS, &OutReason);
-}
-
-bool FName::IsValidGroupName(FText& OutReason, bool bIsGroupName) const
-{
-	return IsValidXName(GetView(), INVALID_LONGPACKAGE_CHARACTERS, &OutReason);
-}
-
 #undef LOCTEXT_NAMESPACE

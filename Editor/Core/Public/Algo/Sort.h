@@ -20,10 +20,4 @@ void StableSort(RangeType&& Range, Predicate Less)
 {
 	std::stable_sort(Range.begin(), Range.end(), Less);
 }
-template <typename RangeType, typename Projection>
-void SortBy(RangeType&& Range, Projection Project)
-{
-	std::sort(Range.begin(), Range.end(),
-		[&](const auto& Left, const auto& Right) { return std::invoke(Project, Left) < std::invoke(Project, Right); });
-}
 }

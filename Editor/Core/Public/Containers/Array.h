@@ -175,15 +175,12 @@ public:
 		return Last();
 	}
 	T& AddDefaulted_GetRef() { return Emplace_GetRef(); }
-	T& AddZeroed_GetRef() { return Emplace_GetRef(); }
 	int32 AddDefaulted(int32 Count = 1)
 	{
 		const int32 First = Num();
 		Items.resize(Items.size() + static_cast<std::size_t>(Count));
 		return First;
 	}
-	int32 AddZeroed(int32 Count = 1) { return AddDefaulted(Count); }
-	int32 AddUninitialized(int32 Count = 1) { return AddDefaulted(Count); }
 	int32 AddUnique(const T& Item)
 	{
 		const int32 Index = Find(Item);
@@ -254,16 +251,6 @@ public:
 		Items.insert(Items.begin() + Index, Copy.GetData(), Copy.GetData() + Copy.Num());
 		return Index;
 	}
-	template <typename... ArgTypes>
-	void EmplaceAt(int32 Index, ArgTypes&&... Args)
-	{
-		Insert(T(Forward<ArgTypes>(Args)...), Index);
-	}
-	T& InsertDefaulted_GetRef(int32 Index)
-	{
-		Insert(T(), Index);
-		return (*this)[Index];
-	}
 
 	void RemoveAt(int32 Index, int32 Count = 1, bool bAllowShrinking = true)
 	{
@@ -295,17 +282,6 @@ public:
 		RemoveAt(Index);
 		return 1;
 	}
-	int32 RemoveSwap(const T& Item) { return Remove(Item); }
-	int32 RemoveSingleSwap(const T& Item)
-	{
-		const int32 Index = Find(Item);
-		if (Index == INDEX_NONE)
-		{
-			return 0;
-		}
-		RemoveAtSwap(Index);
-		return 1;
-	}
 	template <typename Predicate>
 	int32 RemoveAll(const Predicate& Pred)
 	{
@@ -314,11 +290,6 @@ public:
 		const int32 Count = static_cast<int32>(Items.end() - NewEnd);
 		Items.erase(NewEnd, Items.end());
 		return Count;
-	}
-	template <typename Predicate>
-	int32 RemoveAllSwap(const Predicate& Pred)
-	{
-		return RemoveAll(Pred);
 	}
 	void Empty(int32 Slack = 0)
 	{
@@ -331,10 +302,8 @@ public:
 		Reserve(NewSize);
 	}
 	void Reserve(int32 Count) { Items.reserve(static_cast<std::size_t>(Count)); }
-	void Shrink() { Items.shrink_to_fit(); }
 	void SetNum(int32 Count, bool bAllowShrinking = true) { Items.resize(static_cast<std::size_t>(Count)); }
 	void SetNumZeroed(int32 Count) { SetNum(Count); }
-	void SetNumUninitialized(int32 Count) { SetNum(Count); }
 	void Init(const T& Item, int32 Count) { Items.assign(static_cast<std::size_t>(Count), Item); }
 
 	int32 Find(const T& Item) const { return IndexOfByKey(Item); }
@@ -375,16 +344,6 @@ public:
 			}
 		}
 		return INDEX_NONE;
-	}
-	template <typename Predicate>
-	int32 FindLastByPredicate(Predicate Pred) const
-	{
-		int32 Index = Num() - 1;
-		while (Index >= 0 && !std::invoke(Pred, (*this)[Index]))
-		{
-			--Index;
-		}
-		return Index;
 	}
 	/** Null when nothing matches. */
 	template <typename KeyType>
@@ -454,7 +413,6 @@ public:
 			::Swap((*this)[First], (*this)[Second]);
 		}
 	}
-	void SwapMemory(int32 First, int32 Second) { Swap(First, Second); }
 
 	/** Walks by index, so the current element may be removed on the way. */
 	template <typename ArrayType, typename ItemType>
@@ -493,7 +451,6 @@ public:
 	using TIterator = TArrayIterator<TArray, T>;
 	using TConstIterator = TArrayIterator<const TArray, const T>;
 	TIterator CreateIterator() { return TIterator(*this); }
-	TConstIterator CreateConstIterator() const { return TConstIterator(*this); }
 
 	friend bool operator==(const TArray& Left, const TArray& Right)
 	{

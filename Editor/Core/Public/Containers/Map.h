@@ -112,18 +112,6 @@ public:
 	ValueType& operator[](const KeyType& Key) { return FindChecked(Key); }
 	const ValueType& operator[](const KeyType& Key) const { return FindChecked(Key); }
 	bool Contains(const KeyType& Key) const { return Table.Find(Key) != INDEX_NONE; }
-	/** The first key with that value; null when there is none. */
-	const KeyType* FindKey(const ValueType& Value) const
-	{
-		for (const ElementType& Pair : *this)
-		{
-			if (Pair.Value == Value)
-			{
-				return &Pair.Key;
-			}
-		}
-		return nullptr;
-	}
 	/** Answers the number of pairs removed. */
 	int32 Remove(const KeyType& Key)
 	{
@@ -164,25 +152,11 @@ public:
 		}
 		return OutKeys.Num();
 	}
-	void GenerateKeyArray(TArray<KeyType>& OutKeys) const { GetKeys(OutKeys); }
-	void GenerateValueArray(TArray<ValueType>& OutValues) const
-	{
-		OutValues.Reset(Num());
-		for (const ElementType& Pair : *this)
-		{
-			OutValues.Add(Pair.Value);
-		}
-	}
 	template <typename Predicate>
 	void KeySort(const Predicate& Less)
 	{
 		Table.StableSort(
 			[&Less](const ElementType& Left, const ElementType& Right) { return Less(Left.Key, Right.Key); });
-	}
-	template <typename Predicate>
-	void KeyStableSort(const Predicate& Less)
-	{
-		KeySort(Less);
 	}
 	template <typename Predicate>
 	void ValueSort(const Predicate& Less)
@@ -205,22 +179,9 @@ public:
 	}
 
 	TIterator CreateIterator() { return TIterator(Table); }
-	TConstIterator CreateConstIterator() const { return TConstIterator(Table); }
 	TIterator begin() { return TIterator(Table); }
 	TConstIterator begin() const { return TConstIterator(Table); }
 	FOrderedTableEnd end() const { return {}; }
-
-	/** The same pairs, in whatever order. */
-	bool OrderIndependentCompareEqual(const TMap& Other) const
-	{
-		bool bEqual = Num() == Other.Num();
-		for (TConstIterator It(Table); bEqual && It; ++It)
-		{
-			const ValueType* const Value = Other.Find(It.Key());
-			bEqual = Value && *Value == It.Value();
-		}
-		return bEqual;
-	}
 
 private:
 	ValueType& Put(KeyType&& Key, ValueType&& Value)
@@ -250,17 +211,6 @@ public:
 		TArray<ValueType>& Values = Groups.FindOrAdd(Key);
 		++Count;
 		return Values.Add_GetRef(Value);
-	}
-	template <typename ArrayType>
-	void MultiFind(const KeyType& Key, ArrayType& OutValues) const
-	{
-		if (const TArray<ValueType>* const Values = Groups.Find(Key))
-		{
-			for (const ValueType& Value : *Values)
-			{
-				OutValues.Add(Value);
-			}
-		}
 	}
 	/** The first value; null when the key is absent. */
 	ValueType* Find(const KeyType& Key)

@@ -129,7 +129,6 @@ public:
 	}
 
 	TIterator CreateIterator() { return TIterator(Table); }
-	TConstIterator CreateConstIterator() const { return TConstIterator(Table); }
 	TIterator begin() { return TIterator(Table); }
 	TConstIterator begin() const { return TConstIterator(Table); }
 	FOrderedTableEnd end() const { return {}; }

@@ -60,8 +60,6 @@ private:
 // The pointer lives until the end of the full expression, as everywhere with these macros.
 #define TCHAR_TO_UTF8(Text) (FTCHARToUTF8(Text).Get())
 #define UTF8_TO_TCHAR(Bytes) (FUTF8ToTCHAR(reinterpret_cast<const ANSICHAR*>(Bytes)).Get())
-#define TCHAR_TO_ANSI(Text) TCHAR_TO_UTF8(Text)
-#define ANSI_TO_TCHAR(Bytes) UTF8_TO_TCHAR(Bytes)
 
 inline std::string ToUtf8(FStringView Text)
 {

@@ -65,7 +65,6 @@ public:
 	FStringView TrimEnd() const;
 	FStringView TrimStartAndEnd() const { return TrimStart().TrimEnd(); }
 	void RemovePrefix(int32 Count) { *this = RightChop(Count); }
-	void RemoveSuffix(int32 Count) { *this = LeftChop(Count); }
 
 	bool Equals(FStringView Other, ESearchCase::Type SearchCase = ESearchCase::CaseSensitive) const;
 	int32 Compare(FStringView Other, ESearchCase::Type SearchCase = ESearchCase::CaseSensitive) const;
@@ -91,8 +90,4 @@ private:
 	std::wstring_view View;
 };
 
-inline FStringView operator""_SV(const TCHAR* String, std::size_t Length)
-{
-	return FStringView(String, static_cast<int32>(Length));
-}
 #define TEXTVIEW(String) FStringView(TEXT(String), static_cast<int32>(UE_ARRAY_COUNT(TEXT(String)) - 1))

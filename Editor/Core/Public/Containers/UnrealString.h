@@ -47,13 +47,11 @@ public:
 	FString& operator=(const TCHAR* String);
 	FString& operator=(FStringView View);
 
-	static FString ConstructFromPtrSize(const TCHAR* String, int32 Count) { return FString(Count, String); }
 	static FString Chr(TCHAR Char) { return ChrN(1, Char); }
 	static FString ChrN(int32 Count, TCHAR Char);
 	static FString FromInt(int32 Number);
 	/** Up to six digits after the point, trailing zeros dropped down to MinFractionalDigits of them. */
 	static FString SanitizeFloat(double Number, int32 MinFractionalDigits = 1);
-	static FString FormatAsNumber(int32 Number);
 
 	/** printf rules: %s takes const TCHAR*, %hs a const char*; also d i u x X o c p f e g with flags, width, precision.
 	 */
@@ -85,7 +83,6 @@ public:
 	TCHAR* GetData() { return Data.data(); }
 	const std::wstring& ToStdWString() const { return Data; }
 	int32 Len() const { return static_cast<int32>(Data.size()); }
-	int32 NumBytesWithoutNull() const { return Len() * static_cast<int32>(sizeof(TCHAR)); }
 	bool IsEmpty() const { return Data.empty(); }
 	bool IsValidIndex(int32 Index) const { return Index >= 0 && Index < Len(); }
 	TCHAR& operator[](int32 Index)
@@ -106,7 +103,6 @@ public:
 	void Empty(int32 Slack = 0);
 	void Reset(int32 NewReserved = 0);
 	void Reserve(int32 Count) { Data.reserve(static_cast<std::size_t>(Count)); }
-	void Shrink() { Data.shrink_to_fit(); }
 
 	FString& Append(FStringView View)
 	{
@@ -123,7 +119,6 @@ public:
 		Data.push_back(Char);
 		return *this;
 	}
-	FString& AppendChars(const TCHAR* String, int32 Count) { return Append(String, Count); }
 	void AppendInt(int64 Number);
 	FString& operator+=(const FString& Other)
 	{
@@ -202,25 +197,14 @@ public:
 	FString Mid(int32 Start, int32 Count = MAX_int32) const { return FString(FStringView(*this).Mid(Start, Count)); }
 	void LeftInline(int32 Count) { *this = Left(Count); }
 	void LeftChopInline(int32 Count) { *this = LeftChop(Count); }
-	void RightInline(int32 Count) { *this = Right(Count); }
 	void RightChopInline(int32 Count) { *this = RightChop(Count); }
-	void MidInline(int32 Start, int32 Count = MAX_int32) { *this = Mid(Start, Count); }
 	FString TrimStart() const { return FString(FStringView(*this).TrimStart()); }
 	FString TrimEnd() const { return FString(FStringView(*this).TrimEnd()); }
 	FString TrimStartAndEnd() const { return FString(FStringView(*this).TrimStartAndEnd()); }
 	FString TrimQuotes(bool* bOutQuotesRemoved = nullptr) const;
-	FString TrimChar(TCHAR Char) const;
-	void TrimStartInline() { *this = TrimStart(); }
-	void TrimEndInline() { *this = TrimEnd(); }
-	void TrimStartAndEndInline() { *this = TrimStartAndEnd(); }
 	FString ToLower() const;
 	FString ToUpper() const;
-	void ToLowerInline() { *this = ToLower(); }
-	void ToUpperInline() { *this = ToUpper(); }
 	FString Reverse() const { return FString(std::wstring(Data.rbegin(), Data.rend())); }
-	void ReverseString() { *this = Reverse(); }
-	FString LeftPad(int32 Width) const;
-	FString RightPad(int32 Width) const;
 
 	/** Answers the number of pieces; empty pieces are left out when bCullEmpty. */
 	int32 ParseIntoArray(TArray<FString>& OutPieces, const TCHAR* Delimiter, bool bCullEmpty = true) const;
@@ -246,14 +230,10 @@ public:
 
 	bool IsNumeric() const { return FCString::IsNumeric(**this); }
 	bool ToBool() const { return FCString::ToBool(**this); }
-	static bool IsPureAnsi(const TCHAR* String) { return FCString::IsPureAnsi(String); }
 
 	/** Writes line breaks, tabs, quotes and backslashes as \n, \r, \t, \', \", \\. Chars limits it to those characters.
 	 */
 	FString ReplaceCharWithEscapedChar(FStringView Chars = FStringView()) const;
-	/** The way back. */
-	FString ReplaceEscapedCharWithChar(FStringView Chars = FStringView()) const;
-	FString ReplaceQuotesWithEscapedQuotes() const;
 
 	friend bool operator==(const FString& Left, const FString& Right)
 	{
@@ -318,26 +298,6 @@ inline FString LexToString(const FString& Value)
 	return Value;
 }
 
-inline void LexFromString(int32& OutValue, const TCHAR* Text)
-{
-	OutValue = FCString::Atoi(Text);
-}
-inline void LexFromString(int64& OutValue, const TCHAR* Text)
-{
-	OutValue = FCString::Atoi64(Text);
-}
-inline void LexFromString(float& OutValue, const TCHAR* Text)
-{
-	OutValue = FCString::Atof(Text);
-}
-inline void LexFromString(double& OutValue, const TCHAR* Text)
-{
-	OutValue = FCString::Atod(Text);
-}
-inline void LexFromString(bool& bOutValue, const TCHAR* Text)
-{
-	bOutValue = FCString::ToBool(Text);
-}
 /** Answers false, leaving OutValue alone, unless the text is a number from end to end. */
 bool LexTryParseString(int32& OutValue, const TCHAR* Text);
 bool LexTryParseString(float& OutValue, const TCHAR* Text);

@@ -18,7 +18,6 @@ public:
 	/** True when the file is gone afterwards; EvenReadOnly clears the flag first. */
 	bool Delete(const TCHAR* Path, bool RequireExists = false, bool EvenReadOnly = false, bool Quiet = false);
 	bool DeleteDirectory(const TCHAR* Path, bool RequireExists = false, bool Tree = false);
-	bool Move(const TCHAR* To, const TCHAR* From, bool Replace = true, bool EvenIfReadOnly = false);
 	/** -1 when there is no such file. */
 	int64 FileSize(const TCHAR* Path);
 	/** The path with each part spelled as the entry of that name stands on disk, in any case; what does not stand

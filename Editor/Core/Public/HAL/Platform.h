@@ -31,10 +31,7 @@ using UTF32CHAR = char32_t;
 #define UE_NODISCARD [[nodiscard]]
 #define PRAGMA_DISABLE_DEPRECATION_WARNINGS
 #define PRAGMA_ENABLE_DEPRECATION_WARNINGS
-#define UE_DEPRECATED(Version, Message)
 #define LINE_TERMINATOR TEXT("\n")
-#define LIKELY(Condition) (Condition)
-#define UNLIKELY(Condition) (Condition)
 
 #define WITH_EDITOR 1
 #define WITH_EDITORONLY_DATA 1

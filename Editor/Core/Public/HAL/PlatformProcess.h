@@ -4,8 +4,6 @@
 
 struct FPlatformProcess
 {
-	static uint32 GetCurrentProcessId();
 	/** A process of this machine that is running, whoever owns it. */
 	static bool IsApplicationRunning(uint32 ProcessId);
-	static const TCHAR* UserTempDir();
 };

@@ -40,7 +40,6 @@ public:
 	static const FText& GetEmpty();
 	static FText FromString(const FString& String);
 	static FText FromString(FString&& String);
-	static FText FromStringView(FStringView View);
 	static FText FromName(const FName& Name);
 	static FText AsCultureInvariant(const FString& String);
 	static FText AsCultureInvariant(FString&& String);
@@ -60,24 +59,11 @@ public:
 		!std::is_same_v<std::remove_cvref_t<ArgTypes>,
 			FFormatNamedArguments> && !std::is_same_v<std::remove_cvref_t<ArgTypes>, FFormatOrderedArguments>)&&...)) static FText
 		Format(const FText& Pattern, ArgTypes&&... Arguments);
-	static FText FormatNamed(const FText& Pattern, const FFormatNamedArguments& Arguments)
-	{
-		return Format(Pattern, Arguments);
-	}
-	static FText FormatOrdered(const FText& Pattern, const FFormatOrderedArguments& Arguments)
-	{
-		return Format(Pattern, Arguments);
-	}
 	static FText Join(const FText& Delimiter, const TArray<FText>& Parts);
-	static FText TrimPrecedingAndTrailing(const FText& Text);
 
 	const FString& ToString() const;
-	FString BuildSourceString() const { return ToString(); }
 	bool IsEmpty() const { return ToString().IsEmpty(); }
-	bool IsEmptyOrWhitespace() const;
 	bool IsCultureInvariant() const;
-	bool IsInitializedFromString() const;
-	bool IsFromStringTable() const;
 	bool IsNumeric() const { return ToString().IsNumeric(); }
 	bool ShouldGatherForLocalization() const;
 	FText ToLower() const { return AsCultureInvariant(ToString().ToLower()); }
@@ -87,18 +73,6 @@ public:
 	bool EqualTo(const FText& Other, ETextComparisonLevel::Type = ETextComparisonLevel::Default) const
 	{
 		return ToString().Equals(Other.ToString(), ESearchCase::CaseSensitive);
-	}
-	bool EqualToCaseIgnored(const FText& Other) const
-	{
-		return ToString().Equals(Other.ToString(), ESearchCase::IgnoreCase);
-	}
-	int32 CompareTo(const FText& Other, ETextComparisonLevel::Type = ETextComparisonLevel::Default) const
-	{
-		return ToString().Compare(Other.ToString(), ESearchCase::CaseSensitive);
-	}
-	int32 CompareToCaseIgnored(const FText& Other) const
-	{
-		return ToString().Compare(Other.ToString(), ESearchCase::IgnoreCase);
 	}
 	/** Shown text and origin are the same. */
 	bool IdenticalTo(const FText& Other) const;
@@ -191,10 +165,6 @@ public:
 	/** Unset when the text has none. */
 	static TOptional<FString> GetNamespace(const FText& Text);
 	static TOptional<FString> GetKey(const FText& Text);
-	/** Never null. */
-	static const FString* GetSourceString(const FText& Text);
-	static const FString& GetDisplayString(const FText& Text);
-	static bool GetTableIdAndKey(const FText& Text, FName& OutTableId, FString& OutKey);
 	static bool ShouldGatherForLocalization(const FText& Text) { return Text.ShouldGatherForLocalization(); }
 };
 

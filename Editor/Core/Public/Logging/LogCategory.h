@@ -12,7 +12,6 @@ struct FLogCategoryBase
 	/** Too detailed for this category or for the log as a whole. */
 	bool IsSuppressed(ELogVerbosity::Type InVerbosity) const;
 	const TCHAR* GetCategoryName() const { return Name; }
-	void SetVerbosity(ELogVerbosity::Type InVerbosity) { Verbosity = InVerbosity; }
 
 private:
 	const TCHAR* Name;

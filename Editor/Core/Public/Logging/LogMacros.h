@@ -21,7 +21,6 @@ struct FMsg
 #define DEFINE_LOG_CATEGORY_STATIC(CategoryName, DefaultVerbosity, CompileTimeVerbosity) \
 	static FLogCategoryBase CategoryName(TEXT(#CategoryName), ELogVerbosity::DefaultVerbosity)
 
-#define UE_LOG_ACTIVE(CategoryName, Verbosity) (!CategoryName.IsSuppressed(ELogVerbosity::Verbosity))
 /** The arguments are not evaluated when the line is suppressed. */
 #define UE_LOG(CategoryName, Verbosity, Format, ...) \
 	do \

@@ -73,12 +73,8 @@ public:
 	FText ToText() const;
 	TSharedRef<FTokenizedMessage> AddToken(const TSharedRef<IMessageToken>& Token);
 	TSharedRef<FTokenizedMessage> AddText(const FText& Text) { return AddToken(FTextToken::Create(Text)); }
-	void SetSeverity(EMessageSeverity::Type InSeverity) { Severity = InSeverity; }
 	EMessageSeverity::Type GetSeverity() const { return Severity; }
 	const TArray<TSharedRef<IMessageToken>>& GetMessageTokens() const { return Tokens; }
-	void SetIdentifier(FName InIdentifier) { Identifier = InIdentifier; }
-	FName GetIdentifier() const { return Identifier; }
-	static FText GetSeverityText(EMessageSeverity::Type Severity);
 
 private:
 	explicit FTokenizedMessage(EMessageSeverity::Type InSeverity)
@@ -88,5 +84,4 @@ private:
 
 	TArray<TSharedRef<IMessageToken>> Tokens;
 	EMessageSeverity::Type Severity;
-	FName Identifier;
 };

@@ -13,10 +13,6 @@ struct FColor
 	uint8 R = 0;
 	uint8 A = 0;
 
-	static const FColor White;
-	static const FColor Black;
-	static const FColor Red;
-
 	constexpr FColor() = default;
 	constexpr FColor(uint8 InR, uint8 InG, uint8 InB, uint8 InA = 255)
 		: B(InB)
@@ -29,13 +25,10 @@ struct FColor
 
 	/** "(R=1,G=2,B=3,A=255)" */
 	FString ToString() const;
-	/** A may be absent and is 255 then. */
-	bool InitFromString(const FString& Text);
 	/** "RRGGBBAA" */
 	FString ToHex() const;
 	/** Takes RGB, RGBA, RRGGBB and RRGGBBAA, with or without #; transparent black when it is none of them. */
 	static FColor FromHex(const FString& Text);
-	FLinearColor ReinterpretAsLinear() const;
 	constexpr uint32 ToPackedARGB() const
 	{
 		return (static_cast<uint32>(A) << 24) | (static_cast<uint32>(R) << 16) | (static_cast<uint32>(G) << 8) | B;
@@ -54,15 +47,6 @@ struct FLinearColor
 	float B = 0.0f;
 	float A = 0.0f;
 
-	static const FLinearColor White;
-	static const FLinearColor Black;
-	static const FLinearColor Red;
-	static const FLinearColor Green;
-	static const FLinearColor Blue;
-	static const FLinearColor Yellow;
-	static const FLinearColor Gray;
-	static const FLinearColor Transparent;
-
 	constexpr FLinearColor() = default;
 	constexpr FLinearColor(float InR, float InG, float InB, float InA = 1.0f)
 		: R(InR)
@@ -74,14 +58,12 @@ struct FLinearColor
 	explicit constexpr FLinearColor(EForceInit) {}
 	/** From sRGB. */
 	FLinearColor(const FColor& Color);
-	static FLinearColor FromSRGBColor(const FColor& Color) { return FLinearColor(Color); }
 
 	/** "(R=1.000000,G=0.500000,B=0.000000,A=1.000000)" */
 	FString ToString() const;
 	/** A may be absent and is 1 then. */
 	bool InitFromString(const FString& Text);
 	FColor ToFColor(bool bSRGB) const;
-	bool Equals(const FLinearColor& Other, float Tolerance = UE_KINDA_SMALL_NUMBER) const;
 	friend constexpr bool operator==(const FLinearColor& Left, const FLinearColor& Right)
 	{
 		return Left.R == Right.R && Left.G == Right.G && Left.B == Right.B && Left.A == Right.A;

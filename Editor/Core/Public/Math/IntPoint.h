@@ -8,8 +8,6 @@ struct FIntPoint
 	int32 X = 0;
 	int32 Y = 0;
 
-	static const FIntPoint ZeroValue;
-
 	constexpr FIntPoint() = default;
 	constexpr FIntPoint(int32 InX, int32 InY)
 		: X(InX)
@@ -17,9 +15,6 @@ struct FIntPoint
 	{
 	}
 	explicit constexpr FIntPoint(EForceInit) {}
-	/** "X=1 Y=2" */
-	FString ToString() const;
-	bool InitFromString(const FString& Text);
 	friend constexpr FIntPoint operator+(const FIntPoint& A, const FIntPoint& B) { return {A.X + B.X, A.Y + B.Y}; }
 	friend constexpr FIntPoint operator-(const FIntPoint& A, const FIntPoint& B) { return {A.X - B.X, A.Y - B.Y}; }
 	FIntPoint& operator+=(const FIntPoint& Other) { return *this = *this + Other; }

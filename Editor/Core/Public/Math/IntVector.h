@@ -16,9 +16,6 @@ struct FIntVector
 		, Z(InZ)
 	{
 	}
-	/** "X=1 Y=2 Z=3" */
-	FString ToString() const;
-	bool InitFromString(const FString& Text);
 	friend constexpr bool operator==(const FIntVector& A, const FIntVector& B)
 	{
 		return A.X == B.X && A.Y == B.Y && A.Z == B.Z;

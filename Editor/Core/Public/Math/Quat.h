@@ -9,8 +9,6 @@ struct FQuat
 	double Z = 0.0;
 	double W = 1.0;
 
-	static const FQuat Identity;
-
 	constexpr FQuat() = default;
 	constexpr FQuat(double InX, double InY, double InZ, double InW)
 		: X(InX)
@@ -24,13 +22,8 @@ struct FQuat
 	{
 	}
 
-	FString ToString() const;
-	bool InitFromString(const FString& Text);
 	FRotator Rotator() const;
 	FVector RotateVector(const FVector& Vector) const;
-	constexpr FQuat Inverse() const { return {-X, -Y, -Z, W}; }
-	FQuat GetNormalized() const;
-	bool IsIdentity(double Tolerance = UE_SMALL_NUMBER) const;
 	/** A quaternion and its negative are the same turn. */
 	bool Equals(const FQuat& Other, double Tolerance = UE_KINDA_SMALL_NUMBER) const;
 

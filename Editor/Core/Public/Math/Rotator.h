@@ -11,8 +11,6 @@ struct FRotator
 	double Yaw = 0.0;
 	double Roll = 0.0;
 
-	static const FRotator ZeroRotator;
-
 	constexpr FRotator() = default;
 	constexpr FRotator(double InPitch, double InYaw, double InRoll)
 		: Pitch(InPitch)
@@ -21,20 +19,16 @@ struct FRotator
 	{
 	}
 	explicit constexpr FRotator(EForceInit) {}
-	explicit FRotator(const FQuat& Quat);
 
 	/** "P=0.000000 Y=90.000000 R=0.000000" */
 	FString ToString() const;
-	bool InitFromString(const FString& Text);
 	FQuat Quaternion() const;
 	FVector RotateVector(const FVector& Vector) const;
 	FVector Vector() const;
 	bool IsZero() const { return Equals(FRotator(), 0.0); }
-	bool IsNearlyZero(double Tolerance = UE_KINDA_SMALL_NUMBER) const { return Equals(FRotator(), Tolerance); }
 	/** Whole turns make no difference. */
 	bool Equals(const FRotator& Other, double Tolerance = UE_KINDA_SMALL_NUMBER) const;
-	/** Each axis in (-180, 180]. */
-	FRotator GetNormalized() const;
+	/** Into (-180, 180]. */
 	static double NormalizeAxis(double Angle);
 
 	constexpr FRotator operator-() const { return {-Pitch, -Yaw, -Roll}; }

@@ -6,8 +6,6 @@
 /** Scale, then rotation, then translation. */
 struct FTransform
 {
-	static const FTransform Identity;
-
 	constexpr FTransform() = default;
 	constexpr FTransform(const FQuat& InRotation, const FVector& InTranslation, const FVector& InScale = FVector(1.0))
 		: Rotation(InRotation)
@@ -27,26 +25,14 @@ struct FTransform
 	/** "tx,ty,tz|pitch,yaw,roll|sx,sy,sz", six digits after each point. */
 	FString ToString() const;
 	bool InitFromString(const FString& Text);
-	const FVector& GetLocation() const { return Translation; }
-	const FVector& GetTranslation() const { return Translation; }
-	const FQuat& GetRotation() const { return Rotation; }
-	const FVector& GetScale3D() const { return Scale3D; }
 	FRotator Rotator() const { return Rotation.Rotator(); }
 	void SetLocation(const FVector& Value) { Translation = Value; }
-	void SetTranslation(const FVector& Value) { Translation = Value; }
-	void SetRotation(const FQuat& Value) { Rotation = Value; }
-	void SetScale3D(const FVector& Value) { Scale3D = Value; }
-	FVector TransformPosition(const FVector& Position) const
-	{
-		return Rotation.RotateVector(Scale3D * Position) + Translation;
-	}
 	bool Equals(const FTransform& Other, double Tolerance = UE_KINDA_SMALL_NUMBER) const
 	{
 		return Translation.Equals(Other.Translation, Tolerance) && Rotation.Equals(Other.Rotation, Tolerance)
 			&& Scale3D.Equals(Other.Scale3D, Tolerance);
 	}
 	/** First A, then B. */
-	friend FTransform operator*(const FTransform& A, const FTransform& B);
 
 	// Public for the property that describes this struct.
 	FQuat Rotation;

@@ -11,12 +11,6 @@ struct FVector
 	double Y = 0.0;
 	double Z = 0.0;
 
-	static const FVector ZeroVector;
-	static const FVector OneVector;
-	static const FVector UpVector;
-	static const FVector ForwardVector;
-	static const FVector RightVector;
-
 	constexpr FVector() = default;
 	constexpr FVector(double InX, double InY, double InZ)
 		: X(InX)
@@ -36,20 +30,12 @@ struct FVector
 	FString ToString() const;
 	/** Reads ToString's form; false, with the missing parts left alone, when a part is absent. */
 	bool InitFromString(const FString& Text);
-	constexpr double SizeSquared() const { return X * X + Y * Y + Z * Z; }
-	double Size() const { return std::sqrt(SizeSquared()); }
-	double Length() const { return Size(); }
 	constexpr bool IsZero() const { return X == 0.0 && Y == 0.0 && Z == 0.0; }
-	bool IsNearlyZero(double Tolerance = UE_KINDA_SMALL_NUMBER) const { return Equals(FVector(), Tolerance); }
 	bool Equals(const FVector& Other, double Tolerance = UE_KINDA_SMALL_NUMBER) const;
-	/** The zero vector when this is too short. */
-	FVector GetSafeNormal(double Tolerance = UE_SMALL_NUMBER) const;
-	static constexpr double DotProduct(const FVector& A, const FVector& B) { return A.X * B.X + A.Y * B.Y + A.Z * B.Z; }
 	static constexpr FVector CrossProduct(const FVector& A, const FVector& B)
 	{
 		return {A.Y * B.Z - A.Z * B.Y, A.Z * B.X - A.X * B.Z, A.X * B.Y - A.Y * B.X};
 	}
-	static double Dist(const FVector& A, const FVector& B) { return (A - B).Size(); }
 	double& operator[](int32 Index) { return Index == 0 ? X : Index == 1 ? Y : Z; }
 	double operator[](int32 Index) const { return Index == 0 ? X : Index == 1 ? Y : Z; }
 
@@ -95,10 +81,6 @@ struct FVector4
 		: FVector4(Other.X, Other.Y, Other.Z, InW)
 	{
 	}
-	/** "X=1.000 Y=2.000 Z=3.000 W=1.000" */
-	FString ToString() const;
-	/** W may be absent and is 1 then. */
-	bool InitFromString(const FString& Text);
 	friend constexpr bool operator==(const FVector4& A, const FVector4& B)
 	{
 		return A.X == B.X && A.Y == B.Y && A.Z == B.Z && A.W == B.W;

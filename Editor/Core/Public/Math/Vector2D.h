@@ -10,9 +10,6 @@ struct FVector2D
 	double X = 0.0;
 	double Y = 0.0;
 
-	static const FVector2D ZeroVector;
-	static const FVector2D UnitVector;
-
 	constexpr FVector2D() = default;
 	constexpr FVector2D(double InX, double InY)
 		: X(InX)
@@ -26,13 +23,9 @@ struct FVector2D
 	}
 	explicit constexpr FVector2D(EForceInit) {}
 
-	/** "X=3.000 Y=0.500" */
-	FString ToString() const;
-	bool InitFromString(const FString& Text);
 	double Size() const { return std::sqrt(SizeSquared()); }
 	constexpr double SizeSquared() const { return X * X + Y * Y; }
 	constexpr bool IsZero() const { return X == 0.0 && Y == 0.0; }
-	bool IsNearlyZero(double Tolerance = UE_KINDA_SMALL_NUMBER) const { return Equals(FVector2D(), Tolerance); }
 	bool Equals(const FVector2D& Other, double Tolerance = UE_KINDA_SMALL_NUMBER) const
 	{
 		return FMath::Abs(X - Other.X) <= Tolerance && FMath::Abs(Y - Other.Y) <= Tolerance;
@@ -88,8 +81,6 @@ struct FBox2D
 		, bIsValid(true)
 	{
 	}
-	FBox2D& operator+=(const FVector2D& Point);
-	FBox2D& operator+=(const FBox2D& Other);
 	/** Touching is intersecting. */
 	bool Intersect(const FBox2D& Other) const
 	{
@@ -99,9 +90,5 @@ struct FBox2D
 	{
 		return Point.X > Min.X && Point.X < Max.X && Point.Y > Min.Y && Point.Y < Max.Y;
 	}
-	FBox2D ExpandBy(double Amount) const { return {Min - FVector2D(Amount), Max + FVector2D(Amount)}; }
-	FVector2D GetCenter() const { return (Min + Max) * 0.5; }
-	FVector2D GetSize() const { return Max - Min; }
-	FVector2D GetExtent() const { return GetSize() * 0.5; }
 	friend bool operator==(const FBox2D& A, const FBox2D& B) { return A.Min == B.Min && A.Max == B.Max; }
 };

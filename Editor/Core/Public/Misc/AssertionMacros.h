@@ -34,10 +34,6 @@ struct FDebug
 	} while (false)
 
 #define verify(Expression) check(Expression)
-#define verifyf(Expression, ...) checkf(Expression, __VA_ARGS__)
-#define checkNoEntry() FDebug::CheckFailed("reached code that must not be entered", __FILE__, __LINE__)
-#define unimplemented() FDebug::CheckFailed("reached code that is not implemented", __FILE__, __LINE__)
-
 #ifdef NDEBUG
 #define checkSlow(Expression) \
 	do \
@@ -62,6 +58,3 @@ struct FDebug
 			static bool bAlreadyTold = false; \
 			return FDebug::EnsureFailed(bAlreadyTold, #Expression, __FILE__, __LINE__, __VA_ARGS__); \
 		}())
-
-#define ensureAlways(Expression) ensure(Expression)
-#define ensureAlwaysMsgf(Expression, ...) ensureMsgf(Expression, __VA_ARGS__)

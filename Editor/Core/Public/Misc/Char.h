@@ -46,12 +46,6 @@ struct FChar
 	{
 		return (Char >= 10 && Char <= 13) || Char == 0x85 || Char == 0x2028 || Char == 0x2029;
 	}
-	static bool IsPunct(TCHAR Char)
-	{
-		return (Char > 32 && Char < 127) ? !IsAlnum(Char) : Char >= 0x80 && IsPunctWide(Char);
-	}
-	static bool IsPrint(TCHAR Char) { return (Char >= 32 && Char < 127) || (Char >= 0x80 && IsPrintWide(Char)); }
-	static bool IsControl(TCHAR Char) { return (Char >= 0 && Char < 32) || (Char >= 127 && Char < 0xA0); }
 	/** The value of a hexadecimal digit; 0 for any other character. */
 	static int32 ConvertCharDigitToInt(TCHAR Char);
 
@@ -59,6 +53,4 @@ private:
 	static TCHAR ToLowerWide(TCHAR Char);
 	static TCHAR ToUpperWide(TCHAR Char);
 	static bool IsAlphaWide(TCHAR Char);
-	static bool IsPunctWide(TCHAR Char);
-	static bool IsPrintWide(TCHAR Char);
 };

@@ -39,32 +39,9 @@
 		return Left = Left ^ Right; \
 	}
 
-#define FRIEND_ENUM_CLASS_FLAGS(Enum)
-
-template <typename Enum>
-constexpr bool EnumHasAllFlags(Enum Flags, Enum Contains)
-{
-	using FRaw = std::underlying_type_t<Enum>;
-	return (static_cast<FRaw>(Flags) & static_cast<FRaw>(Contains)) == static_cast<FRaw>(Contains);
-}
-
 template <typename Enum>
 constexpr bool EnumHasAnyFlags(Enum Flags, Enum Contains)
 {
 	using FRaw = std::underlying_type_t<Enum>;
 	return (static_cast<FRaw>(Flags) & static_cast<FRaw>(Contains)) != 0;
-}
-
-template <typename Enum>
-void EnumAddFlags(Enum& Flags, Enum Added)
-{
-	using FRaw = std::underlying_type_t<Enum>;
-	Flags = static_cast<Enum>(static_cast<FRaw>(Flags) | static_cast<FRaw>(Added));
-}
-
-template <typename Enum>
-void EnumRemoveFlags(Enum& Flags, Enum Removed)
-{
-	using FRaw = std::underlying_type_t<Enum>;
-	Flags = static_cast<Enum>(static_cast<FRaw>(Flags) & ~static_cast<FRaw>(Removed));
 }

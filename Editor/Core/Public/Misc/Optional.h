@@ -40,8 +40,6 @@ public:
 		return *Stored;
 	}
 	const T& Get(const T& Default) const { return Stored ? *Stored : Default; }
-	T* GetPtrOrNull() { return Stored ? &*Stored : nullptr; }
-	const T* GetPtrOrNull() const { return Stored ? &*Stored : nullptr; }
 	T& operator*() { return GetValue(); }
 	const T& operator*() const { return GetValue(); }
 	T* operator->() { return &GetValue(); }

@@ -13,8 +13,6 @@ struct FParse
 	static bool Value(const TCHAR* Stream, const TCHAR* Match, FString& OutValue);
 	static bool Value(const TCHAR* Stream, const TCHAR* Match, float& OutValue);
 	static bool Value(const TCHAR* Stream, const TCHAR* Match, double& OutValue);
-	static bool Value(const TCHAR* Stream, const TCHAR* Match, int32& OutValue);
-	static bool Value(const TCHAR* Stream, const TCHAR* Match, uint8& OutValue);
 	/** Moves Stream past Match when it stands there and is not followed by more of a word. */
 	static bool Command(const TCHAR** Stream, const TCHAR* Match);
 };

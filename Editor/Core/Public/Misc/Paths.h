@@ -21,23 +21,15 @@ public:
 	/** "Dir" of "Dir/Name.ext"; empty when there is no slash. */
 	static FString GetPath(const FString& Path);
 	static FString GetExtension(const FString& Path, bool bIncludeDot = false);
-	static FString ChangeExtension(const FString& Path, const FString& Extension);
-	static FString SetExtension(const FString& Path, const FString& Extension);
 	static void NormalizeFilename(FString& Path);
 	/** NormalizeFilename, and no slash at the end. */
 	static void NormalizeDirectoryName(FString& Path);
-	/** Resolves "." and ".."; false when ".." leads above the start. */
-	static bool CollapseRelativeDirectories(FString& Path);
-	static void RemoveDuplicateSlashes(FString& Path);
-	static bool IsRelative(const FString& Path);
 	static FString ConvertRelativePathToFull(const FString& Path);
 	static bool FileExists(const FString& Path);
-	static bool DirectoryExists(const FString& Path);
 
 	/** Each ends with a slash. */
 	static FString ProjectDir();
 	static FString ProjectContentDir();
 	static FString ProjectPluginsDir();
-	static FString ProjectSavedDir();
 	static FString ProjectConfigDir();
 };

@@ -38,10 +38,8 @@ public:
 
 	int32 Len() const { return Text.Len(); }
 	void Reset() { Text.Reset(); }
-	void RemoveSuffix(int32 Count) { Text.LeftChopInline(Count); }
 	const TCHAR* ToString() const { return *Text; }
 	const TCHAR* operator*() const { return *Text; }
-	FStringView ToView() const { return Text; }
 
 private:
 	FString Text;

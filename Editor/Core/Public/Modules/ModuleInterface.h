@@ -8,5 +8,4 @@ public:
 	virtual ~IModuleInterface() = default;
 	virtual void StartupModule() {}
 	virtual void ShutdownModule() {}
-	virtual bool IsGameModule() const { return false; }
 };

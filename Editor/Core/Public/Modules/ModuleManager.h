@@ -17,7 +17,6 @@ public:
 
 	/** Makes a module known without starting it. A second registration of the name changes nothing. */
 	void RegisterStaticModule(FName Name, FFactory Factory);
-	bool ModuleExists(FName Name) const;
 	bool IsModuleLoaded(FName Name) const;
 	/** Starts it on first use; null when the name is not registered. */
 	IModuleInterface* LoadModule(FName Name);
@@ -32,23 +31,6 @@ public:
 	static ModuleType& LoadModuleChecked(FName Name)
 	{
 		return static_cast<ModuleType&>(Get().LoadModuleChecked(Name));
-	}
-	template <typename ModuleType>
-	static ModuleType* LoadModulePtr(FName Name)
-	{
-		return static_cast<ModuleType*>(Get().LoadModule(Name));
-	}
-	template <typename ModuleType>
-	static ModuleType* GetModulePtr(FName Name)
-	{
-		return static_cast<ModuleType*>(Get().GetModule(Name));
-	}
-	template <typename ModuleType>
-	static ModuleType& GetModuleChecked(FName Name)
-	{
-		IModuleInterface* const Module = Get().GetModule(Name);
-		check(Module != nullptr);
-		return static_cast<ModuleType&>(*Module);
 	}
 
 private:

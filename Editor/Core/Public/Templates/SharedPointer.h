@@ -402,8 +402,6 @@ public:
 	/** check fails unless a shared pointer owns this. */
 	TSharedRef<T, Mode> AsShared() { return Weak.Pin().ToSharedRef(); }
 	TSharedRef<const T, Mode> AsShared() const { return Weak.Pin().ToSharedRef(); }
-	TWeakPtr<T, Mode> AsWeak() { return Weak; }
-	bool DoesSharedInstanceExist() const { return Weak.IsValid(); }
 
 	/** Called by the first owner. */
 	template <typename U>
@@ -420,12 +418,6 @@ protected:
 	TSharedFromThis(const TSharedFromThis&) {}
 	TSharedFromThis& operator=(const TSharedFromThis&) { return *this; }
 	~TSharedFromThis() = default;
-
-	template <typename OtherType>
-	static TSharedRef<OtherType, Mode> SharedThis(OtherType* This)
-	{
-		return StaticCastSharedRef<OtherType>(This->AsShared());
-	}
 
 private:
 	mutable TWeakPtr<T, Mode> Weak;
@@ -458,19 +450,4 @@ template <typename To, typename From, ESPMode Mode>
 TSharedPtr<To, Mode> StaticCastSharedPtr(const TSharedPtr<From, Mode>& Pointer)
 {
 	return TSharedPtr<To, Mode>(Pointer, static_cast<To*>(Pointer.Get()));
-}
-template <typename To, typename From, ESPMode Mode>
-TSharedRef<To, Mode> StaticCastSharedRef(const TSharedRef<From, Mode>& Reference)
-{
-	return StaticCastSharedPtr<To>(Reference.ToSharedPtr()).ToSharedRef();
-}
-template <typename To, typename From, ESPMode Mode>
-TSharedPtr<To, Mode> ConstCastSharedPtr(const TSharedPtr<From, Mode>& Pointer)
-{
-	return TSharedPtr<To, Mode>(Pointer, const_cast<To*>(Pointer.Get()));
-}
-template <typename To, typename From, ESPMode Mode>
-TSharedRef<To, Mode> ConstCastSharedRef(const TSharedRef<From, Mode>& Reference)
-{
-	return ConstCastSharedPtr<To>(Reference.ToSharedPtr()).ToSharedRef();
 }

@@ -90,9 +90,3 @@ struct TTuple<K, V> : TPair<K, V>
 	{
 	}
 };
-
-template <typename... Types>
-TTuple<std::decay_t<Types>...> MakeTuple(Types&&... Values)
-{
-	return TTuple<std::decay_t<Types>...>(Forward<Types>(Values)...);
-}

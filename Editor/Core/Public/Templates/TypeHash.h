@@ -9,10 +9,6 @@ constexpr uint32 HashCombine(uint32 First, uint32 Second)
 {
 	return First ^ (Second + 0x9E3779B9u + (First << 6) + (First >> 2));
 }
-constexpr uint32 HashCombineFast(uint32 First, uint32 Second)
-{
-	return HashCombine(First, Second);
-}
 
 constexpr uint32 HashMix64(uint64 Value)
 {

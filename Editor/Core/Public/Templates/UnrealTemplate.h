@@ -12,13 +12,6 @@ constexpr std::remove_reference_t<T>&& MoveTemp(T&& Value) noexcept
 	return static_cast<std::remove_reference_t<T>&&>(Value);
 }
 
-/** MoveTemp for templates, where the value may turn out to be const or a temporary. */
-template <typename T>
-constexpr std::remove_reference_t<T>&& MoveTempIfPossible(T&& Value) noexcept
-{
-	return static_cast<std::remove_reference_t<T>&&>(Value);
-}
-
 template <typename T>
 constexpr T&& Forward(std::remove_reference_t<T>& Value) noexcept
 {
@@ -31,29 +24,11 @@ constexpr T&& Forward(std::remove_reference_t<T>&& Value) noexcept
 }
 
 template <typename T>
-constexpr T CopyTemp(const T& Value)
-{
-	return Value;
-}
-
-template <typename T>
 constexpr void Swap(T& Left, T& Right)
 {
 	T Kept = static_cast<T&&>(Left);
 	Left = static_cast<T&&>(Right);
 	Right = static_cast<T&&>(Kept);
-}
-
-template <typename T>
-constexpr const T& AsConst(T& Value)
-{
-	return Value;
-}
-
-template <typename T>
-const T* ImplicitConv(const T* Value)
-{
-	return Value;
 }
 
 template <typename T, typename U = T>
@@ -77,7 +52,6 @@ struct TGuardValue
 	~TGuardValue() { Reference = OldValue; }
 	TGuardValue(const TGuardValue&) = delete;
 	TGuardValue& operator=(const TGuardValue&) = delete;
-	const AssignedType& GetOriginalValue() const { return OldValue; }
 
 private:
 	RefType& Reference;
@@ -100,9 +74,3 @@ struct TIsAnyOf
 {
 	static constexpr bool Value = (std::is_same_v<T, Others> || ...);
 };
-
-#define UE_NONCOPYABLE(TypeName) \
-	TypeName(TypeName&&) = delete; \
-	TypeName(const TypeName&) = delete; \
-	TypeName& operator=(const TypeName&) = delete; \
-	TypeName& operator=(TypeName&&) = delete;

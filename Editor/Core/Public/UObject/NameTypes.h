@@ -81,10 +81,6 @@ public:
 	bool LexicalLess(FName Other) const { return Compare(Other) < 0; }
 	/** An order that is cheap and stays the same within the process, but says nothing about the text. */
 	bool FastLess(FName Other) const { return ComparisonIndex < Other.ComparisonIndex; }
-	int32 CompareIndexes(FName Other) const
-	{
-		return static_cast<int32>(ComparisonIndex) - static_cast<int32>(Other.ComparisonIndex);
-	}
 	uint32 GetComparisonIndex() const { return ComparisonIndex; }
 	uint32 GetDisplayIndex() const { return DisplayIndex; }
 
@@ -94,15 +90,12 @@ public:
 	friend bool operator==(FName Left, const TCHAR* Right) { return Left.GetView() == FStringView(Right); }
 	friend uint32 GetTypeHash(FName Name) { return Name.ComparisonIndex; }
 
-	static FString SafeString(FName Name) { return Name.ToString(); }
 	/** A name made readable: words parted, "_" to blanks, small words small; the leading b of a bool dropped
 	 * ("bIsOpen": "Is Open"). */
 	static FString NameToDisplayString(const FString& InDisplayName, bool bIsBool);
 	/** False when Text holds one of InvalidChars; OutReason then says which. */
 	static bool IsValidXName(FStringView Text, FStringView InvalidChars, FText* OutReason = nullptr);
 	bool IsValidXName(FStringView InvalidChars) const { return IsValidXName(GetView(), InvalidChars); }
-	bool IsValidObjectName(FText& OutReason) const;
-	bool IsValidGroupName(FText& OutReason, bool bIsGroupName = false) const;
 
 private:
 	uint32 ComparisonIndex = 0;

@@ -84,11 +84,6 @@ bool FKeptObjectText::HasLeftOut(FName Property) const
 		LeftOut.begin(), LeftOut.end(), [Property](const FLeftOut& Entry) { return Entry.Property == Property; });
 }
 
-void FKeptObjectText::Forget(const UObject* Object)
-{
-	KeptObjectText::Entries().erase(Object->GetInternalIndex());
-}
-
 void FKeptObjectText::KeepUnread(UObject& Object, const FProperty& Property, FStringView Value)
 {
 	std::vector<FUnread>& Rows = FindOrAdd(&Object).Unread;

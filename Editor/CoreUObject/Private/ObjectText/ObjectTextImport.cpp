@@ -11,7 +11,6 @@
 
 namespace ObjectTextImporting
 {
-thread_local const FObjectTextImport* Current = nullptr;
 FObjectTextImport::FUnknownClassHandler UnknownClassHandler = nullptr;
 
 /** How far an element number may lie behind the end of an array. The skipped elements get their default value. */
@@ -93,11 +92,6 @@ FObjectTextImport::~FObjectTextImport() = default;
 FObjectTextImport::FUnknownClassHandler FObjectTextImport::SetUnknownClassHandler(FUnknownClassHandler Handler)
 {
 	return std::exchange(ObjectTextImporting::UnknownClassHandler, Handler);
-}
-
-const FObjectTextImport* FObjectTextImport::GetCurrent()
-{
-	return ObjectTextImporting::Current;
 }
 
 UClass* FObjectTextImport::FindClass(std::string_view ClassPath)
@@ -194,14 +188,11 @@ UObject* FObjectTextImport::FindMade(std::string_view Name, const UObject* Outer
 
 void FObjectTextImport::ImportProperties()
 {
-	Enclosing = ObjectTextImporting::Current;
-	ObjectTextImporting::Current = this;
 	// Reading a value can load a package, but never adds to what this import made.
 	for (; NumImported < Made.size(); ++NumImported)
 	{
 		ImportInto(Made[NumImported].Object, *Made[NumImported].Record);
 	}
-	ObjectTextImporting::Current = Enclosing;
 	TArray<UObject*> Objects;
 	for (const FMade& Entry : Made)
 	{

@@ -403,11 +403,6 @@ FString FObjectTextLine::GetName() const
 	return FromUtf8(Name);
 }
 
-FString FObjectTextLine::GetValue() const
-{
-	return FromUtf8(Value);
-}
-
 FString FObjectTextRecord::GetName() const
 {
 	if (Name.find('\\') == std::string_view::npos)

@@ -60,14 +60,6 @@ void UObject::GetPathName(const UObject* StopOuter, FString& OutPath) const
 	NamePrivate.AppendString(OutPath);
 }
 
-FString UObject::GetFullName(const UObject* StopOuter) const
-{
-	FString Name = ClassPrivate ? ClassPrivate->GetName() : FString();
-	Name.AppendChar(TEXT(' '));
-	GetPathName(StopOuter, Name);
-	return Name;
-}
-
 FString UObject::GetFullGroupName(bool bStartWithOuter) const
 {
 	const UObject* const Start = bStartWithOuter ? OuterPrivate : this;
@@ -244,17 +236,6 @@ uint8* UObject::FindExtension(const UStruct* OwnerClass) const
 	return FObjectTable::FindExtension(*this, OwnerClass);
 }
 
-const FObjectInitializer& FObjectInitializer::Get()
-{
-	static const FObjectInitializer Initializer;
-	return Initializer;
-}
-
-FName FPropertyChangedEvent::GetPropertyName() const
-{
-	return Property ? Property->GetFName() : FName();
-}
-
 bool UE::Object::IsObjectA(const UObject* Object, const UClass* Class)
 {
 	return Object && Object->IsA(Class);
@@ -278,11 +259,6 @@ UObject* FWeakObjectPtr::Get(bool bEvenIfGarbage) const
 {
 	UObject* const Object = FObjectTable::Get().Resolve(ObjectIndex, ObjectSerialNumber);
 	return Object && (bEvenIfGarbage || !Object->IsGarbage()) ? Object : nullptr;
-}
-
-bool FWeakObjectPtr::IsStale() const
-{
-	return ObjectIndex != INDEX_NONE && !Get();
 }
 
 bool FWeakObjectPtr::operator==(const FWeakObjectPtr& Other) const

@@ -221,12 +221,6 @@ UObject* StaticLoadObject(UClass* Class, UObject* Outer, const TCHAR* Name, cons
 	return Loaded;
 }
 
-UClass* StaticLoadClass(UClass* BaseClass, UObject* Outer, const TCHAR* Name, const TCHAR* Filename, uint32 LoadFlags)
-{
-	UClass* const Class = Cast<UClass>(StaticLoadObject(UClass::StaticClass(), Outer, Name, Filename, LoadFlags));
-	return Class && (!BaseClass || Class->IsChildOf(BaseClass)) ? Class : nullptr;
-}
-
 UPackage* FindPackage(UObject* Outer, const TCHAR* PackageName)
 {
 	return Cast<UPackage>(ObjectFind::FindInMemory(Outer, FStringView(PackageName)));

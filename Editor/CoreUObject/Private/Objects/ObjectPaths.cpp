@@ -71,13 +71,6 @@ bool FTopLevelAssetPath::TrySetPath(const TCHAR* Path)
 	return true;
 }
 
-bool FTopLevelAssetPath::TrySetPath(FName InPackageName, FName InAssetName)
-{
-	PackageName = InPackageName;
-	AssetName = InAssetName;
-	return !PackageName.IsNone();
-}
-
 FString FTopLevelAssetPath::ToString() const
 {
 	FString Path;

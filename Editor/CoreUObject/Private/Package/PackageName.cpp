@@ -157,11 +157,6 @@ const FString& FPackageName::GetAssetPackageExtension()
 	return Extension;
 }
 
-const FString& FPackageName::GetMapPackageExtension()
-{
-	return GetAssetPackageExtension();
-}
-
 bool FPackageName::IsPackageExtension(const TCHAR* Extension)
 {
 	const FStringView Given(Extension);
@@ -319,11 +314,6 @@ bool FPackageName::IsValidObjectPath(const FString& ObjectPath, FText* OutReason
 	return true;
 }
 
-bool FPackageName::IsShortPackageName(const FString& PossiblyLongName)
-{
-	return !PossiblyLongName.Contains(TEXT("/"));
-}
-
 bool FPackageName::IsScriptPackage(FStringView PackageName)
 {
 	return PackageName.StartsWith(TEXT("/Script/"), ESearchCase::IgnoreCase);
@@ -349,21 +339,6 @@ FString FPackageName::GetShortName(const FString& LongName)
 {
 	int32 Slash = INDEX_NONE;
 	return LongName.FindLastChar(TEXT('/'), Slash) ? LongName.RightChop(Slash + 1) : LongName;
-}
-
-FString FPackageName::GetShortName(const UPackage* Package)
-{
-	return Package ? GetShortName(Package->GetName()) : FString();
-}
-
-FString FPackageName::GetShortName(FName LongName)
-{
-	return GetShortName(LongName.ToString());
-}
-
-FName FPackageName::GetShortFName(FName LongName)
-{
-	return FName(GetShortName(LongName));
 }
 
 bool FPackageName::DoesPackageExist(const FString& LongPackageName, FString* OutFilename, bool)
@@ -425,13 +400,6 @@ FString FPackageName::ObjectPathToPackageName(const FString& ObjectPath)
 {
 	int32 Dot = INDEX_NONE;
 	return ObjectPath.FindChar(TEXT('.'), Dot) ? ObjectPath.Left(Dot) : ObjectPath;
-}
-
-FString FPackageName::ObjectPathToObjectName(const FString& ObjectPath)
-{
-	const int32 Cut = ObjectPath.FindLastCharByPredicate(
-		[](TCHAR Char) { return Char == TEXT('.') || Char == TEXT(':'); });
-	return Cut == INDEX_NONE ? ObjectPath : ObjectPath.RightChop(Cut + 1);
 }
 
 FString FPackageName::ExportTextPathToObjectPath(const FString& ExportTextPath)

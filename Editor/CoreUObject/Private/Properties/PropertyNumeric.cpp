@@ -259,11 +259,6 @@ FString FNumericProperty::GetNumericPropertyValueToString(const void* Data) cons
 	return Text;
 }
 
-bool FNumericProperty::SetNumericPropertyValueFromString(void* Data, const TCHAR* Value) const
-{
-	return ImportText_Direct(Value, Data, nullptr, PPF_None) != nullptr;
-}
-
 bool FByteProperty::SameType(const FProperty* Other) const
 {
 	return FProperty::SameType(Other) && static_cast<const FByteProperty*>(Other)->Enum == Enum;

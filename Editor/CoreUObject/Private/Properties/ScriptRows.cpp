@@ -128,12 +128,6 @@ int32 FScriptSetHelper::Num() const
 	return Property->Ops ? Property->Ops->Num(Set) : static_cast<const FScriptContainer*>(Set)->Num;
 }
 
-uint8* FScriptSetHelper::GetElementPtr(int32 Index) const
-{
-	return Property->Ops ? static_cast<uint8*>(Property->Ops->At(Set, Index))
-						 : FScriptRows(Property->ElementProp, nullptr, Set).First(Index);
-}
-
 void FScriptSetHelper::AddElement(const void* Element) const
 {
 	if (Property->Ops)
@@ -177,18 +171,6 @@ void FScriptSetHelper::ForEach(TFunctionRef<void(void* Element)> Visit) const
 int32 FScriptMapHelper::Num() const
 {
 	return Property->Ops ? Property->Ops->Num(Map) : static_cast<const FScriptContainer*>(Map)->Num;
-}
-
-uint8* FScriptMapHelper::GetKeyPtr(int32 Index) const
-{
-	return Property->Ops ? static_cast<uint8*>(Property->Ops->At(Map, Index))
-						 : FScriptRows(Property->KeyProp, Property->ValueProp, Map).First(Index);
-}
-
-uint8* FScriptMapHelper::GetValuePtr(int32 Index) const
-{
-	return Property->Ops ? static_cast<uint8*>(Property->Ops->ValueAt(Map, Index))
-						 : FScriptRows(Property->KeyProp, Property->ValueProp, Map).Second(Index);
 }
 
 void FScriptMapHelper::AddPair(const void* Key, const void* Value) const

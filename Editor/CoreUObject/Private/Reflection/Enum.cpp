@@ -118,11 +118,6 @@ int64 UEnum::GetValueByNameString(const FString& Name) const
 	return GetValueByIndex(GetIndexByNameString(Name));
 }
 
-FName UEnum::GetNameByValue(int64 Value) const
-{
-	return GetNameByIndex(GetIndexByValue(Value));
-}
-
 FString UEnum::GetNameStringByValue(int64 Value) const
 {
 	return GetNameStringByIndex(GetIndexByValue(Value));
@@ -131,16 +126,6 @@ FString UEnum::GetNameStringByValue(int64 Value) const
 FText UEnum::GetDisplayNameTextByValue(int64 Value) const
 {
 	return GetDisplayNameTextByIndex(GetIndexByValue(Value));
-}
-
-int64 UEnum::GetMaxEnumValue() const
-{
-	int64 Largest = Entries.IsEmpty() ? 0 : Entries[0].Value;
-	for (const FEntry& Entry : Entries)
-	{
-		Largest = FMath::Max(Largest, Entry.Value);
-	}
-	return Largest;
 }
 
 bool UEnum::ContainsExistingMax() const
@@ -159,15 +144,4 @@ bool UEnum::HasMetaData(const TCHAR* Key, int32 Index) const
 	const bool bIsHidden = Entries[Index].bHidden && (Name == TEXT("Hidden") || Name == TEXT("Spacer"));
 	const bool bIsNamed = !Entries[Index].DisplayName.IsEmpty() && Name == TEXT("DisplayName");
 	return bIsHidden || bIsNamed;
-}
-
-FString UEnum::GetMetaData(const TCHAR* Key, int32 Index) const
-{
-	return HasMetaData(Key, Index) && FString(Key) == TEXT("DisplayName") ? Entries[Index].DisplayName : FString();
-}
-
-FString UEnum::GenerateFullEnumName(const TCHAR* InEnumName) const
-{
-	const bool bHasScope = CppForm == ECppForm::Regular || FStringView(InEnumName).Contains(TEXT("::"));
-	return bHasScope ? FString(InEnumName) : GetName() + TEXT("::") + InEnumName;
 }

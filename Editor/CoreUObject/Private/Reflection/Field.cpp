@@ -123,12 +123,6 @@ FText UField::GetToolTipText(bool bShortTooltip) const
 	return FieldTexts::ToolTip(GetMetaDataTable(), GetDisplayNameText(), bShortTooltip);
 }
 
-UStruct* UField::GetOwnerStruct() const
-{
-	UStruct* const Self = Cast<UStruct>(const_cast<UField*>(this));
-	return Self ? Self : GetTypedOuter<UStruct>();
-}
-
 UClass* UField::GetOwnerClass() const
 {
 	UClass* const Self = Cast<UClass>(const_cast<UField*>(this));

@@ -12,8 +12,6 @@ class FPackageName
 {
 public:
 	static const FString& GetAssetPackageExtension();
-	/** The same: levels are not told apart here. */
-	static const FString& GetMapPackageExtension();
 	static bool IsPackageExtension(const TCHAR* Extension);
 
 	/** Empty for a name that is not valid or lies below no mount point. */
@@ -33,7 +31,6 @@ public:
 	static bool IsValidLongPackageName(
 		FStringView Name, bool bIncludeReadOnlyRoots = false, FText* OutReason = nullptr);
 	static bool IsValidObjectPath(const FString& ObjectPath, FText* OutReason = nullptr);
-	static bool IsShortPackageName(const FString& PossiblyLongName);
 	static bool IsScriptPackage(FStringView PackageName);
 	static bool IsTempPackage(FStringView PackageName);
 
@@ -42,9 +39,6 @@ public:
 	/** "BP_Door" of "/Game/Doors/BP_Door". */
 	static FString GetLongPackageAssetName(const FString& LongPackageName);
 	static FString GetShortName(const FString& LongName);
-	static FString GetShortName(const UPackage* Package);
-	static FString GetShortName(FName LongName);
-	static FName GetShortFName(FName LongName);
 
 	/**
 	 * Whether its file is on disk, or whether a script package is in memory. The file's name is as it stands on disk,
@@ -53,7 +47,6 @@ public:
 	static bool DoesPackageExist(
 		const FString& LongPackageName, FString* OutFilename = nullptr, bool bAllowTextFormats = true);
 	static FString ObjectPathToPackageName(const FString& ObjectPath);
-	static FString ObjectPathToObjectName(const FString& ObjectPath);
 	/** "Class'/Path/To.Object'" and the same with quotes give the path; a bare path gives itself. */
 	static FString ExportTextPathToObjectPath(const FString& ExportTextPath);
 	static bool ParseExportTextPath(const FString& ExportTextPath, FString* OutClassName, FString* OutObjectPath);

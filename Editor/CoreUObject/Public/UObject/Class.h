@@ -35,7 +35,6 @@ public:
 	virtual FText GetDisplayNameText() const;
 	virtual FText GetToolTipText(bool bShortTooltip = false) const;
 	UClass* GetOwnerClass() const;
-	UStruct* GetOwnerStruct() const;
 
 	UField* Next = nullptr;
 
@@ -60,7 +59,6 @@ public:
 
 	UStruct* GetSuperStruct() const { return SuperStruct; }
 	virtual void SetSuperStruct(UStruct* NewSuper) { SuperStruct = NewSuper; }
-	UStruct* GetInheritanceSuper() const { return SuperStruct; }
 	bool IsChildOf(const UStruct* SomeBase) const
 	{
 		for (const UStruct* Struct = this; Struct; Struct = Struct->SuperStruct)
@@ -313,21 +311,14 @@ public:
 	int32 GetIndexByValue(int64 Value) const;
 	int64 GetValueByName(FName Name) const;
 	int64 GetValueByNameString(const FString& Name) const;
-	FName GetNameByValue(int64 Value) const;
 	FString GetNameStringByValue(int64 Value) const;
 	FText GetDisplayNameTextByValue(int64 Value) const;
-	FString GetAuthoredNameStringByIndex(int32 Index) const { return GetNameStringByIndex(Index); }
-	bool IsValidEnumValue(int64 Value) const { return GetIndexByValue(Value) != INDEX_NONE; }
-	bool IsValidEnumName(FName Name) const { return GetIndexByName(Name) != INDEX_NONE; }
-	int64 GetMaxEnumValue() const;
 	/** Whether the last entry is the generated "_MAX". */
 	bool ContainsExistingMax() const;
 	bool HasMetaData(const TCHAR* Key, int32 Index) const;
-	FString GetMetaData(const TCHAR* Key, int32 Index) const;
 	using UField::GetMetaData;
 	using UField::HasMetaData;
 	ECppForm GetCppForm() const { return CppForm; }
-	FString GenerateFullEnumName(const TCHAR* InEnumName) const;
 
 	struct FEntry
 	{
@@ -390,7 +381,6 @@ class UClass : public UStruct
 public:
 	UClass* GetSuperClass() const { return static_cast<UClass*>(SuperStruct); }
 	bool HasAnyClassFlags(EClassFlags Flags) const { return (ClassFlags & Flags) != 0; }
-	bool HasAllClassFlags(EClassFlags Flags) const { return (ClassFlags & Flags) == Flags; }
 	const TCHAR* GetPrefixCPP() const override;
 	/** Objects of the class follow; one whose C++ part would have to change becomes an object of the old parent. */
 	void SetSuperStruct(UStruct* NewSuper) override;

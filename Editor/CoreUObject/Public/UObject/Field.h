@@ -16,7 +16,6 @@ public:
 	void Set(FName Key, const FString& Value) { Values.Add(Key, Value); }
 	void Remove(FName Key) { Values.Remove(Key); }
 	bool IsEmpty() const { return Values.IsEmpty(); }
-	const TMap<FName, FString>& GetValues() const { return Values; }
 
 private:
 	TMap<FName, FString> Values;
@@ -153,11 +152,4 @@ template <class T>
 const T* CastField(const FField* Field)
 {
 	return Field && Field->IsA(T::StaticClass()) ? static_cast<const T*>(Field) : nullptr;
-}
-template <class T>
-T* CastFieldChecked(FField* Field)
-{
-	T* const Result = CastField<T>(Field);
-	check(Result != nullptr);
-	return Result;
 }

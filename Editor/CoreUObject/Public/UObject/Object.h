@@ -36,14 +36,11 @@ public:
 	FString GetName() const { return NamePrivate.ToString(); }
 	UObject* GetOuter() const { return OuterPrivate; }
 	UClass* GetClass() const { return ClassPrivate; }
-	uint32 GetUniqueID() const { return static_cast<uint32>(InternalIndex); }
 	int32 GetInternalIndex() const { return InternalIndex; }
 
 	/** "/Game/A/BP_X.BP_X:EventGraph.Node": package, '.', top object, ':' before the first sub-object, '.' after. */
 	FString GetPathName(const UObject* StopOuter = nullptr) const;
 	void GetPathName(const UObject* StopOuter, FString& OutPath) const;
-	/** The class's name, a blank and the path. */
-	FString GetFullName(const UObject* StopOuter = nullptr) const;
 	/** The path below the package ("BP_X:EventGraph.Node"); with bStartWithOuter that of the outer. */
 	FString GetFullGroupName(bool bStartWithOuter) const;
 
@@ -57,7 +54,6 @@ public:
 		return static_cast<T*>(GetTypedOuter(T::StaticClass()));
 	}
 	bool IsIn(const UObject* SomeOuter) const;
-	bool IsInOuter(const UObject* SomeOuter) const { return IsIn(SomeOuter); }
 
 	bool IsA(const UClass* SomeBase) const;
 	template <class T>
@@ -75,7 +71,6 @@ public:
 	void ClearFlags(EObjectFlags Flags) { ObjectFlags = static_cast<EObjectFlags>(ObjectFlags & ~Flags); }
 	bool IsTemplate(
 		EObjectFlags TemplateTypes = static_cast<EObjectFlags>(RF_ArchetypeObject | RF_ClassDefaultObject)) const;
-	bool IsDefaultSubobject() const { return HasAnyFlags(RF_DefaultSubObject); }
 
 	/**
 	 * Gives the object another name, outer or both; null keeps the present one. With a name that another object of that
@@ -176,7 +171,6 @@ private:
 /** Stub of the engine's construction argument: native constructors may take it and pass it on. */
 struct FObjectInitializer
 {
-	static const FObjectInitializer& Get();
 };
 
 using EPropertyChangeType = uint32;
@@ -188,7 +182,6 @@ struct FPropertyChangedEvent
 		, ChangeType(InType)
 	{
 	}
-	FName GetPropertyName() const;
 
 	FProperty* Property;
 	FProperty* MemberProperty;

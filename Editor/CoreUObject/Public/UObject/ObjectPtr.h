@@ -35,14 +35,3 @@ uint32 GetTypeHash(const TObjectPtr<T>& Pointer)
 {
 	return GetTypeHash(static_cast<const void*>(Pointer.Get()));
 }
-
-template <class T>
-T* ToRawPtr(const TObjectPtr<T>& Pointer)
-{
-	return Pointer.Get();
-}
-template <class T>
-T* ToRawPtr(T* Pointer)
-{
-	return Pointer;
-}

@@ -5,6 +5,4 @@
 /** What those who hear of a save are told about it. Only a save that succeeded is told of. */
 class FObjectPostSaveContext
 {
-public:
-	bool SaveSucceeded() const { return true; }
 };

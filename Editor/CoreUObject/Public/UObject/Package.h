@@ -23,8 +23,6 @@ public:
 	bool IsDirty() const { return bDirty; }
 	void SetDirtyFlag(bool bIsDirty) { bDirty = bIsDirty; }
 	void ClearDirtyFlag() { bDirty = false; }
-	bool IsFullyLoaded() const { return true; }
-	void FullyLoad() {}
 	FString GetLoadedPathName() const { return FileName; }
 	/** The asset: the top object that is not a class, default or metadata object. Null while there is none. */
 	UObject* FindAssetInPackage() const;

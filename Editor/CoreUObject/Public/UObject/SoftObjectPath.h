@@ -24,7 +24,6 @@ struct FSoftObjectPath
 	FString ToString() const;
 	void AppendString(FString& Out) const;
 	const FTopLevelAssetPath& GetAssetPath() const { return AssetPath; }
-	FString GetAssetPathString() const { return AssetPath.ToString(); }
 	FString GetAssetName() const { return AssetPath.GetAssetName().ToString(); }
 	FString GetLongPackageName() const { return AssetPath.GetPackageName().ToString(); }
 	FName GetLongPackageFName() const { return AssetPath.GetPackageName(); }
@@ -60,7 +59,6 @@ struct FSoftObjectPtr
 	}
 	UObject* Get() const { return Path.ResolveObject(); }
 	UObject* LoadSynchronous() const { return Path.TryLoad(); }
-	const FSoftObjectPath& ToSoftObjectPath() const { return Path; }
 	bool IsNull() const { return Path.IsNull(); }
 	bool operator==(const FSoftObjectPtr& Other) const = default;
 

@@ -23,7 +23,6 @@ struct FTopLevelAssetPath
 	 */
 	bool TrySetPath(const TCHAR* Path);
 	bool TrySetPath(const FString& Path) { return TrySetPath(*Path); }
-	bool TrySetPath(FName InPackageName, FName InAssetName);
 
 	FName GetPackageName() const { return PackageName; }
 	FName GetAssetName() const { return AssetName; }

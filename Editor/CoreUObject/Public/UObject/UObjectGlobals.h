@@ -89,8 +89,6 @@ UObject* StaticFindFirstObject(UClass* Class, const TCHAR* Name,
  * its asset. Null when there is none; the reason goes to the log. */
 UObject* StaticLoadObject(
 	UClass* Class, UObject* Outer, const TCHAR* Name, const TCHAR* Filename = nullptr, uint32 LoadFlags = LOAD_None);
-UClass* StaticLoadClass(UClass* BaseClass, UObject* Outer, const TCHAR* Name, const TCHAR* Filename = nullptr,
-	uint32 LoadFlags = LOAD_None);
 
 template <class T>
 T* FindObject(UObject* Outer, const TCHAR* Name, bool bExactClass = false)
@@ -108,11 +106,6 @@ T* FindObject(const FTopLevelAssetPath& Path, bool bExactClass = false)
 	return static_cast<T*>(StaticFindObject(T::StaticClass(), Path, bExactClass));
 }
 template <class T>
-T* FindObjectFast(UObject* Outer, FName Name)
-{
-	return static_cast<T*>(StaticFindObjectFast(T::StaticClass(), Outer, Name));
-}
-template <class T>
 T* FindFirstObject(const TCHAR* Name, EFindFirstObjectOptions Options = EFindFirstObjectOptions::None)
 {
 	return static_cast<T*>(StaticFindFirstObject(T::StaticClass(), Name, Options));
@@ -121,11 +114,6 @@ template <class T>
 T* LoadObject(UObject* Outer, const TCHAR* Name, const TCHAR* Filename = nullptr, uint32 LoadFlags = LOAD_None)
 {
 	return static_cast<T*>(StaticLoadObject(T::StaticClass(), Outer, Name, Filename, LoadFlags));
-}
-template <class T>
-UClass* LoadClass(UObject* Outer, const TCHAR* Name)
-{
-	return StaticLoadClass(T::StaticClass(), Outer, Name);
 }
 
 /** The package of that name, made when there is none. */

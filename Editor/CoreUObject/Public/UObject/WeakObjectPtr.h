@@ -14,9 +14,6 @@ struct FWeakObjectPtr
 	UObject* Get() const;
 	UObject* Get(bool bEvenIfGarbage) const;
 	bool IsValid() const { return Get() != nullptr; }
-	/** Once pointed at an object that is gone now. */
-	bool IsStale() const;
-	bool IsExplicitlyNull() const { return ObjectIndex == INDEX_NONE; }
 	void Reset() { *this = FWeakObjectPtr(); }
 	bool operator==(const FWeakObjectPtr& Other) const;
 

@@ -11,9 +11,7 @@ class UActorComponent : public UObject
 	EDITOR_CLASS(UActorComponent, UObject)
 
 public:
-	AActor* GetOwner() const;
 	bool IsEditorOnly() const override { return bIsEditorOnly; }
-	bool IsActive() const { return bAutoActivate; }
 
 	bool bAutoActivate = false;
 	bool bIsEditorOnly = false;

@@ -51,7 +51,6 @@ struct FRichCurve
 	const TArray<FRichCurveKey>& GetConstRefOfKeys() const { return Keys; }
 	TArray<FRichCurveKey> GetCopyOfKeys() const { return Keys; }
 	float Eval(float InTime, float InDefaultValue = 0.0f) const;
-	void GetTimeRange(float& MinTime, float& MaxTime) const;
 
 	TArray<FRichCurveKey> Keys;
 };

@@ -36,11 +36,6 @@ public:
 
 	/** Makes a node of the class inside the graph; the caller places it and allocates its pins. */
 	UEdGraphNode* CreateNode(const UClass* NewNodeClass, bool bSelectNewNode = true);
-	template <class T>
-	T* CreateIntermediateNode()
-	{
-		return static_cast<T*>(CreateNode(T::StaticClass(), false));
-	}
 	void AddNode(UEdGraphNode* NodeToAdd, bool bUserAction = false, bool bSelectNewNode = true);
 	/** Takes the node out. Links are broken unless told otherwise. The node becomes garbage, freed between tool calls.
 	 */
@@ -51,7 +46,6 @@ public:
 	void NotifyGraphChanged(const FEdGraphEditAction& Action);
 	void NotifyNodeChanged(const UEdGraphNode* Node);
 	void GetAllChildrenGraphs(TArray<UEdGraph*>& Graphs) const;
-	void MoveNodesToAnotherGraph(UEdGraph* DestinationGraph, bool bIsLoading, bool bInIsCompiling);
 
 	template <class T>
 	void GetNodesOfClass(TArray<T*>& OutNodes) const
@@ -95,7 +89,6 @@ struct FGraphNodeCreator
 		Node = static_cast<NodeType*>(Graph.CreateNode(InNodeClass.Get(), bSelectNewNode));
 		return Node;
 	}
-	NodeType* CreateUserInvokedNode(bool bSelectNewNode = true) { return CreateNode(bSelectNewNode); }
 	void Finalize()
 	{
 		check(!bPlaced);

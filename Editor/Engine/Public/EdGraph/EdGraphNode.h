@@ -75,8 +75,6 @@ public:
 	}
 	UEdGraphPin* FindPinChecked(FName PinName, EEdGraphPinDirection Direction = EGPD_MAX) const;
 	UEdGraphPin* FindPinById(const FGuid& PinId) const;
-	const TArray<UEdGraphPin*>& GetAllPins() const { return Pins; }
-	UEdGraphPin* GetPinAt(int32 Index) const { return Pins.IsValidIndex(Index) ? Pins[Index] : nullptr; }
 	template <class TPredicate>
 	UEdGraphPin* FindPinByPredicate(TPredicate&& Predicate) const
 	{
@@ -99,19 +97,15 @@ public:
 	FName CreateUniquePinName(FName SourcePinName) const;
 	/** Takes the pin and its sub pins out, breaking links. */
 	bool RemovePin(UEdGraphPin* Pin);
-	void DestroyPin(UEdGraphPin* Pin);
 	void BreakAllNodeLinks();
 
 	void CreateNewGuid();
 	/** Breaks links, leaves the graph, becomes garbage. */
 	virtual void DestroyNode();
-	void SnapToGrid(uint32 GridSnapSize);
-	virtual void ResizeNode(float NewWidth, float NewHeight) {}
 
 	virtual void AllocateDefaultPins() {}
 	/** Makes the pins anew and carries links and defaults over. */
 	virtual void ReconstructNode() {}
-	virtual void DestroyAllPins();
 	virtual void PostPlacedNewNode() {}
 	virtual void PrepareForCopying() {}
 	virtual void PostPasteNode() {}
@@ -122,26 +116,18 @@ public:
 	virtual void AutowireNewNode(UEdGraphPin* FromPin) {}
 	virtual void OnRenameNode(const FString& NewName) {}
 	virtual TSharedPtr<INameValidatorInterface> MakeNameValidator() const;
-	virtual bool GetCanRenameNode() const { return bCanRenameNode; }
 	virtual bool CanUserDeleteNode() const { return true; }
-	virtual bool CanDuplicateNode() const { return true; }
 	virtual bool CanCreateUnderSpecifiedSchema(const UEdGraphSchema* Schema) const { return true; }
 	virtual bool IsCompatibleWithGraph(const UEdGraph* Graph) const { return true; }
-	virtual bool IsDeprecated() const { return false; }
 	/** Graphs that live below the node: a composite's, a state's. */
 	virtual TArray<UEdGraph*> GetSubGraphs() const { return {}; }
-	virtual UObject* GetJumpTargetForDoubleClick() const { return nullptr; }
 
 	virtual FText GetNodeTitle(ENodeTitleType::Type TitleType) const;
 	virtual FText GetTooltipText() const;
 	virtual FText GetKeywords() const { return FText(); }
 	virtual FText GetMenuCategory() const { return FText(); }
 	virtual FText GetPinDisplayName(const UEdGraphPin* Pin) const;
-	virtual FString GetPinMetaData(FName InPinName, FName InKey) { return FString(); }
-	virtual FString GetDocumentationLink() const { return FString(); }
-	virtual FString GetFindReferenceSearchString() const;
 	virtual void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const {}
-	virtual bool ShouldMergeChildGraphs() const { return true; }
 
 	bool IsNodeEnabled() const { return EnabledState != ENodeEnabledState::Disabled; }
 	ENodeEnabledState GetDesiredEnabledState() const { return EnabledState; }

@@ -118,7 +118,6 @@ public:
 	 * depth first. */
 	void GetAllGraphs(TArray<UEdGraph*>& Graphs) const;
 	bool IsUpToDate() const { return Status == BS_UpToDate || Status == BS_UpToDateWithWarnings; }
-	bool IsPossiblyDirty() const { return Status == BS_Dirty || Status == BS_Unknown; }
 	/** The Blueprint that a class was generated from, or null. */
 	static UBlueprint* GetBlueprintFromClass(const UClass* InClass);
 	/** Blueprints of the class and its generated supers, nearest first; true when all are free of errors. */
@@ -126,18 +125,11 @@ public:
 	static FText GetDisplayNameOfType(EBlueprintType Type);
 	virtual UClass* GetBlueprintClass() const;
 	virtual bool SupportsEventGraphs() const;
-	virtual bool SupportsFunctions() const { return BlueprintType != BPTYPE_MacroLibrary; }
-	virtual bool SupportsMacros() const
-	{
-		return BlueprintType != BPTYPE_FunctionLibrary && BlueprintType != BPTYPE_Interface;
-	}
 	virtual bool SupportsGlobalVariables() const
 	{
 		return BlueprintType == BPTYPE_Normal || BlueprintType == BPTYPE_Const || BlueprintType == BPTYPE_LevelScript;
 	}
 	virtual bool SupportsDelegates() const { return SupportsGlobalVariables(); }
-	virtual bool SupportsConstructionScript() const;
-	bool ChangeOwnerOfTemplates() { return false; }
 	UTimelineTemplate* FindTimelineTemplateByVariableName(const FName& TimelineName);
 	UActorComponent* FindTemplateByName(const FName& TemplateName) const;
 	/** A graph goes by another name now; kinds of Blueprints that note names of functions follow. */

@@ -14,8 +14,6 @@ class UBlueprintGeneratedClass : public UClass
 
 public:
 	UClass* GetAuthoritativeClass() override;
-	UTimelineTemplate* FindTimelineTemplateByVariableName(const FName& TimelineName) const;
-	UActorComponent* FindComponentTemplateByName(const FName& TemplateName) const;
 
 	TObjectPtr<USimpleConstructionScript> SimpleConstructionScript;
 	TArray<TObjectPtr<UTimelineTemplate>> Timelines;

@@ -18,17 +18,12 @@ struct FMemberReference
 	void SetExternalMember(FName InMemberName, TSubclassOf<UObject> InMemberParentClass);
 	void SetExternalMember(FName InMemberName, TSubclassOf<UObject> InMemberParentClass, FGuid& InMemberGuid);
 	void SetGlobalField(FName InFieldName, UPackage* InParentPackage);
-	/** A signature that stands in a package and not in a class. */
-	void SetExternalDelegateMember(FName InMemberName);
 	void SetSelfMember(FName InMemberName);
 	void SetSelfMember(FName InMemberName, FGuid& InMemberGuid);
-	void SetLocalMember(FName InMemberName, UStruct* InScope, FGuid InMemberGuid);
 	void SetLocalMember(FName InMemberName, FString InScopeName, FGuid InMemberGuid);
 	/** Self context when the field's owner is the Blueprint's class or above it, else external. */
 	void SetFromField(const FProperty* InField, bool bIsConsideredSelfContext);
 	void SetFromField(const UFunction* InField, bool bIsConsideredSelfContext);
-	void SetFromField(const FProperty* InField, UClass* SelfScope);
-	void SetFromField(const UFunction* InField, UClass* SelfScope);
 	/** The same with the kind of member named, as in SetFromField<FProperty>(Member, true). */
 	template <class TFieldType, class TScope>
 	void SetFromField(const TFieldType* InField, TScope SelfContextOrScope)
@@ -42,11 +37,8 @@ struct FMemberReference
 			SetFromField(static_cast<const UFunction*>(InField), SelfContextOrScope);
 		}
 	}
-	void SetGivenSelfScope(FName InMemberName, FGuid InMemberGuid, TSubclassOf<UObject> InMemberParentClass,
-		TSubclassOf<UObject> SelfScope);
 	void SetDirect(FName InMemberName, FGuid InMemberGuid, TSubclassOf<UObject> InMemberParentClass,
 		bool bIsConsideredSelfContext);
-	void InvalidateSelfScope() { bSelfContext = false; }
 
 	FName GetMemberName() const { return MemberName; }
 	void SetMemberName(FName NewName) { MemberName = NewName; }
@@ -54,7 +46,6 @@ struct FMemberReference
 	/** The class the reference names; null in self context. */
 	UClass* GetMemberParentClass() const;
 	UClass* GetMemberParentClass(UClass* SelfScope) const;
-	UPackage* GetMemberParentPackage() const;
 	UObject* GetMemberParentObject() const { return MemberParent; }
 	UStruct* GetMemberScope(const UClass* InMemberParentClass) const;
 	FString GetMemberScopeName() const { return MemberScope; }
@@ -62,7 +53,6 @@ struct FMemberReference
 	bool IsLocalScope() const { return !MemberScope.IsEmpty(); }
 	/** The class to look in: the parent, or the given self. */
 	UClass* GetScope(UClass* SelfScope) const { return bSelfContext ? SelfScope : GetMemberParentClass(); }
-	bool IsSparseClassData(const UClass* OwningClass) const { return false; }
 
 	/** The member itself, looked for in the scope and its supers; null when there is none. */
 	UFunction* ResolveFunction(UClass* SelfScope = nullptr) const;

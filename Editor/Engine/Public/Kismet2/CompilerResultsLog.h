@@ -31,7 +31,6 @@ public:
 	}
 
 	void SetSourcePath(const FString& InPath) { SourcePath = InPath; }
-	const FString& GetSourcePath() const { return SourcePath; }
 	/** Writes the messages on their nodes (ErrorType, ErrorMsg, bHasCompilerMessage). */
 	bool bAnnotateMentionedNodes = true;
 	bool bSilentMode = false;

@@ -172,53 +172,12 @@ const TSharedPtr<FJsonObject>& FJsonValue::AsObject() const
 	return *Object;
 }
 
-bool FJsonValue::TryGetNumber(float& OutNumber) const
-{
-	double Number = 0.0;
-	if (!TryGetNumber(Number))
-	{
-		return false;
-	}
-	OutNumber = static_cast<float>(Number);
-	return true;
-}
-
-bool FJsonValue::TryGetNumber(int8& OutNumber) const
-{
-	return JsonValuePrivate::TryRound(*this, OutNumber);
-}
-
-bool FJsonValue::TryGetNumber(int16& OutNumber) const
-{
-	return JsonValuePrivate::TryRound(*this, OutNumber);
-}
-
 bool FJsonValue::TryGetNumber(int32& OutNumber) const
 {
 	return JsonValuePrivate::TryRound(*this, OutNumber);
 }
 
 bool FJsonValue::TryGetNumber(int64& OutNumber) const
-{
-	return JsonValuePrivate::TryRound(*this, OutNumber);
-}
-
-bool FJsonValue::TryGetNumber(uint8& OutNumber) const
-{
-	return JsonValuePrivate::TryRound(*this, OutNumber);
-}
-
-bool FJsonValue::TryGetNumber(uint16& OutNumber) const
-{
-	return JsonValuePrivate::TryRound(*this, OutNumber);
-}
-
-bool FJsonValue::TryGetNumber(uint32& OutNumber) const
-{
-	return JsonValuePrivate::TryRound(*this, OutNumber);
-}
-
-bool FJsonValue::TryGetNumber(uint64& OutNumber) const
 {
 	return JsonValuePrivate::TryRound(*this, OutNumber);
 }

@@ -12,7 +12,6 @@ bool FJsonSerializer::ReadValue(TJsonReader<TCHAR>& Reader, TSharedPtr<FJsonValu
 	}
 	Reader.ErrorMessage = FromUtf8(Error.Describe());
 	Reader.LineNumber = static_cast<uint32>(Error.Line);
-	Reader.CharacterNumber = static_cast<uint32>(Error.Character);
 	return false;
 }
 
@@ -49,6 +48,5 @@ bool FJsonSerializer::RefuseRoot(TJsonReader<TCHAR>& Reader, const TCHAR* Reason
 {
 	Reader.ErrorMessage = Reason;
 	Reader.LineNumber = 1;
-	Reader.CharacterNumber = 1;
 	return false;
 }

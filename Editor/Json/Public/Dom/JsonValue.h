@@ -31,15 +31,8 @@ public:
 
 	virtual bool TryGetNumber(double& OutNumber) const { return false; }
 	/** Integers round halves away from zero; a number outside the type's range fails. */
-	bool TryGetNumber(float& OutNumber) const;
-	bool TryGetNumber(int8& OutNumber) const;
-	bool TryGetNumber(int16& OutNumber) const;
 	bool TryGetNumber(int32& OutNumber) const;
 	bool TryGetNumber(int64& OutNumber) const;
-	bool TryGetNumber(uint8& OutNumber) const;
-	bool TryGetNumber(uint16& OutNumber) const;
-	bool TryGetNumber(uint32& OutNumber) const;
-	bool TryGetNumber(uint64& OutNumber) const;
 	virtual bool TryGetString(FString& OutString) const { return false; }
 	virtual bool TryGetBool(bool& bOutBool) const { return false; }
 	/** The array belongs to the value. */

@@ -26,7 +26,6 @@ public:
 	const FString& GetErrorMessage() const { return ErrorMessage; }
 	/** Of the failure, counted from 1; 0 while nothing has failed. */
 	uint32 GetLineNumber() const { return LineNumber; }
-	uint32 GetCharacterNumber() const { return CharacterNumber; }
 
 private:
 	friend class FJsonSerializer;
@@ -34,7 +33,6 @@ private:
 	std::string Utf8;
 	FString ErrorMessage;
 	uint32 LineNumber = 0;
-	uint32 CharacterNumber = 0;
 };
 
 extern template class TJsonReader<TCHAR>;

@@ -45,7 +45,6 @@ public:
 		Emitter.BeginArray();
 	}
 	void WriteArrayEnd() { Emitter.EndArray(); }
-	void WriteIdentifierPrefix(FStringView Identifier) { Emitter.Key(Identifier); }
 
 	template <typename NumberType>
 	requires std::is_arithmetic_v<NumberType>

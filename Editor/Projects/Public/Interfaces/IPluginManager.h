@@ -10,7 +10,6 @@ public:
 
 	virtual const FString& GetName() const = 0;
 	virtual const FString& GetFriendlyName() const = 0;
-	virtual const FString& GetDescriptorFileName() const = 0;
 	/** Without a slash at the end. */
 	virtual FString GetBaseDir() const = 0;
 	virtual FString GetContentDir() const = 0;
@@ -32,6 +31,5 @@ public:
 	virtual TSharedPtr<IPlugin> FindPlugin(const FString& Name) = 0;
 	/** All lists are sorted by name. */
 	virtual TArray<TSharedRef<IPlugin>> GetDiscoveredPlugins() = 0;
-	virtual TArray<TSharedRef<IPlugin>> GetEnabledPlugins() = 0;
 	virtual TArray<TSharedRef<IPlugin>> GetEnabledPluginsWithContent() const = 0;
 };

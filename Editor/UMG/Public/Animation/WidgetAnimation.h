@@ -26,11 +26,8 @@ public:
 	void SetDisplayLabel(const FString& InDisplayLabel) { DisplayLabel = InDisplayLabel; }
 	const FString& GetDisplayLabel() const { return DisplayLabel; }
 	FText GetDisplayName() const { return FText::FromString(DisplayLabel.IsEmpty() ? GetName() : DisplayLabel); }
-	UMovieScene* GetMovieScene() const { return MovieScene; }
 	float GetStartTime() const;
 	float GetEndTime() const;
-
-	const TArray<FWidgetAnimationBinding>& GetBindings() const { return AnimationBindings; }
 
 	TObjectPtr<UMovieScene> MovieScene;
 	TArray<FWidgetAnimationBinding> AnimationBindings;

@@ -31,7 +31,6 @@ public:
 	static void GetChildWidgets(UWidget* Parent, TArray<UWidget*>& Widgets);
 	/** Takes the widget out of its panel, or clears the root, with all below it. */
 	bool RemoveWidget(UWidget* Widget);
-	static UPanelWidget* FindWidgetParent(UWidget* Widget, int32& OutChildIndex);
 	bool IsEmpty() const { return RootWidget == nullptr; }
 	/** What was taken out of the tree and put nowhere else is not written. */
 	void PreSave() override;

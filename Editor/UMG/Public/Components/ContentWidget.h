@@ -9,10 +9,4 @@ class UContentWidget : public UPanelWidget
 	EDITOR_CLASS(UContentWidget, UPanelWidget)
 
 public:
-	UWidget* GetContent() const { return GetChildAt(0); }
-	UPanelSlot* SetContent(UWidget* Content)
-	{
-		ClearChildren();
-		return AddChild(Content);
-	}
 };

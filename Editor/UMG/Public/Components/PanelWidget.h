@@ -15,26 +15,18 @@ public:
 	UWidget* GetChildAt(int32 Index) const;
 	TArray<UWidget*> GetAllChildren() const;
 	int32 GetChildIndex(const UWidget* Content) const;
-	bool HasChild(UWidget* Content) const { return GetChildIndex(Content) != INDEX_NONE; }
 	bool HasAnyChildren() const { return !Slots.IsEmpty(); }
 	/** Behind the others, taken from its former panel; null when the panel is full or the widget holds this panel. */
 	UPanelSlot* AddChild(UWidget* Content);
 	/** At a place; a place beyond the end means the end. */
 	UPanelSlot* InsertChildAt(int32 Index, UWidget* Content);
-	/** Puts another widget into the slot of a child, whose layout stays. */
-	bool ReplaceChildAt(int32 Index, UWidget* Content);
-	bool ReplaceChild(UWidget* CurrentChild, UWidget* NewChild);
-	/** Moves a child to another place among its siblings; its slot stays. */
-	void ShiftChild(int32 Index, UWidget* Child);
 	bool RemoveChild(UWidget* Content);
 	bool RemoveChildAt(int32 Index);
-	void ClearChildren();
 	/** A button or border holds one child, a box any number. */
 	bool CanHaveMultipleChildren() const;
 	bool CanAddMoreChildren() const { return CanHaveMultipleChildren() || Slots.IsEmpty(); }
 	/** The class of the slots that this kind of panel makes. */
 	UClass* GetSlotClass() const;
-	const TArray<TObjectPtr<UPanelSlot>>& GetSlots() const { return Slots; }
 
 private:
 	/** A widget cannot hold a panel that it stands in. */

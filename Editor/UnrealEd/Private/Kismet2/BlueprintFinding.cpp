@@ -22,25 +22,6 @@ UBlueprint* FBlueprintEditorUtils::FindBlueprintForGraph(const UEdGraph* Graph)
 	return Graph ? Graph->GetTypedOuter<UBlueprint>() : nullptr;
 }
 
-UBlueprint* FBlueprintEditorUtils::FindBlueprintForGraphChecked(const UEdGraph* Graph)
-{
-	UBlueprint* const Blueprint = FindBlueprintForGraph(Graph);
-	check(Blueprint != nullptr);
-	return Blueprint;
-}
-
-UBlueprint* FBlueprintEditorUtils::FindBlueprintForNode(const UEdGraphNode* Node)
-{
-	return Node ? Node->GetTypedOuter<UBlueprint>() : nullptr;
-}
-
-UBlueprint* FBlueprintEditorUtils::FindBlueprintForNodeChecked(const UEdGraphNode* Node)
-{
-	UBlueprint* const Blueprint = FindBlueprintForNode(Node);
-	check(Blueprint != nullptr);
-	return Blueprint;
-}
-
 namespace BlueprintFinding
 {
 static UEdGraph* FindByName(const TArray<TObjectPtr<UEdGraph>>& Graphs, FName Name)
@@ -131,11 +112,6 @@ UEdGraph* FBlueprintEditorUtils::FindScopeGraph(const UBlueprint* InBlueprint, c
 			return Graph->GetFName() == InScope->GetFName() && GetEntryNode(Graph) && !IsDelegateSignatureGraph(Graph);
 		});
 	return Found ? *Found : nullptr;
-}
-
-FKismetUserDeclaredFunctionMetadata* FBlueprintEditorUtils::GetGraphFunctionMetaData(const UEdGraph* InGraph)
-{
-	return UK2Node_EditablePinBase::GetGraphFunctionMetaData(InGraph);
 }
 
 UEdGraph* FBlueprintEditorUtils::GetDelegateSignatureGraphByName(UBlueprint* Blueprint, FName DelegateName)
@@ -283,29 +259,6 @@ void FBlueprintEditorUtils::GetFunctionNameList(const UBlueprint* Blueprint, TSe
 	}
 }
 
-void FBlueprintEditorUtils::GetClassVariableList(const UBlueprint* Blueprint, TSet<FName>& VisibleVariables, bool)
-{
-	for (const FBPVariableDescription& Variable : Blueprint->NewVariables)
-	{
-		VisibleVariables.Add(Variable.VarName);
-	}
-	if (const UClass* const Class = BlueprintClassProvider::GetSelfClass(Blueprint))
-	{
-		for (TFieldIterator<FProperty> It(Class, EFieldIteratorFlags::IncludeSuper); It; ++It)
-		{
-			VisibleVariables.Add(It->GetFName());
-		}
-	}
-	for (const FWidgetBlueprintVariable& Widget : FWidgetBlueprintVariable::Collect(Blueprint))
-	{
-		VisibleVariables.Add(Widget.Name);
-	}
-	for (const UTimelineTemplate* const Timeline : Blueprint->Timelines)
-	{
-		VisibleVariables.Add(Timeline->GetVariableName());
-	}
-}
-
 void FBlueprintEditorUtils::GetSCSVariableNameList(const UBlueprint* Blueprint, TSet<FName>& VariableNames)
 {
 	if (!Blueprint->SimpleConstructionScript)
@@ -360,12 +313,6 @@ bool FBlueprintEditorUtils::IsActorBased(const UBlueprint* Blueprint)
 	return Parent && Parent->IsChildOf(AActor::StaticClass());
 }
 
-bool FBlueprintEditorUtils::IsComponentBased(const UBlueprint* Blueprint)
-{
-	const UClass* const Parent = Blueprint ? Blueprint->ParentClass.Get() : nullptr;
-	return Parent && Parent->IsChildOf(UActorComponent::StaticClass());
-}
-
 bool FBlueprintEditorUtils::DoesSupportEventGraphs(const UBlueprint* Blueprint)
 {
 	return Blueprint && Blueprint->SupportsEventGraphs();
@@ -374,10 +321,4 @@ bool FBlueprintEditorUtils::DoesSupportEventGraphs(const UBlueprint* Blueprint)
 bool FBlueprintEditorUtils::DoesSupportTimelines(const UBlueprint* Blueprint)
 {
 	return IsActorBased(Blueprint) && DoesSupportEventGraphs(Blueprint);
-}
-
-bool FBlueprintEditorUtils::DoesSupportComponents(const UBlueprint* Blueprint)
-{
-	return Blueprint && Blueprint->SimpleConstructionScript && Blueprint->BlueprintType != BPTYPE_MacroLibrary
-		&& Blueprint->BlueprintType != BPTYPE_FunctionLibrary;
 }

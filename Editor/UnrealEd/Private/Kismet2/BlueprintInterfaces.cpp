@@ -183,12 +183,6 @@ bool FBlueprintEditorUtils::ImplementNewInterface(UBlueprint* Blueprint, FTopLev
 	return true;
 }
 
-bool FBlueprintEditorUtils::ImplementNewInterface(UBlueprint* Blueprint, const FName& InterfaceClassName)
-{
-	const UClass* const Class = FindFirstObject<UClass>(*InterfaceClassName.ToString());
-	return Class && ImplementNewInterface(Blueprint, FTopLevelAssetPath(Class));
-}
-
 void FBlueprintEditorUtils::RemoveInterface(
 	UBlueprint* Blueprint, FTopLevelAssetPath InterfaceClassPathName, bool bPreserveFunctions)
 {
@@ -225,20 +219,6 @@ void FBlueprintEditorUtils::RemoveInterface(
 		}
 	}
 	MarkBlueprintAsStructurallyModified(Blueprint);
-}
-
-void FBlueprintEditorUtils::RemoveInterface(
-	UBlueprint* Blueprint, const FName& InterfaceClassName, bool bPreserveFunctions)
-{
-	for (const FBPInterfaceDescription& Interface : Blueprint->ImplementedInterfaces)
-	{
-		const UClass* const Class = Interface.Interface.Get();
-		if (Class && Class->GetFName() == InterfaceClassName)
-		{
-			RemoveInterface(Blueprint, FTopLevelAssetPath(Class), bPreserveFunctions);
-			return;
-		}
-	}
 }
 
 void FBlueprintEditorUtils::ConformImplementedInterfaces(UBlueprint* Blueprint)

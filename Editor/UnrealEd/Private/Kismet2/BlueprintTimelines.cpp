@@ -69,8 +69,3 @@ bool FBlueprintEditorUtils::RenameTimeline(UBlueprint* Blueprint, const FName Ol
 	MarkBlueprintAsStructurallyModified(Blueprint);
 	return true;
 }
-
-FName FBlueprintEditorUtils::FindUniqueTimelineName(const UBlueprint* Blueprint)
-{
-	return FindUniqueKismetName(Blueprint, TEXT("Timeline"));
-}

@@ -29,29 +29,6 @@ void FBlueprintEditorUtils::SetBlueprintPropertyReadOnlyFlag(
 	VariableSettings::SetFlag(Blueprint, VarName, CPF_BlueprintReadOnly, bVariableReadOnly);
 }
 
-void FBlueprintEditorUtils::SetInterpFlag(UBlueprint* Blueprint, const FName& VarName, const bool bInterp)
-{
-	VariableSettings::SetFlag(Blueprint, VarName, CPF_Interp, bInterp);
-}
-
-void FBlueprintEditorUtils::SetVariableTransientFlag(
-	UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsTransient)
-{
-	VariableSettings::SetFlag(InBlueprint, InVarName, CPF_Transient, bInIsTransient);
-}
-
-void FBlueprintEditorUtils::SetVariableAdvancedDisplayFlag(
-	UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsAdvancedDisplay)
-{
-	VariableSettings::SetFlag(InBlueprint, InVarName, CPF_AdvancedDisplay, bInIsAdvancedDisplay);
-}
-
-void FBlueprintEditorUtils::SetVariableDeprecatedFlag(
-	UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsDeprecated)
-{
-	VariableSettings::SetFlag(InBlueprint, InVarName, CPF_Deprecated, bInIsDeprecated);
-}
-
 void FBlueprintEditorUtils::SetVariableSaveGameFlag(
 	UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsSaveGame)
 {

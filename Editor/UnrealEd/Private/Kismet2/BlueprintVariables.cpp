@@ -158,37 +158,6 @@ void FBlueprintEditorUtils::ChangeMemberVariableType(
 	}
 }
 
-FName FBlueprintEditorUtils::DuplicateVariable(
-	UBlueprint* InBlueprint, const UStruct* InScope, const FName& InVariableToDuplicate)
-{
-	const FBPVariableDescription* const Original = VariableDescriptions::Find(
-		InBlueprint, InVariableToDuplicate, InScope);
-	if (!Original)
-	{
-		return NAME_None;
-	}
-	FBPVariableDescription Copy = *Original;
-	VariableDescriptions::Rename(
-		Copy, FindUniqueKismetName(InBlueprint, Original->VarName.ToString(), const_cast<UStruct*>(InScope)));
-	Copy.VarGuid = FGuid::NewGuid();
-	const FName Name = Copy.VarName;
-	if (InScope)
-	{
-		UK2Node_FunctionEntry* Entry = nullptr;
-		FindLocalVariable(InBlueprint, InScope, InVariableToDuplicate, &Entry);
-		Entry->Modify();
-		Entry->LocalVariables.Add(MoveTemp(Copy));
-	}
-	else
-	{
-		InBlueprint->Modify();
-		InBlueprint->NewVariables.Add(MoveTemp(Copy));
-		ValidateBlueprintChildVariables(InBlueprint, Name);
-	}
-	MarkBlueprintAsStructurallyModified(InBlueprint);
-	return Name;
-}
-
 void FBlueprintEditorUtils::RenameComponentMemberVariable(UBlueprint* Blueprint, USCS_Node* Node, const FName NewName)
 {
 	const FName OldName = Node ? Node->GetVariableName() : NAME_None;

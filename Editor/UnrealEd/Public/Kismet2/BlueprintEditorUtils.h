@@ -57,9 +57,6 @@ public:
 
 	// Finding.
 	static UBlueprint* FindBlueprintForGraph(const UEdGraph* Graph);
-	static UBlueprint* FindBlueprintForGraphChecked(const UEdGraph* Graph);
-	static UBlueprint* FindBlueprintForNode(const UEdGraphNode* Node);
-	static UBlueprint* FindBlueprintForNodeChecked(const UEdGraphNode* Node);
 	static UEdGraph* FindEventGraph(const UBlueprint* Blueprint);
 	static UEdGraph* FindUserConstructionScript(const UBlueprint* Blueprint);
 	static UEdGraph* GetTopLevelGraph(const UEdGraph* InGraph);
@@ -68,8 +65,6 @@ public:
 	static bool IsInterfaceGraph(const UEdGraph* Graph);
 	/** The graph of a function of the Blueprint's class; null when it has none. */
 	static UEdGraph* FindScopeGraph(const UBlueprint* InBlueprint, const UStruct* InScope);
-	/** What an author says of the graph's function; null for graphs that are none. */
-	static struct FKismetUserDeclaredFunctionMetadata* GetGraphFunctionMetaData(const UEdGraph* InGraph);
 	static UEdGraph* GetDelegateSignatureGraphByName(UBlueprint* Blueprint, FName DelegateName);
 	static void GetAllGraphNames(const UBlueprint* Blueprint, TSet<FName>& GraphNames);
 	template <class T>
@@ -132,8 +127,6 @@ public:
 	static FName FindUniqueKismetName(
 		const UBlueprint* InBlueprint, const FString& InBaseName, UStruct* InScope = nullptr);
 	static void GetFunctionNameList(const UBlueprint* Blueprint, TSet<FName>& FunctionNames);
-	static void GetClassVariableList(
-		const UBlueprint* Blueprint, TSet<FName>& VisibleVariables, bool bIncludePrivateVars = false);
 	static void GetSCSVariableNameList(const UBlueprint* Blueprint, TSet<FName>& VariableNames);
 
 	// Variables.
@@ -147,8 +140,6 @@ public:
 	/** The default is kept where the new type can read it. */
 	static void ChangeMemberVariableType(
 		UBlueprint* Blueprint, const FName VariableName, const FEdGraphPinType& NewPinType);
-	/** The name of the copy, which has a guid of its own; none when there is no such variable. */
-	static FName DuplicateVariable(UBlueprint* InBlueprint, const UStruct* InScope, const FName& InVariableToDuplicate);
 	/** Gives a component's variable another name; its template's name, nodes and attachments follow. */
 	static void RenameComponentMemberVariable(UBlueprint* Blueprint, USCS_Node* Node, const FName NewName);
 	static bool AddLocalVariable(UBlueprint* Blueprint, UEdGraph* InTargetGraph, const FName InNewVarName,
@@ -169,11 +160,6 @@ public:
 	static void SetBlueprintOnlyEditableFlag(UBlueprint* Blueprint, const FName& VarName, const bool bNewBlueprintOnly);
 	static void SetBlueprintPropertyReadOnlyFlag(
 		UBlueprint* Blueprint, const FName& VarName, const bool bVariableReadOnly);
-	static void SetInterpFlag(UBlueprint* Blueprint, const FName& VarName, const bool bInterp);
-	static void SetVariableTransientFlag(UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsTransient);
-	static void SetVariableAdvancedDisplayFlag(
-		UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsAdvancedDisplay);
-	static void SetVariableDeprecatedFlag(UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsDeprecated);
 	static void SetVariableSaveGameFlag(UBlueprint* InBlueprint, const FName& InVarName, const bool bInIsSaveGame);
 	static void SetBlueprintVariableMetaData(UBlueprint* Blueprint, const FName& VarName,
 		const UStruct* InLocalVarScope, const FName& MetaDataKey, const FString& MetaDataValue);
@@ -210,11 +196,8 @@ public:
 
 	// Interfaces.
 	static bool ImplementNewInterface(UBlueprint* Blueprint, FTopLevelAssetPath InterfaceClassPathName);
-	static bool ImplementNewInterface(UBlueprint* Blueprint, const FName& InterfaceClassName);
 	static void RemoveInterface(
 		UBlueprint* Blueprint, FTopLevelAssetPath InterfaceClassPathName, bool bPreserveFunctions = false);
-	static void RemoveInterface(
-		UBlueprint* Blueprint, const FName& InterfaceClassName, bool bPreserveFunctions = false);
 	/** The guid of the graph that declares the function in an interface Blueprint; none for a native interface. */
 	static FGuid FindInterfaceFunctionGuid(const UFunction* Function, const UClass* InterfaceClass);
 	/** Gives each interface function that is no event its graph, lets graphs follow functions that were renamed, and
@@ -229,14 +212,11 @@ public:
 	static void RemoveTimeline(UBlueprint* Blueprint, UTimelineTemplate* Timeline, bool bDontRecompile = false);
 	static UK2Node_Timeline* FindNodeForTimeline(UBlueprint* Blueprint, UTimelineTemplate* Timeline);
 	static bool RenameTimeline(UBlueprint* Blueprint, const FName OldVarName, const FName NewVarName);
-	static FName FindUniqueTimelineName(const UBlueprint* Blueprint);
 	static bool DoesSupportTimelines(const UBlueprint* Blueprint);
 
 	// Kinds.
 	static bool IsActorBased(const UBlueprint* Blueprint);
-	static bool IsComponentBased(const UBlueprint* Blueprint);
 	static bool DoesSupportEventGraphs(const UBlueprint* Blueprint);
-	static bool DoesSupportComponents(UBlueprint const* Blueprint);
 
 private:
 	static void MoveDispatcherSignature(UBlueprint& Blueprint, FName OldName, FName NewName);

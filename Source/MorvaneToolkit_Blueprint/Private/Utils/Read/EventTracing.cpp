@@ -8,25 +8,18 @@
 
 namespace EventTracing
 {
-enum class ETraceWay
+/** An exec input is the way back. */
+static bool IsWayBack(const UEdGraphPin& Pin)
 {
-	FromEvent,
-	ToEvent,
-};
-
-/** Walking from an event, exec inputs are the way back; walking to one, exec outputs are. */
-static bool IsWayBack(const UEdGraphPin& Pin, ETraceWay Way)
-{
-	const EEdGraphPinDirection Closed = Way == ETraceWay::FromEvent ? EGPD_Input : EGPD_Output;
-	return Pin.Direction == Closed && Pin.PinType.PinCategory == UEdGraphSchema_K2::PC_Exec;
+	return Pin.Direction == EGPD_Input && Pin.PinType.PinCategory == UEdGraphSchema_K2::PC_Exec;
 }
 
 template <typename FVisit>
-void ForEachNext(const UEdGraphNode& Node, ETraceWay Way, const FVisit& Visit)
+void ForEachNext(const UEdGraphNode& Node, const FVisit& Visit)
 {
 	for (const UEdGraphPin* const Pin : Node.Pins)
 	{
-		if (!Pin || IsWayBack(*Pin, Way))
+		if (!Pin || IsWayBack(*Pin))
 		{
 			continue;
 		}
@@ -44,47 +37,6 @@ bool IsEvent(const UEdGraphNode* Node)
 {
 	return Node && Node->GetClass()->ImplementsInterface(UK2Node_EventNodeInterface::StaticClass());
 }
-
-TArray<UEdGraphNode*> FindEventsOf(const UEdGraphNode& Node)
-{
-	if (IsEvent(&Node))
-	{
-		return {const_cast<UEdGraphNode*>(&Node)};
-	}
-	TSet<const UEdGraphNode*> Visited = {&Node};
-	TArray<const UEdGraphNode*> Queue = {&Node};
-	TSet<const UEdGraphNode*> Found;
-	for (int32 Head = 0; Head < Queue.Num(); ++Head)
-	{
-		ForEachNext(*Queue[Head], ETraceWay::ToEvent,
-			[&](UEdGraphNode* Next)
-			{
-				if (IsEvent(Next))
-				{
-					Found.Add(Next);
-				}
-				else if (!Visited.Contains(Next))
-				{
-					Visited.Add(Next);
-					Queue.Add(Next);
-				}
-			});
-	}
-
-	TArray<UEdGraphNode*> Events;
-	const UEdGraph* const Graph = Found.IsEmpty() ? nullptr : Node.GetGraph();
-	if (Graph)
-	{
-		for (UEdGraphNode* const Candidate : Graph->Nodes)
-		{
-			if (Found.Contains(Candidate))
-			{
-				Events.Add(Candidate);
-			}
-		}
-	}
-	return Events;
-}
 } // namespace EventTracing
 
 FEventTrace::FEventTrace(const UEdGraph& Graph)
@@ -100,7 +52,7 @@ FEventTrace::FEventTrace(const UEdGraph& Graph)
 		for (int32 Head = 0; Head < Queue.Num(); ++Head)
 		{
 			EventsByNode.FindOrAdd(Queue[Head]).Add(Event);
-			EventTracing::ForEachNext(*Queue[Head], EventTracing::ETraceWay::FromEvent,
+			EventTracing::ForEachNext(*Queue[Head],
 				[&](UEdGraphNode* Next)
 				{
 					if (!EventTracing::IsEvent(Next) && !Visited.Contains(Next))

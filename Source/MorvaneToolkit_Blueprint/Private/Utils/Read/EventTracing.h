@@ -5,25 +5,21 @@
 class UEdGraph;
 class UEdGraphNode;
 
+namespace EventTracing
+{
+bool IsEvent(const UEdGraphNode* Node);
+} // namespace EventTracing
+
 /**
  * Which events reach which nodes of a graph. A node belongs to an event when a walk from the event meets it: along
  * output pins of all kinds and against data inputs, never back through an exec input and never through another event.
  * So a pure node that feeds a node of the flow belongs to it, and two events may share nodes. An event belongs to
  * itself alone.
- */
-namespace EventTracing
-{
-bool IsEvent(const UEdGraphNode* Node);
-
-/** The events of one node, in graph order. Costs as much as there is to walk behind the node. */
-TArray<UEdGraphNode*> FindEventsOf(const UEdGraphNode& Node);
-} // namespace EventTracing
-
-/**
- * The same for all nodes of a graph at once, at the cost of the flows together. A run over many nodes makes one trace
- * when its last link stands, and asks it for each node that it touched: links only ever attach nodes to events, so what
- * a node reached at some moment of the run is reached by a touched node at its end. A trace does not follow later
- * changes of the graph.
+ *
+ * All nodes are traced at once, at the cost of the flows together. A run over many nodes makes one trace when its last
+ * link stands, and asks it for each node that it touched: links only ever attach nodes to events, so what a node
+ * reached at some moment of the run is reached by a touched node at its end. A trace does not follow later changes of
+ * the graph.
  */
 class FEventTrace
 {

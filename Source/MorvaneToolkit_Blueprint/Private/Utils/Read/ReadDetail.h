@@ -24,7 +24,6 @@ class FNodeChoice
 public:
 	explicit FNodeChoice(const FJsonObject& Command);
 	bool Holds(const UEdGraphNode& Node) const;
-	bool HoldsAll() const { return Guids.IsEmpty(); }
 
 private:
 	TSet<FString> Guids;

@@ -47,7 +47,6 @@ public:
 	void AddBlockedOperation(const FString& Text) { BlockedOperations.Add(Text); }
 	void CountPinDirectionFallback();
 
-	bool IsCreated(const FString& RequestId) const { return FindNode(RequestId) != nullptr; }
 	/** Null for an unknown id, for an empty one, and for a node that is gone by now. */
 	UEdGraphNode* FindNode(const FString& RequestId) const;
 	/** The node was spawned, or handed back for reuse, by this run. */
