@@ -1,6 +1,6 @@
 #include "PackageTest.h"
 
-#include "Package/AtomicFile.h"
+#include "Files/AtomicFile.h"
 #include "Standalone/PackageText.h"
 
 #include <fcntl.h>

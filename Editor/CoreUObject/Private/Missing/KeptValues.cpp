@@ -1,6 +1,7 @@
 #include "Missing/KeptValues.h"
 
 #include "Misc/FeedbackContext.h"
+#include "Objects/LostMembers.h"
 #include "Objects/ObjectExtension.h"
 #include "Objects/ObjectTable.h"
 #include "ObjectText/ObjectTextWriter.h"
@@ -62,7 +63,8 @@ std::string TakeText(UObject& Object, FKeptObjectText& Kept)
 }
 } // namespace
 
-const UObject* FindDefault(const UClass* Class)
+/** The default object of a class, that of a deleted one too; makes none. */
+static const UObject* FindDefault(const UClass* Class)
 {
 	const UObject* const Standing = Class ? Class->GetDefaultObject(false) : nullptr;
 	if (!Class || Standing)
@@ -79,7 +81,8 @@ const UObject* FindDefault(const UClass* Class)
 	return nullptr;
 }
 
-void Leave(UObject& Object, const UClass* NewParent, const UClass* From)
+/** Values that differ from the default become kept text. */
+static void Leave(UObject& Object, const UClass* NewParent, const UClass* From)
 {
 	const UClass* const Class = Object.GetClass();
 	const bool bIsDefault = Object.HasAnyFlags(RF_ClassDefaultObject);
@@ -135,7 +138,8 @@ void Retry(UObject& Object)
 	Import.ImportInto(&Object, Tree.Objects.front());
 }
 
-void Carry(UObject& New, const UObject& Old)
+/** What was kept is kept, or set, on the new one. */
+static void Carry(UObject& New, const UObject& Old)
 {
 	if (const FKeptObjectText* const Kept = FKeptObjectText::Find(&Old))
 	{
@@ -187,7 +191,7 @@ UObject* GiveClass(UObject& Object, UClass& Class)
 	{
 		return Remake(Object, Class);
 	}
-	Leave(Object, &Class);
+	Leave(Object, &Class, nullptr);
 	Class.GetDefaultObject();
 	FObjectTable::Get().SetClass(Object, &Class);
 	FObjectExtension::Match(Object);
@@ -198,4 +202,10 @@ UObject* GiveClass(UObject& Object, UClass& Class)
 	}
 	return &Object;
 }
+
+static const bool bIsKeeper = []
+{
+	LostMembers::SetKeeper({&Leave, &Retry, &Carry});
+	return true;
+}();
 } // namespace KeptValues

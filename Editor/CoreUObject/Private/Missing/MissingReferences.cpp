@@ -1,10 +1,11 @@
 // Turning references: from what is deleted to stand-ins, and from stand-ins to what came back.
 
+#include "Files/AtomicFile.h"
+#include "Files/PackageLookup.h"
 #include "Missing/KeptValues.h"
 #include "Missing/MissingTable.h"
 #include "Objects/ObjectPaths.h"
 #include "Objects/ObjectTable.h"
-#include "Package/PackageFile.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
 
@@ -264,7 +265,7 @@ namespace MissingObjects
 static bool HasNewFile(const FString& Package)
 {
 	static std::unordered_map<std::string, AtomicFile::FStamp> Seen;
-	const FString File = PackageFile::FindOnDisk(Package);
+	const FString File = PackageLookup::FindOnDisk(Package);
 	const AtomicFile::FStamp Now = File.IsEmpty() ? AtomicFile::FStamp() : AtomicFile::StampOf(ToUtf8(File));
 	AtomicFile::FStamp& Before = Seen[KeyOf(Package)];
 	const bool bChanged = Now.IsValid() && !(Now == Before);

@@ -1,7 +1,7 @@
 #include "ObjectText/ObjectTextWriter.h"
 
+#include "Objects/Properties/ScriptRows.h"
 #include "ObjectText/ObjectTextSyntax.h"
-#include "Properties/ScriptRows.h"
 #include "Standalone/ObjectText.h"
 #include "UObject/Class.h"
 #include "UObject/Package.h"

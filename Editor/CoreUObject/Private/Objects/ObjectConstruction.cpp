@@ -1,6 +1,6 @@
 #include "Objects/ObjectConstruction.h"
 
-#include "Missing/KeptValues.h"
+#include "Objects/LostMembers.h"
 #include "Objects/ObjectExtension.h"
 #include "Objects/ObjectTable.h"
 #include "Standalone/MissingObjects.h"
@@ -250,7 +250,7 @@ void UClass::ResetDefaultObject()
 	{
 		ObjectConstruction::TakeOverOwnValues(New, Old, GetSuperClass()->GetDefaultObject());
 		ObjectConstruction::PointTreeAtCounterparts(New, Old);
-		KeptValues::Carry(*New, *Old);
+		LostMembers::Carry(*New, *Old);
 	}
 	const FMissingObjects::FScope Keeping;
 	for (const auto& Stashed : StashedDefaults)

@@ -1,3 +1,4 @@
+#include "Files/PackageLookup.h"
 #include "ObjectText/ObjectTextWriter.h"
 #include "Package/KnownFiles.h"
 #include "Package/PackageFile.h"
@@ -187,7 +188,7 @@ private:
 	 */
 	static bool IsOutdatedBinary(const UPackage& Package)
 	{
-		return Package.IsDirty() || !PackageFile::FindOnDisk(Package.GetName()).IsEmpty();
+		return Package.IsDirty() || !PackageLookup::FindOnDisk(Package.GetName()).IsEmpty();
 	}
 
 	/** A package that cannot be read again without losing what it holds. */

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Package/AtomicFile.h"
+#include "Files/AtomicFile.h"
 
 class UPackage;
 

@@ -1,10 +1,11 @@
 #include "Standalone/PackageText.h"
 
 #include "BinaryPackage/BinaryPackageText.h"
+#include "Files/AtomicFile.h"
+#include "Files/PackageLookup.h"
 #include "Misc/FeedbackContext.h"
 #include "Misc/OutputDeviceRedirector.h"
 #include "Misc/PackageName.h"
-#include "Package/AtomicFile.h"
 #include "Package/KnownFiles.h"
 #include "Package/LikelyParent.h"
 #include "Package/PackageFile.h"
@@ -611,7 +612,7 @@ static UPackage* FindLoaded(const FString& PackageName)
 /** Empty, with a reason, when there is no file that may be read. */
 static FString FindFile(const FString& PackageName, FString& OutError, bool& bOutMissing)
 {
-	const FString OwnFile = PackageFile::FindOnDisk(PackageName);
+	const FString OwnFile = PackageLookup::FindOnDisk(PackageName);
 	const FString Filename = OwnFile.IsEmpty() ? FPackageText::FindEngineAsset(PackageName) : OwnFile;
 	if (Filename.IsEmpty())
 	{

@@ -2,10 +2,11 @@
 
 #include "BinaryPackage/BinaryPackageText.h"
 
+#include "Files/AtomicFile.h"
+#include "Files/FileMishap.h"
+#include "Files/PackageLookup.h"
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
-#include "Package/AtomicFile.h"
-#include "Package/FileMishap.h"
 #include "Standalone/PathConfinement.h"
 #include "UObject/Class.h"
 #include "UObject/Package.h"
@@ -390,7 +391,7 @@ bool FPackageText::ImportBinary(
 {
 	const FString Target = FPackageName::LongPackageNameToFilename(
 		LongPackageName, FPackageName::GetAssetPackageExtension());
-	if (Target.IsEmpty() || !PackageFile::FindOnDisk(LongPackageName).IsEmpty())
+	if (Target.IsEmpty() || !PackageLookup::FindOnDisk(LongPackageName).IsEmpty())
 	{
 		OutError = Target.IsEmpty()
 			? FString::Printf(TEXT("'%s' is no path of a package"), *LongPackageName)
@@ -533,7 +534,7 @@ FString FPackageText::FindEngineAsset(const FString& LongPackageName)
 {
 	for (const TCHAR* const Extension : {TEXT(".uasset"), TEXT(".umap")})
 	{
-		FString Filename = PackageFile::FindOnDisk(LongPackageName, Extension);
+		FString Filename = PackageLookup::FindOnDisk(LongPackageName, Extension);
 		if (!Filename.IsEmpty())
 		{
 			return Filename;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Package/AtomicFile.h"
+#include "Files/AtomicFile.h"
 #include "Standalone/PackageText.h"
 
 #include <string>
@@ -13,11 +13,6 @@ uint64 ChecksumOf(std::string_view Bytes, uint64 Seed = 0);
 
 /** The header for an object text; everything but the text itself. */
 std::string MakeHeader(const FPackageText::FHeader& Header, std::string_view Body, uint64& OutChecksum);
-
-/** As FPackageText::FindPackageFile for a text package, wherever the file's folders lead. */
-FString FindOnDisk(const FString& LongPackageName);
-/** The file of a package, in whatever case its name and folders are spelled; empty when there is none. */
-FString FindOnDisk(const FString& LongPackageName, const FString& Extension);
 
 /** Keeps a problem for TakeProblems; the oldest are dropped when nobody takes them. */
 void NoteProblem(const FString& Problem);

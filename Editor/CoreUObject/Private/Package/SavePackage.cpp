@@ -1,9 +1,9 @@
 #include "UObject/SavePackage.h"
 
+#include "Files/AtomicFile.h"
 #include "Misc/PackageName.h"
 #include "Misc/Paths.h"
 #include "ObjectText/ObjectTextWriter.h"
-#include "Package/AtomicFile.h"
 #include "Package/KnownFiles.h"
 #include "Package/PackageFile.h"
 #include "Standalone/ObjectText.h"

@@ -1,7 +1,7 @@
 #include "UObject/Class.h"
 
 #include "Objects/ObjectExtension.h"
-#include "Properties/MemoryLayout.h"
+#include "Objects/Properties/MemoryLayout.h"
 #include "Standalone/NativeClass.h"
 #include "Standalone/ObjectProviders.h"
 #include "UObject/Package.h"

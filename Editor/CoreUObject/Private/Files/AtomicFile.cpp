@@ -1,4 +1,4 @@
-#include "Package/AtomicFile.h"
+#include "Files/AtomicFile.h"
 
 #include <cerrno>
 #include <cstdio>

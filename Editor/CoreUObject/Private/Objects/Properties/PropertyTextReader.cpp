@@ -1,4 +1,4 @@
-#include "Properties/PropertyTextReader.h"
+#include "Objects/Properties/PropertyTextReader.h"
 
 #include "Misc/Parse.h"
 #include "Objects/ObjectPaths.h"

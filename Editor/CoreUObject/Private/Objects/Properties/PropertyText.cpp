@@ -1,6 +1,6 @@
 #include "UObject/UnrealType.h"
 
-#include "Properties/PropertyTextReader.h"
+#include "Objects/Properties/PropertyTextReader.h"
 
 namespace TextProperties
 {

@@ -1,7 +1,7 @@
 #include "Standalone/NativeClass.h"
 
 #include "Objects/ObjectTable.h"
-#include "Reflection/NativeClassSetup.h"
+#include "Objects/Reflection/NativeClassSetup.h"
 #include "UObject/Package.h"
 
 namespace NativeClass

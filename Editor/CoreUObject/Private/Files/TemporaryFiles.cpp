@@ -1,5 +1,5 @@
+#include "Files/AtomicFile.h"
 #include "Misc/PackageName.h"
-#include "Package/AtomicFile.h"
 #include "Standalone/PackageText.h"
 
 #include <dirent.h>

@@ -1,6 +1,6 @@
 #include "Objects/ObjectTable.h"
-#include "Reflection/CoreStructs.h"
-#include "Reflection/NativeClassSetup.h"
+#include "Objects/Reflection/CoreStructs.h"
+#include "Objects/Reflection/NativeClassSetup.h"
 #include "Standalone/ObjectProviders.h"
 #include "UObject/Package.h"
 

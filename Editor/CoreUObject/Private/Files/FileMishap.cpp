@@ -1,4 +1,4 @@
-#include "Package/FileMishap.h"
+#include "Files/FileMishap.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "Reflection/CoreStructs.h"
+#include "Objects/Reflection/CoreStructs.h"
 
-#include "Properties/PropertyTextReader.h"
+#include "Objects/Properties/PropertyTextReader.h"
 #include "Standalone/NativeClass.h"
 #include "UObject/UnrealType.h"
 

@@ -1,6 +1,6 @@
-#include "Properties/ScriptRows.h"
+#include "Objects/Properties/ScriptRows.h"
 
-#include "Properties/MemoryLayout.h"
+#include "Objects/Properties/MemoryLayout.h"
 
 FScriptRows::FScriptRows(const FProperty* InFirst, const FProperty* InSecond, void* InContainer)
 	: FirstProperty(InFirst)

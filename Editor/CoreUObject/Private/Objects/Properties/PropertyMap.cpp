@@ -1,7 +1,7 @@
 #include "UObject/UnrealType.h"
 
-#include "Properties/PropertyTextReader.h"
-#include "Properties/ScriptRows.h"
+#include "Objects/Properties/PropertyTextReader.h"
+#include "Objects/Properties/ScriptRows.h"
 
 #include <memory>
 #include <vector>

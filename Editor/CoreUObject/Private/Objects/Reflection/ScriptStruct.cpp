@@ -1,6 +1,6 @@
 #include "UObject/Class.h"
 
-#include "Properties/PropertyTextReader.h"
+#include "Objects/Properties/PropertyTextReader.h"
 #include "Standalone/NativeClass.h"
 #include "UObject/UnrealType.h"
 

@@ -1,6 +1,6 @@
 #include "UObject/Class.h"
 
-#include "Missing/KeptValues.h"
+#include "Objects/LostMembers.h"
 #include "Objects/ObjectExtension.h"
 #include "Objects/ObjectTable.h"
 #include "Standalone/MissingObjects.h"
@@ -143,7 +143,7 @@ void UClass::SetSuperStruct(UStruct* NewSuper)
 	{
 		for (UObject* const Instance : FObjectTable::Get().GetInstances(*this, true, false))
 		{
-			KeptValues::Leave(*Instance, NewParent, this);
+			LostMembers::Leave(*Instance, NewParent, this);
 		}
 	}
 	SuperStruct = NewSuper;
@@ -155,7 +155,7 @@ void UClass::SetSuperStruct(UStruct* NewSuper)
 	{
 		for (UObject* const Instance : FObjectTable::Get().GetInstances(*this, true, false))
 		{
-			KeptValues::Retry(*Instance);
+			LostMembers::Retry(*Instance);
 		}
 	}
 }

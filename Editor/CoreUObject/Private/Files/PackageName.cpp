@@ -2,8 +2,8 @@
 
 #include "Standalone/PackageText.h"
 
+#include "Files/PackageLookup.h"
 #include "Misc/Paths.h"
-#include "Package/PackageFile.h"
 #include "Standalone/NameSyntax.h"
 #include "Standalone/PathConfinement.h"
 #include "UObject/Object.h"
@@ -355,12 +355,12 @@ bool FPackageName::DoesPackageExist(const FString& LongPackageName, FString* Out
 	return !Filename.IsEmpty();
 }
 
-FString PackageFile::FindOnDisk(const FString& LongPackageName)
+FString PackageLookup::FindOnDisk(const FString& LongPackageName)
 {
 	return FindOnDisk(LongPackageName, FPackageName::GetAssetPackageExtension());
 }
 
-FString PackageFile::FindOnDisk(const FString& LongPackageName, const FString& Extension)
+FString PackageLookup::FindOnDisk(const FString& LongPackageName, const FString& Extension)
 {
 	PackageNames::FMount Mount;
 	if (!FPackageName::IsValidTextForLongPackageName(LongPackageName)
@@ -390,7 +390,7 @@ FString PackageFile::FindOnDisk(const FString& LongPackageName, const FString& E
 
 FString FPackageText::FindPackageFile(const FString& LongPackageName)
 {
-	const FString OwnFile = PackageFile::FindOnDisk(LongPackageName);
+	const FString OwnFile = PackageLookup::FindOnDisk(LongPackageName);
 	const FString Filename = OwnFile.IsEmpty() ? FPackageText::FindEngineAsset(LongPackageName) : OwnFile;
 	FString Ignored;
 	return !Filename.IsEmpty() && FPathConfinement::IsInside(Filename, Ignored) ? Filename : FString();
