@@ -2,6 +2,7 @@
 
 #include "Standalone/PackageText.h"
 
+#include "Files/AtomicFile.h"
 #include "Files/PackageLookup.h"
 #include "Misc/Paths.h"
 #include "Standalone/NameSyntax.h"
