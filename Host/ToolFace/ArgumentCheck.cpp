@@ -42,7 +42,8 @@ static bool IsQuiet(const FString& Within, const FString& Key)
 		[&](const FQuietKey& Row) { return Within == Row.Within && Key == Row.Key; });
 }
 
-/** Tools that take a number for a text and the like within their entries, and tell what they could not take. */
+/** Tools that take a number for a text, a list for an object, words and members in any case and the like, and tell what
+ * they could not take. */
 static bool TellsOfTypes(const std::string_view ToolName)
 {
 	return ToolName == "modify_blueprint_class_structure";
@@ -313,6 +314,10 @@ private:
 			{
 				Walk(**Known, *Member.Value, Place.Member(Key));
 			}
+			else if (bNamed && bTypesAreTold && HasInAnyCase(**Properties, Key))
+			{
+				continue;
+			}
 			else if (bOthers)
 			{
 				Walk(**Others, *Member.Value, Place.Named(Key));
@@ -322,6 +327,18 @@ private:
 				TellUnknown(Key, **Properties, Place);
 			}
 		}
+	}
+
+	static bool HasInAnyCase(const FJsonObject& Properties, const FString& Key)
+	{
+		for (const auto& Property : Properties.Values)
+		{
+			if (Key.Equals(FString(Property.Key), ESearchCase::IgnoreCase))
+			{
+				return true;
+			}
+		}
+		return false;
 	}
 
 	void TellUnknown(const FString& Key, const FJsonObject& Properties, const FPlace& Place)
@@ -348,7 +365,7 @@ private:
 	void TellType(const FString& Wanted, const FJsonValue& Value, const FPlace& Place)
 	{
 		// Told of the entry by its place, or of this key of the entry by its name.
-		const bool bTold = (bTypesAreTold && !Place.Entry.IsEmpty()) || IsTold(Place.Entry)
+		const bool bTold = (bTypesAreTold && Place.Key != TEXT("path")) || IsTold(Place.Entry)
 			|| (!Place.EntryName.IsEmpty() && IsTold(Place.EntryName, Place.Key));
 		Add(bTold,
 			FString::Printf(TEXT("[Ignored] %s must be %s and is %s; it was not read."), *Place.Shown(), *Wanted,

@@ -134,6 +134,11 @@ TEST(ArgumentCheck, WhatTheToolHasToldIsNotToldTwice)
 			R"("components":[{"name":"Box","type":"BoxComponent","properties":{"relative_location":[1,2,3]}}]})",
 			0},
 		{"modify_blueprint_class_structure",
+			R"({"path":"/Game/Tests/BP_Test","variables":[{"name":"X","action":"add","type":"float"}],)"
+			R"("components":{"Lamp":{"type":"PointLight","properties":{"relative_location":{"X":1}}}},)"
+			R"("timelines":[{"name":"T","curves":[{"name":"C","type":"linear","points":[{"time":0,"value":{"r":1}}]}]}]})",
+			0},
+		{"modify_blueprint_class_structure",
 			R"({"path":"/Game/Tests/BP_Test","variables":{"W":{"action":"add","type":"int","colour":"red"}}})", 1},
 		{"bp_create_graph",
 			R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"C","is_rep_notify":true,"parameters":[{"name":"P","direction":"output","type":{"category":"int"}}]}]})",

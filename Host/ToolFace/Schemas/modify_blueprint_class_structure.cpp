@@ -92,13 +92,14 @@ const FToolSchema ModifyBlueprintClassStructureSchema = {
 					"length": { "type": "number", "description": "Seconds." },
 					"b_loop": { "type": "boolean" },
 					"b_replicated": { "type": "boolean" },
+					"b_auto_play": { "type": "boolean", "description": "Plays from BeginPlay on." },
 					"curves": {
 						"type": "array",
 						"items": {
 							"type": "object",
 							"properties": {
 								"name": { "type": "string", "description": "The track's name." },
-								"type": { "type": "string", "enum": ["Float", "Vector", "LinearColor"], "description": "Default Float." },
+								"type": { "type": "string", "enum": ["Float", "FloatCurve", "Vector", "VectorCurve", "Linear", "LinearColor", "LinearColorCurve"], "description": "Default Float." },
 								"action": { "type": "string", "enum": ["add", "modify", "remove"], "description": "Default add. Only Float curves can be modified." },
 								"clear_keys": { "type": "boolean", "description": "On modify: drop the old keys first." },
 								"points": {
@@ -153,7 +154,8 @@ const FToolSchema ModifyBlueprintClassStructureSchema = {
 									},
 									"required": ["name", "type"]
 								}
-							}
+							},
+							"return_type": { "$ref": "#/$defs/pin_type", "description": "Best left out: many may listen, so nobody receives a result." }
 						}
 					}
 				},

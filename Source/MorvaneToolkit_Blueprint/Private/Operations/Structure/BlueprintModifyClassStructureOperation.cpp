@@ -57,58 +57,115 @@ static UBlueprint* Begin(const FJsonObject& Args, FToolResult& Result)
 	return Blueprint;
 }
 
-/** The entries by name, from an object or from a list of objects that name themselves. Null when it is neither. */
-static TSharedPtr<FJsonObject> ReadByName(const TSharedPtr<FJsonValue>& Value)
+/** A list's own elements; an entry alone as a list of one. Unset for anything else. */
+static TOptional<FValues> ReadList(const TSharedPtr<FJsonValue>& Value)
 {
-	if (const TSharedPtr<FJsonObject>& Object = MorvaneJson::AsObject(*Value))
+	TSharedPtr<FJsonObject> Single;
+	FString Name;
+	if (Value->Type == EJson::Array)
 	{
-		return Object;
+		return MorvaneJson::AsArray(*Value);
 	}
-	if (Value->Type != EJson::Array)
+	return FStructureEntry::FindNamed(Value, Single, Name) ? TOptional<FValues>(FValues{Value}) : TOptional<FValues>();
+}
+
+/** Entries by name as a list of those that name themselves. Unset when one of them is no object. */
+static TOptional<FValues> ReadMembers(const FJsonObject& ByName)
+{
+	FValues Entries;
+	for (const auto& Member : ByName.Values)
 	{
-		return nullptr;
+		const TSharedPtr<FJsonObject>& Entry = MorvaneJson::AsObject(*Member.Value);
+		if (!Entry)
+		{
+			return {};
+		}
+		const TSharedRef<FJsonObject> Named = MakeShared<FJsonObject>(*Entry);
+		Named->SetStringField(TEXT("name"), FString(Member.Key));
+		Entries.Add(MakeShared<FJsonValueObject>(Named));
 	}
-	const TSharedPtr<FJsonObject> ByName = MakeShared<FJsonObject>();
-	for (const TSharedPtr<FJsonValue>& Element : MorvaneJson::AsArray(*Value))
+	return Entries;
+}
+
+/** What a list says of variables, by name: as many rounds as a name comes up again, since a later entry builds on the
+ * earlier one. False after warnings for entries without a name. */
+static bool ReadRounds(const FValues& List, TArray<TSharedPtr<FJsonObject>>& OutRounds, FToolResult& Result)
+{
+	bool bAllNamed = true;
+	TSharedPtr<FJsonObject> Round = MakeShared<FJsonObject>();
+	TSet<FName> Names;
+	for (const TSharedPtr<FJsonValue>& Element : List)
 	{
 		TSharedPtr<FJsonObject> Named;
 		FString Name;
 		if (!FStructureEntry::FindNamed(Element, Named, Name))
 		{
-			ByName->SetField(FString(), MakeShared<FJsonValueNull>());
+			Result.AddWarningMessage(TEXT("Variable entry missing 'name' field."));
+			bAllNamed = false;
 			continue;
+		}
+		if (Names.Contains(FName(*Name)))
+		{
+			OutRounds.Add(Round);
+			Round = MakeShared<FJsonObject>();
+			Names.Empty();
 		}
 		const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>(*Named);
 		Entry->RemoveField(TEXT("name"));
-		ByName->SetObjectField(Name, Entry);
+		Round->SetObjectField(Name, Entry);
+		Names.Add(FName(*Name));
 	}
-	return ByName;
+	OutRounds.Add(Round);
+	return bAllNamed;
+}
+
+/** Variables come by name; a list of entries that name themselves is taken too. */
+static bool RunVariables(UBlueprint& Blueprint, const TSharedPtr<FJsonValue>& Value, FToolResult& Result)
+{
+	TArray<TSharedPtr<FJsonObject>> Rounds;
+	bool bAllDone = true;
+	if (const TOptional<FValues> List = ReadList(Value))
+	{
+		bAllDone = ReadRounds(*List, Rounds, Result);
+	}
+	else if (const TSharedPtr<FJsonObject>& ByName = MorvaneJson::AsObject(*Value))
+	{
+		Rounds.Add(ByName);
+	}
+	else
+	{
+		Result.AddErrorMessage(
+			FString::Printf(TEXT("Field '%s' must be an object keyed by name"), ClassStructure::Variables.Field));
+		return false;
+	}
+	for (const TSharedPtr<FJsonObject>& Round : Rounds)
+	{
+		bAllDone &= FUtils::CreateModifyRemoveBlueprintVariables(&Blueprint, *Round, Result);
+	}
+	return bAllDone;
+}
+
+/** The other kinds come as a list; entries by name are taken too. */
+static bool RunList(const FKind& Kind, UBlueprint& Blueprint, const TSharedPtr<FJsonValue>& Value, FToolResult& Result)
+{
+	TOptional<FValues> Entries = ReadList(Value);
+	const TSharedPtr<FJsonObject>& ByName = MorvaneJson::AsObject(*Value);
+	if (!Entries && ByName)
+	{
+		Entries = ReadMembers(*ByName);
+	}
+	if (!Entries)
+	{
+		Result.AddErrorMessage(FString::Printf(TEXT("Field '%s' must be an array of objects with a name"), Kind.Field));
+		return false;
+	}
+	return Kind.RunList(&Blueprint, *Entries, Result);
 }
 
 /** False when the routine says so, or after an error for a field that holds something else. */
 static bool Run(const FKind& Kind, UBlueprint& Blueprint, const TSharedPtr<FJsonValue>& Value, FToolResult& Result)
 {
-	if (!Kind.RunList)
-	{
-		const TSharedPtr<FJsonObject> ByName = ReadByName(Value);
-		if (!ByName)
-		{
-			Result.AddErrorMessage(FString::Printf(TEXT("Field '%s' must be an object keyed by name"), Kind.Field));
-		}
-		return ByName && FUtils::CreateModifyRemoveBlueprintVariables(&Blueprint, *ByName, Result);
-	}
-	if (Value->Type == EJson::Array)
-	{
-		return Kind.RunList(&Blueprint, MorvaneJson::AsArray(*Value), Result);
-	}
-	TSharedPtr<FJsonObject> Single;
-	FString Name;
-	if (FStructureEntry::FindNamed(Value, Single, Name))
-	{
-		return Kind.RunList(&Blueprint, {Value}, Result);
-	}
-	Result.AddErrorMessage(FString::Printf(TEXT("Field '%s' must be an array of objects with a name"), Kind.Field));
-	return false;
+	return Kind.RunList ? RunList(Kind, Blueprint, Value, Result) : RunVariables(Blueprint, Value, Result);
 }
 
 static TSharedPtr<FJsonValue> FindEntries(const FKind& Kind, const FJsonObject& Args)

@@ -14,7 +14,7 @@
 #include "Utils/Report/TrackedNames.h"
 #include "Utils/Structure/LostPins.h"
 #include "Utils/Structure/MemberNodes.h"
-#include "Utils/Structure/StructureEntry.h"
+#include "Utils/Structure/StructureBatch.h"
 #include "Utils/Structure/StructureNames.h"
 #include "Utils/Structure/TimelineCurves.h"
 
@@ -22,13 +22,11 @@ namespace BlueprintTimelines
 {
 using namespace Morvane;
 
-/** An entry of the second pass: a timeline, and the curves to take from it where it stays. */
-struct FLeaving
+/** Curves that leave a timeline which stays. */
+struct FLeavingCurves
 {
-	FString Name;
-	bool bWhole = false;
-	/** Null where the entry has none. */
-	const TArray<TSharedPtr<FJsonValue>>* Curves = nullptr;
+	FString Timeline;
+	TArray<FString> Curves;
 };
 
 class FBatch
@@ -42,33 +40,17 @@ public:
 
 	void Run(const TArray<TSharedPtr<FJsonValue>>& Timelines)
 	{
-		TArray<FLeaving> Leaving;
-		for (const TSharedPtr<FJsonValue>& Value : Timelines)
+		const FStructureKind Kind{TEXT("timeline"),
+			{TEXT("name"), TEXT("action"), TEXT("length"), TEXT("b_loop"), TEXT("b_replicated"), TEXT("b_auto_play"),
+				TEXT("curves")},
+			TEXT("Timeline entry missing 'name' field.")};
+		StructureBatch::Walk(
+			Timelines, Kind, Result,
+			[this](const FStructureEntry& Entry, bool bAdd) { AddOrModify(Entry.Name, Entry, bAdd); },
+			[this](const FString& Name) { Remove(Name); });
+		for (const FLeavingCurves& Each : Leaving)
 		{
-			TSharedPtr<FJsonObject> Json;
-			FString Name;
-			if (!FStructureEntry::FindNamed(Value, Json, Name))
-			{
-				Result.AddWarningMessage(TEXT("Timeline entry missing 'name' field."));
-				continue;
-			}
-			const FStructureEntry Entry(*Json, TEXT("timeline"), Name, Result);
-			Entry.WarnOfOtherKeys(
-				{TEXT("name"), TEXT("action"), TEXT("length"), TEXT("b_loop"), TEXT("b_replicated"), TEXT("curves")});
-			const TOptional<EBPNodeAction> Action = Entry.ReadAction(EBPNodeAction::Add);
-			if (!Action)
-			{
-				continue;
-			}
-			const bool bRemove = *Action == EBPNodeAction::Remove;
-			if (bRemove || AddOrModify(Name, Entry, *Action == EBPNodeAction::Add))
-			{
-				Leaving.Add({Name, bRemove, Entry.ReadArray(TEXT("curves"))});
-			}
-		}
-		for (const FLeaving& Each : Leaving)
-		{
-			Each.bWhole ? Remove(Each.Name) : RemoveCurves(Each);
+			RemoveCurves(Each);
 		}
 		Finish();
 	}
@@ -87,29 +69,31 @@ private:
 		return nullptr;
 	}
 
-	/** False when the entry was refused, so that its curves are not looked at either. */
-	bool AddOrModify(const FString& Name, const FStructureEntry& Entry, bool bAdd)
+	/** The curves of a refused entry are not looked at. */
+	void AddOrModify(const FString& Name, const FStructureEntry& Entry, bool bAdd)
 	{
 		UTimelineTemplate* Timeline = Find(Name);
 		if (bAdd && Timeline)
 		{
 			Result.AddWarningMessage(FString::Printf(TEXT("Timeline '%s' already exists, cannot add"), *Name));
-			return false;
+			return;
 		}
 		if (!bAdd && !Timeline)
 		{
 			Result.AddWarningMessage(FString::Printf(TEXT("Timeline '%s' not found for modification"), *Name));
-			return false;
+			return;
 		}
 		Timeline = bAdd ? Add(Name) : Timeline;
 		if (!Timeline)
 		{
-			return false;
+			return;
 		}
 		bool bChanged = ApplySettings(*Timeline, Entry);
 		if (const TArray<TSharedPtr<FJsonValue>>* const Curves = Entry.ReadArray(TEXT("curves")))
 		{
-			bChanged |= TimelineCurves::Apply(*Timeline, Name, *Curves, Result);
+			FLeavingCurves Gone{Name, {}};
+			bChanged |= TimelineCurves::Apply(*Timeline, Name, *Curves, Gone.Curves, Result);
+			Leaving.Add(MoveTemp(Gone));
 		}
 		if (bAdd || bChanged)
 		{
@@ -121,7 +105,6 @@ private:
 			Result.AddSuccessMessage(bChanged ? FString::Printf(TEXT("Modified timeline: %s"), *Name)
 											  : FString::Printf(TEXT("No changes made to timeline: %s"), *Name));
 		}
-		return true;
 	}
 
 	/** Null after a warning. */
@@ -145,11 +128,17 @@ private:
 		return Timeline;
 	}
 
+	/** False when the flag is no other than it was. */
+	static bool ApplyFlag(bool& bFlag, const FStructureEntry& Entry, const TCHAR* Key)
+	{
+		const bool bBefore = bFlag;
+		bFlag = Entry.ReadBool(Key).Get(bBefore);
+		return bFlag != bBefore;
+	}
+
 	bool ApplySettings(UTimelineTemplate& Timeline, const FStructureEntry& Entry)
 	{
 		const float LengthBefore = Timeline.TimelineLength;
-		const bool bLoopBefore = Timeline.bLoop;
-		const bool bReplicatedBefore = Timeline.bReplicated;
 		if (const TOptional<double> Length = Entry.ReadNumber(TEXT("length")))
 		{
 			if (static_cast<float>(*Length) > 0.0f)
@@ -161,10 +150,11 @@ private:
 				Entry.WarnOfValue(TEXT("length"), Entry.Json.TryGetField(TEXT("length")), TEXT("a number above 0"));
 			}
 		}
-		Timeline.bLoop = Entry.ReadBool(TEXT("b_loop")).Get(Timeline.bLoop);
-		Timeline.bReplicated = Entry.ReadBool(TEXT("b_replicated")).Get(Timeline.bReplicated);
-		return Timeline.TimelineLength != LengthBefore || Timeline.bLoop != bLoopBefore
-			|| Timeline.bReplicated != bReplicatedBefore;
+		bool bChanged = Timeline.TimelineLength != LengthBefore;
+		bChanged |= ApplyFlag(Timeline.bLoop, Entry, TEXT("b_loop"));
+		bChanged |= ApplyFlag(Timeline.bReplicated, Entry, TEXT("b_replicated"));
+		bChanged |= ApplyFlag(Timeline.bAutoPlay, Entry, TEXT("b_auto_play"));
+		return bChanged;
 	}
 
 	/** A timeline without a node does nothing, so a new one gets its node; a node that stands follows. */
@@ -218,12 +208,12 @@ private:
 		Changed.AddUnique(Variable.ToString());
 	}
 
-	void RemoveCurves(const FLeaving& Each)
+	void RemoveCurves(const FLeavingCurves& Each)
 	{
-		UTimelineTemplate* const Timeline = Each.Curves ? Find(Each.Name) : nullptr;
-		if (Timeline && TimelineCurves::RemoveMarked(*Timeline, Each.Name, *Each.Curves, Result))
+		UTimelineTemplate* const Timeline = Find(Each.Timeline);
+		if (Timeline && TimelineCurves::Remove(*Timeline, Each.Timeline, Each.Curves, Result))
 		{
-			ShowInNode(*Timeline, false, Each.Name);
+			ShowInNode(*Timeline, false, Each.Timeline);
 			Changed.AddUnique(Timeline->GetVariableName().ToString());
 		}
 	}
@@ -238,6 +228,7 @@ private:
 
 	UBlueprint& Blueprint;
 	FToolResult& Result;
+	TArray<FLeavingCurves> Leaving;
 	TArray<FString> Changed;
 };
 } // namespace BlueprintTimelines

@@ -106,9 +106,15 @@ bool FStructureEntry::FindNamed(const TSharedPtr<FJsonValue>& Value, TSharedPtr<
 	return MorvaneJson::TryGetStringField(*OutJson, TEXT("name"), OutName);
 }
 
+TSharedPtr<FJsonValue> FStructureEntry::Find(const TCHAR* Key) const
+{
+	const TSharedPtr<FJsonValue> Value = Json.TryGetField(Key);
+	return Value && !Value->IsNull() ? Value : nullptr;
+}
+
 TOptional<EBPNodeAction> FStructureEntry::ReadAction(EBPNodeAction Default) const
 {
-	const TSharedPtr<FJsonValue> Value = Json.TryGetField(TEXT("action"));
+	const TSharedPtr<FJsonValue> Value = Find(TEXT("action"));
 	if (!Value)
 	{
 		return Default;
@@ -126,7 +132,7 @@ TOptional<EBPNodeAction> FStructureEntry::ReadAction(EBPNodeAction Default) cons
 
 TOptional<bool> FStructureEntry::ReadBool(const TCHAR* Key) const
 {
-	const TSharedPtr<FJsonValue> Value = Json.TryGetField(Key);
+	const TSharedPtr<FJsonValue> Value = Find(Key);
 	bool bValue = false;
 	if (Value && StructureValues::ToBool(Value, bValue))
 	{
@@ -141,7 +147,7 @@ TOptional<bool> FStructureEntry::ReadBool(const TCHAR* Key) const
 
 TOptional<double> FStructureEntry::ReadNumber(const TCHAR* Key) const
 {
-	const TSharedPtr<FJsonValue> Value = Json.TryGetField(Key);
+	const TSharedPtr<FJsonValue> Value = Find(Key);
 	double Number = 0.0;
 	if (Value && StructureValues::ToNumber(Value, Number))
 	{
@@ -156,7 +162,7 @@ TOptional<double> FStructureEntry::ReadNumber(const TCHAR* Key) const
 
 TOptional<FString> FStructureEntry::ReadString(const TCHAR* Key) const
 {
-	const TSharedPtr<FJsonValue> Value = Json.TryGetField(Key);
+	const TSharedPtr<FJsonValue> Value = Find(Key);
 	FString Text;
 	double Number = 0.0;
 	if (Value && MorvaneJson::TryGetString(*Value, Text))
@@ -176,13 +182,13 @@ TOptional<FString> FStructureEntry::ReadString(const TCHAR* Key) const
 
 TSharedPtr<FJsonObject> FStructureEntry::ReadObject(const TCHAR* Key) const
 {
-	const TSharedPtr<FJsonValue> Value = Json.TryGetField(Key);
+	const TSharedPtr<FJsonValue> Value = Find(Key);
 	const TSharedPtr<FJsonObject>* Object = nullptr;
 	if (Value && Value->TryGetObject(Object) && Object->IsValid())
 	{
 		return *Object;
 	}
-	if (Value && !Value->IsNull())
+	if (Value)
 	{
 		WarnOfValue(Key, Value, TEXT("an object"));
 	}
@@ -191,9 +197,9 @@ TSharedPtr<FJsonObject> FStructureEntry::ReadObject(const TCHAR* Key) const
 
 const TArray<TSharedPtr<FJsonValue>>* FStructureEntry::ReadArray(const TCHAR* Key) const
 {
-	const TSharedPtr<FJsonValue> Value = Json.TryGetField(Key);
+	const TSharedPtr<FJsonValue> Value = Find(Key);
 	const TArray<TSharedPtr<FJsonValue>>* Array = nullptr;
-	if (Value && !static_cast<const FJsonValue&>(*Value).TryGetArray(Array) && !Value->IsNull())
+	if (Value && !static_cast<const FJsonValue&>(*Value).TryGetArray(Array))
 	{
 		WarnOfValue(Key, Value, TEXT("an array"));
 	}

@@ -20,8 +20,8 @@ public:
 	FStructureEntry(
 		const FJsonObject& InJson, const TCHAR* InKind, const FString& InName, Morvane::FToolResult& InResult)
 		: Json(InJson)
-		, Kind(InKind)
 		, Name(InName)
+		, Kind(InKind)
 		, Result(InResult)
 	{
 	}
@@ -38,7 +38,7 @@ public:
 	/** Null when it is not there. */
 	TSharedPtr<FJsonObject> ReadObject(const TCHAR* Key) const;
 	const TArray<TSharedPtr<FJsonValue>>* ReadArray(const TCHAR* Key) const;
-	bool Has(const TCHAR* Key) const { return Json.HasField(Key); }
+	bool Has(const TCHAR* Key) const { return Find(Key).IsValid(); }
 
 	/** Names each key of the entry that is none of these, with the one that was probably meant. */
 	void WarnOfOtherKeys(std::initializer_list<const TCHAR*> Known) const;
@@ -46,10 +46,13 @@ public:
 	void WarnOfValue(const TCHAR* Key, const TSharedPtr<FJsonValue>& Value, const TCHAR* Wanted) const;
 
 	const FJsonObject& Json;
+	const FString Name;
 
 private:
+	/** Null where the key is not there; a null stands for that too. */
+	TSharedPtr<FJsonValue> Find(const TCHAR* Key) const;
+
 	const TCHAR* Kind;
-	FString Name;
 	Morvane::FToolResult& Result;
 };
 

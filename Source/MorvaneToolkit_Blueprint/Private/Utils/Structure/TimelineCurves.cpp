@@ -333,7 +333,7 @@ bool RemoveTrack(UTimelineTemplate& Timeline, FName Name)
 }
 
 bool ApplyOne(UTimelineTemplate& Timeline, const FString& TimelineName, const TSharedPtr<FJsonValue>& Value,
-	Morvane::FToolResult& Result)
+	TArray<FString>& OutLeaving, Morvane::FToolResult& Result)
 {
 	TSharedPtr<FJsonObject> Json;
 	FString Name;
@@ -344,43 +344,37 @@ bool ApplyOne(UTimelineTemplate& Timeline, const FString& TimelineName, const TS
 	}
 	const FStructureEntry Entry(*Json, TEXT("curve"), Name, Result);
 	const TOptional<EBPNodeAction> Action = Entry.ReadAction(EBPNodeAction::Add);
+	Entry.WarnOfOtherKeys({TEXT("name"), TEXT("type"), TEXT("action"), TEXT("points"), TEXT("clear_keys")});
+	if (Action == EBPNodeAction::Remove)
+	{
+		OutLeaving.Add(Name);
+	}
 	if (!Action || *Action == EBPNodeAction::Remove)
 	{
 		return false;
 	}
-	Entry.WarnOfOtherKeys({TEXT("name"), TEXT("type"), TEXT("action"), TEXT("points"), TEXT("clear_keys")});
 	const FCurve Curve(Timeline, TimelineName, Name, Entry, Result);
 	return *Action == EBPNodeAction::Add ? Curve.Add() : Curve.Modify();
 }
 } // namespace
 
 bool Apply(UTimelineTemplate& Timeline, const FString& TimelineName, const TArray<TSharedPtr<FJsonValue>>& Curves,
-	Morvane::FToolResult& Result)
+	TArray<FString>& OutLeaving, Morvane::FToolResult& Result)
 {
 	bool bChanged = false;
 	for (const TSharedPtr<FJsonValue>& Value : Curves)
 	{
-		bChanged |= ApplyOne(Timeline, TimelineName, Value, Result);
+		bChanged |= ApplyOne(Timeline, TimelineName, Value, OutLeaving, Result);
 	}
 	return bChanged;
 }
 
-bool RemoveMarked(UTimelineTemplate& Timeline, const FString& TimelineName,
-	const TArray<TSharedPtr<FJsonValue>>& Curves, Morvane::FToolResult& Result)
+bool Remove(UTimelineTemplate& Timeline, const FString& TimelineName, const TArray<FString>& Curves,
+	Morvane::FToolResult& Result)
 {
 	bool bChanged = false;
-	for (const TSharedPtr<FJsonValue>& Value : Curves)
+	for (const FString& Name : Curves)
 	{
-		TSharedPtr<FJsonObject> Json;
-		FString Name;
-		FString Action;
-		const bool bMarked = FStructureEntry::FindNamed(Value, Json, Name)
-			&& MorvaneJson::TryGetStringField(*Json, TEXT("action"), Action)
-			&& Action.TrimStartAndEnd().Equals(TEXT("remove"), ESearchCase::IgnoreCase);
-		if (!bMarked)
-		{
-			continue;
-		}
 		if (RemoveTrack(Timeline, FName(*Name)))
 		{
 			bChanged = true;

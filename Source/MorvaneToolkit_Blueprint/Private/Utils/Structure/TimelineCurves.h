@@ -12,11 +12,11 @@ class UTimelineTemplate;
 /** The tracks of a timeline, from the "curves" of its entry. */
 namespace TimelineCurves
 {
-/** Adds and modifies; entries that remove are for the second pass. True when a track or a key is another than before.
- */
+/** Adds and modifies; the names of those to remove are for the second round. True when a track or a key is another than
+ * before. */
 bool Apply(UTimelineTemplate& Timeline, const FString& TimelineName, const TArray<TSharedPtr<FJsonValue>>& Curves,
+	TArray<FString>& OutLeaving, Morvane::FToolResult& Result);
+/** The second round. True when a track went. */
+bool Remove(UTimelineTemplate& Timeline, const FString& TimelineName, const TArray<FString>& Curves,
 	Morvane::FToolResult& Result);
-/** The second pass. True when a track went. */
-bool RemoveMarked(UTimelineTemplate& Timeline, const FString& TimelineName,
-	const TArray<TSharedPtr<FJsonValue>>& Curves, Morvane::FToolResult& Result);
 } // namespace TimelineCurves
