@@ -303,6 +303,12 @@ TEST(StructureVariables, NotifyFunctionComesFollowsAndGoes)
 	EXPECT_THAT(Case.Faults(), IsEmpty());
 
 	Case.Variables(
+		R"("OnRep_R":{"action":"add","type":"int"},"R":{"action":"add","type":"int","replication":"rep_notify"})");
+	EXPECT_THAT(Case.Told(), Contains(StartsWith("Variable 'R' cannot have a notify function of its name: ")));
+	EXPECT_TRUE(Case.Variable(TEXT("R"))->RepNotifyFunc.IsNone());
+	EXPECT_THAT(Case.Faults(), IsEmpty());
+
+	Case.Variables(
 		R"("M":{"action":"add","type":{"category":"int","container_type":"set"},"replication":"replicated"})");
 	EXPECT_THAT(Case.Told(), Contains("Variable 'M' cannot be replicated: sets and maps are not"));
 	EXPECT_EQ(Case.Variable(TEXT("M"))->PropertyFlags & CPF_Net, 0u);

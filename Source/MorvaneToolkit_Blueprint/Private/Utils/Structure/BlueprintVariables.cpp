@@ -1,136 +1,27 @@
 // Member variables of a Blueprint: one batch, keyed by name. First what is added and modified, then what is removed,
 // then one compile.
 
-#include "AssetOperationBase.h"
 #include "BlueprintCreateModifyRemoveUtils.h"
 #include "BlueprintUtils.h"
-#include "Components/Widget.h"
 #include "EdGraph/EdGraph.h"
-#include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
-#include "Engine/SimpleConstructionScript.h"
-#include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
-#include "Kismet2/Kismet2NameValidators.h"
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Report/TrackedNames.h"
 #include "Utils/Structure/LostPins.h"
 #include "Utils/Structure/RepNotifyFunctions.h"
-#include "Utils/Structure/StructureEntry.h"
-#include "Utils/Structure/StructureNames.h"
+#include "Utils/Structure/StructureBatch.h"
 #include "Utils/Structure/VariableDefaults.h"
+#include "Utils/Structure/VariableNames.h"
+#include "Utils/Structure/VariableSettings.h"
+#include "Utils/Structure/VariableTypes.h"
 #include "Utils/Structure/VariableUses.h"
 
 namespace BlueprintVariables
 {
 using namespace Morvane;
-
-/** What a name means in a Blueprint. */
-struct FMember
-{
-	/** The variable's own spelling; of a member that is none, the property's. */
-	FName Name;
-	bool bOwn = false;
-	/** Null for an own variable, which the class may not have yet. */
-	const FProperty* Property = nullptr;
-
-	bool Exists() const { return bOwn || Property; }
-};
-
-/** The taken names of one Blueprint, gathered once, and kept up with what the batch adds. */
-class FMemberNames
-{
-public:
-	explicit FMemberNames(UBlueprint& InBlueprint)
-		: Blueprint(InBlueprint)
-	{
-		FBlueprintEditorUtils::EnsureSkeletonIsUpToDate(&Blueprint);
-		for (TFieldIterator<FProperty> It(Blueprint.GeneratedClass.Get(), EFieldIteratorFlags::IncludeSuper); It; ++It)
-		{
-			Add(It->GetFName());
-		}
-		FBlueprintEditorUtils::GetFunctionNameList(&Blueprint, Taken);
-		FBlueprintEditorUtils::GetAllGraphNames(&Blueprint, Taken);
-	}
-
-	FMember Find(const FString& Name) const
-	{
-		if (const int32 Index = FindOwn(FName(*Name)); Index != INDEX_NONE)
-		{
-			return {Blueprint.NewVariables[Index].VarName, true, nullptr};
-		}
-		const FName* const Known = BySqueezedName.Find(Squeeze(Name));
-		if (!Known)
-		{
-			return {};
-		}
-		if (const int32 Index = FindOwn(*Known); Index != INDEX_NONE)
-		{
-			return {Blueprint.NewVariables[Index].VarName, true, nullptr};
-		}
-		return {*Known, false, Blueprint.GeneratedClass.Get()->FindPropertyByName(*Known)};
-	}
-
-	void Add(FName Name)
-	{
-		const FString Squeezed = Squeeze(Name.ToString());
-		if (!BySqueezedName.Contains(Squeezed))
-		{
-			BySqueezedName.Add(Squeezed, Name);
-		}
-	}
-
-	/** Functions and graphs may have the name that is free among the variables. */
-	FName MakeFree(const FString& Name) const
-	{
-		const FName Wanted(*Name);
-		const bool bTaken = Taken.Contains(Wanted) || StaticFindObjectFast(nullptr, &Blueprint, Wanted);
-		return bTaken ? FBlueprintEditorUtils::FindUniqueKismetName(&Blueprint, Name) : Wanted;
-	}
-
-private:
-	static FString Squeeze(const FString& Name) { return Name.Replace(TEXT(" "), TEXT("")); }
-	int32 FindOwn(FName Name) const { return FBlueprintEditorUtils::FindNewVariableIndex(&Blueprint, Name); }
-
-	UBlueprint& Blueprint;
-	/** Keys ignore case. */
-	TMap<FString, FName> BySqueezedName;
-	TSet<FName> Taken;
-};
-
-/** The type under "type", which may be a category word alone. */
-static bool ReadType(const FJsonObject& Json, FEdGraphPinType& OutType)
-{
-	const TSharedPtr<FJsonObject>* Object = nullptr;
-	FString Word;
-	if (MorvaneJson::TryGetStringField(Json, TEXT("type"), Word))
-	{
-		FJsonObject Short;
-		Short.SetStringField(TEXT("category"), Word);
-		return FAssetOperationBase::ConvertJsonToEdGraphPinType(Short, OutType);
-	}
-	return Json.TryGetObjectField(TEXT("type"), Object)
-		&& FAssetOperationBase::ConvertJsonToEdGraphPinType(*Object, OutType);
-}
-
-/** Keys of sets and maps are looked up by hash, which these have none of. */
-static bool CanBeKey(const FEdGraphPinType& Type)
-{
-	return Type.PinCategory != UEdGraphSchema_K2::PC_Boolean && Type.PinCategory != UEdGraphSchema_K2::PC_Text;
-}
-
-static bool IsWidgetType(const FEdGraphPinType& Type)
-{
-	const UClass* const Class = Cast<UClass>(Type.PinSubCategoryObject.Get());
-	return Type.PinCategory == UEdGraphSchema_K2::PC_Object && Class && Class->IsChildOf(UWidget::StaticClass());
-}
-
-static bool IsDelegate(const FEdGraphPinType& Type)
-{
-	return Type.PinCategory == UEdGraphSchema_K2::PC_Delegate || Type.PinCategory == UEdGraphSchema_K2::PC_MCDelegate;
-}
 
 /** To the letter: another case of a tooltip is another tooltip. */
 static bool IsSameMetaData(const TArray<FBPVariableMetaDataEntry>& Left, const TArray<FBPVariableMetaDataEntry>& Right)
@@ -164,35 +55,18 @@ public:
 
 	bool Run(const FJsonObject& Variables)
 	{
-		TArray<FString> Removals;
-		for (const auto& Member : Variables.Values)
-		{
-			const FString Name(Member.Key);
-			const TSharedPtr<FJsonObject>* Json = nullptr;
-			if (!Member.Value || !Member.Value->TryGetObject(Json) || !Json->IsValid())
-			{
-				Refuse(FString::Printf(TEXT("Invalid JSON format for variable: %s"), *Name));
-				continue;
-			}
-			const FStructureEntry Entry(**Json, TEXT("variable"), Name, Result);
-			// Without a word an entry changes what is there, unlike in the other batches.
-			const TOptional<EBPNodeAction> Action = Entry.ReadAction(EBPNodeAction::Modify);
-			if (!Action)
-			{
-				bAllDone = false;
-			}
-			else if (*Action == EBPNodeAction::Remove)
-			{
-				Removals.Add(Name);
-			}
-			else
-			{
-				AddOrModify(Name, Entry, *Action == EBPNodeAction::Add);
-			}
-		}
-		RemoveAll(Removals);
+		// Without a word an entry changes what is there, unlike in the other batches.
+		const FStructureKind Kind{TEXT("variable"),
+			{TEXT("action"), TEXT("type"), TEXT("default_variable_value"), TEXT("category"), TEXT("tooltip"),
+				TEXT("replication"), TEXT("instance_editable"), TEXT("expose_on_spawn"), TEXT("blueprint_read_only"),
+				TEXT("save_game"), TEXT("config"), TEXT("private")},
+			TEXT(""), EBPNodeAction::Modify};
+		const bool bAllTaken = StructureBatch::Walk(
+			Variables, Kind, Result,
+			[this](const FStructureEntry& Entry, bool bAdd) { AddOrModify(Entry.Name, Entry, bAdd); },
+			[this](const FString& Name) { Remove(Name); });
 		Finish();
-		return bAllDone;
+		return bAllTaken && bAllDone;
 	}
 
 private:
@@ -237,50 +111,6 @@ private:
 		}
 	}
 
-	/** What the editor's judge of names says of the name by itself; whether it is taken is another matter. */
-	bool IsNameFit(const FString& Name)
-	{
-		if (Name.IsEmpty())
-		{
-			Result.AddErrorMessage(TEXT("Variable name cannot be empty"));
-			return false;
-		}
-		const EValidatorResult Verdict = FKismetNameValidator(nullptr).IsValid(Name);
-		if (Verdict != EValidatorResult::Ok)
-		{
-			Result.AddErrorMessage(FString::Printf(
-				TEXT("%s for name '%s'"), *INameValidatorInterface::GetErrorString(Name, Verdict), *Name));
-		}
-		return Verdict == EValidatorResult::Ok;
-	}
-
-	/** False after a warning when there can be no variable of the type. */
-	bool ReadFitType(const FString& Name, const FStructureEntry& Entry, FEdGraphPinType& OutType)
-	{
-		const FString Invalid = FString::Printf(TEXT("Invalid variable type for variable: %s"), *Name);
-		if (!ReadType(Entry.Json, OutType) || !VariableDefaults::MakeProperty(Blueprint, FName(*Name), OutType))
-		{
-			Refuse(Invalid);
-			return false;
-		}
-		if (IsWidgetType(OutType))
-		{
-			Refuse(FString::Printf(TEXT("Variable '%s' is a widget type and must use ui_modify_widget_bp"), *Name));
-			return false;
-		}
-		if (IsDelegate(OutType))
-		{
-			Refuse(Invalid + TEXT(" (event dispatchers are made with 'delegates')"));
-			return false;
-		}
-		if ((OutType.IsSet() || OutType.IsMap()) && !CanBeKey(OutType))
-		{
-			Refuse(Invalid + TEXT(" (the elements of a set and the keys of a map cannot be of this type)"));
-			return false;
-		}
-		return true;
-	}
-
 	void Add(const FString& Name, const FStructureEntry& Entry)
 	{
 		if (!Entry.Has(TEXT("type")))
@@ -289,11 +119,13 @@ private:
 			return;
 		}
 		FEdGraphPinType Type;
-		if (!ReadFitType(Name, Entry, Type))
+		FString Fault;
+		if (!VariableTypes::Read(Blueprint, Name, Entry, Type, Fault))
 		{
+			Refuse(Fault);
 			return;
 		}
-		if (!IsNameFit(Name))
+		if (!FVariableNames::IsFit(Name, Result))
 		{
 			bAllDone = false;
 			return;
@@ -334,16 +166,14 @@ private:
 		{
 			Retype(Name, Entry);
 		}
-		ApplyReplication(Name, Entry, Before.RepNotifyFunc);
-		ApplySettings(Name, Entry, bIsNew);
+		bAllDone &= VariableSettings::ApplyReplication(
+			Blueprint, Name, Entry, Before.RepNotifyFunc, ChangedFunctions, Result);
+		VariableSettings::Apply(Blueprint, Name, Entry, bIsNew);
 		const TSharedPtr<FJsonValue> Value = Entry.Json.TryGetField(TEXT("default_variable_value"));
 		if (Value && !VariableDefaults::Apply(Blueprint, Describe(Name), Value, Result))
 		{
 			bAllDone = false;
 		}
-		Entry.WarnOfOtherKeys({TEXT("action"), TEXT("type"), TEXT("default_variable_value"), TEXT("category"),
-			TEXT("tooltip"), TEXT("replication"), TEXT("instance_editable"), TEXT("expose_on_spawn"),
-			TEXT("blueprint_read_only"), TEXT("save_game"), TEXT("config"), TEXT("private")});
 		if (!bIsNew && AreSame(Before, Describe(Name)))
 		{
 			Result.AddSuccessMessage(FString::Printf(TEXT("No changes made to variable: %s"), *Text));
@@ -358,12 +188,18 @@ private:
 	void Retype(FName Name, const FStructureEntry& Entry)
 	{
 		FEdGraphPinType Type;
+		FString Fault;
 		const FString Text = Name.ToString();
-		if (!ReadFitType(Text, Entry, Type) || Describe(Name).VarType == Type)
+		if (!VariableTypes::Read(Blueprint, Text, Entry, Type, Fault))
+		{
+			Refuse(Fault);
+			return;
+		}
+		if (Describe(Name).VarType == Type)
 		{
 			return;
 		}
-		if (IsDelegate(Describe(Name).VarType))
+		if (VariableTypes::IsDelegate(Describe(Name).VarType))
 		{
 			Refuse(FString::Printf(TEXT("Variable '%s' is an event dispatcher and keeps its type"), *Text));
 			return;
@@ -379,125 +215,6 @@ private:
 			Result.AddWarningMessage(FString::Printf(
 				TEXT("Variable '%s' changed its type: its default value '%s' no longer fits and was removed"), *Text,
 				*DefaultBefore));
-		}
-	}
-
-	/** The notify function keeps step with the mode: it comes with it, and goes with it unless it has been filled. */
-	void ApplyReplication(FName Name, const FStructureEntry& Entry, FName NotifyBefore)
-	{
-		const FName Function = RepNotifyFunctions::MakeName(Name);
-		const TOptional<FString> Mode = Entry.ReadString(TEXT("replication"));
-		const bool bNotify = Mode && Mode->Equals(TEXT("rep_notify"), ESearchCase::IgnoreCase);
-		const bool bReplicated = Mode && Mode->Equals(TEXT("replicated"), ESearchCase::IgnoreCase);
-		FBPVariableDescription& Variable = Describe(Name);
-		if ((bNotify || bReplicated) && (Variable.VarType.IsSet() || Variable.VarType.IsMap()))
-		{
-			Refuse(
-				FString::Printf(TEXT("Variable '%s' cannot be replicated: sets and maps are not"), *Name.ToString()));
-			return;
-		}
-		FString Reason;
-		if (bNotify && !StructureNames::IsObjectName(Function.ToString(), Reason))
-		{
-			Refuse(FString::Printf(
-				TEXT("Variable '%s' cannot have a notify function of its name: %s"), *Name.ToString(), *Reason));
-			return;
-		}
-		if (Mode && !bNotify && !bReplicated && !Mode->IsEmpty()
-			&& !Mode->Equals(TEXT("none"), ESearchCase::IgnoreCase))
-		{
-			Result.AddWarningMessage(FString::Printf(
-				TEXT(
-					"'%s', given for 'replication' of variable '%s', is not replicated, rep_notify or none; it is not replicated"),
-				**Mode, *Name.ToString()));
-		}
-		if (Mode)
-		{
-			FJsonObject Only;
-			Only.SetStringField(TEXT("replication"), *Mode);
-			FBlueprintCreateModifyRemoveUtils::ApplyVariableProperties(&Variable, Only, false);
-		}
-		// A new type that has no replication takes the function away too.
-		const bool bHasNotify = Variable.RepNotifyFunc == Function;
-		if (bHasNotify && bNotify && RepNotifyFunctions::Ensure(Blueprint, Function))
-		{
-			ChangedFunctions.Add(Function.ToString());
-		}
-		if (!bHasNotify && NotifyBefore == Function
-			&& RepNotifyFunctions::RemoveUnlessUsed(Blueprint, Function, Result))
-		{
-			ChangedFunctions.Add(Function.ToString());
-		}
-	}
-
-	/** Category, tooltip and flags. What is a flag and metadata is set as both, so that every reader finds the same. */
-	void ApplySettings(FName Name, const FStructureEntry& Entry, bool bIsNew)
-	{
-		FJsonObject Settings;
-		for (const TCHAR* const Key : {TEXT("category"), TEXT("tooltip")})
-		{
-			if (const TOptional<FString> Text = Entry.ReadString(Key))
-			{
-				Settings.SetStringField(Key, *Text);
-			}
-		}
-		for (const TCHAR* const Key : {TEXT("instance_editable"), TEXT("expose_on_spawn"), TEXT("blueprint_read_only"),
-				 TEXT("save_game"), TEXT("config"), TEXT("private")})
-		{
-			if (const TOptional<bool> bValue = Entry.ReadBool(Key))
-			{
-				Settings.SetBoolField(Key, *bValue);
-			}
-		}
-		if (Settings.Values.IsEmpty())
-		{
-			return;
-		}
-		const bool bWasClassOnly = (Describe(Name).PropertyFlags & CPF_DisableEditOnInstance) != 0;
-		FBlueprintCreateModifyRemoveUtils::ApplyVariableProperties(&Describe(Name), Settings, bIsNew);
-		SettleInstanceEditing(Name, Settings, bWasClassOnly);
-		ApplyEngineSettings(Name, Settings);
-	}
-
-	/** A private variable shares its flag with those that are not edited on instances: what was asked for in so many
-	 * words holds, and making a variable public does not open it to instances. */
-	void SettleInstanceEditing(FName Name, const FJsonObject& Settings, bool bWasClassOnly)
-	{
-		bool bValue = false;
-		if (MorvaneJson::TryGetBoolField(Settings, TEXT("instance_editable"), bValue))
-		{
-			FBlueprintEditorUtils::SetBlueprintOnlyEditableFlag(&Blueprint, Name, !bValue);
-		}
-		else if (MorvaneJson::TryGetBoolField(Settings, TEXT("private"), bValue) && !bValue)
-		{
-			FBlueprintEditorUtils::SetBlueprintOnlyEditableFlag(&Blueprint, Name, bWasClassOnly);
-		}
-	}
-
-	void ApplyEngineSettings(FName Name, const FJsonObject& Settings)
-	{
-		bool bValue = false;
-		const auto SetMetaData = [&](const TCHAR* Key, FName MetaKey)
-		{
-			if (MorvaneJson::TryGetBoolField(Settings, Key, bValue) && bValue)
-			{
-				FBlueprintEditorUtils::SetBlueprintVariableMetaData(&Blueprint, Name, nullptr, MetaKey, TEXT("true"));
-			}
-			else if (Settings.HasField(Key))
-			{
-				FBlueprintEditorUtils::RemoveBlueprintVariableMetaData(&Blueprint, Name, nullptr, MetaKey);
-			}
-		};
-		SetMetaData(TEXT("expose_on_spawn"), FBlueprintMetadata::MD_ExposeOnSpawn);
-		SetMetaData(TEXT("private"), FBlueprintMetadata::MD_Private);
-		SetMetaData(TEXT("config"), TEXT("Config"));
-		if (MorvaneJson::TryGetBoolField(Settings, TEXT("save_game"), bValue))
-		{
-			FBlueprintEditorUtils::SetVariableSaveGameFlag(&Blueprint, Name, bValue);
-		}
-		if (MorvaneJson::TryGetBoolField(Settings, TEXT("blueprint_read_only"), bValue))
-		{
-			FBlueprintEditorUtils::SetBlueprintPropertyReadOnlyFlag(&Blueprint, Name, bValue);
 		}
 	}
 
@@ -524,7 +241,7 @@ private:
 				bAllDone = false;
 			}
 		}
-		const int32 NumKnown = (Value ? 1 : 0) + (Entry.Has(TEXT("action")) ? 1 : 0);
+		const int32 NumKnown = (Value ? 1 : 0) + (Entry.Json.HasField(TEXT("action")) ? 1 : 0);
 		if (Entry.Json.Values.Num() > NumKnown || !Value)
 		{
 			Refuse(FString::Printf(
@@ -542,14 +259,6 @@ private:
 		}
 	}
 
-	void RemoveAll(const TArray<FString>& Removals)
-	{
-		for (const FString& Name : Removals)
-		{
-			Remove(Name);
-		}
-	}
-
 	void Remove(const FString& Name)
 	{
 		const FMember Member = Names.Find(Name);
@@ -564,7 +273,7 @@ private:
 				TEXT("Property '%s' is inherited or native and cannot be removed from Blueprint"), *Name));
 			return;
 		}
-		if (IsDelegate(Describe(Member.Name).VarType))
+		if (VariableTypes::IsDelegate(Describe(Member.Name).VarType))
 		{
 			Refuse(
 				FString::Printf(TEXT("Variable '%s' is an event dispatcher; it is removed with 'delegates'"), *Name));
@@ -582,6 +291,7 @@ private:
 			ChangedFunctions.Add(Function.ToString());
 		}
 		FBlueprintEditorUtils::RemoveMemberVariable(&Blueprint, Member.Name);
+		Names.Remove(Member.Name);
 		Result.AddSuccessMessage(FString::Printf(TEXT("Removed variable: %s"), *Name));
 		Changed.Add(Name);
 	}
@@ -609,7 +319,7 @@ private:
 
 	UBlueprint& Blueprint;
 	FToolResult& Result;
-	FMemberNames Names;
+	FVariableNames Names;
 	TOptional<FVariableUses> Uses;
 	TArray<FString> Changed;
 	TArray<FString> ChangedFunctions;

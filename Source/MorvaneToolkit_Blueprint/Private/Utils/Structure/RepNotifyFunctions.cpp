@@ -7,9 +7,11 @@
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "Kismet2/BlueprintEditorUtils.h"
+#include "Kismet2/Kismet2NameValidators.h"
 #include "ToolResult.h"
 #include "UObject/Script.h"
 #include "Utils/Structure/LostPins.h"
+#include "Utils/Structure/StructureNames.h"
 
 namespace RepNotifyFunctions
 {
@@ -65,6 +67,12 @@ void AddResult(UEdGraph& Graph, UK2Node_FunctionEntry& Entry)
 	}
 }
 
+bool IsThere(const UBlueprint& Blueprint, FName FunctionName)
+{
+	const UClass* const Parent = Blueprint.ParentClass.Get();
+	return Find(Blueprint, FunctionName) || (Parent && Parent->FindFunctionByName(FunctionName));
+}
+
 bool IsUsed(const UBlueprint& Blueprint, const UEdGraph& Graph)
 {
 	for (const UEdGraphNode* const Node : Graph.Nodes)
@@ -98,9 +106,20 @@ UEdGraph* Find(const UBlueprint& Blueprint, FName FunctionName)
 	return nullptr;
 }
 
+FString FindObstacle(const UBlueprint& Blueprint, FName FunctionName)
+{
+	FString Reason;
+	if (IsThere(Blueprint, FunctionName) || !StructureNames::IsObjectName(FunctionName.ToString(), Reason))
+	{
+		return Reason;
+	}
+	const EValidatorResult Verdict = FKismetNameValidator(&Blueprint).IsValid(FunctionName);
+	return INameValidatorInterface::GetErrorString(FunctionName.ToString(), Verdict);
+}
+
 bool Ensure(UBlueprint& Blueprint, FName FunctionName)
 {
-	if (Find(Blueprint, FunctionName) || StaticFindObjectFast(nullptr, &Blueprint, FunctionName))
+	if (IsThere(Blueprint, FunctionName))
 	{
 		return false;
 	}

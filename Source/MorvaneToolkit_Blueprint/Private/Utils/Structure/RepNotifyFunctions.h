@@ -17,7 +17,10 @@ FName MakeName(FName VariableName);
 /** The function's graph; null when there is none. */
 UEdGraph* Find(const UBlueprint& Blueprint, FName FunctionName);
 
-/** Makes the function unless something of the name stands. True when it was made. */
+/** Why there can be no function of the name: it is none, or something else has it. Empty when there is one or may be.
+ */
+FString FindObstacle(const UBlueprint& Blueprint, FName FunctionName);
+/** Makes the function unless there is one, be it inherited. True when it was made. */
 bool Ensure(UBlueprint& Blueprint, FName FunctionName);
 /** Takes the function away if there is one. */
 bool Remove(UBlueprint& Blueprint, FName FunctionName);
