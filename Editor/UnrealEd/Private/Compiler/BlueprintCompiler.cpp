@@ -42,6 +42,13 @@ static bool IsFromBlueprint(const FProperty* Property)
 	return Property && IsFromBlueprint(Property->GetOwnerClass());
 }
 
+/** The node of the dispatcher whose signature the event has; null for one that is not bound. */
+static const UK2Node_BaseMCDelegate* FindBoundDispatcher(const UK2Node_CustomEvent& Event)
+{
+	const UEdGraphPin* const Pin = Event.FindPin(UK2Node_Event::DelegateOutputName, EGPD_Output);
+	return Pin && !Pin->LinkedTo.IsEmpty() ? Cast<UK2Node_BaseMCDelegate>(Pin->LinkedTo[0]->GetOwningNode()) : nullptr;
+}
+
 /** Whether the node's pins come from something that a Blueprint declares, so that they may lag behind it. */
 static bool FollowsBlueprint(const UEdGraphNode& Node)
 {
@@ -65,11 +72,36 @@ static bool FollowsBlueprint(const UEdGraphNode& Node)
 	{
 		return IsFromBlueprint(Construct->GetClassToSpawn());
 	}
+	if (const UK2Node_CustomEvent* const Custom = Cast<UK2Node_CustomEvent>(&Node))
+	{
+		const UK2Node_BaseMCDelegate* const Dispatcher = FindBoundDispatcher(*Custom);
+		return Dispatcher && IsFromBlueprint(Dispatcher->GetProperty());
+	}
 	if (const UK2Node_Event* const Event = Cast<UK2Node_Event>(&Node))
 	{
-		return !Event->IsA<UK2Node_CustomEvent>() && IsFromBlueprint(Event->FindEventSignatureFunction());
+		return IsFromBlueprint(Event->FindEventSignatureFunction());
 	}
 	return Node.IsA<UK2Node_MacroInstance>() || Node.IsA<UK2Node_Timeline>();
+}
+
+/** Whether making the node's pins anew may have changed the signature of a function or an event. */
+static bool Refresh(UEdGraphNode& Node)
+{
+	const UK2Node_CustomEvent* const Custom = Cast<UK2Node_CustomEvent>(&Node);
+	const TArray<TSharedPtr<FUserPinInfo>> Before = Custom ? Custom->UserDefinedPins
+														   : TArray<TSharedPtr<FUserPinInfo>>();
+	Node.ReconstructNode();
+	if (!Custom)
+	{
+		return Node.IsA<UK2Node_FunctionTerminator>() || Node.IsA<UK2Node_Event>();
+	}
+	bool bSame = Custom->UserDefinedPins.Num() == Before.Num();
+	for (int32 Index = 0; bSame && Index < Before.Num(); ++Index)
+	{
+		const FUserPinInfo& Now = *Custom->UserDefinedPins[Index];
+		bSame = Now.PinName == Before[Index]->PinName && Now.PinType == Before[Index]->PinType;
+	}
+	return !bSame;
 }
 
 /** Parents first, as a class is built on that of its parent. */
@@ -206,8 +238,7 @@ private:
 			{
 				if (Node && FollowsBlueprint(*Node))
 				{
-					Node->ReconstructNode();
-					bSignatures |= Node->IsA<UK2Node_FunctionTerminator>() || Node->IsA<UK2Node_Event>();
+					bSignatures |= Refresh(*Node);
 				}
 			}
 		}

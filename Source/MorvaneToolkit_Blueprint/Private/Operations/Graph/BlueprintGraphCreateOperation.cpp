@@ -11,6 +11,8 @@
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "Utils/Graph/FunctionGraphs.h"
+#include "Utils/Graph/MemberUsers.h"
+#include "Utils/Graph/SignatureFollowing.h"
 #include "Utils/Report/TrackedNames.h"
 #include "Utils/Request/PopulateRecords.h"
 #include "Utils/Request/RequiredField.h"
@@ -28,6 +30,14 @@ public:
 		, Path(FBlueprintUtils::GetBlueprintPath(&InBlueprint))
 		, Result(InResult)
 	{
+		for (const UEdGraph* const Graph : Blueprint.FunctionGraphs)
+		{
+			Standing.Add(Graph);
+		}
+		for (const UEdGraph* const Graph : Blueprint.DelegateSignatureGraphs)
+		{
+			Standing.Add(Graph);
+		}
 	}
 
 	void MakeEntry(const TSharedPtr<FJsonValue>& Entry, int32 Index)
@@ -70,6 +80,10 @@ public:
 	void Finish()
 	{
 		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
+		if (!Extended.IsEmpty())
+		{
+			SignatureFollowing::Refresh(Blueprint, Extended, Result);
+		}
 		if (LastGraph && GetDefault<UMorvaneSettings>()->bFocusOnModifiedNode)
 		{
 			FKismetEditorUtilities::BringKismetToFocusAttentionOnObject(LastGraph, false);
@@ -142,10 +156,15 @@ private:
 
 	void Configure(UEdGraph* Graph, const FBPFunctionModification& Request, TArray<FString>& Names)
 	{
+		const int32 NumBefore = FBlueprintFunctionGraphUtils::CountEnds(*Graph);
 		if (FBlueprintFunctionGraphUtils::ConfigureGraphSignature(&Blueprint, Graph, Request, Result))
 		{
 			Names.Add(Request.Name);
 			LastGraph = Graph;
+		}
+		if (Standing.Contains(Graph) && FBlueprintFunctionGraphUtils::CountEnds(*Graph) != NumBefore)
+		{
+			Extended.Append(FDeclaredMembers::OfGraph(Blueprint, *Graph));
 		}
 	}
 
@@ -153,6 +172,10 @@ private:
 	/** The Blueprint's own, whatever path led to it. */
 	const FString Path;
 	FToolResult& Result;
+	/** The graphs from before the call, which others may use by now. */
+	TSet<const UEdGraph*> Standing;
+	/** What those declare that got another signature, so that its users have to follow. */
+	FDeclaredMembers Extended;
 	TArray<FString> FunctionNames;
 	TArray<FString> DelegateNames;
 	UEdGraph* LastGraph = nullptr;

@@ -280,8 +280,11 @@ bool FBlueprintFunctionGraphUtils::ConfigureGraphSignature(
 		// default, and not the word "input", that asks for a function input; what an entry makes of the other wish is
 		// its own affair. Held by CreateGraph.DirectionWords.
 		const bool bInput = Parameter.Direction.Equals(TEXT("input"), ESearchCase::IgnoreCase);
-		if (!NewNames::Check(Parameter.Name, Result))
+		const FString Fault = NewNames::FindFault(Parameter.Name);
+		if (!Fault.IsEmpty())
 		{
+			Result.AddErrorMessage(
+				FString::Printf(TEXT("%s for parameter '%s' of '%s'"), *Fault, *Parameter.Name, *Graph->GetName()));
 			continue;
 		}
 		FunctionGraphs::AddPin(
@@ -299,6 +302,16 @@ bool FBlueprintFunctionGraphUtils::ConfigureGraphSignature(
 	}
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
 	return true;
+}
+
+int32 FBlueprintFunctionGraphUtils::CountEnds(const UEdGraph& Graph)
+{
+	int32 Count = 0;
+	for (const UEdGraphNode* const Node : Graph.Nodes)
+	{
+		Count += Node && Node->IsA<UK2Node_FunctionTerminator>() ? 1 + Node->Pins.Num() : 0;
+	}
+	return Count;
 }
 
 bool FBlueprintFunctionGraphUtils::EnsureDelegateSignature(

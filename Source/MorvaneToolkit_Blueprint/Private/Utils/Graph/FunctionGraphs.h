@@ -48,6 +48,10 @@ public:
 	static bool ConfigureGraphSignature(
 		UBlueprint* Blueprint, UEdGraph* Graph, const FBPFunctionModification& Request, Morvane::FToolResult& Result);
 
+	/** How many nodes and pins the graph's ends have: another number after a request than before it tells that it gave
+	 * the graph something. */
+	static int32 CountEnds(const UEdGraph& Graph);
+
 	/** The delegate signature graph of the name, made where there is none. */
 	static bool EnsureDelegateSignature(
 		UBlueprint* Blueprint, const FString& Name, UEdGraph*& OutGraph, Morvane::FToolResult& Result);

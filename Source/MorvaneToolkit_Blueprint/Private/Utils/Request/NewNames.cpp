@@ -11,13 +11,3 @@ FString NewNames::FindFault(const FString& Name)
 	return Answer == EValidatorResult::Ok || bTolerated ? FString()
 														: INameValidatorInterface::GetErrorString(Name, Answer);
 }
-
-bool NewNames::Check(const FString& Name, Morvane::FToolResult& Result)
-{
-	const FString Fault = FindFault(Name);
-	if (!Fault.IsEmpty())
-	{
-		Result.AddErrorMessage(Fault);
-	}
-	return Fault.IsEmpty();
-}

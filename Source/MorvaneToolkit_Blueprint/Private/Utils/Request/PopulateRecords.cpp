@@ -129,11 +129,14 @@ void ParseSignature(const FJsonObject& Json, FBPFunctionModification& OutRecord)
 	const TArray<TSharedPtr<FJsonValue>>* Parameters = nullptr;
 	if (Json.TryGetArrayField(TEXT("parameters"), Parameters))
 	{
-		for (const TSharedPtr<FJsonValue>& Value : *Parameters)
+		for (int32 Index = 0; Index < Parameters->Num(); ++Index)
 		{
+			const TSharedPtr<FJsonValue>& Value = (*Parameters)[Index];
 			const TSharedPtr<FJsonObject>* Object = nullptr;
+			const FString Place = FString::Printf(TEXT("#%d"), Index);
 			if (!Value || !Value->TryGetObject(Object))
 			{
+				OutRecord.UnreadableParameters.Add(Place);
 				continue;
 			}
 			FBPParameterModification Parameter;
@@ -146,7 +149,7 @@ void ParseSignature(const FJsonObject& Json, FBPFunctionModification& OutRecord)
 			}
 			else
 			{
-				OutRecord.UnreadableParameters.Add(Parameter.Name);
+				OutRecord.UnreadableParameters.Add(Parameter.Name.IsEmpty() ? Place : Parameter.Name);
 			}
 		}
 	}

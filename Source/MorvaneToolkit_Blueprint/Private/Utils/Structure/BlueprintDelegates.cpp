@@ -11,10 +11,12 @@
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "Utils/Graph/FunctionGraphs.h"
+#include "Utils/Graph/MemberUsers.h"
+#include "Utils/Graph/SignatureFollowing.h"
 #include "Utils/Report/TrackedNames.h"
 #include "Utils/Request/PopulateRecords.h"
 #include "Utils/Structure/MemberNodes.h"
-#include "Utils/Structure/StructureEntry.h"
+#include "Utils/Structure/StructureBatch.h"
 #include "Utils/Structure/StructureNames.h"
 
 namespace BlueprintDelegates
@@ -32,31 +34,15 @@ public:
 
 	void Run(const TArray<TSharedPtr<FJsonValue>>& Delegates)
 	{
-		TArray<FString> Removals;
-		for (const TSharedPtr<FJsonValue>& Value : Delegates)
+		const FStructureKind Kind{TEXT("delegate"), {TEXT("name"), TEXT("action"), TEXT("signature")},
+			TEXT("Delegate entry missing 'name' field.")};
+		StructureBatch::Walk(
+			Delegates, Kind, Result,
+			[this](const FStructureEntry& Entry, bool bAdd) { AddOrModify(Entry.Name, Entry, bAdd); },
+			[this](const FString& Name) { Remove(Name); });
+		if (!Edited.IsEmpty())
 		{
-			TSharedPtr<FJsonObject> Json;
-			FString Name;
-			if (!FStructureEntry::FindNamed(Value, Json, Name))
-			{
-				Result.AddWarningMessage(TEXT("Delegate entry missing 'name' field."));
-				continue;
-			}
-			const FStructureEntry Entry(*Json, TEXT("delegate"), Name, Result);
-			Entry.WarnOfOtherKeys({TEXT("name"), TEXT("action"), TEXT("signature")});
-			const TOptional<EBPNodeAction> Action = Entry.ReadAction(EBPNodeAction::Add);
-			if (Action == EBPNodeAction::Remove)
-			{
-				Removals.Add(Name);
-			}
-			else if (Action)
-			{
-				AddOrModify(Name, Entry, *Action == EBPNodeAction::Add);
-			}
-		}
-		for (const FString& Name : Removals)
-		{
-			Remove(Name);
+			SignatureFollowing::Refresh(Blueprint, Edited, Result);
 		}
 		FBlueprintUtils::CompileBlueprint(&Blueprint, false);
 		TrackNames(ToolInfo::ToolName_ReadBlueprintDelegate, Blueprint.GetPathName(), ToolInfo::FieldName_DelegateName,
@@ -140,7 +126,7 @@ private:
 			: nullptr;
 	}
 
-	/** False when the entry says nothing of the signature. */
+	/** True when the signature is another than before. */
 	bool Configure(const FString& Name, UEdGraph& Graph, const FStructureEntry& Entry)
 	{
 		const TSharedPtr<FJsonObject> Json = Entry.ReadObject(TEXT("signature"));
@@ -162,12 +148,12 @@ private:
 		if (Request.bHasReturnType)
 		{
 			Result.AddWarningMessage(FString::Printf(
-				TEXT("Delegate '%s' cannot have a return type: many may listen to it; it was left out."), *Name));
-			Request.bHasReturnType = false;
+				TEXT("Delegate '%s' has a return type, which nobody receives: many may listen to it."), *Name));
 		}
 		DropKnownParameters(Name, Graph, Request);
+		const int32 NumBefore = FBlueprintFunctionGraphUtils::CountEnds(Graph);
 		FBlueprintFunctionGraphUtils::ConfigureGraphSignature(&Blueprint, &Graph, Request, Result);
-		return true;
+		return FBlueprintFunctionGraphUtils::CountEnds(Graph) != NumBefore;
 	}
 
 	/** What is there is neither made twice nor replaced. */
@@ -201,11 +187,14 @@ private:
 			Result.AddWarningMessage(FString::Printf(TEXT("Could not find signature graph for delegate: %s"), *Name));
 			return;
 		}
-		if (Configure(Name, *Graph, Entry))
+		if (!Configure(Name, *Graph, Entry))
 		{
-			Result.AddSuccessMessage(FString::Printf(TEXT("Modified delegate signature: %s"), *Name));
-			Changed.Add(Present.ToString());
+			Result.AddSuccessMessage(FString::Printf(TEXT("No changes made to delegate: %s"), *Name));
+			return;
 		}
+		Result.AddSuccessMessage(FString::Printf(TEXT("Modified delegate signature: %s"), *Name));
+		Changed.Add(Present.ToString());
+		Edited.Dispatchers.Add(Present);
 	}
 
 	void Remove(const FString& Name)
@@ -230,6 +219,8 @@ private:
 
 	UBlueprint& Blueprint;
 	FToolResult& Result;
+	/** Those whose signature is another now, so that calls and bound events have to follow. */
+	FDeclaredMembers Edited;
 	TArray<FString> Changed;
 };
 } // namespace BlueprintDelegates
