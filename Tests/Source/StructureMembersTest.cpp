@@ -4,6 +4,8 @@
 #include "Curves/CurveLinearColor.h"
 #include "Curves/CurveVector.h"
 #include "Engine/TimelineTemplate.h"
+#include "K2Node_CallDelegate.h"
+#include "K2Node_CustomEvent.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_Timeline.h"
 #include "NodeTests.h"
@@ -13,6 +15,7 @@
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -108,6 +111,24 @@ TEST(StructureInterfaces, FunctionsOfABlueprintInterfaceArriveAsGraphs)
 	Case.Interfaces(R"({"name":"BPI_Bell","action":"remove"})");
 	EXPECT_THAT(Case.Told(), IsEmpty());
 	EXPECT_FALSE(IsValid(Graphs[0])) << "its functions go with it";
+
+	// What an author put into it is named; and its functions' names are taken, and have to be free.
+	Case.Interfaces(R"({"name":"BPI_Bell"})");
+	Case.Nodes(R"({"node_guid":"p","class_name":"K2Node_CallFunction","target_class":"KismetSystemLibrary",
+		"target_function":"PrintString"})",
+		"Use");
+	Case.Nodes(R"({"node_guid":"e","class_name":"K2Node_Event","node_metadata":{"event_name":"Ring"}})");
+	Case.Variables(R"("Ring":{"action":"add","type":"int"})");
+	EXPECT_THAT(Case.Told(), ElementsAre(StartsWith("The name 'Ring' is taken by a function")));
+	Case.Interfaces(R"({"name":"BPI_Bell","action":"remove"})");
+	EXPECT_THAT(Case.Told(),
+		ElementsAre(AllOf(StartsWith("What implemented interface 'BPI_Bell' was removed with it: 'Event Ring"),
+			EndsWith(", function 'Use' with 1 node(s)"))));
+	Case.Variables(R"("Use":{"action":"add","type":"int"})");
+	Case.Interfaces(R"({"name":"BPI_Bell"})");
+	EXPECT_THAT(
+		Case.Told(), ElementsAre("Failed to add interface: BPI_Bell", HasSubstr("by the name of its function 'Use'")));
+	EXPECT_THAT(Case.Faults(), IsEmpty());
 }
 
 TEST(StructureInterfaces, ThoseOfTheParentAreNotImplementedTwice)
@@ -141,8 +162,7 @@ TEST(StructureDelegates, AVariableAndASignatureComeAndGoTogether)
 	EXPECT_THAT(Case.Refused(), ElementsAre("A function with name 'UserConstructionScript' already exists"));
 	EXPECT_THAT(Case.Told(),
 		ElementsAre("Parameter 'Odd' of delegate 'OnOpened' has a type that could not be parsed; it was left out.",
-			StartsWith("Delegate 'OnOpened' cannot have a return type"),
-			"Delegate 'onopened' already exists, cannot add",
+			StartsWith("Delegate 'OnOpened' has a return type"), "Delegate 'onopened' already exists, cannot add",
 			"Parameter 'By' of delegate 'OnOpened' is there with another type and keeps it.",
 			"Failed to create signature graph for delegate: a/b", "Delegate entry missing 'name' field.",
 			"Delegate 'Zilch' not found for modification",
@@ -160,6 +180,56 @@ TEST(StructureDelegates, AVariableAndASignatureComeAndGoTogether)
 	EXPECT_THAT(Case.Done(), ElementsAre("Removed delegate: ONOPENED"));
 	EXPECT_EQ(Case.Variable(TEXT("OnOpened")), nullptr);
 	EXPECT_EQ(FindSignature(Case, TEXT("OnOpened")), nullptr);
+}
+
+/** The pins of the only node of a class. */
+template <class TNode>
+static std::vector<std::string> PinsOf(const FStructuring& Case)
+{
+	TArray<TNode*> Nodes;
+	FBlueprintEditorUtils::GetAllNodesOfClass(Case.Blueprint.Get(), Nodes);
+	std::vector<std::string> Names;
+	for (const UEdGraphPin* const Pin : Nodes.Num() == 1 ? Nodes[0]->Pins : TArray<UEdGraphPin*>())
+	{
+		Names.push_back(ToStd(Pin->GetName()));
+	}
+	return Names;
+}
+
+TEST(StructureDelegates, CallsAndBoundEventsFollowTheSignature)
+{
+	FStructuring Case;
+	Case.Delegates(R"({"name":"OnHit","signature":{"parameters":[{"name":"By","type":{"category":"int"}}]}})");
+	Case.Populate(
+		R"("nodes":[{"node_guid":"c","menu_title":"Call OnHit"},{"node_guid":"b","menu_title":"Bind Event to OnHit"},
+		{"node_guid":"e","class_name":"K2Node_CustomEvent","node_metadata":{"event_name":"Struck"},
+			"pins":[{"action":"add","name":"By","type":{"category":"int"}}]}],
+		"connections":[{"source_node_guid":"e","source_pin_name":"OutputDelegate","target_node_guid":"b",
+			"target_pin_name":"Delegate"}])");
+	ASSERT_THAT(Case.Told(), IsEmpty());
+	const std::string Modify =
+		R"({"name":"OnHit","action":"modify","signature":{"parameters":[{"name":"Hard","type":{"category":"bool"}}]}})";
+	Case.Delegates(Modify);
+	EXPECT_THAT(Case.Told(), IsEmpty());
+	EXPECT_THAT(PinsOf<UK2Node_CallDelegate>(Case), Contains("Hard"));
+	EXPECT_THAT(PinsOf<UK2Node_CustomEvent>(Case), Contains("Hard"));
+	EXPECT_THAT(Case.Faults(), IsEmpty());
+	Case.Delegates(Modify);
+	EXPECT_THAT(Case.Done(), ElementsAre("No changes made to delegate: OnHit"));
+	EXPECT_THAT(Case.Tracked(), IsEmpty());
+
+	// By the other road to a signature; and what lags behind by itself catches up in the compile.
+	RunTool(TEXT("bp_create_graph"),
+		R"({"path":")" + ToStd(Case.Blueprint.Path())
+			+ R"(","functions":[{"name":"OnHit","is_delegate":true,"parameters":[{"name":"Third","type":{"category":"int"}}]}]})");
+	EXPECT_THAT(PinsOf<UK2Node_CustomEvent>(Case), Contains("Third"));
+	FEdGraphPinType Flag;
+	Flag.PinCategory = UEdGraphSchema_K2::PC_Boolean;
+	FBlueprintEditorUtils::GetEntryNode(FindSignature(Case, TEXT("OnHit")))
+		->CreateUserDefinedPin(TEXT("Fourth"), Flag, EGPD_Output);
+	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Case.Blueprint.Get());
+	EXPECT_TRUE(Case.Blueprint.Compiles());
+	EXPECT_THAT(PinsOf<UK2Node_CustomEvent>(Case), Contains("Fourth"));
 }
 
 TEST(StructureDelegates, HalfOfOneIsMadeWholeOrTakenAway)
@@ -396,10 +466,28 @@ TEST(ClassStructure, WhatTheCallMustHave)
 		ElementsAre("Field 'variables' must be an object keyed by name",
 			"Field 'components' must be an array of objects with a name"));
 	EXPECT_NE(Case.Variable(TEXT("D")), nullptr) << "the others are done and saved";
-	Case.Change(
-		R"("variables":[{"name":"A","action":"add","type":"int"}],"components":{"name":"C","type":"BoxComponent"})");
+}
+
+TEST(ClassStructure, EntriesComeAsAListOrByName)
+{
+	FStructuring Case;
+	Case.Change(R"("variables":[{"name":"A","action":"add","type":"int"},{"name":"a","default_variable_value":7},{},
+			{"name":"B","action":"add","type":"int"}],"components":{"name":"C","type":"BoxComponent"},
+		"timelines":{"T":{"length":3},"U":{}},"delegates":{"D":{"action":null,"signature":null}})");
 	EXPECT_THAT(Case.Refused(), IsEmpty());
-	EXPECT_TRUE(Case.Variable(TEXT("A")) && Case.Component(TEXT("C")));
+	EXPECT_THAT(Case.Told(),
+		ElementsAre(
+			"Variable entry missing 'name' field.", "Some class structure modifications failed in Blueprint: BP_Test"));
+	EXPECT_EQ(Case.Default(TEXT("A")), "7") << "a later entry of a name builds on the earlier one";
+	EXPECT_TRUE(Case.Variable(TEXT("B")) && Case.Component(TEXT("C")) && Case.Variable(TEXT("D")));
+	ASSERT_TRUE(FindTimeline(Case, TEXT("T")) && FindTimeline(Case, TEXT("U")));
+	EXPECT_EQ(FindTimeline(Case, TEXT("T"))->TimelineLength, 3.0f);
+	Case.Change(R"("components":{"name":5,"Box":{"type":"BoxComponent"}})");
+	EXPECT_THAT(Case.Refused(), ElementsAre("Field 'components' must be an array of objects with a name"));
+	Case.Change(R"("variables":{"A":{"action":"remove"},"a":{"action":"remove"}})");
+	EXPECT_THAT(Case.Done(), ElementsAre("Removed variable: A"));
+	EXPECT_THAT(Case.Told(), Contains("Variable 'a' not found for removal"));
+	EXPECT_THAT(Case.Faults(), IsEmpty());
 }
 
 TEST(ClassStructure, ARefusedCheckOutChangesNothing)

@@ -9,6 +9,7 @@
 #include "K2Node_FunctionEntry.h"
 #include "Kismet2/BlueprintEvents.h"
 #include "Kismet2/KismetEditorUtilities.h"
+#include "Kismet2/TakenNames.h"
 #include "Standalone/MissingObjects.h"
 
 namespace BlueprintInterfaces
@@ -86,20 +87,19 @@ static void ConformGraphs(UBlueprint& Blueprint, FBPInterfaceDescription& Interf
 	}
 }
 
-/** What the Blueprint has under the name of a function that needs a graph; null when the name is free. */
-static const UObject* FindConflict(const UBlueprint& Blueprint, const UClass& Interface)
+/** Whether the Blueprint has something else under the name of a function that needs a graph. */
+static bool HasConflict(const UBlueprint& Blueprint, const UClass& Interface)
 {
 	for (TFieldIterator<UFunction> It(&Interface, EFieldIteratorFlags::IncludeSuper); It; ++It)
 	{
-		const UObject* const Occupant = InterfaceFunctions::NeedsGraph(**It)
-			? StaticFindObjectFast(nullptr, const_cast<UBlueprint*>(&Blueprint), It->GetFName())
-			: nullptr;
-		if (Occupant)
+		if (InterfaceFunctions::NeedsGraph(**It)
+			&& (StaticFindObjectFast(nullptr, const_cast<UBlueprint*>(&Blueprint), It->GetFName())
+				|| TakenNames::IsVariable(Blueprint, It->GetFName())))
 		{
-			return Occupant;
+			return true;
 		}
 	}
-	return nullptr;
+	return false;
 }
 
 static int32 FindIndex(const UBlueprint& Blueprint, const UClass* Interface)
@@ -170,7 +170,7 @@ bool FBlueprintEditorUtils::ImplementNewInterface(UBlueprint* Blueprint, FTopLev
 	{
 		return false;
 	}
-	if (BlueprintInterfaces::FindConflict(*Blueprint, *Class))
+	if (BlueprintInterfaces::HasConflict(*Blueprint, *Class))
 	{
 		return false;
 	}

@@ -5,6 +5,7 @@
 #include "BlueprintUtils.h"
 #include "Engine/Blueprint.h"
 #include "Kismet2/BlueprintEditorUtils.h"
+#include "Kismet2/Kismet2NameValidators.h"
 #include "Kismet2/KismetEditorUtilities.h"
 #include "Misc/Char.h"
 #include "ToolInfo.h"
@@ -12,7 +13,8 @@
 #include "UObject/TopLevelAssetPath.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Report/TrackedNames.h"
-#include "Utils/Structure/StructureEntry.h"
+#include "Utils/Structure/MemberNodes.h"
+#include "Utils/Structure/StructureBatch.h"
 
 namespace BlueprintInterfaces
 {
@@ -52,33 +54,12 @@ public:
 	void Run(const TArray<TSharedPtr<FJsonValue>>& Interfaces)
 	{
 		UE_LOG(LogTemp, Verbose, TEXT("Starting interface modifications for Blueprint: %s"), *Blueprint.GetName());
-		TArray<FString> Removals;
-		for (const TSharedPtr<FJsonValue>& Value : Interfaces)
-		{
-			TSharedPtr<FJsonObject> Json;
-			FString Name;
-			if (!FStructureEntry::FindNamed(Value, Json, Name))
-			{
-				Result.AddWarningMessage(TEXT("Interface entry missing 'name' field."));
-				continue;
-			}
-			const FStructureEntry Entry(*Json, TEXT("interface"), Name, Result);
-			Entry.WarnOfOtherKeys({TEXT("name"), TEXT("action")});
-			const TOptional<EBPNodeAction> Action = Entry.ReadAction(EBPNodeAction::Add);
-			if (Action == EBPNodeAction::Remove)
-			{
-				Removals.Add(Name);
-			}
-			else if (Action)
-			{
-				AddOrModify(Name, *Action == EBPNodeAction::Add);
-			}
-		}
-		UE_LOG(LogTemp, Verbose, TEXT("Starting second pass: removal operations"));
-		for (const FString& Name : Removals)
-		{
-			Remove(Name);
-		}
+		const FStructureKind Kind{
+			TEXT("interface"), {TEXT("name"), TEXT("action")}, TEXT("Interface entry missing 'name' field.")};
+		StructureBatch::Walk(
+			Interfaces, Kind, Result,
+			[this](const FStructureEntry& Entry, bool bAdd) { AddOrModify(Entry.Name, bAdd); },
+			[this](const FString& Name) { Remove(Name); });
 		Finish();
 	}
 
@@ -153,7 +134,7 @@ private:
 		}
 		for (TFieldIterator<UFunction> It(&Class, EFieldIteratorFlags::IncludeSuper); It; ++It)
 		{
-			if (StaticFindObjectFast(nullptr, &Blueprint, It->GetFName()))
+			if (FKismetNameValidator(&Blueprint).IsValid(It->GetFName()) != EValidatorResult::Ok)
 			{
 				return FString::Printf(
 					TEXT("the Blueprint has something of its own by the name of its function '%s'"), *It->GetName());
@@ -162,11 +143,11 @@ private:
 		return FString();
 	}
 
-	/** By name before by a part of the path, which several may share. */
-	const UClass* FindMatch(const FString& Name) const
+	/** By name before by a part of the path, which several may share. Null when none is meant. */
+	const FBPInterfaceDescription* FindMatch(const FString& Name) const
 	{
 		const UClass* const Resolved = FindInterfaceClass(Name);
-		const UClass* ByPath = nullptr;
+		const FBPInterfaceDescription* ByPath = nullptr;
 		for (const FBPInterfaceDescription& Row : Blueprint.ImplementedInterfaces)
 		{
 			const UClass* const Class = Row.Interface.Get();
@@ -177,23 +158,25 @@ private:
 			UE_LOG(LogTemp, Verbose, TEXT("Checking if interface %s matches %s"), *Class->GetName(), *Name);
 			if (Class == Resolved || IsName(Name, *Class))
 			{
-				return Class;
+				return &Row;
 			}
 			const bool bInPath = Class->GetPathName().Find(Name, ESearchCase::IgnoreCase) != INDEX_NONE;
-			ByPath = ByPath || !bInPath ? ByPath : Class;
+			ByPath = ByPath || !bInPath ? ByPath : &Row;
 		}
 		return ByPath;
 	}
 
 	void Remove(const FString& Name)
 	{
-		const UClass* const Class = FindMatch(Name);
-		if (!Class)
+		const FBPInterfaceDescription* const Row = FindMatch(Name);
+		if (!Row)
 		{
 			Result.AddWarningMessage(FString::Printf(TEXT("Interface not found for removal: %s"), *Name));
 			return;
 		}
+		const UClass* const Class = Row->Interface.Get();
 		Changed.Add(Class->GetName());
+		MemberNodes::WarnOfInterfaceNodes(Blueprint, *Row, Name, Result);
 		// Without the interface nobody calls its functions, so they go with it.
 		FBlueprintEditorUtils::RemoveInterface(&Blueprint, FTopLevelAssetPath(Class), false);
 		Result.AddSuccessMessage(FString::Printf(TEXT("Removed interface: %s"), *Name));

@@ -5,6 +5,7 @@
 #include "Engine/Blueprint.h"
 #include "K2Node_BaseMCDelegate.h"
 #include "K2Node_ComponentBoundEvent.h"
+#include "K2Node_FunctionTerminator.h"
 #include "K2Node_Variable.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
@@ -73,6 +74,34 @@ void WarnOfDispatcherNodes(UBlueprint& Blueprint, FName Dispatcher, Morvane::FTo
 		Result.AddWarningMessage(FString::Printf(
 			TEXT("%d node(s) still refer to delegate '%s', which is gone, and have to be removed too: %s"), Users.Num(),
 			*Dispatcher.ToString(), *FString::Join(Users, TEXT(", "))));
+	}
+}
+void WarnOfInterfaceNodes(const UBlueprint& Blueprint, const FBPInterfaceDescription& Interface, const FString& Name,
+	Morvane::FToolResult& Result)
+{
+	const UClass* const Class = Interface.Interface.Get();
+	TArray<FString> Lost = DescribeUsers(Blueprint,
+		[Class](const UEdGraphNode& Node)
+		{
+			const UK2Node_Event* const Event = Cast<UK2Node_Event>(&Node);
+			return Event && Event->IsNodeEnabled() && Event->EventReference.GetMemberParentClass() == Class;
+		});
+	for (const UEdGraph* const Graph : Interface.Graphs)
+	{
+		int32 NumOwn = 0;
+		for (const UEdGraphNode* const Node : Graph ? Graph->Nodes : TArray<TObjectPtr<UEdGraphNode>>())
+		{
+			NumOwn += Node && !Node->IsA<UK2Node_FunctionTerminator>() ? 1 : 0;
+		}
+		if (NumOwn > 0)
+		{
+			Lost.Add(FString::Printf(TEXT("function '%s' with %d node(s)"), *Graph->GetName(), NumOwn));
+		}
+	}
+	if (!Lost.IsEmpty())
+	{
+		Result.AddWarningMessage(FString::Printf(
+			TEXT("What implemented interface '%s' was removed with it: %s"), *Name, *FString::Join(Lost, TEXT(", "))));
 	}
 }
 } // namespace MemberNodes
