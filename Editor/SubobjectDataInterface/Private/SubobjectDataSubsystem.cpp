@@ -91,6 +91,29 @@ static void Attach(USimpleConstructionScript& Script, USCS_Node& Node, const FSu
 	Script.AddNode(&Node);
 }
 
+/** Whether a node of the script may hang on the component: that stands in the tree, and not below the node. */
+static bool CanHang(const USCS_Node& Node, const FSubobjectData& Parent)
+{
+	const USimpleConstructionScript* const Script = Node.GetSCS();
+	const USCS_Node* const ParentNode = Parent.GetSCSNode();
+	const bool bOwn = ParentNode && ParentNode->GetSCS() == Script;
+	return Parent.IsSceneComponent() && ParentNode != &Node
+		&& (!bOwn || (Script->AllNodes.Contains(ParentNode) && !ParentNode->IsChildOf(&Node)));
+}
+
+/** Whether the component is what the node hangs on, and not only by default: what hangs on the root for want of a
+ * parent of its own gets it as its parent. */
+static bool HangsOn(USCS_Node& Node, const FSubobjectData& Parent)
+{
+	const USimpleConstructionScript* const Script = Node.GetSCS();
+	const USCS_Node* const ParentNode = Parent.GetSCSNode();
+	if (ParentNode && ParentNode->GetSCS() == Script)
+	{
+		return ParentNode->GetChildNodes().Contains(&Node);
+	}
+	return Script->GetRootNodes().Contains(&Node) && Node.ParentComponentOrVariableName == Parent.GetVariableName();
+}
+
 /** The parent that a component of the class really gets: what has no place hangs on the actor. */
 static const FSubobjectData* ChooseParent(const FSubobjectDataHandle& Asked, const UClass& Class)
 {
@@ -108,27 +131,23 @@ bool USubobjectDataSubsystem::ReparentSubobject(
 	{
 		return false;
 	}
-	// Handles that were taken before another move tell of the tree as it was then.
-	const FSubobjectDataHandle Parent = FindHandleForObject(
-		FSubobjectDataHandle(), Params.NewParentHandle.GetData()->GetObject(), Blueprint);
-	const FSubobjectDataHandle Moved = FindHandleForObject(
-		FSubobjectDataHandle(), ToReparentHandle.GetData()->GetObject(), Blueprint);
-	if (!Parent.IsValid() || !Moved.IsValid() || !Moved.GetData()->CanReparent()
-		|| !Parent.GetData()->IsSceneComponent() || Parent == Moved || Parent.GetData()->IsAttachedTo(Moved))
+	// Handles that were taken before another move tell of the tree as it was then, so it is the nodes that are asked.
+	const FSubobjectData& Parent = *Params.NewParentHandle.GetData();
+	USCS_Node* const Node = ToReparentHandle.GetData()->GetSCSNode();
+	if (!ToReparentHandle.GetData()->CanReparent() || !Node
+		|| Node->GetSCS() != Blueprint->SimpleConstructionScript.Get()
+		|| !Blueprint->SimpleConstructionScript->AllNodes.Contains(Node) || !Subobjects::CanHang(*Node, Parent))
 	{
 		return false;
 	}
-	USCS_Node* const Node = Moved.GetData()->GetSCSNode();
-	// What hangs on the root for want of a parent of its own gets it as its parent.
-	const bool bByDefault = Node->IsRootNode() && Node->ParentComponentOrVariableName.IsNone();
-	if (Moved.GetData()->GetParentHandle() == Parent && !bByDefault)
+	if (Subobjects::HangsOn(*Node, Parent))
 	{
 		return true;
 	}
 	Blueprint->SimpleConstructionScript->Modify();
 	Node->Modify();
 	Blueprint->SimpleConstructionScript->RemoveNode(Node, false);
-	Subobjects::Attach(*Blueprint->SimpleConstructionScript, *Node, *Parent.GetData());
+	Subobjects::Attach(*Blueprint->SimpleConstructionScript, *Node, Parent);
 	Blueprint->SimpleConstructionScript->ValidateSceneRootNodes();
 	FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(Blueprint);
 	return true;

@@ -17,7 +17,7 @@
 #include "Utils/Structure/ComponentAttachment.h"
 #include "Utils/Structure/ComponentProperties.h"
 #include "Utils/Structure/MemberNodes.h"
-#include "Utils/Structure/StructureEntry.h"
+#include "Utils/Structure/StructureBatch.h"
 #include "Utils/Structure/StructureNames.h"
 
 namespace BlueprintComponents
@@ -50,6 +50,7 @@ public:
 		: Blueprint(InBlueprint)
 		, Script(*InBlueprint.SimpleConstructionScript)
 		, Result(InResult)
+		, Handles(InBlueprint)
 	{
 		for (USCS_Node* const Node : Script.GetAllNodes())
 		{
@@ -59,31 +60,13 @@ public:
 
 	void Run(const TArray<TSharedPtr<FJsonValue>>& Components)
 	{
-		TArray<FString> Removals;
-		for (const TSharedPtr<FJsonValue>& Value : Components)
-		{
-			TSharedPtr<FJsonObject> Json;
-			FString Name;
-			if (!FStructureEntry::FindNamed(Value, Json, Name))
-			{
-				Result.AddWarningMessage(TEXT("Component entry missing 'name' field."));
-				continue;
-			}
-			const FStructureEntry Entry(*Json, TEXT("component"), Name, Result);
-			const TOptional<EBPNodeAction> Action = Entry.ReadAction(EBPNodeAction::Add);
-			if (Action == EBPNodeAction::Remove)
-			{
-				Removals.Add(Name);
-			}
-			else if (Action)
-			{
-				AddOrModify(Name, Entry, *Action == EBPNodeAction::Add);
-			}
-		}
-		for (const FString& Name : Removals)
-		{
-			Remove(Name);
-		}
+		const FStructureKind Kind{TEXT("component"),
+			{TEXT("name"), TEXT("action"), TEXT("type"), TEXT("properties"), TEXT("attach_to")},
+			TEXT("Component entry missing 'name' field.")};
+		StructureBatch::Walk(
+			Components, Kind, Result,
+			[this](const FStructureEntry& Entry, bool bAdd) { AddOrModify(Entry.Name, Entry, bAdd); },
+			[this](const FString& Name) { Remove(Name); });
 		Finish();
 	}
 
@@ -154,7 +137,6 @@ private:
 	/** Its values are this Blueprint's; what it is and where it hangs is the class's. */
 	void ModifyNative(const FString& Name, UActorComponent& Component, const FStructureEntry& Entry)
 	{
-		WarnOfOtherKeys(Entry);
 		for (const TCHAR* const Key : {TEXT("type"), TEXT("attach_to")})
 		{
 			if (Entry.ReadString(Key))
@@ -241,15 +223,13 @@ private:
 		}
 		else if (ParentName)
 		{
-			ComponentAttachment::Attach(Blueprint, *Node, Parent, *ParentName, Result);
+			ComponentAttachment::Attach(Blueprint, *Node, Parent, *ParentName, Handles, Result);
 		}
-		WarnOfOtherKeys(Entry);
 		Changed.Add(Name);
 	}
 
 	void Modify(const FString& Name, USCS_Node& Node, const FStructureEntry& Entry)
 	{
-		WarnOfOtherKeys(Entry);
 		bool bChanged = false;
 		const TSharedPtr<FJsonObject> Properties = Entry.ReadObject(TEXT("properties"));
 		if (Properties && Node.ComponentTemplate)
@@ -265,7 +245,7 @@ private:
 		}
 		if (const TOptional<FString> ParentName = Entry.ReadString(TEXT("attach_to")))
 		{
-			bChanged |= ComponentAttachment::Attach(Blueprint, Node, Find(*ParentName), *ParentName, Result);
+			bChanged |= ComponentAttachment::Attach(Blueprint, Node, Find(*ParentName), *ParentName, Handles, Result);
 		}
 		if (!bChanged)
 		{
@@ -274,11 +254,6 @@ private:
 		}
 		Result.AddSuccessMessage(FString::Printf(TEXT("Modified existing component: %s"), *Name));
 		Changed.Add(Node.GetVariableName().ToString());
-	}
-
-	static void WarnOfOtherKeys(const FStructureEntry& Entry)
-	{
-		Entry.WarnOfOtherKeys({TEXT("name"), TEXT("action"), TEXT("type"), TEXT("properties"), TEXT("attach_to")});
 	}
 
 	void Remove(const FString& Name)
@@ -353,6 +328,7 @@ private:
 	UBlueprint& Blueprint;
 	USimpleConstructionScript& Script;
 	FToolResult& Result;
+	FComponentHandles Handles;
 	TMap<FName, USCS_Node*> Nodes;
 	TSet<FName> GoneWithParent;
 	TArray<FString> Changed;

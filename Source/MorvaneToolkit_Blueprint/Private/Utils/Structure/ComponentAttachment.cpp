@@ -5,7 +5,6 @@
 #include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "SubobjectData.h"
-#include "SubobjectDataHandle.h"
 #include "SubobjectDataSubsystem.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
@@ -25,21 +24,6 @@ const UObject* FindHeldComponent(const UBlueprint& Blueprint, FName Member)
 	UClass* const Class = Blueprint.GeneratedClass.Get();
 	const FObjectProperty* const Property = CastField<FObjectProperty>(Class->FindPropertyByName(Member));
 	return Property ? Property->GetObjectPropertyValue_InContainer(Class->GetDefaultObject()) : nullptr;
-}
-
-/** By name: a component of a parent Blueprint or of the class's own code. */
-FSubobjectDataHandle FindInherited(
-	const UBlueprint& Blueprint, const TArray<FSubobjectDataHandle>& Handles, const FString& Name)
-{
-	const FName Wanted(*Name);
-	const UObject* const Held = FindHeldComponent(Blueprint, Wanted);
-	const FSubobjectDataHandle* const Found = Handles.FindByPredicate(
-		[Wanted, Held](const FSubobjectDataHandle& Handle)
-		{
-			const FSubobjectData& Data = *Handle.GetData();
-			return Data.IsComponent() && (Data.GetVariableName() == Wanted || (Held && Data.GetObject() == Held));
-		});
-	return Found ? *Found : FSubobjectDataHandle::InvalidHandle;
 }
 
 /** The links of the nodes alone, without the tree that the subsystem keeps; only where the result is a tree. */
@@ -78,8 +62,9 @@ FString WhyNot(const USCS_Node& Node, const USCS_Node* OwnParent)
 
 bool IsThere(const UBlueprint& Blueprint, const USCS_Node& Node, const USCS_Node* OwnParent, FName ParentName)
 {
-	const USCS_Node* const Present = Blueprint.SimpleConstructionScript->FindParentNode(const_cast<USCS_Node*>(&Node));
-	return OwnParent ? Present == OwnParent : !Present && Node.ParentComponentOrVariableName == ParentName;
+	return OwnParent ? OwnParent->GetChildNodes().Contains(&Node)
+					 : Blueprint.SimpleConstructionScript->GetRootNodes().Contains(&Node)
+			&& Node.ParentComponentOrVariableName == ParentName;
 }
 } // namespace
 
@@ -100,17 +85,11 @@ void AddNode(UBlueprint& Blueprint, USCS_Node& Node, USCS_Node* Parent)
 }
 
 bool Attach(UBlueprint& Blueprint, USCS_Node& Node, USCS_Node* OwnParent, const FString& ParentName,
-	Morvane::FToolResult& Result)
+	FComponentHandles& Handles, Morvane::FToolResult& Result)
 {
 	const FString Name = Node.GetVariableName().ToString();
 	USubobjectDataSubsystem* const Subsystem = USubobjectDataSubsystem::Get();
-	TArray<FSubobjectDataHandle> Handles;
-	FSubobjectDataHandle Parent;
-	if (Subsystem && !OwnParent)
-	{
-		Subsystem->K2_GatherSubobjectDataForBlueprint(&Blueprint, Handles);
-		Parent = FindInherited(Blueprint, Handles, ParentName);
-	}
+	const FSubobjectDataHandle Parent = OwnParent ? Handles.Find(*OwnParent) : Handles.FindInherited(ParentName);
 	if (!OwnParent && !Parent.IsValid())
 	{
 		Result.AddWarningMessage(FString::Printf(TEXT("Parent component '%s' not found for attachment"), *ParentName));
@@ -132,16 +111,10 @@ bool Attach(UBlueprint& Blueprint, USCS_Node& Node, USCS_Node* OwnParent, const 
 		}
 		return bAttached;
 	}
-	if (OwnParent)
-	{
-		Subsystem->K2_GatherSubobjectDataForBlueprint(&Blueprint, Handles);
-		Parent = Subsystem->FindHandleForObject(FSubobjectDataHandle(), OwnParent, &Blueprint);
-	}
 	FReparentSubobjectParams Params;
 	Params.NewParentHandle = Parent;
 	Params.BlueprintContext = &Blueprint;
-	const FSubobjectDataHandle Moved = Subsystem->FindHandleForObject(FSubobjectDataHandle(), &Node, &Blueprint);
-	if (Subsystem->ReparentSubobjects(Params, {Moved}))
+	if (Subsystem->ReparentSubobjects(Params, {Handles.Find(Node)}))
 	{
 		Result.AddSuccessMessage(
 			FString::Printf(TEXT("Attached existing component '%s' to parent '%s'"), *Name, *ParentName));
@@ -160,3 +133,51 @@ bool Attach(UBlueprint& Blueprint, USCS_Node& Node, USCS_Node* OwnParent, const 
 	return true;
 }
 } // namespace ComponentAttachment
+
+FComponentHandles::FComponentHandles(UBlueprint& InBlueprint)
+	: Blueprint(InBlueprint)
+{
+}
+
+void FComponentHandles::Gather()
+{
+	Default = Blueprint.GeneratedClass.Get()->GetDefaultObject();
+	ByObject.Empty();
+	ByName.Empty();
+	const USubobjectDataSubsystem* const Subsystem = USubobjectDataSubsystem::Get();
+	if (!Subsystem)
+	{
+		return;
+	}
+	TArray<FSubobjectDataHandle> Handles;
+	Subsystem->K2_GatherSubobjectDataForBlueprint(&Blueprint, Handles);
+	for (const FSubobjectDataHandle& Handle : Handles)
+	{
+		const FSubobjectData& Data = *Handle.GetData();
+		ByObject.Add(Data.GetObject(), Handle);
+		if (Data.IsInheritedComponent())
+		{
+			ByName.FindOrAdd(Data.GetVariableName(), Handle);
+		}
+	}
+}
+
+FSubobjectDataHandle FComponentHandles::Find(const USCS_Node& Node)
+{
+	const UObject* const Template = Node.ComponentTemplate;
+	if (Template && !ByObject.Contains(Template))
+	{
+		Gather();
+	}
+	return ByObject.FindRef(Template);
+}
+
+FSubobjectDataHandle FComponentHandles::FindInherited(const FString& Name)
+{
+	if (Default.Get() != Blueprint.GeneratedClass.Get()->GetDefaultObject())
+	{
+		Gather();
+	}
+	const FSubobjectDataHandle* const Named = ByName.Find(FName(*Name));
+	return Named ? *Named : ByObject.FindRef(ComponentAttachment::FindHeldComponent(Blueprint, FName(*Name)));
+}
