@@ -1,8 +1,8 @@
 #include "AssetOperationBase.h"
 #include "BlueprintActionMenuItem.h"
 #include "BlueprintNodeSpawner.h"
-#include "MatchingRequests.h"
 #include "Populating.h"
+#include "RequestSets.h"
 #include "Spawning/CamMatching.h"
 
 #include <algorithm>
@@ -142,23 +142,32 @@ static TArray<FString> ActionKeywords(const FCamCandidate& Candidate)
 
 using namespace MatchingTest;
 
+/** Of the set of titles, those of a kind: kind, node class, request and the titles that are meant. */
+static std::vector<FRequestColumns> ReadTitleRequests(const std::string& Kind)
+{
+	std::vector<FRequestColumns> Lines = ReadRequestSet("titles.tsv");
+	std::erase_if(Lines, [&Kind](const FRequestColumns& Line) { return Line.at(0) != Kind; });
+	return Lines;
+}
+
 TEST(Matching, LooseRequestsFindWhatAnAuthorMeans)
 {
 	const FMenu Menu;
 	int32 Right = 0;
 	std::string Missed;
-	for (const MatchingRequests::FRequest& Request : MatchingRequests::Meant)
+	const std::vector<FRequestColumns> Requests = ReadTitleRequests("meant");
+	for (const FRequestColumns& Request : Requests)
 	{
-		const TArray<FCamCandidate> Found = Menu.Find(Request.MenuTitle, Request.ClassName);
+		const TArray<FCamCandidate> Found = Menu.Find(Request.at(2).c_str(), Request.at(1).c_str());
 		ASSERT_FALSE(Found.IsEmpty());
-		if (IsOneOf(Found[0].MenuTitle, Request.Expected) && Found[0].Confidence >= Threshold)
+		if (IsOneOf(Found[0].MenuTitle, Request.at(3)) && Found[0].Confidence >= Threshold)
 		{
 			++Right;
 			continue;
 		}
-		Missed += std::string("\n  ") + Request.MenuTitle + " -> " + Describe(Found);
+		Missed += "\n  " + Request.at(2) + " -> " + Describe(Found);
 	}
-	const int32 Total = static_cast<int32>(std::size(MatchingRequests::Meant));
+	const int32 Total = static_cast<int32>(Requests.size());
 	RecordProperty("right", Right);
 	RecordProperty("total", Total);
 	EXPECT_GE(Right * 100, Total * 95) << Right << " of " << Total << Missed;
@@ -200,16 +209,17 @@ TEST(Matching, NonsenseStaysBelowTheThreshold)
 	int32 Wrong = 0;
 	int32 Total = 0;
 	std::string Spawned;
-	for (const char* const Title : MatchingRequests::Nonsense)
+	for (const FRequestColumns& Request : ReadTitleRequests("nonsense"))
 	{
+		const std::string& Title = Request.at(2);
 		for (const char* const ClassName : {"", "K2Node_CallFunction"})
 		{
-			const TArray<FCamCandidate> Found = Menu.Find(Title, ClassName);
+			const TArray<FCamCandidate> Found = Menu.Find(Title.c_str(), ClassName);
 			++Total;
 			if (Found[0].Confidence >= Threshold)
 			{
 				++Wrong;
-				Spawned += std::string("\n  ") + Title + " -> " + Describe(Found);
+				Spawned += "\n  " + Title + " -> " + Describe(Found);
 			}
 		}
 	}
@@ -259,7 +269,7 @@ TEST(Matching, TheBestIsWhatScoringEveryActionAloneGives)
 TEST(Matching, MoreCommonWordsGoBeforeMoreConfidence)
 {
 	const FMenu Menu;
-	const TArray<FCamCandidate> Found = Menu.Find("set light brightness");
+	const TArray<FCamCandidate> Found = Menu.Find("shine light brightness");
 	ASSERT_EQ(Found.Num(), int32(FBlueprintCamMatching::MaxShown));
 	for (int32 Index = 1; Index < Found.Num(); ++Index)
 	{
