@@ -58,6 +58,9 @@ int32 FKeywordIndex::Add(const FString& Title, const FString& Category, const FS
 	for (int32 Index = 0; Index < Entry.Keywords.Num(); ++Index)
 	{
 		FVocable& Vocable = Vocables[Entry.Keywords[Index]];
+		const EKeywordKind Kind = Vocable.Keyword.Kind;
+		const bool bWhole = Kind == EKeywordKind::Whole || Kind == EKeywordKind::Literal;
+		Entry.NumWholes += bWhole && Index < Entry.TitleCount ? 1 : 0;
 		(Index < Entry.TitleCount ? Vocable.InTitle : Vocable.Elsewhere).Add(Number);
 		Entry.Prior += Vocable.Keyword.Prior;
 	}
@@ -84,7 +87,8 @@ TArray<FKeywordHit> FKeywordIndex::FindBest(
 			if ((Score.Common > 0) == bAnyInCommon && !Entries[Number].bComesLast)
 			{
 				const int32 Distance = KeywordMatch::GetDistance(Entries[Number].Keywords.Num(),
-					Entries[Number].TitleCount, Score.Common, Score.InTitle, Score.Edits, Entries[Number].Prior);
+					Entries[Number].TitleCount, Entries[Number].NumWholes, Score.Common, Score.InTitle, Score.Edits,
+					Entries[Number].Prior);
 				Ranks.Emplace(!Score.bLiteral, -Score.Common, -Score.TitleCommon, Distance, Number);
 			}
 		}

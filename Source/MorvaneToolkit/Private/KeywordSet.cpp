@@ -11,6 +11,8 @@ namespace KeywordTuning
 constexpr int32 UnaskedTitleWord = 4;
 constexpr int32 UnaskedOtherWord = 1;
 constexpr int32 Slip = 32;
+/** The forms of the whole that every title has. */
+constexpr int32 UsualWholes = 2;
 
 /** What a found word is worth when it stands only in category or class: a request of such words alone must not pass. */
 constexpr float OutsideTitle = 0.5f;
@@ -24,6 +26,9 @@ constexpr float PrecisionShare = 0.15f;
 /** Where less of a title than this was asked for, confidence falls with it. */
 constexpr float ChancePrecision = 0.4f;
 constexpr float ChanceOfFew = 0.75f;
+/** How much of "Get X Y" has to be in a title that begins with the verb, and of that title in the request. */
+constexpr float AccessorCoverage = 0.8f;
+constexpr float AccessorPrecision = 0.6f;
 /** The best that anything but the whole title reaches. */
 constexpr float PartialMax = 0.95f;
 /** The whole title was named, but with another node class: the title counts. */
@@ -56,6 +61,8 @@ struct FRequestParts
 	bool bHasTitleWords = false;
 	/** Of the title, those that say more than hundreds of titles do. */
 	int32 NumWeighty = 0;
+	/** What the most telling of them weighs. */
+	float Heaviest = 0.0f;
 };
 
 static FRequestParts GetParts(const TArray<FKeyword>& Keywords)
@@ -71,6 +78,7 @@ static FRequestParts GetParts(const TArray<FKeyword>& Keywords)
 	for (int32 Index = 0; Index < Parts.WordEnd; ++Index)
 	{
 		Parts.NumWeighty += IsWord(Keywords[Index]) ? 1 : 0;
+		Parts.Heaviest = IsWord(Keywords[Index]) ? FMath::Max(Parts.Heaviest, Keywords[Index].Weight) : Parts.Heaviest;
 	}
 	if (!Parts.bHasTitleWords)
 	{
@@ -139,11 +147,47 @@ static bool HasSense(const TArray<FKeyword>& Keywords, int32 End, const FString&
 static bool IsOpposite(
 	const TArray<FKeyword>& Request, int32 WordEnd, const TArray<FKeyword>& Candidate, int32 CandidateTitleCount)
 {
+	const FString Not(TEXT("not"));
+	if (HasSense(Request, WordEnd, Not) && !HasSense(Candidate, CandidateTitleCount, Not))
+	{
+		return true;
+	}
 	for (int32 Index = 0; Index < WordEnd; ++Index)
 	{
 		const FKeyword& Word = Request[Index];
 		if (!Word.Opposite.IsEmpty() && HasSense(Candidate, CandidateTitleCount, Word.Opposite)
 			&& !HasSense(Candidate, CandidateTitleCount, Word.Sense) && !HasSense(Request, WordEnd, Word.Opposite))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
+/**
+ * "Get X" and "Set X" are the names of variables and of functions that are one: a title with another verb or with much
+ * else in it is about something else. True for any other request.
+ */
+static bool IsAccessorOf(const TArray<FKeyword>& Request, const FRequestParts& Parts, const TArray<FKeyword>& Candidate,
+	float Coverage, float Precision)
+{
+	const FString Verb = Parts.bHasTitleWords && Parts.WordEnd > 0 ? Request[0].Text : FString();
+	if (!Verb.Equals(TEXT("get"), ESearchCase::CaseSensitive) && !Verb.Equals(TEXT("set"), ESearchCase::CaseSensitive))
+	{
+		return true;
+	}
+	const bool bSameVerb = !Candidate.IsEmpty() && Candidate[0].Text.Equals(Verb, ESearchCase::CaseSensitive);
+	const bool bOneWord = Parts.NumWeighty <= 2;
+	return bSameVerb && Coverage >= KeywordTuning::AccessorCoverage
+		&& Precision >= (bOneWord ? 1.0f : KeywordTuning::AccessorPrecision);
+}
+
+/** Whether the title is all about one name, so that a title with another name is about something else. */
+static bool IsOfNamedClass(const TArray<FKeyword>& Candidate, int32 TitleCount)
+{
+	for (int32 Index = TitleCount; Index < Candidate.Num(); ++Index)
+	{
+		if (Candidate[Index].Kind == EKeywordKind::NodeClass && KeywordWords::IsNamedClassName(Candidate[Index].Text))
 		{
 			return true;
 		}
@@ -233,6 +277,16 @@ int32 FKeywordSet::GetTitleCount() const
 	return Keywords.Num();
 }
 
+int32 FKeywordSet::CountWholes() const
+{
+	int32 Count = 0;
+	for (int32 Index = 0; Index < GetTitleCount(); ++Index)
+	{
+		Count += Keywords[Index].Kind == EKeywordKind::Whole || Keywords[Index].Kind == EKeywordKind::Literal ? 1 : 0;
+	}
+	return Count;
+}
+
 int32 FKeywordSet::GetPrior() const
 {
 	int32 Sum = 0;
@@ -286,11 +340,13 @@ KeywordMatch::FComparison KeywordMatch::Compare(const FKeywordSet& Request, cons
 	return Comparison;
 }
 
-int32 KeywordMatch::GetDistance(
-	int32 CandidateCount, int32 CandidateTitleCount, int32 CommonCount, int32 InTitleCount, int32 Edits, int32 Prior)
+int32 KeywordMatch::GetDistance(int32 CandidateCount, int32 CandidateTitleCount, int32 NumWholes, int32 CommonCount,
+	int32 InTitleCount, int32 Edits, int32 Prior)
 {
-	// Two words of a request may hit the same word of the candidate, hence the lower bounds.
-	const int32 UnaskedInTitle = FMath::Max(0, CandidateTitleCount - InTitleCount);
+	// Two words of a request may hit the same word of the candidate, hence the lower bounds. How many forms the whole
+	// title has says nothing about how much of it was asked for.
+	const int32 MoreForms = FMath::Max(0, NumWholes - KeywordTuning::UsualWholes);
+	const int32 UnaskedInTitle = FMath::Max(0, CandidateTitleCount - MoreForms - InTitleCount);
 	const int32 Unasked = FMath::Max(0, CandidateCount - CandidateTitleCount - (CommonCount - InTitleCount));
 	return UnaskedInTitle * KeywordTuning::UnaskedTitleWord + Unasked * KeywordTuning::UnaskedOtherWord
 		+ Edits * KeywordTuning::Slip + Prior;
@@ -312,8 +368,8 @@ FKeywordSimilarity KeywordMatch::MakeSimilarity(
 		}
 	}
 	Similarity.CommonCount = Comparison.CommonCount;
-	Similarity.Distance = GetDistance(Candidate.Num(), Candidate.GetTitleCount(), Comparison.CommonCount,
-		Comparison.InTitleCount, Comparison.Edits, Candidate.GetPrior());
+	Similarity.Distance = GetDistance(Candidate.Num(), Candidate.GetTitleCount(), Candidate.CountWholes(),
+		Comparison.CommonCount, Comparison.InTitleCount, Comparison.Edits, Candidate.GetPrior());
 	return Similarity;
 }
 
@@ -350,6 +406,14 @@ float KeywordMatch::GetConfidence(const FKeywordSet& Request, const FKeywordSet&
 		* (1.0f - KeywordTuning::PrecisionShare * (1.0f - Precision));
 	// A title that is mostly about something else has the words by chance.
 	Confidence *= FMath::Min(1.0f, Precision / KeywordTuning::ChancePrecision);
+	if (!KeywordSetImpl::IsAccessorOf(Keywords, Parts, Candidate.GetKeywords(), Coverage, Precision))
+	{
+		Confidence = FMath::Min(Confidence, KeywordTuning::VagueMax);
+	}
+	if (Precision < 1.0f && KeywordSetImpl::IsOfNamedClass(Candidate.GetKeywords(), TitleCount))
+	{
+		Confidence = FMath::Min(Confidence, KeywordTuning::VagueMax);
+	}
 	if (KeywordSetImpl::IsOpposite(Keywords, Parts.WordEnd, Candidate.GetKeywords(), TitleCount))
 	{
 		Confidence = FMath::Min(Confidence, KeywordTuning::OppositeMax);
@@ -361,7 +425,8 @@ float KeywordMatch::GetConfidence(const FKeywordSet& Request, const FKeywordSet&
 		Confidence = FMath::Min(Confidence, KeywordTuning::VagueMax);
 	}
 	// One word stands in too many titles to mean one that has more of them.
-	if (TotalWeight < KeywordTuning::VagueWeight || (Parts.NumWeighty == 1 && Precision < 1.0f))
+	if (TotalWeight < KeywordTuning::VagueWeight || Parts.Heaviest < KeywordTuning::VagueWeight
+		|| (Parts.NumWeighty == 1 && Precision < 1.0f))
 	{
 		Confidence = FMath::Min(Confidence, KeywordTuning::VagueMax);
 	}

@@ -147,6 +147,13 @@ inline constexpr const TCHAR* FamilyClasses[] = {TEXT("CallFunction"), TEXT("Cal
 	TEXT("AIMoveTo"), TEXT("Literal"), TEXT("GetEnumeratorName"), TEXT("BaseAsyncTask"), TEXT("GetSubsystem"),
 	TEXT("EnumLiteral"), TEXT("CastByteToEnum"), TEXT("ForEachElementInEnum"), TEXT("Tunnel"), TEXT("Composite")};
 
+/** Of those, the ones whose titles are a verb and one name. */
+inline constexpr const TCHAR* NamedClasses[] = {TEXT("VariableGet"), TEXT("VariableSet"), TEXT("DynamicCast"),
+	TEXT("ClassDynamicCast"), TEXT("AddDelegate"), TEXT("RemoveDelegate"), TEXT("ClearDelegate"), TEXT("CallDelegate"),
+	TEXT("AssignDelegate"), TEXT("SwitchEnum"), TEXT("MakeStruct"), TEXT("BreakStruct"), TEXT("SetFieldsInStruct"),
+	TEXT("EnumLiteral"), TEXT("CastByteToEnum"), TEXT("ForEachElementInEnum"), TEXT("GetNumEnumEntries"),
+	TEXT("InputKey"), TEXT("Message")};
+
 inline constexpr float ConnectorWeight = 0.15f;
 inline constexpr float CommonWeight = 0.35f;
 inline constexpr float OwnerWeight = 0.5f;

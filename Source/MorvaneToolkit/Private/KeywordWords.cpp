@@ -13,6 +13,7 @@ struct FLookup
 	TMap<FString, TArray<FString>> Spelling;
 	TSet<FString> Filler;
 	TSet<FString> Family;
+	TSet<FString> Named;
 	TMap<FString, float> Weight;
 	TMap<FString, int32> Prior;
 	TSet<FString> Joint;
@@ -39,6 +40,10 @@ private:
 		for (const TCHAR* const ClassName : FamilyClasses)
 		{
 			Family.Add(ClassName);
+		}
+		for (const TCHAR* const ClassName : NamedClasses)
+		{
+			Named.Add(ClassName);
 		}
 		for (const TCHAR* const Word : WellKnown)
 		{
@@ -295,6 +300,11 @@ TArray<FString> KeywordWords::SplitNodeClassName(FStringView ClassName)
 bool KeywordWords::IsFamilyClassName(FStringView ClassName)
 {
 	return KeywordWordImpl::FLookup::Get().Family.Contains(FString(KeywordWordImpl::GetNodeClassStem(ClassName)));
+}
+
+bool KeywordWords::IsNamedClassName(FStringView ClassName)
+{
+	return KeywordWordImpl::FLookup::Get().Named.Contains(FString(KeywordWordImpl::GetNodeClassStem(ClassName)));
 }
 
 float KeywordWords::GetWeight(const FString& Word)

@@ -26,6 +26,10 @@ TArray<FString> SplitNodeClassName(FStringView ClassName);
 /** Whether nodes of many different titles have this class; case does not matter. */
 bool IsFamilyClassName(FStringView ClassName);
 
+/** Whether a node of this class is titled by what it does and one name: "Bind Event to OnOpened"; case does not matter.
+ */
+bool IsNamedClassName(FStringView ClassName);
+
 /** How much a word says about which node is meant: 1 for most, less for words that stand in hundreds of titles. */
 float GetWeight(const FString& Word);
 

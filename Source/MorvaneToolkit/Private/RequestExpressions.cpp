@@ -4,11 +4,6 @@
 
 namespace RequestExpressionImpl
 {
-static FString GetKind(const FString& Name, const FRequestScope& Scope)
-{
-	return Scope.GetVariableKind ? Scope.GetVariableKind(Name) : FString();
-}
-
 static bool IsNull(const FString& Text)
 {
 	static const TSet<FString> Names = {TEXT("null"), TEXT("nullptr"), TEXT("none"), TEXT("nil"), TEXT("undefined"),
@@ -24,7 +19,7 @@ static bool ReadNullTest(const FString& Text, TArray<FRequestReading>& OutReadin
 		if (Index != INDEX_NONE && IsNull(Text.RightChop(Index + FStringView(Sign).Len()))
 			&& RequestSyntax::IsOperand(Text.Left(Index)))
 		{
-			OutReadings.Add({TEXT("Is Valid"), TEXT("KismetSystemLibrary"), true});
+			OutReadings.Add({TEXT("Is Valid"), TEXT("KismetSystemLibrary")});
 			return true;
 		}
 	}
@@ -41,7 +36,7 @@ static bool ReadTernary(const FString& Text, TArray<FRequestReading>& OutReading
 		&& RequestSyntax::IsOperand(Text.Left(If));
 	if (bSigns || bWords)
 	{
-		OutReadings.Add({TEXT("Select"), FString(), true});
+		OutReadings.Add({TEXT("Select"), FString()});
 	}
 	return bSigns || bWords;
 }
@@ -78,10 +73,61 @@ constexpr FOperator Operators[] = {
 	{TEXT("^"), TEXT("Bitwise XOR"), true},
 };
 
+/** "f\"{x}\"", "`${x}`". */
+static bool ReadFormatted(const FString& Text, TArray<FRequestReading>& OutReadings)
+{
+	const bool bPrefixed = Text.Len() > 3 && (Text[0] == TEXT('f') || Text[0] == TEXT('$'))
+		&& RequestSyntax::IsQuoted(Text.RightChop(1));
+	const bool bTicked = Text.Len() > 2 && Text[0] == TEXT('`') && Text.EndsWith(TEXT("`"), ESearchCase::CaseSensitive);
+	if (bPrefixed || bTicked)
+	{
+		OutReadings.Add({TEXT("Format Text"), FString()});
+	}
+	return bPrefixed || bTicked;
+}
+
+/** Whether both sides of the word are conditions: "x > 0 and y < 1". */
+static bool ReadJoinedConditions(const FString& Text, TArray<FRequestReading>& OutReadings)
+{
+	const auto IsCondition = [](const FString& Side)
+	{
+		for (const TCHAR* const Sign : {TEXT("=="), TEXT("!="), TEXT("<="), TEXT(">="), TEXT("<"), TEXT(">")})
+		{
+			if (RequestSyntax::FindSign(Side, Sign) != INDEX_NONE)
+			{
+				return true;
+			}
+		}
+		return false;
+	};
+	for (const TCHAR* const Word : {TEXT(" or "), TEXT(" and ")})
+	{
+		const int32 Index = RequestSyntax::FindSign(Text, Word);
+		if (Index != INDEX_NONE
+			&& (IsCondition(Text.Left(Index)) || IsCondition(Text.RightChop(Index + FStringView(Word).Len()))))
+		{
+			OutReadings.Add({FString(Word).TrimStartAndEnd().ToUpper() + TEXT(" Boolean"), FString()});
+			return true;
+		}
+	}
+	return false;
+}
+
+/** "try / catch" divides nothing. */
+static bool IsWordOfLanguage(const FString& Text)
+{
+	static const TSet<FString> Words = {TEXT("try"), TEXT("catch"), TEXT("except"), TEXT("finally"), TEXT("if"),
+		TEXT("else"), TEXT("then"), TEXT("and"), TEXT("or"), TEXT("on"), TEXT("off"), TEXT("yes"), TEXT("no"),
+		TEXT("get"), TEXT("set"), TEXT("show"), TEXT("hide"), TEXT("open"), TEXT("close"), TEXT("start"), TEXT("stop"),
+		TEXT("add"), TEXT("remove"), TEXT("enable"), TEXT("disable"), TEXT("flip"), TEXT("flop"), TEXT("do"),
+		TEXT("while"), TEXT("for"), TEXT("switch"), TEXT("case"), TEXT("begin"), TEXT("end")};
+	return Words.Contains(Text.TrimStartAndEnd().ToLower());
+}
+
 static bool IsString(const FString& Text, const FRequestScope& Scope)
 {
 	const FString Term = Text.TrimStartAndEnd();
-	return RequestSyntax::IsQuoted(Term) || GetKind(Term, Scope).Equals(TEXT("string"))
+	return RequestSyntax::IsQuoted(Term) || Scope.GetVariableKind(Term).Equals(TEXT("string"))
 		|| Term.Equals(TEXT("string"), ESearchCase::IgnoreCase);
 }
 
@@ -91,10 +137,10 @@ static void AddOperator(const FOperator& Row, const FString& Left, const FString
 	const bool bJoins = FStringView(Row.Sign).Equals(TEXT("+")) && (IsString(Left, Scope) || IsString(Right, Scope));
 	if (bJoins)
 	{
-		Out.Add({TEXT("Append"), TEXT("KismetStringLibrary"), true});
+		Out.Add({TEXT("Append"), TEXT("KismetStringLibrary")});
 		return;
 	}
-	Out.Add({Row.Title, FString(), true});
+	Out.Add({Row.Title, FString()});
 }
 
 static bool ReadOperator(const FString& Text, const FRequestScope& Scope, TArray<FRequestReading>& OutReadings)
@@ -109,7 +155,8 @@ static bool ReadOperator(const FString& Text, const FRequestScope& Scope, TArray
 		}
 		const FString Left = Text.Left(Index);
 		const FString Right = Text.RightChop(Index + Sign.Len());
-		if (RequestSyntax::IsOperand(Left) && RequestSyntax::IsOperand(Right))
+		if (RequestSyntax::IsOperand(Left) && RequestSyntax::IsOperand(Right) && !IsWordOfLanguage(Left)
+			&& !IsWordOfLanguage(Right))
 		{
 			AddOperator(Row, Left, Right, Scope, OutReadings);
 			return true;
@@ -125,7 +172,7 @@ static bool IsCodeWord(const FString& Text, const FRequestScope& Scope)
 	const bool bFlag = Text.Len() > 2 && Text[0] == TEXT('b') && FChar::IsUpper(Text[1]);
 	return bFlag || Text.Len() == 1 || Text.Contains(TEXT("_")) || Text.Equals(TEXT("true"), ESearchCase::IgnoreCase)
 		|| Text.Equals(TEXT("false"), ESearchCase::IgnoreCase) || RequestSyntax::ReadChain(Text, Chain)
-		|| !GetKind(Text, Scope).IsEmpty();
+		|| !Scope.GetVariableKind(Text).IsEmpty();
 }
 
 /** "a and b", "not a". */
@@ -139,7 +186,7 @@ static bool ReadLogicWords(const FString& Text, const FRequestScope& Scope, TArr
 		{
 			if (Pieces[1].Equals(Word, ESearchCase::IgnoreCase))
 			{
-				OutReadings.Add({FString(Word).ToUpper() + TEXT(" Boolean"), FString(), true});
+				OutReadings.Add({FString(Word).ToUpper() + TEXT(" Boolean"), FString()});
 				return true;
 			}
 		}
@@ -149,9 +196,34 @@ static bool ReadLogicWords(const FString& Text, const FRequestScope& Scope, TArr
 		&& IsCodeWord(Pieces[1], Scope);
 	if (bSign || bWord)
 	{
-		OutReadings.Add({TEXT("NOT Boolean"), FString(), true});
+		OutReadings.Add({TEXT("NOT Boolean"), FString()});
 	}
 	return bSign || bWord;
+}
+
+/** "key in dict", "x not in items". */
+static bool ReadMembership(const FString& Text, const FRequestScope& Scope, TArray<FRequestReading>& OutReadings)
+{
+	const bool bIf = Text.StartsWith(TEXT("if "), ESearchCase::IgnoreCase);
+	const FString Term = bIf ? Text.RightChop(3) : Text;
+	TArray<FString> Pieces;
+	Term.ParseIntoArrayWS(Pieces);
+	const bool bNot = Pieces.Num() == 4 && Pieces[1].Equals(TEXT("not"), ESearchCase::IgnoreCase);
+	if ((Pieces.Num() != 3 && !bNot) || !Pieces[Pieces.Num() - 2].Equals(TEXT("in"), ESearchCase::IgnoreCase)
+		|| !RequestSyntax::IsOperand(Pieces[0]))
+	{
+		return false;
+	}
+	const FString Place = Pieces.Last().EndsWith(TEXT(":")) ? Pieces.Last().LeftChop(1) : Pieces.Last();
+	const FString OfKind = RequestLexicon::GetFamilyOfKind(Scope.GetVariableKind(Place));
+	const FString Family = OfKind.IsEmpty() ? RequestLexicon::GetFamily(Place) : OfKind;
+	// "replace in string" says what is done there.
+	if (Family.IsEmpty() || (!bIf && !RequestLexicon::FindVerb(Family, Pieces[0]).IsEmpty()))
+	{
+		return false;
+	}
+	OutReadings.Append(RequestLexicon::FindVerb(Family, TEXT("contain")));
+	return true;
 }
 
 static bool ReadStep(const FString& Text, TArray<FRequestReading>& OutReadings)
@@ -163,7 +235,7 @@ static bool ReadStep(const FString& Text, TArray<FRequestReading>& OutReadings)
 		const FString Name = bBefore ? Text.RightChop(2) : Text.LeftChop(2);
 		if ((bBefore || bAfter) && (Name.IsEmpty() || RequestSyntax::IsOperand(Name)))
 		{
-			OutReadings.Add({Sign[0] == TEXT('+') ? TEXT("Increment Int") : TEXT("Decrement Int"), FString(), true});
+			OutReadings.Add({Sign[0] == TEXT('+') ? TEXT("Increment Int") : TEXT("Decrement Int"), FString()});
 			return true;
 		}
 	}
@@ -182,6 +254,19 @@ static FString GetLastName(const FString& Text, FString& OutReceiver)
 	return Chain.Names.Last();
 }
 
+/** What setting a member of a family does: its setter, or what its name alone sets ("Time.timeScale"). */
+static void AddSetter(const FString& Family, const FString& Name, TArray<FRequestReading>& OutReadings)
+{
+	OutReadings.Append(RequestLexicon::FindVerb(Family, TEXT("set") + Name));
+	for (const FRequestReading& Reading : RequestLexicon::FindVerb(Family, Name))
+	{
+		if (Reading.Title.StartsWith(TEXT("Set "), ESearchCase::CaseSensitive))
+		{
+			OutReadings.Add(Reading);
+		}
+	}
+}
+
 static void AddAssignment(const FString& Left, const FRequestScope& Scope, TArray<FRequestReading>& OutReadings)
 {
 	FString Receiver;
@@ -189,7 +274,7 @@ static void AddAssignment(const FString& Left, const FRequestScope& Scope, TArra
 	RequestSyntax::FChain Chain;
 	if (RequestSyntax::ReadChain(Left, Chain) && Chain.bIndexed)
 	{
-		const FString Kind = GetKind(Name, Scope);
+		const FString Kind = Scope.GetVariableKind(Name);
 		const FString Family = Kind.IsEmpty() ? RequestLexicon::GetFamily(Name) : Kind;
 		const bool bNumber = Left.Contains(TEXT("[i]")) || Left.Contains(TEXT("[0]")) || Left.Contains(TEXT("[index]"));
 		const bool bMap = Family.Equals(TEXT("map")) || (!Family.Equals(TEXT("array")) && !bNumber);
@@ -200,11 +285,14 @@ static void AddAssignment(const FString& Left, const FRequestScope& Scope, TArra
 		|| Receiver.Equals(TEXT("this"), ESearchCase::IgnoreCase);
 	if (!bOwn)
 	{
-		OutReadings.Append(RequestLexicon::FindVerb(RequestLexicon::GetFamily(Receiver), TEXT("set") + Name));
-		OutReadings.Add({TEXT("Set ") + Name, GetKind(Receiver, Scope), true});
+		const FString Kind = Scope.GetVariableKind(Receiver);
+		const FString OfKind = RequestLexicon::GetFamilyOfKind(Kind);
+		AddSetter(OfKind.IsEmpty() ? RequestLexicon::GetFamily(Receiver) : OfKind, Name, OutReadings);
+		OutReadings.Add({TEXT("Set ") + Name, Kind.IsEmpty() ? Receiver : Kind});
+		OutReadings.Add_GetRef({TEXT("Set ") + Name, FString()}).bOfAnother = true;
 		return;
 	}
-	OutReadings.Add({TEXT("Set ") + Name, FString(), true});
+	OutReadings.Add({TEXT("Set ") + Name, FString()});
 	OutReadings.Append(RequestLexicon::FindVerb(TEXT("actor"), TEXT("set") + Name));
 }
 
@@ -221,13 +309,14 @@ static bool ReadCompound(const FString& Text, const FRequestScope& Scope, TArray
 		}
 		FString Receiver;
 		const FString Name = GetLastName(Left, Receiver);
-		if (GetKind(Name, Scope).Equals(TEXT("dispatcher")))
+		if (Scope.GetVariableKind(Name).Equals(TEXT("dispatcher")))
 		{
 			OutReadings.Add(
-				{(Sign[0] == TEXT('+') ? TEXT("Bind Event to ") : TEXT("Unbind Event from ")) + Name, FString(), true});
+				{(Sign[0] == TEXT('+') ? TEXT("Bind Event to ") : TEXT("Unbind Event from ")) + Name, FString()});
 			return true;
 		}
-		if (RequestLexicon::GetFamily(Receiver).Equals(TEXT("actor")))
+		if (RequestLexicon::GetFamily(Receiver).Equals(TEXT("actor"))
+			&& !RequestLexicon::FindVerb(TEXT("actor"), Name).IsEmpty())
 		{
 			OutReadings.Append(RequestLexicon::FindVerb(TEXT("actor"), TEXT("move")));
 			return true;
@@ -285,7 +374,7 @@ static bool ReadList(const FString& Text, TArray<FRequestReading>& OutReadings)
 		&& RequestSyntax::SkipBrackets(Text, 0) == Text.Len();
 	if (bList || bMap)
 	{
-		OutReadings.Add({bList ? TEXT("Make Array") : TEXT("Make Map"), FString(), true});
+		OutReadings.Add({bList ? TEXT("Make Array") : TEXT("Make Map"), FString()});
 	}
 	return bList || bMap;
 }
@@ -296,11 +385,10 @@ static bool ReadStream(const FString& Text, TArray<FRequestReading>& OutReadings
 	const int32 Index = RequestSyntax::FindSign(Text, TEXT("<<"));
 	FString Receiver;
 	const FString Name = Index == INDEX_NONE ? FString() : GetLastName(Text.Left(Index).TrimStartAndEnd(), Receiver);
-	if (!Name.IsEmpty())
-	{
-		OutReadings.Append(RequestLexicon::FindVerb(TEXT("console"), Name));
-	}
-	return !OutReadings.IsEmpty();
+	const TArray<FRequestReading> Verbs = Name.IsEmpty() ? TArray<FRequestReading>()
+														 : RequestLexicon::FindVerb(TEXT("console"), Name);
+	OutReadings.Append(Verbs);
+	return !Verbs.IsEmpty();
 }
 } // namespace RequestExpressionImpl
 
@@ -310,6 +398,7 @@ bool RequestForms::ReadExpression(const FString& Text, const FRequestScope& Scop
 
 	return ReadStream(Text, OutReadings) || ReadNullTest(Text, OutReadings) || ReadTernary(Text, OutReadings)
 		|| ReadCompound(Text, Scope, OutReadings) || ReadAssignment(Text, Scope, OutReadings)
-		|| ReadStep(Text, OutReadings) || ReadOperator(Text, Scope, OutReadings)
+		|| ReadStep(Text, OutReadings) || ReadFormatted(Text, OutReadings) || ReadJoinedConditions(Text, OutReadings)
+		|| ReadOperator(Text, Scope, OutReadings) || ReadMembership(Text, Scope, OutReadings)
 		|| ReadLogicWords(Text, Scope, OutReadings) || ReadList(Text, OutReadings);
 }

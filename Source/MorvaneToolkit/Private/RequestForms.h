@@ -16,4 +16,17 @@ bool ReadCast(const FString& Text, TArray<FRequestReading>& OutReadings);
 bool ReadExpression(const FString& Text, const FRequestScope& Scope, TArray<FRequestReading>& OutReadings);
 /** "A.B(x)", "A::B", "new A(x)", "x[0]". */
 bool ReadCall(const FString& Text, const FRequestScope& Scope, TArray<FRequestReading>& OutReadings);
+/** "integer to string": answers whether the words are of that form, whether or not there is such a conversion. */
+bool ReadConversion(const TArray<FString>& Words, TArray<FRequestReading>& OutReadings);
+
+// Of plain words, which may say something else as well.
+
+/** What is done to a variable, a component or a dispatcher of the Blueprint. */
+void ReadOwnMember(const TArray<FString>& Pieces, const FRequestScope& Scope, TArray<FRequestReading>& OutReadings);
+/** Members that are named with their class or with what they are: "set visibility on the text block". */
+void ReadMemberOfClass(const TArray<FString>& Pieces, TArray<FRequestReading>& OutReadings);
+/** The same with other verbs, or without one that says nothing. */
+void ReadVerb(const TArray<FString>& Pieces, TArray<FRequestReading>& OutReadings);
+/** "E key pressed". */
+void ReadKey(const TArray<FString>& Pieces, TArray<FRequestReading>& OutReadings);
 } // namespace RequestForms

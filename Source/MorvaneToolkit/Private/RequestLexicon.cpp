@@ -88,8 +88,7 @@ private:
 					{Row.Title,
 						Row.Owner	? FString(Row.Owner)
 							: Owner ? *Owner
-									: FString(),
-						true});
+									: FString()});
 			}
 		}
 		for (const RequestLexiconTables::FEventName& Row : RequestLexiconTables::Events)
@@ -119,7 +118,7 @@ private:
 			{
 				Concept.Also.Append(GetSenses(Word));
 			}
-			Concept.Reading = {Row.Title, Row.Owner, true};
+			Concept.Reading = {Row.Title, Row.Owner};
 		}
 	}
 };
@@ -136,6 +135,10 @@ static FString WithoutTypeLetter(const FString& Name)
 /** Each sense of the request stands in the concept, and each group of the concept in the request. */
 static bool Fits(const FPreparedConcept& Concept, const FSenses& Request)
 {
+	if (Request.Num() < Concept.Core.Num())
+	{
+		return false; // one word does not say two things
+	}
 	for (const FSenses& Group : Concept.Core)
 	{
 		if (!Group.ContainsByPredicate([&Request](const FString& Sense) { return Request.Contains(Sense); }))
@@ -171,6 +174,33 @@ static TArray<FString> KeepWeighty(const TArray<FString>& Words)
 	return Words.FilterByPredicate(
 		[](const FString& Word) { return !Word.IsNumeric() && !FLookup::Get().Weightless.Contains(Word); });
 }
+/** "health" of "health component" is no variable of that name. */
+static bool IsPartOfName(const TArray<FString>& Words, const FString& Word)
+{
+	static const TSet<FString> Nouns = {TEXT("component"), TEXT("actor"), TEXT("widget"), TEXT("object"), TEXT("bar"),
+		TEXT("location"), TEXT("rotation"), TEXT("class"), TEXT("name"), TEXT("type")};
+	const int32 Index = Words.IndexOfByKey(Word);
+	return Index != INDEX_NONE && Index + 1 < Words.Num() && Nouns.Contains(Words[Index + 1]);
+}
+
+/** "myString", "ItemList", "scoreByName": the last word of a name says what bears it; more than one is an array. */
+static FString GetFamilyOfEnding(const FString& Receiver)
+{
+	static const TSet<FString> Telling = {TEXT("string"), TEXT("str"), TEXT("text"), TEXT("array"), TEXT("list"),
+		TEXT("map"), TEXT("dict"), TEXT("dictionary"), TEXT("vector"), TEXT("rotator"), TEXT("actor"), TEXT("mesh"),
+		TEXT("body"), TEXT("component")};
+	const TArray<FString> Words = KeywordWords::Split(Receiver, true);
+	if (Words.IsEmpty() || Receiver.Contains(TEXT("Library")) || Receiver.Contains(TEXT("Statics")))
+	{
+		return FString();
+	}
+	const FString& Last = Words.Last();
+	const FString* const Known = Telling.Contains(Last) ? FLookup::Get().FamilyByReceiver.Find(Last) : nullptr;
+	const bool bMany = Last.Len() > 4 && Last.EndsWith(TEXT("s"), ESearchCase::CaseSensitive)
+		&& !Last.EndsWith(TEXT("ss"), ESearchCase::CaseSensitive)
+		&& !Last.EndsWith(TEXT("us"), ESearchCase::CaseSensitive);
+	return Known ? *Known : bMany && FChar::IsLower(Receiver[0]) ? FString(TEXT("array")) : FString();
+}
 } // namespace RequestLexiconImpl
 
 FString RequestLexicon::Squeeze(const FString& Name)
@@ -203,7 +233,29 @@ FString RequestLexicon::GetFamily(const FString& Receiver)
 		Family = Lookup.FamilyByReceiver.Find(
 			Plain.StartsWith(TEXT("kismet"), ESearchCase::CaseSensitive) ? Plain.RightChop(6) : Plain);
 	}
-	return Family ? *Family : FString();
+	return Family ? *Family : RequestLexiconImpl::GetFamilyOfEnding(Receiver);
+}
+
+FString RequestLexicon::GetFamilyOfKind(const FString& Kind)
+{
+	return Kind.EndsWith(TEXT("Component"), ESearchCase::CaseSensitive) ? FString(TEXT("component")) : GetFamily(Kind);
+}
+
+TArray<FRequestReading> RequestLexicon::FindVerbOfAny(const FString& Member)
+{
+	TArray<FRequestReading> Readings;
+	for (const TCHAR* const Family :
+		{TEXT("array"), TEXT("map"), TEXT("string"), TEXT("vector"), TEXT("body"), TEXT("actor"), TEXT("component")})
+	{
+		Readings.Append(FindVerb(Family, Member));
+	}
+	return Readings;
+}
+
+TArray<FRequestReading> RequestLexicon::FindEventCalled(const FString& Name)
+{
+	static const TSet<FString> Any = {TEXT("create"), TEXT("setup"), TEXT("step"), TEXT("init"), TEXT("takedamage")};
+	return Any.Contains(Name.ToLower()) ? TArray<FRequestReading>() : FindEvent(Name);
 }
 
 TArray<FRequestReading> RequestLexicon::FindVerb(const FString& Family, const FString& Member)
@@ -214,7 +266,13 @@ TArray<FRequestReading> RequestLexicon::FindVerb(const FString& Family, const FS
 	{
 		Whole += FChar::IsAlnum(Char) ? FString::Chr(FChar::ToLower(Char)) : FString();
 	}
-	for (const FString& Spelling : {Whole, Squeeze(Member)})
+	FString Singular;
+	for (const FString& Word : KeywordWords::Split(Member))
+	{
+		Singular += Word;
+	}
+	const FString Present = Whole.EndsWith(TEXT("ed"), ESearchCase::CaseSensitive) ? Whole.LeftChop(1) : Whole;
+	for (const FString& Spelling : {Whole, Squeeze(Member), Singular, Present})
 	{
 		if (const FRequestReading* const Reading = Lookup.Verbs.Find(Family + TEXT(" ") + Spelling))
 		{
@@ -233,7 +291,7 @@ TArray<FRequestReading> RequestLexicon::FindEvent(const FString& Name)
 		Whole += FChar::IsAlnum(Char) ? FString::Chr(FChar::ToLower(Char)) : FString();
 	}
 	const FString* const Title = Lookup.Events.Find(Whole);
-	return Title ? TArray<FRequestReading>({{*Title, FString(), true}}) : TArray<FRequestReading>();
+	return Title ? TArray<FRequestReading>({{*Title, FString()}}) : TArray<FRequestReading>();
 }
 
 TArray<FRequestReading> RequestLexicon::FindPhrase(const TArray<FString>& Words, const FRequestScope& Scope)
@@ -253,7 +311,7 @@ TArray<FRequestReading> RequestLexicon::FindPhrase(const TArray<FString>& Words,
 	FSenses Senses;
 	for (const FString& Word : Weighty)
 	{
-		if (Weighty.Num() == 1 || !Scope.GetVariableKind || Scope.GetVariableKind(Word).IsEmpty())
+		if (Weighty.Num() == 1 || IsPartOfName(Weighty, Word) || Scope.GetVariableKind(Word).IsEmpty())
 		{
 			Senses.AddUnique(KeywordSenses::GetSense(Word));
 		}

@@ -7,6 +7,16 @@
 
 namespace RequestReaderImpl
 {
+/** "a and b": the article is none. */
+static bool IsOperand(const FString& Text, int32 Length)
+{
+	TArray<FString> Pieces;
+	Text.RightChop(Length).ParseIntoArrayWS(Pieces);
+	static const TSet<FString> Signs = {TEXT("and"), TEXT("or"), TEXT("xor"), TEXT("nand"), TEXT("nor"), TEXT("is"),
+		TEXT("in"), TEXT("as"), TEXT("if")};
+	return Length == 2 && Pieces.Num() > 1 && Signs.Contains(Pieces[0].ToLower());
+}
+
 /** Words before a term that do not change what it does. */
 static FString StripShell(FString Text)
 {
@@ -24,32 +34,20 @@ static FString StripShell(FString Text)
 				TEXT("then "), TEXT("please "), TEXT("the "), TEXT("a "), TEXT("an ")})
 		{
 			const int32 Length = FStringView(Word).Len();
-			if (Text.StartsWith(Word, ESearchCase::IgnoreCase) && Text.Len() > Length && FChar::IsAlpha(Text[Length]))
+			if (Text.StartsWith(Word, ESearchCase::IgnoreCase) && Text.Len() > Length && FChar::IsAlpha(Text[Length])
+				&& !IsOperand(Text, Length))
 			{
 				Text = Text.RightChop(Length);
 				bStripped = true;
 			}
 		}
 	}
+	const int32 Mark = Text.Find(TEXT("!("), ESearchCase::CaseSensitive);
+	if (Mark > 0 && FChar::IsAlnum(Text[Mark - 1]))
+	{
+		Text.RemoveAt(Mark); // a macro of a language: "println!(x)"
+	}
 	return Text.EndsWith(TEXT(" node"), ESearchCase::IgnoreCase) ? Text.LeftChop(5).TrimStartAndEnd() : Text;
-}
-
-/** "integer to string" is directed: nothing but that conversion will do, and an unknown pair means nothing. */
-static bool IsConversion(TArray<FString> Words)
-{
-	if (Words.Num() > 3 && (Words[0].Equals(TEXT("convert")) || Words[0].Equals(TEXT("parse"))))
-	{
-		Words.RemoveAt(0);
-	}
-	if (Words.Num() == 4 && Words[3].Equals(TEXT("conversion")))
-	{
-		Words.SetNum(3);
-	}
-	static const TSet<FString> Doing = {TEXT("cast"), TEXT("convert"), TEXT("parse"), TEXT("add"), TEXT("bind"),
-		TEXT("append"), TEXT("print"), TEXT("set"), TEXT("attach"), TEXT("go"), TEXT("move"), TEXT("log"),
-		TEXT("enum")};
-	return Words.Num() == 3 && Words[1].Equals(TEXT("to")) && !Doing.Contains(Words[0])
-		&& (KeywordWords::IsTypeWord(Words[0]) || KeywordWords::IsTypeWord(Words[2]));
 }
 
 /** "Set Visibility (Widget)": the remark may be the class that is meant. */
@@ -61,7 +59,7 @@ static void AddRemark(const FString& Text, TArray<FRequestReading>& OutReadings)
 		const FString Remark = Text.Mid(Bracket + 2, Text.Len() - Bracket - 3);
 		if (RequestSyntax::IsName(Remark))
 		{
-			OutReadings.Add({Text.Left(Bracket), Remark, true});
+			OutReadings.Add({Text.Left(Bracket), Remark});
 		}
 	}
 }
@@ -101,32 +99,154 @@ static void AddWithoutValue(const TArray<FString>& Pieces, TArray<FRequestReadin
 	{
 		Rest.Pop();
 	}
-	OutReadings.Add({FString::Join(Rest, TEXT(" ")), FString(), true});
+	OutReadings.Add({FString::Join(Rest, TEXT(" ")), FString()});
 }
 
-/** "split transform" breaks one, "create rotator" makes one. */
+/** "into x, y and z": the pins are not part of the struct's name. */
+static void DropParts(TArray<FString>& InOutPieces)
+{
+	static const TSet<FString> Parts = {TEXT("into"), TEXT("from"), TEXT("x"), TEXT("y"), TEXT("z"), TEXT("w"),
+		TEXT("r"), TEXT("g"), TEXT("b"), TEXT("a"), TEXT("and"), TEXT("its"), TEXT("component"), TEXT("components"),
+		TEXT("part"), TEXT("parts"), TEXT("pins"), TEXT("floats"), TEXT("values"), TEXT("roll"), TEXT("pitch"),
+		TEXT("yaw"), TEXT("three"), TEXT("members"), TEXT("fields"), TEXT("location"), TEXT("rotation"), TEXT("scale")};
+	int32 End = InOutPieces.Num();
+	while (End > 1 && Parts.Contains(InOutPieces[End - 1].Replace(TEXT(","), TEXT("")).ToLower()))
+	{
+		--End;
+	}
+	const bool bParts = End < InOutPieces.Num()
+		&& (InOutPieces[End].Equals(TEXT("into"), ESearchCase::IgnoreCase)
+			|| InOutPieces[End].Equals(TEXT("from"), ESearchCase::IgnoreCase));
+	InOutPieces.SetNum(bParts ? End : InOutPieces.Num());
+}
+
+/** "split transform" breaks one, "create rotator" makes one, "make struct Vector" names its kind. */
 static void AddStructVerb(const TArray<FString>& Pieces, TArray<FRequestReading>& OutReadings)
 {
+	const auto IsKind = [](const FString& Piece)
+	{
+		return Piece.Equals(TEXT("struct"), ESearchCase::IgnoreCase)
+			|| Piece.Equals(TEXT("structure"), ESearchCase::IgnoreCase);
+	};
 	if (Pieces.Num() < 2)
 	{
 		return;
 	}
 	TArray<FString> Rest = Pieces;
 	Rest.RemoveAt(0);
+	Rest.RemoveAll(IsKind);
+	DropParts(Rest);
 	const FString Name = FString::Join(Rest, TEXT(" "));
-	for (const TCHAR* const Verb : {TEXT("split"), TEXT("decompose"), TEXT("separate"), TEXT("destructure")})
+	const auto Add = [&Name, &OutReadings](const TCHAR* Verb)
+	{
+		OutReadings.Add({Verb + Name, FString()});
+		OutReadings.Add({Verb + RequestSyntax::WithoutTypeLetter(Name), FString()});
+	};
+	const bool bKind = Rest.Num() + 1 < Pieces.Num(); // something was left out, so the whole of it is no title
+	for (const TCHAR* const Verb : {TEXT("split"), TEXT("decompose"), TEXT("separate"), TEXT("destructure"),
+			 bKind ? TEXT("break") : TEXT("unpack")})
 	{
 		if (Pieces[0].Equals(Verb, ESearchCase::IgnoreCase))
 		{
-			OutReadings.Add({TEXT("Break ") + Name, FString(), true});
+			Add(TEXT("Break "));
 		}
 	}
-	for (const TCHAR* const Verb : {TEXT("create"), TEXT("new"), TEXT("construct"), TEXT("build"), TEXT("compose")})
+	for (const TCHAR* const Verb : {TEXT("create"), TEXT("new"), TEXT("construct"), TEXT("build"), TEXT("compose"),
+			 bKind ? TEXT("make") : TEXT("pack")})
 	{
 		if (Pieces[0].Equals(Verb, ESearchCase::IgnoreCase))
 		{
-			OutReadings.Add({TEXT("Make ") + Name, FString(), true});
+			Add(TEXT("Make "));
 		}
+	}
+}
+
+/** "Event: Tick" says what kind of node it is, "Print String: hello" what the pin takes. */
+static void AddLabelled(const FString& Text, TArray<FRequestReading>& OutReadings)
+{
+	int32 Colon = INDEX_NONE;
+	if (!Text.FindChar(TEXT(':'), Colon) || Colon == 0 || Colon + 1 >= Text.Len())
+	{
+		return;
+	}
+	const FString Label = Text.Left(Colon).TrimStartAndEnd();
+	const FString Rest = Text.RightChop(Colon + 1).TrimStartAndEnd();
+	OutReadings.Add({Label + TEXT(" ") + Rest, FString()});
+	OutReadings.Add({Label, FString()});
+	for (const TCHAR* const Kind : {TEXT("event"), TEXT("function"), TEXT("macro"), TEXT("node"), TEXT("call"),
+			 TEXT("variable"), TEXT("k2node"), TEXT("action"), TEXT("flow control"), TEXT("operator")})
+	{
+		if (Label.Equals(Kind, ESearchCase::IgnoreCase))
+		{
+			OutReadings.Add({Rest, FString()});
+		}
+	}
+}
+
+/** "Create WBP_Menu widget": the asset is what a pin takes. */
+static void AddWithoutAsset(const TArray<FString>& Pieces, TArray<FRequestReading>& OutReadings)
+{
+	const TArray<FString> Rest = Pieces.FilterByPredicate([](const FString& Piece) { return !IsAssetName(Piece); });
+	if (Rest.Num() > 0 && Rest.Num() < Pieces.Num())
+	{
+		OutReadings.Add({FString::Join(Rest, TEXT(" ")), FString()});
+		OutReadings.Append(
+			RequestLexicon::FindPhrase(KeywordWords::Split(FString::Join(Rest, TEXT(" "))), FRequestScope()));
+	}
+}
+
+/** "the mesh" of "enable physics on the mesh": what something is done to, where any such thing would do. */
+static TArray<FString> WithoutObject(const TArray<FString>& Pieces, const FRequestScope& Scope)
+{
+	static const TSet<FString> Joints = {TEXT("on"), TEXT("of"), TEXT("for"), TEXT("to"), TEXT("in"), TEXT("from")};
+	static const TSet<FString> Articles = {TEXT("the"), TEXT("a"), TEXT("an"), TEXT("my"), TEXT("this"), TEXT("that"),
+		TEXT("its"), TEXT("our"), TEXT("your")};
+	static const TSet<FString> Things = {TEXT("mesh"), TEXT("actor"), TEXT("component"), TEXT("object"), TEXT("self"),
+		TEXT("it"), TEXT("player"), TEXT("character"), TEXT("pawn"), TEXT("enemy"), TEXT("target"), TEXT("me"),
+		TEXT("him"), TEXT("them"), TEXT("blueprint"), TEXT("game"), TEXT("world"), TEXT("myself"), TEXT("itself")};
+	int32 Index = Pieces.Num() - 1;
+	const bool bThing = Things.Contains(Pieces.Last().ToLower()) || !Scope.Find(Pieces.Last()).Name.IsEmpty();
+	while (Index > 0 && Articles.Contains(Pieces[Index - 1].ToLower()))
+	{
+		--Index;
+	}
+	const bool bBehind = bThing && Index > 1 && Joints.Contains(Pieces[Index - 1].ToLower());
+	return bBehind ? TArray<FString>(Pieces.GetData(), Index - 1) : TArray<FString>();
+}
+
+/** "Branch on condition", "Sequence with 3 outputs": behind the title stands what its pins take. */
+static void AddWithPins(const TArray<FString>& Pieces, TArray<FRequestReading>& OutReadings)
+{
+	static const TSet<FString> Joints = {TEXT("with"), TEXT("on"), TEXT("using"), TEXT("when"), TEXT("if"),
+		TEXT("from"), TEXT("by"), TEXT("for"), TEXT("to"), TEXT("at"), TEXT("named"), TEXT("called"), TEXT("until"),
+		TEXT("of"), TEXT("in"), TEXT("and"), TEXT("after"), TEXT("every"), TEXT("over"), TEXT("as"), TEXT("into"),
+		TEXT("onto")};
+	for (int32 Index = Pieces.Num() - 2; Index > 0; --Index)
+	{
+		if (Joints.Contains(Pieces[Index].ToLower()))
+		{
+			const FString Title = FString::Join(TArray<FString>(Pieces.GetData(), Index), TEXT(" "));
+			if (Pieces[Index].Equals(TEXT("named"), ESearchCase::IgnoreCase)
+				|| Pieces[Index].Equals(TEXT("called"), ESearchCase::IgnoreCase))
+			{
+				OutReadings.Append(RequestLexicon::FindPhrase(KeywordWords::Split(Title), FRequestScope()));
+				OutReadings.Add({Title, FString()});
+			}
+			const TArray<FString> Behind(Pieces.GetData() + Index + 1, Pieces.Num() - Index - 1);
+			FRequestReading& Reading = OutReadings.Add_GetRef({Title, FString()});
+			Reading.PinWords = FString::Join(Behind, TEXT(" "));
+		}
+	}
+}
+
+/** "push_back", "xor", "pi": names of what languages have, without what they are called on. */
+static void AddLoneWord(const FString& Word, TArray<FRequestReading>& OutReadings)
+{
+	OutReadings.Append(RequestLexicon::FindVerb(TEXT("logic"), Word));
+	OutReadings.Append(RequestLexicon::FindVerb(TEXT("math"), Word));
+	if (KeywordWords::Split(Word).Num() > 1)
+	{
+		OutReadings.Append(RequestLexicon::FindVerbOfAny(Word));
 	}
 }
 
@@ -135,14 +255,13 @@ static void ReadProse(const FString& Text, const FRequestScope& Scope, FRequestR
 	const FString Plain = RequestSyntax::WithoutQuoted(Text);
 	TArray<FString> Pieces;
 	Plain.ParseIntoArrayWS(Pieces);
-	if (Pieces.IsEmpty())
+	if (Pieces.IsEmpty() || (Plain.Len() == 1 && Plain.Len() < Text.Len()))
 	{
-		return;
+		return; // what is left of a quoted text is no key
 	}
 	const TArray<FString> Words = KeywordWords::Split(Plain);
-	if (IsConversion(Words))
+	if (RequestForms::ReadConversion(Words, Out.Readings))
 	{
-		Out.Readings.Append(RequestLexicon::FindVerb(TEXT("conversion"), FString::Join(Words, TEXT(""))));
 		Out.bOnlyReadings = true;
 		return;
 	}
@@ -150,12 +269,43 @@ static void ReadProse(const FString& Text, const FRequestScope& Scope, FRequestR
 	{
 		Out.Readings.Append(RequestLexicon::FindEvent(Plain));
 	}
+	RequestForms::ReadOwnMember(Pieces, Scope, Out.Readings);
 	AddRemark(Plain, Out.Readings);
 	AddWithoutValue(Pieces, Out.Readings);
 	AddStructVerb(Pieces, Out.Readings);
+	AddLabelled(Plain, Out.Readings);
 	Out.Readings.Append(RequestLexicon::FindVerb(FString(), Plain));
+	if (Pieces.Num() == 1)
+	{
+		AddLoneWord(Plain, Out.Readings);
+	}
+	AddWithoutAsset(Pieces, Out.Readings);
+	RequestForms::ReadMemberOfClass(Pieces, Out.Readings);
+	if (Pieces.Num() > 3)
+	{
+		Out.Readings.Add({Plain, FString(), ERequestFit::Close}); // so much is no accident
+	}
 	Out.Readings.Append(RequestLexicon::FindPhrase(Words, Scope));
-	Out.Readings.Add({Plain, FString(), Plain.Len() == Text.Len()});
+	const TArray<FString> Deed = WithoutObject(Pieces, Scope);
+	if (!Deed.IsEmpty())
+	{
+		const FString Rest = FString::Join(Deed, TEXT(" "));
+		Out.Readings.Append(RequestLexicon::FindVerb(FString(), Rest));
+		Out.Readings.Append(RequestLexicon::FindPhrase(KeywordWords::Split(Rest), Scope));
+		Out.Readings.Add({Rest, FString()});
+	}
+	RequestForms::ReadKey(Pieces, Out.Readings);
+	RequestForms::ReadVerb(Pieces, Out.Readings);
+	AddWithPins(Pieces, Out.Readings);
+	if (Pieces.Num() == 2 || Pieces.Num() == 3)
+	{
+		Out.Readings.Append(RequestLexicon::FindVerbOfAny(Plain)); // "to lower case"
+	}
+	if (Pieces.Num() > 2 && Pieces[0].Equals(TEXT("if"), ESearchCase::IgnoreCase))
+	{
+		Out.Readings.Add({TEXT("Branch"), FString()});
+	}
+	Out.Readings.Add({Plain, FString(), Plain.Len() == Text.Len() ? ERequestFit::Whole : ERequestFit::Near});
 }
 } // namespace RequestReaderImpl
 
@@ -216,8 +366,8 @@ TArray<FRequestReading> FRequestReader::ReadAsMember(const FString& Text, const 
 	{
 		if (NodeClass.Equals(Row.NodeClass, ESearchCase::IgnoreCase))
 		{
-			Readings.Add({Row.Before + Text.TrimStartAndEnd(), FString(), true});
-			Readings.Add({Row.Before + RequestSyntax::WithoutTypeLetter(Text.TrimStartAndEnd()), FString(), true});
+			Readings.Add({Row.Before + Text.TrimStartAndEnd(), FString()});
+			Readings.Add({Row.Before + RequestSyntax::WithoutTypeLetter(Text.TrimStartAndEnd()), FString()});
 		}
 	}
 	return Readings;

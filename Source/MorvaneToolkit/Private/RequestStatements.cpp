@@ -51,7 +51,7 @@ static FString FindLoop(const FString& Text)
 	if (BeginsWithWord(Text, TEXT("for")))
 	{
 		const FString Head = GetHead(Text, 3);
-		if (Head.Contains(TEXT(";")) || Text.Contains(TEXT(" in range"), ESearchCase::IgnoreCase)
+		if (Text.Contains(TEXT(";")) || Text.Contains(TEXT(" in range"), ESearchCase::IgnoreCase)
 			|| Text.Contains(TEXT("..")))
 		{
 			return TEXT("For Loop");
@@ -59,6 +59,12 @@ static FString FindLoop(const FString& Text)
 		const bool bOver = Head.Contains(TEXT(":")) || Head.Contains(TEXT(" in "), ESearchCase::IgnoreCase)
 			|| Head.Contains(TEXT(" of "), ESearchCase::IgnoreCase);
 		return bOver || Text.Contains(TEXT(" in "), ESearchCase::IgnoreCase) ? TEXT("For Each Loop") : TEXT("");
+	}
+	if ((BeginsWithWord(Text, TEXT("do")) || BeginsWithWord(Text, TEXT("repeat")))
+		&& (Text.Contains(TEXT("{")) || Text.Contains(TEXT("while ("), ESearchCase::IgnoreCase)
+			|| Text.Contains(TEXT("while("), ESearchCase::IgnoreCase)))
+	{
+		return TEXT("While Loop");
 	}
 	const bool bWhile = BeginsWithWord(Text, TEXT("while"))
 		&& (Text.Contains(TEXT("(")) || IsCode(Text) || Text.Contains(TEXT(" true"), ESearchCase::IgnoreCase));
@@ -85,7 +91,7 @@ static FString FindSwitch(const FString& Text, const FRequestScope& Scope)
 		const bool bColon = BeginsWithWord(Text, Word) && Text.EndsWith(TEXT(":"), ESearchCase::CaseSensitive);
 		if (!Head.IsEmpty() || bColon)
 		{
-			const FString Kind = Scope.GetVariableKind ? Scope.GetVariableKind(Head) : FString();
+			const FString Kind = Scope.GetVariableKind(Head);
 			return Kind.Equals(TEXT("string")) ? TEXT("Switch on String") : TEXT("Switch on Int");
 		}
 	}
@@ -129,7 +135,7 @@ static FString GetDeclaredName(const FString& Text)
 
 static void AddTitle(const FString& Title, TArray<FRequestReading>& OutReadings)
 {
-	OutReadings.Add({Title, FString(), true});
+	OutReadings.Add({Title, FString()});
 }
 } // namespace RequestStatementImpl
 
@@ -192,8 +198,8 @@ static void AddCast(const FString& TypeText, TArray<FRequestReading>& OutReading
 		OutReadings.Append(RequestLexicon::FindVerb(TEXT("conversion"), TEXT("to") + Type));
 		return;
 	}
-	OutReadings.Add({TEXT("Cast To ") + Type, FString(), true});
-	OutReadings.Add({TEXT("Cast To ") + RequestSyntax::WithoutTypeLetter(Type), FString(), true});
+	OutReadings.Add({TEXT("Cast To ") + Type, FString()});
+	OutReadings.Add({TEXT("Cast To ") + RequestSyntax::WithoutTypeLetter(Type), FString()});
 }
 
 /** "x as T", "x is T". */
@@ -238,6 +244,14 @@ static bool ReadJoined(const FString& Text, TArray<FRequestReading>& OutReadings
 /** "cast x to T", "cast to T", "cast T". */
 static bool ReadSpoken(const FString& Text, TArray<FRequestReading>& OutReadings)
 {
+	for (const TCHAR* const Before : {TEXT("castto "), TEXT("dynamiccast "), TEXT("dynamic cast ")})
+	{
+		if (Text.StartsWith(Before, ESearchCase::IgnoreCase))
+		{
+			AddCast(Text.RightChop(FStringView(Before).Len()), OutReadings);
+			return false;
+		}
+	}
 	if (!Text.StartsWith(TEXT("cast "), ESearchCase::IgnoreCase))
 	{
 		return false;

@@ -72,6 +72,7 @@ static int32 TakeArguments(const FString& Text, int32 Index, RequestSyntax::FCha
 			OutChain.Arguments = Inside;
 		}
 		OutChain.bIndexed = Open == TEXT('[');
+		OutChain.Index = OutChain.bIndexed ? Inside : FString();
 		Index = End;
 	}
 	OutChain.Called.Add(bCalled);
@@ -139,6 +140,25 @@ bool RequestSyntax::ReadChain(const FString& Text, FChain& OutChain)
 			return false;
 		}
 		Index += Joint;
+	}
+	return false;
+}
+
+bool RequestSyntax::IsOneOf(FStringView Word, const TCHAR* Words)
+{
+	const FStringView All(Words);
+	for (int32 Begin = 0; Begin < All.Len();)
+	{
+		int32 End = Begin;
+		while (End < All.Len() && All[End] != TEXT(' '))
+		{
+			++End;
+		}
+		if (End - Begin == Word.Len() && All.Mid(Begin, End - Begin).Equals(Word, ESearchCase::IgnoreCase))
+		{
+			return true;
+		}
+		Begin = End + 1;
 	}
 	return false;
 }

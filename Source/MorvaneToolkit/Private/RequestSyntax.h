@@ -17,11 +17,14 @@ struct FChain
 	FString TypeArgument;
 	/** Whether an index in brackets ended it. */
 	bool bIndexed = false;
+	FString Index;
 };
 
 /** False for anything that is not one chain from begin to end, a lone name included. */
 bool ReadChain(const FString& Text, FChain& OutChain);
 bool IsName(const FString& Text);
+/** Whether the word is one of those that blanks part, whatever its case. */
+bool IsOneOf(FStringView Word, const TCHAR* Words);
 /** A name, a number, a quoted text, a chain or a term in brackets. */
 bool IsOperand(const FString& Text);
 bool IsQuoted(const FString& Text);

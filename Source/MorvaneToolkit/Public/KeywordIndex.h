@@ -70,6 +70,8 @@ private:
 	{
 		FKeywordIds Keywords;
 		int32 TitleCount = 0;
+		/** Of those of the title, the forms of the whole of it. */
+		int32 NumWholes = 0;
 		int32 Prior = 0;
 		bool bComesLast = false;
 	};

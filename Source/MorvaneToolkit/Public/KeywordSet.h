@@ -53,6 +53,8 @@ public:
 	 * stand behind its words. What follows only describes. A list without a keyword for the whole is all title.
 	 */
 	int32 GetTitleCount() const;
+	/** How many of those of the title stand for the whole of it. */
+	int32 CountWholes() const;
 	/** Of two candidates that fit a request as well, the one with the smaller sum is the usual one. */
 	int32 GetPrior() const;
 
@@ -85,8 +87,8 @@ struct FComparison
 MORVANETOOLKIT_API int32 CountEdits(const FKeyword& Request, const FKeyword& Candidate);
 MORVANETOOLKIT_API FComparison Compare(const FKeywordSet& Request, const FKeywordSet& Candidate);
 /** Smaller is better; says something at equal common counts. Prior is the candidate's. */
-MORVANETOOLKIT_API int32 GetDistance(
-	int32 CandidateCount, int32 CandidateTitleCount, int32 CommonCount, int32 InTitleCount, int32 Edits, int32 Prior);
+MORVANETOOLKIT_API int32 GetDistance(int32 CandidateCount, int32 CandidateTitleCount, int32 NumWholes,
+	int32 CommonCount, int32 InTitleCount, int32 Edits, int32 Prior);
 MORVANETOOLKIT_API FKeywordSimilarity MakeSimilarity(
 	const TArray<FString>& Request, const FKeywordSet& RequestSet, const FKeywordSet& Candidate);
 /** Whether the request names the candidate's title as a whole, whatever else it says. */

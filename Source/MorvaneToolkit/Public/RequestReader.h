@@ -2,6 +2,17 @@
 
 #include "CoreMinimal.h"
 
+/** How near a title has to be to what was read. */
+enum class ERequestFit : uint8
+{
+	/** Named as a whole. */
+	Whole,
+	/** With every word that was read, and hardly any other. */
+	Close,
+	/** As near as a request has to be that is not read at all. */
+	Near,
+};
+
 /** One thing that a request may mean, in the menu's own words. */
 struct FRequestReading
 {
@@ -9,8 +20,13 @@ struct FRequestReading
 	FString Title;
 	/** The class that has the member, as the author wrote it; empty for any. */
 	FString Owner;
-	/** Whether only an action of that very name will do. Otherwise one that is near enough will. */
-	bool bWhole = true;
+	ERequestFit Fit = ERequestFit::Whole;
+	/** The node class that is meant; empty for any. */
+	FString NodeClass = FString();
+	/** What was said of its pins behind the title: the action must have such pins. Empty when nothing was. */
+	FString PinWords = FString();
+	/** Asked of another object: a variable of this Blueprint is not meant, however well it is named. */
+	bool bOfAnother = false;
 };
 
 /** What a request was found to say. */
@@ -24,14 +40,26 @@ struct FRequestReadings
 	bool bCode = false;
 };
 
-/** What the reader may ask about the Blueprint that a request is for. */
+/** A variable of the Blueprint that a request is for; the name is empty when there is none. */
+struct FRequestVariable
+{
+	FString Name;
+	/**
+	 * "array", "map", "set", "string", "text", "vector", "rotator", "boolean", "dispatcher", the name of its class,
+	 * "value" for the rest.
+	 */
+	FString Kind;
+};
+
+/** What the reader may ask about the Blueprint. */
 struct FRequestScope
 {
-	/**
-	 * The kind of a variable of the Blueprint: "array", "map", "set", "string", "text", "vector", "rotator", "boolean",
-	 * "dispatcher", the name of its class, "value" for the rest; empty when there is no such variable.
-	 */
-	TFunction<FString(const FString& Name)> GetVariableKind;
+	/** Takes the name as it is shown and as it is written, whatever its case, its blanks and a leading "b". */
+	TFunction<FRequestVariable(const FString& Name)> FindVariable;
+
+	FRequestVariable Find(const FString& Name) const { return FindVariable ? FindVariable(Name) : FRequestVariable(); }
+	/** Empty when there is no such variable. */
+	FString GetVariableKind(const FString& Name) const { return Find(Name).Kind; }
 };
 
 /**

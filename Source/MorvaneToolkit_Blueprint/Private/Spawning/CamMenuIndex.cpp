@@ -108,6 +108,26 @@ static FString WithoutPrefix(const FString& Member)
 	return Member;
 }
 
+/** "bIsOpen" is shown as "Is Open". */
+static FString WithoutFlagLetter(const FString& Name)
+{
+	const bool bFlag = Name.Len() > 1 && Name[0] == TEXT('b') && FChar::IsUpper(Name[1]);
+	return bFlag ? Name.RightChop(1) : Name;
+}
+
+static FString GetLetters(const FString& Name)
+{
+	FString Letters;
+	for (const TCHAR Char : Name)
+	{
+		if (FChar::IsAlnum(Char))
+		{
+			Letters += FChar::ToLower(Char);
+		}
+	}
+	return Letters;
+}
+
 static bool IsOfEditor(const UClass& Class)
 {
 	const FString Package = Class.GetOutermost()->GetName();
@@ -124,6 +144,21 @@ static bool IsLibrary(const UClass& Class)
 	}
 	return Super && !IsOfEditor(Class);
 }
+/** Whether Blueprints of games have objects of the class to do with: components, actors, widgets and what they hold. */
+static bool IsAtHand(const UClass& Class)
+{
+	static const TSet<FString> Families = {TEXT("ActorComponent"), TEXT("Actor"), TEXT("Widget"), TEXT("AnimInstance"),
+		TEXT("MaterialInterface"), TEXT("SaveGame"), TEXT("GameInstance"), TEXT("Subsystem"), TEXT("LevelStreaming"),
+		TEXT("Interface")};
+	const UClass* Super = &Class;
+	while (Super && !Families.Contains(Super->GetName()))
+	{
+		Super = Super->GetSuperClass();
+	}
+	const bool bOwnWidget = Class.GetName().Equals(TEXT("UserWidget"), ESearchCase::CaseSensitive);
+	return Super && !IsOfEditor(Class) && !bOwnWidget && !Class.GetOutermost()->GetName().Contains(TEXT("Testing"));
+}
+
 /** Tasks run on owners of tasks and in abilities; elsewhere their titles are in the way of everyday nodes. */
 static bool IsTask(const FString& NodeClass)
 {
@@ -218,6 +253,45 @@ FCamCandidate FCamMenuIndex::MakeCandidate(const FKeywordHit& Hit) const
 	return Candidate;
 }
 
+FString FCamMenuIndex::GetNodeClass(int32 Entry) const
+{
+	const FEdGraphSchemaAction& Action = GetAction(Entry);
+	return CamMenuIndex::GetNodeClassName(Action, Action.GetMenuDescription().ToString());
+}
+
+const UFunction* FCamMenuIndex::GetFunction(int32 Entry) const
+{
+	const auto* const Spawner = Cast<UBlueprintFunctionNodeSpawner>(CamMenuIndex::GetSpawner(GetAction(Entry)));
+	return Spawner ? Spawner->GetFunction() : nullptr;
+}
+
+const FProperty* FCamMenuIndex::FindVariable(const FString& Name)
+{
+	const UClass* const SelfClass = GetSelfClass();
+	if (!SelfClass || Name.IsEmpty())
+	{
+		return nullptr;
+	}
+	if (VariableByLetters.IsEmpty())
+	{
+		for (TFieldIterator<FProperty> It(SelfClass); It; ++It)
+		{
+			const FString Own = It->GetName();
+			VariableByLetters.FindOrAdd(CamMenuIndex::GetLetters(Own), It->GetFName());
+			const FString Bare = CamMenuIndex::WithoutFlagLetter(Own);
+			VariableByLetters.FindOrAdd(CamMenuIndex::GetLetters(Bare), It->GetFName());
+		}
+	}
+	for (const FString& Spelling : {Name, CamMenuIndex::WithoutFlagLetter(Name)})
+	{
+		if (const FName* const Known = VariableByLetters.Find(CamMenuIndex::GetLetters(Spelling)))
+		{
+			return SelfClass->FindPropertyByName(*Known);
+		}
+	}
+	return nullptr;
+}
+
 const UClass* FCamMenuIndex::GetOwner(int32 Entry) const
 {
 	return CamMenuIndex::GetMemberOwner(CamMenuIndex::GetSpawner(GetAction(Entry)));
@@ -242,6 +316,12 @@ int32 FCamMenuIndex::GetOwnerRank(int32 Entry) const
 	return CamMenuIndex::IsLibrary(*Owner) ? 2 : 3;
 }
 
+bool FCamMenuIndex::IsOfStranger(int32 Entry) const
+{
+	const UClass* const Owner = GetOwner(Entry);
+	return Owner && GetOwnerRank(Entry) > 2 && !CamMenuIndex::IsAtHand(*Owner);
+}
+
 const UClass* FCamMenuIndex::GetSelfClass() const
 {
 	const UBlueprint* const Blueprint = Menu->GetBlueprint();
@@ -255,6 +335,7 @@ void FCamMenuIndex::Take(const FSharedActionMenu& InMenu)
 	ActionByEntry.Reset();
 	ComesLast.Reset();
 	EntriesByMember.Reset();
+	VariableByLetters.Reset();
 	const UClass* const SelfClass = GetSelfClass();
 	for (int32 Index = 0; Index < InMenu.GetNumActions(); ++Index)
 	{

@@ -3,7 +3,9 @@
 #include "KeywordIndex.h"
 #include "Spawning/CamMatching.h"
 
+class FProperty;
 class UClass;
+class UFunction;
 
 /**
  * The keywords, members and owners of a menu. Menus of different runs are nearly the same, so what was learned about
@@ -25,8 +27,18 @@ public:
 
 	const FEdGraphSchemaAction& GetAction(int32 Entry) const;
 	FCamCandidate MakeCandidate(const FKeywordHit& Hit) const;
+	FString GetNodeClass(int32 Entry) const;
+	/** The function that the action calls; null for actions that call none. */
+	const UFunction* GetFunction(int32 Entry) const;
+	/** A variable of the Blueprint by its name, whatever its case, its blanks and a leading "b"; null for none. */
+	const FProperty* FindVariable(const FString& Name);
 	/** The class that has the action's member; null for actions of no member. */
 	const UClass* GetOwner(int32 Entry) const;
+	/**
+	 * Whether it is a member of a class that a Blueprint of a game hardly has an object of: of the editor's, of tests,
+	 * of what the engine keeps to itself.
+	 */
+	bool IsOfStranger(int32 Entry) const;
 	/** 0 for a member of the Blueprint itself, then its parents', libraries', the rest. */
 	int32 GetOwnerRank(int32 Entry) const;
 
@@ -48,6 +60,8 @@ private:
 	TArray<bool> ComesLast;
 	/** Made when first asked for. */
 	TMap<FString, TArray<int32>> EntriesByMember;
+	/** Names of variables by their letters, made when first asked for. */
+	TMap<FString, FName> VariableByLetters;
 	/** Of the current call's menu: entries are asked about only while it is there. */
 	const FSharedActionMenu* Menu = nullptr;
 	/** 0: no menu yet. */

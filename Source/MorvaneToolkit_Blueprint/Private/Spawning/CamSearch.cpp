@@ -7,6 +7,8 @@
 
 namespace CamSearch
 {
+/** Every word that was asked for, and hardly any other. */
+constexpr float Close = 0.88f;
 /** As good as the default threshold: what is read into a request has to be sure without being asked for. */
 constexpr float Sure = 0.6f;
 /** What is left to a request that was understood and not found: to be shown, not to be spawned. */
@@ -95,6 +97,22 @@ static bool IsSlip(const FString& Asked, const FString& Title)
 	return bSwapped || (Longer > Shorter && Left + Right == Shorter);
 }
 
+/** What was read in two ways is looked for once. */
+static void DropRepeated(TArray<FRequestReading>& InOutReadings)
+{
+	TSet<FString> Known;
+	InOutReadings.RemoveAll(
+		[&Known](const FRequestReading& Reading)
+		{
+			const FString Key = Reading.Title + TEXT("\n") + Reading.Owner + TEXT("\n") + Reading.NodeClass + TEXT("\n")
+				+ Reading.PinWords + (Reading.bOfAnother ? TEXT("+") : TEXT("-"))
+				+ FString::FromInt(static_cast<int32>(Reading.Fit));
+			bool bKnown = false;
+			Known.Add(Key, &bKnown);
+			return bKnown;
+		});
+}
+
 static bool IsOneWord(const FString& Text)
 {
 	int32 Blank = INDEX_NONE;
@@ -106,7 +124,7 @@ FCamSearch::FCamSearch(const FSharedActionMenu& InMenu)
 	: Menu(InMenu)
 	, Index(FCamMenuIndex::For(InMenu))
 {
-	Scope.GetVariableKind = [this](const FString& Name) { return GetVariableKind(Name); };
+	Scope.FindVariable = [this](const FString& Name) { return FindVariable(Name); };
 }
 
 TArray<FCamCandidate> FCamSearch::Find(const FString& MenuTitle, const FString& NodeClass, bool bTargetIsWired)
@@ -141,7 +159,9 @@ FCamSearch::FHits FCamSearch::FindHits(const FString& MenuTitle, const FString& 
 	FHits Hits = Index.FindBest(MenuTitle, NodeClass);
 	PutOwnFirst(Hits);
 	PutSlipFirst(MenuTitle, Hits);
-	const bool bRefused = IsAmbiguous(Hits) || Readings.bOnlyReadings || IsTypeName(MenuTitle)
+	const bool bStranger = !Hits.IsEmpty() && !Hits[0].bWhole && Hits[0].Confidence < CamSearch::Close
+		&& Index.IsOfStranger(Hits[0].Entry);
+	const bool bRefused = IsAmbiguous(Hits) || Readings.bOnlyReadings || bStranger || IsTypeName(MenuTitle)
 		|| (!Hits.IsEmpty() && Hits[0].Confidence >= CamSearch::Sure && !ExplainGraph(MenuTitle, NodeClass).IsEmpty());
 	for (FKeywordHit& Hit : Hits)
 	{
@@ -153,11 +173,14 @@ FCamSearch::FHits FCamSearch::FindHits(const FString& MenuTitle, const FString& 
 FCamSearch::FHits FCamSearch::FindNamed(
 	const FString& MenuTitle, const FString& NodeClass, FRequestReadings& OutReadings)
 {
-	FHits Written = Index.FindNamed(MenuTitle, NodeClass);
+	FHits Written = FindTitled(MenuTitle, NodeClass);
 	PutOwnFirst(Written);
-	const FString Title = Written.IsEmpty() ? FString()
-											: Index.GetAction(Written[0].Entry).GetMenuDescription().ToString();
-	if (!Written.IsEmpty() && Title.Equals(MenuTitle.TrimStartAndEnd(), ESearchCase::IgnoreCase))
+	const bool bOwnVariable = !CamSearch::IsOneWord(MenuTitle.TrimStartAndEnd()) && Index.FindVariable(MenuTitle);
+	if (bOwnVariable && !Written.IsEmpty() && Index.GetOwnerRank(Written[0].Entry) > 0)
+	{
+		Written = FindTitled(TEXT("Get ") + MenuTitle, NodeClass); // "is open", where "Is Open" is a variable here
+	}
+	if (IsWordForWord(Written, MenuTitle))
 	{
 		return Written;
 	}
@@ -171,7 +194,7 @@ FCamSearch::FHits FCamSearch::FindNamed(
 		}
 	}
 	OutReadings = FRequestReader::Read(MenuTitle, Scope);
-	if (!Written.IsEmpty() && !OutReadings.bCode)
+	if (!Written.IsEmpty() && !OutReadings.bCode && !Index.IsOfStranger(Written[0].Entry))
 	{
 		return Written;
 	}
@@ -187,27 +210,58 @@ FCamSearch::FHits FCamSearch::FindNamed(
 	}
 	const bool bOneWord = CamSearch::IsOneWord(MenuTitle.TrimStartAndEnd());
 	FHits Members = bOneWord ? FindMembers(MenuTitle.TrimStartAndEnd(), FRequestReading()) : FHits();
+	CamSearch::DropRepeated(OutReadings.Readings);
 	for (const FRequestReading& Reading : OutReadings.Readings)
 	{
 		FHits Hits = Members.IsEmpty() ? FindReading(Reading) : FHits();
-		if (!Hits.IsEmpty())
+		// A title of a stranger that was named is given up only for what is at hand.
+		if (!Hits.IsEmpty() && (Written.IsEmpty() || OutReadings.bCode || !Index.IsOfStranger(Hits[0].Entry)))
 		{
 			return Hits;
 		}
 	}
+	if (!Written.IsEmpty() && !OutReadings.bCode)
+	{
+		return Written;
+	}
 	return Members.IsEmpty() && !OutReadings.bOnlyReadings ? FindMembers(MenuTitle, FRequestReading()) : Members;
+}
+
+bool FCamSearch::IsWordForWord(const FHits& Hits, const FString& MenuTitle) const
+{
+	const FString Title = Hits.IsEmpty() ? FString() : Index.GetAction(Hits[0].Entry).GetMenuDescription().ToString();
+	const FString Asked = MenuTitle.TrimStartAndEnd();
+	// Who writes it as it is titled means it; "play sound" may as well be said of a thing to do.
+	return !Hits.IsEmpty()
+		&& Title.Equals(
+			Asked, Index.IsOfStranger(Hits[0].Entry) ? ESearchCase::CaseSensitive : ESearchCase::IgnoreCase);
+}
+
+FCamSearch::FHits FCamSearch::FindTitled(const FString& Title, const FString& NodeClass) const
+{
+	const FString Asked = CamSearch::Squeeze(Title);
+	return Index.FindNamed(Title, NodeClass)
+		.FilterByPredicate(
+			[this, &Asked](const FKeywordHit& Hit)
+			{
+				// "Get Item" is not the variable "Items", though a title's plural matters little elsewhere.
+				const FString Found = CamSearch::Squeeze(Index.GetAction(Hit.Entry).GetMenuDescription().ToString());
+				const bool bOtherNumber = (Found + TEXT("s")).Equals(Asked) || (Asked + TEXT("s")).Equals(Found);
+				return !bOtherNumber || !Index.GetNodeClass(Hit.Entry).StartsWith(TEXT("K2Node_Variable"));
+			});
 }
 
 FCamSearch::FHits FCamSearch::FindReading(const FRequestReading& Reading)
 {
-	const FHits All = Reading.bWhole ? Index.FindNamed(Reading.Title, FString())
-									 : Index.FindBest(Reading.Title, FString());
-	FHits Hits = All.FilterByPredicate(
-		[this, &Reading](const FKeywordHit& Hit)
-		{
-			return (Hit.bWhole || Hit.Confidence >= CamSearch::Sure)
-				&& (Reading.Owner.IsEmpty() || HasOwner(Hit.Entry, Reading.Owner));
-		});
+	const bool bWhole = Reading.Fit == ERequestFit::Whole;
+	FHits Hits = bWhole ? FindTitled(Reading.Title, FString()) : Index.FindBest(Reading.Title, FString());
+	if (!bWhole && IsAmbiguous(Hits))
+	{
+		return FHits();
+	}
+	const float Least = Reading.Fit == ERequestFit::Close ? CamSearch::Close : CamSearch::Sure;
+	Hits = Hits.FilterByPredicate([this, &Reading, Least](const FKeywordHit& Hit)
+		{ return (Hit.bWhole || Hit.Confidence >= Least) && Fits(Hit.Entry, Reading); });
 	if (Hits.IsEmpty())
 	{
 		Hits = FindStructFunction(Reading.Title);
@@ -218,6 +272,44 @@ FCamSearch::FHits FCamSearch::FindReading(const FRequestReading& Reading)
 	}
 	PutOwnFirst(Hits);
 	return Hits;
+}
+
+bool FCamSearch::Fits(int32 Entry, const FRequestReading& Reading) const
+{
+	const FString NodeClass = Reading.NodeClass.IsEmpty() && !Reading.bOfAnother ? FString()
+																				 : Index.GetNodeClass(Entry);
+	return !(Reading.bOfAnother && IsOfNoOther(Entry, NodeClass, Reading.Title))
+		&& (Reading.Owner.IsEmpty() || HasOwner(Entry, Reading.Owner))
+		&& (Reading.NodeClass.IsEmpty() || Reading.NodeClass.Equals(NodeClass, ESearchCase::IgnoreCase))
+		&& (Reading.PinWords.IsEmpty() || HasPins(Entry, Reading.PinWords));
+}
+
+bool FCamSearch::IsOfNoOther(int32 Entry, const FString& NodeClass, const FString& Title) const
+{
+	if (NodeClass.StartsWith(TEXT("K2Node_Variable"), ESearchCase::CaseSensitive))
+	{
+		return Index.GetOwnerRank(Entry) < 2;
+	}
+	// One word names functions of many classes and libraries by chance.
+	const bool bOneWord = CamSearch::IsOneWord(Title)
+		&& Title.ToLower().Equals(Title.Left(1).ToLower() + Title.RightChop(1), ESearchCase::CaseSensitive);
+	return bOneWord && Index.GetOwnerRank(Entry) > 1;
+}
+
+bool FCamSearch::HasPins(int32 Entry, const FString& PinWords) const
+{
+	const UFunction* const Function = Index.GetFunction(Entry);
+	TArray<FString> Known = FAssetOperationBase::CreateKeywords(Function
+			? TEXT("second millisecond value pin true false")
+			: TEXT("condition reset break index output pin value true false start closed number item second loop"));
+	for (TFieldIterator<FProperty> It(Function); It; ++It)
+	{
+		FAssetOperationBase::AppendKeywords(It->GetName(), Known);
+	}
+	TArray<FString> Asked;
+	FAssetOperationBase::AppendKeywords(PinWords, Asked);
+	return !Asked.ContainsByPredicate(
+		[&Known](const FString& Word) { return !Word.IsNumeric() && !Known.Contains(Word); });
 }
 
 FCamSearch::FHits FCamSearch::FindStructFunction(const FString& Title)
@@ -243,7 +335,7 @@ FCamSearch::FHits FCamSearch::FindStructFunction(const FString& Title)
 void FCamSearch::PutSlipFirst(const FString& MenuTitle, FHits& InOutHits) const
 {
 	const FString Asked = CamSearch::Squeeze(MenuTitle);
-	if (Asked.Len() < CamSearch::LeastForSlip || InOutHits.IsEmpty() || InOutHits[0].bWhole
+	if (Asked.Len() + 1 < CamSearch::LeastForSlip || InOutHits.IsEmpty() || InOutHits[0].bWhole
 		|| Asked.StartsWith(TEXT("castto"), ESearchCase::CaseSensitive))
 	{
 		return;
@@ -252,7 +344,7 @@ void FCamSearch::PutSlipFirst(const FString& MenuTitle, FHits& InOutHits) const
 	{
 		const FString Title = CamSearch::Squeeze(
 			Index.GetAction(InOutHits[Place].Entry).GetMenuDescription().ToString());
-		if (CamSearch::IsSlip(Asked, Title))
+		if (Title.Len() >= CamSearch::LeastForSlip && CamSearch::IsSlip(Asked, Title))
 		{
 			FKeywordHit Hit = InOutHits[Place];
 			Hit.Confidence = FMath::Max(Hit.Confidence, CamSearch::OneLetter);
@@ -269,7 +361,7 @@ FCamSearch::FHits FCamSearch::FindMembers(const FString& Name, const FRequestRea
 	FHits Hits;
 	for (const int32 Entry : Index.FindMembers(Name))
 	{
-		if (Reading.Owner.IsEmpty() || HasOwner(Entry, Reading.Owner))
+		if (Fits(Entry, Reading))
 		{
 			FKeywordHit& Hit = Hits.AddDefaulted_GetRef();
 			Hit.Entry = Entry;
@@ -328,9 +420,16 @@ void FCamSearch::PutOwnFirst(FHits& InOutHits) const
 
 bool FCamSearch::HasOwner(int32 Entry, const FString& Owner) const
 {
-	const UClass* const Class = FAssetOperationBase::GetAssetClassFromAssetName(Owner);
-	const UClass* const Found = Class ? Index.GetOwner(Entry) : nullptr;
-	return Found && Class->IsChildOf(Found);
+	const UClass* const Found = Index.GetOwner(Entry);
+	for (const FString& Name : {Owner, Owner + TEXT("Component")})
+	{
+		const UClass* const Class = Found ? FAssetOperationBase::GetAssetClassFromAssetName(Name) : nullptr;
+		if (Class && Class->IsChildOf(Found))
+		{
+			return true;
+		}
+	}
+	return false;
 }
 
 bool FCamSearch::IsTypeName(const FString& Text) const
@@ -352,17 +451,10 @@ bool FCamSearch::IsTypeName(const FString& Text) const
 	return false;
 }
 
-FString FCamSearch::GetVariableKind(const FString& Name) const
+FRequestVariable FCamSearch::FindVariable(const FString& Name) const
 {
-	const UBlueprint* const Blueprint = Menu.GetBlueprint();
-	const UClass* const Class = Blueprint ? Blueprint->SkeletonGeneratedClass.Get() : nullptr;
-	const FProperty* Property = nullptr;
-	if (Class && !Name.IsEmpty())
-	{
-		Property = Class->FindPropertyByName(FName(*Name));
-		Property = Property ? Property : Class->FindPropertyByName(FName(*(TEXT("b") + Name)));
-	}
-	return Property ? CamSearch::GetKind(*Property) : FString();
+	const FProperty* const Property = Index.FindVariable(Name);
+	return Property ? FRequestVariable{Property->GetName(), CamSearch::GetKind(*Property)} : FRequestVariable();
 }
 
 FString FCamSearch::Explain(const FString& MenuTitle, const FString& NodeClass)

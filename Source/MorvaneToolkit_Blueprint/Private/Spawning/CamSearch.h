@@ -21,6 +21,10 @@ private:
 	FHits FindHits(const FString& MenuTitle, const FString& NodeClass, bool bTargetIsWired);
 	/** What was named as a whole, by the request as it stands or by a reading of it; empty when nothing was. */
 	FHits FindNamed(const FString& MenuTitle, const FString& NodeClass, FRequestReadings& OutReadings);
+	/** Whether the best is titled as the request is written; of a class that is not at hand, letter by letter. */
+	bool IsWordForWord(const FHits& Hits, const FString& MenuTitle) const;
+	/** Those whose title is named as a whole. */
+	FHits FindTitled(const FString& Title, const FString& NodeClass) const;
 	FHits FindReading(const FRequestReading& Reading);
 	/** Structs whose making and breaking is a function's have no node of their own for it. */
 	FHits FindStructFunction(const FString& Title);
@@ -29,12 +33,17 @@ private:
 	void PutOwnFirst(FHits& InOutHits) const;
 	/** A title that differs in one letter goes first. */
 	void PutSlipFirst(const FString& MenuTitle, FHits& InOutHits) const;
+	/** Whether the entry is of the class and the kind that were read, and has the pins. */
+	bool Fits(int32 Entry, const FRequestReading& Reading) const;
+	/** Whether the entry cannot be had of another object than this Blueprint's. */
+	bool IsOfNoOther(int32 Entry, const FString& NodeClass, const FString& Title) const;
+	bool HasPins(int32 Entry, const FString& PinWords) const;
 	bool HasOwner(int32 Entry, const FString& Owner) const;
 	/** Whether the best is one of several titles that have the words by chance. */
 	bool IsAmbiguous(const FHits& Hits) const;
 	/** The name of a class, a struct or an enum alone says nothing about what is done with it. */
 	bool IsTypeName(const FString& Text) const;
-	FString GetVariableKind(const FString& Name) const;
+	FRequestVariable FindVariable(const FString& Name) const;
 	FString ExplainVariable(const FString& MenuTitle, const FString& NodeClass);
 	FString ExplainGraph(const FString& MenuTitle, const FString& NodeClass);
 
