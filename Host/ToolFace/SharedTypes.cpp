@@ -177,7 +177,7 @@ constexpr std::string_view Connection = R"json({
 constexpr std::string_view ReadDetail = R"json({
 	"type": "string",
 	"enum": ["full", "lean"],
-	"description": "Default full. lean is a third of the size: pins with a link or a set value alone, links as id.pin, no direction for inputs, each type once, nothing that is as in a new node, variable or widget."
+	"description": "Default full. lean is a third of the size: pins with a link or a set value alone, links as id.pin, no direction for inputs and then, types as short text, no class_name for calls and getters, no positions, nothing that the call said or that is as in a new item; what only has a name is that name. Ids and values are those of full."
 })json";
 
 constexpr std::string_view WidgetProperties = R"json({

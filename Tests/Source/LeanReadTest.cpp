@@ -49,14 +49,14 @@ static void ForEachObject(const FJsonObject& Object, const std::function<void(co
 	}
 }
 
-/** The ids of all nodes that the document shows, pins and all. */
+/** The ids of all nodes that the document shows; at the end of a link a node is but named. */
 static std::set<std::string> Ids(const std::string& Document)
 {
 	std::set<std::string> Found;
 	ForEachObject(*Json(Document),
 		[&](const FJsonObject& Object)
 		{
-			if (Object.HasField(TEXT("pins")))
+			if (Object.HasField(TEXT("node_guid")) && !Object.HasField(TEXT("pin_name")))
 			{
 				Found.insert(ToStd(Object.GetStringField(TEXT("node_guid"))));
 			}
@@ -209,10 +209,10 @@ TEST(LeanReads, KeepIdsLinksAndValuesInFortyPerCent)
 	ForEachObject(*Json(Lean),
 		[&](const FJsonObject& Object)
 		{
-			const TSharedPtr<FJsonObject>* Type = nullptr;
-			if (Object.TryGetObjectField(TEXT("type"), Type))
+			FString Type;
+			if (Object.TryGetStringField(TEXT("type"), Type))
 			{
-				Types.insert(JsonText(*Type));
+				Types.insert(ToStd(Type));
 				++NumTypes;
 			}
 			if (Object.HasField(TEXT("name")) && !Object.HasField(TEXT("event_flows")))
@@ -234,21 +234,22 @@ TEST(LeanReads, EveryReadToolTakesThem)
 	{
 		const char* Tool;
 		const char* More;
+		size_t MostPercent = 40;
 	};
-	for (const FCase& Case : {FCase{"variable", R"("variable_name":"Health")"},
-			 {"component", R"("component_name":"Lamp")"}, {"function", R"("function_name":"OpenBy")"},
+	for (const FCase& Case : {FCase{"variable", R"("variable_name":"Health")", 56},
+			 {"component", R"("component_name":"Lamp")", 46}, {"function", R"("function_name":"OpenBy")"},
 			 {"interface", R"("interface_name":"MovieSceneEasingFunction")"},
-			 {"event", R"("graph_name":"Doors","event_name":"Knock")"}, {"timeline", R"("timeline_name":"Swing")"},
-			 {"delegate", R"("delegate_name":"OnOpened")"}, {"macro", R"("macro_name":"Twice")"}})
+			 {"event", R"("graph_name":"Doors","event_name":"Knock")"}, {"timeline", R"("timeline_name":"Swing")", 50},
+			 {"delegate", R"("delegate_name":"OnOpened")"}, {"macro", R"("macro_name":"Twice")", 45}, {"schema", ""}})
 	{
 		const std::string Full = Read(Case.Tool, Blueprint.Path(), Case.More);
-		const std::string Lean = Read(Case.Tool, Blueprint.Path(), Case.More + std::string(R"(,"detail":"lean")"));
+		const std::string More = Case.More + std::string(*Case.More ? "," : "");
+		const std::string Lean = Read(Case.Tool, Blueprint.Path(), More + R"("detail":"lean")");
 		EXPECT_THAT(Lean, HasSubstr(R"("detail":"lean")")) << Case.Tool;
 		EXPECT_EQ(Ids(Lean), Ids(Full)) << Case.Tool;
-		EXPECT_LE(Lean.size(), Full.size() + 20) << Case.Tool;
+		// What is content and not form stays: a document of little else stays long.
+		EXPECT_LE(Lean.size() * 100, Full.size() * Case.MostPercent) << Case.Tool << "\n" << Lean << "\n" << Full;
 	}
-	EXPECT_LT(
-		Read("schema", Blueprint.Path(), R"("detail":"lean")").size() * 2, Read("schema", Blueprint.Path()).size());
 }
 
 TEST(LeanReads, WidgetsTellWhatSomebodySet)

@@ -2,6 +2,7 @@
 #include "BlueprintBuilder.h"
 #include "EdGraph/EdGraphPin.h"
 #include "EdGraphSchema_K2.h"
+#include "PinTypeText.h"
 #include "Session/EditorModules.h"
 #include "ToolResults.h"
 #include "UObject/UnrealType.h"
@@ -99,6 +100,48 @@ TEST(PinTypeJson, UnderstandsTheWordsOfAgents)
 	{
 		EXPECT_EQ(PinTypeJsonTest::Understood(Text), Expected) << Text;
 	}
+}
+
+TEST(PinTypeText, IsWrittenShortAndUnderstoodAsACategory)
+{
+	struct FCase
+	{
+		const char* Json;
+		const char* Text;
+	};
+	const FCase Cases[] = {
+		{R"({"category":"bool"})", "bool"},
+		{R"({"category":"real","sub_category":"float"})", "float"},
+		{R"({"category":"real","sub_category":"double"})", "double"},
+		{R"({"category":"byte","sub_category_object":"/Script/Engine.ECollisionChannel"})", "ECollisionChannel"},
+		{R"({"category":"struct","sub_category_object":"/Script/CoreUObject.Vector"})", "Vector"},
+		{R"({"category":"object","sub_category_object":"/Script/Engine.Actor"})", "Actor"},
+		{R"({"category":"object","sub_category_object":"/Script/CoreUObject.Object"})", "Object"},
+		{R"({"category":"class","sub_category_object":"/Script/Engine.Pawn"})", "class Pawn"},
+		{R"({"category":"softobject","sub_category_object":"/Script/Engine.Texture2D"})", "soft object Texture2D"},
+		{R"({"category":"softclass","sub_category_object":"/Script/Engine.Actor"})", "soft class Actor"},
+		{R"({"category":"interface","sub_category_object":"/Script/CoreUObject.Interface"})",
+			"/Script/CoreUObject.Interface"},
+		{R"({"category":"object","sub_category_object":"/Game/Tests/BP_Test.BP_Test_C"})",
+			"/Game/Tests/BP_Test.BP_Test_C"},
+		{R"({"category":"name","container_type":"array"})", "array of name"},
+		{R"({"category":"struct","sub_category_object":"/Script/Engine.HitResult","is_reference":true,"is_const":true})",
+			"const ref HitResult"},
+		{R"({"category":"int","container_type":"map","value_type":)"
+		 R"({"category":"class","sub_category_object":"/Script/Engine.Pawn"}})",
+			"map of int to class Pawn"},
+	};
+	FBlueprintBuilder Blueprint;
+	for (const FCase& Case : Cases)
+	{
+		FEdGraphPinType Type;
+		ASSERT_TRUE(FAssetOperationBase::ConvertJsonToEdGraphPinType(*Json(Case.Json), Type)) << Case.Json;
+		EXPECT_EQ(ToStd(PinTypeText::Write(Type)), Case.Text);
+		EXPECT_EQ(PinTypeJsonTest::Understood(R"({"category":")" + std::string(Case.Text) + "\"}"), Case.Json);
+	}
+	EXPECT_EQ(PinTypeJsonTest::Understood(R"({"category":"Array of Int","is_reference":true})"),
+		R"({"category":"int","container_type":"array","is_reference":true})");
+	EXPECT_EQ(PinTypeJsonTest::Understood(R"({"category":"array of array of int"})"), "refused");
 }
 
 TEST(PinTypeJson, RefusesWhatIsNoType)

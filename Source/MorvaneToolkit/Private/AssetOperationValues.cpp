@@ -11,9 +11,9 @@ FString FAssetOperationBase::GetPropertyValueAsString(const UObject* Container, 
 	FString Text;
 	if (Container && Property)
 	{
-		// Without a default to differ from, structs tell all of their members.
-		Property->ExportTextItem_Direct(Text, Property->ContainerPtrToValuePtr<void>(Container), nullptr,
-			const_cast<UObject*>(Container), PPF_None);
+		// Against itself as the default, structs tell all of their members; against none they would leave out zeros.
+		const void* const Value = Property->ContainerPtrToValuePtr<void>(Container);
+		Property->ExportTextItem_Direct(Text, Value, Value, const_cast<UObject*>(Container), PPF_None);
 	}
 	return Text;
 }

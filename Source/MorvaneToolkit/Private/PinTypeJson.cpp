@@ -3,6 +3,7 @@
 #include "EdGraph/EdGraphPin.h"
 #include "EdGraphSchema_K2.h"
 #include "JsonReading.h"
+#include "PinTypeText.h"
 #include "UObject/PropertyBagRepository.h"
 
 namespace PinTypeWords
@@ -292,6 +293,19 @@ static void WriteFlag(FJsonObject& Json, const TCHAR* Key, bool bValue)
 
 bool FAssetOperationBase::ConvertJsonToEdGraphPinType(const FJsonObject& Json, FEdGraphPinType& OutPinType)
 {
+	FString Category;
+	MorvaneJson::TryGetStringField(Json, TEXT("category"), Category);
+	if (const TSharedPtr<FJsonObject> Phrase = PinTypeText::Read(Category))
+	{
+		for (const auto& Member : Json.Values)
+		{
+			if (!Phrase->HasField(FString(Member.Key)))
+			{
+				Phrase->SetField(FString(Member.Key), Member.Value);
+			}
+		}
+		return ConvertJsonToEdGraphPinType(*Phrase, OutPinType);
+	}
 	FEdGraphTerminalType Terminal;
 	if (!PinTypeReading::ReadTerminal(Json, Terminal))
 	{

@@ -26,9 +26,13 @@ public:
 	// Reading
 
 	/** {"root_widget": node}, or an object without keys when there is no root. Never null. */
-	static TSharedPtr<FJsonObject> SerializeWidgetHierarchy(UWidgetBlueprint* Blueprint);
-	/** Name, class, is_variable and children of one widget and all below it; null for a null widget. */
-	static TSharedPtr<FJsonObject> SerializeWidgetHierarchyNode(UWidget* Widget, UWidgetBlueprint* Blueprint);
+	static TSharedPtr<FJsonObject> SerializeWidgetHierarchy(UWidgetBlueprint* Blueprint, bool bLean = false);
+	/**
+	 * Name, class, is_variable and children of one widget and all below it; null for a null widget. In lean without the
+	 * class where the name begins with it, and a child that has only its name is that name.
+	 */
+	static TSharedPtr<FJsonObject> SerializeWidgetHierarchyNode(
+		UWidget* Widget, UWidgetBlueprint* Blueprint, bool bLean = false);
 	/** The widget with its parent, slot and properties; null for a null widget. */
 	static TSharedPtr<FJsonObject> SerializeWidgetDetails(
 		UWidget* Widget, UWidgetBlueprint* Blueprint, bool bLean = false);

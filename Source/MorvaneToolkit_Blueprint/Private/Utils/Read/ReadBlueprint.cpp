@@ -75,13 +75,15 @@ private:
 	bool ReadCommand();
 	bool LoadBlueprint();
 	void SetHead();
+	TSharedPtr<FJsonObject> MakeParent(const UClass& Parent) const;
 	/** The road of all named sections: overview of all items, or the asked-for ones in full. False ends the whole read.
 	 */
 	bool AddSection(const FNamedSection& Row);
 	/** Filtering by event happens within each graph, so this section has no names of its own. */
 	bool AddEventGraphs();
 	bool AddWidgetTree();
-	void AddWidgetDetails(FJsonObject& Tree, UWidgetBlueprint& WidgetBlueprint) const;
+	/** Null when no widget of the tree was asked for. */
+	TSharedPtr<FJsonObject> ReadWidgetDetails(UWidgetBlueprint& WidgetBlueprint) const;
 
 	void AddAnimations(FJsonObject& Tree, const UWidgetBlueprint& WidgetBlueprint) const;
 
@@ -144,43 +146,53 @@ bool FRead::LoadBlueprint()
 
 void FRead::SetHead()
 {
-	Document->SetStringField(TEXT("path"), Path);
 	if (bLean)
 	{
 		Document->SetStringField(ToolInfo::FieldName_Detail, ToolInfo::Detail_Lean);
+	}
+	else
+	{
+		Document->SetStringField(TEXT("path"), Path);
 	}
 	if (!bSchema)
 	{
 		return;
 	}
-	Document->SetStringField(TEXT("name"), Blueprint->GetPathName());
-	Document->SetStringField(TEXT("class_path"), Class->GetPathName());
+	if (!bLean)
+	{
+		Document->SetStringField(TEXT("name"), Blueprint->GetPathName());
+		Document->SetStringField(TEXT("class_path"), Class->GetPathName());
+	}
 	const UClass* const Parent = Blueprint->ParentClass;
-	if (!Parent)
+	Document->SetObjectField(TEXT("parent_class"), Parent ? MakeParent(*Parent) : nullptr);
+}
+
+/** In lean by one of name and path: the name of a native class is a path, as is the path of a Blueprint's. */
+TSharedPtr<FJsonObject> FRead::MakeParent(const UClass& Parent) const
+{
+	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
+	const bool bOfBlueprint = Parent.IsA<UBlueprintGeneratedClass>();
+	const bool bUnresolved = ReadUnresolved::IsUnresolved(&Parent);
+	if (!bLean)
 	{
-		Document->SetObjectField(TEXT("parent_class"), nullptr);
-		return;
+		Object->SetStringField(TEXT("type"), bOfBlueprint ? TEXT("blueprint") : TEXT("native"));
 	}
-	const TSharedPtr<FJsonObject> ParentObject = MakeShared<FJsonObject>();
-	if (Parent->IsA<UBlueprintGeneratedClass>())
+	if (!bOfBlueprint)
 	{
-		FString Name = Parent->GetName();
+		Object->SetStringField(TEXT("name"), Parent.GetStructPathName().ToString());
+	}
+	else if (!bLean)
+	{
+		FString Name = Parent.GetName();
 		Name.RemoveFromEnd(TEXT("_C"), ESearchCase::CaseSensitive);
-		ParentObject->SetStringField(TEXT("type"), TEXT("blueprint"));
-		ParentObject->SetStringField(TEXT("name"), Name);
-		ParentObject->SetStringField(TEXT("path"), Parent->GetPathName());
+		Object->SetStringField(TEXT("name"), Name);
 	}
-	else
+	if (bOfBlueprint || (bUnresolved && !bLean))
 	{
-		ParentObject->SetStringField(TEXT("type"), TEXT("native"));
-		ParentObject->SetStringField(TEXT("name"), Parent->GetStructPathName().ToString());
+		Object->SetStringField(TEXT("path"), Parent.GetPathName());
 	}
-	if (ReadUnresolved::IsUnresolved(Parent))
-	{
-		ParentObject->SetStringField(TEXT("path"), Parent->GetPathName());
-		ReadUnresolved::SetFlag(*ParentObject, Parent);
-	}
-	Document->SetObjectField(TEXT("parent_class"), ParentObject);
+	ReadUnresolved::SetFlag(*Object, &Parent);
+	return Object;
 }
 
 bool FRead::AddSection(const FNamedSection& Row)
@@ -197,6 +209,10 @@ bool FRead::AddSection(const FNamedSection& Row)
 	}
 	Row.AddItems(Section);
 	Section.Requested.AddMissing(Section.Entries, bFinalize);
+	if (bLean)
+	{
+		ReadSections::ReduceToNames(Section.Entries, TEXT("name"));
+	}
 	ReadSections::SetUnlessEmpty(*Document, Row.Kind.Section, MoveTemp(Section.Entries));
 	return true;
 }
@@ -210,10 +226,13 @@ bool FRead::AddEventGraphs()
 	TArray<TSharedPtr<FJsonValue>> Graphs;
 	for (const UEdGraph* const Page : Blueprint->UbergraphPages)
 	{
-		if (Page)
+		const TSharedPtr<FJsonObject> Graph = Page
+			? FBlueprintReadUtils::ReadEventGraph(Page, Command, false, TSet<FString>())
+			: nullptr;
+		// An event stands in one graph; the others have no word of it.
+		if (Graph && (bSchema || !bLean || Graph->HasField(TEXT("event_flows"))))
 		{
-			Graphs.Add(MakeShared<FJsonValueObject>(
-				FBlueprintReadUtils::ReadEventGraph(Page, Command, false, TSet<FString>())));
+			Graphs.Add(MakeShared<FJsonValueObject>(Graph));
 		}
 	}
 	ReadSections::SetUnlessEmpty(*Document, TEXT("graphs"), MoveTemp(Graphs));
@@ -238,22 +257,31 @@ bool FRead::AddWidgetTree()
 		return true;
 	}
 	const TSharedPtr<FJsonObject> Tree = MakeShared<FJsonObject>();
-	Tree->SetObjectField(TEXT("widget_hierarchy"), FWidgetBlueprintUtils::SerializeWidgetHierarchy(WidgetBlueprint));
+	const TSharedPtr<FJsonObject> Widgets = bWidgetTool ? ReadWidgetDetails(*WidgetBlueprint) : nullptr;
+	// Who asks for widgets by name has seen the tree.
+	if (!bLean || !Widgets)
+	{
+		Tree->SetObjectField(
+			TEXT("widget_hierarchy"), FWidgetBlueprintUtils::SerializeWidgetHierarchy(WidgetBlueprint, bLean));
+	}
+	if (Widgets)
+	{
+		Tree->SetObjectField(TEXT("widgets"), Widgets);
+	}
 	if (bWidgetTool)
 	{
-		AddWidgetDetails(*Tree, *WidgetBlueprint);
 		AddAnimations(*Tree, *WidgetBlueprint);
 	}
 	Document->SetObjectField(TEXT("widget_tree"), Tree);
 	return true;
 }
 
-void FRead::AddWidgetDetails(FJsonObject& Tree, UWidgetBlueprint& WidgetBlueprint) const
+TSharedPtr<FJsonObject> FRead::ReadWidgetDetails(UWidgetBlueprint& WidgetBlueprint) const
 {
 	FRequestedNames Names;
 	if (!Names.Read(*Command, TEXT("widget_name")) || !WidgetBlueprint.WidgetTree)
 	{
-		return;
+		return nullptr;
 	}
 	const TSharedPtr<FJsonObject> Widgets = MakeShared<FJsonObject>();
 	TArray<UWidget*> All;
@@ -266,10 +294,7 @@ void FRead::AddWidgetDetails(FJsonObject& Tree, UWidgetBlueprint& WidgetBlueprin
 				Widget->GetName(), FWidgetBlueprintUtils::SerializeWidgetDetails(Widget, &WidgetBlueprint, bLean));
 		}
 	}
-	if (!Widgets->Values.IsEmpty())
-	{
-		Tree.SetObjectField(TEXT("widgets"), Widgets);
-	}
+	return Widgets->Values.IsEmpty() ? nullptr : Widgets;
 }
 
 void FRead::AddAnimations(FJsonObject& Tree, const UWidgetBlueprint& WidgetBlueprint) const

@@ -9,6 +9,7 @@
 #include "Engine/SimpleConstructionScript.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Asset/NativeComponents.h"
+#include "Utils/Read/ReadDetail.h"
 #include "Utils/Read/ReadItems.h"
 #include "Utils/Read/ReadUnresolved.h"
 
@@ -93,14 +94,14 @@ static TArray<TSharedPtr<FJsonValue>> GetChildren(const TArray<FRow>& Rows, cons
 	return Children;
 }
 
-static void SetParts(
-	FJsonObject& Entry, const TCHAR* Key, std::initializer_list<TPair<const TCHAR*, double>> Parts, double Unset)
+static void SetParts(FJsonObject& Entry, const TCHAR* Key, std::initializer_list<TPair<const TCHAR*, double>> Parts,
+	double Unset, bool bLean)
 {
 	const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
 	bool bSet = false;
 	for (const TPair<const TCHAR*, double>& Part : Parts)
 	{
-		Object->SetNumberField(Part.Key, Part.Value);
+		Object->SetNumberField(Part.Key, bLean ? ReadDetail::ShortenFloat(Part.Value) : Part.Value);
 		bSet |= Part.Value != Unset;
 	}
 	if (bSet)
@@ -110,16 +111,17 @@ static void SetParts(
 }
 
 /** The place in the form in which an edit sets it; what nobody moved is left out. */
-static void SetPlace(FJsonObject& Entry, const USceneComponent& Scene)
+static void SetPlace(FJsonObject& Entry, const USceneComponent& Scene, bool bLean)
 {
 	const FVector Location = Scene.GetRelativeLocation();
 	const FRotator Rotation = Scene.GetRelativeRotation();
 	const FVector Scale = Scene.GetRelativeScale3D();
 	SetParts(Entry, TEXT("relative_location"),
-		{{TEXT("x"), Location.X}, {TEXT("y"), Location.Y}, {TEXT("z"), Location.Z}}, 0.0);
+		{{TEXT("x"), Location.X}, {TEXT("y"), Location.Y}, {TEXT("z"), Location.Z}}, 0.0, bLean);
 	SetParts(Entry, TEXT("relative_rotation"),
-		{{TEXT("pitch"), Rotation.Pitch}, {TEXT("yaw"), Rotation.Yaw}, {TEXT("roll"), Rotation.Roll}}, 0.0);
-	SetParts(Entry, TEXT("relative_scale_3d"), {{TEXT("x"), Scale.X}, {TEXT("y"), Scale.Y}, {TEXT("z"), Scale.Z}}, 1.0);
+		{{TEXT("pitch"), Rotation.Pitch}, {TEXT("yaw"), Rotation.Yaw}, {TEXT("roll"), Rotation.Roll}}, 0.0, bLean);
+	SetParts(Entry, TEXT("relative_scale_3d"), {{TEXT("x"), Scale.X}, {TEXT("y"), Scale.Y}, {TEXT("z"), Scale.Z}}, 1.0,
+		bLean);
 }
 
 /** Whether the place and the attachment say it already. */
@@ -131,7 +133,7 @@ static bool IsPlace(FName Property)
 }
 
 /** What an edit can set and what is another than in a new component of the class, as text. */
-static void SetProperties(FJsonObject& Entry, const UActorComponent& Component)
+static void SetProperties(FJsonObject& Entry, const UActorComponent& Component, bool bLean)
 {
 	const TSharedPtr<FJsonObject> Properties = MakeShared<FJsonObject>();
 	const UObject* const Default = Component.GetClass()->GetDefaultObject();
@@ -141,7 +143,7 @@ static void SetProperties(FJsonObject& Entry, const UActorComponent& Component)
 			&& !It->HasAnyPropertyFlags(CPF_Transient | CPF_Deprecated) && !IsPlace(It->GetFName());
 		if (bShown && !It->Identical_InContainer(&Component, Default))
 		{
-			Properties->SetStringField(It->GetName(), FAssetOperationBase::GetPropertyValueAsString(&Component, *It));
+			Properties->SetStringField(It->GetName(), ReadDetail::GetValue(Component, **It, bLean));
 		}
 	}
 	if (!Properties->Values.IsEmpty())
@@ -180,11 +182,11 @@ static void SetDetails(FJsonObject& Entry, const FRow& Row, const TArray<FRow>& 
 	ReadSections::SetUnlessEmpty(Entry, TEXT("children"), GetChildren(Rows, Row.Name));
 	if (const USceneComponent* const Scene = Cast<USceneComponent>(Row.Component))
 	{
-		SetPlace(Entry, *Scene);
+		SetPlace(Entry, *Scene, bLean);
 	}
 	if (Row.Component)
 	{
-		SetProperties(Entry, *Row.Component);
+		SetProperties(Entry, *Row.Component, bLean);
 	}
 }
 } // namespace ReadComponents
@@ -202,7 +204,10 @@ void ReadSections::AddComponents(FReadSection& Section)
 		Entry->SetStringField(TEXT("class_name"), Row.Class ? Row.Class->GetName() : FString());
 		if (!Row.Class || ReadUnresolved::IsUnresolved(Row.Class))
 		{
-			Entry->SetStringField(TEXT("class_path"), Row.Class ? Row.Class->GetPathName() : FString());
+			if (Section.bFull || !Section.bLean)
+			{
+				Entry->SetStringField(TEXT("class_path"), Row.Class ? Row.Class->GetPathName() : FString());
+			}
 			Entry->SetBoolField(TEXT("unresolved"), true);
 		}
 		if (!Row.Member.IsEmpty() && Row.Member != Row.Name)

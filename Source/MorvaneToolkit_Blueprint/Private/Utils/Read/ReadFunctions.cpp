@@ -4,18 +4,32 @@
 #include "BlueprintReadUtils.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphPin.h"
+#include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "K2Node_Event.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_Tunnel.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
+#include "Utils/Read/ReadDetail.h"
 #include "Utils/Read/ReadItems.h"
 #include "Utils/Read/ReadUnresolved.h"
 
 namespace ReadFunctions
 {
 using FDescribe = void (*)(const FReadSection&, FJsonObject&, const UEdGraph&);
+
+/** The graph of the entry, in lean without the name that both have. */
+static void SetGraph(const FReadSection& Section, FJsonObject& Entry, const UEdGraph& Graph)
+{
+	const TSharedPtr<FJsonObject> Object = FBlueprintReadUtils::ReadEdGraph(&Graph, Section.Command);
+	if (Section.bLean)
+	{
+		Object->RemoveField(TEXT("name"));
+	}
+	Entry.SetObjectField(TEXT("ed_graph"), Object);
+}
 
 static void AddGraphs(FReadSection& Section, const TArray<TObjectPtr<UEdGraph>>& Graphs, FDescribe Describe = nullptr)
 {
@@ -34,7 +48,7 @@ static void AddGraphs(FReadSection& Section, const TArray<TObjectPtr<UEdGraph>>&
 		{
 			Describe(Section, *Entry, *Graph);
 		}
-		Entry->SetObjectField(TEXT("ed_graph"), FBlueprintReadUtils::ReadEdGraph(Graph, Section.Command));
+		SetGraph(Section, *Entry, *Graph);
 	}
 }
 
@@ -47,17 +61,34 @@ static const UEdGraph* FindGraph(const UBlueprint& Blueprint, FName Name)
 	return Found ? *Found : nullptr;
 }
 
-static TSharedPtr<FJsonObject> MakeParameter(const FString& Name, const FProperty* Property)
+/** The functions that events of the event graphs are: an overview shows them there. */
+static void AddEvents(const UBlueprint& Blueprint, TSet<FName>& OutNames)
+{
+	for (const UEdGraph* const Page : Blueprint.UbergraphPages)
+	{
+		TArray<UK2Node_Event*> Events;
+		if (Page)
+		{
+			Page->GetNodesOfClass(Events);
+		}
+		for (const UK2Node_Event* const Event : Events)
+		{
+			OutNames.Add(Event->GetFunctionName());
+		}
+	}
+}
+
+static TSharedPtr<FJsonObject> MakeParameter(const FString& Name, const FProperty* Property, bool bLean)
 {
 	FEdGraphPinType Type;
 	FAssetOperationBase::ConvertPropertyToEdGraphPinType(Property, Type);
 	const TSharedPtr<FJsonObject> Parameter = MakeShared<FJsonObject>();
 	Parameter->SetStringField(TEXT("name"), Name);
-	Parameter->SetObjectField(TEXT("type"), FAssetOperationBase::ConvertEdGraphPinTypeToJson(Type));
+	ReadDetail::SetType(*Parameter, Type, bLean);
 	return Parameter;
 }
 
-static void SetParameters(FJsonObject& Entry, const UFunction& Function)
+static void SetParameters(FJsonObject& Entry, const UFunction& Function, bool bLean)
 {
 	TArray<TSharedPtr<FJsonValue>> In;
 	TArray<TSharedPtr<FJsonValue>> Out;
@@ -66,7 +97,7 @@ static void SetParameters(FJsonObject& Entry, const UFunction& Function)
 		if (It->HasAnyPropertyFlags(CPF_Parm) && !It->HasAnyPropertyFlags(CPF_ReturnParm))
 		{
 			TArray<TSharedPtr<FJsonValue>>& List = It->HasAnyPropertyFlags(CPF_OutParm) ? Out : In;
-			List.Add(MakeShared<FJsonValueObject>(MakeParameter(It->GetName(), *It)));
+			List.Add(MakeShared<FJsonValueObject>(MakeParameter(It->GetName(), *It, bLean)));
 		}
 	}
 	ReadSections::SetUnlessEmpty(Entry, TEXT("in_params"), MoveTemp(In));
@@ -77,9 +108,9 @@ static void SetSignature(const FReadSection& Section, FJsonObject& Entry, const 
 {
 	if (const FProperty* const Return = Function.GetReturnProperty())
 	{
-		Entry.SetObjectField(TEXT("return_type"), MakeParameter(TEXT("ReturnValue"), Return));
+		Entry.SetObjectField(TEXT("return_type"), MakeParameter(TEXT("ReturnValue"), Return, Section.bLean));
 	}
-	else
+	else if (!Section.bLean)
 	{
 		Entry.SetStringField(TEXT("return_type"), TEXT("void"));
 	}
@@ -92,7 +123,7 @@ static void SetSignature(const FReadSection& Section, FJsonObject& Entry, const 
 	{
 		Entry.SetBoolField(TEXT("is_pure"), bPure);
 	}
-	SetParameters(Entry, Function);
+	SetParameters(Entry, Function, Section.bLean);
 }
 
 static const TCHAR* GetAccess(int32 Flags)
@@ -104,15 +135,32 @@ static const TCHAR* GetAccess(int32 Flags)
 	return (Flags & FUNC_Protected) != 0 ? TEXT("protected") : TEXT("public");
 }
 
-static void SetLocalVariables(FJsonObject& Entry, const UK2Node_FunctionEntry& Node)
+/** A number that was given as such is kept with a fraction, which whole numbers have none of. */
+static FString ShowDefault(const FBPVariableDescription& Variable)
+{
+	using K2 = UEdGraphSchema_K2;
+	const FName Category = Variable.VarType.PinCategory;
+	const bool bWhole = Category == K2::PC_Int || Category == K2::PC_Int64 || Category == K2::PC_Byte;
+	FString Text = Variable.DefaultValue;
+	if (bWhole && !Variable.VarType.IsContainer())
+	{
+		Text.RemoveFromEnd(TEXT(".0"), ESearchCase::CaseSensitive);
+	}
+	return Text;
+}
+
+static void SetLocalVariables(FJsonObject& Entry, const UK2Node_FunctionEntry& Node, bool bLean)
 {
 	TArray<TSharedPtr<FJsonValue>> Variables;
 	for (const FBPVariableDescription& Variable : Node.LocalVariables)
 	{
 		const TSharedPtr<FJsonObject> Object = MakeShared<FJsonObject>();
 		Object->SetStringField(TEXT("name"), Variable.VarName.ToString());
-		Object->SetObjectField(TEXT("type"), FAssetOperationBase::ConvertEdGraphPinTypeToJson(Variable.VarType));
-		Object->SetStringField(TEXT("default_variable_value"), Variable.DefaultValue);
+		ReadDetail::SetType(*Object, Variable.VarType, bLean);
+		if (!bLean || !Variable.DefaultValue.IsEmpty())
+		{
+			Object->SetStringField(TEXT("default_variable_value"), ShowDefault(Variable));
+		}
 		Variables.Add(MakeShared<FJsonValueObject>(Object));
 	}
 	ReadSections::SetUnlessEmpty(Entry, TEXT("local_variables"), MoveTemp(Variables));
@@ -142,7 +190,7 @@ static void SetDetails(const FReadSection& Section, FJsonObject& Entry, const UE
 	{
 		Entry.SetStringField(TEXT("tooltip"), Node.MetaData.ToolTip.ToString());
 	}
-	SetLocalVariables(Entry, Node);
+	SetLocalVariables(Entry, Node, Section.bLean);
 }
 
 static void DescribeFunction(const FReadSection& Section, FJsonObject& Entry, const UEdGraph& Graph)
@@ -154,16 +202,16 @@ static void DescribeFunction(const FReadSection& Section, FJsonObject& Entry, co
 	SetDetails(Section, Entry, Graph);
 }
 
-static TSharedPtr<FJsonValue> MakeParameter(const FUserPinInfo& Pin)
+static TSharedPtr<FJsonValue> MakeParameter(const FUserPinInfo& Pin, bool bLean)
 {
 	const TSharedPtr<FJsonObject> Parameter = MakeShared<FJsonObject>();
 	Parameter->SetStringField(TEXT("name"), Pin.PinName.ToString());
-	Parameter->SetObjectField(TEXT("type"), FAssetOperationBase::ConvertEdGraphPinTypeToJson(Pin.PinType));
+	ReadDetail::SetType(*Parameter, Pin.PinType, bLean);
 	return MakeShared<FJsonValueObject>(Parameter);
 }
 
 /** What goes into the macro and what comes out of it, execution too: the pins of its two tunnels. */
-static void DescribeMacro(const FReadSection&, FJsonObject& Entry, const UEdGraph& Graph)
+static void DescribeMacro(const FReadSection& Section, FJsonObject& Entry, const UEdGraph& Graph)
 {
 	TArray<UK2Node_Tunnel*> Tunnels;
 	Graph.GetNodesOfClass(Tunnels);
@@ -175,7 +223,7 @@ static void DescribeMacro(const FReadSection&, FJsonObject& Entry, const UEdGrap
 		const bool bOwn = Tunnel->GetClass() == UK2Node_Tunnel::StaticClass();
 		for (const TSharedPtr<FUserPinInfo>& Pin : bOwn ? Tunnel->UserDefinedPins : TArray<TSharedPtr<FUserPinInfo>>())
 		{
-			(Pin->DesiredPinDirection == EGPD_Output ? In : Out).Add(MakeParameter(*Pin));
+			(Pin->DesiredPinDirection == EGPD_Output ? In : Out).Add(MakeParameter(*Pin, Section.bLean));
 		}
 	}
 	ReadSections::SetUnlessEmpty(Entry, TEXT("in_params"), MoveTemp(In));
@@ -189,7 +237,7 @@ static void DescribeDelegate(const FReadSection& Section, FJsonObject& Entry, co
 		Section.Class.FindPropertyByName(Graph.GetFName()));
 	if (Delegate && Delegate->SignatureFunction)
 	{
-		SetParameters(Entry, *Delegate->SignatureFunction);
+		SetParameters(Entry, *Delegate->SignatureFunction, Section.bLean);
 	}
 }
 
@@ -202,14 +250,17 @@ static void AddClassFunction(FReadSection& Section, const UFunction& Function)
 		Entry->SetStringField(TEXT("owner_class"), Owner->GetName());
 	}
 	const bool bEvent = Function.HasAnyFunctionFlags(FUNC_BlueprintEvent);
-	Entry->SetStringField(TEXT("function_type"), bEvent ? TEXT("event") : TEXT("function"));
+	if (bEvent || !Section.bLean)
+	{
+		Entry->SetStringField(TEXT("function_type"), bEvent ? TEXT("event") : TEXT("function"));
+	}
 	if (Section.bFull)
 	{
 		SetSignature(Section, *Entry, Function);
 		if (const UEdGraph* const Graph = FindGraph(Section.Blueprint, Function.GetFName()))
 		{
 			SetDetails(Section, *Entry, *Graph);
-			Entry->SetObjectField(TEXT("ed_graph"), FBlueprintReadUtils::ReadEdGraph(Graph, Section.Command));
+			SetGraph(Section, *Entry, *Graph);
 		}
 	}
 }
@@ -271,6 +322,10 @@ void ReadSections::AddFunctions(FReadSection& Section)
 		{
 			Listed.Add(Graph->GetFName());
 		}
+	}
+	if (Section.bLean && !Section.bFull)
+	{
+		ReadFunctions::AddEvents(Section.Blueprint, Listed);
 	}
 	// Functions without a graph of their own: custom events, graphs of interfaces, signatures.
 	constexpr EFunctionFlags Shown = static_cast<EFunctionFlags>(

@@ -17,6 +17,7 @@
 #include "ToolInfo.h"
 #include "Utils/Read/ReadBudget.h"
 #include "Utils/Read/ReadDetail.h"
+#include "Utils/Read/ReadItems.h"
 #include "Utils/Read/ReadPins.h"
 
 namespace ReadGraph
@@ -343,6 +344,10 @@ public:
 			AddMissing();
 		}
 		AddFloating();
+		if (bLean)
+		{
+			ReadSections::ReduceToNames(Entries, TEXT("event_title"));
+		}
 		return MoveTemp(Entries);
 	}
 
@@ -366,7 +371,7 @@ private:
 			return;
 		}
 		const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
-		if (!bLean || !bFull)
+		if (!bLean)
 		{
 			Entry->SetStringField(TEXT("event_type"), Flow.Event->GetClass()->GetName());
 		}
@@ -404,6 +409,10 @@ private:
 				Floating.Add(Node);
 			}
 		}
+		if (bLean && Floating.IsEmpty())
+		{
+			return;
+		}
 		const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
 		if (!bLean)
 		{
@@ -425,14 +434,27 @@ private:
 		SetLeftOut(Entry, Nodes.Num(), Chosen.Num());
 	}
 
-	/** A node of several flows; a lean read shows it in the first of them and names it in the others. */
+	static TSharedPtr<FJsonObject> NameNode(const UEdGraphNode& Node)
+	{
+		const TSharedPtr<FJsonObject> Named = MakeShared<FJsonObject>();
+		Named->SetStringField(TEXT("menu_title"), Node.GetNodeTitle(ENodeTitleType::MenuTitle).ToString());
+		Named->SetStringField(TEXT("node_guid"), FBlueprintNodeUtils::GetShortNodeId(&Node));
+		return Named;
+	}
+
+	/**
+	 * A node of several flows: a lean read shows it in the first of them and names it in the others. A lean overview
+	 * names all that it has.
+	 */
 	TSharedPtr<FJsonObject> ReadNode(const UEdGraphNode& Node)
 	{
+		if (bLean && !bFull)
+		{
+			return NameNode(Node);
+		}
 		if (bLean && Shown.Contains(&Node))
 		{
-			const TSharedPtr<FJsonObject> Named = MakeShared<FJsonObject>();
-			Named->SetStringField(TEXT("menu_title"), Node.GetNodeTitle(ENodeTitleType::MenuTitle).ToString());
-			Named->SetStringField(TEXT("node_guid"), FBlueprintNodeUtils::GetShortNodeId(&Node));
+			const TSharedPtr<FJsonObject> Named = NameNode(Node);
 			Named->SetBoolField(TEXT("shown_above"), true);
 			return Named;
 		}
@@ -469,7 +491,11 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadEventGraph(
 		return Object;
 	}
 	ReadGraph::SetHead(*Object, *Graph, ReadDetail::IsLean(*Command));
-	Object->SetArrayField(
-		TEXT("event_flows"), ReadGraph::FEventGraphRead(*Graph, Command, ReadTool).Read(bRestrict, ShortNodeIds));
+	TArray<TSharedPtr<FJsonValue>> Flows =
+		ReadGraph::FEventGraphRead(*Graph, Command, ReadTool).Read(bRestrict, ShortNodeIds);
+	if (!Flows.IsEmpty())
+	{
+		Object->SetArrayField(TEXT("event_flows"), MoveTemp(Flows));
+	}
 	return Object;
 }

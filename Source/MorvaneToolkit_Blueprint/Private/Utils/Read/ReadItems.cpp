@@ -67,7 +67,10 @@ void FReadSection::SetInherited(FJsonObject& Entry, const UClass* Owner) const
 {
 	if (Owner && Owner != &Class)
 	{
-		Entry.SetBoolField(TEXT("inherited"), true);
+		if (!bLean)
+		{
+			Entry.SetBoolField(TEXT("inherited"), true);
+		}
 		Entry.SetStringField(TEXT("inherited_from"), Owner->GetName());
 	}
 }
@@ -78,6 +81,18 @@ TSharedPtr<FJsonObject> FReadSection::AddEntry(const FString& Name)
 	Entry->SetStringField(TEXT("name"), Name);
 	Entries.Add(MakeShared<FJsonValueObject>(Entry));
 	return Entry;
+}
+
+void ReadSections::ReduceToNames(TArray<TSharedPtr<FJsonValue>>& Entries, const TCHAR* Key)
+{
+	for (TSharedPtr<FJsonValue>& Entry : Entries)
+	{
+		const TSharedPtr<FJsonObject>* Object = nullptr;
+		if (Entry->TryGetObject(Object) && (*Object)->Values.Num() == 1 && (*Object)->HasField(FString(Key)))
+		{
+			Entry = (*Object)->TryGetField(FString(Key));
+		}
+	}
 }
 
 void ReadSections::SetUnlessEmpty(FJsonObject& Object, const TCHAR* Key, TArray<TSharedPtr<FJsonValue>>&& Values)

@@ -57,6 +57,8 @@ void AddMacros(FReadSection& Section);
 void AddDelegates(FReadSection& Section);
 void AddTimelines(FReadSection& Section);
 
+/** Of entries that have nothing but their name under the key, the name. */
+void ReduceToNames(TArray<TSharedPtr<FJsonValue>>& Entries, const TCHAR* Key);
 /** Sets the array unless it is empty: what has nothing to say is left out. */
 void SetUnlessEmpty(FJsonObject& Object, const TCHAR* Key, TArray<TSharedPtr<FJsonValue>>&& Values);
 } // namespace ReadSections

@@ -9,9 +9,12 @@
 #include "AnimStateTransitionNode.h"
 #include "BlueprintNodeUtils.h"
 #include "EdGraph/EdGraph.h"
+#include "EdGraphNode_Comment.h"
 #include "K2Node_CallFunction.h"
 #include "K2Node_Composite.h"
 #include "K2Node_Event.h"
+#include "K2Node_FunctionResult.h"
+#include "K2Node_Knot.h"
 #include "K2Node_Literal.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
@@ -79,10 +82,17 @@ static void SetBoundGraph(FJsonObject& Object, const UEdGraph* BoundGraph, const
 	{
 		return;
 	}
+	const TSharedPtr<FJsonObject> Graph = FBlueprintReadUtils::ReadEdGraph(
+		BoundGraph, Context.Command, Context.Depth + 1, Context.Visited);
 	Object.SetStringField(TEXT("bound_graph_name"), BoundGraph->GetName());
+	if (Context.IsLean())
+	{
+		Graph->RemoveField(TEXT("name"));
+		Object.SetObjectField(TEXT("bound_graph"), Graph);
+		return;
+	}
 	Object.SetStringField(TEXT("bound_graph_class"), BoundGraph->GetClass()->GetName());
-	Object.SetObjectField(TEXT("bound_graph"),
-		FBlueprintReadUtils::ReadEdGraph(BoundGraph, Context.Command, Context.Depth + 1, Context.Visited));
+	Object.SetObjectField(TEXT("bound_graph"), Graph);
 	Object.SetNumberField(TEXT("bound_graph_depth"), Context.Depth + 1);
 }
 
@@ -350,13 +360,20 @@ static void SetProperties(FJsonObject& Properties, const UEdGraphNode& Node, con
 
 static void SetTitles(FJsonObject& Info, const UEdGraphNode& Node, const FString& FullTitle, bool bLean)
 {
+	if (bLean && Node.IsA<UEdGraphNode_Comment>())
+	{
+		// Its title is its comment.
+		return;
+	}
 	const FString MenuTitle = Node.GetNodeTitle(ENodeTitleType::MenuTitle).ToString();
 	Info.SetStringField(TEXT("menu_title"), MenuTitle);
 	// Beyond the first line a full title says what class and properties say.
 	FString FirstLine;
 	const bool bLines = FullTitle.Split(TEXT("\n"), &FirstLine, nullptr);
+	const bool bPlain = Node.IsA<UK2Node_Knot>() || Node.IsA<UK2Node_FunctionResult>();
 	if (!bLean
-		|| (!FullTitle.IsEmpty() && !(bLines ? FirstLine : FullTitle).Equals(MenuTitle, ESearchCase::CaseSensitive)))
+		|| (!bPlain && !FullTitle.IsEmpty()
+			&& !(bLines ? FirstLine : FullTitle).Equals(MenuTitle, ESearchCase::CaseSensitive)))
 	{
 		Info.SetStringField(TEXT("full_title"), FullTitle);
 	}
@@ -422,7 +439,13 @@ TSharedPtr<FJsonObject> FBlueprintReadUtils::ReadNodeInfo(
 	const ReadNode::FContext Context{Command, Depth, Visited};
 	const bool bLean = Context.IsLean();
 	ReadNode::SetTitles(*Info, *Node, FullTitle, bLean);
-	Info->SetStringField(TEXT("class_name"), Node->GetClass()->GetName());
+	// Most nodes are calls and getters, as their function_name or variable_name tells.
+	const UClass* const Class = Node->GetClass();
+	const bool bCommon = Class == UK2Node_CallFunction::StaticClass() || Class == UK2Node_VariableGet::StaticClass();
+	if (!bLean || !bCommon)
+	{
+		Info->SetStringField(TEXT("class_name"), Node->GetClass()->GetName());
+	}
 	Info->SetStringField(TEXT("node_guid"), FBlueprintNodeUtils::GetShortNodeId(Node));
 	if (!bLean)
 	{

@@ -4,6 +4,8 @@
 #include "BlueprintNodeUtils.h"
 #include "BlueprintReadUtils.h"
 #include "EdGraph/EdGraphNode.h"
+#include "EdGraphSchema_K2.h"
+#include "Utils/Read/ReadDetail.h"
 
 namespace ReadPins
 {
@@ -92,14 +94,15 @@ TSharedPtr<FJsonObject> FPinReader::ReadLean(const UEdGraphPin& Pin)
 	{
 		ReadPins::SetText(*Info, TEXT("value"), ReadPins::GetValue(Pin));
 	}
-	if (Pin.Direction == EGPD_Output)
+	// Most links of execution leave by "then", which is no input anywhere.
+	if (Pin.Direction == EGPD_Output && Pin.PinName != UEdGraphSchema_K2::PN_Then)
 	{
 		Info->SetField(TEXT("direction"), ReadPins::Output());
 	}
 	// What a link joins has its type at the ends that give and take; a value is to be written in the form of its type.
 	if (bValue && IsFirstOfType(Pin.PinType))
 	{
-		Info->SetField(TEXT("type"), GetType(Pin.PinType));
+		ReadDetail::SetType(*Info, Pin.PinType, bLean);
 	}
 	ReadPins::SetOrphaned(*Info, Pin);
 	if (!Connections.IsEmpty())

@@ -6,6 +6,7 @@
 #include "Curves/RichCurve.h"
 #include "Engine/Blueprint.h"
 #include "Engine/TimelineTemplate.h"
+#include "Utils/Read/ReadDetail.h"
 #include "Utils/Read/ReadItems.h"
 
 namespace ReadTimelines
@@ -30,10 +31,6 @@ static TArray<float> GetTimes(const FCurves& Curves)
 /** A number for a track of one curve, an object of the parts for others. */
 static TSharedPtr<FJsonValue> MakeValue(const FCurves& Curves, const TCHAR* Parts, float Time)
 {
-	if (Curves.Num() == 1)
-	{
-		return MakeShared<FJsonValueNumber>(static_cast<double>(Curves[0]->Eval(Time)));
-	}
 	const TSharedPtr<FJsonObject> Value = MakeShared<FJsonObject>();
 	for (int32 Index = 0; Index < Curves.Num(); ++Index)
 	{
@@ -42,7 +39,31 @@ static TSharedPtr<FJsonValue> MakeValue(const FCurves& Curves, const TCHAR* Part
 	return MakeShared<FJsonValueObject>(Value);
 }
 
-static TArray<TSharedPtr<FJsonValue>> MakePoints(const FCurves& Curves, const TCHAR* Parts)
+static TSharedPtr<FJsonValue> MakeNumber(float Number, bool bLean)
+{
+	return MakeShared<FJsonValueNumber>(bLean ? ReadDetail::ShortenFloat(Number) : static_cast<double>(Number));
+}
+
+/** A list in lean: time, then the value, with its parts in the order of their names. */
+static TSharedPtr<FJsonValue> MakePoint(float Time, const TArray<float>& Values)
+{
+	TArray<TSharedPtr<FJsonValue>> Numbers = {MakeNumber(Time, true)};
+	for (const float Value : Values)
+	{
+		Numbers.Add(MakeNumber(Value, true));
+	}
+	return MakeShared<FJsonValueArray>(Numbers);
+}
+
+static TSharedPtr<FJsonValue> MakePoint(float Time, const TSharedPtr<FJsonValue>& Value)
+{
+	const TSharedPtr<FJsonObject> Point = MakeShared<FJsonObject>();
+	Point->SetField(TEXT("time"), MakeNumber(Time, false));
+	Point->SetField(TEXT("value"), Value);
+	return MakeShared<FJsonValueObject>(Point);
+}
+
+static TArray<TSharedPtr<FJsonValue>> MakePoints(const FCurves& Curves, const TCHAR* Parts, bool bLean)
 {
 	TArray<TSharedPtr<FJsonValue>> Points;
 	if (Curves.Num() == 1)
@@ -50,19 +71,19 @@ static TArray<TSharedPtr<FJsonValue>> MakePoints(const FCurves& Curves, const TC
 		// Every key as it is, those of the same time too.
 		for (const FRichCurveKey& Key : Curves[0]->GetConstRefOfKeys())
 		{
-			const TSharedPtr<FJsonObject> Point = MakeShared<FJsonObject>();
-			Point->SetNumberField(TEXT("time"), static_cast<double>(Key.Time));
-			Point->SetNumberField(TEXT("value"), static_cast<double>(Key.Value));
-			Points.Add(MakeShared<FJsonValueObject>(Point));
+			Points.Add(bLean ? MakePoint(Key.Time, TArray<float>{Key.Value})
+							 : MakePoint(Key.Time, MakeNumber(Key.Value, false)));
 		}
 		return Points;
 	}
 	for (const float Time : GetTimes(Curves))
 	{
-		const TSharedPtr<FJsonObject> Point = MakeShared<FJsonObject>();
-		Point->SetNumberField(TEXT("time"), static_cast<double>(Time));
-		Point->SetField(TEXT("value"), MakeValue(Curves, Parts, Time));
-		Points.Add(MakeShared<FJsonValueObject>(Point));
+		TArray<float> Values;
+		for (const FRichCurve* const Curve : Curves)
+		{
+			Values.Add(Curve->Eval(Time));
+		}
+		Points.Add(bLean ? MakePoint(Time, Values) : MakePoint(Time, MakeValue(Curves, Parts, Time)));
 	}
 	return Points;
 }
@@ -86,13 +107,17 @@ FCurves GetCurves(const TCurves& Asset)
 /** Type: the word by which an edit asks for such a track. */
 template <class TTrack, class TAsset>
 void AddTracks(const TArray<TTrack>& Tracks, TObjectPtr<TAsset> TTrack::*Asset, const TCHAR* Type, const TCHAR* Parts,
-	TArray<TSharedPtr<FJsonValue>>& Out)
+	bool bLean, TArray<TSharedPtr<FJsonValue>>& Out)
 {
 	for (const TTrack& Track : Tracks)
 	{
 		const TSharedPtr<FJsonObject> Entry = MakeShared<FJsonObject>();
 		Entry->SetStringField(TEXT("name"), Track.GetTrackName().ToString());
-		Entry->SetStringField(TEXT("type"), Type);
+		// A curve without a type is made as one of floats.
+		if (!bLean || FString(Type) != TEXT("Float"))
+		{
+			Entry->SetStringField(TEXT("type"), Type);
+		}
 		const TAsset* const Curve = Track.*Asset;
 		if (Curve && Track.bIsExternalCurve)
 		{
@@ -100,26 +125,37 @@ void AddTracks(const TArray<TTrack>& Tracks, TObjectPtr<TAsset> TTrack::*Asset, 
 		}
 		if (Curve)
 		{
-			Entry->SetArrayField(TEXT("points"), MakePoints(GetCurves(*Curve), Parts));
+			Entry->SetArrayField(TEXT("points"), MakePoints(GetCurves(*Curve), Parts, bLean));
 		}
 		Out.Add(MakeShared<FJsonValueObject>(Entry));
 	}
 }
 
-static void SetDetails(FJsonObject& Entry, const UTimelineTemplate& Timeline)
+static void SetFlag(FJsonObject& Entry, const TCHAR* Key, bool bValue, bool bLean)
 {
-	Entry.SetNumberField(TEXT("length"), static_cast<double>(Timeline.TimelineLength));
-	Entry.SetBoolField(TEXT("auto_play"), Timeline.bAutoPlay);
-	Entry.SetBoolField(TEXT("loop"), Timeline.bLoop);
-	Entry.SetBoolField(TEXT("replicated"), Timeline.bReplicated);
+	if (bValue || !bLean)
+	{
+		Entry.SetBoolField(Key, bValue);
+	}
+}
+
+static void SetDetails(FJsonObject& Entry, const UTimelineTemplate& Timeline, bool bLean)
+{
+	Entry.SetField(TEXT("length"), MakeNumber(Timeline.TimelineLength, bLean));
+	SetFlag(Entry, TEXT("auto_play"), Timeline.bAutoPlay, bLean);
+	SetFlag(Entry, TEXT("loop"), Timeline.bLoop, bLean);
+	SetFlag(Entry, TEXT("replicated"), Timeline.bReplicated, bLean);
 	const bool bToLastKey = Timeline.LengthMode == TL_LastKeyFrame;
-	Entry.SetStringField(TEXT("length_mode"), bToLastKey ? TEXT("last_key_frame") : TEXT("timeline_length"));
+	if (bToLastKey || !bLean)
+	{
+		Entry.SetStringField(TEXT("length_mode"), bToLastKey ? TEXT("last_key_frame") : TEXT("timeline_length"));
+	}
 	TArray<TSharedPtr<FJsonValue>> Curves;
-	AddTracks(Timeline.FloatTracks, &FTTFloatTrack::CurveFloat, TEXT("Float"), TEXT(""), Curves);
-	AddTracks(Timeline.VectorTracks, &FTTVectorTrack::CurveVector, TEXT("Vector"), TEXT("xyz"), Curves);
-	AddTracks(
-		Timeline.LinearColorTracks, &FTTLinearColorTrack::CurveLinearColor, TEXT("LinearColor"), TEXT("RGBA"), Curves);
-	AddTracks(Timeline.EventTracks, &FTTEventTrack::CurveKeys, TEXT("Event"), TEXT(""), Curves);
+	AddTracks(Timeline.FloatTracks, &FTTFloatTrack::CurveFloat, TEXT("Float"), TEXT(""), bLean, Curves);
+	AddTracks(Timeline.VectorTracks, &FTTVectorTrack::CurveVector, TEXT("Vector"), TEXT("xyz"), bLean, Curves);
+	AddTracks(Timeline.LinearColorTracks, &FTTLinearColorTrack::CurveLinearColor, TEXT("LinearColor"), TEXT("RGBA"),
+		bLean, Curves);
+	AddTracks(Timeline.EventTracks, &FTTEventTrack::CurveKeys, TEXT("Event"), TEXT(""), bLean, Curves);
 	ReadSections::SetUnlessEmpty(Entry, TEXT("curves"), MoveTemp(Curves));
 }
 } // namespace ReadTimelines
@@ -140,7 +176,7 @@ void ReadSections::AddTimelines(FReadSection& Section)
 		const TSharedPtr<FJsonObject> Entry = Section.AddEntry(Name);
 		if (Section.bFull)
 		{
-			ReadTimelines::SetDetails(*Entry, *Timeline);
+			ReadTimelines::SetDetails(*Entry, *Timeline, Section.bLean);
 		}
 	}
 }

@@ -8,6 +8,7 @@
 #include "Engine/BlueprintGeneratedClass.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "UObject/UnrealType.h"
+#include "Utils/Read/ReadDetail.h"
 #include "Utils/Read/ReadItems.h"
 #include "WidgetBlueprint.h"
 
@@ -97,10 +98,11 @@ static void AddVariable(FReadSection& Section, const FString& Name, const FBPVar
 	const FEdGraphPinType& Type, const FString& DefaultValue, const UClass* Owner)
 {
 	const TSharedPtr<FJsonObject> Entry = Section.AddEntry(Name);
-	Entry->SetObjectField(TEXT("type"), FAssetOperationBase::ConvertEdGraphPinTypeToJson(Type));
+	ReadDetail::SetType(*Entry, Type, Section.bLean);
 	if (Section.bFull)
 	{
-		Entry->SetStringField(TEXT("default_variable_value"), DefaultValue);
+		Entry->SetStringField(
+			TEXT("default_variable_value"), Section.bLean ? ReadDetail::ShortenReferences(DefaultValue) : DefaultValue);
 	}
 	const bool bReplicates = !Variable.RepNotifyFunc.IsNone() || (Variable.PropertyFlags & CPF_Net) != 0;
 	if (bReplicates || !Section.bLean)

@@ -9,6 +9,8 @@
 #include "Components/PanelWidget.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
+#include "Utils/Read/ReadDetail.h"
+#include "Utils/Read/ReadItems.h"
 #include "Utils/Read/ReadUnresolved.h"
 #include "WidgetBlueprint.h"
 
@@ -30,10 +32,18 @@ static TSharedPtr<FJsonObject> ExportProperties(UObject& Object, bool bLean)
 		{
 			continue;
 		}
-		// Against itself as the default: a value tells all of its members, and none is left out for being zero.
+		// Against itself as the default: a value tells all of its members, and none is left out for being zero. A lean
+		// one of some length tells those that are not as in a new widget.
 		FString Text;
 		const void* const Value = It->ContainerPtrToValuePtr<void>(&Object);
-		It->ExportText_Direct(Text, Value, Value, &Object, PPF_None);
+		if (bLean)
+		{
+			Text = ReadDetail::GetValue(Object, **It, true);
+		}
+		else
+		{
+			It->ExportText_Direct(Text, Value, Value, &Object, PPF_None);
+		}
 		if (!Text.IsEmpty())
 		{
 			Properties->SetStringField(It->GetName(), Text);
@@ -42,16 +52,46 @@ static TSharedPtr<FJsonObject> ExportProperties(UObject& Object, bool bLean)
 	return Properties;
 }
 
-static void SetHead(FJsonObject& Node, const UWidget& Widget)
+/** As the editor names a widget that nobody has named: "TextBlock", "TextBlock_4". */
+static bool IsNamedByClass(const UWidget& Widget)
+{
+	const FString Name = Widget.GetName();
+	const FString Class = Widget.GetClass()->GetName();
+	return Name.Equals(Class, ESearchCase::CaseSensitive)
+		|| Name.StartsWith(Class + TEXT("_"), ESearchCase::CaseSensitive);
+}
+
+static void SetHead(FJsonObject& Node, const UWidget& Widget, bool bLean)
 {
 	Node.SetStringField(TEXT("name"), Widget.GetName());
-	Node.SetStringField(TEXT("class"), Widget.GetClass()->GetName());
+	if (!bLean || !IsNamedByClass(Widget))
+	{
+		Node.SetStringField(TEXT("class"), Widget.GetClass()->GetName());
+	}
 	if (ReadUnresolved::IsUnresolved(Widget.GetClass()))
 	{
 		Node.SetStringField(TEXT("class_path"), Widget.GetClass()->GetPathName());
 		ReadUnresolved::SetFlag(Node, Widget.GetClass());
 	}
-	Node.SetBoolField(TEXT("is_variable"), Widget.bIsVariable);
+	if (!bLean || Widget.bIsVariable != Widget.GetClass()->GetDefaultObject<UWidget>()->bIsVariable)
+	{
+		Node.SetBoolField(TEXT("is_variable"), Widget.bIsVariable);
+	}
+}
+
+/** Of children without children and flags, the name with the class behind it: "Title (TextBlock)". */
+static void ReduceToNames(TArray<TSharedPtr<FJsonValue>>& Children)
+{
+	ReadSections::ReduceToNames(Children, TEXT("name"));
+	for (TSharedPtr<FJsonValue>& Child : Children)
+	{
+		const TSharedPtr<FJsonObject>* Object = nullptr;
+		if (Child->TryGetObject(Object) && (*Object)->Values.Num() == 2 && (*Object)->HasField(TEXT("class")))
+		{
+			Child = MakeShared<FJsonValueString>(FString::Printf(
+				TEXT("%s (%s)"), *(*Object)->GetStringField(TEXT("name")), *(*Object)->GetStringField(TEXT("class"))));
+		}
+	}
 }
 
 /** What a widget that is no panel holds: the content of its named slots, without what stands below that. */
@@ -87,34 +127,38 @@ static void SetUnlessEmpty(FJsonObject& Details, const TCHAR* Key, const TShared
 }
 } // namespace ReadWidgets
 
-TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchy(UWidgetBlueprint* Blueprint)
+TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchy(UWidgetBlueprint* Blueprint, bool bLean)
 {
 	const TSharedPtr<FJsonObject> Hierarchy = MakeShared<FJsonObject>();
 	UWidget* const Root = Blueprint && Blueprint->WidgetTree ? Blueprint->WidgetTree->RootWidget.Get() : nullptr;
 	if (Root)
 	{
-		Hierarchy->SetObjectField(TEXT("root_widget"), SerializeWidgetHierarchyNode(Root, Blueprint));
+		Hierarchy->SetObjectField(TEXT("root_widget"), SerializeWidgetHierarchyNode(Root, Blueprint, bLean));
 	}
 	return Hierarchy;
 }
 
 TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchyNode(
-	UWidget* Widget, UWidgetBlueprint* Blueprint)
+	UWidget* Widget, UWidgetBlueprint* Blueprint, bool bLean)
 {
 	if (!Widget)
 	{
 		return nullptr;
 	}
 	const TSharedPtr<FJsonObject> Node = MakeShared<FJsonObject>();
-	ReadWidgets::SetHead(*Node, *Widget);
+	ReadWidgets::SetHead(*Node, *Widget, bLean);
 	const UPanelWidget* const Panel = Cast<UPanelWidget>(Widget);
 	TArray<TSharedPtr<FJsonValue>> Children;
 	for (UWidget* const Child : Panel ? Panel->GetAllChildren() : ReadWidgets::FindSlotContent(*Widget))
 	{
 		if (Child)
 		{
-			Children.Add(MakeShared<FJsonValueObject>(SerializeWidgetHierarchyNode(Child, Blueprint)));
+			Children.Add(MakeShared<FJsonValueObject>(SerializeWidgetHierarchyNode(Child, Blueprint, bLean)));
 		}
+	}
+	if (bLean)
+	{
+		ReadWidgets::ReduceToNames(Children);
 	}
 	if (!Children.IsEmpty())
 	{
@@ -130,7 +174,12 @@ TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetDetails(UWidget* W
 		return nullptr;
 	}
 	const TSharedPtr<FJsonObject> Details = MakeShared<FJsonObject>();
-	ReadWidgets::SetHead(*Details, *Widget);
+	ReadWidgets::SetHead(*Details, *Widget, false);
+	if (bLean)
+	{
+		// The key that the details stand under.
+		Details->RemoveField(TEXT("name"));
+	}
 	if (const UPanelWidget* const Parent = Widget->GetParent())
 	{
 		Details->SetStringField(TEXT("parent"), Parent->GetName());

@@ -178,14 +178,29 @@ bool FCurve::ReadValues(EKind Kind, const TSharedPtr<FJsonValue>& Value, TArray<
 	return OutValues.Num() == NumWanted;
 }
 
+/** Time and value of {"time": 0, "value": 1}, or of [0, 1] as a lean read writes it; null for what is not there. */
+static TPair<TSharedPtr<FJsonValue>, TSharedPtr<FJsonValue>> SplitPoint(const FJsonValue& Point)
+{
+	if (const TSharedPtr<FJsonObject>& Object = MorvaneJson::AsObject(Point))
+	{
+		return {Object->TryGetField(TEXT("time")), Object->TryGetField(TEXT("value"))};
+	}
+	TArray<TSharedPtr<FJsonValue>> Numbers = MorvaneJson::AsArray(Point);
+	if (Numbers.Num() < 2)
+	{
+		return {nullptr, nullptr};
+	}
+	const TSharedPtr<FJsonValue> Time = Numbers[0];
+	Numbers.RemoveAt(0);
+	return {Time, Numbers.Num() == 1 ? Numbers[0] : MakeShared<FJsonValueArray>(Numbers)};
+}
+
 void FCurve::AddPoints(EKind Kind, TArray<FRichCurve*> Curves) const
 {
 	const TArray<TSharedPtr<FJsonValue>>* const Points = Entry.ReadArray(TEXT("points"));
 	for (int32 Index = 0; Points && Index < Points->Num(); ++Index)
 	{
-		const TSharedPtr<FJsonObject>& Point = MorvaneJson::AsObject(*(*Points)[Index]);
-		const TSharedPtr<FJsonValue> Time = Point ? Point->TryGetField(TEXT("time")) : nullptr;
-		const TSharedPtr<FJsonValue> Value = Point ? Point->TryGetField(TEXT("value")) : nullptr;
+		const auto [Time, Value] = SplitPoint(*(*Points)[Index]);
 		double Seconds = 0.0;
 		TArray<double> Values;
 		if (!Time || !Value || !StructureValues::ToNumber(Time, Seconds) || !ReadValues(Kind, Value, Values))
