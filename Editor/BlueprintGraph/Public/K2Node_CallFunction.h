@@ -96,6 +96,8 @@ private:
 	 */
 	bool CreateEnumExecPins(const UFunction* Function, EEdGraphPinDirection Direction);
 	/** Gives outputs whose type follows a class pin the class that this pin chooses. */
+	/** Parameters of whatever struct is linked. */
+	void ConformCustomStructures();
 	void ConformDynamicOutputs();
 	void ConformContainerPins();
 };

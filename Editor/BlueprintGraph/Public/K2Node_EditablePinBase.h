@@ -60,7 +60,7 @@ public:
 	void RemoveUserDefinedPinByName(FName PinName);
 	bool UserDefinedPinExists(FName PinName) const;
 	virtual bool ModifyUserDefinedPinDefaultValue(TSharedPtr<FUserPinInfo> PinInfo, const FString& NewDefaultValue);
-	UEdGraphPin* CreatePinFromUserDefinition(const TSharedPtr<FUserPinInfo> NewPinInfo);
+	virtual UEdGraphPin* CreatePinFromUserDefinition(const TSharedPtr<FUserPinInfo> NewPinInfo);
 	static FKismetUserDeclaredFunctionMetadata* GetGraphFunctionMetaData(const UEdGraph* InGraph);
 	/** Whether an author may change the pins. */
 	virtual bool IsEditable() const { return bIsEditable; }

@@ -16,6 +16,8 @@ public:
 	void ClearExtraFlags(int32 Flags) { ExtraFlags &= ~Flags; }
 	/** Flags of the function that the graph makes: those of the signature it overrides and the extra ones. */
 	int32 GetFunctionFlags() const;
+	/** The hidden pin by which a function of a library knows the world of its caller; null for any other function. */
+	UEdGraphPin* GetAutoWorldContextPin() const;
 
 	bool DrawNodeAsEntry() const override { return true; }
 	void HandleFunctionRenamed(UBlueprint* InBlueprint, UClass* InFunctionClass, UEdGraph* InGraph,

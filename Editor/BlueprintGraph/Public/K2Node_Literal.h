@@ -13,6 +13,9 @@ public:
 
 	bool IsNodePure() const override { return true; }
 	void AllocateDefaultPins() override;
+	ERedirectType DoPinsMatchForReconstruction(
+		const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const override;
+	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;

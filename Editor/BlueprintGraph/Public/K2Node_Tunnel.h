@@ -12,6 +12,7 @@ public:
 	bool CanCreateUserDefinedPin(
 		const FEdGraphPinType& InPinType, EEdGraphPinDirection InDesiredDirection, FText& OutErrorMessage) override;
 	void AllocateDefaultPins() override;
+	UEdGraphPin* CreatePinFromUserDefinition(const TSharedPtr<FUserPinInfo> NewPinInfo) override;
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	bool CanUserDeleteNode() const override { return false; }

@@ -24,8 +24,15 @@ public:
 	FText GetNodeTitle(ENodeTitleType::Type TitleType) const override;
 	FText GetTooltipText() const override;
 	void ValidateNodeDuringCompilation(FCompilerResultsLog& MessageLog) const override;
+	void PostEditImport() override;
+	void PostLoad() override;
 
 	EGetNodeVariation CurrentVariation = EGetNodeVariation::Pure;
+
+private:
+	/** What said so before there was more than one variation beside the pure one. */
+	bool bIsPureGet = true;
+	void TakeOldPurity();
 };
 
 template <>

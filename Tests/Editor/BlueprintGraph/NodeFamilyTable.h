@@ -199,6 +199,6 @@ inline constexpr FNodeFamilyRow NodeFamilyRows[] = {
 		"<execute >then >Completed <Assets >Objects"},
 	{R"({"node_class":"K2Node_ConvertAsset"})",
 		"Resolve Soft Reference", "Resolve Soft Reference", "Utilities", true,
-		"<Asset >Object"},
+		"<Input >Output"},
 };
 // clang-format on

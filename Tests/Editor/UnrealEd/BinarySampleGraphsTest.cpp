@@ -8,6 +8,7 @@
 #include "Engine/Blueprint.h"
 #include "GraphText.h"
 #include "Misc/PackageName.h"
+#include "NodeDifference.h"
 #include "Session/EditorModules.h"
 #include "Standalone/MissingObjects.h"
 #include "Standalone/PackageText.h"
@@ -173,25 +174,6 @@ static void Compile(const FSample& Sample, FTotals& Totals)
 	}
 }
 
-/** Pins by what they are and hold. What is shown of them (names, tips, folding) is this engine's, whichever wrote the
- * file, and so are properties that nodes keep for their next reconstruction. */
-static FGraphTextNode WithoutLooks(FGraphTextNode Node)
-{
-	static constexpr const char* Kept[] = {"PinName=", "Direction=", "PinType.PinCategory=", "PinType.ContainerType=",
-		"PinType.PinSubCategoryObject=", "DefaultValue=", "DefaultObject=", "DefaultTextValue="};
-	for (std::vector<std::string>& Pin : Node.Pins)
-	{
-		std::erase_if(Pin,
-			[](const std::string& Field)
-			{
-				return std::none_of(
-					std::begin(Kept), std::end(Kept), [&Field](const char* Key) { return Field.starts_with(Key); });
-			});
-	}
-	Node.Properties.clear();
-	return Node;
-}
-
 static void PasteGraph(const FSample& Sample, const UEdGraph& From, UEdGraph& Into, FTotals& Totals)
 {
 	TArray<UEdGraphNode*> Nodes;
@@ -207,13 +189,11 @@ static void PasteGraph(const FSample& Sample, const UEdGraph& From, UEdGraph& In
 	int NumSame = 0;
 	for (std::size_t Index = 0; Index < Before.size(); ++Index)
 	{
-		const std::string Difference = Index < After.size()
-			? FindDifference({WithoutLooks(Before[Index])}, {WithoutLooks(After[Index])})
-			: "the node is not there";
-		NumSame += Difference.empty() ? 1 : 0;
-		if (!Difference.empty())
+		const std::vector<FNodeDifference> Differences = FindNodeDifferences(Before, After, Index);
+		NumSame += Differences.empty() ? 1 : 0;
+		for (const FNodeDifference& Difference : Differences)
 		{
-			Totals.PasteReasons.Add(Difference, Where);
+			Totals.PasteReasons.Add(Difference.ToString(), Where);
 		}
 	}
 	Totals.NumNodes += static_cast<int>(Before.size());

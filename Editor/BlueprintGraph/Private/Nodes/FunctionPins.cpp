@@ -16,7 +16,9 @@ void AddNames(const UFunction& Function, FName Key, TSet<FName>& Out)
 		return;
 	}
 	TArray<FString> Names;
-	List->ParseIntoArray(Names, TEXT(","));
+	FString Flat = *List;
+	Flat.ReplaceInline(TEXT("|"), TEXT(","));
+	Flat.ParseIntoArray(Names, TEXT(","));
 	for (const FString& Name : Names)
 	{
 		Out.Add(FName(Name.TrimStartAndEnd()));
@@ -70,6 +72,11 @@ FFunctionPinFacts WorkOut(const UFunction& Function)
 	AddNames(Function, FBlueprintMetadata::MD_InternalUseParam, Facts.HiddenByMetaData);
 	AddNames(Function, FBlueprintMetadata::MD_AutoCreateRefTerm, Facts.AutoCreated);
 	AddNames(Function, FBlueprintMetadata::MD_CustomStructureParam, Facts.CustomStructures);
+	for (const FName Key : {FBlueprintMetadata::MD_SetParam, FBlueprintMetadata::MD_MapParam,
+			 FBlueprintMetadata::MD_MapKeyParam, FBlueprintMetadata::MD_MapValueParam})
+	{
+		AddNames(Function, Key, Facts.ContainerParams);
+	}
 	AddAdvanced(Function, Facts.Advanced);
 	if (const FString* const Context = Function.FindMetaData(FBlueprintMetadata::MD_WorldContext))
 	{

@@ -12,6 +12,8 @@ struct FFunctionPinFacts
 	TSet<FName> HiddenByMetaData;
 	TSet<FName> AutoCreated;
 	TSet<FName> CustomStructures;
+	/** Sets, maps, their elements, keys and values: of the type that is linked. */
+	TSet<FName> ContainerParams;
 	TSet<FName> Advanced;
 	FName WorldContext;
 	/** The enum or bool that becomes exec pins; null when there is none. */

@@ -133,8 +133,8 @@ void UK2Node_LoadAsset::GetMenuActions(FBlueprintActionDatabaseRegistrar& Action
 
 namespace ConvertAssets
 {
-const FName AssetPin(TEXT("Asset"));
-const FName ObjectPin(TEXT("Object"));
+const FName AssetPin(TEXT("Input"));
+const FName ObjectPin(TEXT("Output"));
 } // namespace ConvertAssets
 
 void UK2Node_ConvertAsset::AllocateDefaultPins()

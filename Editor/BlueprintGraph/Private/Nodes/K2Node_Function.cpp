@@ -6,6 +6,7 @@
 #include "BlueprintActionDatabaseRegistrar.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
 #include "FunctionTips.h"
 #include "Standalone/BlueprintClassProvider.h"
 #include "Standalone/NativeClass.h"
@@ -102,6 +103,23 @@ int32 UK2Node_FunctionEntry::GetFunctionFlags() const
 	return Flags;
 }
 
+namespace FunctionNodes
+{
+const FName WorldContext(TEXT("__WorldContext"));
+
+/** Functions of a library are static: they have no object that could tell them its world. */
+static bool NeedsWorldContext(const UK2Node_FunctionEntry& Entry)
+{
+	const UBlueprint* const Blueprint = Entry.GetTypedOuter<UBlueprint>();
+	return Blueprint && Blueprint->BlueprintType == BPTYPE_FunctionLibrary;
+}
+} // namespace FunctionNodes
+
+UEdGraphPin* UK2Node_FunctionEntry::GetAutoWorldContextPin() const
+{
+	return FindPin(FunctionNodes::WorldContext, EGPD_Output);
+}
+
 void UK2Node_FunctionEntry::AllocateDefaultPins()
 {
 	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Exec, UEdGraphSchema_K2::PN_Then);
@@ -115,6 +133,11 @@ void UK2Node_FunctionEntry::AllocateDefaultPins()
 		{
 			CreatePinFromUserDefinition(Info);
 		}
+	}
+	if (FunctionNodes::NeedsWorldContext(*this))
+	{
+		CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Object, UObject::StaticClass(), FunctionNodes::WorldContext)
+			->bHidden = true;
 	}
 }
 

@@ -23,6 +23,24 @@ void UK2Node_Literal::AllocateDefaultPins()
 	Super::AllocateDefaultPins();
 }
 
+UK2Node::ERedirectType UK2Node_Literal::DoPinsMatchForReconstruction(
+	const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const
+{
+	// There is one pin, which in a level bears the name that its actor had.
+	return NewPinIndex == 0 && OldPinIndex == 0 && NewPin->Direction == OldPin->Direction
+		? ERedirectType_Name
+		: Super::DoPinsMatchForReconstruction(NewPin, NewPinIndex, OldPin, OldPinIndex);
+}
+
+void UK2Node_Literal::ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins)
+{
+	Super::ReallocatePinsDuringReconstruction(OldPins);
+	if (!OldPins.IsEmpty() && !Pins.IsEmpty() && OldPins[0]->Direction == EGPD_Output)
+	{
+		Pins[0]->PinName = OldPins[0]->PinName;
+	}
+}
+
 FText UK2Node_Literal::GetNodeTitle(ENodeTitleType::Type) const
 {
 	return ObjectRef ? FText::FromString(ObjectRef->GetName()) : NSLOCTEXT("K2Node", "Unknown", "Unknown");

@@ -205,10 +205,12 @@ void UK2Node_Select::RefreshOptionTypes()
 	{
 		return;
 	}
-	Type.bIsReference = false;
-	Type.bIsConst = false;
 	for (UEdGraphPin* const Pin : Options)
 	{
+		// How it is passed came with the first link, and stays.
+		const bool bOpen = WildcardTypes::IsOpen(Pin->PinType);
+		Type.bIsReference = bOpen ? Type.bIsReference : Pin->PinType.bIsReference;
+		Type.bIsConst = bOpen ? Type.bIsConst : Pin->PinType.bIsConst;
 		WildcardTypes::AdoptWhole(*Pin, Type);
 	}
 }

@@ -41,6 +41,13 @@ void UK2Node_Tunnel::AllocateDefaultPins()
 	Super::AllocateDefaultPins();
 }
 
+UEdGraphPin* UK2Node_Tunnel::CreatePinFromUserDefinition(const TSharedPtr<FUserPinInfo> NewPinInfo)
+{
+	// What passes through has no value of its own: a pin that its author gave none is empty, whatever its type.
+	return NewPinInfo->PinDefaultValue.IsEmpty() ? CreatePinFromUserDefinitionInternal(NewPinInfo)
+												 : Super::CreatePinFromUserDefinition(NewPinInfo);
+}
+
 FText UK2Node_Tunnel::GetNodeTitle(ENodeTitleType::Type) const
 {
 	if (bCanHaveInputs && !bCanHaveOutputs)

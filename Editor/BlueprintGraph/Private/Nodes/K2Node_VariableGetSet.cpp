@@ -20,6 +20,7 @@ UEnum* StaticEnum<EGetNodeVariation>()
 void UK2Node_VariableGet::DescribeClass(FClassDescriber& Class)
 {
 	Class.Property(TEXT("CurrentVariation"), &UK2Node_VariableGet::CurrentVariation);
+	Class.Property(TEXT("bIsPureGet"), &UK2Node_VariableGet::bIsPureGet, CPF_TextExportTransient | CPF_Deprecated);
 }
 
 void UK2Node_VariableSet::DescribeClass(FClassDescriber&) {}
@@ -100,6 +101,28 @@ void UK2Node_VariableGet::SetPurity(bool bNewPurity)
 			ReconstructNode();
 		}
 	}
+}
+
+void UK2Node_VariableGet::TakeOldPurity()
+{
+	const UEdGraphPin* const ValuePin = GetValuePin();
+	if (!bIsPureGet && ValuePin && CurrentVariation == EGetNodeVariation::Pure)
+	{
+		CurrentVariation = GetVariations::FindImpure(ValuePin->PinType);
+	}
+	bIsPureGet = true;
+}
+
+void UK2Node_VariableGet::PostEditImport()
+{
+	Super::PostEditImport();
+	TakeOldPurity();
+}
+
+void UK2Node_VariableGet::PostLoad()
+{
+	Super::PostLoad();
+	TakeOldPurity();
 }
 
 void UK2Node_VariableGet::AllocateDefaultPins()

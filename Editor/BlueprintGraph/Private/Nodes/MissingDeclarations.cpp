@@ -6,6 +6,8 @@
 #include "K2Node_ConstructObjectFromClass.h"
 #include "K2Node_EditablePinBase.h"
 #include "K2Node_Event.h"
+#include "K2Node_GetClassDefaults.h"
+#include "K2Node_LatentGameplayTaskCall.h"
 #include "K2Node_Variable.h"
 #include "Standalone/MissingObjects.h"
 #include "UObject/UnrealType.h"
@@ -65,6 +67,14 @@ bool IsMissing(const UK2Node& Node)
 	if (const UK2Node_ConstructObjectFromClass* const Construct = Cast<UK2Node_ConstructObjectFromClass>(&Node))
 	{
 		bMissing = bMissing || FMissingObjects::IsMissing(Construct->GetClassToSpawn());
+	}
+	else if (const UK2Node_LatentGameplayTaskCall* const Task = Cast<UK2Node_LatentGameplayTaskCall>(&Node))
+	{
+		bMissing = bMissing || FMissingObjects::FindMissingParent(Task->GetClassToSpawn());
+	}
+	else if (const UK2Node_GetClassDefaults* const Defaults = Cast<UK2Node_GetClassDefaults>(&Node))
+	{
+		bMissing = bMissing || FMissingObjects::FindMissingParent(Defaults->GetInputClass());
 	}
 	return bMissing || (HasMissingParent(Node) && LacksMember(Node));
 }

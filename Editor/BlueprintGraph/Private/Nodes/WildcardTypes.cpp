@@ -16,12 +16,24 @@ bool IsOpen(const FEdGraphPinType& Type)
 	return Type.PinCategory == UEdGraphSchema_K2::PC_Wildcard || Type.PinCategory.IsNone();
 }
 
+static bool IsTypeKept(const UEdGraphPin& Pin)
+{
+	return Pin.KeptFields.ContainsByPredicate([](const UEdGraphPin::FKeptField& Field)
+		{ return Field.Key == TEXT("PinType.PinSubCategoryObject") || Field.Key == TEXT("PinType.PinValueType"); });
+}
+
 bool FindLinkedType(const TArray<UEdGraphPin*>& Pins, FEdGraphPinType& OutType)
 {
 	for (const UEdGraphPin* const Pin : Pins)
 	{
 		for (const UEdGraphPin* const Linked : Pin->LinkedTo)
 		{
+			// What the other end is of is not here; the text of this end told it.
+			if (IsTypeKept(*Linked) && !IsOpen(Pin->PinType))
+			{
+				OutType = Pin->PinType;
+				return true;
+			}
 			if (!IsOpen(Linked->PinType))
 			{
 				OutType = Linked->PinType;

@@ -4,6 +4,7 @@
 
 #include "K2Node.h"
 #include "Schema/SchemaStructText.h"
+#include "Standalone/PinDefaultText.h"
 #include "UObject/UnrealType.h"
 
 namespace SplitPins
@@ -47,7 +48,9 @@ static void AddPart(const FProperty& Property, const FString& Default, TArray<FP
 	// A part is a value of its own, however a function takes or gives it.
 	Part.Type.bIsReference = false;
 	Part.Type.bIsConst = false;
-	Part.Default = Part.Type.IsContainer() ? FString() : Default;
+	const bool bHasLiteral = !Part.Type.IsContainer() && Part.Type.PinCategory != FSchema::PC_Delegate
+		&& Part.Type.PinCategory != FSchema::PC_MCDelegate;
+	Part.Default = bHasLiteral ? Default : FString();
 	Out.Add(Part);
 }
 
@@ -87,7 +90,7 @@ static TArray<FPart> PartsOfStruct(const UScriptStruct& Struct, bool bMake)
 		FString Default;
 		if (bMake && Initial)
 		{
-			It->ExportText_InContainer(0, Default, Initial, nullptr, nullptr, PPF_None);
+			Default = PinDefaultText::Of(**It, It->ContainerPtrToValuePtr<void>(Initial));
 		}
 		AddPart(**It, Default, Parts);
 	}

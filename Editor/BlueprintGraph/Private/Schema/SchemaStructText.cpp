@@ -242,7 +242,8 @@ FString PinDefaultText::Of(const FProperty& Property, const void* Value)
 	FString Text;
 	if (!Member || !SchemaStructText::IsRow(*Member->Struct))
 	{
-		Property.ExportTextItem_Direct(Text, Value, nullptr, nullptr, PPF_None);
+		// Against itself: a struct is told with all its members, also those that are as in a new one.
+		Property.ExportTextItem_Direct(Text, Value, Member ? Value : nullptr, nullptr, PPF_None);
 		return Text;
 	}
 	for (TFieldIterator<FProperty> It(Member->Struct); It; ++It)

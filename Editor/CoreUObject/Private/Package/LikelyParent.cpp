@@ -3,6 +3,7 @@
 #include "Standalone/ObjectText.h"
 #include "UObject/Class.h"
 
+#include <set>
 #include <unordered_map>
 
 namespace LikelyParent
@@ -42,6 +43,26 @@ static FView MemberParentOf(FView Reference)
 	return Reference.substr(Open + 1, Close - Open - 1);
 }
 
+/** The class on the target of a node that is about its own Blueprint: the one that declares the member. */
+static FView DeclarerOf(const FObjectTextRecord& Record)
+{
+	bool bOwn = false;
+	for (const FObjectTextLine& Line : Record.Lines)
+	{
+		bOwn |= Line.Name.ends_with("Reference") && Line.Value.find("bSelfContext=True") != FView::npos;
+		if (bOwn && Line.bCustom && Line.Value.find("PinName=\"self\"") != FView::npos)
+		{
+			constexpr FView Key = "PinSubCategoryObject=";
+			const std::size_t At = Line.Value.find(Key);
+			const std::size_t Open = At == FView::npos ? At : Line.Value.find('\'', At);
+			const std::size_t Close = Open == FView::npos ? Open : Line.Value.find('\'', Open + 1);
+			const bool bNamed = Close != FView::npos && Line.Value.substr(At, Open - At).find(',') == FView::npos;
+			return bNamed ? Line.Value.substr(Open + 1, Close - Open - 1) : FView();
+		}
+	}
+	return FView();
+}
+
 static bool IsOpenTarget(const FObjectTextLine& Line)
 {
 	return Line.bCustom && Line.Value.find("PinName=\"self\"") != FView::npos
@@ -72,6 +93,11 @@ public:
 		{
 			Take(Member);
 		}
+		if (const FView Declarer = DeclarerOf(Record); !Declarer.empty())
+		{
+			Take(Declarer);
+			Declarers.insert(Declarer);
+		}
 		for (const FObjectTextRecord& Inner : Record.Inner)
 		{
 			Look(Inner);
@@ -79,6 +105,7 @@ public:
 	}
 
 	UClass* Best;
+	std::set<FView> Declarers;
 
 private:
 	void Take(FView Path)
@@ -113,7 +140,7 @@ static bool HasComponents(const FObjectTextTree& Tree)
 	return false;
 }
 
-UClass* Find(const FObjectTextTree& Tree, const FString& AssetClassPath)
+FLine Find(const FObjectTextTree& Tree, const FString& AssetClassPath)
 {
 	const TCHAR* Base = BaseOfKind(AssetClassPath);
 	const bool bPlain = FStringView(Base).EndsWith(TEXT(".Object"));
@@ -124,6 +151,14 @@ UClass* Find(const FObjectTextTree& Tree, const FString& AssetClassPath)
 	{
 		Search.Look(Record);
 	}
-	return Search.Best;
+	FLine Line{Search.Best, {}};
+	for (const FView Declarer : Search.Declarers)
+	{
+		if (Declarer.starts_with("/Script/") && !FindObject<UClass>(nullptr, FromUtf8(Declarer)))
+		{
+			Line.Unknown.Add(FromUtf8(Declarer));
+		}
+	}
+	return Line;
 }
 } // namespace LikelyParent

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "CoreMinimal.h"
+
 class FObjectTextTree;
-class FString;
 class UClass;
 
 /**
@@ -11,5 +12,14 @@ class UClass;
  */
 namespace LikelyParent
 {
-UClass* Find(const FObjectTextTree& Tree, const FString& AssetClassPath);
+struct FLine
+{
+	/** The most special class that is known; never null. */
+	UClass* Base;
+	/** Native classes that declare what the Blueprint inherits, and that are not here: they stand between it and Base.
+	 */
+	TArray<FString> Unknown;
+};
+
+FLine Find(const FObjectTextTree& Tree, const FString& AssetClassPath);
 } // namespace LikelyParent

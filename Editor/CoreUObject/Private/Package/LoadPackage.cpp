@@ -347,14 +347,27 @@ private:
 		}
 	}
 
+	/** The lowest class that must stand between the missing parent, or the native one above it, and what is known. */
+	UClass* LikelyLine(const FString& Parent, const FString& Native) const
+	{
+		const LikelyParent::FLine Line = LikelyParent::Find(Tree, Header.AssetClassPath);
+		UClass* Lowest = Line.Base;
+		for (const FString& Path : Line.Unknown)
+		{
+			UClass* const Class = Path == Parent || Path == Native ? nullptr
+																   : FMissingObjects::StandInForClass(Path, *Lowest);
+			Lowest = Class && Class->IsChildOf(Lowest) ? Class : Lowest;
+		}
+		return Lowest;
+	}
+
 	/** The stand-in for a parent class that is missing, with as much of its line as the package tells. */
 	UClass* MissingParent(const FString& Tag, UClass* NativeParent) const
 	{
-		UClass* Base = NativeParent && NativeParent != UObject::StaticClass()
-			? NativeParent
-			: LikelyParent::Find(Tree, Header.AssetClassPath);
 		const FString* const NativeTag = Header.FindTag(TEXT("NativeParentClass"));
 		const FString Native = NativeTag ? FPackageName::ExportTextPathToObjectPath(*NativeTag) : FString();
+		const bool bKnown = NativeParent && NativeParent != UObject::StaticClass();
+		UClass* Base = bKnown ? NativeParent : LikelyLine(FPackageName::ExportTextPathToObjectPath(Tag), Native);
 		if (NativeTag && *NativeTag != Tag && !FindObject<UClass>(nullptr, Native))
 		{
 			// A Blueprint stands between, and native code that is not known either.

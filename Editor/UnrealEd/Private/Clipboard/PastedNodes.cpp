@@ -58,6 +58,27 @@ void RepairPrecision(UEdGraphPin& Pin, const UStruct& Declaration)
 	}
 }
 
+/** The class that the target pin of an own variable names, where the Blueprint is one; else the Blueprint's class. */
+UClass* FindDeclarer(const UEdGraphPin& Target, UClass& Own)
+{
+	UClass* const Named = Cast<UClass>(Target.PinType.PinSubCategoryObject.Get());
+	if (Named && Own.IsChildOf(Named))
+	{
+		return Named;
+	}
+	const UEdGraphPin::FKeptField* const Kept = Target.KeptFields.FindByPredicate(
+		[](const UEdGraphPin::FKeptField& Field) { return Field.Key == TEXT("PinType.PinSubCategoryObject"); });
+	// No search finds what is missing, but the Blueprint's own line of parents leads there.
+	for (UClass* Class = Kept ? &Own : nullptr; Class; Class = Class->GetSuperClass())
+	{
+		if (Kept->Value.Contains(TEXT("'") + Class->GetPathName() + TEXT("'")))
+		{
+			return Class;
+		}
+	}
+	return &Own;
+}
+
 bool IsFunctionGraph(const UEdGraph* Graph)
 {
 	const UEdGraphSchema* const Schema = Graph->GetSchema();
@@ -234,6 +255,25 @@ bool IsMemberKnown(const UEdGraphNode& Node)
 	return true;
 }
 
+bool HasKept(const UEdGraphPin& Pin, const TCHAR* Key)
+{
+	return Pin.KeptFields.ContainsByPredicate([Key](const UEdGraphPin::FKeptField& Field) { return Field.Key == Key; });
+}
+
+bool IsTypeKept(const UEdGraphPin& Pin)
+{
+	return HasKept(Pin, TEXT("PinType.PinSubCategoryObject")) || HasKept(Pin, TEXT("PinType.PinValueType"));
+}
+
+/** A class pin whose class is not here, or comes from one that is not: a node may have pins for that one's members. */
+bool IsChoiceKept(const UEdGraphPin& Pin)
+{
+	const FName Category = Pin.PinType.PinCategory;
+	return Pin.Direction == EGPD_Input && (Category == FSchema::PC_Class || Category == FSchema::PC_SoftClass)
+		&& (HasKept(Pin, TEXT("DefaultObject"))
+			|| Pin.LinkedTo.ContainsByPredicate([](const UEdGraphPin* Linked) { return IsTypeKept(*Linked); }));
+}
+
 /** Whether everything is there that a node's pins follow from: its class, and all that its text refers to. */
 bool IsDeclarationKnown(const UEdGraphNode& Node)
 {
@@ -243,14 +283,7 @@ bool IsDeclarationKnown(const UEdGraphNode& Node)
 		return false;
 	}
 	const bool bTypesKnown = !Node.Pins.ContainsByPredicate(
-		[](const UEdGraphPin* Pin)
-		{
-			return Pin->KeptFields.ContainsByPredicate(
-				[](const UEdGraphPin::FKeptField& Field) {
-					return Field.Key == TEXT("PinType.PinSubCategoryObject")
-						|| Field.Key == TEXT("PinType.PinValueType");
-				});
-		});
+		[](const UEdGraphPin* Pin) { return IsTypeKept(*Pin) || IsChoiceKept(*Pin); });
 	return bTypesKnown && IsMemberKnown(Node);
 }
 
@@ -278,9 +311,9 @@ void RepairTypes(UEdGraphNode& Node)
 		{
 			RepairPrecision(*Pin, *Declaration);
 		}
-		if (bOwnVariable && Blueprint && Pin->PinName == FSchema::PN_Self)
+		if (bOwnVariable && Blueprint && Blueprint->GeneratedClass.Get() && Pin->PinName == FSchema::PN_Self)
 		{
-			Pin->PinType.PinSubCategoryObject = Blueprint->GeneratedClass.Get();
+			Pin->PinType.PinSubCategoryObject = FindDeclarer(*Pin, *Blueprint->GeneratedClass.Get());
 			Pin->KeptFields.Empty();
 		}
 	}

@@ -381,6 +381,10 @@ private:
 			return nullptr;
 		}
 		AddInputs(*Function, *Entry);
+		if (const UEdGraphPin* const World = Entry->GetAutoWorldContextPin())
+		{
+			Function->SetMetaData(FBlueprintMetadata::MD_WorldContext, World->PinName.ToString());
+		}
 		if (Result)
 		{
 			AddOutputs(*Function, *Result);

@@ -48,7 +48,7 @@ void NoteHidden(UFunction& Function, const UEdGraphPin& Pin)
 void AddParameter(UFunction& Function, const UEdGraphPin& Pin, bool bOutput)
 {
 	FEdGraphPinType Type = Pin.PinType;
-	Type.bIsReference = Type.bIsReference && !bOutput;
+	Type.bIsReference = Type.bIsReference && (!bOutput || Pin.PinName == FSchema::PN_ReturnValue);
 	FProperty* const Property = PinTypeProperty::Create(FFieldVariant(&Function), Pin.PinName, Type);
 	uint64 Flags = CPF_Parm | CPF_BlueprintVisible;
 	Flags |= Type.bIsReference ? CPF_OutParm | CPF_ReferenceParm : CPF_None;

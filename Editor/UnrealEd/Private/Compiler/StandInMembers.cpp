@@ -13,6 +13,7 @@
 #include "K2Node_CustomEvent.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
+#include "K2Node_GetClassDefaults.h"
 #include "K2Node_Message.h"
 #include "K2Node_SwitchEnum.h"
 #include "K2Node_VariableGet.h"
@@ -75,6 +76,17 @@ private:
 		return bSettled ? const_cast<UClass*>(FMissingObjects::FindMissingParent(Scope)) : nullptr;
 	}
 
+	/** As the reference says; a member that the Blueprint inherits is of the class that the node's target names. */
+	UClass* FindOwner(const UEdGraphNode& Node, const FMemberReference& Reference) const
+	{
+		const UEdGraphPin* const Target = Reference.IsSelfContext() ? Node.FindPin(FSchema::PN_Self, EGPD_Input)
+																	: nullptr;
+		UClass* const Named = Target ? Cast<UClass>(Target->PinType.PinSubCategoryObject.Get()) : nullptr;
+		const UClass* const Parent = Blueprint.ParentClass.Get();
+		const bool bInherited = FMissingObjects::IsMissing(Named) && Parent && Parent->IsChildOf(Named);
+		return bInherited ? Named : FindOwner(Reference);
+	}
+
 	UClass* FindOwner(const FMemberReference& Reference) const
 	{
 		if (Reference.IsLocalScope())
@@ -110,6 +122,23 @@ private:
 		{
 			GatherEvent(*Event);
 		}
+		else if (const UK2Node_GetClassDefaults* const Defaults = Cast<UK2Node_GetClassDefaults>(&Node))
+		{
+			GatherDefaults(*Defaults);
+		}
+	}
+
+	void GatherDefaults(const UK2Node_GetClassDefaults& Node)
+	{
+		const UClass* const Class = Node.GetInputClass();
+		UClass* const Owner = FindOwner(Class);
+		for (const UEdGraphPin* const Pin : Owner ? FParameters::Of(&Node, EGPD_Output) : TArray<const UEdGraphPin*>())
+		{
+			if (!Class->FindPropertyByName(Pin->PinName))
+			{
+				Note(*Owner, StandInFields::AddVariable(*Owner, Pin->PinName, Pin->PinType));
+			}
+		}
 	}
 
 	/** Exec pins beside the usual two come from an enum, which the pins do not name. */
@@ -125,7 +154,7 @@ private:
 
 	void GatherCall(const UK2Node_CallFunction& Call)
 	{
-		UClass* Owner = Call.GetTargetFunction() ? nullptr : FindOwner(Call.FunctionReference);
+		UClass* Owner = Call.GetTargetFunction() ? nullptr : FindOwner(Call, Call.FunctionReference);
 		if (!Owner || HasOwnExecPins(Call))
 		{
 			return;
@@ -145,7 +174,7 @@ private:
 
 	void GatherVariable(const UK2Node_Variable& Node)
 	{
-		UClass* const Owner = Node.GetPropertyForVariable() ? nullptr : FindOwner(Node.VariableReference);
+		UClass* const Owner = Node.GetPropertyForVariable() ? nullptr : FindOwner(Node, Node.VariableReference);
 		const UEdGraphPin* const Value = Owner ? Node.GetValuePin() : nullptr;
 		if (Value)
 		{
@@ -197,7 +226,7 @@ private:
 
 	void GatherDispatcher(const UK2Node_BaseMCDelegate& Node)
 	{
-		UClass* const Owner = Node.GetProperty() ? nullptr : FindOwner(Node.DelegateReference);
+		UClass* const Owner = Node.GetProperty() ? nullptr : FindOwner(Node, Node.DelegateReference);
 		if (Owner)
 		{
 			const UEdGraphPin* const Bound = Node.GetDelegatePin();
