@@ -3,6 +3,7 @@
 // needs.
 
 #include "BinaryPackage/BinaryPackageText.h"
+#include "BinaryPackage/BinaryTables.h"
 #include "BlueprintUtils.h"
 #include "ClipboardText.h"
 #include "Engine/Blueprint.h"
@@ -42,7 +43,7 @@ public:
 		std::string Common = Text.substr(Text.find("] ") == std::string::npos ? 0 : Text.find("] ") + 2);
 		Common = std::regex_replace(Common, std::regex("[\"'][^\"']*[\"']"), "'..'");
 		Common = std::regex_replace(Common, std::regex("[0-9A-F]{7,}|[0-9]+"), "#");
-		Common = std::regex_replace(Common.substr(0, Common.find('\n')), std::regex(" \\[Nodes.*"), "");
+		Common = std::regex_replace(Common.substr(0, Common.find('\n')), std::regex(" \\[Nodes.*| \\((# places|one place).*"), "");
 		auto& [Num, First] = Rows[Common.substr(0, 140)];
 		++Num;
 		First = First.empty() ? Where : First;
@@ -67,11 +68,13 @@ struct FTotals
 {
 	int NumBlueprints = 0;
 	int NumClean = 0;
+	int NumSilent = 0;
 	int NumGraphs = 0;
 	int NumSameGraphs = 0;
 	int NumNodes = 0;
 	int NumSameNodes = 0;
 	FReasons CompileReasons;
+	FReasons CompileWarnings;
 	FReasons PasteReasons;
 };
 
@@ -97,12 +100,21 @@ static std::vector<fs::path> FindSamples()
 	return Files;
 }
 
+/** Pins are named after classes, so the copies bear the name that the nodes knew. */
+static std::string FindNameInFile(const fs::path& File)
+{
+	FBinaryTables Tables;
+	std::string Ignored;
+	const std::string Bytes = ReadFile(File);
+	return Tables.Read(Bytes, "/Game/None", Ignored) ? Tables.GetRecordedName() : File.stem().string();
+}
+
 /** The file twice in a project: one to copy from, one to paste into. */
 class FSample
 {
 public:
 	explicit FSample(const fs::path& File)
-		: Name(File.stem().string())
+		: Name(FindNameInFile(File))
 	{
 		EditorModules::StartTools();
 		EditorModules::StartEditor();
@@ -168,6 +180,11 @@ static void Compile(const FSample& Sample, FTotals& Totals)
 	TArray<FString> Warnings;
 	++Totals.NumBlueprints;
 	Totals.NumClean += FBlueprintUtils::CompileBlueprintWithResults(Sample.Source, false, Errors, Warnings) ? 1 : 0;
+	Totals.NumSilent += Errors.IsEmpty() && Warnings.IsEmpty() ? 1 : 0;
+	for (const FString& Warning : Warnings)
+	{
+		Totals.CompileWarnings.Add(ToStd(Warning), Sample.Name);
+	}
 	for (const FString& Error : Errors)
 	{
 		Totals.CompileReasons.Add(ToStd(Error), Sample.Name);
@@ -236,8 +253,10 @@ TEST(BinarySamples, CompileAndGoThroughTheClipboard)
 			Compile(Sample, Totals);
 		}
 	}
-	std::printf("compiled copies: %d of %d without an error\n", Totals.NumClean, Totals.NumBlueprints);
+	std::printf("compiled copies: %d of %d without an error, %d without a warning\n", Totals.NumClean,
+		Totals.NumBlueprints, Totals.NumSilent);
 	Totals.CompileReasons.Print("errors, and the first file with each:");
+	Totals.CompileWarnings.Print("warnings, and the first file with each:");
 	std::printf("pasted graphs: %d of %d the same; nodes: %d of %d\n", Totals.NumSameGraphs, Totals.NumGraphs,
 		Totals.NumSameNodes, Totals.NumNodes);
 	Totals.PasteReasons.Print("differences, and the first graph with each:");

@@ -156,6 +156,30 @@ private:
 		}
 	}
 
+	/** Whether native code has got more parameters since the graph was made, and all else is as it was. */
+	static bool LacksNewParameters(const UFunction& Function, const UFunction& Overridden)
+	{
+		const UClass* const Owner = Overridden.GetOwnerClass();
+		bool bLacks = false;
+		for (TFieldIterator<FProperty> It(&Overridden, EFieldIteratorFlags::ExcludeSuper); It; ++It)
+		{
+			const FProperty* const Own = Function.FindPropertyByName(It->GetFName());
+			if (Own && !Own->SameType(*It))
+			{
+				return false;
+			}
+			bLacks |= !Own && It->HasAnyPropertyFlags(CPF_Parm) && !It->HasAnyPropertyFlags(CPF_ReturnParm);
+		}
+		for (TFieldIterator<FProperty> It(&Function, EFieldIteratorFlags::ExcludeSuper); It; ++It)
+		{
+			if (It->HasAnyPropertyFlags(CPF_Parm) && !Overridden.FindPropertyByName(It->GetFName()))
+			{
+				return false;
+			}
+		}
+		return bLacks && Owner && !Owner->ClassGeneratedBy;
+	}
+
 	/** A function of a name that the declaring class knows stands for that one, and has to be callable as that one is.
 	 */
 	void CheckOverride(const UK2Node_FunctionEntry& Entry)
@@ -173,6 +197,13 @@ private:
 		{
 			Log.Error(*FString::Printf(TEXT("'%s' is a function of '%s' that cannot be overridden; rename @@"),
 						  *Graph.GetName(), *Owner),
+				&Entry);
+		}
+		else if (LacksNewParameters(*Function, *Overridden))
+		{
+			Log.Warning(*FString::Printf(TEXT("@@ overrides a function of '%s' that has more parameters by now; the "
+											  "node gets them when it is refreshed"),
+							*Owner),
 				&Entry);
 		}
 		else if (!Function->IsSignatureCompatibleWith(Overridden))
