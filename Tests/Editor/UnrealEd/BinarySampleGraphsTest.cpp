@@ -43,7 +43,8 @@ public:
 		std::string Common = Text.substr(Text.find("] ") == std::string::npos ? 0 : Text.find("] ") + 2);
 		Common = std::regex_replace(Common, std::regex("[\"'][^\"']*[\"']"), "'..'");
 		Common = std::regex_replace(Common, std::regex("[0-9A-F]{7,}|[0-9]+"), "#");
-		Common = std::regex_replace(Common.substr(0, Common.find('\n')), std::regex(" \\[Nodes.*| \\((# places|one place).*"), "");
+		Common = std::regex_replace(
+			Common.substr(0, Common.find('\n')), std::regex(" \\[Nodes.*| \\((# places|one place).*"), "");
 		auto& [Num, First] = Rows[Common.substr(0, 140)];
 		++Num;
 		First = First.empty() ? Where : First;
