@@ -10,6 +10,7 @@
 #include "K2Node_Timeline.h"
 #include "K2Node_Tunnel.h"
 #include "Kismet2/CompilerResultsLog.h"
+#include "Standalone/EdGraphNode_Placeholder.h"
 
 namespace GraphFlow
 {
@@ -294,7 +295,9 @@ void FGraphUse::TellOfMissingValues(FCompilerResultsLog& Log) const
 				&& !Pin->LinkedTo.IsEmpty();
 			const UEdGraphPin* const Linked = bTakesValue ? Pin->LinkedTo[0] : nullptr;
 			const UEdGraphNode* const Source = Linked ? Linked->GetOwningNodeUnchecked() : nullptr;
-			if (Source && IsCompiled(Source) && Source->GetGraph() == &Graph && !Used.Contains(Source))
+			// Whether a node of an unknown class waits for execution at all, nobody here can say.
+			if (Source && IsCompiled(Source) && Source->GetGraph() == &Graph && !Used.Contains(Source)
+				&& !Source->IsA<UEdGraphNode_Placeholder>())
 			{
 				Log.Warning(
 					TEXT("@@ is never executed, so @@ of @@ reads a default instead of its value"), Source, Pin, Node);

@@ -174,9 +174,21 @@ void Check(const UBlueprint& Blueprint, FUnresolvedUse& Unresolved, FCompilerRes
 	FCheck(Blueprint, Unresolved, Log).Run();
 }
 
+/** Vectors and rotators may be spelled as pins spell them: three numbers in a row. */
+static bool IsRowOfNumbers(const FBPVariableDescription& Variable)
+{
+	const UObject* const Struct = Variable.VarType.PinSubCategoryObject.Get();
+	const bool bOfThree = Struct == TBaseStructure<FVector>::Get() || Struct == TBaseStructure<FRotator>::Get();
+	TArray<FString> Numbers;
+	Variable.DefaultValue.ParseIntoArray(Numbers, TEXT(","));
+	return bOfThree && !Variable.VarType.IsContainer() && Numbers.Num() == 3
+		&& !Numbers.ContainsByPredicate([](const FString& Number) { return !Number.TrimStartAndEnd().IsNumeric(); });
+}
+
 bool IsDefaultValid(const FBPVariableDescription& Variable, const FProperty& Property)
 {
-	if (Variable.DefaultValue.IsEmpty())
+	// Of vectors and rotators a default may be spelled as a pin spells it: three numbers in a row.
+	if (Variable.DefaultValue.IsEmpty() || IsRowOfNumbers(Variable))
 	{
 		return true;
 	}
