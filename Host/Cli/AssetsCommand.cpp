@@ -30,7 +30,8 @@ public:
 	void Describe(FArguments& Arguments) override
 	{
 		Arguments.Flag("--json", bJson, "As a JSON array of objects");
-		Arguments.Option("--path", Folder, "Only assets below this folder; /Engine lists the engine's own");
+		Arguments.Option("--path", Folder,
+			"Only assets below this folder, or what this one asset holds; /Engine lists the engine's own");
 		Arguments.Option("--class", Class, "Only assets of this class, and of those that derive from it");
 		Arguments.Option("--query", Word, "Only assets with this in their name");
 	}
@@ -44,8 +45,17 @@ public:
 			Complain(ToUtf8(Error));
 			return EExitStatus::Failed;
 		}
+		const FAssetQuery Query = {FromUtf8(Folder), FromUtf8(Class), FromUtf8(Word)};
+		const TArray<FAssetData> Found = AssetSearch::Find(Query);
+		if (Found.Num() == 1 && AssetSearch::IsAskedByPath(Query, Found[0]))
+		{
+			std::string Whole;
+			JsonUtf8::Write(*AssetSearch::DescribeWhole(Found[0]), Whole, true);
+			Context.Output.WriteLine(Whole);
+			return EExitStatus::Succeeded;
+		}
 		std::string Lines;
-		for (const FAssetData& Asset : AssetSearch::Find({FromUtf8(Folder), FromUtf8(Class), FromUtf8(Word)}))
+		for (const FAssetData& Asset : Found)
 		{
 			Lines += Lines.empty() ? "" : (bJson ? ",\n" : "\n");
 			Lines += AssetsCommandPrivate::Line(Asset, bJson);

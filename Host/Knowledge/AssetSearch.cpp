@@ -2,6 +2,7 @@
 
 #include "AssetRegistry/ARFilter.h"
 #include "AssetRegistry/AssetRegistryModule.h"
+#include "Knowledge/AssetContents.h"
 #include "Misc/PackageName.h"
 #include "UObject/Class.h"
 #include "UObject/UObjectGlobals.h"
@@ -27,6 +28,12 @@ TArray<FAssetData> AssetSearch::Find(const FAssetQuery& Query)
 	}
 	TArray<FAssetData> Assets;
 	IAssetRegistry::GetChecked().GetAssets(Filter, Assets);
+	if (Assets.IsEmpty() && !Query.Folder.IsEmpty())
+	{
+		FARFilter Single;
+		Single.PackageNames.Add(FName(Query.Folder));
+		IAssetRegistry::GetChecked().GetAssets(Single, Assets);
+	}
 	const UClass* const Class = Query.Class.IsEmpty() ? nullptr
 		: Query.Class.StartsWith(TEXT("/"))			  ? FindObject<UClass>(nullptr, *Query.Class)
 													  : FindFirstObject<UClass>(*Query.Class);
@@ -51,6 +58,22 @@ TSharedRef<FJsonObject> AssetSearch::Describe(const FAssetData& Asset)
 	if (Asset.GetTagValue(FName(TEXT("ParentClass")), Parent) && !Parent.IsEmpty())
 	{
 		Out->SetStringField(TEXT("parent"), FPackageName::ExportTextPathToObjectPath(Parent));
+	}
+	return Out;
+}
+
+bool AssetSearch::IsAskedByPath(const FAssetQuery& Query, const FAssetData& Asset)
+{
+	return Asset.PackageName.ToString().Equals(Query.Folder, ESearchCase::IgnoreCase);
+}
+
+TSharedRef<FJsonObject> AssetSearch::DescribeWhole(const FAssetData& Asset)
+{
+	const TSharedRef<FJsonObject> Out = Describe(Asset);
+	const TSharedRef<FJsonObject> Contents = AssetContents::Describe(Asset);
+	if (!Contents->Values.IsEmpty())
+	{
+		Out->SetObjectField(TEXT("contents"), Contents);
 	}
 	return Out;
 }

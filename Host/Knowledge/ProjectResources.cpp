@@ -116,8 +116,11 @@ TSharedRef<FJsonObject> ProjectResources::Node(const FResourceUri& Uri)
 TSharedRef<FJsonObject> ProjectResources::Assets(const FResourceUri& Uri)
 {
 	using namespace ProjectResourcesPrivate;
-	return ListDocument(TEXT("assets"), AssetSearch::Find({Text(Uri, "path"), Text(Uri, "class"), Text(Uri, "query")}),
-		Uri.GetNumber("limit", DefaultAssets), &AssetSearch::Describe);
+	const FAssetQuery Query = {Text(Uri, "path"), Text(Uri, "class"), Text(Uri, "query")};
+	const TArray<FAssetData> Found = AssetSearch::Find(Query);
+	const bool bOne = Found.Num() == 1 && AssetSearch::IsAskedByPath(Query, Found[0]);
+	return ListDocument(TEXT("assets"), Found, Uri.GetNumber("limit", DefaultAssets),
+		bOne ? &AssetSearch::DescribeWhole : &AssetSearch::Describe);
 }
 
 FResourceOutcome ProjectResources::Read(const FResourceUri& Uri, IToolHost& Tools)

@@ -149,6 +149,15 @@ void WriteStructs(FTestPackage& Package, FObjectBytes& Out)
 	Struct("FrameNumber", Number<int32_t>(24000));
 	Struct("DateTime", Number<int64_t>(77));
 	Struct("RichCurveKey", "\2\1" + std::string(1, '\0') + Floats({1, 2, 3, 4, 5, 6}));
+	Struct("MovieSceneFrameRange", "\1" + Number<int32_t>(-5) + std::string(1, '\0') + Number<int32_t>(60000));
+	const auto Channel = [&Floats](const std::string& Value, const std::string& Default, const int32_t ValueSize)
+	{
+		const std::string Key = Value + Floats({1, 2, 3, 4}) + std::string("\1\0\0\0\2\1\0\0", 8);
+		return "\4\3" + Number<int32_t>(4) + Number<int32_t>(1) + Number<int32_t>(900) + Number<int32_t>(ValueSize)
+			+ Number<int32_t>(1) + Key + Default + Number<int32_t>(1) + Number<int32_t>(60000) + Number<int32_t>(1);
+	};
+	Struct("MovieSceneFloatChannel", Channel(Floats({0.5f}), Floats({9}), 28) + Number<int32_t>(1));
+	Struct("MovieSceneDoubleChannel", Channel(Number<double>(0.25), Number<double>(9), 32));
 	FObjectBytes Tags(Package);
 	Tags.Int(2);
 	Tags.Name("A.B");

@@ -62,10 +62,21 @@ struct FPackageLoader
 	UPackage* (*Load)(FStringView LongPackageName, uint32 LoadFlags) = nullptr;
 };
 
+/** Templates inside a class that start from a parent class's template and not from their own class's defaults. */
+struct FTemplates
+{
+	/** Whether the object is one, as far as what it hangs on was read; asked before its own values are. */
+	bool (*IsOverride)(const UObject& Template) = nullptr;
+	/** What it starts from; null where that is not there, or the object is none. */
+	UObject* (*FindArchetype)(const UObject& Template) = nullptr;
+};
+
 void SetLazyObjects(const FLazyObjects& Source);
 const FLazyObjects& GetLazyObjects();
 void SetPackageLoader(const FPackageLoader& Loader);
 const FPackageLoader& GetPackageLoader();
+void SetTemplates(const FTemplates& Source);
+const FTemplates& GetTemplates();
 } // namespace ObjectProviders
 
 /**

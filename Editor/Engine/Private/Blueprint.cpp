@@ -4,6 +4,7 @@
 #include "Components/ActorComponent.h"
 #include "EdGraph/EdGraph.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "Engine/InheritableComponentHandler.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Engine/TimelineTemplate.h"
 #include "Standalone/BlueprintClassProvider.h"
@@ -124,6 +125,7 @@ void UBlueprint::DescribeClass(FClassDescriber& Class)
 	Class.Property(TEXT("BlueprintDescription"), &UBlueprint::BlueprintDescription);
 	Class.Property(TEXT("BlueprintCategory"), &UBlueprint::BlueprintCategory);
 	Class.Property(TEXT("SimpleConstructionScript"), &UBlueprint::SimpleConstructionScript);
+	Class.Property(TEXT("InheritableComponentHandler"), &UBlueprint::InheritableComponentHandler);
 	Class.Property(TEXT("UbergraphPages"), &UBlueprint::UbergraphPages);
 	Class.Property(TEXT("FunctionGraphs"), &UBlueprint::FunctionGraphs);
 	Class.Property(TEXT("DelegateSignatureGraphs"), &UBlueprint::DelegateSignatureGraphs);

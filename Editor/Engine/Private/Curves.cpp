@@ -20,13 +20,37 @@ UEnum* StaticEnum<ERichCurveInterpMode>()
 	return Enum;
 }
 
+template <>
+UEnum* StaticEnum<ERichCurveTangentMode>()
+{
+	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("ERichCurveTangentMode"), TEXT("/Script/Engine"),
+		UEnum::ECppForm::Regular,
+		{{TEXT("RCTM_Auto"), 0}, {TEXT("RCTM_User"), 1}, {TEXT("RCTM_Break"), 2}, {TEXT("RCTM_None"), 3},
+			{TEXT("RCTM_SmartAuto"), 4}});
+	return Enum;
+}
+
+template <>
+UEnum* StaticEnum<ERichCurveTangentWeightMode>()
+{
+	static UEnum* const Enum = NativeClass::RegisterEnum(TEXT("ERichCurveTangentWeightMode"), TEXT("/Script/Engine"),
+		UEnum::ECppForm::Regular,
+		{{TEXT("RCTWM_WeightedNone"), 0}, {TEXT("RCTWM_WeightedArrive"), 1}, {TEXT("RCTWM_WeightedLeave"), 2},
+			{TEXT("RCTWM_WeightedBoth"), 3}});
+	return Enum;
+}
+
 void FRichCurveKey::DescribeStruct(FStructDescriber& Struct)
 {
 	Struct.Property(TEXT("InterpMode"), &FRichCurveKey::InterpMode);
+	Struct.Property(TEXT("TangentMode"), &FRichCurveKey::TangentMode);
+	Struct.Property(TEXT("TangentWeightMode"), &FRichCurveKey::TangentWeightMode);
 	Struct.Property(TEXT("Time"), &FRichCurveKey::Time);
 	Struct.Property(TEXT("Value"), &FRichCurveKey::Value);
 	Struct.Property(TEXT("ArriveTangent"), &FRichCurveKey::ArriveTangent);
+	Struct.Property(TEXT("ArriveTangentWeight"), &FRichCurveKey::ArriveTangentWeight);
 	Struct.Property(TEXT("LeaveTangent"), &FRichCurveKey::LeaveTangent);
+	Struct.Property(TEXT("LeaveTangentWeight"), &FRichCurveKey::LeaveTangentWeight);
 }
 
 void FRichCurve::DescribeStruct(FStructDescriber& Struct)

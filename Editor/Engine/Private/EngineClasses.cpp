@@ -8,6 +8,8 @@
 #include "EdGraph/EdGraphSchema.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "Engine/CompositeDataTable.h"
+#include "Engine/InheritableComponentHandler.h"
 #include "Engine/Level.h"
 #include "Engine/LevelScriptBlueprint.h"
 #include "Engine/MemberReference.h"
@@ -16,6 +18,7 @@
 #include "Engine/TimelineTemplate.h"
 #include "Engine/World.h"
 #include "GameFramework/Actor.h"
+#include "InheritedTemplates.h"
 #include "InputCoreTypes.h"
 #include "LoadedBlueprints.h"
 #include "MissingReferences.h"
@@ -27,12 +30,13 @@ void RegisterEngineClasses()
 		{&UEdGraph::StaticClass, &UEdGraphNode::StaticClass, &UEdGraphSchema::StaticClass, &UBlueprintCore::StaticClass,
 			&UBlueprint::StaticClass, &UAnimBlueprint::StaticClass, &UBlueprintGeneratedClass::StaticClass,
 			&UAnimBlueprintGeneratedClass::StaticClass, &UWidgetBlueprintGeneratedClass::StaticClass,
-			&USimpleConstructionScript::StaticClass, &USCS_Node::StaticClass, &AActor::StaticClass,
-			&UActorComponent::StaticClass, &USceneComponent::StaticClass, &UTimelineTemplate::StaticClass,
-			&UCurveBase::StaticClass, &UCurveFloat::StaticClass, &UCurveVector::StaticClass,
-			&UCurveLinearColor::StaticClass, &UWorld::StaticClass, &ULevel::StaticClass,
-			&ULevelScriptBlueprint::StaticClass});
+			&USimpleConstructionScript::StaticClass, &USCS_Node::StaticClass, &UDataTable::StaticClass, &UCompositeDataTable::StaticClass,
+			&UInheritableComponentHandler::StaticClass, &AActor::StaticClass, &UActorComponent::StaticClass,
+			&USceneComponent::StaticClass, &UTimelineTemplate::StaticClass, &UCurveBase::StaticClass,
+			&UCurveFloat::StaticClass, &UCurveVector::StaticClass, &UCurveLinearColor::StaticClass,
+			&UWorld::StaticClass, &ULevel::StaticClass, &ULevelScriptBlueprint::StaticClass});
 	MissingReferences::Register();
+	InheritedTemplates::Register();
 	FKey::StaticStruct();
 	FMemberReference::StaticStruct();
 	FEdGraphPinType::StaticStruct();

@@ -3,6 +3,8 @@
 #include "Components/SceneComponent.h"
 #include "ConstructionScriptNodes.h"
 #include "Engine/Blueprint.h"
+#include "Engine/BlueprintGeneratedClass.h"
+#include "Engine/InheritableComponentHandler.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Standalone/NativeClass.h"
 
@@ -53,6 +55,22 @@ void USCS_Node::SetVariableName(const FName& NewName, bool bRenameTemplate)
 		}
 	}
 	InternalVariableName = NewName;
+}
+
+UActorComponent* USCS_Node::GetActualComponentTemplate(UBlueprintGeneratedClass* ActualBPGC) const
+{
+	const USimpleConstructionScript* const Script = GetSCS();
+	const FComponentKey Key(this);
+	for (; ActualBPGC && Script != ActualBPGC->SimpleConstructionScript.Get();
+		 ActualBPGC = Cast<UBlueprintGeneratedClass>(ActualBPGC->GetSuperClass()))
+	{
+		const UInheritableComponentHandler* const Handler = ActualBPGC->InheritableComponentHandler.Get();
+		if (UActorComponent* const Override = Handler ? Handler->GetOverridenComponentTemplate(Key) : nullptr)
+		{
+			return Override;
+		}
+	}
+	return ComponentTemplate;
 }
 
 USimpleConstructionScript* USCS_Node::GetSCS() const

@@ -4,6 +4,7 @@
 #include "BinaryPackageTest.h"
 #include "BinaryTestValues.h"
 #include "Standalone/ObjectText.h"
+#include "TablePackages.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -241,6 +242,14 @@ TEST(BinaryHostile, AFileCutOffAtAnyByteIsRefused)
 	using namespace BinaryHostileTest;
 	for (const std::string Engine : {"4.13", "4.27", "5.7"})
 	{
+		for (const TablePackages::FTable& Table : TablePackages::All(FPackageLayout::Of(Engine)))
+		{
+			for (std::size_t Length = 0; Length < Table.Bytes.size(); ++Length)
+			{
+				ASSERT_EQ(FindFault(Table.Bytes.substr(0, Length)), "")
+					<< Engine << ", " << Table.Name << ", " << Length;
+			}
+		}
 		const FTestPackage::FWritten Written = WriteSmall(Engine);
 		std::size_t NumRead = 0;
 		for (std::size_t Length = 0; Length < Written.Bytes.size(); ++Length)
@@ -272,6 +281,10 @@ TEST(BinaryHostile, RandomChangesAreToldOrRead)
 		for (const SmallBlueprint::FExtra Extra : BinaryTestValues::All())
 		{
 			Files.push_back(WriteSmall(Engine, Extra).Bytes);
+		}
+		for (const TablePackages::FTable& Table : TablePackages::All(FPackageLayout::Of(Engine)))
+		{
+			Files.push_back(Table.Bytes);
 		}
 	}
 	std::mt19937 Random(20);
@@ -446,6 +459,19 @@ TEST(BinaryHostile, MemoryAndTimeAreBoundedByTheSizeOfTheFile)
 		// Text, its tree and the tables: some ten times the text's own limit.
 		const std::size_t Bound = Row.Bytes.size() * 160 + 128 * 1024 * 1024;
 		EXPECT_EQ(ReadWithin(Row.Bytes, Bound, 30), "") << Row.Label << ", " << Row.Bytes.size() << " bytes";
+	}
+}
+
+TEST(BinaryHostile, RowsThatAreNotThereAreLeftOut)
+{
+	using namespace BinaryHostileTest;
+	for (const int32_t Count : {2, 1000, 0x7FFFFFFF, -1})
+	{
+		FTestPackage Package = TablePackages::DataTable(FPackageLayout::Of("5.7"), Count);
+		const FBinaryOutcome Outcome = ReadBinary(Package.Write().Bytes, "/Game/DT_Swords");
+		EXPECT_TRUE(Outcome.bRead) << Outcome.Refusal;
+		EXPECT_EQ(Outcome.Findings.LeftOut.size(), Count == 2 ? 0u : 1u) << Count;
+		EXPECT_THAT(Outcome.Body, AnyOf(HasSubstr("RowStruct="), HasSubstr("CustomProperties Row")));
 	}
 }
 

@@ -149,7 +149,7 @@ TEST(BinaryValues, OfPlainKinds)
 			{"U64", "18000000000000000000"}, {"F32", "0.5"}, {"F64", "-0.25"}, {"Yes", "True"}, {"No", "False"},
 			{"Byte", "9"}, {"Kind", "Good"}, {"Enum", "Bad"}, {"Name", "\"Some Name\""}, {"Latin", "\"a\\\"b\u00E9\""},
 			{"Wide", "\"\u00E9\u4E2D\U0001F600\uFFFDx\""}, {"Lazy", "00000001000000020000000300000004"},
-			{"WithGuid", "1"}, {"Fixed", "10"}, {"Fixed(1)", "11"}, {"\"With Blanks (and more)\"", "5"},
+			{"WithGuid", "1"}, {"Fixed(0)", "10"}, {"Fixed(1)", "11"}, {"\"With Blanks (and more)\"", "5"},
 			{"Delegate", "/Game/BP_Small.BP_Small_C.OnIt"},
 			{"Delegates", "(/Game/BP_Small.BP_Small_C.OnIt,/Game/BP_Small.BP_Small_C.OnIt)"},
 			{"Field", "\"/Game/BP_Small.BP_Small_C:Health\""}});
@@ -186,6 +186,17 @@ TEST(BinaryValues, OfStructsWithAFormOfTheirOwn)
 			{"RichCurveKey",
 				"(InterpMode=RCIM_Cubic,TangentMode=RCTM_User,TangentWeightMode=RCTWM_WeightedNone,Time=1.0,Value=2.0,"
 				"ArriveTangent=3.0,ArriveTangentWeight=4.0,LeaveTangent=5.0,LeaveTangentWeight=6.0)"},
+			{"MovieSceneFrameRange", "(LowerBound=(Type=Inclusive,Value=-5),UpperBound=(Type=Exclusive,Value=60000))"},
+			{"MovieSceneFloatChannel",
+				"(PreInfinityExtrap=RCCE_Constant,PostInfinityExtrap=RCCE_Linear,Times=((Value=900)),Values=((Value=0.5,"
+				"InterpMode=RCIM_Cubic,TangentMode=RCTM_User,Tangent=(ArriveTangent=1.0,LeaveTangent=2.0,"
+				"ArriveTangentWeight=3.0,LeaveTangentWeight=4.0,TangentWeightMode=RCTWM_WeightedArrive))),"
+				"DefaultValue=9.0,bHasDefaultValue=True,TickResolution=(Numerator=60000,Denominator=1),bShowCurve=True)"},
+			{"MovieSceneDoubleChannel",
+				"(PreInfinityExtrap=RCCE_Constant,PostInfinityExtrap=RCCE_Linear,Times=((Value=900)),Values=((Value=0.25,"
+				"InterpMode=RCIM_Cubic,TangentMode=RCTM_User,Tangent=(ArriveTangent=1.0,LeaveTangent=2.0,"
+				"ArriveTangentWeight=3.0,LeaveTangentWeight=4.0,TangentWeightMode=RCTWM_WeightedArrive))),"
+				"DefaultValue=9.0,bHasDefaultValue=True,TickResolution=(Numerator=60000,Denominator=1))"},
 			{"GameplayTagContainer", "(GameplayTags=((TagName=\"A.B\"),(TagName=\"C\")))"},
 			{"TopLevelAssetPath", "\"/Script/Engine.Actor\""}, {"PerPlatformFloat", "(Default=0.5)"},
 			{"TaggedVector", "(X=1.0)"}});
@@ -234,8 +245,10 @@ TEST(BinaryValues, WhatIsNotUnderstoodCostsThatValueAlone)
 		const FBinaryOutcome Outcome = ReadBinary(
 			SmallBlueprint::Make(FPackageLayout::Of(Engine), Write).Write().Bytes);
 		EXPECT_EQ(ValueOf(Outcome.Body, "After"), "42");
-		EXPECT_EQ(Outcome.Findings.Warnings.size(), 6u);
-		EXPECT_THAT(Outcome.Findings.Warnings, Each(HasSubstr("/Game/BP_Small.BP_Small: the value of ")));
+		EXPECT_THAT(Outcome.Findings.Warnings, IsEmpty());
+		EXPECT_EQ(Outcome.Findings.LeftOut.size(), 6u);
+		EXPECT_THAT(Outcome.Findings.LeftOut,
+			Each(testing::Field(&FBinaryPackageFindings::FLeftOut::Object, "/Game/BP_Small.BP_Small")));
 		EXPECT_EQ(Outcome.Findings.NumTwoSidedLinks, 4);
 	}
 }

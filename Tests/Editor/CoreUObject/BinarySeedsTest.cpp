@@ -1,4 +1,5 @@
 #include "BinaryTestValues.h"
+#include "TablePackages.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -18,6 +19,10 @@ TEST(BinarySeeds, AreWhatTheWriterMakes)
 	for (const std::string Engine : {"4.13", "4.20", "4.27", "5.1", "5.7"})
 	{
 		Wanted[Engine] = SmallBlueprint::Make(FPackageLayout::Of(Engine)).Write().Bytes;
+	}
+	for (const TablePackages::FTable& Table : TablePackages::All(FPackageLayout::Of("5.6")))
+	{
+		Wanted["5.6-" + Table.Name] = Table.Bytes;
 	}
 	for (std::size_t Index = 0; Index < BinaryTestValues::All().size(); ++Index)
 	{

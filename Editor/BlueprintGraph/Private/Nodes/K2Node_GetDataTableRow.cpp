@@ -2,6 +2,7 @@
 
 #include "BlueprintActionDatabaseRegistrar.h"
 #include "EdGraphSchema_K2.h"
+#include "Engine/DataTable.h"
 #include "Kismet2/CompilerResultsLog.h"
 #include "Misc/PackageName.h"
 #include "Standalone/NativeClass.h"
@@ -16,6 +17,18 @@ namespace DataTableRows
 const FName TablePin(TEXT("DataTable"));
 const FName RowNamePin(TEXT("RowName"));
 const FName NotFoundPin(TEXT("RowNotFound"));
+
+/** "'A', 'B' and 12 more". */
+static FString NameSome(const TArray<FName>& Rows)
+{
+	constexpr int32 MaxNamed = 8;
+	FString Names;
+	for (int32 Index = 0; Index < Rows.Num() && Index < MaxNamed; ++Index)
+	{
+		Names += (Index == 0 ? TEXT("'") : TEXT(", '")) + Rows[Index].ToString() + TEXT("'");
+	}
+	return Rows.Num() > MaxNamed ? Names + FString::Printf(TEXT(" and %d more"), Rows.Num() - MaxNamed) : Names;
+}
 } // namespace DataTableRows
 
 UEdGraphPin* UK2Node_GetDataTableRow::GetDataTablePin() const
@@ -129,6 +142,18 @@ void UK2Node_GetDataTableRow::ValidateNodeDuringCompilation(FCompilerResultsLog&
 	if (TablePin && TablePin->LinkedTo.IsEmpty() && !TablePin->DefaultObject)
 	{
 		MessageLog.Error(TEXT("@@ needs a data table: set @@"), this, TablePin);
+	}
+	const UDataTable* const Table = TablePin && TablePin->LinkedTo.IsEmpty()
+		? Cast<UDataTable>(TablePin->DefaultObject.Get())
+		: nullptr;
+	const UEdGraphPin* const NamePin = FindPin(DataTableRows::RowNamePin, EGPD_Input);
+	const TArray<FName> Rows = Table ? Table->GetRowNames() : TArray<FName>();
+	if (!Rows.IsEmpty() && NamePin && NamePin->LinkedTo.IsEmpty() && !Rows.Contains(FName(*NamePin->DefaultValue)))
+	{
+		const FString Known = DataTableRows::NameSome(Rows);
+		MessageLog.Error(*FString::Printf(TEXT("@@ asks for the row '%s', which '%s' does not have; it has %s"),
+							 *NamePin->DefaultValue, *Table->GetName(), *Known),
+			this);
 	}
 }
 

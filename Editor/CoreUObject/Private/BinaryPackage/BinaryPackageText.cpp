@@ -7,6 +7,7 @@
 #include "BinaryPackage/BinaryPins.h"
 #include "BinaryPackage/BinaryProperties.h"
 #include "BinaryPackage/BinaryStructs.h"
+#include "BinaryPackage/BinaryTableData.h"
 #include "BinaryPackage/BinaryTables.h"
 #include "BinaryPackage/BinaryText.h"
 #include "Containers/StringConv.h"
@@ -291,17 +292,56 @@ private:
 				"its properties break off at byte "
 					+ std::to_string(static_cast<uint64_t>(Export.Offset) + Cursor.GetPosition()) + " of the file");
 		}
+		const std::string Class = Tables.ClassPathOf(Reference);
+		std::vector<std::string> TableLines;
+		if (Class == "/Script/Engine.UserDefinedEnum")
+		{
+			SkipObjectGuid(Cursor);
+			BinaryTableData::SortEnumEntries(Cursor, Tables, Own);
+		}
+		else if (Class.ends_with("Table"))
+		{
+			SkipObjectGuid(Cursor);
+			if (!BinaryTableData::Read(Cursor, Tables, Properties, Class, TableLines))
+			{
+				NoteLeftOut(Reference, "the rows");
+			}
+		}
 		for (const std::string& Value : Properties.TakePassedOver())
 		{
-			Warn(Reference, "the value of " + Value + " was not understood and is left out");
+			NoteLeftOut(Reference, Value);
 		}
-		for (const FBinaryProperty& Property : Own)
+		for (std::size_t Index = 0; Index < Own.size(); ++Index)
 		{
-			WriteProperty(Reference, Property, Depth);
+			// The first element of a static array looks like any other value; the next ones tell.
+			const bool bFirstOfSeveral = Index + 1 < Own.size() && Own[Index + 1].Index > 0
+				&& Own[Index + 1].Name == Own[Index].Name;
+			WriteProperty(Reference, Own[Index], Own[Index].Index > 0 || bFirstOfSeveral, Depth);
+		}
+		for (const std::string& Row : TableLines)
+		{
+			Line(Depth, Row);
 		}
 		if (IsNode(Reference))
 		{
 			WriteNode(Reference, Cursor, Depth);
+		}
+	}
+
+	void NoteLeftOut(const int32_t Reference, const std::string& Value)
+	{
+		if (Findings.LeftOut.size() < MaxWarnings)
+		{
+			Findings.LeftOut.push_back({Tables.PathOf(Reference), Value});
+		}
+	}
+
+	/** What stands between an object's properties and what its class writes itself. */
+	static void SkipObjectGuid(FBinaryCursor& Cursor)
+	{
+		if (Cursor.ReadBool())
+		{
+			Cursor.Skip(16);
 		}
 	}
 
@@ -311,9 +351,8 @@ private:
 																						   : Name;
 	}
 
-	void WriteProperty(const int32_t Reference, const FBinaryProperty& Property, const int Depth)
+	void WriteProperty(const int32_t Reference, const FBinaryProperty& Property, const bool bIndexed, const int Depth)
 	{
-		const bool bIndexed = Property.Index > 0;
 		Line(Depth,
 			SpellName(Property.Name) + (bIndexed ? "(" + std::to_string(Property.Index) + ")=" : "=") + Property.Value);
 		static const std::set<std::string> Tagged = {"ParentClass", "GeneratedClass", "BlueprintType"};
@@ -325,10 +364,7 @@ private:
 
 	void WriteNode(const int32_t Reference, FBinaryCursor& Cursor, const int Depth)
 	{
-		if (Cursor.ReadBool())
-		{
-			Cursor.Skip(16);
-		}
+		SkipObjectGuid(Cursor);
 		FBinaryNodePins Node;
 		++Findings.NumNodes;
 		if (Node.Read(Cursor, Tables))

@@ -10,8 +10,17 @@
 /** What was read of a binary package. */
 struct FBinaryPackageFindings
 {
-	/** Sentences on what was not understood, or does not agree with itself. */
+	/** Sentences on what is damaged, or does not agree with itself. */
 	std::vector<std::string> Warnings;
+	struct FLeftOut
+	{
+		/** The object's path. */
+		std::string Object;
+		/** "Name (type)". */
+		std::string Value;
+	};
+	/** Values that were not understood: the first thousand of them. */
+	std::vector<FLeftOut> LeftOut;
 	int NumNodes = 0;
 	/** Nodes whose pins end where their bytes do. */
 	int NumNodesWithPins = 0;

@@ -71,6 +71,14 @@ bool FBinaryProperties::Read(FBinaryCursor& Cursor, std::vector<FBinaryProperty>
 	return ReadList(Cursor, OutProperties, 0);
 }
 
+std::string FBinaryProperties::ReadStructText(FBinaryCursor& Cursor)
+{
+	std::string Text;
+	NumTextBytes = 0;
+	ReadTaggedStruct(Cursor, 0, Text);
+	return Text;
+}
+
 std::vector<std::string> FBinaryProperties::TakePassedOver()
 {
 	return std::exchange(PassedOver, {});
@@ -129,12 +137,17 @@ void FBinaryProperties::ReadBounded(FBinaryCursor& Cursor, const FBinaryType& Ty
 	FBinaryCursor Again = Cursor;
 	const std::size_t Before = Out.size();
 	ReadValue(Cursor, Type, Depth, Out);
-	if (!Cursor.IsAtEnd() && Type.Name == "StructProperty" && BinaryStructs::Knows(Type.GetFirst()))
+	if (!Cursor.IsAtEnd() && HasOwnForm(Type))
 	{
 		Cursor = Again;
 		Out.resize(Before);
 		ReadTaggedStruct(Cursor, Depth, Out);
 	}
+}
+
+bool FBinaryProperties::HasOwnForm(const FBinaryType& Type)
+{
+	return Type.Name == "StructProperty" && BinaryStructs::Knows(Type.GetFirst());
 }
 
 void FBinaryProperties::ReadValue(FBinaryCursor& Cursor, const FBinaryType& Type, const int Depth, std::string& Out)
@@ -327,7 +340,15 @@ void FBinaryProperties::ReadArray(FBinaryCursor& Cursor, const FBinaryType& Type
 	const int32_t Count = Cursor.ReadCount(1);
 	const FBinaryType Element = BinaryProperties::ReadElementType(Cursor, Tables, Type, Count);
 	Out += '(';
+	FBinaryCursor Again = Cursor;
+	const std::size_t Before = Out.size();
 	ReadElements(Cursor, Count, Element, Depth + 1, Out);
+	if (!Cursor.IsAtEnd() && HasOwnForm(Element))
+	{
+		Cursor = Again;
+		Out.resize(Before);
+		ReadElements(Cursor, Count, {"StructProperty", {}}, Depth + 1, Out);
+	}
 	Out += ')';
 }
 

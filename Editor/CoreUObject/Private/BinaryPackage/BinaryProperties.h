@@ -51,6 +51,9 @@ public:
 	/** Up to the tag that ends them; false when the place was lost. */
 	bool Read(FBinaryCursor& Cursor, std::vector<FBinaryProperty>& OutProperties);
 
+	/** A struct of tagged members that stands by itself, as "(A=1,B=2)"; fails the cursor where the place is lost. */
+	std::string ReadStructText(FBinaryCursor& Cursor);
+
 	/** "Name (type)" of each value that was passed over since the last call. */
 	std::vector<std::string> TakePassedOver();
 
@@ -66,6 +69,8 @@ private:
 	void ReadOne(FBinaryCursor& Cursor, const FBinaryTag& Tag, int Depth, std::vector<FBinaryProperty>& OutProperties);
 	void ReadValue(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
 	void ReadBounded(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth, std::string& Out);
+	/** Whether the engine writes such a struct without tags, most of the time. */
+	static bool HasOwnForm(const FBinaryType& Type);
 	void ReadElements(FBinaryCursor& Cursor, int32_t Count, const FBinaryType& Type, int Depth, std::string& Out);
 	void SkipRemoved(FBinaryCursor& Cursor, const FBinaryType& Type, int Depth);
 	void ReadTaggedStruct(FBinaryCursor& Cursor, int Depth, std::string& Out);

@@ -122,24 +122,129 @@ static void ReadFlatBox(FBinaryCursor& Cursor, const FBinaryTables& Tables, cons
 	ReadCorners(Cursor, Tables, Shape, "bIsValid", Out);
 }
 
+constexpr const char* InterpWords[] = {"RCIM_Linear", "RCIM_Constant", "RCIM_Cubic", "RCIM_None"};
+constexpr const char* TangentWords[] = {"RCTM_Auto", "RCTM_User", "RCTM_Break", "RCTM_None", "RCTM_SmartAuto"};
+constexpr const char* WeightWords[] = {
+	"RCTWM_WeightedNone", "RCTWM_WeightedArrive", "RCTWM_WeightedLeave", "RCTWM_WeightedBoth"};
+constexpr const char* ExtrapolationWords[] = {
+	"RCCE_Cycle", "RCCE_CycleWithOffset", "RCCE_Oscillate", "RCCE_Linear", "RCCE_Constant", "RCCE_None"};
+
+/** The enumerator that a byte stands for. */
+template <std::size_t Num>
+static const char* PickWord(FBinaryCursor& Cursor, const char* const (&Words)[Num])
+{
+	const std::size_t Index = Cursor.Read<uint8_t>();
+	return Index < Num ? Words[Index] : Words[0];
+}
+
 static void ReadCurveKey(FBinaryCursor& Cursor, const FBinaryTables&, const FShape&, std::string& Out)
 {
-	static constexpr const char* Interp[] = {"RCIM_Linear", "RCIM_Constant", "RCIM_Cubic", "RCIM_None"};
-	static constexpr const char* Tangent[] = {"RCTM_Auto", "RCTM_User", "RCTM_Break", "RCTM_None", "RCTM_SmartAuto"};
-	static constexpr const char* Weight[] = {
-		"RCTWM_WeightedNone", "RCTWM_WeightedArrive", "RCTWM_WeightedLeave", "RCTWM_WeightedBoth"};
-	const auto Pick = [&Cursor](const auto& Words)
-	{
-		const std::size_t Index = Cursor.Read<uint8_t>();
-		return Index < std::size(Words) ? Words[Index] : Words[0];
-	};
-	Out.append("(InterpMode=").append(Pick(Interp));
-	Out.append(",TangentMode=").append(Pick(Tangent));
-	Out.append(",TangentWeightMode=").append(Pick(Weight));
+	Out.append("(InterpMode=").append(PickWord(Cursor, InterpWords));
+	Out.append(",TangentMode=").append(PickWord(Cursor, TangentWords));
+	Out.append(",TangentWeightMode=").append(PickWord(Cursor, WeightWords));
 	for (const char* const Member :
 		{"Time", "Value", "ArriveTangent", "ArriveTangentWeight", "LeaveTangent", "LeaveTangentWeight"})
 	{
 		Out.append(",").append(Member).append("=").append(BinaryText::Number(Cursor.Read<float>()));
+	}
+	Out += ')';
+}
+
+static void AppendTangent(const float (&Tangents)[4], const char* Weight, std::string& Out)
+{
+	static constexpr const char* Members[] = {
+		"ArriveTangent", "LeaveTangent", "ArriveTangentWeight", "LeaveTangentWeight"};
+	Out += "Tangent=(";
+	for (std::size_t Index = 0; Index < std::size(Members); ++Index)
+	{
+		Out.append(Members[Index]).append("=").append(BinaryText::Number(Tangents[Index])).append(",");
+	}
+	Out.append("TangentWeightMode=").append(Weight).append(")");
+}
+
+/** A key of a sequence's channel as engine 4 wrote it, one member after the other. */
+static void ReadChannelValue(FBinaryCursor& Cursor, const FBinaryTables&, const FShape&, std::string& Out)
+{
+	Out.append("(Value=").append(BinaryText::Number(Cursor.Read<float>()));
+	Out.append(",InterpMode=").append(PickWord(Cursor, InterpWords));
+	Out.append(",TangentMode=").append(PickWord(Cursor, TangentWords)).append(",");
+	float Tangents[4] = {};
+	Tangents[0] = Cursor.Read<float>();
+	Tangents[1] = Cursor.Read<float>();
+	const char* const Weight = PickWord(Cursor, WeightWords);
+	Tangents[2] = Cursor.Read<float>();
+	Tangents[3] = Cursor.Read<float>();
+	AppendTangent(Tangents, Weight, Out);
+	Out += ')';
+}
+
+/** The same as it lay in the memory of engine 5. */
+static void ReadChannelValueInPlace(FBinaryCursor& Cursor, const bool bDouble, std::string& Out)
+{
+	const double Value = bDouble ? Cursor.Read<double>() : static_cast<double>(Cursor.Read<float>());
+	float Tangents[4] = {};
+	for (float& Tangent : Tangents)
+	{
+		Tangent = Cursor.Read<float>();
+	}
+	const char* const Weight = PickWord(Cursor, WeightWords);
+	Cursor.Skip(3);
+	Out.append("(Value=").append(bDouble ? BinaryText::Number(Value) : BinaryText::Number(static_cast<float>(Value)));
+	Out.append(",InterpMode=").append(PickWord(Cursor, InterpWords));
+	Out.append(",TangentMode=").append(PickWord(Cursor, TangentWords)).append(",");
+	Cursor.Skip(2);
+	AppendTangent(Tangents, Weight, Out);
+	Out += ')';
+}
+
+/** Elements that lie as in memory, behind their size and their number. */
+template <class TRead>
+static void ReadRun(
+	FBinaryCursor& Cursor, const FBinaryTables& Tables, const int32_t Size, std::string& Out, TRead Read)
+{
+	const bool bKnown = Cursor.ReadInt() == Size;
+	const int32_t Count = Cursor.ReadCount(static_cast<std::size_t>(Size));
+	if (!bKnown)
+	{
+		Cursor.Fail();
+	}
+	for (int32_t Index = 0; Index < Count && !Cursor.HasFailed() && Out.size() <= Tables.GetTextLimit(); ++Index)
+	{
+		Out += Index > 0 ? "," : "";
+		Read(Out);
+	}
+}
+
+/** A sequence's curve: the times of its keys, then what they hold. */
+static void ReadChannel(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FShape& Shape, std::string& Out)
+{
+	const bool bDouble = Shape.Number == ENumber::Double;
+	Out.append("(PreInfinityExtrap=").append(PickWord(Cursor, ExtrapolationWords));
+	Out.append(",PostInfinityExtrap=").append(PickWord(Cursor, ExtrapolationWords)).append(",Times=(");
+	ReadRun(Cursor, Tables, 4, Out,
+		[&Cursor](std::string& To) { To.append("(Value=").append(std::to_string(Cursor.ReadInt())).append(")"); });
+	Out += "),Values=(";
+	ReadRun(Cursor, Tables, bDouble ? 32 : 28, Out,
+		[&Cursor, bDouble](std::string& To) { ReadChannelValueInPlace(Cursor, bDouble, To); });
+	Out += "),DefaultValue=";
+	ReadNumber(Cursor, Tables, Shape.Number, Out);
+	Out.append(",bHasDefaultValue=").append(Cursor.ReadBool() ? "True" : "False");
+	Out.append(",TickResolution=(Numerator=").append(std::to_string(Cursor.ReadInt()));
+	Out.append(",Denominator=").append(std::to_string(Cursor.ReadInt())).append(")");
+	if (Cursor.GetLeft() > 0)
+	{
+		Out.append(",bShowCurve=").append(Cursor.ReadBool() ? "True" : "False");
+	}
+	Out += ')';
+}
+
+static void ReadFrameRange(FBinaryCursor& Cursor, const FBinaryTables&, const FShape&, std::string& Out)
+{
+	static constexpr const char* Kinds[] = {"Exclusive", "Inclusive", "Open"};
+	for (const char* const Bound : {"(LowerBound=(Type=", ",UpperBound=(Type="})
+	{
+		Out.append(Bound).append(PickWord(Cursor, Kinds));
+		Out.append(",Value=").append(std::to_string(Cursor.ReadInt())).append(")");
 	}
 	Out += ')';
 }
@@ -237,6 +342,10 @@ static const FNativeStruct* Find(const std::string& Struct)
 		{"TopLevelAssetPath", {&ReadTopLevelPath, {}}},
 		{"GameplayTagContainer", {&ReadTags, {}}},
 		{"RichCurveKey", {&ReadCurveKey, {}}},
+		{"MovieSceneFloatValue", {&ReadChannelValue, {}}},
+		{"MovieSceneFloatChannel", {&ReadChannel, {"", ENumber::Float}}},
+		{"MovieSceneDoubleChannel", {&ReadChannel, {"", ENumber::Double}}},
+		{"MovieSceneFrameRange", {&ReadFrameRange, {}}},
 		{"PerPlatformInt", {&ReadPerPlatform, {"", ENumber::Int32}}},
 		{"PerPlatformFloat", {&ReadPerPlatform, {"", ENumber::Float}}},
 		{"PerPlatformBool", {&ReadPerPlatform, {"", ENumber::Bool}}},

@@ -228,7 +228,10 @@ UObject* UObject::GetArchetype() const
 			return Template;
 		}
 	}
-	return ClassPrivate->GetDefaultObject();
+	const auto FindArchetype = ObjectProviders::GetTemplates().FindArchetype;
+	const bool bTemplate = HasAnyFlags(RF_ArchetypeObject) && OuterPrivate && OuterPrivate->IsA(UClass::StaticClass());
+	UObject* const Inherited = bTemplate && FindArchetype ? FindArchetype(*this) : nullptr;
+	return Inherited && IsA(Inherited->GetClass()) ? Inherited : ClassPrivate->GetDefaultObject();
 }
 
 uint8* UObject::FindExtension(const UStruct* OwnerClass) const

@@ -4,6 +4,7 @@ namespace ObjectProviders
 {
 static FLazyObjects LazyObjects;
 static FPackageLoader PackageLoader;
+static FTemplates Templates;
 
 void SetLazyObjects(const FLazyObjects& Source)
 {
@@ -23,5 +24,15 @@ void SetPackageLoader(const FPackageLoader& Loader)
 const FPackageLoader& GetPackageLoader()
 {
 	return PackageLoader;
+}
+
+void SetTemplates(const FTemplates& Source)
+{
+	Templates = Source;
+}
+
+const FTemplates& GetTemplates()
+{
+	return Templates;
 }
 } // namespace ObjectProviders

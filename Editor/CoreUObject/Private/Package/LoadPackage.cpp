@@ -6,6 +6,8 @@
 #include "Misc/FeedbackContext.h"
 #include "Misc/OutputDeviceRedirector.h"
 #include "Misc/PackageName.h"
+#include "Objects/ObjectConstruction.h"
+#include "Package/BinaryGaps.h"
 #include "Package/KnownFiles.h"
 #include "Package/LikelyParent.h"
 #include "Package/PackageFile.h"
@@ -46,18 +48,34 @@ enum class EStage
 /**
  * Problems with single values, under the file's name: logged, and kept for the result of the call that reads the file.
  * What is missing is told once for all references to it, at the end, since a package may only come later in the same
- * load.
+ * load. Of the engine's own files, whose lines nobody sees, all gaps are gathered with those of other files.
  */
 class FFileWarnings final : public FFeedbackContext
 {
 public:
 	explicit FFileWarnings(FString InFilename)
 		: Filename(MoveTemp(InFilename))
+		, bBinary(FPackageText::IsBinaryFile(Filename))
 	{
+	}
+	/** What is read next. */
+	void SetObject(const UObject& Object) { bUnseen = bBinary && BinaryGaps::IsUnseen(Object); }
+	/** Where an object cannot be made for want of its class. */
+	void AddMissingClass(const FString& Path)
+	{
+		if (bBinary)
+		{
+			BinaryGaps::AddMissing(Filename, Path);
+		}
 	}
 	void Serialize(const TCHAR* Text, ELogVerbosity::Type, const FName&) override
 	{
 		const TArray<FString> Asked = FMissingObjects::TakeAsked();
+		if (bBinary)
+		{
+			Gather(Text, Asked);
+			return;
+		}
 		for (const FString& Path : Asked)
 		{
 			FMissing* const Known = Missing.FindByPredicate(
@@ -89,8 +107,8 @@ public:
 													  : FString::Printf(TEXT(", here and in %d more place%s"),
 														  Row.NumPlaces - 1, Row.NumPlaces == 2 ? TEXT("") : TEXT("s"));
 			Say(FString::Printf(
-				TEXT("%s, %s: '%s' is missing%s; what refers to it is kept as it is and binds again when "
-					 "it is there"),
+				TEXT("%s, %s: '%s' is missing%s; what refers to it is kept as it is and binds again when it "
+					 "is there"),
 				*Filename, *Row.Place, *Row.Path, *Others));
 		}
 		Missing.Empty();
@@ -117,6 +135,41 @@ private:
 		int32 Colon = INDEX_NONE;
 		return Text.FindChar(TEXT(':'), Colon) ? Text.Left(Colon) : FString();
 	}
+	/** A struct that has all but a member of another engine's version was understood; and a reference into the file
+	 * itself leads to an object whose class is told as missing. */
+	static bool IsSmall(const FString& Text)
+	{
+		const FString Key(TEXT(" keeps its value: "));
+		const int32 At = Text.Find(Key, ESearchCase::CaseSensitive);
+		TArray<FString> Reasons;
+		(At == INDEX_NONE ? Text : Text.Mid(At + Key.Len())).ParseIntoArray(Reasons, TEXT("; "));
+		for (const FString& Reason : Reasons)
+		{
+			const bool bCutOff = Reasons.Num() > 1 && &Reason == &Reasons.Last() && Reason.EndsWith(TEXT("..."));
+			if (!bCutOff && !Reason.StartsWith(TEXT("Unknown property in "), ESearchCase::CaseSensitive)
+				&& !Reason.Contains(TEXT("unresolved reference to '"), ESearchCase::CaseSensitive))
+			{
+				return false;
+			}
+		}
+		return true;
+	}
+	void Gather(const TCHAR* Text, const TArray<FString>& Asked) const
+	{
+		UE_LOG(LogPackage, Verbose, TEXT("%s: %s"), *Filename, Text);
+		for (const FString& Path : Asked)
+		{
+			if (!bUnseen)
+			{
+				BinaryGaps::AddMissing(Filename, Path);
+			}
+		}
+		if (Asked.IsEmpty() && !bUnseen && !IsSmall(Text))
+		{
+			const FString Place = PlaceIn(Text);
+			BinaryGaps::AddNotUnderstood(Filename, FString(Text).RightChop(Place.IsEmpty() ? 0 : Place.Len() + 2));
+		}
+	}
 	void Say(const FString& Warning)
 	{
 		UE_LOG(LogPackage, Warning, TEXT("%s"), *Warning);
@@ -128,8 +181,17 @@ private:
 	}
 
 	const FString Filename;
+	const bool bBinary;
+	bool bUnseen = false;
 	TArray<FMissing> Missing;
 	int32 NumSaid = 0;
+};
+
+/** Takes what another line tells already. */
+class FNoWarnings final : public FFeedbackContext
+{
+public:
+	void Serialize(const TCHAR*, ELogVerbosity::Type, const FName&) override {}
 };
 
 /** Tells what was cut: in the log, and to whoever called for the package. */
@@ -257,6 +319,7 @@ public:
 	void Fill()
 	{
 		Stage = EStage::Filling;
+		FillPartsOfClasses();
 		FillFrom(0);
 		Stage = EStage::Filled;
 	}
@@ -268,6 +331,7 @@ public:
 		{
 			FinishPackage(PackageNameOf(*Parent));
 		}
+		FillOverrides();
 		PostLoadFrom(0);
 		const std::size_t NumBefore = Made.size();
 		bOwnClassesReady = true;
@@ -300,6 +364,7 @@ private:
 		const FObjectTextRecord* Record;
 		UObject* Object;
 		int32 Depth;
+		bool bFilled = false;
 	};
 
 	bool IsOfOwnClass(const FObjectTextRecord& Record) const
@@ -396,7 +461,7 @@ private:
 				&& Record.GetName().Equals(Header.AssetName, ESearchCase::IgnoreCase);
 			if (!bIsAsset)
 			{
-				FKeptObjectText::KeepRecord(Record, Outer, Warnings);
+				KeepRecord(Record, Outer);
 			}
 			return nullptr;
 		}
@@ -408,6 +473,19 @@ private:
 		}
 		return Object;
 	}
+
+	void KeepRecord(const FObjectTextRecord& Record, UObject* Outer)
+	{
+		FNoWarnings Told;
+		const bool bTold = IsEngineFile() && !Record.ClassPath.empty();
+		FKeptObjectText::KeepRecord(Record, Outer, bTold ? static_cast<FFeedbackContext&>(Told) : Warnings);
+		if (bTold)
+		{
+			Warnings.AddMissingClass(Record.GetClassPath());
+		}
+	}
+
+	bool IsEngineFile() const { return FPackageText::IsBinaryFile(Filename); }
 
 	void MakeInner(const FObjectTextRecord& Record, UObject* Object)
 	{
@@ -434,7 +512,11 @@ private:
 			// What was asked for before is not this record's.
 			FMissingObjects::TakeAsked();
 			UObject* const StandIn = Class ? nullptr : FObjectTextImport::DefaultFactory(Record, Outer);
-			if (StandIn)
+			if (StandIn && IsEngineFile())
+			{
+				Warnings.AddMissingClass(Record.GetClassPath());
+			}
+			else if (StandIn)
 			{
 				Warnings.Logf(TEXT("line %d: the class '%s' of '%s' is missing; the object is kept as it is"),
 					Record.LineNumber, *Record.GetClassPath(), *StandIn->GetPathName());
@@ -497,6 +579,51 @@ private:
 		}
 	}
 
+	void FillOne(FMade& Entry)
+	{
+		Entry.bFilled = true;
+		FMissingObjects::TakeAsked();
+		Warnings.SetObject(*Entry.Object);
+		Import.ImportInto(Entry.Object, *Entry.Record);
+		Entry.Object->ClearFlags(RF_NeedLoad);
+	}
+
+	static bool IsPartOfClass(const FMade& Entry) { return Entry.Object->GetOuter()->IsA(UClass::StaticClass()); }
+
+	/** What a class says of its templates is there before them. */
+	void FillPartsOfClasses()
+	{
+		const FMissingObjects::FScope Keeping;
+		for (FMade& Entry : Made)
+		{
+			if (IsPartOfClass(Entry) && !Entry.Object->HasAnyFlags(RF_ArchetypeObject))
+			{
+				FillOne(Entry);
+			}
+		}
+	}
+
+	static bool IsOverride(const FMade& Entry)
+	{
+		const auto Answer = ObjectProviders::GetTemplates().IsOverride;
+		return Answer && Entry.Object->HasAnyFlags(RF_ArchetypeObject) && IsPartOfClass(Entry) && Answer(*Entry.Object);
+	}
+
+	/** Templates that change a parent's start from that one, which has its values by now. */
+	void FillOverrides()
+	{
+		const FMissingObjects::FScope Keeping;
+		for (FMade& Entry : Made)
+		{
+			if (!Entry.bFilled)
+			{
+				UObject* const Archetype = Entry.Object->GetArchetype();
+				ObjectConstruction::CopyProperties(Entry.Object, Archetype, false);
+				FillOne(Entry);
+			}
+		}
+	}
+
 	/** Values of a package can load others, which come back here with loads of their own; this list does not grow by
 	 * that. */
 	void FillFrom(std::size_t First)
@@ -504,9 +631,10 @@ private:
 		const FMissingObjects::FScope Keeping;
 		for (std::size_t Index = First; Index < Made.size(); ++Index)
 		{
-			FMissingObjects::TakeAsked();
-			Import.ImportInto(Made[Index].Object, *Made[Index].Record);
-			Made[Index].Object->ClearFlags(RF_NeedLoad);
+			if (!Made[Index].bFilled && !IsOverride(Made[Index]))
+			{
+				FillOne(Made[Index]);
+			}
 		}
 		TArray<UObject*> Objects;
 		for (std::size_t Index = First; Index < Made.size(); ++Index)
@@ -651,18 +779,30 @@ static bool TurnIntoText(std::string& Bytes, const FString& PackageName, const F
 	return true;
 }
 
-/** A file of a plug-in may hold hundreds of values that nobody knows; the first few tell what kind they are. */
+/** Whoever called for the package is told of damage, and once of all values that nobody knows. */
 static void SayFindings(const FBinaryPackageFindings& Findings, const FString& Filename)
 {
 	constexpr std::size_t MaxSaid = 5;
+	const auto Say = [&Filename](const FString& Text)
+	{
+		UE_LOG(LogPackage, Warning, TEXT("%s: %s"), *Filename, *Text);
+		PackageFile::NoteProblem(FString::Printf(TEXT("%s: %s"), *Filename, *Text));
+	};
 	for (std::size_t Index = 0; Index < std::min(MaxSaid, Findings.Warnings.size()); ++Index)
 	{
-		UE_LOG(LogPackage, Warning, TEXT("%s: %s"), *Filename, *FromUtf8(Findings.Warnings[Index]));
+		Say(FromUtf8(Findings.Warnings[Index]));
 	}
 	if (Findings.Warnings.size() > MaxSaid)
 	{
-		UE_LOG(LogPackage, Warning, TEXT("%s: %d more like these"), *Filename,
-			static_cast<int32>(Findings.Warnings.size() - MaxSaid));
+		Say(FString::Printf(TEXT("%d more like these"), static_cast<int32>(Findings.Warnings.size() - MaxSaid)));
+	}
+	for (const FBinaryPackageFindings::FLeftOut& LeftOut : Findings.LeftOut)
+	{
+		const UObject* const Object = StaticFindObject(nullptr, nullptr, *FromUtf8(LeftOut.Object));
+		if (Object && !BinaryGaps::IsUnseen(*Object))
+		{
+			BinaryGaps::AddNotUnderstood(Filename, FromUtf8(LeftOut.Object + ": " + LeftOut.Value));
+		}
 	}
 }
 

@@ -1,4 +1,5 @@
 #include "Package/PackageFile.h"
+#include "Package/BinaryGaps.h"
 
 #include "BinaryPackage/BinaryPackageText.h"
 
@@ -527,6 +528,7 @@ TArray<FString> FPackageText::TakeProblems()
 {
 	TArray<FString> Taken = MoveTemp(PackageFile::Problems());
 	PackageFile::Problems() = TArray<FString>();
+	Taken.Append(BinaryGaps::Take());
 	return Taken;
 }
 

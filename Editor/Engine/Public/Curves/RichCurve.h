@@ -10,8 +10,27 @@ enum ERichCurveInterpMode : uint8
 	RCIM_Cubic,
 	RCIM_None,
 };
+enum ERichCurveTangentMode : uint8
+{
+	RCTM_Auto,
+	RCTM_User,
+	RCTM_Break,
+	RCTM_None,
+	RCTM_SmartAuto,
+};
+enum ERichCurveTangentWeightMode : uint8
+{
+	RCTWM_WeightedNone,
+	RCTWM_WeightedArrive,
+	RCTWM_WeightedLeave,
+	RCTWM_WeightedBoth,
+};
 template <>
 UEnum* StaticEnum<ERichCurveInterpMode>();
+template <>
+UEnum* StaticEnum<ERichCurveTangentMode>();
+template <>
+UEnum* StaticEnum<ERichCurveTangentWeightMode>();
 
 struct FRichCurveKey
 {
@@ -26,10 +45,14 @@ struct FRichCurveKey
 	bool operator==(const FRichCurveKey& Other) const = default;
 
 	ERichCurveInterpMode InterpMode = RCIM_Linear;
+	ERichCurveTangentMode TangentMode = RCTM_Auto;
+	ERichCurveTangentWeightMode TangentWeightMode = RCTWM_WeightedNone;
 	float Time = 0.0f;
 	float Value = 0.0f;
 	float ArriveTangent = 0.0f;
+	float ArriveTangentWeight = 0.0f;
 	float LeaveTangent = 0.0f;
+	float LeaveTangentWeight = 0.0f;
 };
 
 /** Position of a key in its curve. */

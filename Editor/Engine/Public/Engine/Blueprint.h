@@ -10,6 +10,7 @@ class UActorComponent;
 class UBlueprintGeneratedClass;
 class UEdGraph;
 class UEdGraphNode;
+class UInheritableComponentHandler;
 class USimpleConstructionScript;
 class UTimelineTemplate;
 
@@ -153,6 +154,8 @@ public:
 	FString BlueprintDescription;
 	FString BlueprintCategory;
 	TObjectPtr<USimpleConstructionScript> SimpleConstructionScript;
+	/** Null unless the Blueprint changes components that it inherits from other Blueprints. */
+	TObjectPtr<UInheritableComponentHandler> InheritableComponentHandler;
 	TArray<TObjectPtr<UEdGraph>> UbergraphPages;
 	TArray<TObjectPtr<UEdGraph>> FunctionGraphs;
 	TArray<TObjectPtr<UEdGraph>> DelegateSignatureGraphs;

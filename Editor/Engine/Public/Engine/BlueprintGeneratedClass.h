@@ -4,6 +4,7 @@
 #include "UObject/Class.h"
 
 class UActorComponent;
+class UInheritableComponentHandler;
 class USimpleConstructionScript;
 class UTimelineTemplate;
 
@@ -16,6 +17,7 @@ public:
 	UClass* GetAuthoritativeClass() override;
 
 	TObjectPtr<USimpleConstructionScript> SimpleConstructionScript;
+	TObjectPtr<UInheritableComponentHandler> InheritableComponentHandler;
 	TArray<TObjectPtr<UTimelineTemplate>> Timelines;
 	TArray<TObjectPtr<UActorComponent>> ComponentTemplates;
 	/** Name of a property to the guid of the Blueprint variable that it stands for. */

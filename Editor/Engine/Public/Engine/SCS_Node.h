@@ -17,12 +17,9 @@ class USCS_Node : public UObject
 public:
 	FName GetVariableName() const { return InternalVariableName; }
 	void SetVariableName(const FName& NewName, bool bRenameTemplate = true);
-	/** The template that counts for a class: the node's own here, as templates of inherited nodes are not overridden.
-	 */
-	UActorComponent* GetActualComponentTemplate(UBlueprintGeneratedClass* ActualBPGC) const
-	{
-		return ComponentTemplate;
-	}
+	/** The template that counts for a class: the nearest one that the class or a parent of it has in place of the
+	 * node's. */
+	UActorComponent* GetActualComponentTemplate(UBlueprintGeneratedClass* ActualBPGC) const;
 	USimpleConstructionScript* GetSCS() const;
 	const TArray<TObjectPtr<USCS_Node>>& GetChildNodes() const { return ChildNodes; }
 	TArray<USCS_Node*> GetAllChildNodes() const;

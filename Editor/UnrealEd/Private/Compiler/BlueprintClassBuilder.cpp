@@ -85,6 +85,7 @@ private:
 			Class.SetMetaData(FBlueprintMetadata::MD_DisplayName, Blueprint.BlueprintDisplayName);
 		}
 		Class.SimpleConstructionScript = Blueprint.SimpleConstructionScript;
+		Class.InheritableComponentHandler = Blueprint.InheritableComponentHandler;
 		Class.Timelines = Blueprint.Timelines;
 		Class.ComponentTemplates = Blueprint.ComponentTemplates;
 		Class.PropertyGuids.Empty();

@@ -5,6 +5,7 @@
 #include "Components/SceneComponent.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "Engine/InheritableComponentHandler.h"
 #include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "UObject/UnrealType.h"
@@ -66,6 +67,30 @@ static FRow MakeScriptRow(const USCS_Node& Node, const UActorComponent* Template
 	return Row;
 }
 
+/** Components that the Blueprint changes and that no construction script has: their parent is not there. */
+static void AddChangedOfMissingParents(const FReadSection& Section, TArray<FRow>& Rows)
+{
+	const UInheritableComponentHandler* const Handler = Section.Blueprint.InheritableComponentHandler.Get();
+	TArray<UActorComponent*> Templates;
+	if (Handler)
+	{
+		Handler->GetAllTemplates(Templates);
+	}
+	for (UActorComponent* const Template : Templates)
+	{
+		const FComponentKey Key = Handler->FindKey(Template);
+		const FString Name = Key.GetSCSVariableName().ToString();
+		const bool bListed = Rows.ContainsByPredicate(
+			[&Name](const FRow& Row) { return Row.Name.Equals(Name, ESearchCase::IgnoreCase); });
+		if (!Key.GetSCSVariableName().IsNone() && !bListed)
+		{
+			const UClass* const Owner = Key.GetComponentOwner();
+			Rows.Add(FRow{Name, Template, Template->GetClass(), FString(), NAME_None, FString(),
+				Owner ? Owner : Section.Class.GetSuperClass()});
+		}
+	}
+}
+
 static TArray<FRow> GatherRows(const FReadSection& Section)
 {
 	TArray<FRow> Rows;
@@ -78,6 +103,7 @@ static TArray<FRow> GatherRows(const FReadSection& Section)
 		const UActorComponent* const Actual = Node->GetActualComponentTemplate(&Section.Class);
 		Rows.Add(MakeScriptRow(*Node, Actual ? Actual : Node->ComponentTemplate.Get(), Section.Blueprint));
 	}
+	AddChangedOfMissingParents(Section, Rows);
 	return Rows;
 }
 
@@ -152,6 +178,25 @@ static void SetProperties(FJsonObject& Entry, const UActorComponent& Component, 
 	}
 }
 
+/** Which values of an inherited component this Blueprint gives anew; the others are its parent's. */
+static void SetChanged(FJsonObject& Entry, const UActorComponent& Component, const FReadSection& Section)
+{
+	const UObject* const Parent = Component.GetArchetype();
+	const bool bOwnTemplate = Component.GetOuter() == Section.Blueprint.GeneratedClass.Get();
+	TArray<TSharedPtr<FJsonValue>> Names;
+	for (TFieldIterator<FProperty> It(Component.GetClass(), EFieldIteratorFlags::IncludeSuper); bOwnTemplate && It;
+		 ++It)
+	{
+		const bool bShown = It->HasAnyPropertyFlags(CPF_Edit)
+			&& !It->HasAnyPropertyFlags(CPF_Transient | CPF_Deprecated);
+		if (bShown && !It->Identical_InContainer(&Component, Parent))
+		{
+			Names.Add(MakeShared<FJsonValueString>(It->GetName()));
+		}
+	}
+	ReadSections::SetUnlessEmpty(Entry, TEXT("overridden"), MoveTemp(Names));
+}
+
 static void SetKind(FJsonObject& Entry, const UActorComponent& Component, bool bLean)
 {
 	if (bLean)
@@ -218,6 +263,10 @@ void ReadSections::AddComponents(FReadSection& Section)
 		if (Section.bFull)
 		{
 			ReadComponents::SetDetails(*Entry, Row, Rows, Section.bLean);
+			if (Row.Owner && Row.Component)
+			{
+				ReadComponents::SetChanged(*Entry, *Row.Component, Section);
+			}
 		}
 	}
 }

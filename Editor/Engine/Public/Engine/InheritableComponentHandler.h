@@ -1,0 +1,60 @@
+#pragma once
+
+#include "CoreMinimal.h"
+#include "Templates/SubclassOf.h"
+#include "UObject/Object.h"
+
+class UActorComponent;
+class UBlueprint;
+class USCS_Node;
+
+/** Which component of a parent's construction script is meant: by the class that has it, and its variable. */
+struct FComponentKey
+{
+	EDITOR_STRUCT(FComponentKey)
+
+	FComponentKey() = default;
+	explicit FComponentKey(const USCS_Node* SCSNode);
+
+	/** The guid outlives a rename of the variable; where one of both has none, the name counts. */
+	bool Match(const FComponentKey& OtherKey) const;
+	bool IsValid() const { return OwnerClass && !SCSVariableName.IsNone(); }
+	UClass* GetComponentOwner() const { return OwnerClass.Get(); }
+	FName GetSCSVariableName() const { return SCSVariableName; }
+	USCS_Node* FindSCSNode() const;
+	/** The values that the class of the key gives it, before any child's. */
+	UActorComponent* GetOriginalTemplate() const;
+
+private:
+	TObjectPtr<UClass> OwnerClass;
+	FName SCSVariableName;
+	FGuid AssociatedGuid;
+};
+
+/** The values that one class gives one inherited component. */
+struct FComponentOverrideRecord
+{
+	EDITOR_STRUCT(FComponentOverrideRecord)
+
+	TSubclassOf<UActorComponent> ComponentClass;
+	TObjectPtr<UActorComponent> ComponentTemplate;
+	FComponentKey ComponentKey;
+};
+
+/** What a Blueprint's class changes of components that it inherits from other Blueprints. Read, and made nowhere here.
+ */
+class UInheritableComponentHandler : public UObject
+{
+	EDITOR_CLASS(UInheritableComponentHandler, UObject)
+
+public:
+	/** Null for a component that keeps its parent's values. */
+	UActorComponent* GetOverridenComponentTemplate(const FComponentKey& InKey) const;
+	/** The key of a template of this handler; not valid for another's. */
+	FComponentKey FindKey(UActorComponent* ComponentTemplate) const;
+	/** All templates, in the order of the records. */
+	void GetAllTemplates(TArray<UActorComponent*>& OutArray) const;
+
+private:
+	TArray<FComponentOverrideRecord> Records;
+};
