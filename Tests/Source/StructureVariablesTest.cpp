@@ -333,6 +333,32 @@ TEST(StructureVariables, OneInUseStaysAndItsNodesAreNamed)
 	EXPECT_THAT(Case.Faults(), IsEmpty());
 }
 
+TEST(StructureVariables, OneInUseElsewhereGoesAndTheNodesThereAreNamed)
+{
+	FStructuring Case;
+	Case.Change(
+		R"("variables":{"Health":{"action":"add","type":"float"}},"components":[{"name":"Lamp","type":"PointLight"}],
+		"delegates":[{"name":"OnIt"}])");
+	RunTool(TEXT("bp_create_asset"),
+		R"({"path":"/Game/Tests/BP_Kid","blueprint_parent_class":{"type":"blueprint",
+		"parent_path":")"
+			+ ToStd(Case.Blueprint.Path()) + R"("}})");
+	RunTool(TEXT("bp_populate_graph"), R"({"path":"/Game/Tests/BP_Kid","graph_name":"EventGraph","nodes":[
+		{"node_guid":"g","class_name":"K2Node_VariableGet","node_metadata":{"variable_name":"Health"}},
+		{"node_guid":"l","class_name":"K2Node_VariableGet","node_metadata":{"variable_name":"Lamp"}},
+		{"node_guid":"c","menu_title":"Call OnIt"}]})");
+	for (const char* const Removal :
+		{R"("variables":{"Health":{"action":"remove"}})", R"("components":[{"name":"Lamp","action":"remove"}])",
+			R"("delegates":[{"name":"OnIt","action":"remove"}])"})
+	{
+		Case.Change(Removal);
+		EXPECT_THAT(Case.Told(),
+			ElementsAre(StartsWith(
+				"1 node(s) of other Blueprints still refer to what was removed from 'BP_Test': /Game/Tests/BP_Kid: ")))
+			<< Removal;
+	}
+}
+
 TEST(StructureVariables, NodesFollowANewTypeAndLostLinksAreNamed)
 {
 	FStructuring Case;

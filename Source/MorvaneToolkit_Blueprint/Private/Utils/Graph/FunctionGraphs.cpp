@@ -157,6 +157,13 @@ static void AddPin(UK2Node_EditablePinBase& Node, FName Name, const FEdGraphPinT
 	EEdGraphPinDirection Direction, Morvane::FToolResult& Result)
 {
 	const FEdGraphPinType* const Declared = FindDeclaredType(Node, Name);
+	if (Type.PinCategory == UEdGraphSchema_K2::PC_Exec || Type.PinCategory == UEdGraphSchema_K2::PC_Wildcard)
+	{
+		Result.AddWarningMessage(
+			FString::Printf(TEXT("Parameter '%s' of '%s' was left out: a function has none of the type %s."),
+				*Name.ToString(), *Node.GetGraph()->GetName(), *UEdGraphSchema_K2::TypeToText(Type).ToString()));
+		return;
+	}
 	const bool bIsDone = Node.bIsEditable ? Declared && *Declared == Type : Node.FindPin(Name, Direction) != nullptr;
 	if (bIsDone)
 	{

@@ -278,10 +278,10 @@ private:
 				FString::Printf(TEXT("Warning: Removing component '%s' will affect %d attached children."), *Name,
 					Node->GetChildNodes().Num()));
 		}
-		TArray<USCS_Node*> Gone = Node->GetAllChildNodes();
-		Gone.Insert(Node, 0);
+		TArray<USCS_Node*> Leaving = Node->GetAllChildNodes();
+		Leaving.Insert(Node, 0);
 		Script.RemoveNode(Node);
-		for (USCS_Node* const Each : Gone)
+		for (USCS_Node* const Each : Leaving)
 		{
 			Forget(*Each, Each != Node);
 		}
@@ -294,6 +294,7 @@ private:
 		const FName Variable = Node.GetVariableName();
 		MemberNodes::Remove(Blueprint, Variable, FString::Printf(TEXT("component '%s'"), *Variable.ToString()), Result);
 		Nodes.Remove(Variable);
+		Gone.Add(Variable);
 		Changed.Add(Variable.ToString());
 		if (bWithParent)
 		{
@@ -320,6 +321,7 @@ private:
 			Blueprint.MarkPackageDirty();
 			FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
 		}
+		MemberNodes::WarnOfNodesElsewhere(Blueprint, Gone, Result);
 		FBlueprintUtils::CompileBlueprint(&Blueprint, false);
 		TrackNames(ToolInfo::ToolName_ReadBlueprintComponent, Blueprint.GetPathName(),
 			ToolInfo::FieldName_ComponentName, Changed, Result);
@@ -330,6 +332,7 @@ private:
 	FToolResult& Result;
 	FComponentHandles Handles;
 	TMap<FName, USCS_Node*> Nodes;
+	TSet<FName> Gone;
 	TSet<FName> GoneWithParent;
 	TArray<FString> Changed;
 };

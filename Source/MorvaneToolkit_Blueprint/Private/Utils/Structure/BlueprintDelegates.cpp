@@ -44,6 +44,7 @@ public:
 		{
 			SignatureFollowing::Refresh(Blueprint, Edited, Result);
 		}
+		MemberNodes::WarnOfNodesElsewhere(Blueprint, Gone, Result);
 		FBlueprintUtils::CompileBlueprint(&Blueprint, false);
 		TrackNames(ToolInfo::ToolName_ReadBlueprintDelegate, Blueprint.GetPathName(), ToolInfo::FieldName_DelegateName,
 			Changed, Result);
@@ -207,6 +208,7 @@ private:
 			return;
 		}
 		MemberNodes::WarnOfDispatcherNodes(Blueprint, Present, Result);
+		Gone.Add(Present);
 		FBlueprintEditorUtils::RemoveMemberVariable(&Blueprint, Present);
 		if (Graph && Blueprint.DelegateSignatureGraphs.Contains(Graph))
 		{
@@ -221,6 +223,7 @@ private:
 	FToolResult& Result;
 	/** Those whose signature is another now, so that calls and bound events have to follow. */
 	FDeclaredMembers Edited;
+	TSet<FName> Gone;
 	TArray<FString> Changed;
 };
 } // namespace BlueprintDelegates

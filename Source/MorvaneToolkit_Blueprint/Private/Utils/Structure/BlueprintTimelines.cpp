@@ -91,9 +91,9 @@ private:
 		bool bChanged = ApplySettings(*Timeline, Entry);
 		if (const TArray<TSharedPtr<FJsonValue>>* const Curves = Entry.ReadArray(TEXT("curves")))
 		{
-			FLeavingCurves Gone{Name, {}};
-			bChanged |= TimelineCurves::Apply(*Timeline, Name, *Curves, Gone.Curves, Result);
-			Leaving.Add(MoveTemp(Gone));
+			FLeavingCurves OfThis{Name, {}};
+			bChanged |= TimelineCurves::Apply(*Timeline, Name, *Curves, OfThis.Curves, Result);
+			Leaving.Add(MoveTemp(OfThis));
 		}
 		if (bAdd || bChanged)
 		{
@@ -197,6 +197,7 @@ private:
 		UK2Node_Timeline* const Node = FBlueprintEditorUtils::FindNodeForTimeline(&Blueprint, Timeline);
 		MemberNodes::Remove(Blueprint, Variable, FString::Printf(TEXT("timeline '%s'"), *Variable.ToString()), Result);
 		FBlueprintEditorUtils::RemoveTimeline(&Blueprint, Timeline, false);
+		Gone.Add(Variable);
 		FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
 		Result.AddSuccessMessage(FString::Printf(TEXT("Removed timeline: %s"), *Name));
 		if (Node)
@@ -221,6 +222,7 @@ private:
 	void Finish()
 	{
 		FBlueprintCreateModifyRemoveUtils::ValidateTimelineCurves(&Blueprint, Result);
+		MemberNodes::WarnOfNodesElsewhere(Blueprint, Gone, Result);
 		FBlueprintUtils::CompileBlueprint(&Blueprint, false);
 		TrackNames(ToolInfo::ToolName_ReadBlueprintTimeline, Blueprint.GetPathName(), ToolInfo::FieldName_TimelineName,
 			Changed, Result);
@@ -229,6 +231,7 @@ private:
 	UBlueprint& Blueprint;
 	FToolResult& Result;
 	TArray<FLeavingCurves> Leaving;
+	TSet<FName> Gone;
 	TArray<FString> Changed;
 };
 } // namespace BlueprintTimelines

@@ -11,6 +11,7 @@
 #include "UObject/UnrealType.h"
 #include "Utils/Report/TrackedNames.h"
 #include "Utils/Structure/LostPins.h"
+#include "Utils/Structure/MemberNodes.h"
 #include "Utils/Structure/RepNotifyFunctions.h"
 #include "Utils/Structure/StructureBatch.h"
 #include "Utils/Structure/VariableDefaults.h"
@@ -292,6 +293,7 @@ private:
 		}
 		FBlueprintEditorUtils::RemoveMemberVariable(&Blueprint, Member.Name);
 		Names.Remove(Member.Name);
+		Gone.Add(Member.Name);
 		Result.AddSuccessMessage(FString::Printf(TEXT("Removed variable: %s"), *Name));
 		Changed.Add(Name);
 	}
@@ -310,6 +312,7 @@ private:
 
 	void Finish()
 	{
+		MemberNodes::WarnOfNodesElsewhere(Blueprint, Gone, Result);
 		FBlueprintUtils::CompileBlueprint(&Blueprint, false);
 		const FString Path = Blueprint.GetPathName();
 		TrackNames(ToolInfo::ToolName_ReadBlueprintVariable, Path, ToolInfo::FieldName_VariableName, Changed, Result);
@@ -321,6 +324,7 @@ private:
 	FToolResult& Result;
 	FVariableNames Names;
 	TOptional<FVariableUses> Uses;
+	TSet<FName> Gone;
 	TArray<FString> Changed;
 	TArray<FString> ChangedFunctions;
 	bool bAllDone = true;

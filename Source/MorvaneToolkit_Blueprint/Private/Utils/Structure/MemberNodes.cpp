@@ -9,6 +9,8 @@
 #include "K2Node_Variable.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
+#include "UObject/Package.h"
+#include "UObject/UObjectIterator.h"
 
 namespace MemberNodes
 {
@@ -36,6 +38,27 @@ TArray<FString> DescribeUsers(const UBlueprint& Blueprint, TFunctionRef<bool(con
 		}
 	}
 	return Users;
+}
+
+/** Whether a node that stands in a Blueprint of the class Home is about one of the Blueprint's members. A child's node
+ * takes what it inherits as its own. */
+bool RefersTo(const UEdGraphNode& Node, const TSet<FName>& Members, const UBlueprint& Blueprint, UClass* Home)
+{
+	const UClass* const Owner = Blueprint.GeneratedClass.Get();
+	if (const UK2Node_ComponentBoundEvent* const Event = Cast<UK2Node_ComponentBoundEvent>(&Node))
+	{
+		return Home->IsChildOf(Owner) && Members.Contains(Event->GetComponentPropertyName());
+	}
+	const UK2Node_Variable* const Access = Cast<UK2Node_Variable>(&Node);
+	const UK2Node_BaseMCDelegate* const Dispatcher = Cast<UK2Node_BaseMCDelegate>(&Node);
+	const FMemberReference* const Reference = Access ? &Access->VariableReference
+		: Dispatcher								 ? &Dispatcher->DelegateReference
+													 : nullptr;
+	if (!Reference || Reference->IsLocalScope() || !Members.Contains(Reference->GetMemberName()))
+	{
+		return false;
+	}
+	return Reference->IsSelfContext() ? Home->IsChildOf(Owner) : Reference->GetMemberParentClass() == Owner;
 }
 } // namespace
 
@@ -102,6 +125,32 @@ void WarnOfInterfaceNodes(const UBlueprint& Blueprint, const FBPInterfaceDescrip
 	{
 		Result.AddWarningMessage(FString::Printf(
 			TEXT("What implemented interface '%s' was removed with it: %s"), *Name, *FString::Join(Lost, TEXT(", "))));
+	}
+}
+void WarnOfNodesElsewhere(const UBlueprint& Blueprint, const TSet<FName>& Gone, Morvane::FToolResult& Result)
+{
+	if (Gone.IsEmpty())
+	{
+		return;
+	}
+	TArray<FString> Users;
+	for (TObjectIterator<UBlueprint> It; It; ++It)
+	{
+		if (*It == &Blueprint || !IsValid(*It) || It->HasAnyFlags(RF_ClassDefaultObject))
+		{
+			continue;
+		}
+		for (const FString& User : DescribeUsers(**It,
+				 [&](const UEdGraphNode& Node) { return RefersTo(Node, Gone, Blueprint, It->GeneratedClass.Get()); }))
+		{
+			Users.Add(It->GetOutermost()->GetName() + TEXT(": ") + User);
+		}
+	}
+	if (!Users.IsEmpty())
+	{
+		Result.AddWarningMessage(
+			FString::Printf(TEXT("%d node(s) of other Blueprints still refer to what was removed from '%s': %s"),
+				Users.Num(), *Blueprint.GetName(), *FString::Join(Users, TEXT(", "))));
 	}
 }
 } // namespace MemberNodes

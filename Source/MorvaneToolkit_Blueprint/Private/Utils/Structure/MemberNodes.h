@@ -19,4 +19,6 @@ void WarnOfDispatcherNodes(UBlueprint& Blueprint, FName Dispatcher, Morvane::FTo
 /** Names the events and filled functions that implement an interface. Before they go with it. */
 void WarnOfInterfaceNodes(const UBlueprint& Blueprint, const FBPInterfaceDescription& Interface, const FString& Name,
 	Morvane::FToolResult& Result);
+/** Names the nodes in other Blueprints in memory that refer to members which are gone from this one. */
+void WarnOfNodesElsewhere(const UBlueprint& Blueprint, const TSet<FName>& Gone, Morvane::FToolResult& Result);
 } // namespace MemberNodes
