@@ -282,6 +282,57 @@ TEST(NodeEditor, ParametersComeGoAndChange)
 	EXPECT_THAT(FModifying::PinNames(Case.Graph(TEXT("Fire"))->Nodes[0]), ElementsAre("then", "Power", "Count"));
 }
 
+TEST(NodeEditor, ANewParametersValueIsCheckedAsAnyOther)
+{
+	FModifying Case;
+	const UEdGraph* const Fire = FunctionGraph(Case);
+	Case.Make("\"nodes\":[" + Boom + "]");
+	const std::string Entry = ToStd(FPopulating::FindNode<UK2Node_FunctionEntry>(Fire)->NodeGuid.ToString());
+	const std::string Return = ToStd(FPopulating::FindNode<UK2Node_FunctionResult>(Fire)->NodeGuid.ToString());
+	const std::string Vector = Typed("struct", R"(,"sub_category_object":"Vector")");
+	struct FRow
+	{
+		const char* Name;
+		std::string More;
+		const char* Held;
+		const char* Words;
+	};
+	const FRow Rows[] = {
+		{"Number", Typed("int") + R"(,"value":7)", "7", ""},
+		{"NoNumber", Typed("int") + R"(,"value":"abc")", "", "'abc' is not a valid integer"},
+		{"Place", Vector + R"(,"value":[1,2,3])", "1.000000,2.000000,3.000000", ""},
+		{"NoPlace", Vector + R"(,"value":"here")", "", "'here' is not a valid Vector"},
+		{"Thing", Typed("object", R"(,"sub_category_object":"Actor")") + R"(,"value":"/Game/No.No")", "",
+			"Asset not found in registry: /Game/No.No"},
+		{"Kind", Typed("class", R"(,"sub_category_object":"Actor")") + R"(,"value":"Pawn")", "/Script/Engine.Pawn", ""},
+		{"Channel", Typed("byte", R"(,"sub_category_object":"ECollisionChannel")") + R"(,"value":"Pawn")", "ECC_Pawn",
+			""},
+	};
+	for (const FRow& Row : Rows)
+	{
+		for (const auto& [Node, Graph] : {std::pair(Case.Id("c"), "EventGraph"), std::pair(Entry, "Fire")})
+		{
+			Case.ModifyNodes(
+				R"({"action":"modify","node_guid":")" + Node + R"(","pins":[)" + Pin("add", Row.Name, Row.More) + "]}",
+				Graph);
+			EXPECT_THAT(FirstWarning(Case), HasSubstr(Row.Words)) << Row.Name;
+			EXPECT_EQ(FirstWarning(Case).empty(), std::string(Row.Words).empty()) << Row.Name;
+			const UEdGraphNode* const Made = FBlueprintMatchingUtils::FindNodeByGuid(
+				Case.Graph(UTF8_TO_TCHAR(Graph)), UTF8_TO_TCHAR(Node.c_str()));
+			const UEdGraphPin* const Parameter = Made->FindPin(Row.Name);
+			ASSERT_NE(Parameter, nullptr) << Row.Name << ": the parameter stands without the value";
+			EXPECT_EQ(ToStd(Parameter->GetDefaultAsString()), Row.Held) << Row.Name;
+		}
+	}
+	// All results of a function share it.
+	Case.Make("\"nodes\":[" + ClassNode("r", "K2Node_FunctionResult", "Add Return Node...") + "]", "Fire");
+	Case.ModifyNodes(R"({"action":"modify","node_guid":")" + Return + R"(","pins":[)"
+			+ Pin("add", "Left", Typed("int") + R"(,"value":"5")") + "]}",
+		"Fire");
+	EXPECT_EQ(ToStd(Case.Node("r", TEXT("Fire"))->FindPin(TEXT("Left"))->DefaultValue), "5");
+	EXPECT_TRUE(Case.Blueprint.Compiles());
+}
+
 TEST(NodeEditor, WrongParametersAreRefusedInWords)
 {
 	FModifying Case;

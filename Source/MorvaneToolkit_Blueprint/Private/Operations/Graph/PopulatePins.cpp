@@ -79,7 +79,8 @@ void FPopulatePins::Apply(UBlueprint& Blueprint, UEdGraphNode& Node, const FBPNo
 		if (Pin.Action == EBPNodeAction::Add)
 		{
 			AddPin(Blueprint, Node, Record.NodeGuid, Pin);
-			if (!Pin.Value.IsEmpty() && Cast<IK2Node_AddPinInterface>(&Node) && Node.FindPin(Pin.Name))
+			const bool bTakesPins = Cast<IK2Node_AddPinInterface>(&Node) || Node.IsA<UK2Node_EditablePinBase>();
+			if (!Pin.Value.IsEmpty() && bTakesPins && Node.FindPin(Pin.Name))
 			{
 				Values.Add(FValue{&Node, Record.NodeGuid, Pin.Name, Pin.Value, FString()});
 			}

@@ -37,6 +37,8 @@ TArray<UK2Node_EditablePinBase*> GetNodesOfSameParameters(UK2Node_EditablePinBas
 /** The type that the record asks for; unset after a warning when it asks for none or for one that means nothing. */
 TOptional<FEdGraphPinType> ReadType(
 	const UEdGraphNode& Node, const FBPPinModification& Record, Morvane::FToolResult& Result);
+/** Gives an input, or a parameter of the author's own, the record's value. */
+bool SetValue(UEdGraphPin& Pin, const FBPPinModification& Record, Morvane::FToolResult& Result);
 void WarnNotAdded(
 	const UEdGraphNode& Node, const FBPPinModification& Record, const FString& Reason, Morvane::FToolResult& Result);
 } // namespace NodePins

@@ -77,16 +77,37 @@ static FString FindObstacle(UK2Node_EditablePinBase& Node, const FBPPinModificat
 	return bMayBe ? FString() : Reason.ToString();
 }
 
-static void MakeParameter(UK2Node_EditablePinBase& Node, const FBPPinModification& Record, const FEdGraphPinType& Type,
-	EEdGraphPinDirection Direction)
+/** The value of a parameter is the same on every node that shows it. */
+static void ShareValue(const UEdGraphPin& Pin, const TArray<UK2Node_EditablePinBase*>& Nodes)
 {
-	for (UK2Node_EditablePinBase* const Each : NodePins::GetNodesOfSameParameters(Node))
+	for (UK2Node_EditablePinBase* const Node : Nodes)
 	{
-		if (!Each->FindPin(Record.Name) && Each->CreateUserDefinedPin(FName(*Record.Name), Type, Direction, true)
-			&& Record.bHasValue)
+		for (const TSharedPtr<FUserPinInfo>& Info : Node->UserDefinedPins)
 		{
-			Each->ModifyUserDefinedPinDefaultValue(Each->UserDefinedPins.Last(), Record.Value);
+			if (Info->PinName == Pin.PinName && Node != Pin.GetOwningNode())
+			{
+				Node->ModifyUserDefinedPinDefaultValue(Info, Pin.GetDefaultAsString());
+			}
 		}
+	}
+}
+
+/** A value that cannot be is told, and the parameter stands without one. */
+static void MakeParameter(UK2Node_EditablePinBase& Node, const FBPPinModification& Record, const FEdGraphPinType& Type,
+	EEdGraphPinDirection Direction, Morvane::FToolResult& Result)
+{
+	const TArray<UK2Node_EditablePinBase*> Nodes = NodePins::GetNodesOfSameParameters(Node);
+	for (UK2Node_EditablePinBase* const Each : Nodes)
+	{
+		if (!Each->FindPin(Record.Name))
+		{
+			Each->CreateUserDefinedPin(FName(*Record.Name), Type, Direction, true);
+		}
+	}
+	UEdGraphPin* const Made = Node.FindPin(Record.Name);
+	if (Made && Record.bHasValue && NodePins::SetValue(*Made, Record, Result))
+	{
+		ShareValue(*Made, Nodes);
 	}
 }
 
@@ -116,7 +137,7 @@ static bool AddParameter(UK2Node_EditablePinBase& Node, const FBPPinModification
 		NodePins::WarnNotAdded(Node, Record, Obstacle, Result);
 		return false;
 	}
-	MakeParameter(Node, Record, *Type, *Asked);
+	MakeParameter(Node, Record, *Type, *Asked, Result);
 	return true;
 }
 

@@ -73,23 +73,6 @@ static bool FindObject(const UEdGraphPin& Pin, FString& InOutValue, Morvane::FTo
 	return Object != nullptr;
 }
 
-static bool SetValue(UEdGraphPin& Pin, const FBPPinModification& Record, Morvane::FToolResult& Result)
-{
-	const UK2Node_EditablePinBase* const Parameters = Cast<UK2Node_EditablePinBase>(Pin.GetOwningNode());
-	const bool bParameter = Parameters && Parameters->UserDefinedPinExists(Pin.PinName);
-	if (Pin.Direction == EGPD_Output && !bParameter)
-	{
-		Result.AddWarningMessage(FString::Printf(
-			TEXT("Failed to set value of pin '%s' to '%s'. Pin is an output, and its node gives it its value."),
-			*Pin.GetName(), *Record.Value));
-		return false;
-	}
-	FString Value = Record.Value;
-	// A linked pin is refused by the setter, before anything is loaded for it.
-	const bool bLinked = !Pin.LinkedTo.IsEmpty();
-	return (bLinked || FindObject(Pin, Value, Result)) && FBlueprintPinUtils::SetPinDefaultValue(&Pin, Value, Result);
-}
-
 static void TakeType(UK2Node_EditablePinBase& Node, FName Name, const FEdGraphPinType& Type)
 {
 	for (const TSharedPtr<FUserPinInfo>& Info : Node.UserDefinedPins)
@@ -137,6 +120,24 @@ static bool ChangeType(UEdGraphNode& Node, FName Name, const FBPPinModification&
 	return true;
 }
 } // namespace NodePinsModify
+
+bool NodePins::SetValue(UEdGraphPin& Pin, const FBPPinModification& Record, Morvane::FToolResult& Result)
+{
+	const UK2Node_EditablePinBase* const Parameters = Cast<UK2Node_EditablePinBase>(Pin.GetOwningNode());
+	const bool bParameter = Parameters && Parameters->UserDefinedPinExists(Pin.PinName);
+	if (Pin.Direction == EGPD_Output && !bParameter)
+	{
+		Result.AddWarningMessage(FString::Printf(
+			TEXT("Failed to set value of pin '%s' to '%s'. Pin is an output, and its node gives it its value."),
+			*Pin.GetName(), *Record.Value));
+		return false;
+	}
+	FString Value = Record.Value;
+	// A linked pin is refused by the setter, before anything is loaded for it.
+	const bool bLinked = !Pin.LinkedTo.IsEmpty();
+	return (bLinked || NodePinsModify::FindObject(Pin, Value, Result))
+		&& FBlueprintPinUtils::SetPinDefaultValue(&Pin, Value, Result);
+}
 
 bool NodePins::Modify(UEdGraphNode& Node, const FBPPinModification& Record, Morvane::FToolResult& Result)
 {
