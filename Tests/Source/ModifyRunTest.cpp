@@ -400,6 +400,25 @@ TEST(ModifyPurity, CallsFollowHereAndInOtherBlueprints)
 	EXPECT_FALSE(Case.Entry()->GetExtraFlags() & FUNC_BlueprintPure);
 }
 
+TEST(ModifyRun, ALinkThatWasLostIsToldOnce)
+{
+	FModifying Case;
+	RunTool(TEXT("bp_create_graph"),
+		R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"Name","return_type":{"category":"string"}}]})");
+	Case.Make("\"nodes\":[" + CallNode("f", "BP_Test", "Name") + ","
+		+ CallNode("p", "KismetSystemLibrary", "PrintString") + R"(],"connections":[)"
+		+ Link("f", "ReturnValue", "p", "InString") + "]");
+	const UEdGraph* const Name = Case.Graph(TEXT("Name"));
+	const std::string Result = ToStd(FPopulating::FindNode<UK2Node_FunctionResult>(Name)->NodeGuid.ToString());
+	const auto Change = [&](const std::string& PinRecord)
+	{ Case.ModifyNodes(R"({"action":"modify","node_guid":")" + Result + R"(","pins":[)" + PinRecord + "]}", "Name"); };
+	Change(Pin("remove", "ReturnValue"));
+	EXPECT_THAT(Warnings(*Case.Result), Contains(HasSubstr("These links do not fit any more: ")));
+	Change(Pin("add", "Other", R"("type":{"category":"int"})"));
+	EXPECT_THAT(Warnings(*Case.Result), IsEmpty());
+	EXPECT_TRUE(Case.Node("f")->FindPin(TEXT("ReturnValue"))->bOrphanedPin) << "it stays for its link";
+}
+
 TEST(ModifyPurity, OnlyAnAuthorsOwnFunctionHasIt)
 {
 	FModifying Case;

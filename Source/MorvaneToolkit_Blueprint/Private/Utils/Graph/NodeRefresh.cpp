@@ -63,6 +63,11 @@ static TArray<FLink> CollectLinks(const TArray<UK2Node*>& Nodes)
 		{
 			for (const UEdGraphPin* const Linked : Pin->LinkedTo)
 			{
+				// A pin that is kept for its links alone lost them before.
+				if (Pin->bOrphanedPin || Linked->bOrphanedPin)
+				{
+					continue;
+				}
 				const FEnd Here(*Pin);
 				const FEnd There(*Linked);
 				const bool bFromHere = Pin->Direction == EGPD_Output;
