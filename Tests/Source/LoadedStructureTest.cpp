@@ -1,7 +1,10 @@
 // Whatever a file says holds what: it is read, told, cut at one place, and every tool goes on.
 
+#include "Blueprint/WidgetTree.h"
 #include "BlueprintActionDatabase.h"
 #include "BlueprintUtils.h"
+#include "Components/ExpandableArea.h"
+#include "Components/PanelWidget.h"
 #include "Curves/CurveFloat.h"
 #include "Curves/CurveLinearColor.h"
 #include "Curves/CurveVector.h"
@@ -14,6 +17,7 @@
 #include "Standalone/PackageText.h"
 #include "ToolFace/ResultObject.h"
 #include "UObject/Package.h"
+#include "WidgetBlueprint.h"
 
 #include <algorithm>
 #include <regex>
@@ -70,7 +74,7 @@ static std::vector<FReference> FindReferences(const std::string& Body)
 	static const std::regex Line(
 		R"(\n *((?:UbergraphPages|FunctionGraphs|MacroGraphs|DelegateSignatureGraphs|SubGraphs|Nodes|Timelines|)"
 		R"(ComponentTemplates|RootNodes|AllNodes|ChildNodes|Slots|Animations|BoundGraph|EditorStateMachineGraph|)"
-		R"(Content|Parent|Slot|RootWidget|SimpleConstructionScript|WidgetTree|CurveFloat|GeneratedClass|)"
+		R"(Content|HeaderContent|BodyContent|NamedSlotBindings|Parent|Slot|RootWidget|SimpleConstructionScript|WidgetTree|CurveFloat|GeneratedClass|)"
 		R"(ImplementedInterfaces)(?:\(\d+\))?)=[^'\n]*'(/Game/Tests/BP_Test\.[^']*)')");
 	std::vector<FReference> Found;
 	for (std::sregex_iterator It(Body.begin(), Body.end(), Line); It != std::sregex_iterator(); ++It)
@@ -136,11 +140,24 @@ static void FillActor(UBlueprint& Blueprint)
 	NodeTests::Make<UK2Node_Composite>(Events, Nothing);
 }
 
+static void FillWidgets(UBlueprint& Blueprint)
+{
+	EverythingBlueprint::FillWidgets(Blueprint);
+	UWidgetTree& Tree = *CastChecked<UWidgetBlueprint>(&Blueprint)->WidgetTree;
+	UPanelWidget* const Root = CastChecked<UPanelWidget>(Tree.RootWidget.Get());
+	UExpandableArea* const Area = Tree.ConstructWidget<UExpandableArea>(UExpandableArea::StaticClass(), TEXT("Area"));
+	UPanelWidget* const Body = Tree.ConstructWidget<UPanelWidget>(Root->GetClass(), TEXT("Body"));
+	Root->AddChild(Area);
+	Area->SetContentForSlot(TEXT("Header"), Tree.ConstructWidget<UWidget>(Root->GetClass(), TEXT("Header")));
+	Area->SetContentForSlot(TEXT("Body"), Body);
+	Body->AddChild(Tree.ConstructWidget<UWidget>(Root->GetClass(), TEXT("Inner")));
+}
+
 const FKind Kinds[] = {
 	{"Actor", TEXT("/Script/Engine.Actor"), &FillActor},
 	{"Animation", TEXT("/Script/Engine.AnimInstance"),
 		[](UBlueprint& Blueprint) { EverythingBlueprint::FillStateMachines(Blueprint, 2); }},
-	{"Widget", TEXT("/Script/UMG.UserWidget"), &EverythingBlueprint::FillWidgets},
+	{"Widget", TEXT("/Script/UMG.UserWidget"), &FillWidgets},
 };
 } // namespace LoadedStructureTest
 

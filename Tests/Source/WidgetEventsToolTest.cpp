@@ -221,6 +221,21 @@ TEST(WidgetEventsTool, WhatReferredToARemovedWidgetGoesWithIt)
 	EXPECT_THAT(Edit.Faults(), IsEmpty());
 }
 
+TEST(WidgetEventsTool, NodesOfAWidgetThatCeasesToBeAVariableAreNamed)
+{
+	FWidgetEditing Edit;
+	Edit.Tree("CanvasPanel",
+		AddWidget("Ok", "Button", "Root", Events(R"("OnClicked":true)")) + "," + AddWidget("No", "Button", "Root"));
+	Edit.Widgets(ModifyWidget("Ok", R"("is_variable":false)") + "," + ModifyWidget("No", R"("is_variable":false)"));
+	EXPECT_THAT(Warnings(*Edit.Result),
+		ElementsAre(testing::StartsWith(
+			"Widgets that these nodes name are no variables any more, so they do nothing: On Clicked (Ok) (")));
+	EXPECT_EQ(BoundEvents(Edit.Blueprint).size(), 1U) << "they come to life again with the variable";
+	Edit.Widgets(ModifyWidget("Ok", R"("is_variable":true)"));
+	EXPECT_THAT(Warnings(*Edit.Result), IsEmpty());
+	EXPECT_THAT(Edit.Faults(), IsEmpty());
+}
+
 TEST(WidgetEventsTool, AWidgetThatIsReplacedUnderItsNameKeepsWhatStillFits)
 {
 	FWidgetEditing Edit;

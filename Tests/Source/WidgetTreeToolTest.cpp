@@ -262,6 +262,7 @@ TEST(WidgetTreeTool, ANewRootTakesTheChildrenOrNamesWhatIsLost)
 	SetRoot(R"({"name":"PAGE","class":"Nonsense"})");
 	EXPECT_EQ(Errors(*Edit.Result).size(), 1U);
 	EXPECT_EQ(Edit.Shape(), "page(List(First Second) Ok(Label))") << "the old root stays, under its name";
+	EXPECT_FALSE(Edit.Get().GetOutermost()->IsDirty()) << "nothing was changed, so nothing is to be saved";
 
 	SetRoot(R"({"name":"Frame","class":"SizeBox"})");
 	EXPECT_THAT(Warnings(*Edit.Result),

@@ -3,7 +3,9 @@
 #include "LoadedWidgets.h"
 
 #include "Blueprint/WidgetTree.h"
+#include "Components/NamedSlotInterface.h"
 #include "Components/PanelWidget.h"
+#include "NamedSlots.h"
 #include "Standalone/LoadedStructure.h"
 
 /** The lists of panels, which are nobody else's to change. */
@@ -62,6 +64,16 @@ public:
 					|| (Content && (Content->GetOutermost() != Panel.GetOutermost() || !Forest.Adopt(&Slot, Content)));
 			});
 	}
+	void TakeHosted(UObject& Host)
+	{
+		CutHosted(Host,
+			[&](const UWidget& Content)
+			{ return Content.GetOutermost() != Host.GetOutermost() || !Forest.Adopt(&Host, &Content); });
+	}
+	void CutDeepHosted(UObject& Host)
+	{
+		CutHosted(Host, [&](const UWidget& Content) { return Forest.IsTooDeep(&Content); });
+	}
 	void CutDeep(UPanelWidget& Panel)
 	{
 		Cut(Panel, [&](const UPanelSlot& Slot) { return Forest.IsTooDeep(&Slot); });
@@ -84,6 +96,22 @@ private:
 			});
 	}
 
+	void CutHosted(UObject& Host, TFunctionRef<bool(const UWidget&)> IsCut)
+	{
+		INamedSlotInterface& Slots = *Cast<INamedSlotInterface>(&Host);
+		for (const FName Name : NamedSlots::GetFilled(Slots))
+		{
+			const UWidget* const Content = Slots.GetContentForSlot(Name);
+			if (IsCut(*Content))
+			{
+				Warn.Logf(TEXT("'%s' holds '%s', which stands in another place, holds it or is of another asset; "
+							   "the slot is left out"),
+					*Host.GetPathName(), *Content->GetName());
+				Slots.SetContentForSlot(Name, nullptr);
+			}
+		}
+	}
+
 	FFeedbackContext& Warn;
 	FForest Forest;
 };
@@ -100,12 +128,25 @@ void ForEach(TConstArrayView<UObject*> Objects, TFunctionRef<void(T&)> Visit)
 	}
 }
 
+static void ForEachHost(TConstArrayView<UObject*> Objects, TFunctionRef<void(UObject&)> Visit)
+{
+	for (UObject* const Object : Objects)
+	{
+		if (Cast<INamedSlotInterface>(Object))
+		{
+			Visit(*Object);
+		}
+	}
+}
+
 static void Settle(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
 {
 	FSettling Settling(Warn);
 	ForEach<UWidgetTree>(Objects, [&](UWidgetTree& Tree) { Settling.TakeRoot(Tree); });
 	ForEach<UPanelWidget>(Objects, [&](UPanelWidget& Panel) { Settling.TakeSlots(Panel); });
+	ForEachHost(Objects, [&](UObject& Host) { Settling.TakeHosted(Host); });
 	ForEach<UPanelWidget>(Objects, [&](UPanelWidget& Panel) { Settling.CutDeep(Panel); });
+	ForEachHost(Objects, [&](UObject& Host) { Settling.CutDeepHosted(Host); });
 	ForEach<UPanelWidget>(Objects, [](UPanelWidget& Panel) { SetWayUp(Panel); });
 	ForEach<UWidget>(Objects,
 		[](UWidget& Widget)

@@ -4,6 +4,8 @@
 #include "Blueprint/UserWidget.h"
 #include "Blueprint/WidgetTree.h"
 #include "Components/ContentWidget.h"
+#include "Components/ExpandableArea.h"
+#include "Components/NamedSlot.h"
 #include "Engine/BlueprintGeneratedClass.h"
 #include "LoadedWidgets.h"
 #include "MovieScene.h"
@@ -254,7 +256,8 @@ TArray<FWidgetBlueprintVariable> FWidgetBlueprintVariable::Collect(const UBluepr
 void RegisterUMGClasses()
 {
 	NativeClass::RegisterNativeClasses({&UVisual::StaticClass, &UWidget::StaticClass, &UPanelSlot::StaticClass,
-		&UPanelWidget::StaticClass, &UContentWidget::StaticClass, &UUserWidget::StaticClass, &UWidgetTree::StaticClass,
+		&UPanelWidget::StaticClass, &UContentWidget::StaticClass, &UNamedSlotInterface::StaticClass,
+		&UNamedSlot::StaticClass, &UExpandableArea::StaticClass, &UUserWidget::StaticClass, &UWidgetTree::StaticClass,
 		&UWidgetBlueprint::StaticClass, &UWidgetAnimation::StaticClass, &UMovieScene::StaticClass});
 	[[maybe_unused]] static const bool bCheckAdded = (AddWidgetStructureCheck(), true);
 }

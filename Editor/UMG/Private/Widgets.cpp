@@ -2,16 +2,17 @@
 #include "Blueprint/WidgetTree.h"
 #include "Components/ContentWidget.h"
 #include "Components/PanelWidget.h"
+#include "NamedSlots.h"
 #include "Standalone/NativeClass.h"
 #include "Standalone/ObjectText.h"
 #include "Standalone/UMGClasses.h"
+#include "WidgetBlueprint.h"
 
 IMPLEMENT_EDITOR_CLASS(UVisual, "/Script/UMG", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UWidget, "/Script/UMG", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UPanelSlot, "/Script/UMG", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UPanelWidget, "/Script/UMG", CLASS_Abstract)
 IMPLEMENT_EDITOR_CLASS(UContentWidget, "/Script/UMG", CLASS_Abstract)
-IMPLEMENT_EDITOR_CLASS(UUserWidget, "/Script/UMG", CLASS_None)
 IMPLEMENT_EDITOR_CLASS(UWidgetTree, "/Script/UMG", CLASS_None)
 
 void UVisual::DescribeClass(FClassDescriber&) {}
@@ -35,11 +36,12 @@ void UPanelWidget::DescribeClass(FClassDescriber& Class)
 }
 
 void UContentWidget::DescribeClass(FClassDescriber&) {}
-void UUserWidget::DescribeClass(FClassDescriber&) {}
 
 void UWidgetTree::DescribeClass(FClassDescriber& Class)
 {
+	Class.Implements(UNamedSlotInterface::StaticClass());
 	Class.Property(TEXT("RootWidget"), &UWidgetTree::RootWidget, CPF_InstancedReference);
+	Class.Property(TEXT("NamedSlotBindings"), &UWidgetTree::NamedSlotBindings);
 }
 
 UPanelWidget* UWidget::GetParent() const
@@ -260,6 +262,13 @@ static void AddFilled(const UWidget& Widget, const UWidgetTree& Tree, TArray<UWi
 TArray<UWidget*> UWidgetTree::FindHosted(const UWidget& Widget)
 {
 	TArray<UWidget*> Hosted;
+	if (const INamedSlotInterface* const Host = Cast<INamedSlotInterface>(&Widget))
+	{
+		for (const FName Name : NamedSlots::GetFilled(*Host))
+		{
+			Hosted.Add(Host->GetContentForSlot(Name));
+		}
+	}
 	UWidgetTree* const Tree = Cast<UWidgetTree>(Widget.GetOuter());
 	if (Tree)
 	{
@@ -321,6 +330,38 @@ void UWidgetTree::ForEachWidget(TFunctionRef<void(UWidget*)> Visit) const
 	if (RootWidget)
 	{
 		Walk(RootWidget, Visit);
+	}
+	for (const FName Name : NamedSlots::GetFilled(*this))
+	{
+		Walk(GetContentForSlot(Name), Visit);
+	}
+}
+
+void UWidgetTree::GetSlotNames(TArray<FName>& SlotNames) const
+{
+	const UWidgetBlueprint* const Blueprint = GetTypedOuter<UWidgetBlueprint>();
+	NamedSlots::AddOfClass(Blueprint ? Blueprint->ParentClass.Get() : nullptr, SlotNames);
+	for (const auto& Pair : NamedSlotBindings)
+	{
+		SlotNames.AddUnique(Pair.Key);
+	}
+}
+
+UWidget* UWidgetTree::GetContentForSlot(FName SlotName) const
+{
+	const TObjectPtr<UWidget>* const Content = NamedSlotBindings.Find(SlotName);
+	return Content ? Content->Get() : nullptr;
+}
+
+void UWidgetTree::SetContentForSlot(FName SlotName, UWidget* Content)
+{
+	if (Content)
+	{
+		NamedSlotBindings.Add(SlotName, Content);
+	}
+	else
+	{
+		NamedSlotBindings.Remove(SlotName);
 	}
 }
 

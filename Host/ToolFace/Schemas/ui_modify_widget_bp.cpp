@@ -37,6 +37,7 @@ const FToolSchema UiModifyWidgetBpSchema = {"ui_modify_widget_bp", "Edit widget 
 							"name": { "type": "string" },
 							"class": { "type": "string", "description": "For add: /Script/UMG.Button, TextBlock, Image, ... or a Widget Blueprint's path." },
 							"parent": { "type": "string", "description": "For add and reorder: name of the panel that holds it. A Button, Border, SizeBox and their like hold one child." },
+							"named_slot": { "type": "string", "description": "For add and reorder, where parent is no panel but leaves places open by name: Header or Body of an ExpandableArea, a NamedSlot's name of a Widget Blueprint that stands in the tree. Each holds one widget. Without parent, in a child Widget Blueprint that has no root of its own: a NamedSlot of the one above." },
 							"index": { "type": "number", "description": "For reorder: place among the children; left out means last." },
 							"is_variable": { "type": "boolean", "description": "true lets graphs use the widget as a variable; events need it. Buttons, images and inputs are variables by themselves; panels, borders and texts are not." },
 							"properties": { "$ref": "#/$defs/widget_properties" },

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "Components/NamedSlotInterface.h"
 #include "Components/Widget.h"
 #include "CoreMinimal.h"
 
 /** The widgets of a Widget Blueprint, from one root. */
-class UWidgetTree : public UObject
+class UWidgetTree : public UObject, public INamedSlotInterface
 {
 	EDITOR_CLASS(UWidgetTree, UObject)
 
@@ -35,7 +36,13 @@ public:
 	/** What was taken out of the tree and put nowhere else is not written. */
 	void PreSave() override;
 
+	/** The places that the Blueprints above leave open, which a tree without a root of its own may fill. */
+	void GetSlotNames(TArray<FName>& SlotNames) const override;
+	UWidget* GetContentForSlot(FName SlotName) const override;
+	void SetContentForSlot(FName SlotName, UWidget* Content) override;
+
 	TObjectPtr<UWidget> RootWidget;
+	TMap<FName, TObjectPtr<UWidget>> NamedSlotBindings;
 
 private:
 	/** Those of the tree that the widget holds in named slots; its class may have no property for them here. */

@@ -12,6 +12,7 @@
 #include "Utils/Read/ReadDetail.h"
 #include "Utils/Read/ReadItems.h"
 #include "Utils/Read/ReadUnresolved.h"
+#include "Utils/Widget/NamedPlaces.h"
 #include "WidgetBlueprint.h"
 
 namespace ReadWidgets
@@ -118,6 +119,40 @@ static TArray<UWidget*> FindSlotContent(UWidget& Widget)
 	return Content;
 }
 
+/** Content of a named slot says which, as it has no slot object that tells its place. */
+static void SetNamedSlot(FJsonObject& Node, UObject& Host, const UWidget& Content)
+{
+	for (const FName Name : NamedPlaces::GetNames(Host))
+	{
+		if (NamedPlaces::FPlace{&Host, Name}.GetContent() == &Content)
+		{
+			Node.SetStringField(TEXT("named_slot"), Name.ToString());
+			return;
+		}
+	}
+}
+
+/** What a Blueprint without a root of its own puts into the slots that the Blueprints above leave open. */
+static void SetTreesSlots(FJsonObject& Hierarchy, UWidgetBlueprint& Blueprint, bool bLean)
+{
+	TArray<TSharedPtr<FJsonValue>> Contents;
+	for (const FName Name : NamedPlaces::GetNames(*Blueprint.WidgetTree))
+	{
+		UWidget* const Content = NamedPlaces::FPlace{Blueprint.WidgetTree.Get(), Name}.GetContent();
+		if (Content)
+		{
+			const TSharedPtr<FJsonObject> Node = FWidgetBlueprintUtils::SerializeWidgetHierarchyNode(
+				Content, &Blueprint, bLean);
+			Node->SetStringField(TEXT("named_slot"), Name.ToString());
+			Contents.Add(MakeShared<FJsonValueObject>(Node));
+		}
+	}
+	if (!Contents.IsEmpty())
+	{
+		Hierarchy.SetArrayField(TEXT("named_slots"), MoveTemp(Contents));
+	}
+}
+
 static void SetUnlessEmpty(FJsonObject& Details, const TCHAR* Key, const TSharedPtr<FJsonObject>& Object)
 {
 	if (Object && !Object->Values.IsEmpty())
@@ -134,6 +169,10 @@ TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchy(UWidgetB
 	if (Root)
 	{
 		Hierarchy->SetObjectField(TEXT("root_widget"), SerializeWidgetHierarchyNode(Root, Blueprint, bLean));
+	}
+	else if (Blueprint && Blueprint->WidgetTree)
+	{
+		ReadWidgets::SetTreesSlots(*Hierarchy, *Blueprint, bLean);
 	}
 	return Hierarchy;
 }
@@ -153,7 +192,9 @@ TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchyNode(
 	{
 		if (Child)
 		{
-			Children.Add(MakeShared<FJsonValueObject>(SerializeWidgetHierarchyNode(Child, Blueprint, bLean)));
+			const TSharedPtr<FJsonObject> ChildNode = SerializeWidgetHierarchyNode(Child, Blueprint, bLean);
+			ReadWidgets::SetNamedSlot(*ChildNode, *Widget, *Child);
+			Children.Add(MakeShared<FJsonValueObject>(ChildNode));
 		}
 	}
 	if (bLean)
@@ -167,7 +208,8 @@ TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetHierarchyNode(
 	return Node;
 }
 
-TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetDetails(UWidget* Widget, UWidgetBlueprint*, bool bLean)
+TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetDetails(
+	UWidget* Widget, UWidgetBlueprint* Blueprint, bool bLean)
 {
 	if (!Widget)
 	{
@@ -183,6 +225,15 @@ TSharedPtr<FJsonObject> FWidgetBlueprintUtils::SerializeWidgetDetails(UWidget* W
 	if (const UPanelWidget* const Parent = Widget->GetParent())
 	{
 		Details->SetStringField(TEXT("parent"), Parent->GetName());
+	}
+	else if (Blueprint && Blueprint->WidgetTree)
+	{
+		const NamedPlaces::FPlace Place = NamedPlaces::FindOf(*Blueprint->WidgetTree, *Widget);
+		if (Place)
+		{
+			Details->SetStringField(TEXT("host"), Place.Host->GetName());
+			Details->SetStringField(TEXT("named_slot"), Place.Slot.ToString());
+		}
 	}
 	ReadWidgets::SetUnlessEmpty(*Details, TEXT("slot"), SerializeSlotProperties(Widget->Slot, bLean));
 	ReadWidgets::SetUnlessEmpty(*Details, TEXT("properties"), SerializeWidgetProperties(Widget, bLean));

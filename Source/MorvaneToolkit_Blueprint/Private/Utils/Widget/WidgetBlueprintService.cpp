@@ -110,9 +110,14 @@ UWidget* FWidgetBlueprintService::CreateOrModifyWidget(UWidgetBlueprint* Bluepri
 		FWidgetBlueprintUtils::ApplyWidgetProperties(Widget, Properties, Result);
 	}
 	const TSharedPtr<FJsonObject> Layout = GetObject(*Record, TEXT("slot"));
-	if (Widget->Slot && Layout)
+	if (Layout && Widget->Slot)
 	{
 		FWidgetBlueprintUtils::ApplySlotProperties(Widget->Slot, Layout, Result);
+	}
+	else if (Layout && !Layout->Values.IsEmpty())
+	{
+		Result.AddWarningMessage(FString::Printf(
+			TEXT("Widget '%s' stands in no panel, so it has no slot properties to set"), *Widget->GetName()));
 	}
 	if (bOutStructureChanged)
 	{
@@ -157,16 +162,8 @@ bool FWidgetBlueprintService::ReorderWidget(UWidgetBlueprint* Blueprint, const F
 		Result.AddErrorMessage(TEXT("New parent widget is required for reorder"));
 		return false;
 	}
-	for (const UWidget* Above = NewParent; Above; Above = Above->GetParent())
-	{
-		if (Above == Widget)
-		{
-			Result.AddErrorMessage(FString::Printf(TEXT("Widget '%s' cannot be moved into '%s', which is part of it"),
-				*Widget->GetName(), *NewParent->GetName()));
-			return false;
-		}
-	}
-	if (!WidgetPlacement::CheckRoom(*NewParent, Name, Widget, Result))
+	if (!WidgetPlacement::CheckNotWithin(*Widget, *NewParent, Result) || !WidgetPlacement::CheckLoose(*Widget, Result)
+		|| !WidgetPlacement::CheckRoom(*NewParent, Name, Widget, Result))
 	{
 		return false;
 	}

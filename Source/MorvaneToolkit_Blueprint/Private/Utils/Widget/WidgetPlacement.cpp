@@ -6,6 +6,7 @@
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
 #include "Utils/Widget/JsonPropertyValue.h"
+#include "Utils/Widget/NamedPlaces.h"
 #include "Utils/Widget/WidgetChanges.h"
 
 namespace WidgetPlacement
@@ -27,26 +28,16 @@ void CopyLayout(const UPanelSlot& From, UPanelSlot& To)
 	}
 }
 
-/** Where the children of the old root go; what finds no place is answered. */
-TArray<FString> AdoptChildren(UPanelWidget& OldRoot, UPanelWidget* NewRoot)
+/** The children of the old root go into the new one as far as it has room. */
+void AdoptChildren(const UPanelWidget& OldRoot, UPanelWidget& NewRoot)
 {
-	TArray<FString> Lost;
 	for (UWidget* const Child : OldRoot.GetAllChildren())
 	{
-		if (!Child)
+		if (Child && NewRoot.CanAddMoreChildren())
 		{
-			continue;
-		}
-		if (NewRoot && NewRoot->CanAddMoreChildren())
-		{
-			Move(*Child, *NewRoot, INDEX_NONE);
-		}
-		else
-		{
-			Lost.Append(NamesFrom(*Child));
+			Move(*Child, NewRoot, INDEX_NONE);
 		}
 	}
-	return Lost;
 }
 } // namespace
 
@@ -64,13 +55,45 @@ bool CheckRoom(const UPanelWidget& Parent, const FString& Name, const UWidget* M
 	return false;
 }
 
+bool CheckNotWithin(UWidget& Widget, const UWidget& NewParent, Morvane::FToolResult& Result)
+{
+	TArray<UWidget*> Below;
+	UWidgetTree::GetChildWidgets(&Widget, Below);
+	if (&Widget != &NewParent && !Below.Contains(const_cast<UWidget*>(&NewParent)))
+	{
+		return true;
+	}
+	Result.AddErrorMessage(FString::Printf(
+		TEXT("Widget '%s' cannot be moved into '%s', which is part of it"), *Widget.GetName(), *NewParent.GetName()));
+	return false;
+}
+
+bool CheckLoose(UWidget& Widget, Morvane::FToolResult& Result)
+{
+	UWidgetTree* const Tree = Widget.GetTypedOuter<UWidgetTree>();
+	if (Widget.GetParent() || !Tree || Tree->RootWidget.Get() == &Widget || NamedPlaces::FindOf(*Tree, Widget))
+	{
+		return true;
+	}
+	Result.AddErrorMessage(FString::Printf(
+		TEXT("Widget '%s' cannot be taken from where it stands: what holds it is of a class that is not known"),
+		*Widget.GetName()));
+	return false;
+}
+
+void TakeOut(UWidget& Widget)
+{
+	UWidgetTree* const Tree = Widget.GetTypedOuter<UWidgetTree>();
+	if (Tree && !Tree->RemoveWidget(&Widget))
+	{
+		NamedPlaces::FindOf(*Tree, Widget).SetContent(nullptr);
+	}
+}
+
 void Move(UWidget& Widget, UPanelWidget& NewParent, int32 Index)
 {
 	const UPanelSlot* const OldSlot = Widget.Slot;
-	if (UPanelWidget* const OldParent = Widget.GetParent())
-	{
-		OldParent->RemoveChild(&Widget);
-	}
+	TakeOut(Widget);
 	const bool bInside = Index >= 0 && Index < NewParent.GetChildrenCount();
 	UPanelSlot* const NewSlot = bInside ? NewParent.InsertChildAt(Index, &Widget) : NewParent.AddChild(&Widget);
 	if (OldSlot && NewSlot)
@@ -86,15 +109,21 @@ void ReplaceRoot(UWidgetTree& Tree, UWidget& NewRoot, Morvane::FToolResult& Resu
 	{
 		return;
 	}
-	NewRoot.RemoveFromParent();
+	TakeOut(NewRoot);
 	Tree.RootWidget = &NewRoot;
 	if (!OldRoot)
 	{
 		return;
 	}
 	Changes.Removed.Add(OldRoot->GetName());
-	UPanelWidget* const OldPanel = Cast<UPanelWidget>(OldRoot);
-	const TArray<FString> Lost = OldPanel ? AdoptChildren(*OldPanel, Cast<UPanelWidget>(&NewRoot)) : TArray<FString>();
+	const UPanelWidget* const OldPanel = Cast<UPanelWidget>(OldRoot);
+	UPanelWidget* const NewPanel = Cast<UPanelWidget>(&NewRoot);
+	if (OldPanel && NewPanel)
+	{
+		AdoptChildren(*OldPanel, *NewPanel);
+	}
+	TArray<FString> Lost = NamesFrom(*OldRoot);
+	Lost.RemoveAt(0);
 	if (!Lost.IsEmpty())
 	{
 		Changes.Removed.Append(Lost);
@@ -106,20 +135,12 @@ void ReplaceRoot(UWidgetTree& Tree, UWidget& NewRoot, Morvane::FToolResult& Resu
 
 TArray<FString> NamesFrom(UWidget& Widget)
 {
-	TArray<FString> Names;
-	TArray<UWidget*> Stack = {&Widget};
-	while (!Stack.IsEmpty())
+	TArray<UWidget*> Below;
+	UWidgetTree::GetChildWidgets(&Widget, Below);
+	TArray<FString> Names = {Widget.GetName()};
+	for (const UWidget* const Each : Below)
 	{
-		UWidget* const Next = Stack.Pop();
-		Names.Add(Next->GetName());
-		const UPanelWidget* const Panel = Cast<UPanelWidget>(Next);
-		for (int32 Index = Panel ? Panel->GetChildrenCount() - 1 : -1; Index >= 0; --Index)
-		{
-			if (UWidget* const Child = Panel->GetChildAt(Index))
-			{
-				Stack.Add(Child);
-			}
-		}
+		Names.Add(Each->GetName());
 	}
 	return Names;
 }

@@ -2,11 +2,13 @@
 
 #include "Animation/WidgetAnimation.h"
 #include "Blueprint/WidgetTree.h"
+#include "Components/Widget.h"
 #include "K2Node_ComponentBoundEvent.h"
 #include "K2Node_Variable.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
+#include "Utils/Graph/NodeRefresh.h"
 #include "WidgetBlueprint.h"
 
 namespace WidgetRemains
@@ -20,9 +22,23 @@ bool IsInherited(const UWidgetBlueprint& Blueprint, FName Name)
 	return Parent && Parent->FindPropertyByName(Name);
 }
 
-bool IsSelfMember(const UK2Node_Variable& Node)
+/** The member of the Blueprint that the node stands for, as far as it may be a widget or an animation; else none. */
+FName GetMember(const UK2Node& Node)
 {
-	return Node.VariableReference.IsSelfContext() && !Node.VariableReference.IsLocalScope();
+	if (const UK2Node_Variable* const Access = Cast<UK2Node_Variable>(&Node))
+	{
+		const FMemberReference& Reference = Access->VariableReference;
+		return Reference.IsSelfContext() && !Reference.IsLocalScope() ? Access->GetVarName() : FName(NAME_None);
+	}
+	const UK2Node_ComponentBoundEvent* const Event = Cast<UK2Node_ComponentBoundEvent>(&Node);
+	return Event ? Event->GetComponentPropertyName() : FName(NAME_None);
+}
+
+TArray<UK2Node*> GetNodes(const UWidgetBlueprint& Blueprint)
+{
+	TArray<UK2Node*> Nodes;
+	FBlueprintEditorUtils::GetAllNodesOfClass(&Blueprint, Nodes);
+	return Nodes;
 }
 
 /** What became of the names. */
@@ -50,17 +66,10 @@ public:
 
 	bool IsOrphan(const UK2Node& Node) const
 	{
-		if (const UK2Node_Variable* const Access = Cast<UK2Node_Variable>(&Node))
-		{
-			return IsSelfMember(*Access) && Gone.Contains(Access->GetVarName());
-		}
+		const FName Member = GetMember(Node);
 		const UK2Node_ComponentBoundEvent* const Event = Cast<UK2Node_ComponentBoundEvent>(&Node);
-		if (!Event)
-		{
-			return false;
-		}
-		const UClass* const Heir = Heirs.FindRef(Event->GetComponentPropertyName());
-		return Gone.Contains(Event->GetComponentPropertyName())
+		const UClass* const Heir = Event ? Heirs.FindRef(Member) : nullptr;
+		return Gone.Contains(Member)
 			|| (Heir && !FindFProperty<FMulticastDelegateProperty>(Heir, Event->DelegatePropertyName));
 	}
 
@@ -72,10 +81,8 @@ private:
 
 int32 RemoveNodes(const UWidgetBlueprint& Blueprint, const FFate& Fate)
 {
-	TArray<UK2Node*> Nodes;
-	FBlueprintEditorUtils::GetAllNodesOfClass(&Blueprint, Nodes);
 	int32 NumRemoved = 0;
-	for (UK2Node* const Node : Nodes)
+	for (UK2Node* const Node : GetNodes(Blueprint))
 	{
 		if (Fate.IsOrphan(*Node))
 		{
@@ -114,6 +121,27 @@ void Remove(UWidgetBlueprint& Blueprint, const TSet<FString>& Names, Morvane::FT
 	{
 		Result.AddWarningMessage(FString::Printf(TEXT("Removed %d graph node(s) that stood for what was removed: %s"),
 			NumRemoved, *FString::Join(Names, TEXT(", "))));
+	}
+}
+
+void TellUsers(const UWidgetBlueprint& Blueprint, const TSet<FString>& Names, Morvane::FToolResult& Result)
+{
+	TSet<FName> Members;
+	for (const FString& Name : Names)
+	{
+		const UWidget* const Widget = Blueprint.WidgetTree ? Blueprint.WidgetTree->FindWidget(FName(*Name)) : nullptr;
+		if (Widget && !Widget->bIsVariable && !IsInherited(Blueprint, FName(*Name)))
+		{
+			Members.Add(FName(*Name));
+		}
+	}
+	TArray<UK2Node*> Users = Members.IsEmpty() ? TArray<UK2Node*>() : GetNodes(Blueprint);
+	Users.RemoveAll([&Members](const UK2Node* Node) { return !Members.Contains(GetMember(*Node)); });
+	if (!Users.IsEmpty())
+	{
+		Result.AddWarningMessage(
+			FString::Printf(TEXT("Widgets that these nodes name are no variables any more, so they do nothing: %s"),
+				*NodeRefresh::DescribeAll(Users)));
 	}
 }
 } // namespace WidgetRemains

@@ -17,4 +17,7 @@ namespace WidgetRemains
  * has not. A warning tells how many nodes went.
  */
 void Remove(UWidgetBlueprint& Blueprint, const TSet<FString>& Names, Morvane::FToolResult& Result);
+
+/** Says which nodes still name those of the widgets that are no variables; nothing when there are none. */
+void TellUsers(const UWidgetBlueprint& Blueprint, const TSet<FString>& Names, Morvane::FToolResult& Result);
 } // namespace WidgetRemains

@@ -7,6 +7,7 @@
 #include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
+#include "Utils/Widget/NamedPlaces.h"
 #include "Utils/Widget/QuotedValue.h"
 #include "Utils/Widget/WidgetChanges.h"
 #include "Utils/Widget/WidgetEvents.h"
@@ -58,6 +59,7 @@ public:
 		MakePendingEvents();
 		Changes.bCollectEvents = false;
 		WidgetRemains::Remove(Blueprint, Changes.Removed, Result);
+		WidgetRemains::TellUsers(Blueprint, Changes.Variables, Result);
 		if (Changes.bAny)
 		{
 			FBlueprintEditorUtils::MarkBlueprintAsStructurallyModified(&Blueprint);
@@ -79,7 +81,8 @@ private:
 		if (bSameName)
 		{
 			// A new root of the old one's name is meant to take its place.
-			OldRoot->Rename(*MakeUniqueObjectName(&Tree, OldRoot->GetClass(), OldRoot->GetFName()).ToString(), nullptr);
+			OldRoot->Rename(*MakeUniqueObjectName(&Tree, OldRoot->GetClass(), OldRoot->GetFName()).ToString(), nullptr,
+				REN_DoNotDirty);
 		}
 		UWidget* const NewRoot = FWidgetBlueprintService::CreateOrModifyWidget(
 			&Blueprint, Shared, nullptr, Result, nullptr, Changes);
@@ -87,7 +90,7 @@ private:
 		{
 			if (bSameName)
 			{
-				OldRoot->Rename(*OldName, nullptr);
+				OldRoot->Rename(*OldName, nullptr, REN_DoNotDirty);
 			}
 			return TellFailure(TEXT("root_widget"), Name);
 		}
@@ -190,48 +193,77 @@ private:
 		return Panel;
 	}
 
+	/** Where an operation puts its widget; neither makes it the root. */
+	struct FTarget
+	{
+		UPanelWidget* Panel = nullptr;
+		NamedPlaces::FPlace Place;
+	};
+
 	/** A widget without a named parent goes into the root; the first one becomes the root. */
-	bool FindDefaultParent(const FJsonObject& Operation, UPanelWidget*& OutPanel)
+	bool FindDefaultPanel(const FString& Name, UPanelWidget*& OutPanel)
 	{
 		OutPanel = Cast<UPanelWidget>(Tree.RootWidget.Get());
-		FString Name;
-		if (!Tree.RootWidget || !MorvaneJson::TryGetStringField(Operation, TEXT("name"), Name))
+		if (!Tree.RootWidget || Name.IsEmpty() || (OutPanel && OutPanel->CanAddMoreChildren()))
 		{
 			return true;
 		}
-		if (!OutPanel || !OutPanel->CanAddMoreChildren())
+		Result.AddErrorMessage(FString::Printf(
+			TEXT("Widget '%s' has no parent, and the root '%s' has no room for it: name a panel as its parent"),
+			*QuotedValue::Shorten(Name), *Tree.RootWidget->GetName()));
+		return false;
+	}
+
+	/** What the widget Moved, or a new one for null, is put into; Parent may be null. False after an error. */
+	bool FindTarget(const FJsonObject& Operation, UWidget* Parent, const UWidget* Moved, FTarget& OutTarget)
+	{
+		FString Name;
+		FString Slot;
+		MorvaneJson::TryGetStringField(Operation, TEXT("name"), Name);
+		MorvaneJson::TryGetStringField(Operation, TEXT("named_slot"), Slot);
+		OutTarget.Panel = Cast<UPanelWidget>(Parent);
+		const bool bHost = Parent && !OutTarget.Panel && !NamedPlaces::GetNames(*Parent).IsEmpty();
+		if (!Slot.IsEmpty() || bHost)
 		{
-			Result.AddErrorMessage(FString::Printf(
-				TEXT("Widget '%s' has no parent, and the root '%s' has no room for it: name a panel as its parent"),
-				*QuotedValue::Shorten(Name), *Tree.RootWidget->GetName()));
-			return false;
+			OutTarget.Place = FindPlace(Parent, Slot, Name, Moved);
+			return static_cast<bool>(OutTarget.Place);
 		}
-		return true;
+		return Parent ? AsPanel(*Parent) != nullptr : FindDefaultPanel(Name, OutTarget.Panel);
+	}
+
+	/** Without a parent the slot is one that the Blueprints above leave open, which a root would hide. */
+	NamedPlaces::FPlace FindPlace(UWidget* Parent, const FString& Slot, const FString& Name, const UWidget* Moved)
+	{
+		if (!Parent && Tree.RootWidget)
+		{
+			Result.AddErrorMessage(
+				FString::Printf(TEXT("Widget '%s' was not placed: name the parent that has the slot '%s'"),
+					*QuotedValue::Shorten(Name), *QuotedValue::Shorten(Slot)));
+			return NamedPlaces::FPlace();
+		}
+		UObject& Host = Parent ? static_cast<UObject&>(*Parent) : Tree;
+		return NamedPlaces::Choose(Host, Slot, Name, Moved, Result);
 	}
 
 	bool Add(const TSharedPtr<FJsonObject>& Operation)
 	{
 		UWidget* Parent = nullptr;
-		UPanelWidget* Panel = nullptr;
-		if (!FindParent(*Operation, Parent))
-		{
-			return false;
-		}
-		if (Parent)
-		{
-			Panel = AsPanel(*Parent);
-		}
-		if (Parent ? !Panel : !FindDefaultParent(*Operation, Panel))
+		FTarget Target;
+		if (!FindParent(*Operation, Parent) || !FindTarget(*Operation, Parent, nullptr, Target))
 		{
 			return false;
 		}
 		UWidget* const Made = FWidgetBlueprintService::CreateOrModifyWidget(
-			&Blueprint, Operation, Panel, Result, nullptr, Changes);
+			&Blueprint, Operation, Target.Panel, Result, nullptr, Changes);
 		if (!Made)
 		{
 			return false;
 		}
-		if (!Panel)
+		if (Target.Place)
+		{
+			Target.Place.SetContent(Made);
+		}
+		else if (!Target.Panel)
 		{
 			Tree.RootWidget = Made;
 		}
@@ -239,7 +271,7 @@ private:
 		{
 			Result.AddWarningMessage(
 				FString::Printf(TEXT("Widget '%s' names no parent and was placed in the root '%s'"), *Made->GetName(),
-					*Panel->GetName()));
+					*Target.Panel->GetName()));
 		}
 		Changes.bAny = true;
 		return true;
@@ -263,7 +295,7 @@ private:
 		{
 			return false;
 		}
-		if (Parent && Widget->GetParent() != Parent)
+		if (Parent && Widget->GetParent() != Parent && NamedPlaces::FindOf(Tree, *Widget).Host != Parent)
 		{
 			Result.AddWarningMessage(
 				FString::Printf(TEXT("Widget '%s' stays where it is: to move it into '%s', use the action 'reorder'"),
@@ -287,15 +319,38 @@ private:
 		{
 			return false;
 		}
-		UPanelWidget* const Panel = Parent ? AsPanel(*Parent) : nullptr;
+		UWidget* const Moved = FindWidget(Blueprint, Name);
+		FTarget Target;
+		// Without a widget or a place for it, the service says which of them is missing.
+		const bool bPlace = Parent || Operation.HasField(TEXT("named_slot"));
+		if (Moved && bPlace && !FindTarget(Operation, Parent, Moved, Target))
+		{
+			return false;
+		}
 		int32 Index = INDEX_NONE;
 		MorvaneJson::TryGetNumberField(Operation, TEXT("index"), Index);
-		if ((Parent && !Panel) || !FWidgetBlueprintService::ReorderWidget(&Blueprint, Name, Panel, Index, Result))
+		const bool bDone = Target.Place
+			? MoveInto(*Moved, Parent, Target.Place)
+			: FWidgetBlueprintService::ReorderWidget(&Blueprint, Name, Target.Panel, Index, Result);
+		if (!bDone)
 		{
 			return false;
 		}
 		Changes.Widgets.Add(FindWidget(Blueprint, Name)->GetName());
 		Changes.bAny = true;
+		return true;
+	}
+
+	bool MoveInto(UWidget& Widget, const UWidget* Parent, const NamedPlaces::FPlace& Place)
+	{
+		if ((Parent && !WidgetPlacement::CheckNotWithin(Widget, *Parent, Result))
+			|| !WidgetPlacement::CheckLoose(Widget, Result))
+		{
+			return false;
+		}
+		WidgetPlacement::TakeOut(Widget);
+		Place.SetContent(&Widget);
+		Result.AddSuccessMessage(FString::Printf(TEXT("Reordered widget '%s'"), *Widget.GetName()));
 		return true;
 	}
 
@@ -315,9 +370,13 @@ private:
 				FString::Printf(TEXT("Widget '%s' not found for removal"), *QuotedValue::Shorten(Name)));
 			return false;
 		}
+		if (!WidgetPlacement::CheckLoose(*Widget, Result))
+		{
+			return false;
+		}
 		Changes.Removed.Append(WidgetPlacement::NamesFrom(*Widget));
+		WidgetPlacement::TakeOut(*Widget);
 		Changes.Widgets.Add(Widget->GetName());
-		Tree.RemoveWidget(Widget);
 		Changes.bAny = true;
 		Result.AddSuccessMessage(FString::Printf(TEXT("Removed widget '%s'"), *Name));
 		return true;
