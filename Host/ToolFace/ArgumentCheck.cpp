@@ -23,7 +23,10 @@ struct FQuietKey
 {
 	const TCHAR* Within;
 	const TCHAR* Key;
+	/** Null: whichever reads such a thing. */
+	const TCHAR* Tool = nullptr;
 };
+constexpr const TCHAR* RemoveConnections = TEXT("bp_remove_graph_connections");
 constexpr FQuietKey QuietKeys[] = {
 	{TEXT(""), TEXT("_internal_nodes")},
 	{TEXT(""), TEXT("nodes_to_search")},
@@ -34,12 +37,18 @@ constexpr FQuietKey QuietKeys[] = {
 	{TEXT("node_metadata"), TEXT("class_name")},
 	{TEXT("node_metadata"), TEXT("target_function")},
 	{TEXT("node_metadata"), TEXT("FunctionName")},
+	// It is the run of bp_modify_graph_nodes, and does whatever that is asked for.
+	{TEXT(""), TEXT("action"), RemoveConnections},
+	{TEXT(""), TEXT("nodes"), RemoveConnections},
+	{TEXT(""), TEXT("local_variables"), RemoveConnections},
+	{TEXT(""), TEXT("is_pure"), RemoveConnections},
 };
 
-static bool IsQuiet(const FString& Within, const FString& Key)
+static bool IsQuiet(const FString& Tool, const FString& Within, const FString& Key)
 {
 	return std::any_of(std::begin(QuietKeys), std::end(QuietKeys),
-		[&](const FQuietKey& Row) { return Within == Row.Within && Key == Row.Key; });
+		[&](const FQuietKey& Row)
+		{ return Within == Row.Within && Key == Row.Key && (!Row.Tool || Tool == Row.Tool); });
 }
 
 /** Tools that take a number for a text, a list for an object, words and members in any case and the like, and tell what
@@ -172,9 +181,10 @@ struct FPlace
 class FCheck
 {
 public:
-	FCheck(const FJsonObject& InRoot, const bool bInTypesAreTold, Morvane::FToolResult& InResult)
-		: Root(InRoot)
-		, bTypesAreTold(bInTypesAreTold)
+	FCheck(const std::string_view InTool, const FJsonObject& InRoot, Morvane::FToolResult& InResult)
+		: Tool(FromUtf8(InTool))
+		, Root(InRoot)
+		, bTypesAreTold(TellsOfTypes(InTool))
 		, Result(InResult)
 		, Said(InResult.GetErrorMessages())
 	{
@@ -322,7 +332,7 @@ private:
 			{
 				Walk(**Others, *Member.Value, Place.Named(Key));
 			}
-			else if (bNamed && !IsQuiet(Place.Key, Key))
+			else if (bNamed && !IsQuiet(Tool, Place.Key, Key))
 			{
 				TellUnknown(Key, **Properties, Place);
 			}
@@ -394,6 +404,7 @@ private:
 		}
 	}
 
+	const FString Tool;
 	const FJsonObject& Root;
 	const bool bTypesAreTold;
 	Morvane::FToolResult& Result;
@@ -411,7 +422,7 @@ void ArgumentCheck::AddWarnings(
 	{
 		return;
 	}
-	ArgumentCheckPrivate::FCheck Check(*Schema, ArgumentCheckPrivate::TellsOfTypes(ToolName), Result);
+	ArgumentCheckPrivate::FCheck Check(ToolName, *Schema, Result);
 	const TSharedRef<FJsonObject> Shared = MakeShared<FJsonObject>(Arguments);
 	Check.Walk(*Schema, FJsonValueObject(Shared), {});
 	Check.Finish();

@@ -73,6 +73,19 @@ static std::vector<std::string> ExamplesIn(const std::string& Text)
 
 using namespace ArgumentCheckTest;
 
+TEST(ArgumentCheck, WhatATwinToolReadsIsNotSaidToBeIgnored)
+{
+	const FBlueprintBuilder Blueprint;
+	ASSERT_TRUE(Blueprint.Save());
+	EXPECT_THAT(WarningsOf("bp_remove_graph_connections",
+					R"({"path":"/Game/Tests/BP_Test","blueprint_name":"BP_Test","graph_name":"EventGraph",
+			"nodes":[{"action":"remove","node_guid":"1234567"}]})"),
+		testing::ElementsAre("Node 1234567 not found"));
+	EXPECT_THAT(
+		WarningsOf("bp_create_graph", R"({"path":"/Game/Tests/BP_Test","functions":[{"name":"F"}],"nodes":[]})"),
+		testing::Contains(HasSubstr("has no key 'nodes'")));
+}
+
 TEST(ArgumentCheck, WhatIsNotReadIsToldWithItsPlaceAndReason)
 {
 	const FBlueprintBuilder Blueprint;

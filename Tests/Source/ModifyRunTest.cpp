@@ -13,6 +13,8 @@
 #include "UObject/Package.h"
 #include "UObject/UObjectGlobals.h"
 
+#include <regex>
+
 using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
@@ -230,6 +232,14 @@ TEST(ModifyRun, LinksAreRemovedAndTheRestGoesOn)
 	ASSERT_TRUE(Case.Blueprint.Reload());
 	EXPECT_TRUE(Case.Node("p")->FindPin(TEXT("execute"))->LinkedTo.IsEmpty());
 	EXPECT_EQ(Case.Node("p")->FindPin(TEXT("then"))->LinkedTo.Num(), 1);
+}
+
+TEST(ModifyRun, EndsOfALinkGoByEitherKey)
+{
+	FChain Case;
+	Case.Unlink(std::regex_replace(Case.Cut("e", "then", "p", "execute"), std::regex("_node_guid"), "_node_id"));
+	EXPECT_THAT(Warnings(*Case.Result), IsEmpty());
+	EXPECT_EQ(Case.Closing(), "Modified graph 'EventGraph': 1 connection(s) removed");
 }
 
 TEST(ModifyRun, TheSameCallAgainDoesNoHarm)

@@ -221,6 +221,21 @@ TEST(WidgetTreeTool, AReorderIsAChangeAndKeepsTheLayout)
 	EXPECT_EQ(Edit.Shape(), "Root(List(Second Third First) Ok(Label) Row)");
 }
 
+TEST(WidgetTreeTool, WhatAnActionDoesNotDoIsSaid)
+{
+	FWidgetEditing Edit;
+	Edit.Tree("CanvasPanel", Menu());
+	Edit.Widgets(ModifyWidget("Ok", R"("class":"CheckBox")"));
+	EXPECT_THAT(Warnings(*Edit.Result),
+		ElementsAre("Widget 'Ok' stays of class 'Button': a modify does not change the class"));
+	Edit.Widgets(ModifyWidget("Ok", R"("class":"/Script/UMG.Button")"));
+	EXPECT_THAT(Warnings(*Edit.Result), IsEmpty());
+	Edit.Widgets(AddWidget("Third", "Image", "List", R"("index":0)"));
+	EXPECT_THAT(Warnings(*Edit.Result),
+		ElementsAre("Widget 'Third' was placed last: 'index' is read by the action 'reorder' alone"));
+	EXPECT_EQ(Edit.Shape(), "Root(List(First Second Third) Ok(Label))");
+}
+
 TEST(WidgetTreeTool, AWidgetWithoutAParentGoesIntoTheRoot)
 {
 	FWidgetEditing Edit;

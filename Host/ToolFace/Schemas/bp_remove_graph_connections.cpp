@@ -18,11 +18,16 @@ const FToolSchema BpRemoveGraphConnectionsSchema = {
 					"source_node_guid": { "type": "string", "description": "The node that the wire leaves: its full guid or the 7-digit short id that reads return." },
 					"source_pin_name": { "type": "string", "description": "Its output pin." },
 					"target_node_guid": { "type": "string", "description": "The node that the wire enters." },
-					"target_pin_name": { "type": "string", "description": "Its input pin." }
+					"target_pin_name": { "type": "string", "description": "Its input pin." },
+					"source_node_id": { "type": "string", "description": "Another name for source_node_guid, read when that is absent." },
+					"target_node_id": { "type": "string", "description": "Another name for target_node_guid, read when that is absent." }
 				},
-				"required": ["action", "source_node_guid", "source_pin_name", "target_node_guid", "target_pin_name"]
+				"required": ["action", "source_pin_name", "target_pin_name"]
 			}
-		}
+		},
+		"state_machine_name": { "type": "string", "description": "For animation graphs: the state machine in which graph_name is looked for." },
+		"from_state_name": { "type": "string", "description": "With to_state_name: the graph is the rule of the transition between the two." },
+		"to_state_name": { "type": "string" }
 	},
 	"required": ["path", "blueprint_name", "graph_name", "connections"]
 })json"};

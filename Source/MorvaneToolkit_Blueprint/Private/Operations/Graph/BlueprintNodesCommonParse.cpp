@@ -65,9 +65,9 @@ static bool ParseConnection(const FJsonObject& Json, FBPConnectionModification& 
 		}
 		OutRecord.Action = *Action;
 	}
-	RecordWords::ReadString(Json, TEXT("source_node_guid"), OutRecord.SourceNodeGuid);
+	RecordWords::ReadString(Json, TEXT("source_node_guid"), TEXT("source_node_id"), OutRecord.SourceNodeGuid);
 	RecordWords::ReadString(Json, TEXT("source_pin_name"), OutRecord.SourcePinName);
-	RecordWords::ReadString(Json, TEXT("target_node_guid"), OutRecord.TargetNodeGuid);
+	RecordWords::ReadString(Json, TEXT("target_node_guid"), TEXT("target_node_id"), OutRecord.TargetNodeGuid);
 	RecordWords::ReadString(Json, TEXT("target_pin_name"), OutRecord.TargetPinName);
 	return true;
 }

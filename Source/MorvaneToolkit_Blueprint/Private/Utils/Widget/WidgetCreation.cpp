@@ -15,31 +15,9 @@ namespace WidgetCreation
 {
 using Morvane::FToolResult;
 
-/** A short name means a widget before anything else that bears it: "Image", "UImage". */
-static UClass* FindWidgetClass(const FString& ClassPath)
-{
-	const FString Text = ClassPath.TrimStartAndEnd();
-	if (Text.IsEmpty() || Text.Len() >= NAME_SIZE)
-	{
-		return nullptr;
-	}
-	if (!Text.Contains(TEXT("/")) && !Text.Contains(TEXT(".")))
-	{
-		const FString Bare = Text.Replace(TEXT(" "), TEXT(""));
-		for (const FString& Name : {Bare, Bare.StartsWith(TEXT("U")) ? Bare.Mid(1) : Bare})
-		{
-			if (UClass* const Class = FindObject<UClass>(nullptr, TEXT("/Script/UMG.") + Name))
-			{
-				return Class;
-			}
-		}
-	}
-	return FAssetOperationBase::GetAssetClassFromAssetName(Text);
-}
-
 static UClass* ResolveClass(const FString& ClassPath, FToolResult& Result)
 {
-	UClass* const Class = FindWidgetClass(ClassPath);
+	UClass* const Class = WidgetNames::FindClass(ClassPath);
 	if (!Class)
 	{
 		Result.AddErrorMessage(FString::Printf(

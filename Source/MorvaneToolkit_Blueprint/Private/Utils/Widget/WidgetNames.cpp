@@ -1,6 +1,7 @@
 #include "Utils/Widget/WidgetNames.h"
 
 #include "Animation/WidgetAnimation.h"
+#include "AssetOperationBase.h"
 #include "Components/Widget.h"
 #include "EdGraph/EdGraph.h"
 #include "Kismet2/BlueprintEditorUtils.h"
@@ -46,6 +47,27 @@ bool IsAnimation(const UWidgetBlueprint& Blueprint, FName Name)
 		[Name](const UWidgetAnimation* Animation) { return Animation && Animation->GetFName() == Name; });
 }
 } // namespace
+
+UClass* FindClass(const FString& ClassPath)
+{
+	const FString Text = ClassPath.TrimStartAndEnd();
+	if (Text.IsEmpty() || Text.Len() >= NAME_SIZE)
+	{
+		return nullptr;
+	}
+	if (!Text.Contains(TEXT("/")) && !Text.Contains(TEXT(".")))
+	{
+		const FString Bare = Text.Replace(TEXT(" "), TEXT(""));
+		for (const FString& Name : {Bare, Bare.StartsWith(TEXT("U")) ? Bare.Mid(1) : Bare})
+		{
+			if (UClass* const Class = FindObject<UClass>(nullptr, TEXT("/Script/UMG.") + Name))
+			{
+				return Class;
+			}
+		}
+	}
+	return FAssetOperationBase::GetAssetClassFromAssetName(Text);
+}
 
 bool CheckSpelling(const FString& Name, Morvane::FToolResult& Result)
 {

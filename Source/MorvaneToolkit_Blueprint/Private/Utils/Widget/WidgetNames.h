@@ -6,11 +6,16 @@ namespace Morvane
 {
 class FToolResult;
 }
+class UClass;
 class UWidgetBlueprint;
 
-/** Names of widgets and animations, which are names of members of the Blueprint's class. */
+/** Names of widgets and animations, which are names of members of the Blueprint's class, and of their classes. */
 namespace WidgetNames
 {
+/** By path or by short name, which means a widget before anything else that bears it: "Image", "UImage". May be null.
+ */
+UClass* FindClass(const FString& ClassPath);
+
 /** Whether an object can have the name. False after an error. */
 bool CheckSpelling(const FString& Name, Morvane::FToolResult& Result);
 

@@ -7,12 +7,13 @@
 #include "JsonReading.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
-#include "Utils/Widget/NamedPlaces.h"
 #include "Utils/Widget/QuotedValue.h"
 #include "Utils/Widget/WidgetChanges.h"
 #include "Utils/Widget/WidgetEvents.h"
+#include "Utils/Widget/WidgetNames.h"
 #include "Utils/Widget/WidgetPlacement.h"
 #include "Utils/Widget/WidgetRemains.h"
+#include "Utils/Widget/WidgetTargets.h"
 #include "WidgetBlueprint.h"
 #include "WidgetBlueprintService.h"
 
@@ -97,6 +98,10 @@ private:
 		WidgetPlacement::ReplaceRoot(Tree, *NewRoot, Result, Changes);
 		Changes.bAny = true;
 		Changes.NumModified += bModify ? 1 : 0;
+		if (bModify)
+		{
+			TellClass(*NewRoot, Record);
+		}
 		return true;
 	}
 
@@ -180,76 +185,11 @@ private:
 		return OutParent != nullptr;
 	}
 
-	/** Null after an error when the widget is there and holds no children. */
-	UPanelWidget* AsPanel(UWidget& Parent)
-	{
-		UPanelWidget* const Panel = Cast<UPanelWidget>(&Parent);
-		if (!Panel)
-		{
-			Result.AddErrorMessage(
-				FString::Printf(TEXT("Parent widget '%s' of class '%s' is no panel and cannot hold children"),
-					*Parent.GetName(), *Parent.GetClass()->GetName()));
-		}
-		return Panel;
-	}
-
-	/** Where an operation puts its widget; neither makes it the root. */
-	struct FTarget
-	{
-		UPanelWidget* Panel = nullptr;
-		NamedPlaces::FPlace Place;
-	};
-
-	/** A widget without a named parent goes into the root; the first one becomes the root. */
-	bool FindDefaultPanel(const FString& Name, UPanelWidget*& OutPanel)
-	{
-		OutPanel = Cast<UPanelWidget>(Tree.RootWidget.Get());
-		if (!Tree.RootWidget || Name.IsEmpty() || (OutPanel && OutPanel->CanAddMoreChildren()))
-		{
-			return true;
-		}
-		Result.AddErrorMessage(FString::Printf(
-			TEXT("Widget '%s' has no parent, and the root '%s' has no room for it: name a panel as its parent"),
-			*QuotedValue::Shorten(Name), *Tree.RootWidget->GetName()));
-		return false;
-	}
-
-	/** What the widget Moved, or a new one for null, is put into; Parent may be null. False after an error. */
-	bool FindTarget(const FJsonObject& Operation, UWidget* Parent, const UWidget* Moved, FTarget& OutTarget)
-	{
-		FString Name;
-		FString Slot;
-		MorvaneJson::TryGetStringField(Operation, TEXT("name"), Name);
-		MorvaneJson::TryGetStringField(Operation, TEXT("named_slot"), Slot);
-		OutTarget.Panel = Cast<UPanelWidget>(Parent);
-		const bool bHost = Parent && !OutTarget.Panel && !NamedPlaces::GetNames(*Parent).IsEmpty();
-		if (!Slot.IsEmpty() || bHost)
-		{
-			OutTarget.Place = FindPlace(Parent, Slot, Name, Moved);
-			return static_cast<bool>(OutTarget.Place);
-		}
-		return Parent ? AsPanel(*Parent) != nullptr : FindDefaultPanel(Name, OutTarget.Panel);
-	}
-
-	/** Without a parent the slot is one that the Blueprints above leave open, which a root would hide. */
-	NamedPlaces::FPlace FindPlace(UWidget* Parent, const FString& Slot, const FString& Name, const UWidget* Moved)
-	{
-		if (!Parent && Tree.RootWidget)
-		{
-			Result.AddErrorMessage(
-				FString::Printf(TEXT("Widget '%s' was not placed: name the parent that has the slot '%s'"),
-					*QuotedValue::Shorten(Name), *QuotedValue::Shorten(Slot)));
-			return NamedPlaces::FPlace();
-		}
-		UObject& Host = Parent ? static_cast<UObject&>(*Parent) : Tree;
-		return NamedPlaces::Choose(Host, Slot, Name, Moved, Result);
-	}
-
 	bool Add(const TSharedPtr<FJsonObject>& Operation)
 	{
 		UWidget* Parent = nullptr;
-		FTarget Target;
-		if (!FindParent(*Operation, Parent) || !FindTarget(*Operation, Parent, nullptr, Target))
+		WidgetTargets::FTarget Target;
+		if (!FindParent(*Operation, Parent) || !WidgetTargets::Find(Tree, *Operation, Parent, nullptr, Result, Target))
 		{
 			return false;
 		}
@@ -272,6 +212,11 @@ private:
 			Result.AddWarningMessage(
 				FString::Printf(TEXT("Widget '%s' names no parent and was placed in the root '%s'"), *Made->GetName(),
 					*Target.Panel->GetName()));
+		}
+		if (Operation->HasField(TEXT("index")))
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT("Widget '%s' was placed last: 'index' is read by the action 'reorder' alone"), *Made->GetName()));
 		}
 		Changes.bAny = true;
 		return true;
@@ -301,9 +246,23 @@ private:
 				FString::Printf(TEXT("Widget '%s' stays where it is: to move it into '%s', use the action 'reorder'"),
 					*Widget->GetName(), *Parent->GetName()));
 		}
+		TellClass(*Widget, *Operation);
 		++Changes.NumModified;
 		Changes.bAny = true;
 		return true;
+	}
+
+	/** A modify leaves the class as it is, which a record that names another one does not expect. */
+	void TellClass(const UWidget& Widget, const FJsonObject& Record)
+	{
+		FString Class;
+		const UClass* const Own = Widget.GetClass();
+		if (MorvaneJson::TryGetStringField(Record, TEXT("class"), Class) && WidgetNames::FindClass(Class) != Own)
+		{
+			Result.AddWarningMessage(
+				FString::Printf(TEXT("Widget '%s' stays of class '%s': a modify does not change the class"),
+					*Widget.GetName(), *Own->GetName()));
+		}
 	}
 
 	bool Reorder(const FJsonObject& Operation)
@@ -320,10 +279,10 @@ private:
 			return false;
 		}
 		UWidget* const Moved = FindWidget(Blueprint, Name);
-		FTarget Target;
+		WidgetTargets::FTarget Target;
 		// Without a widget or a place for it, the service says which of them is missing.
 		const bool bPlace = Parent || Operation.HasField(TEXT("named_slot"));
-		if (Moved && bPlace && !FindTarget(Operation, Parent, Moved, Target))
+		if (Moved && bPlace && !WidgetTargets::Find(Tree, Operation, Parent, Moved, Result, Target))
 		{
 			return false;
 		}
