@@ -32,6 +32,15 @@ static void SetWayUp(UPanelWidget& Panel)
 	}
 }
 
+static void SetHosts(UObject& Host)
+{
+	const INamedSlotInterface& Slots = *Cast<INamedSlotInterface>(&Host);
+	for (const FName Name : NamedSlots::GetFilled(Slots))
+	{
+		FSlotHosts::Set(Slots.GetContentForSlot(Name), Host);
+	}
+}
+
 static bool StandsInItsSlot(const UWidget& Widget)
 {
 	const UPanelSlot* const Slot = Widget.Slot;
@@ -148,6 +157,7 @@ static void Settle(TConstArrayView<UObject*> Objects, FFeedbackContext& Warn)
 	ForEach<UPanelWidget>(Objects, [&](UPanelWidget& Panel) { Settling.CutDeep(Panel); });
 	ForEachHost(Objects, [&](UObject& Host) { Settling.CutDeepHosted(Host); });
 	ForEach<UPanelWidget>(Objects, [](UPanelWidget& Panel) { SetWayUp(Panel); });
+	ForEachHost(Objects, [](UObject& Host) { SetHosts(Host); });
 	ForEach<UWidget>(Objects,
 		[](UWidget& Widget)
 		{

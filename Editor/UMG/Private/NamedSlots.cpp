@@ -48,6 +48,24 @@ void UUserWidget::DescribeClass(FClassDescriber& Class)
 	Class.Property(TEXT("NamedSlotBindings"), &UUserWidget::NamedSlotBindings);
 }
 
+void FSlotHosts::Set(UWidget* Content, UObject& Host)
+{
+	if (Content)
+	{
+		Content->Host = &Host;
+	}
+}
+
+UObject* FSlotHosts::Get(const UWidget& Content)
+{
+	UObject* const Host = Content.Host.Get();
+	const INamedSlotInterface* const Slots = Cast<INamedSlotInterface>(Host);
+	const bool bHolds = Slots
+		&& NamedSlots::GetFilled(*Slots).ContainsByPredicate(
+			[&](FName Name) { return Slots->GetContentForSlot(Name) == &Content; });
+	return bHolds ? Host : nullptr;
+}
+
 bool INamedSlotInterface::ContainsContent(UWidget* Content) const
 {
 	TArray<FName> Names;
@@ -70,6 +88,7 @@ UWidget* UExpandableArea::GetContentForSlot(FName SlotName) const
 
 void UExpandableArea::SetContentForSlot(FName SlotName, UWidget* Content)
 {
+	FSlotHosts::Set(Content, *this);
 	if (SlotName == NamedSlots::Header())
 	{
 		HeaderContent = Content;
@@ -94,6 +113,7 @@ UWidget* UUserWidget::GetContentForSlot(FName SlotName) const
 
 void UUserWidget::SetContentForSlot(FName SlotName, UWidget* Content)
 {
+	FSlotHosts::Set(Content, *this);
 	FNamedSlotBinding* const Binding = NamedSlotBindings.FindByPredicate(
 		[SlotName](const FNamedSlotBinding& Each) { return Each.Name == SlotName; });
 	if (Binding && Content)

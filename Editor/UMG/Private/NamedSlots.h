@@ -4,6 +4,17 @@
 
 class INamedSlotInterface;
 class UClass;
+class UObject;
+class UWidget;
+
+/** The way up from what named slots hold. */
+class FSlotHosts
+{
+public:
+	static void Set(UWidget* Content, UObject& Host);
+	/** The widget or tree that holds the widget in a named slot; null for others. */
+	static UObject* Get(const UWidget& Content);
+};
 
 /** The places that widgets and Widget Blueprints leave open. */
 namespace NamedSlots

@@ -185,11 +185,13 @@ UWidget* UWidgetTree::ConstructWidget(const UClass* WidgetClass, FName WidgetNam
 bool UWidgetTree::Contains(const UWidget& Widget) const
 {
 	const UWidget* Top = &Widget;
-	while (Top->GetParent())
+	const UObject* Above = &Widget;
+	while (const UWidget* const Next = Cast<UWidget>(Above))
 	{
-		Top = Top->GetParent();
+		Top = Next;
+		Above = Top->GetParent() ? Top->GetParent() : FSlotHosts::Get(*Top);
 	}
-	bool bFound = Top == RootWidget.Get();
+	bool bFound = Top == RootWidget.Get() || Above == this;
 	if (!bFound)
 	{
 		ForEachWidget([&bFound, Top](const UWidget* Other) { bFound |= Other == Top; });
@@ -355,6 +357,7 @@ UWidget* UWidgetTree::GetContentForSlot(FName SlotName) const
 
 void UWidgetTree::SetContentForSlot(FName SlotName, UWidget* Content)
 {
+	FSlotHosts::Set(Content, *this);
 	if (Content)
 	{
 		NamedSlotBindings.Add(SlotName, Content);

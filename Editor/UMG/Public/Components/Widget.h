@@ -31,5 +31,9 @@ public:
 	bool bIsVariable = true;
 
 private:
+	friend class FSlotHosts;
+
 	FString DisplayLabel;
+	/** Who took it into a named slot last and may have let go of it since; spares a walk over the tree. */
+	TWeakObjectPtr<UObject> Host;
 };
