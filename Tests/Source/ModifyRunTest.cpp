@@ -427,6 +427,9 @@ TEST(ModifyRun, ALinkThatWasLostIsToldOnce)
 	Change(Pin("add", "Other", R"("type":{"category":"int"})"));
 	EXPECT_THAT(Warnings(*Case.Result), IsEmpty());
 	EXPECT_TRUE(Case.Node("f")->FindPin(TEXT("ReturnValue"))->bOrphanedPin) << "it stays for its link";
+
+	Case.ModifyNodes(R"({"action":"remove","node_guid":")" + Result + "\"}", "Name");
+	EXPECT_FALSE(Case.Node("f")->FindPin(TEXT("Other"))) << "the results go with the node that gave them";
 }
 
 TEST(ModifyPurity, OnlyAnAuthorsOwnFunctionHasIt)

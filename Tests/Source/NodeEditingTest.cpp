@@ -534,6 +534,17 @@ TEST(NodeEditor, ACallThatIsPointedElsewhereLosesATargetThatDoesNotFit)
 	EXPECT_EQ(Aim("K2_DestroyActor", "Actor"), 1) << "a pawn is an actor";
 	EXPECT_EQ(Aim("PrintText", "KismetSystemLibrary"), 0);
 	EXPECT_THAT(FirstWarning(Case), HasSubstr(".ReturnValue -> Print Text"));
+
+	const auto HeldTarget = [&Case]()
+	{
+		const UObject* const Held = Case.Node("c")->FindPin(TEXT("self"))->DefaultObject;
+		return Held ? ToStd(Held->GetName()) : "";
+	};
+	EXPECT_EQ(HeldTarget(), "Default__KismetSystemLibrary");
+	Aim("Len", "KismetStringLibrary");
+	EXPECT_EQ(HeldTarget(), "Default__KismetStringLibrary");
+	Aim("K2_DestroyActor", "Actor");
+	EXPECT_EQ(HeldTarget(), "") << "a library is no actor";
 }
 
 TEST(PinLookup, AliasesAnswerWithPinsThatAnAuthorSees)

@@ -8,6 +8,7 @@
 #include "Engine/Blueprint.h"
 #include "K2Node_CustomEvent.h"
 #include "K2Node_FunctionEntry.h"
+#include "K2Node_FunctionResult.h"
 #include "Kismet2/BlueprintEditorUtils.h"
 #include "ToolResult.h"
 #include "Utils/Graph/GraphRemoval.h"
@@ -136,6 +137,10 @@ void FModifyRun::RemoveNode(const FBPNodeModification& Record)
 	if (const UK2Node_CustomEvent* const Event = Cast<UK2Node_CustomEvent>(Node))
 	{
 		RemovedMembers.Functions.Add(Event->GetFunctionName());
+	}
+	if (UK2Node_FunctionResult* const Return = Cast<UK2Node_FunctionResult>(Node))
+	{
+		NoteSignature(*Return); // the last one takes the results with it
 	}
 	// The whole run is one change of the Blueprint, which is marked at its end.
 	FBlueprintEditorUtils::RemoveNode(Blueprint, Node, true);

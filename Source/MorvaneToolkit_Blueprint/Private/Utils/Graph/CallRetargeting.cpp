@@ -127,11 +127,22 @@ static TArray<FString> DropWrongTargets(UK2Node_CallFunction& Call)
 	return Links;
 }
 
+/** A library's call holds the library as its object; the one of before stays in the pin when that is made anew. */
+static void HoldLibrary(const UK2Node_CallFunction& Call, const UFunction& Function)
+{
+	const UClass* const Owner = Function.HasAnyFunctionFlags(FUNC_Static) ? Function.GetOwnerClass() : nullptr;
+	if (UEdGraphPin* const Self = Call.FindPin(UEdGraphSchema_K2::PN_Self, EGPD_Input))
+	{
+		Self->DefaultObject = Owner ? Owner->GetDefaultObject() : nullptr;
+	}
+}
+
 static void Bind(UK2Node_CallFunction& Call, const UFunction& Function, Morvane::FToolResult& Result)
 {
 	Call.Modify();
 	Call.SetFromFunction(&Function);
 	TArray<FString> Lost = NodeRefresh::Reconstruct({&Call});
+	HoldLibrary(Call, Function);
 	// The function was meant to be another one, so nothing waits for the old one's pins to come back.
 	Lost.Append(DropWrongTargets(Call));
 	Lost.Append(DropOldPins(Call));
