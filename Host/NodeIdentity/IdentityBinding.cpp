@@ -370,6 +370,32 @@ void ApplyFields(UEdGraphNode& Node, const FJsonObject& Identity)
 	}
 }
 
+void FillShownLists(UEdGraphNode& Node, const FJsonObject& Identity)
+{
+	static const FString Shown(TEXT("bShowPin=True"));
+	const FStructProperty* const Member = CastField<FStructProperty>(
+		Node.GetClass()->FindPropertyByName(FName(TEXT("Node"))));
+	const TSharedPtr<FJsonObject>* Lines = nullptr;
+	if (!Member || !Identity.TryGetObjectField(TEXT("props"), Lines) || (*Lines)->HasField(TEXT("Node")))
+	{
+		return;
+	}
+	for (TFieldIterator<FArrayProperty> It(Member->Struct); It; ++It)
+	{
+		const FString Name = FString::Printf(TEXT("PropertyName=\"%s\""), *It->GetName());
+		const FScriptArrayHelper Elements(*It, It->ContainerPtrToValuePtr<void>(Member->GetValuePtr(&Node)));
+		for (const auto& Pair : (*Lines)->Values)
+		{
+			FString Value;
+			if (Elements.Num() == 0 && Pair.Value && Pair.Value->TryGetString(Value) && Value.Contains(Name)
+				&& Value.Contains(Shown))
+			{
+				Elements.Resize(1);
+			}
+		}
+	}
+}
+
 void HideUnlisted(UEdGraphNode& Node, const FJsonObject& Identity)
 {
 	const FArrayProperty* const Array = CastField<FArrayProperty>(

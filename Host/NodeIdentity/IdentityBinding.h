@@ -12,6 +12,9 @@ namespace IdentityBinding
 void ApplyPropertyLines(UEdGraphNode& Node, const FJsonObject& Identity);
 /** Binds the node to what the other members name, where the property lines left it open. */
 void ApplyFields(UEdGraphNode& Node, const FJsonObject& Identity);
+/** A list whose pins an identity shows has an element at least; how many, an identity tells by the node's values alone.
+ */
+void FillShownLists(UEdGraphNode& Node, const FJsonObject& Identity);
 /** Takes away the pins of members that an identity does not list, where it lists any. */
 void HideUnlisted(UEdGraphNode& Node, const FJsonObject& Identity);
 /** A sentence about what the node is bound to and nobody knows; empty when all is there. */

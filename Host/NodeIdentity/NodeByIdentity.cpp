@@ -72,6 +72,12 @@ FNodeByIdentity::~FNodeByIdentity()
 
 UClass* FNodeByIdentity::ChooseParent(const FJsonObject& Identity) const
 {
+	// What a target pin shows follows from the Blueprint that the node stood in, where the identity tells its class.
+	UClass* const Self = FindObject<UClass>(nullptr, NodeIdentities::Text(Identity, TEXT("self_class")));
+	if (Self && FKismetEditorUtilities::CanCreateBlueprintOfClass(Self))
+	{
+		return Self;
+	}
 	UClass* const Actor = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
 	if (UClass* const EventParent = FindObject<UClass>(nullptr, NodeIdentities::Text(Identity, TEXT("event_parent"))))
 	{
@@ -114,7 +120,9 @@ UEdGraph* FNodeByIdentity::GetGraph(UClass* Parent, const UClass* NodeClass)
 		const FString PackageName = FString::Printf(
 			TEXT("/Temp/NodeByIdentity/%s_%d"), *Parent->GetName(), Scratch.Num());
 		UPackage* const Package = CreatePackage(*PackageName);
-		Blueprint = FKismetEditorUtilities::CreateBlueprint(Parent, Package, FName(TEXT("Scratch")), BPTYPE_Normal);
+		const UClass* const Library = FindObject<UClass>(nullptr, TEXT("/Script/Engine.BlueprintFunctionLibrary"));
+		const EBlueprintType Type = Library && Parent->IsChildOf(Library) ? BPTYPE_FunctionLibrary : BPTYPE_Normal;
+		Blueprint = FKismetEditorUtilities::CreateBlueprint(Parent, Package, FName(TEXT("Scratch")), Type);
 	}
 	if (!Blueprint)
 	{
@@ -168,6 +176,7 @@ UEdGraphNode* FNodeByIdentity::Make(const FJsonObject& Identity, FString& OutErr
 		Node->DestroyNode();
 		return nullptr;
 	}
+	IdentityBinding::FillShownLists(*Node, Identity);
 	Node->AllocateDefaultPins();
 	IdentityBinding::HideUnlisted(*Node, Identity);
 	const UK2Node_ConstructObjectFromClass* const Construct = Cast<UK2Node_ConstructObjectFromClass>(Node);

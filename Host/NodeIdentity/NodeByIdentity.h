@@ -15,7 +15,8 @@ class UEdGraph;
  * Members: "node_class" (path or short name); "function", "function_parent", "self_context" with "declared_in";
  * "event", "event_parent", "custom_event"; "variable", "variable_parent"; "delegate", "delegate_parent"; "macro",
  * "struct", "enum", "cast_target", "key" as paths or names; "keys" and "props" as objects whose members are property
- * lines of the node, as object text spells them; "user_pins".
+ * lines of the node, as object text spells them; "user_pins"; "self_class" (the native parent of the Blueprint it stood
+ * in).
  *
  * Nodes stand in a scratch Blueprint of a fitting parent class, which lives as long as this object.
  */

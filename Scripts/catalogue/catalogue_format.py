@@ -53,7 +53,7 @@ FUNCTION_META = (
     "AdvancedDisplay", "ArrayParm", "ArrayTypeDependentParams", "AutoCreateRefTerm", "BlueprintProtected",
     "CallableWithoutWorldContext",
     "CommutativeAssociativeBinaryOperator", "CustomStructureParam", "DefaultToSelf", "DeterminesOutputType",
-    "DevelopmentOnly", "DynamicOutputParam", "ExpandBoolAsExecs", "ExpandEnumAsExecs", "HidePin", "InternalUseParam",
+    "DevelopmentOnly", "DynamicOutputParam", "ExpandBoolAsExecs", "ExpandEnumAsExecs", "HidePin", "HideSelfPin", "InternalUseParam",
     "LatentInfo", "MapKeyParam", "MapParam", "MapValueParam", "SetParam", "UnsafeDuringActorConstruction")
 
 # Metadata that names parameters of any type; '|' and ',' part the names.

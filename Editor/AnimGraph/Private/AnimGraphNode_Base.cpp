@@ -185,10 +185,29 @@ bool UAnimGraphNode_Base::SetPinVisibility(bool bInVisible, FName PropertyName)
 
 void UAnimGraphNode_Base::CreateOutputPins()
 {
-	if (!IsSinkNode())
+	static const FName Output(TEXT("OutputPose"));
+	const FString* const Space = GetClass()->FindMetaData(Output);
+	if (IsSinkNode())
+	{
+		return;
+	}
+	if (Space && *Space == TEXT("Component"))
+	{
+		CreateComponentPosePin(EGPD_Output, TEXT("Pose"));
+	}
+	else
 	{
 		CreatePosePin(EGPD_Output, TEXT("Pose"));
 	}
+}
+
+bool UAnimGraphNode_Base::IsOutOfSight(const FProperty& Member) const
+{
+	static const FName ShownIf(TEXT("PinShownIf"));
+	const FString* const Condition = Member.FindMetaData(ShownIf);
+	FString Other;
+	FString Value;
+	return Condition && Condition->Split(TEXT("="), &Other, &Value) && GetMemberText(FName(Other)) != Value;
 }
 
 void UAnimGraphNode_Base::CustomizePinData(UEdGraphPin* Pin, FName SourcePropertyName, int32) const
@@ -209,6 +228,11 @@ void UAnimGraphNode_Base::CustomizePinData(UEdGraphPin* Pin, FName SourcePropert
 		}
 	}
 	const UScriptStruct* const Struct = GetFNodeType();
+	const FProperty* const Source = Struct ? Struct->FindPropertyByName(SourcePropertyName) : nullptr;
+	if (Source && IsOutOfSight(*Source))
+	{
+		Pin->bHidden = true;
+	}
 	if (SourcePropertyName != Kinds[0].Member || Pin->bHidden || !Struct)
 	{
 		return;

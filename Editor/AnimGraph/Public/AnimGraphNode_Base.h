@@ -57,4 +57,6 @@ protected:
 private:
 	void RebuildPropertyList();
 	void CreatePropertyPins(TArray<UEdGraphPin*>* OldPins);
+	/** Whether another member's value leaves the member without use. */
+	bool IsOutOfSight(const FProperty& Member) const;
 };

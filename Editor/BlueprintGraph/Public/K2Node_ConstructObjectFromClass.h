@@ -22,6 +22,8 @@ public:
 
 	void AllocateDefaultPins() override;
 	void ReallocatePinsDuringReconstruction(TArray<UEdGraphPin*>& OldPins) override;
+	ERedirectType DoPinsMatchForReconstruction(
+		const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const override;
 	void PostPlacedNewNode() override;
 	void PinDefaultValueChanged(UEdGraphPin* Pin) override;
 	void PinConnectionListChanged(UEdGraphPin* Pin) override;

@@ -164,6 +164,11 @@ bool IsWorldContextHidden(const UFunction& Function, const UBlueprint* Caller)
 		return false;
 	}
 	const UClass* const Self = Caller ? Caller->ParentClass.Get() : nullptr;
+	if (Caller && Caller->BlueprintType == BPTYPE_FunctionLibrary)
+	{
+		// Its functions have no object to ask: whoever calls them brings the world along.
+		return false;
+	}
 	return !Self || (HasWorld(Self) && !Self->HasMetaData(FBlueprintMetadata::MD_ShowWorldContextPin));
 }
 } // namespace FunctionPins

@@ -23,6 +23,14 @@ static UEnum* EnumOf(const FProperty* Param)
 	return Enum ? Enum->GetEnum() : nullptr;
 }
 
+/** What only makes a value of the object that asks, and is not promised to leave it alone, has the asker for target. */
+static bool IsAskedOfItself(const UFunction& Function, const UBlueprint* Blueprint)
+{
+	const UClass* const Asker = Blueprint ? Blueprint->ParentClass.Get() : nullptr;
+	return Asker && Function.HasAnyFunctionFlags(FUNC_BlueprintPure) && !Function.HasAnyFunctionFlags(FUNC_Const)
+		&& Function.GetOwnerClass() && Asker->IsChildOf(Function.GetOwnerClass());
+}
+
 static bool IsInput(const FProperty* Param)
 {
 	return !Param->HasAnyPropertyFlags(CPF_ReturnParm)
@@ -142,6 +150,10 @@ UEdGraphPin* UK2Node_CallFunction::CreateSelfPin(UEdGraphNode* Node, const UFunc
 		Pin->bHidden = true;
 		Pin->bNotConnectable = true;
 	}
+	else if (CallPins::IsAskedOfItself(*Function, Blueprint))
+	{
+		Pin->bHidden = true;
+	}
 	else if (bOwnedByBlueprint)
 	{
 		Pin->bHidden = !Function->HasMetaData(FBlueprintMetadata::MD_ShowHiddenSelfPins);
@@ -159,9 +171,10 @@ UEdGraphPin* UK2Node_CallFunction::CreateParameterPin(
 	{
 		return nullptr;
 	}
-	// An output that C++ writes through a reference is a plain output pin; a reference that it returns is one.
-	Pin->PinType.bIsReference = (bIsInput || Param->HasAnyPropertyFlags(CPF_ReturnParm))
+	// By-reference is a way of passing an input; an output that C++ writes through a reference is a plain output pin.
+	const bool bReturnsReference = Param->HasAnyPropertyFlags(CPF_ReturnParm)
 		&& Param->HasAnyPropertyFlags(CPF_ReferenceParm);
+	Pin->PinType.bIsReference = bReturnsReference || (bIsInput && Param->HasAnyPropertyFlags(CPF_ReferenceParm));
 	if (IsWildcardProperty(Function, Param))
 	{
 		Pin->PinType.PinCategory = UEdGraphSchema_K2::PC_Wildcard;
@@ -172,7 +185,8 @@ UEdGraphPin* UK2Node_CallFunction::CreateParameterPin(
 	// What the function changes is there to be linked; what it only looks at by reference has no value of its own.
 	const bool bLooksAt = Param->HasAnyPropertyFlags(CPF_ReferenceParm)
 		&& (Param->HasAnyPropertyFlags(CPF_ConstParm) || Pin->PinType.IsContainer());
-	Pin->bDefaultValueIsIgnored = bIsInput && bLooksAt && (!bAutoCreated || Pin->PinType.IsContainer());
+	Pin->bDefaultValueIsIgnored = bReturnsReference
+		|| (bIsInput && bLooksAt && (!bAutoCreated || Pin->PinType.IsContainer()));
 	Pin->bAdvancedView = Param->HasAnyPropertyFlags(CPF_AdvancedDisplay)
 		|| FunctionPins::Get(*Function).Advanced.Contains(Param->GetFName());
 	if (Pin->bAdvancedView && AdvancedPinDisplay == ENodeAdvancedPins::NoPins)

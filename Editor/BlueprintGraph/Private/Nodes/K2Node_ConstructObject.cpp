@@ -30,7 +30,9 @@ void UK2Node_CreateWidget::DescribeClass(FClassDescriber&) {}
 namespace ConstructObject
 {
 const FName ClassPin(TEXT("Class"));
-const FName OuterPin(TEXT("Outer"));
+/** What the outer's pin is called in older assets; it is the self pin since, so that nothing linked means the
+ * Blueprint. */
+const FName OldOuterPin(TEXT("Outer"));
 const FName WorldContextPin(TEXT("WorldContextObject"));
 const FName TransformPin(TEXT("SpawnTransform"));
 const FName CollisionPin(TEXT("CollisionHandlingOverride"));
@@ -53,7 +55,7 @@ UEdGraphPin* UK2Node_ConstructObjectFromClass::GetClassPin(const TArray<UEdGraph
 
 UEdGraphPin* UK2Node_ConstructObjectFromClass::GetOuterPin() const
 {
-	return FindPin(ConstructObject::OuterPin, EGPD_Input);
+	return UseOuter() ? FindPin(UEdGraphSchema_K2::PN_Self, EGPD_Input) : nullptr;
 }
 
 UEdGraphPin* UK2Node_ConstructObjectFromClass::GetResultPin() const
@@ -87,7 +89,7 @@ bool UK2Node_ConstructObjectFromClass::IsSpawnVarPin(UEdGraphPin* Pin) const
 	const FName Name = Pin->PinName;
 	return Name != UEdGraphSchema_K2::PN_Execute && Name != UEdGraphSchema_K2::PN_Then
 		&& Name != UEdGraphSchema_K2::PN_ReturnValue && Name != ConstructObject::ClassPin
-		&& Name != ConstructObject::WorldContextPin && Name != ConstructObject::OuterPin;
+		&& Name != ConstructObject::WorldContextPin && Name != UEdGraphSchema_K2::PN_Self;
 }
 
 void UK2Node_ConstructObjectFromClass::AllocateDefaultPins()
@@ -102,7 +104,9 @@ void UK2Node_ConstructObjectFromClass::AllocateDefaultPins()
 	CreatePin(EGPD_Output, UEdGraphSchema_K2::PC_Object, GetClassPinBaseClass(), UEdGraphSchema_K2::PN_ReturnValue);
 	if (UseOuter())
 	{
-		CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Object, UObject::StaticClass(), ConstructObject::OuterPin);
+		UEdGraphPin* const Outer = CreatePin(
+			EGPD_Input, UEdGraphSchema_K2::PC_Object, UObject::StaticClass(), UEdGraphSchema_K2::PN_Self);
+		Outer->PinFriendlyName = NSLOCTEXT("K2Node", "Outer", "Outer");
 	}
 	CreateOwnPins();
 	Super::AllocateDefaultPins();
@@ -125,6 +129,14 @@ void UK2Node_ConstructObjectFromClass::ReallocatePinsDuringReconstruction(TArray
 		CreatePinsForClass(Class);
 	}
 	RestoreSplitPins(OldPins);
+}
+
+UK2Node::ERedirectType UK2Node_ConstructObjectFromClass::DoPinsMatchForReconstruction(
+	const UEdGraphPin* NewPin, int32 NewPinIndex, const UEdGraphPin* OldPin, int32 OldPinIndex) const
+{
+	const bool bOuter = UseOuter() && NewPin->PinName == UEdGraphSchema_K2::PN_Self
+		&& OldPin->PinName == ConstructObject::OldOuterPin && OldPin->Direction == EGPD_Input;
+	return bOuter ? ERedirectType_Name : Super::DoPinsMatchForReconstruction(NewPin, NewPinIndex, OldPin, OldPinIndex);
 }
 
 void UK2Node_ConstructObjectFromClass::PostPlacedNewNode()
@@ -304,11 +316,6 @@ void UK2Node_GenericCreateObject::ValidateNodeDuringCompilation(FCompilerResults
 			*FString::Printf(TEXT("Cannot construct actors with @@: '%s' has to be spawned."), *Class->GetName()),
 			this);
 	}
-	const UEdGraphPin* const Outer = GetOuterPin();
-	if (Outer && !Outer->DefaultObject && Outer->LinkedTo.IsEmpty())
-	{
-		MessageLog.Error(TEXT("Node @@: the outer is not connected (@@)."), this, Outer);
-	}
 }
 
 UClass* UK2Node_CreateWidget::GetClassPinBaseClass() const
@@ -367,8 +374,10 @@ bool UK2Node_AddComponentByClass::IsSpawnVarPin(UEdGraphPin* Pin) const
 
 void UK2Node_AddComponentByClass::CreateOwnPins()
 {
+	FCreatePinParams BehindExecute;
+	BehindExecute.Index = 1;
 	UEdGraphPin* const SelfPin = CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Object,
-		ConstructObject::FindClass(TEXT("/Script/Engine.Actor")), UEdGraphSchema_K2::PN_Self);
+		ConstructObject::FindClass(TEXT("/Script/Engine.Actor")), UEdGraphSchema_K2::PN_Self, BehindExecute);
 	SelfPin->PinFriendlyName = NSLOCTEXT("K2Node", "Target", "Target");
 	UEdGraphPin* const Manual = CreatePin(
 		EGPD_Input, UEdGraphSchema_K2::PC_Boolean, ConstructObject::ManualAttachmentPin);

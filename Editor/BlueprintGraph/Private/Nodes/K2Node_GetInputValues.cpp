@@ -39,6 +39,7 @@ static void Fill(UK2Node_CallFunction& Node, FName PinName, const FString& Value
 	if (UEdGraphPin* const Self = Node.FindPin(UEdGraphSchema_K2::PN_Self, EGPD_Input))
 	{
 		Self->bHidden = true;
+		Self->bNotConnectable = true;
 	}
 }
 

@@ -115,7 +115,9 @@ void UK2Node_GetSubsystem::AllocateDefaultPins()
 		CreatePin(EGPD_Input, UEdGraphSchema_K2::PC_Object, UObject::StaticClass(), Subsystems::WorldContextPin);
 	}
 	CreateOwnPins();
-	UClass* const Base = FindObject<UClass>(nullptr, GetBaseClassPaths()[0]);
+	// A node for several kinds of subsystem lets its pin choose among all of them.
+	const TArray<const TCHAR*> Paths = GetBaseClassPaths();
+	UClass* const Base = FindObject<UClass>(nullptr, Paths.Num() == 1 ? Paths[0] : TEXT("/Script/Engine.Subsystem"));
 	UClass* Result = CustomClass.Get();
 	if (!Result)
 	{

@@ -79,8 +79,9 @@ void UK2Node_PromotableOperator::CreateTolerancePin(const UFunction* Function)
 	// Only "nearly equal" overloads use it. It is there from the start, so that choosing another overload keeps the
 	// pins.
 	const bool bNamed = Function && Function->FindPropertyByName(PromotableOperators::TolerancePin);
+	const bool bNamedOperation = FTypePromotion::IsComparisonOpName(OperationName);
 	if (!Function || !FTypePromotion::IsComparisonFunc(Function)
-		|| (PromotableOperators::IsStructOperand(*Function) && !bNamed))
+		|| (PromotableOperators::IsStructOperand(*Function) && !bNamed && !bNamedOperation))
 	{
 		return;
 	}

@@ -232,6 +232,43 @@ FString Normalise(const UScriptStruct& Struct, const FString& Text)
 }
 } // namespace SchemaStructText
 
+namespace SchemaStructText
+{
+/** Whether the struct has a text of its own in place of its members. */
+static bool IsWrittenByItself(const UScriptStruct& Struct)
+{
+	return Struct.GetOps() && Struct.GetOps()->ExportText;
+}
+
+/** All members by name, whatever they hold: a pin's text does not lean on what the struct starts as. */
+static void WriteWhole(const UScriptStruct& Struct, const void* Value, FString& Out)
+{
+	bool bFirst = true;
+	Out += TEXT("(");
+	for (TFieldIterator<FProperty> It(&Struct); It; ++It)
+	{
+		const void* const Member = It->ContainerPtrToValuePtr<void>(Value);
+		const FStructProperty* const Inner = CastField<FStructProperty>(*It);
+		const FNameProperty* const Name = CastField<FNameProperty>(*It);
+		Out += (bFirst ? TEXT("") : TEXT(",")) + It->GetName() + TEXT("=");
+		bFirst = false;
+		if (Inner && Inner->Struct && !IsWrittenByItself(*Inner->Struct))
+		{
+			WriteWhole(*Inner->Struct, Member, Out);
+		}
+		else if (Name && static_cast<const FName*>(Member)->IsNone())
+		{
+			Out += TEXT("\"\"");
+		}
+		else
+		{
+			It->ExportTextItem_Direct(Out, Member, Member, nullptr, PPF_Delimited);
+		}
+	}
+	Out += TEXT(")");
+}
+} // namespace SchemaStructText
+
 FString PinDefaultText::Of(const FProperty& Property, const void* Value)
 {
 	const FStructProperty* const Member = CastField<FStructProperty>(&Property);
@@ -240,6 +277,12 @@ FString PinDefaultText::Of(const FProperty& Property, const void* Value)
 		return static_cast<const FTransform*>(Value)->ToString();
 	}
 	FString Text;
+	if (Member && Member->Struct && !SchemaStructText::IsRow(*Member->Struct)
+		&& !SchemaStructText::IsWrittenByItself(*Member->Struct))
+	{
+		SchemaStructText::WriteWhole(*Member->Struct, Value, Text);
+		return Text;
+	}
 	if (!Member || !SchemaStructText::IsRow(*Member->Struct))
 	{
 		// Against itself: a struct is told with all its members, also those that are as in a new one.

@@ -271,6 +271,27 @@ static uint64 ToFlags(const FPropertyRecord& Record, const FTypeRecord& Type, bo
 	return (bParameter ? ToParameterFlags(Record) : ToMemberFlags(Record, Type))
 		| (bTemplateClass ? CPF_UObjectWrapper : CPF_None);
 }
+
+/** In a container it is the element, the key or the value that a template holds. */
+static void WrapElements(const FLoadedImage& Image, const FTypeRecord& Type, bool bParameter, FProperty& Property)
+{
+	FMapProperty* const Map = CastField<FMapProperty>(&Property);
+	if (Property.HasAnyPropertyFlags(CPF_UObjectWrapper))
+	{
+		const FArrayProperty* const Array = CastField<FArrayProperty>(&Property);
+		const FSetProperty* const Set = CastField<FSetProperty>(&Property);
+		FProperty* const Element = Array ? Array->Inner : Set ? Set->ElementProp : Map ? Map->KeyProp : nullptr;
+		if (Element)
+		{
+			Element->SetPropertyFlags(CPF_UObjectWrapper);
+		}
+	}
+	const ECategory Value = Map ? Image.GetView().Type(Type.ValueType).Category : ECategory::Bool;
+	if (Value == ECategory::Class || (Value == ECategory::Object && !bParameter))
+	{
+		Map->ValueProp->SetPropertyFlags(CPF_UObjectWrapper);
+	}
+}
 } // namespace CatalogueProperties
 
 FProperty* MakeProperty(FLoadedImage& Image, const FPropertyRecord& Record, UStruct& Owner, bool bParameter)
@@ -281,6 +302,7 @@ FProperty* MakeProperty(FLoadedImage& Image, const FPropertyRecord& Record, UStr
 	if (Property)
 	{
 		Property->SetPropertyFlags(ToFlags(Record, Type, bParameter));
+		WrapElements(Image, Type, bParameter, *Property);
 		DescribeProperty(Image, Record, *Property);
 	}
 	return Property;
@@ -289,10 +311,11 @@ FProperty* MakeProperty(FLoadedImage& Image, const FPropertyRecord& Record, UStr
 void DescribeNativeProperty(FLoadedImage& Image, const FPropertyRecord& Record, FProperty& Property)
 {
 	using namespace CatalogueProperties;
-	if (!Property.HasAnyPropertyFlags(CPF_Edit | CPF_BlueprintVisible | CPF_BlueprintAssignable))
-	{
-		Property.SetPropertyFlags(ToFlags(Record, Image.GetView().Type(Record.Type), false));
-	}
+	const FTypeRecord& Type = Image.GetView().Type(Record.Type);
+	const uint64 Flags = ToFlags(Record, Type, false);
+	const bool bDescribed = Property.HasAnyPropertyFlags(CPF_Edit | CPF_BlueprintVisible | CPF_BlueprintAssignable);
+	Property.SetPropertyFlags(bDescribed ? Flags & CPF_UObjectWrapper : Flags);
+	WrapElements(Image, Type, false, Property);
 	DescribeProperty(Image, Record, Property);
 }
 } // namespace Catalogue
