@@ -45,6 +45,7 @@
 #include "K2Node_DynamicCast.h"
 #include "K2Node_EaseFunction.h"
 #include "K2Node_EditablePinBase.h"
+#include "K2Node_EditorPropertyAccess.h"
 #include "K2Node_EnhancedInputAction.h"
 #include "K2Node_EnumEquality.h"
 #include "K2Node_EnumInequality.h"
@@ -89,6 +90,7 @@
 #include "K2Node_MathExpression.h"
 #include "K2Node_Message.h"
 #include "K2Node_MultiGate.h"
+#include "K2Node_PlayAnimation.h"
 #include "K2Node_PlayMontage.h"
 #include "K2Node_PromotableOperator.h"
 #include "K2Node_RemoveDelegate.h"
@@ -111,6 +113,7 @@
 #include "K2Node_Variable.h"
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
+#include "K2Node_VariableSetRef.h"
 #include "Menu/ActionSources.h"
 #include "Menu/OfferNodeSpawner.h"
 #include "NodeDependingOnEnumInterface.h"
@@ -151,7 +154,11 @@ void RegisterBlueprintGraphClasses()
 		&UK2Node_GetEnumeratorName::StaticClass, &UK2Node_GetEnumeratorNameAsString::StaticClass,
 		&UK2Node_GetNumEnumEntries::StaticClass, &UK2Node_GetInputAxisValue::StaticClass,
 		&UK2Node_GetInputAxisKeyValue::StaticClass, &UK2Node_GetInputVectorAxisValue::StaticClass,
-		&UK2Node_AIMoveTo::StaticClass, &UK2Node_PlayMontage::StaticClass, &UK2Node_GetSubsystem::StaticClass,
+		&UK2Node_AIMoveTo::StaticClass, &UK2Node_PlayMontage::StaticClass, &UK2Node_PlayAnimation::StaticClass,
+		&UK2Node_PlayAnimationTimeRange::StaticClass, &UK2Node_PlayAnimation2::StaticClass,
+		&UK2Node_PlayAnimationTimeRange2::StaticClass, &UK2Node_EditorPropertyAccessBase::StaticClass,
+		&UK2Node_GetEditorProperty::StaticClass, &UK2Node_SetEditorProperty::StaticClass,
+		&UK2Node_VariableSetRef::StaticClass, &UK2Node_GetSubsystem::StaticClass,
 		&UK2Node_GetSubsystemFromPC::StaticClass, &UK2Node_GetEngineSubsystem::StaticClass,
 		&UK2Node_GetEditorSubsystem::StaticClass, &UK2Node_IfThenElse::StaticClass, &UK2Node_InputAction::StaticClass,
 		&UK2Node_InputAxisEvent::StaticClass, &UK2Node_InputAxisKeyEvent::StaticClass,

@@ -34,7 +34,7 @@ protected:
 	/** Where menus list tasks whose factory says nothing of it. */
 	virtual FText GetDefaultCategory() const;
 	/** The way in, the way on at once, and the task itself where its class wants to be seen. */
-	void CreateFlowPins();
+	virtual void CreateFlowPins();
 	/** Exec outputs of the task's events, then the parameters of the first of them. */
 	void CreateEventPins();
 	void CreateFactoryPins(const UFunction& Function);

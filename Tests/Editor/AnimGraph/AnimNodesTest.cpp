@@ -31,8 +31,10 @@ static UEdGraph* PoseGraph(const FBlueprintBuilder& Blueprint)
 
 static UAnimGraphNode_Base* Place(UEdGraph* Graph, const TCHAR* ClassName)
 {
-	UClass* const Class = FindObject<UClass>(
-		nullptr, FString::Printf(TEXT("/Script/AnimGraph.AnimGraphNode_%s"), ClassName));
+	const FString Name(ClassName);
+	const FString Path = Name.Contains(TEXT(".")) ? Name.Replace(TEXT("."), TEXT(".AnimGraphNode_"))
+												  : TEXT("AnimGraph.AnimGraphNode_") + Name;
+	UClass* const Class = FindObject<UClass>(nullptr, TEXT("/Script/") + Path);
 	UAnimGraphNode_Base* const Node = Class ? Cast<UAnimGraphNode_Base>(Graph->CreateNode(Class)) : nullptr;
 	if (Node)
 	{
@@ -89,6 +91,18 @@ TEST(AnimNodes, PinsAreTheShownMembersOfTheStruct)
 		{TEXT("BlendSpacePlayer"), {"<X", "<Y", ">Pose"}},
 		{TEXT("SaveCachedPose"), {"<Pose"}},
 		{TEXT("Slot"), {"<Source", ">Pose"}},
+		{TEXT("Fabrik"),
+			{"<ComponentPose", "!<bAlphaBoolEnabled", "<Alpha", "!<AlphaCurveName", "<EffectorTransform", ">Pose"}},
+		{TEXT("BlendBoneByChannel"), {"<A", "<B", "<Alpha", ">Pose"}},
+		{TEXT("BlendSpaceSampleResult"), {"<Result"}},
+		{TEXT("Mirror"), {"<Source", "<bMirror", ">Pose"}},
+		{TEXT("AnimationWarpingEditor.OffsetRootBone"), {"<Source", ">Pose"}},
+		{TEXT("AnimationWarpingEditor.StrideWarping"),
+			{"<ComponentPose", "!<bAlphaBoolEnabled", "<Alpha", "!<AlphaCurveName", "<StrideDirection", "<StrideScale",
+				"!<LocomotionSpeed", ">Pose"}},
+		{TEXT("PoseSearchEditor.MotionMatching"), {"<Database", ">Pose"}},
+		{TEXT("BlendStackEditor.BlendStack"), {"<AnimationAsset", ">Pose"}},
+		{TEXT("LiveLinkGraphNode.LiveLinkPose"), {"<InputPose", "<LiveLinkSubjectName", ">Pose"}},
 	};
 	for (const auto& Row : Rows)
 	{
@@ -127,6 +141,28 @@ TEST(AnimNodes, HowMuchANodeCountsIsSaidByOnePin)
 	EXPECT_THAT(PinsOf(*Node), ElementsAre("<A", "<B", "<bAlphaBoolEnabled", "!<Alpha", "!<AlphaCurveName", ">Pose"));
 	SetMember(*Node, TEXT("(AlphaInputType=Curve)"));
 	EXPECT_THAT(PinsOf(*Node), ElementsAre("<A", "<B", "!<bAlphaBoolEnabled", "!<Alpha", "<AlphaCurveName", ">Pose"));
+}
+
+TEST(AnimNodes, PinsOfAnotherModeAreOutOfSight)
+{
+	const FBlueprintBuilder Blueprint(AnimInstance);
+	UAnimGraphNode_Base* const Node = Place(PoseGraph(Blueprint), TEXT("AnimationWarpingEditor.OrientationWarping"));
+	ASSERT_NE(Node, nullptr);
+	struct FCase
+	{
+		const TCHAR* Values;
+		bool bOrientation;
+		bool bLocomotion;
+	};
+	for (const FCase& Case : {FCase{TEXT("(Mode=Graph)"), false, true}, FCase{TEXT("(Mode=Manual)"), true, false}})
+	{
+		SetMember(*Node, Case.Values);
+		EXPECT_EQ(!Node->FindPin(TEXT("OrientationAngle"))->bHidden, Case.bOrientation) << ToStd(Case.Values);
+		EXPECT_EQ(!Node->FindPin(TEXT("LocomotionAngle"))->bHidden, Case.bLocomotion) << ToStd(Case.Values);
+	}
+	const UAnimGraphNode_Base* const History = Place(
+		PoseGraph(Blueprint), TEXT("PoseSearchEditor.PoseSearchComponentSpaceHistoryCollector"));
+	EXPECT_EQ(History->FindPin(TEXT("Pose"))->PinType, Node->FindPin(TEXT("Pose"))->PinType);
 }
 
 TEST(AnimNodes, AnAuthorShowsAndHidesMembers)

@@ -139,14 +139,37 @@ void UBlueprintFunctionNodeSpawner::Bind(UEdGraphNode& Node, bool) const
 	CastChecked<UK2Node_CallFunction>(&Node)->SetFromFunction(GetFunction());
 }
 
+namespace FunctionSpawners
+{
+/** An operator's pins are of any type, but links only what one of its overloads takes or gives. */
+static bool AnyOperand(const UFunction& Function, UBlueprintNodeSpawner::FPinVisitor Visit)
+{
+	for (const UFunction* const Overload :
+		FTypePromotion::GetAllFuncsForOp(FTypePromotion::GetOpNameFromFunction(&Function)))
+	{
+		if (Visit(FTypePromotion::GetParamType(*Overload, 0), EGPD_Input)
+			|| Visit(FTypePromotion::GetParamType(*Overload, 1), EGPD_Input)
+			|| Visit(FTypePromotion::GetParamType(*Overload, 2), EGPD_Output))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+} // namespace FunctionSpawners
+
 bool UBlueprintFunctionNodeSpawner::AnyPin(FPinVisitor Visit) const
 {
 	const FunctionSpawners::FClasses& Known = FunctionSpawners::Classes();
 	const UFunction* const Function = GetFunction();
+	if (Function && NodeClass.Get() == Known.Promotable)
+	{
+		return FunctionSpawners::AnyOperand(*Function, Visit);
+	}
 	const bool bMessage = NodeClass.Get() == Known.Message;
 	if (!Function || (NodeClass.Get() != Known.Plain && !bMessage) || FunctionPins::Get(*Function).bWantsExpansion)
 	{
-		// Operators and calls on containers show other pins than their functions have.
+		// Calls on containers show other pins than their functions have.
 		return Super::AnyPin(Visit);
 	}
 	const bool bPure = Function->HasAnyFunctionFlags(FUNC_BlueprintPure) && !bMessage;
