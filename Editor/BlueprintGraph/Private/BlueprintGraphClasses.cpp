@@ -52,12 +52,14 @@
 #include "K2Node_EnumLiteral.h"
 #include "K2Node_Event.h"
 #include "K2Node_EventNodeInterface.h"
+#include "K2Node_ExecutePythonScript.h"
 #include "K2Node_ExecutionSequence.h"
 #include "K2Node_ForEachElementInEnum.h"
 #include "K2Node_FormatText.h"
 #include "K2Node_FunctionEntry.h"
 #include "K2Node_FunctionResult.h"
 #include "K2Node_FunctionTerminator.h"
+#include "K2Node_GameplayCueEvent.h"
 #include "K2Node_GenericCreateObject.h"
 #include "K2Node_GetArrayItem.h"
 #include "K2Node_GetClassDefaults.h"
@@ -114,6 +116,7 @@
 #include "K2Node_VariableGet.h"
 #include "K2Node_VariableSet.h"
 #include "K2Node_VariableSetRef.h"
+#include "K2Node_WidgetAnimationEvent.h"
 #include "Menu/ActionSources.h"
 #include "Menu/OfferNodeSpawner.h"
 #include "NodeDependingOnEnumInterface.h"
@@ -158,12 +161,13 @@ void RegisterBlueprintGraphClasses()
 		&UK2Node_PlayAnimationTimeRange::StaticClass, &UK2Node_PlayAnimation2::StaticClass,
 		&UK2Node_PlayAnimationTimeRange2::StaticClass, &UK2Node_EditorPropertyAccessBase::StaticClass,
 		&UK2Node_GetEditorProperty::StaticClass, &UK2Node_SetEditorProperty::StaticClass,
-		&UK2Node_VariableSetRef::StaticClass, &UK2Node_GetSubsystem::StaticClass,
-		&UK2Node_GetSubsystemFromPC::StaticClass, &UK2Node_GetEngineSubsystem::StaticClass,
-		&UK2Node_GetEditorSubsystem::StaticClass, &UK2Node_IfThenElse::StaticClass, &UK2Node_InputAction::StaticClass,
-		&UK2Node_InputAxisEvent::StaticClass, &UK2Node_InputAxisKeyEvent::StaticClass,
-		&UK2Node_InputDebugKey::StaticClass, &UK2Node_InputKey::StaticClass, &UK2Node_InputTouch::StaticClass,
-		&UK2Node_InputVectorAxisEvent::StaticClass, &UK2Node_Knot::StaticClass,
+		&UK2Node_VariableSetRef::StaticClass, &UK2Node_GameplayCueEvent::StaticClass,
+		&UK2Node_WidgetAnimationEvent::StaticClass, &UK2Node_ExecutePythonScript::StaticClass,
+		&UK2Node_GetSubsystem::StaticClass, &UK2Node_GetSubsystemFromPC::StaticClass,
+		&UK2Node_GetEngineSubsystem::StaticClass, &UK2Node_GetEditorSubsystem::StaticClass,
+		&UK2Node_IfThenElse::StaticClass, &UK2Node_InputAction::StaticClass, &UK2Node_InputAxisEvent::StaticClass,
+		&UK2Node_InputAxisKeyEvent::StaticClass, &UK2Node_InputDebugKey::StaticClass, &UK2Node_InputKey::StaticClass,
+		&UK2Node_InputTouch::StaticClass, &UK2Node_InputVectorAxisEvent::StaticClass, &UK2Node_Knot::StaticClass,
 		&UK2Node_LatentGameplayTaskCall::StaticClass, &UK2Node_LatentAbilityCall::StaticClass,
 		&UK2Node_Literal::StaticClass, &UK2Node_LoadAsset::StaticClass, &UK2Node_LoadAssetClass::StaticClass,
 		&UK2Node_LoadAssets::StaticClass, &UK2Node_MacroInstance::StaticClass, &UK2Node_MakeContainer::StaticClass,

@@ -33,7 +33,7 @@ TEST(StandardMacros, EachHasAGraphThatLeadsFromItsEntryToItsExits)
 {
 	const FBlueprintBuilder Blueprint;
 	const UBlueprint* const Library = StandardMacros::GetLibrary();
-	EXPECT_EQ(Library->MacroGraphs.Num(), 15);
+	EXPECT_EQ(Library->MacroGraphs.Num(), 18);
 	for (UEdGraph* const Graph : Library->MacroGraphs)
 	{
 		EXPECT_TRUE(Graph->GraphGuid.IsValid()) << ToStd(Graph->GetName());

@@ -321,6 +321,45 @@ void IsValid(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
 	FBody::Link(Branch.GetElsePin(), Body.Out(TEXT("Is Not Valid")));
 }
 
+void IsValidClass(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
+{
+	FBody Body(Graph, Entry, Exit);
+	UK2Node_CallFunction& Check = Body.Call(TEXT("/Script/Engine.KismetSystemLibrary"), TEXT("IsValidClass"));
+	FBody::Link(Body.In(TEXT("InputClass")), Check.FindPin(TEXT("Class"), EGPD_Input));
+	UK2Node_IfThenElse& Branch = Body.Branch(Check.GetReturnValuePin());
+	FBody::Run(Body.In(TEXT("exec")), Branch);
+	FBody::Link(Branch.GetThenPin(), Body.Out(TEXT("Is Valid")));
+	FBody::Link(Branch.GetElsePin(), Body.Out(TEXT("Is Not Valid")));
+}
+
+namespace
+{
+void Compare(FBody& Body, const TCHAR* Greater, const TCHAR* Equal)
+{
+	UEdGraphPin* const Input = Body.In(TEXT("Input"));
+	UEdGraphPin* const With = Body.In(TEXT("CompareWith"));
+	UK2Node_IfThenElse& IsGreater = BranchOn(Body, Greater, Input, With);
+	FBody::Run(Body.In(TEXT("Exec")), IsGreater);
+	FBody::Link(IsGreater.GetThenPin(), Body.Out(TEXT(">")));
+	UK2Node_IfThenElse& IsEqual = BranchOn(Body, Equal, Input, With);
+	FBody::Run(IsGreater.GetElsePin(), IsEqual);
+	FBody::Link(IsEqual.GetThenPin(), Body.Out(TEXT("==")));
+	FBody::Link(IsEqual.GetElsePin(), Body.Out(TEXT("<")));
+}
+} // namespace
+
+void CompareInt(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
+{
+	FBody Body(Graph, Entry, Exit);
+	Compare(Body, TEXT("Greater_IntInt"), TEXT("EqualEqual_IntInt"));
+}
+
+void CompareFloat(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
+{
+	FBody Body(Graph, Entry, Exit);
+	Compare(Body, TEXT("Greater_DoubleDouble"), TEXT("EqualEqual_DoubleDouble"));
+}
+
 void IncrementInt(UEdGraph& Graph, UK2Node_Tunnel& Entry, UK2Node_Tunnel& Exit)
 {
 	FBody Body(Graph, Entry, Exit);

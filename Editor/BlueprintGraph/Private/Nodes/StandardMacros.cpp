@@ -23,6 +23,7 @@ enum class EPin : uint8
 	Int,
 	Real,
 	Object,
+	Class,
 	Wildcard,
 	WildcardArray,
 };
@@ -105,6 +106,20 @@ const std::initializer_list<FMacroRow>& GetStandardRows()
 			TEXT("Tells whether there is an object, and one that is alive"), TEXT("?"),
 			{{TEXT("exec"), EPin::Exec}, {TEXT("InputObject"), EPin::Object}},
 			{{TEXT("Is Valid"), EPin::Exec}, {TEXT("Is Not Valid"), EPin::Exec}}, &StandardMacroBodies::IsValid},
+		{TEXT("IsValidClass"), TEXT("3D6B8E0F41C94A7790D25E8A1FB3C764"), TEXT("Utilities"),
+			TEXT("Tells whether there is a class"), TEXT("?"),
+			{{TEXT("exec"), EPin::Exec}, {TEXT("InputClass"), EPin::Class}},
+			{{TEXT("Is Valid"), EPin::Exec}, {TEXT("Is Not Valid"), EPin::Exec}}, &StandardMacroBodies::IsValidClass},
+		{TEXT("CompareInt"), TEXT("8F27A5C34B0E4D61A9C87312E6D0B45F"), TEXT("Math|Integer"),
+			TEXT("Goes on by how the integer stands to another"), TEXT(""),
+			{{TEXT("Exec"), EPin::Exec}, {TEXT("Input"), EPin::Int}, {TEXT("CompareWith"), EPin::Int}},
+			{{TEXT(">"), EPin::Exec}, {TEXT("=="), EPin::Exec}, {TEXT("<"), EPin::Exec}},
+			&StandardMacroBodies::CompareInt},
+		{TEXT("CompareFloat"), TEXT("586FC6AF485A689F086B5CA6629837B4"), TEXT("Math|Float"),
+			TEXT("Goes on by how the float stands to another"), TEXT(""),
+			{{TEXT("Exec"), EPin::Exec}, {TEXT("Input"), EPin::Real}, {TEXT("CompareWith"), EPin::Real}},
+			{{TEXT(">"), EPin::Exec}, {TEXT("=="), EPin::Exec}, {TEXT("<"), EPin::Exec}},
+			&StandardMacroBodies::CompareFloat},
 		{TEXT("IncrementInt"), TEXT("ABF609A74436C3ED7357E59E21A41B9A"), TEXT("Math|Integer"),
 			TEXT("Adds 1 to the integer and stores it"), TEXT("++"),
 			{{TEXT(" "), EPin::Exec}, {TEXT("Value"), EPin::Int, true}},
@@ -180,6 +195,10 @@ FEdGraphPinType TypeOf(const FPinRow& Row)
 		break;
 	case EPin::Object:
 		Type.PinCategory = UEdGraphSchema_K2::PC_Object;
+		Type.PinSubCategoryObject = UObject::StaticClass();
+		break;
+	case EPin::Class:
+		Type.PinCategory = UEdGraphSchema_K2::PC_Class;
 		Type.PinSubCategoryObject = UObject::StaticClass();
 		break;
 	case EPin::WildcardArray:

@@ -20,6 +20,11 @@ void FStructVariableDescription::DescribeStruct(FStructDescriber& Struct)
 	Struct.Property(TEXT("SubCategoryObject"), &FStructVariableDescription::SubCategoryObject);
 	Struct.Property(TEXT("PinValueType"), &FStructVariableDescription::PinValueType);
 	Struct.Property(TEXT("ContainerType"), &FStructVariableDescription::ContainerType);
+	Struct.Property(TEXT("bDontEditOnInstance"), &FStructVariableDescription::bDontEditOnInstance);
+	Struct.Property(TEXT("bEnableSaveGame"), &FStructVariableDescription::bEnableSaveGame);
+	Struct.Property(TEXT("bEnableMultiLineText"), &FStructVariableDescription::bEnableMultiLineText);
+	Struct.Property(TEXT("bEnable3dWidget"), &FStructVariableDescription::bEnable3dWidget);
+	Struct.Property(TEXT("CurrentDefaultValue"), &FStructVariableDescription::CurrentDefaultValue);
 	Struct.Property(TEXT("bInvalidMember"), &FStructVariableDescription::bInvalidMember);
 	Struct.Property(TEXT("ToolTip"), &FStructVariableDescription::ToolTip);
 }

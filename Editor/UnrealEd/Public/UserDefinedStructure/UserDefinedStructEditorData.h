@@ -24,6 +24,11 @@ struct FStructVariableDescription
 	TSoftObjectPtr<UObject> SubCategoryObject;
 	FEdGraphTerminalType PinValueType;
 	EPinContainerType ContainerType = EPinContainerType::None;
+	bool bDontEditOnInstance = false;
+	bool bEnableSaveGame = false;
+	bool bEnableMultiLineText = false;
+	bool bEnable3dWidget = false;
+	FString CurrentDefaultValue;
 	/** The type is gone, so the struct has no such member for now. */
 	bool bInvalidMember = false;
 	FString ToolTip;
