@@ -32,27 +32,6 @@ UEnum* StaticEnum<ERichCurveTangentMode>();
 template <>
 UEnum* StaticEnum<ERichCurveTangentWeightMode>();
 
-enum ERichCurveTangentMode : uint8
-{
-	RCTM_Auto,
-	RCTM_User,
-	RCTM_Break,
-	RCTM_None,
-	RCTM_SmartAuto,
-};
-template <>
-UEnum* StaticEnum<ERichCurveTangentMode>();
-
-enum ERichCurveTangentWeightMode : uint8
-{
-	RCTWM_WeightedNone,
-	RCTWM_WeightedArrive,
-	RCTWM_WeightedLeave,
-	RCTWM_WeightedBoth,
-};
-template <>
-UEnum* StaticEnum<ERichCurveTangentWeightMode>();
-
 struct FRichCurveKey
 {
 	EDITOR_STRUCT(FRichCurveKey)
