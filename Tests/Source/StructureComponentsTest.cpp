@@ -1,5 +1,6 @@
 #include "BlueprintNodeUtils.h"
 #include "Components/SceneComponent.h"
+#include "Engine/InheritableComponentHandler.h"
 #include "K2Node_VariableGet.h"
 #include "Standalone/EditorFaults.h"
 #include "Structuring.h"
@@ -209,9 +210,55 @@ TEST(StructureComponents, ThoseOfAParentBlueprintAreParentsToo)
 	EXPECT_THAT(Successes(*Result), Contains("Attached existing component 'Box' to parent 'Base'"));
 	EXPECT_THAT(Warnings(*Result),
 		ElementsAre("Property 'Base' is inherited or native and cannot be removed from Blueprint",
-			"Component 'Base' is inherited from 'BP_Test_C' and can only be modified there",
 			"Component not found for removal: Base",
 			"Some class structure modifications failed in Blueprint: BP_Heir"));
+}
+
+TEST(StructureComponents, ThoseOfAParentBlueprintTakeValuesOfTheirOwn)
+{
+	FStructuring Case;
+	Case.Components(R"({"name":"Lamp","type":"PointLight","properties":{"Intensity":10}})");
+	RunTool(TEXT("bp_create_asset"),
+		R"({"path":"/Game/Tests/BP_Heir","blueprint_parent_class":{"type":"blueprint",
+		"parent_path":")"
+			+ ToStd(Case.Blueprint.Path()) + R"("}})");
+	const auto Change = [](const std::string& Entry)
+	{
+		return RunTool(TEXT("modify_blueprint_class_structure"),
+			R"({"path":"/Game/Tests/BP_Heir","components":[{"name":"lamp","action":"modify",)" + Entry + "}]}");
+	};
+	const auto Read = []
+	{
+		return ToStd(
+			RunTool(TEXT("read_blueprint_component"), R"({"path":"/Game/Tests/BP_Heir","component_name":"Lamp"})")
+				->GetDatas()
+				->GetStringField(TEXT("content")));
+	};
+	UBlueprint* const Heir = LoadObject<UBlueprint>(nullptr, TEXT("/Game/Tests/BP_Heir.BP_Heir"));
+	ASSERT_NE(Heir, nullptr);
+	TSharedPtr<Morvane::FToolResult> Result = Change(R"("properties":{"Intensity":10})");
+	EXPECT_THAT(Successes(*Result), Contains("No changes made to component: lamp"));
+	EXPECT_EQ(Heir->GetInheritableComponentHandler(false), nullptr) << "no template for nothing";
+	Result = Change(R"("properties":{"Intensity":20},"attach_to":"Lamp")");
+	EXPECT_THAT(Successes(*Result), Contains("Modified existing component: lamp"));
+	EXPECT_THAT(Warnings(*Result), ElementsAre(StartsWith("Component 'lamp' is inherited from 'BP_Test_C' and keeps")));
+	EXPECT_THAT(Read(), AllOf(HasSubstr(R"("Intensity":"20.0)"), HasSubstr(R"("overridden":["Intensity"])")));
+
+	// What the parent changes afterwards arrives below, but for what has a value of its own there.
+	Case.Components(R"({"name":"Lamp","action":"modify","properties":{"Intensity":30,"AttenuationRadius":70}})");
+	EXPECT_THAT(Read(),
+		AllOf(HasSubstr(R"("Intensity":"20.0)"), HasSubstr(R"("AttenuationRadius":"70.0)"),
+			HasSubstr(R"("overridden":["Intensity"])")));
+	EXPECT_EQ(Case.Value(TEXT("Lamp"), TEXT("Intensity")), "30.000000") << "the parent keeps its own";
+	const std::string Before = Read();
+	Morvane::FToolResult Compiled = *RunTool(
+		TEXT("compile_blueprint"), R"({"blueprint_paths":["/Game/Tests/BP_Heir"]})");
+	EXPECT_THAT(Errors(Compiled), IsEmpty());
+	EXPECT_EQ(Read(), Before);
+
+	Case.Components(R"({"name":"Lamp","action":"remove"})");
+	RunTool(TEXT("compile_blueprint"), R"({"blueprint_paths":["/Game/Tests/BP_Heir"]})");
+	EXPECT_TRUE(Heir->GetInheritableComponentHandler(false)->IsEmpty()) << "nothing is left of it here";
 }
 
 TEST(StructureComponents, WithoutTheSubsystemNodesAreLinkedDirectly)

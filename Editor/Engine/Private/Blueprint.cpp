@@ -195,6 +195,19 @@ bool UBlueprint::GetBlueprintHierarchyFromClass(const UClass* InClass, TArray<UB
 	return bNoErrors;
 }
 
+UInheritableComponentHandler* UBlueprint::GetInheritableComponentHandler(bool bCreateIfNecessary)
+{
+	UBlueprintGeneratedClass* const Class = Cast<UBlueprintGeneratedClass>(GeneratedClass.Get());
+	if (!InheritableComponentHandler && bCreateIfNecessary && Class)
+	{
+		Modify();
+		InheritableComponentHandler = NewObject<UInheritableComponentHandler>(
+			Class, TEXT("InheritableComponentHandler"), RF_Transactional);
+		Class->InheritableComponentHandler = InheritableComponentHandler;
+	}
+	return InheritableComponentHandler.Get();
+}
+
 FText UBlueprint::GetDisplayNameOfType(EBlueprintType Type)
 {
 	return FText::FromString(StaticEnum<EBlueprintType>()->GetDisplayNameTextByValue(Type).ToString());

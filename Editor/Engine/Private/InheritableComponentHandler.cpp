@@ -1,6 +1,7 @@
 #include "Engine/InheritableComponentHandler.h"
 
 #include "Components/ActorComponent.h"
+#include "ConstructionScriptNodes.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
 #include "Engine/SCS_Node.h"
@@ -72,6 +73,66 @@ UActorComponent* FComponentKey::GetOriginalTemplate() const
 {
 	const USCS_Node* const Node = FindSCSNode();
 	return Node ? Node->ComponentTemplate.Get() : nullptr;
+}
+
+UActorComponent* UInheritableComponentHandler::CreateOverridenComponentTemplate(const FComponentKey& Key)
+{
+	if (UActorComponent* const Present = GetOverridenComponentTemplate(Key))
+	{
+		return Present;
+	}
+	UClass* const Class = Cast<UClass>(GetOuter());
+	const USCS_Node* const Node = Key.FindSCSNode();
+	UActorComponent* const Nearest = Class && Node
+		? Node->GetActualComponentTemplate(Cast<UBlueprintGeneratedClass>(Class->GetSuperClass()))
+		: nullptr;
+	if (!Nearest)
+	{
+		return nullptr;
+	}
+	Modify();
+	RemoveOverridenComponentTemplate(Key);
+	FName Name = ConstructionScriptNodes::TemplateName(Key.GetSCSVariableName());
+	if (StaticFindObjectFast(nullptr, Class, Name))
+	{
+		Name = MakeUniqueObjectName(Class, Nearest->GetClass(), Name);
+	}
+	FComponentOverrideRecord Record;
+	Record.ComponentClass = Nearest->GetClass();
+	Record.ComponentTemplate = NewObject<UActorComponent>(Class, Nearest->GetClass(), Name,
+		static_cast<EObjectFlags>(RF_ArchetypeObject | RF_Transactional | RF_Public), Nearest);
+	Record.ComponentKey = Key;
+	Records.Add(Record);
+	return Record.ComponentTemplate.Get();
+}
+
+void UInheritableComponentHandler::RemoveOverridenComponentTemplate(const FComponentKey& Key)
+{
+	for (int32 Index = Records.Num() - 1; Index >= 0; --Index)
+	{
+		if (Records[Index].ComponentKey.Match(Key))
+		{
+			if (Records[Index].ComponentTemplate)
+			{
+				Records[Index].ComponentTemplate->MarkAsGarbage();
+			}
+			Records.RemoveAt(Index);
+		}
+	}
+}
+
+void UInheritableComponentHandler::ValidateTemplates()
+{
+	const TArray<FComponentOverrideRecord> Present = Records;
+	for (const FComponentOverrideRecord& Record : Present)
+	{
+		const FComponentKey& Key = Record.ComponentKey;
+		const UBlueprint* const Owner = UBlueprint::GetBlueprintFromClass(Key.GetComponentOwner());
+		if (Owner && Owner->SimpleConstructionScript && !Key.FindSCSNode())
+		{
+			RemoveOverridenComponentTemplate(Key);
+		}
+	}
 }
 
 UActorComponent* UInheritableComponentHandler::GetOverridenComponentTemplate(const FComponentKey& InKey) const

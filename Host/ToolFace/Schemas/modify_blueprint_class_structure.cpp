@@ -43,7 +43,7 @@ const FToolSchema ModifyBlueprintClassStructureSchema = {
 			"items": {
 				"type": "object",
 				"properties": {
-					"name": { "type": "string", "description": "A component that the parent class has by its code goes by its own name or by its variable's (CharacterMovement, Mesh); modify gives it other properties in this Blueprint." },
+					"name": { "type": "string", "description": "Of the parent class too, be it a Blueprint or code: modify gives an inherited component other properties in this Blueprint. One of code goes by its own name or by its variable's (CharacterMovement, Mesh)." },
 					"action": { "type": "string", "enum": ["add", "modify", "remove"], "description": "Default add." },
 					"type": { "type": "string", "description": "Component class, needed for add: StaticMeshComponent, BoxComponent, PointLightComponent, ..." },
 					"attach_to": { "type": "string", "description": "Name of the parent component, which may be an inherited one. What stands behind it in the list is not there yet." },

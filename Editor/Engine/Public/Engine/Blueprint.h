@@ -154,6 +154,8 @@ public:
 	FString BlueprintDescription;
 	FString BlueprintCategory;
 	TObjectPtr<USimpleConstructionScript> SimpleConstructionScript;
+	/** Null where there is none and none is to be made, and for a Blueprint without a class. */
+	UInheritableComponentHandler* GetInheritableComponentHandler(bool bCreateIfNecessary);
 	/** Null unless the Blueprint changes components that it inherits from other Blueprints. */
 	TObjectPtr<UInheritableComponentHandler> InheritableComponentHandler;
 	TArray<TObjectPtr<UEdGraph>> UbergraphPages;

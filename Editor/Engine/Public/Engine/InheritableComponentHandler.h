@@ -41,13 +41,20 @@ struct FComponentOverrideRecord
 	FComponentKey ComponentKey;
 };
 
-/** What a Blueprint's class changes of components that it inherits from other Blueprints. Read, and made nowhere here.
- */
+/** What a Blueprint's class changes of components that it inherits from other Blueprints. */
 class UInheritableComponentHandler : public UObject
 {
 	EDITOR_CLASS(UInheritableComponentHandler, UObject)
 
 public:
+	/** The class's own template of the component, made with the values of the nearest parent where there is none. Null
+	 * for a component that no parent has. */
+	UActorComponent* CreateOverridenComponentTemplate(const FComponentKey& Key);
+	/** The component takes its parent's values again. */
+	void RemoveOverridenComponentTemplate(const FComponentKey& Key);
+	/** Drops what is about components that their own Blueprints have no more. */
+	void ValidateTemplates();
+	bool IsEmpty() const { return Records.IsEmpty(); }
 	/** Null for a component that keeps its parent's values. */
 	UActorComponent* GetOverridenComponentTemplate(const FComponentKey& InKey) const;
 	/** The key of a template of this handler; not valid for another's. */

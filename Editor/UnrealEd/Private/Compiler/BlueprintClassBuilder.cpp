@@ -6,6 +6,7 @@
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "Engine/BlueprintGeneratedClass.h"
+#include "Engine/InheritableComponentHandler.h"
 #include "Engine/SCS_Node.h"
 #include "Engine/SimpleConstructionScript.h"
 #include "Engine/TimelineTemplate.h"
@@ -85,6 +86,10 @@ private:
 			Class.SetMetaData(FBlueprintMetadata::MD_DisplayName, Blueprint.BlueprintDisplayName);
 		}
 		Class.SimpleConstructionScript = Blueprint.SimpleConstructionScript;
+		if (Blueprint.InheritableComponentHandler)
+		{
+			Blueprint.InheritableComponentHandler->ValidateTemplates();
+		}
 		Class.InheritableComponentHandler = Blueprint.InheritableComponentHandler;
 		Class.Timelines = Blueprint.Timelines;
 		Class.ComponentTemplates = Blueprint.ComponentTemplates;

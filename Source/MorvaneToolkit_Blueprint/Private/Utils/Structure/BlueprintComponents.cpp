@@ -16,6 +16,7 @@
 #include "Utils/Report/TrackedNames.h"
 #include "Utils/Structure/ComponentAttachment.h"
 #include "Utils/Structure/ComponentProperties.h"
+#include "Utils/Structure/InheritedComponents.h"
 #include "Utils/Structure/MemberNodes.h"
 #include "Utils/Structure/StructureBatch.h"
 #include "Utils/Structure/StructureNames.h"
@@ -109,17 +110,16 @@ private:
 		}
 	}
 
-	/**
-	 * A component that the class has by code is the Blueprint's own in its default object. One that a parent Blueprint
-	 * makes is changed there: its template belongs to the parent.
-	 */
+	/** The values of an inherited component are this Blueprint's; what it is and where it hangs is its parent's. */
 	void ModifyInherited(const FString& Name, const FStructureEntry& Entry)
 	{
 		UClass* const Class = FBlueprintEditorUtils::GetMostUpToDateClass(Blueprint.GeneratedClass);
 		UActorComponent* const Native = Class ? NativeComponents::Find(*Class, Name) : nullptr;
 		if (Native)
 		{
-			ModifyNative(Name, *Native, Entry);
+			// It belongs to the class default object, which each class has for itself.
+			WarnOfFixedKeys(Name, NativeComponents::FindOwner(*Native)->GetName(), Entry);
+			FinishInherited(Name, Native->GetName(), ApplyProperties(*Native, Name, Entry));
 			return;
 		}
 		const FName Wanted(*Name);
@@ -127,15 +127,35 @@ private:
 		{
 			if (Node->GetVariableName() == Wanted)
 			{
-				RefuseInherited(Name, Node->GetSCS()->GetOwnerClass());
+				ModifyOfParent(Name, *Node, Entry);
 				return;
 			}
 		}
 		Result.AddWarningMessage(FString::Printf(TEXT("Component '%s' not found for modification"), *Name));
 	}
 
-	/** Its values are this Blueprint's; what it is and where it hangs is the class's. */
-	void ModifyNative(const FString& Name, UActorComponent& Component, const FStructureEntry& Entry)
+	/** One that a parent Blueprint makes has its template there, so that this Blueprint gets a template of its own. */
+	void ModifyOfParent(const FString& Name, const USCS_Node& Node, const FStructureEntry& Entry)
+	{
+		const UClass* const Owner = Node.GetSCS()->GetOwnerClass();
+		const FString OwnerName = Owner ? Owner->GetName() : FString(TEXT("the parent class"));
+		WarnOfFixedKeys(Name, OwnerName, Entry);
+		FInheritedComponent Component(Blueprint, Node);
+		if (!Component.GetTemplate())
+		{
+			Result.AddWarningMessage(FString::Printf(
+				TEXT("Component '%s' is inherited from '%s' and can only be modified there"), *Name, *OwnerName));
+			return;
+		}
+		const bool bChanged = ApplyProperties(*Component.GetTemplate(), Name, Entry);
+		if (!bChanged)
+		{
+			Component.Forget();
+		}
+		FinishInherited(Name, Node.GetVariableName().ToString(), bChanged);
+	}
+
+	void WarnOfFixedKeys(const FString& Name, const FString& Owner, const FStructureEntry& Entry)
 	{
 		for (const TCHAR* const Key : {TEXT("type"), TEXT("attach_to")})
 		{
@@ -143,24 +163,27 @@ private:
 			{
 				Result.AddWarningMessage(FString::Printf(
 					TEXT("Component '%s' is inherited from '%s' and keeps its class and place; '%s' was left out"),
-					*Name, *NativeComponents::FindOwner(Component)->GetName(), Key));
+					*Name, *Owner, Key));
 			}
 		}
-		const TSharedPtr<FJsonObject> Properties = Entry.ReadObject(TEXT("properties"));
-		if (!Properties || !ComponentProperties::Apply(Component, Name, *Properties, Result))
+	}
+
+	void FinishInherited(const FString& Name, const FString& OwnName, bool bChanged)
+	{
+		if (!bChanged)
 		{
 			Result.AddSuccessMessage(FString::Printf(TEXT("No changes made to component: %s"), *Name));
 			return;
 		}
 		Result.AddSuccessMessage(FString::Printf(TEXT("Modified existing component: %s"), *Name));
-		Changed.Add(Component.GetName());
+		Changed.Add(OwnName);
 	}
 
-	void RefuseInherited(const FString& Name, const UClass* Owner)
+	/** True when the entry's "properties" changed a value. */
+	bool ApplyProperties(UActorComponent& Template, const FString& Name, const FStructureEntry& Entry)
 	{
-		Result.AddWarningMessage(
-			FString::Printf(TEXT("Component '%s' is inherited from '%s' and can only be modified there"), *Name,
-				Owner ? *Owner->GetName() : TEXT("the parent class")));
+		const TSharedPtr<FJsonObject> Properties = Entry.ReadObject(TEXT("properties"));
+		return Properties && ComponentProperties::Apply(Template, Name, *Properties, Inheriting, Result);
 	}
 
 	/** Null after a warning. */
@@ -207,10 +230,7 @@ private:
 			return;
 		}
 		Script.Modify();
-		if (const TSharedPtr<FJsonObject> Properties = Entry.ReadObject(TEXT("properties")))
-		{
-			ComponentProperties::Apply(*Node->ComponentTemplate, Name, *Properties, Result);
-		}
+		ApplyProperties(*Node->ComponentTemplate, Name, Entry);
 		const TOptional<FString> ParentName = Entry.ReadString(TEXT("attach_to"));
 		USCS_Node* const Parent = ParentName ? Find(*ParentName) : nullptr;
 		ComponentAttachment::AddNode(Blueprint, *Node, Parent);
@@ -230,12 +250,7 @@ private:
 
 	void Modify(const FString& Name, USCS_Node& Node, const FStructureEntry& Entry)
 	{
-		bool bChanged = false;
-		const TSharedPtr<FJsonObject> Properties = Entry.ReadObject(TEXT("properties"));
-		if (Properties && Node.ComponentTemplate)
-		{
-			bChanged = ComponentProperties::Apply(*Node.ComponentTemplate, Name, *Properties, Result);
-		}
+		bool bChanged = Node.ComponentTemplate && ApplyProperties(*Node.ComponentTemplate, Name, Entry);
 		const TOptional<FString> Type = Entry.ReadString(TEXT("type"));
 		if (Type && FindComponentClass(*Type) != Node.ComponentClass.Get())
 		{
@@ -331,6 +346,7 @@ private:
 	USimpleConstructionScript& Script;
 	FToolResult& Result;
 	FComponentHandles Handles;
+	const FInheritingTemplates Inheriting;
 	TMap<FName, USCS_Node*> Nodes;
 	TSet<FName> Gone;
 	TSet<FName> GoneWithParent;

@@ -5,6 +5,7 @@
 #include "Engine/EngineTypes.h"
 #include "ToolResult.h"
 #include "UObject/UnrealType.h"
+#include "Utils/Structure/InheritedComponents.h"
 #include "Utils/Structure/PropertyJson.h"
 #include "Utils/Structure/StructureEntry.h"
 
@@ -103,8 +104,10 @@ bool IsEditable(const FProperty& Property)
 class FRun
 {
 public:
-	FRun(UActorComponent& InTemplate, const FString& InName, Morvane::FToolResult& InResult)
+	FRun(UActorComponent& InTemplate, const FString& InName, const FInheritingTemplates& InInheriting,
+		Morvane::FToolResult& InResult)
 		: Template(InTemplate)
+		, Inheriting(InInheriting)
 		, Class(*InTemplate.GetClass())
 		, Name(InName)
 		, Result(InResult)
@@ -174,7 +177,9 @@ private:
 			return false;
 		}
 		Template.Modify();
+		const FPropertyScratch Before(*Property, Present);
 		Row.Set(*Scene, Value.Get());
+		Inheriting.PassOn(Template, *Property, Before.Get());
 		return true;
 	}
 
@@ -187,25 +192,29 @@ private:
 			return false;
 		}
 		Template.Modify();
+		const FPropertyScratch Before(Property, Present);
 		if (!FAssetOperationBase::SetPropertyValueAsString(
 				&Template, &Property, PropertyJson::ToText(Property, Value.Get(), &Template)))
 		{
 			Refuse(Property, TEXT("the component did not take the value"));
 			return false;
 		}
+		Inheriting.PassOn(Template, Property, Before.Get());
 		return true;
 	}
 
 	UActorComponent& Template;
+	const FInheritingTemplates& Inheriting;
 	const UClass& Class;
 	FString Name;
 	Morvane::FToolResult& Result;
 };
 } // namespace
 
-bool Apply(UActorComponent& Template, const FString& Name, const FJsonObject& Properties, Morvane::FToolResult& Result)
+bool Apply(UActorComponent& Template, const FString& Name, const FJsonObject& Properties,
+	const FInheritingTemplates& Inheriting, Morvane::FToolResult& Result)
 {
-	FRun Run(Template, Name, Result);
+	FRun Run(Template, Name, Inheriting, Result);
 	bool bChanged = false;
 	for (const auto& Member : Properties.Values)
 	{
