@@ -9,6 +9,7 @@
 #include "UObject/Class.h"
 
 #include <algorithm>
+#include <map>
 
 using namespace ReflectedCode;
 using namespace CatalogueWords;
@@ -264,11 +265,15 @@ void FCatalogueLines::WriteEnum(const FCodeFile& File, const FOwner& Owner)
 	}
 	SetFlags(Line, Flags);
 	TArray<TSharedPtr<FJsonValue>> Values;
+	std::map<std::string, std::int64_t> Known;
+	std::int64_t Last = -1;
 	for (const FEnumerator& Enumerator : Owner.Enumerators)
 	{
 		const auto Value = MakeShared<FJsonObject>();
 		SetText(*Value, TEXT("name"), Enumerator.Name);
-		const std::optional<std::int64_t> Number = ReadEnumValue(Enumerator.Value);
+		const std::optional<std::int64_t> Number = ReadEnumValue(Enumerator.Value, Known);
+		Last = Number.value_or(Last + 1);
+		Known[Enumerator.Name] = Last;
 		if (Number)
 		{
 			Value->SetNumberField(TEXT("value"), static_cast<double>(*Number));
@@ -360,6 +365,7 @@ bool FCatalogueLines::SetParams(FJsonObject& Line, const FFunction& Function, co
 	{
 		const auto Json = MakeShared<FJsonObject>();
 		SetText(*Json, TEXT("type"), *Type);
+		SetText(*Json, TEXT("display"), Function.Specifiers.GetMeta("ReturnDisplayName"));
 		Line.SetObjectField(TEXT("returns"), Json);
 	}
 	return Type.has_value();

@@ -3,6 +3,7 @@
 #include "Dom/JsonObject.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <string_view>
 #include <utility>
@@ -154,24 +155,149 @@ std::vector<std::string> ParamFlags(const FVariable& Param)
 	return Flags;
 }
 
-std::optional<std::int64_t> ReadEnumValue(const std::string& Code)
+/** Reads the code of an enum's value, which has no blanks. */
+class FEnumExpression
 {
-	const std::size_t Shift = Code.find("<<");
-	const auto Read = [](std::string_view Text) -> std::optional<std::int64_t>
+public:
+	FEnumExpression(std::string_view Code, const std::map<std::string, std::int64_t>& InEarlier)
+		: Left(Code)
+		, Earlier(InEarlier)
 	{
-		const bool bHex = Text.starts_with("0x") || Text.starts_with("0X");
-		Text.remove_prefix(bHex ? 2 : 0);
-		std::int64_t Value = 0;
-		const auto [End, Fault] = std::from_chars(Text.data(), Text.data() + Text.size(), Value, bHex ? 16 : 10);
-		return Fault == std::errc() && End == Text.data() + Text.size() ? std::optional(Value) : std::nullopt;
-	};
-	if (Shift == std::string::npos)
-	{
-		return Read(Code);
 	}
-	const std::optional<std::int64_t> Value = Read(std::string_view(Code).substr(0, Shift));
-	const std::optional<std::int64_t> By = Read(std::string_view(Code).substr(Shift + 2));
-	return Value && By && *By >= 0 && *By < 62 ? std::optional(*Value << *By) : std::nullopt;
+
+	std::optional<std::int64_t> Read()
+	{
+		const std::int64_t Value = ReadLevel(0);
+		return bFault || !Left.empty() ? std::nullopt : std::optional(Value);
+	}
+
+private:
+	using FApply = std::int64_t (*)(std::int64_t, std::int64_t);
+	struct FOperator
+	{
+		std::string_view Sign;
+		FApply Apply;
+	};
+	/** The level that binds least comes first. */
+	static constexpr int NumLevels = 4;
+
+	static const std::vector<FOperator>& OperatorsOf(const int Level)
+	{
+		static const std::vector<FOperator> Levels[NumLevels] = {
+			{{"|", [](std::int64_t A, std::int64_t B) { return A | B; }}},
+			{{"&", [](std::int64_t A, std::int64_t B) { return A & B; }}},
+			{{"<<", [](std::int64_t A, std::int64_t B) { return B >= 0 && B < 62 ? Wrap(Bits(A) << B) : 0; }}},
+			{{"+", [](std::int64_t A, std::int64_t B) { return Wrap(Bits(A) + Bits(B)); }},
+				{"-", [](std::int64_t A, std::int64_t B) { return Wrap(Bits(A) - Bits(B)); }}}};
+		return Levels[Level];
+	}
+	static std::uint64_t Bits(const std::int64_t Value) { return static_cast<std::uint64_t>(Value); }
+	static std::int64_t Wrap(const std::uint64_t Value) { return static_cast<std::int64_t>(Value); }
+
+	bool Take(const std::string_view Sign)
+	{
+		const bool bThere = Left.starts_with(Sign);
+		Left.remove_prefix(bThere ? Sign.size() : 0);
+		return bThere;
+	}
+
+	std::int64_t ReadLevel(const int Level)
+	{
+		if (Level == NumLevels)
+		{
+			return ReadOne();
+		}
+		std::int64_t Value = ReadLevel(Level + 1);
+		for (bool bMore = true; bMore && !bFault;)
+		{
+			bMore = false;
+			for (const FOperator& Operator : OperatorsOf(Level))
+			{
+				if (Take(Operator.Sign))
+				{
+					Value = Operator.Apply(Value, ReadLevel(Level + 1));
+					bMore = true;
+				}
+			}
+		}
+		return Value;
+	}
+
+	std::int64_t ReadOne()
+	{
+		// Code that nests deeper is none of an enum.
+		bFault |= ++Depth > 64;
+		std::int64_t Value = 0;
+		if (bFault)
+		{
+			return 0;
+		}
+		if (Take("~"))
+		{
+			Value = ~ReadOne();
+		}
+		else if (Take("-"))
+		{
+			Value = Wrap(0 - Bits(ReadOne()));
+		}
+		else if (Take("("))
+		{
+			Value = ReadLevel(0);
+			bFault |= !Take(")");
+		}
+		else
+		{
+			Value = ReadWord();
+		}
+		--Depth;
+		return Value;
+	}
+
+	/** A number, or an earlier entry with or without the enum in front. */
+	std::int64_t ReadWord()
+	{
+		const auto IsOfWord = [](const char Char)
+		{ return std::isalnum(static_cast<unsigned char>(Char)) != 0 || Char == '_' || Char == ':' || Char == '\''; };
+		std::string Word(Left.begin(), std::find_if_not(Left.begin(), Left.end(), IsOfWord));
+		Left.remove_prefix(Word.size());
+		if (Word.empty() || std::isdigit(static_cast<unsigned char>(Word[0])) == 0)
+		{
+			const std::size_t Scope = Word.rfind(':');
+			const auto Found = Earlier.find(Scope == std::string::npos ? Word : Word.substr(Scope + 1));
+			bFault |= Found == Earlier.end();
+			return bFault ? 0 : Found->second;
+		}
+		return ReadNumber(std::move(Word));
+	}
+
+	std::int64_t ReadNumber(std::string Word)
+	{
+		std::erase(Word, '\'');
+		while (!Word.empty() && std::string_view("uUlL").find(Word.back()) != std::string_view::npos)
+		{
+			Word.pop_back();
+		}
+		const bool bHex = Word.starts_with("0x") || Word.starts_with("0X");
+		const bool bBinary = Word.starts_with("0b") || Word.starts_with("0B");
+		const char* const Start = Word.data() + (bHex || bBinary ? 2 : 0);
+		std::uint64_t Value = 0;
+		const auto [End, Fault] = std::from_chars(Start, Word.data() + Word.size(), Value,
+			bHex		  ? 16
+				: bBinary ? 2
+						  : 10);
+		bFault |= Fault != std::errc() || End != Word.data() + Word.size();
+		return Wrap(Value);
+	}
+
+	std::string_view Left;
+	const std::map<std::string, std::int64_t>& Earlier;
+	int Depth = 0;
+	bool bFault = false;
+};
+
+std::optional<std::int64_t> ReadEnumValue(const std::string& Code, const std::map<std::string, std::int64_t>& Earlier)
+{
+	return FEnumExpression(Code, Earlier).Read();
 }
 
 } // namespace CatalogueWords

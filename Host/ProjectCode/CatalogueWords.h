@@ -5,6 +5,7 @@
 #include "CoreMinimal.h"
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,6 +25,6 @@ std::vector<std::string> PropertyFlags(const ReflectedCode::FSpecifiers& Specifi
 /** Empty for a function that no Blueprint sees. */
 std::vector<std::string> FunctionFlags(const ReflectedCode::FFunction& Function);
 std::vector<std::string> ParamFlags(const ReflectedCode::FVariable& Param);
-/** A number, or the shift of one; nothing for other code. */
-std::optional<std::int64_t> ReadEnumValue(const std::string& Code);
+/** What numbers, earlier entries and the operators between them come to; nothing for other code. */
+std::optional<std::int64_t> ReadEnumValue(const std::string& Code, const std::map<std::string, std::int64_t>& Earlier);
 } // namespace CatalogueWords

@@ -11,7 +11,22 @@ using namespace ReflectedCode;
 static std::string Unquoted(std::string Code)
 {
 	const bool bQuoted = Code.size() >= 2 && Code.front() == '"' && Code.back() == '"';
-	return bQuoted ? Code.substr(1, Code.size() - 2) : Code;
+	if (!bQuoted)
+	{
+		return Code;
+	}
+	std::string Text;
+	for (std::size_t At = 1; At + 1 < Code.size(); ++At)
+	{
+		if (Code[At] != '\\' || At + 2 >= Code.size())
+		{
+			Text += Code[At];
+			continue;
+		}
+		const char Escaped = Code[++At];
+		Text += Escaped == 'n' ? '\n' : Escaped == 't' ? '\t' : Escaped;
+	}
+	return Text;
 }
 
 /** "Name", "Name=Value" or "meta=(...)", with what follows up to the next comma. */

@@ -14,7 +14,7 @@ KEYS = {
               "meta"),
     "struct": ("struct", "cpp", "header", "parent", "flags", "native_make", "native_break", "meta"),
     "enum": ("enum", "form", "header", "flags", "values"),
-    "delegate": ("delegate", "flags", "params"),
+    "delegate": ("delegate", "flags", "params", "returns"),
     "property": ("property", "type", "flags", "default", "display", "category", "meta"),
     "dispatcher": ("dispatcher", "signature", "flags", "category"),
     "component": ("component", "class", "property", "attach"),

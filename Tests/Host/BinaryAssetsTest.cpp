@@ -2,6 +2,7 @@
 
 #include "BinaryAssetsTest.h"
 #include "SmallBlueprint.h"
+#include "TaggedObject.h"
 
 using testing::AllOf;
 using testing::ElementsAre;
@@ -218,4 +219,73 @@ TEST(BinaryAssets, AreListedAndOfferedByTheirHeadsAlone)
 	EXPECT_THAT(Menu.Output,
 		AllOf(testing::ContainsRegex("Unlock .he Vault"), HasSubstr("Bind Event to On Vault Open"),
 			HasSubstr("Cast To BP_Door"), HasSubstr("Cast To BP_Small"), Not(HasSubstr("Ubergraph"))));
+}
+
+namespace BinaryAssetsTest
+{
+static std::string DescribeVariable(FTestPackage& Package, const std::string& Name, const std::string& Category,
+	const uint64_t Flags, const bool bPrivate)
+{
+	FObjectBytes Out(Package);
+	FObjectBytes VarName(Package);
+	VarName.Name(Name);
+	Out.Tag("VarName", {"NameProperty", {}}, VarName.Bytes);
+	FObjectBytes Type(Package);
+	FObjectBytes::FPinType PinType;
+	PinType.Category = Name[0] == 'b' ? "bool" : "int";
+	Type.PinType(PinType);
+	Out.Tag("VarType", {"StructProperty", {{"EdGraphPinType", {{"/Script/Engine", {}}}}}}, Type.Bytes);
+	FObjectBytes Text(Package);
+	Text.BaseText("", "Key", Category);
+	Out.Tag("Category", {"TextProperty", {}}, Text.Bytes);
+	FByteWriter Number;
+	Number.Put(Flags);
+	Out.Tag("PropertyFlags", {"UInt64Property", {}}, Number.Bytes);
+	FTaggedObject Mark(Package);
+	Mark.Name("DataKey", "BlueprintPrivate").Text("DataValue", bPrivate ? "true" : "false");
+	Out.StructArray("MetaDataArray", "BPVariableMetaDataEntry", {Mark.Bytes()});
+	Out.EndTags();
+	return Out.Bytes;
+}
+
+static void WriteVariables(FTestPackage& Package, FObjectBytes& Out)
+{
+	constexpr uint64_t Editable = 5;
+	constexpr uint64_t ReadOnly = Editable | 0x10;
+	Out.StructArray("NewVariables", "BPVariableDescription",
+		{DescribeVariable(Package, "bIsUnlocked", "Vault", Editable, false),
+			DescribeVariable(Package, "NumTries", "Vault", ReadOnly, false),
+			DescribeVariable(Package, "SecretCode", "Vault", Editable, true)});
+}
+} // namespace BinaryAssetsTest
+
+TEST(BinaryAssets, VariablesAreOfferedBeforeTheirBlueprintIsRead)
+{
+	using namespace BinaryAssetsTest;
+	for (const std::string Engine : {"4.20", "4.27", "5.3", "5.7"})
+	{
+		SCOPED_TRACE(Engine);
+		const FTemporaryFolder Project;
+		Project.Write("Content/BP_Vault.uasset",
+			SmallBlueprint::Make(FPackageLayout::Of(Engine),
+				SmallBlueprint::FOptions{"/Game/BP_Vault", "/Script/Engine", "Actor", true}, &WriteVariables)
+				.Write()
+				.Bytes);
+		Project.Write("Content/BP_Lamp.uasset", ActorPackages::Parent(FPackageLayout::Of(Engine)).Write().Bytes);
+		const FProcessResult Menu = RunMorvane({"menu", "--project", Project.Path()});
+		EXPECT_THAT(Menu.Output,
+			AllOf(HasSubstr("Get Is Unlocked\tVariables|Vault\tK2Node_VariableGet"), HasSubstr("Set Is Unlocked\t"),
+				HasSubstr("Get Num Tries\tVariables|Vault"), Not(HasSubstr("Set Num Tries")),
+				Not(HasSubstr("Secret Code")), HasSubstr("Get Lamp\tVariables|Components")));
+		const FAnswer Created = Call(Project, "bp_create_asset",
+			R"({"path":"/Game/BP_User","blueprint_parent_class":{"type":"native","parent_path":"/Script/Engine.Actor"}})");
+		EXPECT_TRUE(Created.bSuccess) << Created.Json;
+		const FAnswer Used = Call(Project, "bp_populate_graph",
+			R"({"path":"/Game/BP_User","graph_name":"EventGraph","nodes":[)"
+			R"({"node_guid":"cast","menu_title":"Cast To BP_Vault"},)"
+			R"({"node_guid":"get","menu_title":"Get Is Unlocked","menu_category":"Class|BP_Vault"}],"connections":[)"
+			R"({"source_node_guid":"cast","source_pin_name":"As BP Vault","target_node_guid":"get","target_pin_name":"self"}]})");
+		EXPECT_TRUE(Used.bSuccess) << Used.Json;
+		EXPECT_THAT(Used.Json, HasSubstr("Created 2 nodes and 1 connections"));
+	}
 }

@@ -74,6 +74,21 @@ public:
 	static bool ImportBinary(
 		const FString& Filename, const FString& LongPackageName, TArray<FString>& OutWarnings, FString& OutError);
 
+	/** A variable of a Blueprint that is not in memory. */
+	struct FVariable
+	{
+		FString Name;
+		FString Category;
+		bool bIsBool = false;
+		bool bIsReadOnly = false;
+	};
+	/** The header of a binary Blueprint has it: which file to ask for its variables. */
+	static const FName VariablesInTag;
+	/** Those that other Blueprints may use, of what stands in that tag. Reads a part of the file, once for each state
+	 * of it.
+	 */
+	static const TArray<FVariable>& ListVariables(const FString& VariablesIn);
+
 	/** Why the last attempt to read the package failed; empty after a success and when nobody tried. */
 	static FString GetLastLoadError(const FString& LongPackageName);
 

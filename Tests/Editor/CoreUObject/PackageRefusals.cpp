@@ -41,7 +41,7 @@ TEST_F(PackageRefusals, FilesThatAreNoWholePackageAreNamedAndNeverOverwritten)
 		{"other text", "Begin Object Class=/S.C Name=\"A\"\nEnd Object\n",
 			"Thing.uatext: the file is not a text package"},
 		{"engine binary", std::string("\xC1\x83\x2A\x9E\x08\0\0\0", 8),
-			"Thing.uatext: the file is a binary asset of the engine, which only the engine's own editor can read"},
+			"Thing.uatext: the file is a package of the engine's own editor; with a name that ends in '.uasset' it is read"},
 		{"newer", Changed("uatext 1", "uatext 2"),
 			"Thing.uatext: the file has format version 2, this program reads up to version 1"},
 		{"older", Changed("uatext 1", "uatext 0"),

@@ -152,6 +152,23 @@ static void DescribeDispatcher(const FString& Name, TArray<FString>& Lines)
 	}
 }
 
+static void DescribeVariable(const FPackageText::FVariable& Variable, const FAssetData& Asset, TArray<FString>& Lines)
+{
+	const FString Shown = FName::NameToDisplayString(Variable.Name, Variable.bIsBool);
+	const FString Category = TEXT("Variables|")
+		+ (Variable.Category.IsEmpty() ? FString(TEXT("Default")) : Variable.Category);
+	const FString Elsewhere = TEXT("Class|") + Asset.AssetName.ToString();
+	for (const TCHAR* const Kind : {TEXT("Get"), TEXT("Set")})
+	{
+		if (Variable.bIsReadOnly && FCString::Stricmp(Kind, TEXT("Set")) == 0)
+		{
+			continue;
+		}
+		Lines.Add(FString::Printf(TEXT("%s %s\t%s\t%s\t%s\t/Script/BlueprintGraph.K2Node_Variable%s\t\t%u"), Kind,
+			*Shown, *Category, *Elsewhere, *Variable.Name, Kind, Member | NamedAsMember));
+	}
+}
+
 /**
  * The lines that the names alone allow. Categories and who may call what stand in the objects; the first node that is
  * made of a line loads them, and from then on they are known.
@@ -178,6 +195,15 @@ static TArray<FString> DescribeByNames(const FAssetData& Asset)
 	for (const FString& Name : NamesIn(Asset, TEXT("Dispatchers")))
 	{
 		DescribeDispatcher(Name, Lines);
+	}
+	const FString VariablesIn = Asset.GetTagValueRef<FString>(FPackageText::VariablesInTag);
+	for (const FPackageText::FVariable& Variable : FPackageText::ListVariables(VariablesIn))
+	{
+		DescribeVariable(Variable, Asset, Lines);
+	}
+	for (const FString& Name : NamesIn(Asset, TEXT("Components")))
+	{
+		DescribeVariable({Name, TEXT("Components")}, Asset, Lines);
 	}
 	const FString Cast = TEXT("Cast To ") + Asset.AssetName.ToString();
 	Lines.Add(MakeLine(Cast, TEXT("Utilities|Casting"), FString(), TEXT("K2Node_DynamicCast")));

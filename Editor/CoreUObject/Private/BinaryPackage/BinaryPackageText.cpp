@@ -1,5 +1,6 @@
 #include "BinaryPackage/BinaryPackageText.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 #include <utility>
@@ -66,6 +67,10 @@ static void TellMemberNames(const FBinaryTables& Tables, const int32_t Asset, FP
 	}
 	Header.Tags.Add({TEXT("MemberNames"), TEXT("1")});
 	const std::vector<FBinaryExport>& Exports = Tables.GetExports();
+	constexpr std::string_view Template = "_GEN_VARIABLE";
+	// Templates may be of a parent's components then, which the parent offers.
+	const bool bChangesInherited = std::any_of(Exports.begin(), Exports.end(),
+		[](const FBinaryExport& Export) { return Export.Name == "InheritableComponentHandler"; });
 	for (std::size_t Index = 0; Index < Exports.size(); ++Index)
 	{
 		const FBinaryExport& Export = Exports[Index];
@@ -83,6 +88,12 @@ static void TellMemberNames(const FBinaryTables& Tables, const int32_t Asset, FP
 			&& Export.Name != "UserConstructionScript")
 		{
 			Header.Tags.Add({TEXT("Functions"), FromUtf8(Export.Name)});
+		}
+		else if (bOfClass && (Export.Flags & BinaryFlagTemplate) != 0 && Export.Name.ends_with(Template)
+			&& Export.Name != "DefaultSceneRoot_GEN_VARIABLE" && !bChangesInherited)
+		{
+			Header.Tags.Add({TEXT("Components"),
+				FromUtf8(std::string_view(Export.Name).substr(0, Export.Name.size() - Template.size()))});
 		}
 		else if (Export.Outer == Asset && Class == "/Script/Engine.EdGraph")
 		{
@@ -280,11 +291,7 @@ private:
 			return;
 		}
 		FBinaryCursor Cursor(Bytes);
-		Cursor.Seek(Export.ScriptStart > 0 ? static_cast<std::size_t>(Export.ScriptStart) : 0);
-		if (Tables.GetVersions().Ue5 >= 1011 && (Cursor.Read<uint8_t>() & 2) != 0)
-		{
-			Cursor.Skip(1);
-		}
+		BinaryTableData::SeekProperties(Cursor, Tables, Export);
 		std::vector<FBinaryProperty> Own;
 		if (!Properties.Read(Cursor, Own))
 		{

@@ -44,3 +44,25 @@ std::size_t SizeOfBinaryHeader(std::string_view Bytes);
 /** What a listing shows of a binary package: its asset, the class of it and the registry's tags. Reads no object. */
 bool ReadBinaryHeader(
 	std::string_view Bytes, const std::string& PackageName, FPackageText::FHeader& OutHeader, std::string& OutRefusal);
+
+/** A variable that a Blueprint declares. */
+struct FBinaryVariable
+{
+	std::string Name;
+	/** As the author has it, in whatever language; empty for none. */
+	std::string Category;
+	bool bIsBool = false;
+	bool bIsReadOnly = false;
+	bool bIsPrivate = false;
+};
+
+/** Where the object lies in the file that the package is named after; an empty range where that cannot be told. */
+struct FBinaryRange
+{
+	int64_t Offset = 0;
+	int64_t Size = 0;
+};
+FBinaryRange FindBinaryAsset(std::string_view Head, const std::string& PackageName);
+/** The variables of a Blueprint, of the head of its file and the bytes of that range. */
+std::vector<FBinaryVariable> ReadBinaryVariables(
+	std::string_view Head, const std::string& PackageName, std::string_view AssetBytes);

@@ -71,6 +71,24 @@ bool FBinaryProperties::Read(FBinaryCursor& Cursor, std::vector<FBinaryProperty>
 	return ReadList(Cursor, OutProperties, 0);
 }
 
+bool FBinaryProperties::ReadNamed(FBinaryCursor& Cursor, const std::string& Name, FBinaryProperty& OutProperty)
+{
+	NumTextBytes = 0;
+	for (FBinaryTag Tag; Tag.Read(Cursor, Tables) && !Tag.bIsEnd; Tag = FBinaryTag())
+	{
+		if (Tag.Name != Name)
+		{
+			Cursor.Skip(static_cast<std::size_t>(Tag.Size));
+			continue;
+		}
+		std::vector<FBinaryProperty> Found;
+		ReadOne(Cursor, Tag, 0, Found);
+		OutProperty = Found.empty() ? FBinaryProperty() : std::move(Found.front());
+		return !Found.empty();
+	}
+	return false;
+}
+
 std::string FBinaryProperties::ReadStructText(FBinaryCursor& Cursor)
 {
 	std::string Text;

@@ -51,6 +51,9 @@ public:
 	/** Up to the tag that ends them; false when the place was lost. */
 	bool Read(FBinaryCursor& Cursor, std::vector<FBinaryProperty>& OutProperties);
 
+	/** Passes over the properties before the one of that name; false when there is none, or the place was lost. */
+	bool ReadNamed(FBinaryCursor& Cursor, const std::string& Name, FBinaryProperty& OutProperty);
+
 	/** A struct of tagged members that stands by itself, as "(A=1,B=2)"; fails the cursor where the place is lost. */
 	std::string ReadStructText(FBinaryCursor& Cursor);
 

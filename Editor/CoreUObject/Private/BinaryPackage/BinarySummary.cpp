@@ -154,21 +154,41 @@ static std::string DescribeUnreadable(const FBinarySummary& Summary)
 static std::string DescribeForeign(const std::string_view Bytes, const uint32_t FirstWord)
 {
 	using namespace std::string_view_literals;
+	static constexpr struct
+	{
+		std::string_view Start;
+		const char* Sentence;
+	} Known[] = {
+		{"version https://git-lfs"sv,
+			"the file is a Git LFS pointer and not the package itself; 'git lfs pull' fetches it"},
+		{"\0GITCRYPT\0"sv, "the file is encrypted by git-crypt; 'git-crypt unlock' opens it"},
+		{"age-encryption.org/"sv, "the file is encrypted (by age)"},
+		{"-----BEGIN AGE ENCRYPTED FILE"sv, "the file is encrypted (by age)"},
+		{"-----BEGIN PGP MESSAGE"sv, "the file is encrypted (by PGP)"},
+		{"Salted__"sv, "the file is encrypted (by OpenSSL)"},
+		{"PK\3\4"sv, "the file is a zip archive and no package"},
+		{"\x1f\x8b"sv, "the file is compressed by gzip; unpacked it may be a package"},
+		{"<<<<<<< "sv, "the file is no package: it holds the marks of a merge that was not finished"},
+		{"uatext "sv, "the file is a text package under the name of a binary one; its name has to end in '.uatext'"},
+	};
 	if (Bytes.empty())
 	{
 		return "the file is empty";
 	}
-	if (Bytes.starts_with("version https://git-lfs"))
+	for (const auto& Row : Known)
 	{
-		return "the file is a Git LFS pointer and not the package itself; 'git lfs pull' fetches it";
-	}
-	if (Bytes.starts_with("\0GITCRYPT\0"sv))
-	{
-		return "the file is encrypted by git-crypt; 'git-crypt unlock' opens it";
+		if (Bytes.starts_with(Row.Start))
+		{
+			return Row.Sentence;
+		}
 	}
 	if (FirstWord == SwappedTag)
 	{
 		return "the package was written for another byte order; only packages of the editor can be read";
+	}
+	if (Bytes.find_first_not_of('\0') == std::string_view::npos)
+	{
+		return "the file holds zeros alone: its contents were lost";
 	}
 	return "the file is no package: it does not begin as one, or it is encrypted";
 }

@@ -111,8 +111,17 @@ bool Read(FBinaryCursor& Cursor, const FBinaryTables& Tables, FBinaryProperties&
 	return true;
 }
 
-/** The parts of "((A, ...),(B, ...))", each with its brackets. */
-static std::vector<std::string_view> SplitPairs(const std::string_view Map)
+void SeekProperties(FBinaryCursor& Cursor, const FBinaryTables& Tables, const FBinaryExport& Export)
+{
+	Cursor.Seek(Export.ScriptStart > 0 ? static_cast<std::size_t>(Export.ScriptStart) : 0);
+	// A byte that says whether another one says how the object overrides its parent's values.
+	if (Tables.GetVersions().Ue5 >= 1011 && (Cursor.Read<uint8_t>() & 2) != 0)
+	{
+		Cursor.Skip(1);
+	}
+}
+
+std::vector<std::string_view> SplitElements(const std::string_view Map)
 {
 	std::vector<std::string_view> Pairs;
 	int Depth = 0;
@@ -168,7 +177,7 @@ void SortEnumEntries(FBinaryCursor& Cursor, const FBinaryTables& Tables, std::ve
 		return;
 	}
 	std::map<std::string_view, std::string_view> ByKey;
-	std::vector<std::string_view> Pairs = SplitPairs(Shown->Value);
+	std::vector<std::string_view> Pairs = SplitElements(Shown->Value);
 	for (const std::string_view Pair : Pairs)
 	{
 		ByKey.emplace(KeyOf(Pair), Pair);

@@ -86,6 +86,7 @@ private:
 	void ParseDispatcher(FFields& Fields);
 	void ParseComponent(FFields& Fields);
 	void ParseFunction(FFields& Fields);
+	void ParseReturns(FFields& Fields, std::vector<FSourceProperty>& Params);
 	std::vector<FSourceProperty> ParseParams(FFields& Fields, std::string_view Key, std::span<const FWord> Flags);
 	void ParseTypeField(FFields& Fields, FSourceType& Out);
 	std::string NewName(FFields& Fields, std::string_view Key, std::string_view Space);
@@ -164,6 +165,7 @@ void FFileParser::ParseOwner(EOwnerKind Kind, std::string_view Word, FFields& Fi
 	case EOwnerKind::Delegate:
 		Owner.Flags = Fields.Flags("flags", DelegateFlags);
 		Owner.Properties = ParseParams(Fields, "params", ParamFlags);
+		ParseReturns(Fields, Owner.Properties);
 		break;
 	}
 	Fields.RejectOthers();
@@ -332,6 +334,18 @@ void FFileParser::ParseFunction(FFields& Fields)
 	Function.Name = NewName(Fields, "function", "function");
 	Function.Flags = Fields.Flags("flags", FunctionFlags);
 	Function.Params = ParseParams(Fields, "params", ParamFlags);
+	ParseReturns(Fields, Function.Params);
+	Function.Display = Fields.String("display");
+	Function.Category = Fields.String("category");
+	Function.Compact = Fields.String("compact");
+	Function.Keywords = Fields.String("keywords");
+	Function.WorldContext = Fields.String("world_context");
+	Function.Meta = Fields.Meta("meta");
+	File.Owners.back().Functions.push_back(std::move(Function));
+}
+
+void FFileParser::ParseReturns(FFields& Fields, std::vector<FSourceProperty>& Params)
+{
 	std::vector<FSourceProperty> Returns = ParseParams(Fields, "returns", ReturnFlags);
 	if (Returns.size() > 1)
 	{
@@ -341,15 +355,8 @@ void FFileParser::ParseFunction(FFields& Fields)
 	{
 		Return.Name = "ReturnValue";
 		Return.Flags |= Property_Return;
-		Function.Params.push_back(std::move(Return));
+		Params.push_back(std::move(Return));
 	}
-	Function.Display = Fields.String("display");
-	Function.Category = Fields.String("category");
-	Function.Compact = Fields.String("compact");
-	Function.Keywords = Fields.String("keywords");
-	Function.WorldContext = Fields.String("world_context");
-	Function.Meta = Fields.Meta("meta");
-	File.Owners.back().Functions.push_back(std::move(Function));
 }
 
 std::vector<FSourceProperty> FFileParser::ParseParams(

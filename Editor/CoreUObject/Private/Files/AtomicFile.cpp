@@ -225,6 +225,32 @@ bool Read(const std::string& Path, std::string& OutBytes, FString& OutError, FSt
 	return ReadStart(Path, std::string::npos, OutBytes, OutError, OutStamp);
 }
 
+bool ReadPart(const std::string& Path, int64 Offset, std::size_t Size, std::string& OutBytes)
+{
+	OutBytes.clear();
+	const FDescriptor Handle(open(Path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+	struct stat Info;
+	if (!Handle.IsOpen() || fstat(Handle.Get(), &Info) != 0 || !S_ISREG(Info.st_mode) || Offset < 0
+		|| Offset > Info.st_size || Size > static_cast<std::size_t>(Info.st_size - Offset))
+	{
+		return false;
+	}
+	OutBytes.resize(Size);
+	std::size_t Filled = 0;
+	while (Filled < Size)
+	{
+		const ssize_t Count = pread(Handle.Get(), OutBytes.data() + Filled, Size - Filled,
+			static_cast<off_t>(Offset + static_cast<int64>(Filled)));
+		if (Count == 0 || (Count < 0 && errno != EINTR))
+		{
+			OutBytes.clear();
+			return false;
+		}
+		Filled += Count > 0 ? static_cast<std::size_t>(Count) : 0;
+	}
+	return true;
+}
+
 bool ReadStart(
 	const std::string& Path, std::size_t MaxBytes, std::string& OutBytes, FString& OutError, FStamp* OutStamp)
 {

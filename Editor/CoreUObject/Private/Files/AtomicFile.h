@@ -55,4 +55,6 @@ bool Read(const std::string& Path, std::string& OutBytes, FString& OutError, FSt
 /** The first part of a file, at most MaxBytes of it. */
 bool ReadStart(const std::string& Path, std::size_t MaxBytes, std::string& OutBytes, FString& OutError,
 	FStamp* OutStamp = nullptr);
+/** Some bytes out of the middle; false where the file does not reach so far, or cannot be read. */
+bool ReadPart(const std::string& Path, int64 Offset, std::size_t Size, std::string& OutBytes);
 } // namespace AtomicFile

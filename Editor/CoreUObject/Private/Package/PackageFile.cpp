@@ -271,7 +271,7 @@ static FString Describe(
 		return FString::Printf(TEXT("%s: the file is not a text package"), *Filename);
 	case EHeaderState::EngineBinary:
 		return FString::Printf(
-			TEXT("%s: the file is a binary asset of the engine, which only the engine's own editor can read"),
+			TEXT("%s: the file is a package of the engine's own editor; with a name that ends in '.uasset' it is read"),
 			*Filename);
 	case EHeaderState::OtherVersion:
 		return FString::Printf(TEXT("%s: the file has format version %d, this program reads up to version %d"),
@@ -352,6 +352,11 @@ static bool FindHeaderOfBinary(const FString& Filename, FPackageText::FHeader& O
 		return OutError.IsEmpty();
 	}
 	const bool bRead = ReadHeaderOfBinary(Filename, OutHeader, OutError);
+	if (bRead && OutHeader.FindTag(TEXT("MemberNames")))
+	{
+		OutHeader.Tags.Add({FPackageText::VariablesInTag,
+			FString::Printf(TEXT("%lld.%lld.%lld %s"), Stamp.Seconds, Stamp.Nanoseconds, Stamp.Size, *Filename)});
+	}
 	if (AtomicFile::IsSettled(Stamp))
 	{
 		KnownHeaders()[Path] = {Stamp, OutHeader, OutError};
@@ -380,6 +385,55 @@ static bool ReadHeaderOfBinary(const FString& Filename, FPackageText::FHeader& O
 	return bRead;
 }
 } // namespace PackageFile
+
+const FName FPackageText::VariablesInTag(TEXT("VariablesIn"));
+
+namespace PackageFile
+{
+static TArray<FPackageText::FVariable> ReadVariables(const FString& Filename)
+{
+	constexpr int64 MostBytes = 16 * 1024 * 1024;
+	const std::string Path = ToUtf8(Filename);
+	const std::string Package = ToUtf8(FPackageName::FilenameToLongPackageName(Filename));
+	std::string Head;
+	std::string Asset;
+	FString Ignored;
+	TArray<FPackageText::FVariable> Variables;
+	const bool bHead = AtomicFile::ReadStart(Path, UsualHeaderSize, Head, Ignored)
+		&& (SizeOfBinaryHeader(Head) <= Head.size()
+			|| AtomicFile::ReadStart(Path, SizeOfBinaryHeader(Head), Head, Ignored));
+	const FBinaryRange Range = bHead ? FindBinaryAsset(Head, Package) : FBinaryRange();
+	if (Range.Size <= 0 || Range.Size > MostBytes
+		|| !AtomicFile::ReadPart(Path, Range.Offset, static_cast<std::size_t>(Range.Size), Asset))
+	{
+		return Variables;
+	}
+	for (const FBinaryVariable& Variable : ReadBinaryVariables(Head, Package, Asset))
+	{
+		if (!Variable.bIsPrivate)
+		{
+			Variables.Add(
+				{FromUtf8(Variable.Name), FromUtf8(Variable.Category), Variable.bIsBool, Variable.bIsReadOnly});
+		}
+	}
+	return Variables;
+}
+} // namespace PackageFile
+
+const TArray<FPackageText::FVariable>& FPackageText::ListVariables(const FString& VariablesIn)
+{
+	static std::unordered_map<std::string, std::pair<std::string, TArray<FVariable>>> Known;
+	int32 Blank = INDEX_NONE;
+	const FString Filename = VariablesIn.FindChar(TEXT(' '), Blank) ? VariablesIn.Mid(Blank + 1) : FString();
+	const std::string State = ToUtf8(VariablesIn);
+	auto& [KnownState, Variables] = Known[ToUtf8(Filename)];
+	if (KnownState != State)
+	{
+		Variables = PackageFile::ReadVariables(Filename);
+		KnownState = State;
+	}
+	return Variables;
+}
 
 bool FPackageText::IsBinaryFile(const FString& Filename)
 {
