@@ -4,6 +4,7 @@
 #include "Components/PanelSlot.h"
 #include "Components/PanelWidget.h"
 #include "Kismet2/BlueprintEditorUtils.h"
+#include "UObject/UnrealType.h"
 #include "WidgetBlueprint.h"
 
 #include <gmock/gmock.h>
@@ -117,4 +118,41 @@ TEST(WidgetTree, VariablesOfTheClassFollowTheTree)
 	EXPECT_TRUE(Has(TEXT("Title")));
 	Widgets.Tree().RemoveWidget(Title);
 	EXPECT_FALSE(Has(TEXT("Title")));
+}
+
+TEST(WidgetTree, WhatAMemberHoldsStandsInTheTreeAndOutlivesASave)
+{
+	FBlueprintBuilder Blueprint(TEXT("/Script/UMG.UserWidget"));
+	const auto Tree = [&Blueprint]() -> UWidgetTree&
+	{ return *CastChecked<UWidgetBlueprint>(Blueprint.Get())->WidgetTree; };
+	const auto Make = [&Tree](const TCHAR* Class, const TCHAR* Name)
+	{ return Tree().ConstructWidget(FindObject<UClass>(nullptr, Class), Name); };
+	UWidget* const Area = Make(TEXT("/Script/UMG.ExpandableArea"), TEXT("Area"));
+	UPanelWidget* const Body = CastChecked<UPanelWidget>(Make(Box, TEXT("Body")));
+	Body->AddChild(Make(Button, TEXT("Push")));
+	Tree().RootWidget = Area;
+	const std::pair<const TCHAR*, UWidget*> Held[] = {
+		{TEXT("HeaderContent"), Make(Text, TEXT("Header"))}, {TEXT("BodyContent"), Body}};
+	for (const auto& [Member, Widget] : Held)
+	{
+		const FObjectProperty* const Property = CastField<FObjectProperty>(
+			Area->GetClass()->FindPropertyByName(Member));
+		ASSERT_NE(Property, nullptr);
+		Property->SetObjectPropertyValue(Property->ContainerPtrToValuePtr<void>(Area), Widget);
+	}
+	const auto Names = [&Tree]
+	{
+		TArray<UWidget*> Widgets;
+		Tree().GetAllWidgets(Widgets);
+		std::vector<std::string> List;
+		for (const UWidget* const Widget : Widgets)
+		{
+			List.push_back(ToStd(Widget->GetName()));
+		}
+		return List;
+	};
+	EXPECT_THAT(Names(), ElementsAre("Area", "Header", "Body", "Push"));
+	ASSERT_TRUE(Blueprint.Save());
+	ASSERT_NE(Blueprint.Reload(), nullptr);
+	EXPECT_THAT(Names(), ElementsAre("Area", "Header", "Body", "Push"));
 }

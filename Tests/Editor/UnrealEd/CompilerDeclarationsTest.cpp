@@ -162,6 +162,9 @@ const FFault DeclarationFaults[] = {
 				->CreateUserDefinedPin(TEXT("Why"), FBlueprintBuilder::Type(FSchema::PC_String), EGPD_Output);
 		},
 		{"error: Destroyed overrides a function of 'Actor', but its inputs and outputs are not those of the function there {Destroyed}"}},
+	{"OverrideOfBeforeParametersWereAdded",
+		[](const FBlueprintBuilder& Blueprint) { Blueprint.Function(TEXT("ReceiveTick")); },
+		{"warning: Tick overrides a function of 'Actor' that has more parameters by now; the node gets them when it is refreshed {Tick}"}},
 	{"ReturnNodesDiffer",
 		[](const FBlueprintBuilder& Blueprint)
 		{

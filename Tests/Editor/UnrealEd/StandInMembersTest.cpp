@@ -175,6 +175,48 @@ TEST(StandInMembers, AParentIsWhatItsChildUsesAndHasWhatItsChildUsesOfIt)
 	EXPECT_THAT(Parameters(*Changed->SignatureFunction), HasSubstr("object Character, byte PrevMovementMode"));
 }
 
+TEST(StandInMembers, TheTargetsOfOwnMembersTellTheLineOfParents)
+{
+	FBlueprintBuilder Builder(TEXT("/Script/Engine.Character"));
+	FGraphBuilder Nodes = Builder.EventGraph();
+	UK2Node_CallFunction* const Jump = Nodes.Add<UK2Node_CallFunction>();
+	Jump->FunctionReference.SetSelfMember(TEXT("Jump"));
+	Jump->ReconstructNode();
+	UK2Node_VariableGet* const Mana = Nodes.Add<UK2Node_VariableGet>();
+	Mana->VariableReference.SetSelfMember(TEXT("JumpMaxCount"));
+	Mana->ReconstructNode();
+	Mana->FindPin(FSchema::PN_Self)->PinType.PinSubCategoryObject = nullptr;
+	ASSERT_TRUE(Builder.Save());
+	std::string Bytes = Builder.Folder().Read(User);
+	FPackageText::FHeader Header;
+	FString Error;
+	ASSERT_TRUE(FPackageText::CheckBytes(Bytes, TEXT("test"), Header, Error)) << ToStd(Error);
+	std::string Body = Bytes.substr(static_cast<std::size_t>(Header.BodyOffset));
+	Body = ReplaceAll(Body, "ParentClass=\"/Script/CoreUObject.Class'/Script/Engine.Character'",
+		"ParentClass=\"/Script/CoreUObject.Class'/Script/Far.Knight'");
+	Body = ReplaceAll(Body, "JumpMaxCount", "Mana");
+	const std::size_t Target = Body.find("PinName=\"self\"", Body.find("MemberName=\"Mana\""));
+	const std::size_t None = Body.find("PinSubCategoryObject=None", Target);
+	ASSERT_NE(None, std::string::npos);
+	Body.replace(None, 25, "PinSubCategoryObject=\"/Script/CoreUObject.Class'/Script/Far.Mage'\"");
+	for (FPackageText::FTag& Tag : Header.Tags)
+	{
+		Tag.Value = Tag.Value.Replace(TEXT("/Script/Engine.Character"), TEXT("/Script/Far.Knight"));
+	}
+	Builder.Folder().Write(User, FPackageText::MakeBytes(Header, Body));
+	const UBlueprint* const Loaded = Builder.Reload();
+	ASSERT_NE(Loaded, nullptr);
+	FPackageText::TakeProblems();
+	const UClass* const Knight = Loaded->ParentClass.Get();
+	const UClass* const Mage = Knight ? Knight->GetSuperClass() : nullptr;
+	ASSERT_NE(Mage, nullptr);
+	EXPECT_EQ(ToStd(Knight->GetPathName()), "/Script/Far.Knight");
+	EXPECT_EQ(ToStd(Mage->GetPathName()), "/Script/Far.Mage");
+	EXPECT_EQ(Mage->GetSuperClass(), Class(TEXT("/Script/Engine.Character")));
+	EXPECT_EQ(Knight->FindPropertyByName(TEXT("Mana"))->GetOwnerClass(), Mage) << "as its target says";
+	EXPECT_EQ(Knight->FindFunctionByName(TEXT("Jump"))->GetOwnerClass(), Mage->GetSuperClass());
+}
+
 TEST(StandInMembers, ACallKeepsItsPinsWhenItIsMadeAnew)
 {
 	const FScene Scene;

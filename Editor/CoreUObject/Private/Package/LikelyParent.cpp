@@ -5,6 +5,7 @@
 
 #include <set>
 #include <unordered_map>
+#include <vector>
 
 namespace LikelyParent
 {
@@ -81,21 +82,23 @@ public:
 	void Look(const FObjectTextRecord& Record)
 	{
 		FView Member;
-		bool bOnSelf = false;
+		bool bOpen = false;
+		bool bOverrides = false;
 		for (const FObjectTextLine& Line : Record.Lines)
 		{
 			const bool bReference = Line.Name == "EventReference" || Line.Name == "FunctionReference"
 				|| Line.Name == "VariableReference" || Line.Name == "DelegateReference";
 			Member = bReference ? MemberParentOf(Line.Value) : Member;
-			bOnSelf |= IsOpenTarget(Line) || (Line.Name == "bOverrideFunction" && Line.Value == "True");
+			bOpen |= IsOpenTarget(Line);
+			bOverrides |= Line.Name == "bOverrideFunction" && Line.Value == "True";
 		}
-		if (bOnSelf && !Member.empty())
+		if ((bOpen || bOverrides) && !Member.empty())
 		{
-			Take(Member);
+			(bOverrides ? Sure : Likely).push_back(Member);
 		}
 		if (const FView Declarer = DeclarerOf(Record); !Declarer.empty())
 		{
-			Take(Declarer);
+			Sure.push_back(Declarer);
 			Declarers.insert(Declarer);
 		}
 		for (const FObjectTextRecord& Inner : Record.Inner)
@@ -104,10 +107,27 @@ public:
 		}
 	}
 
-	UClass* Best;
+	/** What the class overrides and what its own members are declared by tell for sure; a call without a target may be
+	 * one that its author has not linked yet. */
+	UClass* FindBest()
+	{
+		for (const std::vector<FView>* const Paths : {&Sure, &Likely})
+		{
+			for (const FView Path : *Paths)
+			{
+				Take(Path);
+			}
+		}
+		return Best;
+	}
+
 	std::set<FView> Declarers;
 
 private:
+	UClass* Best;
+	std::vector<FView> Sure;
+	std::vector<FView> Likely;
+
 	void Take(FView Path)
 	{
 		const auto [Entry, bAdded] = Known.try_emplace(Path, nullptr);
@@ -151,7 +171,7 @@ FLine Find(const FObjectTextTree& Tree, const FString& AssetClassPath)
 	{
 		Search.Look(Record);
 	}
-	FLine Line{Search.Best, {}};
+	FLine Line{Search.FindBest(), {}};
 	for (const FView Declarer : Search.Declarers)
 	{
 		if (Declarer.starts_with("/Script/") && !FindObject<UClass>(nullptr, FromUtf8(Declarer)))
