@@ -215,52 +215,6 @@ void UWidgetTree::PreSave()
 	}
 }
 
-namespace WidgetSlots
-{
-/** Members of a native class that hold one widget each, as the header and the body of an expandable area. */
-static const TArray<const FObjectProperty*>& Of(const UClass& Class)
-{
-	struct FSlots
-	{
-		TWeakObjectPtr<UClass> Class;
-		TArray<const FObjectProperty*> Properties;
-	};
-	static TMap<const UClass*, FSlots> Known;
-	FSlots& Slots = Known.FindOrAdd(&Class);
-	if (Slots.Class.Get() != &Class)
-	{
-		Slots.Class = const_cast<UClass*>(&Class);
-		Slots.Properties.Empty();
-		for (TFieldIterator<FProperty> It(&Class); It; ++It)
-		{
-			const FObjectProperty* const Property = CastField<FObjectProperty>(*It);
-			if (Property && Property->PropertyClass && Property->PropertyClass->IsChildOf(UWidget::StaticClass()))
-			{
-				Slots.Properties.Add(Property);
-			}
-		}
-	}
-	return Slots.Properties;
-}
-
-static void AddFilled(const UWidget& Widget, const UWidgetTree& Tree, TArray<UWidget*>& Out)
-{
-	if (Widget.GetClass()->ClassGeneratedBy)
-	{
-		return;
-	}
-	for (const FObjectProperty* const Property : Of(*Widget.GetClass()))
-	{
-		UWidget* const Held = Cast<UWidget>(
-			Property->GetObjectPropertyValue(Property->ContainerPtrToValuePtr<void>(&Widget)));
-		if (Held && Held != &Widget && Held->GetOuter() == &Tree && Held != Tree.RootWidget.Get() && !Held->GetParent())
-		{
-			Out.AddUnique(Held);
-		}
-	}
-}
-} // namespace WidgetSlots
-
 TArray<UWidget*> UWidgetTree::FindHosted(const UWidget& Widget)
 {
 	TArray<UWidget*> Hosted;
@@ -272,10 +226,6 @@ TArray<UWidget*> UWidgetTree::FindHosted(const UWidget& Widget)
 		}
 	}
 	UWidgetTree* const Tree = Cast<UWidgetTree>(Widget.GetOuter());
-	if (Tree)
-	{
-		WidgetSlots::AddFilled(Widget, *Tree, Hosted);
-	}
 	const FKeptObjectText* const Kept = Tree ? FKeptObjectText::Find(&Widget) : nullptr;
 	if (!Kept || Kept->Lines.empty())
 	{
