@@ -293,10 +293,23 @@ private:
 		const std::string Arguments = NodeIds.Fill(Step.Arguments);
 		Context.Output.WriteLine(std::string("== ").append(Step.Story));
 		Context.Output.WriteLine(std::string("   ").append(Step.Tool).append(" ").append(Arguments));
+		if (Step.Tool == DemoResource)
+		{
+			return Look(Arguments, Tools, Context);
+		}
 		const FToolOutcome Outcome = Tools.CallTool(Step.Tool, Arguments);
 		NodeIds.Learn(Outcome);
 		Context.Output.WriteLine(DemoCommandPrivate::DescribeResult(Outcome));
 		return Outcome.bSuccess;
+	}
+
+	static bool Look(const std::string& Uri, IToolHost& Tools, const FCommandContext& Context)
+	{
+		const FResourceOutcome Outcome = Tools.ReadResource(Uri);
+		const TSharedPtr<FJsonValue> Document = DemoCommandPrivate::Parse(Outcome.Text);
+		Context.Output.WriteLine(Document ? DemoCommandPrivate::Excerpt(DemoCommandPrivate::Pretty(*Document))
+										  : "   " + Outcome.Message + "\n");
+		return Outcome.Fault == FResourceOutcome::EFault::None;
 	}
 };
 

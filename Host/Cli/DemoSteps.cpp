@@ -70,9 +70,11 @@ const std::vector<FDemoStep>& GetDemoSteps()
 		{"Read the event back", "read_blueprint_event",
 			R"({"path": "/Game/Doors/BP_Door", "graph_name": "EventGraph", "event_name": "BeginPlay"})"},
 		{"Read the whole door", "read_blueprint_schema", R"({"path": "/Game/Doors/BP_Door"})"},
+		{"The same event for an agent that counts its tokens", "read_blueprint_event",
+			R"({"path": "/Game/Doors/BP_Door", "graph_name": "EventGraph", "event_name": "BeginPlay", "detail": "lean"})"},
 		{"Delete the heavy door", "delete_blueprint", R"({"path": "/Game/Doors/BP_HeavyDoor"})"},
 	};
 	static const FSteps Steps = JoinSteps(
-		DoorSteps, {&GetDemoStructureSteps(), &GetDemoRepairSteps(), &GetDemoWidgetSteps()});
+		DoorSteps, {&GetDemoResourceSteps(), &GetDemoStructureSteps(), &GetDemoRepairSteps(), &GetDemoWidgetSteps()});
 	return Steps;
 }

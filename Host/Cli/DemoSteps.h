@@ -3,6 +3,9 @@
 #include <string_view>
 #include <vector>
 
+/** In the place of a tool: a resource is read. */
+inline constexpr std::string_view DemoResource = "resources/read";
+
 /** One call of the demonstration. */
 struct FDemoStep
 {
@@ -10,7 +13,7 @@ struct FDemoStep
 	std::string_view Story;
 	std::string_view Tool;
 	/** JSON. "$wait" stands for the id of the node that an earlier call asked for as "wait", "$On Clicked (Play)" for
-	 * that of one that an earlier call showed under this title. */
+	 * that of one that an earlier call showed under this title. For a resource, its address. */
 	std::string_view Arguments;
 };
 
@@ -19,6 +22,9 @@ struct FDemoStep
  * repaired, a compile, a look, a clean-up.
  */
 const std::vector<FDemoStep>& GetDemoSteps();
+
+/** What a client looks up before it edits, without changing anything: actions, pins, assets, a Blueprint. */
+const std::vector<FDemoStep>& GetDemoResourceSteps();
 
 /** Two widgets: a health bar whose text a function sets, and a main menu whose button opens a level. */
 const std::vector<FDemoStep>& GetDemoWidgetSteps();

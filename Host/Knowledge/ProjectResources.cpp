@@ -51,6 +51,23 @@ static FResourceOutcome Document(const FJsonObject& Json)
 	return Outcome;
 }
 
+/** The texts of a list of the result, one behind the other. */
+static std::string Sentences(const FJsonFields& Result, const char* const Name)
+{
+	const std::string* const List = Result.Find(Name);
+	TSharedPtr<FJsonValue> Value;
+	FString Ignored;
+	std::string Text;
+	if (List && JsonUtf8::ParseValue(*List, Value, Ignored))
+	{
+		for (const TSharedPtr<FJsonValue>& Sentence : Value->AsArray())
+		{
+			Text += ToUtf8(Sentence->AsString()) + " ";
+		}
+	}
+	return Text;
+}
+
 /** The document that a read tool puts into its data. */
 static FResourceOutcome ReadWithTool(IToolHost& Tools, const std::string& Tool, const std::string& ArgumentsJson)
 {
@@ -63,13 +80,37 @@ static FResourceOutcome ReadWithTool(IToolHost& Tools, const std::string& Tool, 
 	{
 		return {*Content, FResourceOutcome::EFault::None, {}};
 	}
-	const std::string* const Errors = Result.Find("errors");
-	return {{}, FResourceOutcome::EFault::Unknown, "It cannot be read: " + (Errors ? *Errors : std::string("[]"))};
+	return {{}, FResourceOutcome::EFault::Unknown,
+		"It cannot be read: " + Sentences(Result, "errors") + Sentences(Result, "warnings")};
+}
+
+/** What is wrong with a name of the query that the address's template does not have; empty when it has all. */
+static std::string FindForeignName(const FResourceUri& Uri)
+{
+	for (const ResourceTemplates::FTemplate& Template : ResourceTemplates::GetAll())
+	{
+		const size_t Start = Template.Uri.find("{?");
+		if (Template.Name != Uri.Kind || Start == std::string_view::npos)
+		{
+			continue;
+		}
+		const std::string_view Names = Template.Uri.substr(Start + 2, Template.Uri.size() - Start - 3);
+		for (const auto& Asked : Uri.Query)
+		{
+			if (("," + std::string(Names) + ",").find("," + Asked.first + ",") == std::string::npos)
+			{
+				return "'" + Asked.first + "' is nothing that it takes; those are " + std::string(Names);
+			}
+		}
+	}
+	return std::string();
 }
 
 static FResourceOutcome ReadBlueprint(const FResourceUri& Uri, IToolHost& Tools)
 {
-	const std::string Path = R"({"path":)" + JsonText::Quote(Uri.Path);
+	const std::string Detail = Uri.Get("detail");
+	const std::string Path = R"({"path":)" + JsonText::Quote(Uri.Path)
+		+ (Detail.empty() ? std::string() : R"(,"detail":)" + JsonText::Quote(Detail));
 	const std::string Event = Uri.Get("event");
 	const std::string Function = Uri.Get("function");
 	if (!Event.empty())
@@ -126,6 +167,10 @@ TSharedRef<FJsonObject> ProjectResources::Assets(const FResourceUri& Uri)
 FResourceOutcome ProjectResources::Read(const FResourceUri& Uri, IToolHost& Tools)
 {
 	using namespace ProjectResourcesPrivate;
+	if (const std::string Fault = FindForeignName(Uri); !Fault.empty())
+	{
+		return {{}, FResourceOutcome::EFault::Unknown, Fault};
+	}
 	if (Uri.Kind == "blueprint" && Uri.Path.size() > 1)
 	{
 		return ReadBlueprint(Uri, Tools);

@@ -179,7 +179,9 @@ FResourceOutcome FEditorSession::ReadResource(const std::string_view Uri)
 	const std::optional<FResourceUri> Parsed = FResourceUri::Parse(Uri);
 	if (!Parsed)
 	{
-		return {{}, FResourceOutcome::EFault::Unknown, "Nothing has this address"};
+		const bool bOurs = Uri.starts_with("morvane://");
+		return {{}, FResourceOutcome::EFault::Unknown,
+			bOurs ? "A percent sign in it is not followed by two hex digits" : "Addresses begin with morvane://"};
 	}
 	FString Error;
 	if (!BeginLook(Error))

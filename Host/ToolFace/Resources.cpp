@@ -18,9 +18,9 @@ static std::string Entry(const char* const UriKey, const std::string_view Uri, c
 const std::vector<ResourceTemplates::FTemplate>& ResourceTemplates::GetAll()
 {
 	static const std::vector<FTemplate> Templates = {
-		{"morvane://menu{?query,category,node_class,limit}", "menu", "Actions of the graph menu",
-			"The actions whose title, category or keywords have all words of the query, best first, each with the request that places its node exactly. category and node_class narrow the list, limit (default 40) bounds it.",
-			{{"query", ENameKind::MenuTitle}, {"node_class", ENameKind::NodeClass}}},
+		{"morvane://menu{?query,title,category,node_class,limit}", "menu", "Actions of the graph menu",
+			"The actions whose title, category or keywords have all words of the query, best first, each with the request that places its node exactly. title names one, category and node_class narrow the list, limit (default 40) bounds it.",
+			{{"query", ENameKind::MenuTitle}, {"title", ENameKind::MenuTitle}, {"node_class", ENameKind::NodeClass}}},
 		{"morvane://node{?title,node_class,function,parent}", "node", "A node with its pins",
 			"The nodes of that menu title with the names, types and defaults of their pins, before any is placed. function names one exactly: KismetSystemLibrary.PrintString. parent is the class of the Blueprint that the node would stand in; default Actor.",
 			{{"title", ENameKind::MenuTitle}, {"node_class", ENameKind::NodeClass},
@@ -28,8 +28,8 @@ const std::vector<ResourceTemplates::FTemplate>& ResourceTemplates::GetAll()
 		{"morvane://assets{?path,class,query,limit}", "assets", "Assets",
 			"The assets below a folder (default the project; /Engine lists the engine's meshes, materials, fonts, textures and sounds that can be referred to), of a class and with a word in their name. limit defaults to 200.",
 			{{"path", ENameKind::FolderPath}, {"class", ENameKind::AssetClass}}},
-		{"morvane://blueprint{+path}{?event,function}", "blueprint", "A Blueprint",
-			"What a Blueprint holds: parent, variables, components, functions, events. path is the asset's, with its slash: morvane://blueprint/Game/Doors/BP_Door. event or function shows one of them with its nodes.",
+		{"morvane://blueprint{+path}{?event,function,detail}", "blueprint", "A Blueprint",
+			"What a Blueprint holds: parent, variables, components, functions, events. path is the asset's, with its slash: morvane://blueprint/Game/Doors/BP_Door. event or function shows one of them with its nodes; detail=lean takes about a third of the length.",
 			{{"path", ENameKind::BlueprintPath}}},
 	};
 	return Templates;

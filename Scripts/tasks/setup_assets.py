@@ -37,9 +37,9 @@ def guid(text):
 def struct_text(name, members):
     lines = []
     for index, (shown, kind) in enumerate(members.items()):
-        own = guid(name + shown)
+        own, plain = guid(name + shown), shown.replace(" ", "")
         category = f'Category="{kind}"' if kind not in ("float", "double") else f'Category="real",SubCategory="{kind}"'
-        lines.append(f'      VariablesDescriptions({index})=(VarName="{shown}_{index + 1}_{own}",VarGuid={own},FriendlyName="{shown}",{category})')
+        lines.append(f'      VariablesDescriptions({index})=(VarName="{plain}_{index + 1}_{own}",VarGuid={own},FriendlyName="{shown}",{category})')
     return (f'Begin Object Class=/Script/Engine.UserDefinedStruct Name="{name}" Flags=Public|Standalone\n'
             f'   Begin Object Class=/Script/UnrealEd.UserDefinedStructEditorData Name="UserDefinedStructEditorData_0"\n   End Object\n'
             f'   Begin Object Name="UserDefinedStructEditorData_0"\n' + "\n".join(lines) + "\n   End Object\n"

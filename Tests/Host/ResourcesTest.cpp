@@ -301,6 +301,30 @@ TEST(Resources, ABlueprintIsReadAndUnknownOnesAreToldFromIt)
 	const FProcessResult Unknown = RunMorvane({"serve", "--project", Project.Path().string()},
 		ResourcesTest::Legacy("resources/read", R"("uri":"morvane://blueprint/Game/Doors/BP_None")"));
 	EXPECT_THAT(Unknown.Output, HasSubstr(R"("code":-32602)"));
+	const TSharedPtr<FJsonObject> Lean = ResourcesTest::Read(
+		Project, "morvane://blueprint/Game/Doors/BP_Door?detail=lean");
+	EXPECT_EQ(ToUtf8(Lean->GetStringField(TEXT("detail"))), "lean");
+}
+
+TEST(Resources, WhatIsWrongWithAnAddressIsSaid)
+{
+	const std::pair<const char*, const char*> Rows[] = {
+		{"morvane://menu?query=%zz", "A percent sign in it is not followed by two hex digits"},
+		{"menu", "Addresses begin with morvane://"}, {"morvane://menus", "Nothing has this address"},
+		{"morvane://assets?klass=Font", "'klass' is nothing that it takes; those are path,class,query,limit"},
+		{"morvane://node?node_class=K2Node_IfThenElse", "A node is asked for by title or function"},
+		{"morvane://blueprint/Game/Doors/BP_None", "It cannot be read: Blueprint does not exist"}};
+	const FTemporaryFolder Project;
+	std::string Asked;
+	for (const auto& [Uri, Told] : Rows)
+	{
+		Asked += ResourcesTest::Legacy("resources/read", "\"uri\":\"" + std::string(Uri) + "\"");
+	}
+	const std::string Answers = RunMorvane({"serve", "--project", Project.Path().string()}, Asked).Output;
+	for (const auto& [Uri, Told] : Rows)
+	{
+		EXPECT_THAT(Answers, HasSubstr("Resource not found: " + std::string(Uri) + ". " + Told));
+	}
 }
 
 TEST(Resources, ListingThemTakesNoLock)

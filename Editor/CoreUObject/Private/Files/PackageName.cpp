@@ -150,6 +150,11 @@ static FString FindEntry(const FString& Directory, const FString& Name)
 	const auto Found = Entries.ByName.find(Name.ToLower().ToStdWString());
 	return Found == Entries.ByName.end() ? FString() : Found->second;
 }
+/** The engine's own content, which assets refer to and nothing here writes. */
+static bool IsOfEngine(FStringView Name)
+{
+	return Name.StartsWith(TEXT("/Engine/"), ESearchCase::IgnoreCase);
+}
 } // namespace PackageNames
 
 const FString& FPackageName::GetAssetPackageExtension()
@@ -285,7 +290,7 @@ bool FPackageName::IsValidLongPackageName(FStringView Name, bool bIncludeReadOnl
 	}
 	PackageNames::FMount Mount;
 	if (PackageNames::FindMountOfName(Name, Mount)
-		|| (bIncludeReadOnlyRoots && (IsScriptPackage(Name) || IsTempPackage(Name))))
+		|| (bIncludeReadOnlyRoots && (IsScriptPackage(Name) || IsTempPackage(Name) || PackageNames::IsOfEngine(Name))))
 	{
 		return true;
 	}

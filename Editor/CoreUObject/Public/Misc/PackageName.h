@@ -27,7 +27,7 @@ public:
 	/** The shape alone: a root, at least one more name, none empty, no character that a file or an object could not
 	 * have. */
 	static bool IsValidTextForLongPackageName(FStringView Name, FText* OutReason = nullptr);
-	/** The shape, and a root that is mounted; script packages count when bIncludeReadOnlyRoots. */
+	/** The shape, and a root that is mounted; those of code and of the engine count when bIncludeReadOnlyRoots. */
 	static bool IsValidLongPackageName(
 		FStringView Name, bool bIncludeReadOnlyRoots = false, FText* OutReason = nullptr);
 	static bool IsValidObjectPath(const FString& ObjectPath, FText* OutReason = nullptr);

@@ -3,6 +3,7 @@
 #include "EdGraph/EdGraphPin.h"
 #include "EdGraphSchema_K2.h"
 #include "UObject/UnrealType.h"
+#include "Utils/Asset/SoftReferences.h"
 #include "Utils/Graph/LooseNames.h"
 
 namespace AuthoredValuesText
@@ -306,6 +307,10 @@ static bool IsTaken(const UEdGraphPin& Pin, const FString& Value)
 
 FString AuthoredValues::ToPinText(const UEdGraphPin& Pin, const FString& Value)
 {
+	if (Pin.PinType.PinCategory == UEdGraphSchema_K2::PC_SoftObject && !Pin.PinType.IsContainer())
+	{
+		return SoftReferences::ToObjectPath(Value);
+	}
 	UObject* const Kind = Pin.PinType.PinSubCategoryObject.Get();
 	const UScriptStruct* const Struct = Cast<UScriptStruct>(Kind);
 	const UEnum* const Enum = Cast<UEnum>(Kind);

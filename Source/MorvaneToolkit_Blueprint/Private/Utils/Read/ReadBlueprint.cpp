@@ -13,6 +13,7 @@
 #include "ToolInfo.h"
 #include "ToolResult.h"
 #include "UObject/TopLevelAssetPath.h"
+#include "Utils/Asset/OtherAssets.h"
 #include "Utils/Read/ItemKinds.h"
 #include "Utils/Read/ReadBudget.h"
 #include "Utils/Read/ReadDetail.h"
@@ -131,6 +132,11 @@ bool FRead::LoadBlueprint()
 	Blueprint = FBlueprintUtils::LoadBlueprint(Path, Result);
 	if (!Blueprint)
 	{
+		const FString Other = OtherAssets::Describe(Path);
+		if (!Other.IsEmpty())
+		{
+			Result.AddWarningMessage(TEXT("[Failure] ") + Other);
+		}
 		return false;
 	}
 	// Brings the class up to date with what was declared since the last compile.

@@ -90,6 +90,17 @@ FString GetValue(const UObject& Object, const FProperty& Property, bool bLean)
 	return bLean ? ShortenReferences(Text) : Text;
 }
 
+void SetDisplayValue(FJsonObject& Object, const FEdGraphPinType& Type, const FString& Value)
+{
+	const UEnum* const Enum = Cast<UEnum>(Type.PinSubCategoryObject.Get());
+	const bool bNative = Enum && Enum->GetPathName().StartsWith(TEXT("/Script/"), ESearchCase::CaseSensitive);
+	const int32 Index = Enum && !bNative && !Type.IsContainer() ? Enum->GetIndexByNameString(Value) : INDEX_NONE;
+	if (Index != INDEX_NONE)
+	{
+		Object.SetStringField(TEXT("display_value"), Enum->GetDisplayNameTextByIndex(Index).ToString());
+	}
+}
+
 double ShortenFloat(double Value)
 {
 	const float Single = static_cast<float>(Value);

@@ -32,6 +32,11 @@ void SetType(FJsonObject& Object, const FEdGraphPinType& Type, bool bLean);
 FString GetValue(const UObject& Object, const FProperty& Property, bool bLean);
 /** The text with paths in place of references that name the class too: /Script/Engine.Texture2D'/Game/T_A.T_A'. */
 FString ShortenReferences(const FString& Text);
+/**
+ * Entries of an enum that the project has made are called NewEnumerator3; beside such a value "display_value" is what
+ * its author sees. Nothing for other types.
+ */
+void SetDisplayValue(FJsonObject& Object, const FEdGraphPinType& Type, const FString& Value);
 /** A number that came from a float, in as few digits as tell it apart: 0.1 and not 0.10000000149. */
 double ShortenFloat(double Value);
 } // namespace ReadDetail

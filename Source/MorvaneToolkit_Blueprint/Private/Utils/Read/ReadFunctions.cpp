@@ -160,6 +160,7 @@ static void SetLocalVariables(FJsonObject& Entry, const UK2Node_FunctionEntry& N
 		if (!bLean || !Variable.DefaultValue.IsEmpty())
 		{
 			Object->SetStringField(TEXT("default_variable_value"), ShowDefault(Variable));
+			ReadDetail::SetDisplayValue(*Object, Variable.VarType, Variable.DefaultValue);
 		}
 		Variables.Add(MakeShared<FJsonValueObject>(Object));
 	}

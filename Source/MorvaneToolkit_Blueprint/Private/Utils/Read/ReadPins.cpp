@@ -93,6 +93,7 @@ TSharedPtr<FJsonObject> FPinReader::ReadLean(const UEdGraphPin& Pin)
 	if (bValue)
 	{
 		ReadPins::SetText(*Info, TEXT("value"), ReadPins::GetValue(Pin));
+		ReadDetail::SetDisplayValue(*Info, Pin.PinType, Pin.DefaultValue);
 	}
 	// Most links of execution leave by "then", which is no input anywhere.
 	if (Pin.Direction == EGPD_Output && Pin.PinName != UEdGraphSchema_K2::PN_Then)
@@ -127,6 +128,7 @@ TSharedPtr<FJsonObject> FPinReader::ReadFull(const UEdGraphPin& Pin)
 	const TSharedPtr<FJsonObject> Info = MakeShared<FJsonObject>();
 	ReadPins::SetText(*Info, TEXT("name"), Pin.PinName.ToString());
 	ReadPins::SetText(*Info, TEXT("value"), ReadPins::GetValue(Pin));
+	ReadDetail::SetDisplayValue(*Info, Pin.PinType, Pin.DefaultValue);
 	Info->SetField(TEXT("direction"), Pin.Direction == EGPD_Input ? ReadPins::Input() : ReadPins::Output());
 	Info->SetField(TEXT("type"), GetType(Pin.PinType));
 	ReadPins::SetOrphaned(*Info, Pin);

@@ -103,6 +103,7 @@ static void AddVariable(FReadSection& Section, const FString& Name, const FBPVar
 	{
 		Entry->SetStringField(
 			TEXT("default_variable_value"), Section.bLean ? ReadDetail::ShortenReferences(DefaultValue) : DefaultValue);
+		ReadDetail::SetDisplayValue(*Entry, Type, DefaultValue);
 	}
 	const bool bReplicates = !Variable.RepNotifyFunc.IsNone() || (Variable.PropertyFlags & CPF_Net) != 0;
 	if (bReplicates || !Section.bLean)

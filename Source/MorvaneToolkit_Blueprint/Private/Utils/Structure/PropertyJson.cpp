@@ -6,6 +6,7 @@
 #include "Misc/OutputDevice.h"
 #include "Misc/PackageName.h"
 #include "UObject/UnrealType.h"
+#include "Utils/Asset/SoftReferences.h"
 #include "Utils/Structure/StructureEntry.h"
 
 #include <cmath>
@@ -197,7 +198,8 @@ static bool WriteSoftReference(const FSoftObjectProperty& Property, const FJson&
 		Bare = Bare.RightChop(Quote + 1).Replace(TEXT("'"), TEXT(""));
 	}
 	const bool bPlace = Bare.StartsWith(TEXT("/")) && FPackageName::IsValidObjectPath(Bare);
-	return bPlace ? PropertyJson::Import(Property, Path, Value, nullptr, OutFault) : Fail(OutFault, Json, Property);
+	return bPlace ? PropertyJson::Import(Property, SoftReferences::ToObjectPath(Path), Value, nullptr, OutFault)
+				  : Fail(OutFault, Json, Property);
 }
 
 static bool WriteReference(const FProperty& Property, const FJson& Json, void* Value, UObject* Owner, FString& OutFault)
