@@ -205,7 +205,7 @@ static std::string NameSet(const testing::TestParamInfo<const char*>& Info)
 }
 
 INSTANTIATE_TEST_SUITE_P(
-	Sets, LooseRequests, testing::Values("loose.tsv", "areas.tsv", "further.tsv", "tuning.tsv"), NameSet);
+	Sets, LooseRequests, testing::Values("loose.tsv", "areas.tsv", "further.tsv", "third.tsv", "tuning.tsv"), NameSet);
 
 /** A set that lies elsewhere, for whoever writes one: MORVANE_REQUESTS=/path/to/set.tsv. */
 TEST(LooseRequestsElsewhere, GoTheSameWay)

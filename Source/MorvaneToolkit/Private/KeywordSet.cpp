@@ -26,6 +26,8 @@ constexpr float PrecisionShare = 0.15f;
 /** Where less of a title than this was asked for, confidence falls with it. */
 constexpr float ChancePrecision = 0.4f;
 constexpr float ChanceOfFew = 0.75f;
+/** How much of a title has to be asked for when its "Get", "Set" or "Is" was not. */
+constexpr float AccessorOnly = 0.75f;
 /** How much of "Get X Y" has to be in a title that begins with the verb, and of that title in the request. */
 constexpr float AccessorCoverage = 0.8f;
 constexpr float AccessorPrecision = 0.6f;
@@ -59,8 +61,10 @@ struct FRequestParts
 	/** INDEX_NONE when no class was named. */
 	int32 NodeClass = INDEX_NONE;
 	bool bHasTitleWords = false;
-	/** Of the title, those that say more than hundreds of titles do. */
+	/** Of the title. */
 	int32 NumWeighty = 0;
+	/** Of those, the ones that say more than hundreds of titles do. */
+	int32 NumTelling = 0;
 	/** What the most telling of them weighs. */
 	float Heaviest = 0.0f;
 };
@@ -78,6 +82,7 @@ static FRequestParts GetParts(const TArray<FKeyword>& Keywords)
 	for (int32 Index = 0; Index < Parts.WordEnd; ++Index)
 	{
 		Parts.NumWeighty += IsWord(Keywords[Index]) ? 1 : 0;
+		Parts.NumTelling += IsWord(Keywords[Index]) && Keywords[Index].Weight >= KeywordTuning::VagueWeight ? 1 : 0;
 		Parts.Heaviest = IsWord(Keywords[Index]) ? FMath::Max(Parts.Heaviest, Keywords[Index].Weight) : Parts.Heaviest;
 	}
 	if (!Parts.bHasTitleWords)
@@ -180,6 +185,16 @@ static bool IsAccessorOf(const TArray<FKeyword>& Request, const FRequestParts& P
 	const bool bOneWord = Parts.NumWeighty <= 2;
 	return bSameVerb && Coverage >= KeywordTuning::AccessorCoverage
 		&& Precision >= (bOneWord ? 1.0f : KeywordTuning::AccessorPrecision);
+}
+
+/** Whether the title begins with "Get", "Set", "Is" or "Has", and the request has it nowhere. */
+static bool IsUnaskedAccessor(const TArray<FKeyword>& Request, const TArray<FKeyword>& Candidate)
+{
+	const FString First = Candidate.IsEmpty() ? FString() : Candidate[0].Text;
+	const bool bAccessor = First.Equals(TEXT("get")) || First.Equals(TEXT("set")) || First.Equals(TEXT("is"))
+		|| First.Equals(TEXT("has"));
+	return bAccessor
+		&& !Request.ContainsByPredicate([&First](const FKeyword& Word) { return Word.Text.Equals(First); });
 }
 
 /** Whether the title is all about one name, so that a title with another name is about something else. */
@@ -406,6 +421,11 @@ float KeywordMatch::GetConfidence(const FKeywordSet& Request, const FKeywordSet&
 		* (1.0f - KeywordTuning::PrecisionShare * (1.0f - Precision));
 	// A title that is mostly about something else has the words by chance.
 	Confidence *= FMath::Min(1.0f, Precision / KeywordTuning::ChancePrecision);
+	// "Respawn Player" is not "Get Player Respawn Delay".
+	if (Precision < KeywordTuning::AccessorOnly && KeywordSetImpl::IsUnaskedAccessor(Keywords, Candidate.GetKeywords()))
+	{
+		Confidence = FMath::Min(Confidence, KeywordTuning::VagueMax);
+	}
 	if (!KeywordSetImpl::IsAccessorOf(Keywords, Parts, Candidate.GetKeywords(), Coverage, Precision))
 	{
 		Confidence = FMath::Min(Confidence, KeywordTuning::VagueMax);
@@ -426,7 +446,7 @@ float KeywordMatch::GetConfidence(const FKeywordSet& Request, const FKeywordSet&
 	}
 	// One word stands in too many titles to mean one that has more of them.
 	if (TotalWeight < KeywordTuning::VagueWeight || Parts.Heaviest < KeywordTuning::VagueWeight
-		|| (Parts.NumWeighty == 1 && Precision < 1.0f))
+		|| (Parts.NumTelling <= 1 && Precision < 1.0f))
 	{
 		Confidence = FMath::Min(Confidence, KeywordTuning::VagueMax);
 	}

@@ -48,7 +48,7 @@ static void AddConversion(const FString& Kind, const FString& Member, TArray<FRe
 	const TArray<FString> Words = KeywordWords::Split(Member);
 	if (!Kind.IsEmpty() && Words.Num() == 2 && Words[0].Equals(TEXT("to")))
 	{
-		RequestForms::ReadConversion({Kind, TEXT("to"), Words[1]}, OutReadings);
+		RequestForms::ReadConversion({Kind, TEXT("to"), Words[1]}, FRequestScope(), OutReadings);
 	}
 }
 
@@ -183,6 +183,7 @@ static void AddOfChain(
 	for (int32 Index = NumBefore; Index < OutReadings.Num(); ++Index)
 	{
 		OutReadings[Index].bOfAnother = bOfAnother;
+		OutReadings[Index].Receiver = bOfAnother ? Chain.Names[At - 1] : FString();
 	}
 }
 
@@ -228,7 +229,8 @@ static void AddIndexed(
 		return;
 	}
 	const FString Family = Kind.IsEmpty() ? RequestLexicon::GetFamily(Chain.Names.Last()) : Kind;
-	OutReadings.Append(RequestLexicon::FindVerb(Family.Equals(TEXT("map")) ? TEXT("map") : TEXT("array"), TEXT("get")));
+	const bool bMap = RequestSyntax::IsQuoted(Chain.Index) || Family.Equals(TEXT("map"));
+	OutReadings.Append(RequestLexicon::FindVerb(bMap ? TEXT("map") : TEXT("array"), TEXT("get")));
 }
 /** "(b - a).normalized" as "value.normalized": what is in brackets is some value. */
 static FString WithoutBracketedReceiver(const FString& Text)

@@ -91,7 +91,8 @@ static bool FindPair(const TArray<FString>& Words, FPair& OutPair)
 }
 } // namespace RequestConversionImpl
 
-bool RequestForms::ReadConversion(const TArray<FString>& Words, TArray<FRequestReading>& OutReadings)
+bool RequestForms::ReadConversion(
+	const TArray<FString>& Words, const FRequestScope& Scope, TArray<FRequestReading>& OutReadings)
 {
 	using namespace RequestConversionImpl;
 
@@ -100,6 +101,8 @@ bool RequestForms::ReadConversion(const TArray<FString>& Words, TArray<FRequestR
 	{
 		return false;
 	}
+	const FString Kind = IsType(Pair.From) ? FString() : Scope.GetVariableKind(Pair.From);
+	Pair.From = Kind.IsEmpty() ? Pair.From : Kind;
 	// "text to upper" is no conversion of types.
 	const FString Family = RequestLexicon::GetFamily(Pair.From);
 	if (!Family.IsEmpty())

@@ -277,7 +277,8 @@ static void AddAssignment(const FString& Left, const FRequestScope& Scope, TArra
 		const FString Kind = Scope.GetVariableKind(Name);
 		const FString Family = Kind.IsEmpty() ? RequestLexicon::GetFamily(Name) : Kind;
 		const bool bNumber = Left.Contains(TEXT("[i]")) || Left.Contains(TEXT("[0]")) || Left.Contains(TEXT("[index]"));
-		const bool bMap = Family.Equals(TEXT("map")) || (!Family.Equals(TEXT("array")) && !bNumber);
+		const bool bMap = RequestSyntax::IsQuoted(Chain.Index) || Family.Equals(TEXT("map"))
+			|| (!Family.Equals(TEXT("array")) && !bNumber);
 		OutReadings.Append(RequestLexicon::FindVerb(bMap ? TEXT("map") : TEXT("array"), TEXT("set")));
 		return;
 	}
@@ -289,7 +290,9 @@ static void AddAssignment(const FString& Left, const FRequestScope& Scope, TArra
 		const FString OfKind = RequestLexicon::GetFamilyOfKind(Kind);
 		AddSetter(OfKind.IsEmpty() ? RequestLexicon::GetFamily(Receiver) : OfKind, Name, OutReadings);
 		OutReadings.Add({TEXT("Set ") + Name, Kind.IsEmpty() ? Receiver : Kind});
-		OutReadings.Add_GetRef({TEXT("Set ") + Name, FString()}).bOfAnother = true;
+		FRequestReading& OfAnother = OutReadings.Add_GetRef({TEXT("Set ") + Name, FString()});
+		OfAnother.bOfAnother = true;
+		OfAnother.Receiver = Receiver;
 		return;
 	}
 	OutReadings.Add({TEXT("Set ") + Name, FString()});

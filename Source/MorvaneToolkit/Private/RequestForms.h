@@ -17,7 +17,7 @@ bool ReadExpression(const FString& Text, const FRequestScope& Scope, TArray<FReq
 /** "A.B(x)", "A::B", "new A(x)", "x[0]". */
 bool ReadCall(const FString& Text, const FRequestScope& Scope, TArray<FRequestReading>& OutReadings);
 /** "integer to string": answers whether the words are of that form, whether or not there is such a conversion. */
-bool ReadConversion(const TArray<FString>& Words, TArray<FRequestReading>& OutReadings);
+bool ReadConversion(const TArray<FString>& Words, const FRequestScope& Scope, TArray<FRequestReading>& OutReadings);
 
 // Of plain words, which may say something else as well.
 

@@ -78,7 +78,10 @@ inline constexpr FVerbs Verbs[] = {
 		TEXT("removeat removeindex pop eraseat deleteat popback shift removebyindex poplast popat popfront"),
 		TEXT("Remove Index")},
 	{TEXT("array"), TEXT("clear empty removeall reset deleteall"), TEXT("Clear")},
-	{TEXT("array"), TEXT("length count size num len getlength getsize getcount numberof howmany getlengthof"),
+	{TEXT("array"),
+		TEXT(
+			"length count size num len getlength getsize getcount numberof howmany getlengthof numberitem countitem itemcount "
+			"elementcount numberelement countelement"),
 		TEXT("Length")},
 	{TEXT("array"), TEXT("contain include has exist containitem in hasitem"), TEXT("Contains Item")},
 	{TEXT("array"), TEXT("find indexof index finditem getindex indexofitem search findindex getindexof locate"),
@@ -132,7 +135,8 @@ inline constexpr FVerbs Verbs[] = {
 	{TEXT("string"), TEXT("lower tolower tolowercase lowercase downcase"), TEXT("To Lower")},
 	{TEXT("string"), TEXT("split explode parseintoarray tokenize"), TEXT("Parse Into Array")},
 	{TEXT("string"), TEXT("join implode"), TEXT("Join String Array")},
-	{TEXT("string"), TEXT("replace replaceall substitute gsub replacein"), TEXT("Replace")},
+	{TEXT("string"), TEXT("replace replaceall substitute gsub replacein replacesubstring replacetext"),
+		TEXT("Replace")},
 	{TEXT("string"), TEXT("trim strip trimstart lstrip stripedge trimstartandend"), TEXT("Trim")},
 	{TEXT("string"), TEXT("trimend rstrip"), TEXT("Trim Trailing")},
 	{TEXT("string"), TEXT("startwith beginwith hasprefix beginswith"), TEXT("Starts With")},

@@ -17,6 +17,22 @@ static bool IsOperand(const FString& Text, int32 Length)
 	return Length == 2 && Pieces.Num() > 1 && Signs.Contains(Pieces[0].ToLower());
 }
 
+/** Signs alone, among them such as no operator has: a percent sign in it is no modulo. */
+static bool IsNoise(const FString& Text)
+{
+	int32 Index = INDEX_NONE;
+	bool bForeign = false;
+	for (const TCHAR Char : Text)
+	{
+		if (FChar::IsAlnum(Char))
+		{
+			return false;
+		}
+		bForeign |= FStringView(TEXT("@#$?;,.:_\\")).FindChar(Char, Index);
+	}
+	return bForeign;
+}
+
 /** Words before a term that do not change what it does. */
 static FString StripShell(FString Text)
 {
@@ -183,10 +199,28 @@ static void AddLabelled(const FString& Text, TArray<FRequestReading>& OutReading
 	}
 }
 
+/** "load map MainMenu", "find actors with tag enemy": the last word is what somebody has named. */
+static bool IsMadeName(const TArray<FString>& Pieces)
+{
+	const FString& Last = Pieces.Last();
+	int32 NumHumps = 0;
+	for (const TCHAR Char : Last)
+	{
+		NumHumps += FChar::IsUpper(Char) ? 1 : 0;
+	}
+	const bool bHumps = NumHumps > 1 && FChar::IsUpper(Last[0]) && FChar::IsLower(Last[Last.Len() - 1])
+		&& FChar::IsLower(Pieces[0][0]);
+	const bool bNamed = Pieces.Num() > 3
+		&& RequestSyntax::IsOneOf(Pieces[Pieces.Num() - 2], TEXT("tag slot level map socket"));
+	return bHumps || bNamed;
+}
+
 /** "Create WBP_Menu widget": the asset is what a pin takes. */
 static void AddWithoutAsset(const TArray<FString>& Pieces, TArray<FRequestReading>& OutReadings)
 {
-	const TArray<FString> Rest = Pieces.FilterByPredicate([](const FString& Piece) { return !IsAssetName(Piece); });
+	TArray<FString> Rest = Pieces.FilterByPredicate([](const FString& Piece) { return !IsAssetName(Piece); });
+	const bool bValue = Rest.Num() > 2 && Rest.Num() == Pieces.Num() && IsMadeName(Rest);
+	Rest.SetNum(bValue ? Rest.Num() - 1 : Rest.Num());
 	if (Rest.Num() > 0 && Rest.Num() < Pieces.Num())
 	{
 		OutReadings.Add({FString::Join(Rest, TEXT(" ")), FString()});
@@ -232,6 +266,11 @@ static void AddWithPins(const TArray<FString>& Pieces, TArray<FRequestReading>& 
 				OutReadings.Append(RequestLexicon::FindPhrase(KeywordWords::Split(Title), FRequestScope()));
 				OutReadings.Add({Title, FString()});
 			}
+			if (Pieces[Index].Equals(TEXT("to"), ESearchCase::IgnoreCase) && Index > 1
+				&& Pieces[0].Equals(TEXT("set"), ESearchCase::IgnoreCase))
+			{
+				OutReadings.Add({Title, FString()}); // what it is set to is a value, whatever it is
+			}
 			const TArray<FString> Behind(Pieces.GetData() + Index + 1, Pieces.Num() - Index - 1);
 			FRequestReading& Reading = OutReadings.Add_GetRef({Title, FString()});
 			Reading.PinWords = FString::Join(Behind, TEXT(" "));
@@ -260,7 +299,7 @@ static void ReadProse(const FString& Text, const FRequestScope& Scope, FRequestR
 		return; // what is left of a quoted text is no key
 	}
 	const TArray<FString> Words = KeywordWords::Split(Plain);
-	if (RequestForms::ReadConversion(Words, Out.Readings))
+	if (RequestForms::ReadConversion(Words, Scope, Out.Readings))
 	{
 		Out.bOnlyReadings = true;
 		return;
@@ -299,6 +338,7 @@ static void ReadProse(const FString& Text, const FRequestScope& Scope, FRequestR
 	AddWithPins(Pieces, Out.Readings);
 	if (Pieces.Num() == 2 || Pieces.Num() == 3)
 	{
+		Out.Readings.Append(RequestLexicon::FindVerb(TEXT("math"), Plain)); // "round to int"
 		Out.Readings.Append(RequestLexicon::FindVerbOfAny(Plain)); // "to lower case"
 	}
 	if (Pieces.Num() > 2 && Pieces[0].Equals(TEXT("if"), ESearchCase::IgnoreCase))
@@ -313,6 +353,12 @@ FRequestReadings FRequestReader::Read(const FString& Text, const FRequestScope& 
 {
 	FRequestReadings Out;
 	const FString Term = RequestReaderImpl::StripShell(Text);
+	if (RequestReaderImpl::IsNoise(Term))
+	{
+		Out.bOnlyReadings = true;
+		Out.bCode = true;
+		return Out;
+	}
 	if (Term.IsEmpty())
 	{
 		return Out;

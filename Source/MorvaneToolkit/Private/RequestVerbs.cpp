@@ -76,9 +76,14 @@ void RequestForms::ReadVerb(const TArray<FString>& Pieces, TArray<FRequestReadin
 			}
 		}
 	}
-	if (Pieces.Num() > 2 && IsOneOf(Pieces.Last(), Ways) && !IsOneOf(Pieces[0], TEXT("on event when is was key")))
+	if (Pieces.Num() > 2 && IsOneOf(Pieces.Last(), Ways) && !IsOneOf(Pieces[0], TEXT("on event when is was key"))
+		&& !IsOneOf(Pieces[1], TEXT("key")))
 	{
 		OutReadings.Add({JoinFrom(TArray<FString>(Pieces.GetData(), Pieces.Num() - 1), 0), FString()});
+	}
+	if (IsOneOf(Pieces[0], TEXT("literal")))
+	{
+		OutReadings.Add({TEXT("Make ") + JoinFrom(Pieces, 0), FString()});
 	}
 	if (Pieces.Num() > 2 && IsOneOf(Pieces[0], Empty))
 	{

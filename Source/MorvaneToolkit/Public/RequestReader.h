@@ -27,6 +27,8 @@ struct FRequestReading
 	FString PinWords = FString();
 	/** Asked of another object: a variable of this Blueprint is not meant, however well it is named. */
 	bool bOfAnother = false;
+	/** What it is called on then. */
+	FString Receiver = FString();
 };
 
 /** What a request was found to say. */

@@ -122,6 +122,12 @@ FString FBlueprintCamMatching::ExplainRefusal(const FBPNodeModification& Record,
 	return Search.Explain(Record.MenuTitle, Record.ClassName);
 }
 
+FString FBlueprintCamMatching::HintRefusal(const FBPNodeModification& Record, const FSharedActionMenu& Menu)
+{
+	FCamSearch Search(Menu);
+	return Search.Hint(Record.MenuTitle);
+}
+
 int32 FBlueprintCamMatching::CountShown(const TArray<FCamCandidate>& Candidates)
 {
 	int32 Count = 0;

@@ -82,9 +82,12 @@ public:
 	 */
 	static FString ExplainRefusal(const FBPNodeModification& Record, const FSharedActionMenu& Menu);
 
+	/** What the author of such a request may not know; empty when there is nothing to say. */
+	static FString HintRefusal(const FBPNodeModification& Record, const FSharedActionMenu& Menu);
+
 	/** How many of the candidates messages and telemetry show: those that fit by chance alone are left out. */
 	static int32 CountShown(const TArray<FCamCandidate>& Candidates);
 
 	static constexpr int32 MaxShown = 20;
-	static constexpr float LeastShown = 0.05f;
+	static constexpr float LeastShown = 0.15f;
 };

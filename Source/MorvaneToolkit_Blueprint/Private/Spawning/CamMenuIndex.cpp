@@ -11,6 +11,8 @@
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
 
+#include <algorithm>
+
 namespace CamMenuIndex
 {
 static const UBlueprintNodeSpawner* GetSpawner(const FEdGraphSchemaAction& Action)
@@ -95,17 +97,35 @@ static TArray<FString> MakeRequestKeywords(const FString& MenuTitle, const FStri
 }
 
 /** Members are asked for with and without what the engine puts in front. */
-static FString WithoutPrefix(const FString& Member)
+static FStringView WithoutPrefix(FStringView Member)
 {
-	for (const TCHAR* const Prefix : {TEXT("K2_"), TEXT("Receive")})
+	for (const FStringView Prefix : {FStringView(TEXT("K2_")), FStringView(TEXT("Receive"))})
 	{
-		const int32 Length = FStringView(Prefix).Len();
-		if (Member.Len() > Length && Member.StartsWith(Prefix, ESearchCase::CaseSensitive))
+		if (Member.Len() > Prefix.Len() && Member.StartsWith(Prefix, ESearchCase::CaseSensitive))
 		{
-			return Member.RightChop(Length);
+			return Member.RightChop(Prefix.Len());
 		}
 	}
 	return Member;
+}
+
+/** The name of the action's member without prefix: its search words begin with it. Lives as long as the action. */
+static FStringView GetMember(const FEdGraphSchemaAction& Action)
+{
+	const FStringView Words(Action.GetKeywords().ToString());
+	int32 Blank = INDEX_NONE;
+	return WithoutPrefix(Words.FindChar(TEXT(' '), Blank) ? Words.Left(Blank) : Words);
+}
+
+/** Of the letters, whatever their case. */
+static uint32 GetHash(FStringView Name)
+{
+	uint32 Hash = 2166136261u;
+	for (const TCHAR Char : Name)
+	{
+		Hash = (Hash ^ static_cast<uint32>(FChar::ToLower(Char))) * 16777619u;
+	}
+	return Hash;
 }
 
 /** "bIsOpen" is shown as "Is Open". */
@@ -147,7 +167,7 @@ static bool IsLibrary(const UClass& Class)
 /** Whether Blueprints of games have objects of the class to do with: components, actors, widgets and what they hold. */
 static bool IsAtHand(const UClass& Class)
 {
-	static const TSet<FString> Families = {TEXT("ActorComponent"), TEXT("Actor"), TEXT("Widget"), TEXT("AnimInstance"),
+	static const TSet<FString> Families = {TEXT("ActorComponent"), TEXT("Actor"), TEXT("Widget"),
 		TEXT("MaterialInterface"), TEXT("SaveGame"), TEXT("GameInstance"), TEXT("Subsystem"), TEXT("LevelStreaming"),
 		TEXT("Interface")};
 	const UClass* Super = &Class;
@@ -155,7 +175,8 @@ static bool IsAtHand(const UClass& Class)
 	{
 		Super = Super->GetSuperClass();
 	}
-	const bool bOwnWidget = Class.GetName().Equals(TEXT("UserWidget"), ESearchCase::CaseSensitive);
+	const bool bOwnWidget = Class.GetName().Equals(TEXT("UserWidget"), ESearchCase::CaseSensitive)
+		|| Class.GetName().Equals(TEXT("HUD"), ESearchCase::CaseSensitive);
 	return Super && !IsOfEditor(Class) && !bOwnWidget && !Class.GetOutermost()->GetName().Contains(TEXT("Testing"));
 }
 
@@ -215,25 +236,43 @@ TArray<FKeywordHit> FCamMenuIndex::FindNamed(const FString& MenuTitle, const FSt
 
 TArray<int32> FCamMenuIndex::FindMembers(const FString& Name)
 {
-	if (EntriesByMember.IsEmpty())
+	using namespace CamMenuIndex;
+
+	if (!bMembersKnown)
 	{
-		for (int32 Entry = 0; Entry < ActionByEntry.Num(); ++Entry)
-		{
-			const FEdGraphSchemaAction& Action = GetAction(Entry);
-			// The search words of a member begin with its name.
-			FString Member = Action.GetKeywords().ToString();
-			int32 Blank = INDEX_NONE;
-			Member = Member.FindChar(TEXT(' '), Blank) ? Member.Left(Blank) : Member;
-			if (!Member.IsEmpty() && !ComesLast[Entry])
-			{
-				EntriesByMember.FindOrAdd(CamMenuIndex::WithoutPrefix(Member)).Add(Entry);
-			}
-		}
+		TakeMembers();
 	}
 	const FString Bare = Name.Replace(TEXT(" "), TEXT(""), ESearchCase::CaseSensitive);
-	const TArray<int32>* const Entries = Bare.IsEmpty() ? nullptr
-														: EntriesByMember.Find(CamMenuIndex::WithoutPrefix(Bare));
-	return Entries ? *Entries : TArray<int32>();
+	const FStringView Asked = WithoutPrefix(FStringView(Bare));
+	TArray<int32> Entries;
+	const FMember* const First = Members.GetData();
+	const FMember* const End = First + Members.Num();
+	for (const FMember* Member = std::lower_bound(First, End, FMember(GetHash(Asked), 0));
+		 !Asked.IsEmpty() && Member != End && Member->Key == GetHash(Asked); ++Member)
+	{
+		if (GetMember(GetAction(Member->Value)).Equals(Asked, ESearchCase::IgnoreCase))
+		{
+			Entries.Add(Member->Value);
+		}
+	}
+	return Entries;
+}
+
+void FCamMenuIndex::TakeMembers()
+{
+	using namespace CamMenuIndex;
+
+	Members.Reset();
+	for (int32 Entry = 0; Entry < ActionByEntry.Num(); ++Entry)
+	{
+		const FStringView Member = ComesLast[Entry] ? FStringView() : GetMember(GetAction(Entry));
+		if (!Member.IsEmpty())
+		{
+			Members.Emplace(GetHash(Member), Entry);
+		}
+	}
+	std::sort(Members.GetData(), Members.GetData() + Members.Num());
+	bMembersKnown = true;
 }
 
 const FEdGraphSchemaAction& FCamMenuIndex::GetAction(int32 Entry) const
@@ -292,6 +331,31 @@ const FProperty* FCamMenuIndex::FindVariable(const FString& Name)
 	return nullptr;
 }
 
+bool FCamMenuIndex::AreSameName(const FString& Name, const FString& Asked)
+{
+	using namespace CamMenuIndex;
+
+	const FString Bare = GetLetters(WithoutFlagLetter(Name));
+	const FString Letters = GetLetters(Asked);
+	return !Letters.IsEmpty()
+		&& (Letters.Equals(GetLetters(Name)) || Letters.Equals(Bare)
+			|| GetLetters(WithoutFlagLetter(Asked)).Equals(Bare));
+}
+
+TArray<FName> FCamMenuIndex::GetOwnVariables() const
+{
+	TArray<FName> Names;
+	const UClass* const SelfClass = GetSelfClass();
+	for (TFieldIterator<FProperty> It(SelfClass); It && SelfClass; ++It)
+	{
+		if (It->GetOwnerClass() == SelfClass)
+		{
+			Names.Add(It->GetFName());
+		}
+	}
+	return Names;
+}
+
 const UClass* FCamMenuIndex::GetOwner(int32 Entry) const
 {
 	return CamMenuIndex::GetMemberOwner(CamMenuIndex::GetSpawner(GetAction(Entry)));
@@ -334,7 +398,7 @@ void FCamMenuIndex::Take(const FSharedActionMenu& InMenu)
 	KnownHits.Reset();
 	ActionByEntry.Reset();
 	ComesLast.Reset();
-	EntriesByMember.Reset();
+	bMembersKnown = false;
 	VariableByLetters.Reset();
 	const UClass* const SelfClass = GetSelfClass();
 	for (int32 Index = 0; Index < InMenu.GetNumActions(); ++Index)

@@ -25,6 +25,10 @@ public:
 	 * classes are none. */
 	TArray<int32> FindMembers(const FString& Name);
 
+	/** How many entries there are. */
+	int32 Num() const { return ActionByEntry.Num(); }
+	/** The names of the variables that the Blueprint itself has. */
+	TArray<FName> GetOwnVariables() const;
 	const FEdGraphSchemaAction& GetAction(int32 Entry) const;
 	FCamCandidate MakeCandidate(const FKeywordHit& Hit) const;
 	FString GetNodeClass(int32 Entry) const;
@@ -32,6 +36,9 @@ public:
 	const UFunction* GetFunction(int32 Entry) const;
 	/** A variable of the Blueprint by its name, whatever its case, its blanks and a leading "b"; null for none. */
 	const FProperty* FindVariable(const FString& Name);
+	/** Whether a variable of the first name is asked for by the second: case, blanks and a leading "b" do not matter.
+	 */
+	static bool AreSameName(const FString& Name, const FString& Asked);
 	/** The class that has the action's member; null for actions of no member. */
 	const UClass* GetOwner(int32 Entry) const;
 	/**
@@ -43,13 +50,14 @@ public:
 	int32 GetOwnerRank(int32 Entry) const;
 
 private:
+	void TakeMembers();
 	void Take(const FSharedActionMenu& InMenu);
 	/** Asked for anew, as the class is built anew with every change. */
 	const UClass* GetSelfClass() const;
 
 	static constexpr int32 MaxKnownHits = 1000;
 	/** More than are shown, so that all of one title are among them. */
-	static constexpr int32 MaxHits = 64;
+	static constexpr int32 MaxHits = 96;
 
 	FKeywordIndex Keywords;
 	/** By title and class name as they are spelled, since case tells where words begin. */
@@ -58,8 +66,10 @@ private:
 	TArray<int32> ActionByEntry;
 	/** Whether the Blueprint has no use for the entry while there is another. */
 	TArray<bool> ComesLast;
-	/** Made when first asked for. */
-	TMap<FString, TArray<int32>> EntriesByMember;
+	/** Entries by the hash of their members' names, in order; made when the first is asked for. */
+	using FMember = TPair<uint32, int32>;
+	TArray<FMember> Members;
+	bool bMembersKnown = false;
 	/** Names of variables by their letters, made when first asked for. */
 	TMap<FString, FName> VariableByLetters;
 	/** Of the current call's menu: entries are asked about only while it is there. */

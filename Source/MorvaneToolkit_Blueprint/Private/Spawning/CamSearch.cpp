@@ -11,49 +11,6 @@ namespace CamSearch
 constexpr float Close = 0.88f;
 /** As good as the default threshold: what is read into a request has to be sure without being asked for. */
 constexpr float Sure = 0.6f;
-/** What is left to a request that was understood and not found: to be shown, not to be spawned. */
-constexpr float Unsure = 0.3f;
-
-static FString GetKind(const FProperty& Property)
-{
-	struct FKindOfClass
-	{
-		const TCHAR* Class;
-		const TCHAR* Kind;
-	};
-	static constexpr FKindOfClass Kinds[] = {
-		{TEXT("ArrayProperty"), TEXT("array")},
-		{TEXT("MapProperty"), TEXT("map")},
-		{TEXT("SetProperty"), TEXT("set")},
-		{TEXT("StrProperty"), TEXT("string")},
-		{TEXT("TextProperty"), TEXT("text")},
-		{TEXT("NameProperty"), TEXT("name")},
-		{TEXT("BoolProperty"), TEXT("boolean")},
-		{TEXT("IntProperty"), TEXT("integer")},
-		{TEXT("FloatProperty"), TEXT("float")},
-		{TEXT("DoubleProperty"), TEXT("float")},
-	};
-	if (CastField<FMulticastDelegateProperty>(&Property))
-	{
-		return TEXT("dispatcher");
-	}
-	if (const auto* const Object = CastField<FObjectProperty>(&Property))
-	{
-		return Object->PropertyClass->GetName();
-	}
-	if (const auto* const Struct = CastField<FStructProperty>(&Property))
-	{
-		return Struct->Struct->GetName().ToLower();
-	}
-	for (const FKindOfClass& Row : Kinds)
-	{
-		if (Property.GetClass()->GetName().Equals(Row.Class, ESearchCase::CaseSensitive))
-		{
-			return Row.Kind;
-		}
-	}
-	return TEXT("value");
-}
 
 /** A title of this many letters is meant though one letter is missing or too much, in however short a word. */
 constexpr int32 LeastForSlip = 8;
@@ -130,7 +87,12 @@ FCamSearch::FCamSearch(const FSharedActionMenu& InMenu)
 TArray<FCamCandidate> FCamSearch::Find(const FString& MenuTitle, const FString& NodeClass, bool bTargetIsWired)
 {
 	TArray<FCamCandidate> Candidates;
-	for (const FKeywordHit& Hit : FindHits(MenuTitle, NodeClass, bTargetIsWired))
+	FHits Hits = FindHits(MenuTitle, NodeClass, bTargetIsWired);
+	if (!Hits.IsEmpty() && Hits[0].Confidence < CamSearch::Sure)
+	{
+		KeepNear(MenuTitle, Hits);
+	}
+	for (const FKeywordHit& Hit : Hits)
 	{
 		if (Candidates.Num() < FBlueprintCamMatching::MaxShown)
 		{
@@ -165,7 +127,9 @@ FCamSearch::FHits FCamSearch::FindHits(const FString& MenuTitle, const FString& 
 		|| (!Hits.IsEmpty() && Hits[0].Confidence >= CamSearch::Sure && !ExplainGraph(MenuTitle, NodeClass).IsEmpty());
 	for (FKeywordHit& Hit : Hits)
 	{
-		Hit.Confidence = bRefused ? FMath::Min(Hit.Confidence, CamSearch::Unsure) : Hit.Confidence;
+		Hit.Confidence = bRefused || IsOfOtherNumber(Hit.Entry, MenuTitle)
+			? FMath::Min(Hit.Confidence, FCamSearch::Unsure)
+			: Hit.Confidence;
 	}
 	return Hits;
 }
@@ -237,18 +201,18 @@ bool FCamSearch::IsWordForWord(const FHits& Hits, const FString& MenuTitle) cons
 			Asked, Index.IsOfStranger(Hits[0].Entry) ? ESearchCase::CaseSensitive : ESearchCase::IgnoreCase);
 }
 
-FCamSearch::FHits FCamSearch::FindTitled(const FString& Title, const FString& NodeClass) const
+bool FCamSearch::IsOfOtherNumber(int32 Entry, const FString& Title) const
 {
 	const FString Asked = CamSearch::Squeeze(Title);
+	const FString Found = CamSearch::Squeeze(Index.GetAction(Entry).GetMenuDescription().ToString());
+	const bool bOtherNumber = (Found + TEXT("s")).Equals(Asked) || (Asked + TEXT("s")).Equals(Found);
+	return bOtherNumber && Index.GetNodeClass(Entry).StartsWith(TEXT("K2Node_Variable"), ESearchCase::CaseSensitive);
+}
+
+FCamSearch::FHits FCamSearch::FindTitled(const FString& Title, const FString& NodeClass) const
+{
 	return Index.FindNamed(Title, NodeClass)
-		.FilterByPredicate(
-			[this, &Asked](const FKeywordHit& Hit)
-			{
-				// "Get Item" is not the variable "Items", though a title's plural matters little elsewhere.
-				const FString Found = CamSearch::Squeeze(Index.GetAction(Hit.Entry).GetMenuDescription().ToString());
-				const bool bOtherNumber = (Found + TEXT("s")).Equals(Asked) || (Asked + TEXT("s")).Equals(Found);
-				return !bOtherNumber || !Index.GetNodeClass(Hit.Entry).StartsWith(TEXT("K2Node_Variable"));
-			});
+		.FilterByPredicate([this, &Title](const FKeywordHit& Hit) { return !IsOfOtherNumber(Hit.Entry, Title); });
 }
 
 FCamSearch::FHits FCamSearch::FindReading(const FRequestReading& Reading)
@@ -260,8 +224,12 @@ FCamSearch::FHits FCamSearch::FindReading(const FRequestReading& Reading)
 		return FHits();
 	}
 	const float Least = Reading.Fit == ERequestFit::Close ? CamSearch::Close : CamSearch::Sure;
-	Hits = Hits.FilterByPredicate([this, &Reading, Least](const FKeywordHit& Hit)
-		{ return (Hit.bWhole || Hit.Confidence >= Least) && Fits(Hit.Entry, Reading); });
+	Hits = Hits.FilterByPredicate(
+		[this, &Reading, Least](const FKeywordHit& Hit)
+		{
+			const bool bNear = Hit.Confidence >= Least && !Index.IsOfStranger(Hit.Entry);
+			return (Hit.bWhole || bNear) && Fits(Hit.Entry, Reading);
+		});
 	if (Hits.IsEmpty())
 	{
 		Hits = FindStructFunction(Reading.Title);
@@ -278,22 +246,31 @@ bool FCamSearch::Fits(int32 Entry, const FRequestReading& Reading) const
 {
 	const FString NodeClass = Reading.NodeClass.IsEmpty() && !Reading.bOfAnother ? FString()
 																				 : Index.GetNodeClass(Entry);
-	return !(Reading.bOfAnother && IsOfNoOther(Entry, NodeClass, Reading.Title))
+	return !(Reading.bOfAnother && IsOfNoOther(Entry, NodeClass, Reading))
 		&& (Reading.Owner.IsEmpty() || HasOwner(Entry, Reading.Owner))
 		&& (Reading.NodeClass.IsEmpty() || Reading.NodeClass.Equals(NodeClass, ESearchCase::IgnoreCase))
 		&& (Reading.PinWords.IsEmpty() || HasPins(Entry, Reading.PinWords));
 }
 
-bool FCamSearch::IsOfNoOther(int32 Entry, const FString& NodeClass, const FString& Title) const
+bool FCamSearch::IsOfNoOther(int32 Entry, const FString& NodeClass, const FRequestReading& Reading) const
 {
 	if (NodeClass.StartsWith(TEXT("K2Node_Variable"), ESearchCase::CaseSensitive))
 	{
 		return Index.GetOwnerRank(Entry) < 2;
 	}
-	// One word names functions of many classes and libraries by chance.
-	const bool bOneWord = CamSearch::IsOneWord(Title)
-		&& Title.ToLower().Equals(Title.Left(1).ToLower() + Title.RightChop(1), ESearchCase::CaseSensitive);
-	return bOneWord && Index.GetOwnerRank(Entry) > 1;
+	if (NodeClass.EndsWith(TEXT("Delegate"), ESearchCase::CaseSensitive) && Index.GetOwnerRank(Entry) == 0)
+	{
+		return true;
+	}
+	// One word names functions of many classes and libraries by chance, but for one that the receiver speaks of.
+	TArray<FString> Words;
+	FAssetOperationBase::AppendKeywords(Reading.Title, Words);
+	const bool bAccessor = Words.Num() > 0 && (Words[0].Equals(TEXT("get")) || Words[0].Equals(TEXT("set")));
+	const UClass* const Owner = Index.GetOwner(Entry);
+	TArray<FString> Receiver;
+	FAssetOperationBase::AppendKeywords(Reading.Receiver, Receiver);
+	const bool bSpokenOf = Owner && !Receiver.IsEmpty() && Owner->GetName().Contains(Receiver.Last());
+	return Words.Num() <= (bAccessor ? 2 : 1) && Index.GetOwnerRank(Entry) > 1 && !bSpokenOf;
 }
 
 bool FCamSearch::HasPins(int32 Entry, const FString& PinWords) const
@@ -449,52 +426,4 @@ bool FCamSearch::IsTypeName(const FString& Text) const
 		}
 	}
 	return false;
-}
-
-FRequestVariable FCamSearch::FindVariable(const FString& Name) const
-{
-	const FProperty* const Property = Index.FindVariable(Name);
-	return Property ? FRequestVariable{Property->GetName(), CamSearch::GetKind(*Property)} : FRequestVariable();
-}
-
-FString FCamSearch::Explain(const FString& MenuTitle, const FString& NodeClass)
-{
-	const FString OfGraph = ExplainGraph(MenuTitle, NodeClass);
-	return OfGraph.IsEmpty() ? ExplainVariable(MenuTitle, NodeClass) : OfGraph;
-}
-
-FString FCamSearch::ExplainVariable(const FString& MenuTitle, const FString& NodeClass)
-{
-	const FHits Hits = Index.FindNamed(MenuTitle, NodeClass, true);
-	const UClass* const Owner = Hits.IsEmpty() ? nullptr : Index.GetOwner(Hits[0].Entry);
-	if (!Owner)
-	{
-		return FString();
-	}
-	const FCamCandidate Candidate = Index.MakeCandidate(Hits[0]);
-	return FString::Printf(
-		TEXT(
-			"[Failure] '%s' is a variable of class '%s', which this Blueprint has no part of. To use the variable of another object, request class_name %s with variable_name and, of a node that gives such an object, variable_source_class '%s', property_owner_node_guid and owner_pin_name."),
-		*Candidate.MenuTitle, *Owner->GetName(), *Candidate.NodeClass, *Owner->GetPathName());
-}
-
-FString FCamSearch::ExplainGraph(const FString& MenuTitle, const FString& NodeClass)
-{
-	const FSharedActionMenu* const EventMenu = Menu.GetEventMenu();
-	if (!EventMenu)
-	{
-		return FString();
-	}
-	FCamSearch Elsewhere(*EventMenu);
-	FRequestReadings Readings;
-	const FHits Named = Elsewhere.FindNamed(MenuTitle, NodeClass, Readings);
-	if (Named.IsEmpty())
-	{
-		return FString();
-	}
-	const FCamCandidate Candidate = Elsewhere.Index.MakeCandidate(Named[0]);
-	return FString::Printf(
-		TEXT(
-			"[Failure] '%s' (class: %s) cannot stand in graph '%s': latent nodes, events and timelines belong into an event graph, since a function runs to its end at once. Place it in '%s', or make a custom event there and call that."),
-		*Candidate.MenuTitle, *Candidate.NodeClass, *Menu.GetGraph()->GetName(), *EventMenu->GetGraph()->GetName());
 }

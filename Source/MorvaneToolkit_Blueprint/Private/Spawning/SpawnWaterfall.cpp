@@ -222,6 +222,7 @@ UEdGraphNode* FSpawnAttempt::SpawnFromMenu()
 			TEXT(
 				"[Failure] No confident fuzzy match for node '%s' (best: '%s', confidence: %.2f, threshold: %.2f). Suggestions are provided (not mandatory); consider deterministic spawning if possible or refining the fuzzy request.\nTop candidates:\n%s"),
 			*Record.MenuTitle, *Best.MenuTitle, Best.Confidence, MinimumConfidence, *DescribeTopCandidates()));
+		GraphTelemetry::RecordMatchHint(Result, GetContext(), FBlueprintCamMatching::HintRefusal(Record, *Menu));
 		FBlueprintCamMatching::RecordCandidateMatches(Candidates, Result, GetContext());
 		return nullptr;
 	}

@@ -124,6 +124,18 @@ void RecordPinLookupFailure(
 	Append(Result, TEXT("pin_lookup_failures"), Entry);
 }
 
+void RecordMatchHint(Morvane::FToolResult& Result, const FString& Context, const FString& Hint)
+{
+	if (Hint.IsEmpty())
+	{
+		return;
+	}
+	const TSharedRef<FJsonObject> Entry = MakeShared<FJsonObject>();
+	Entry->SetStringField(TEXT("context"), Context);
+	Entry->SetStringField(TEXT("hint"), Hint);
+	Append(Result, TEXT("match_hints"), Entry);
+}
+
 void RecordHalfConnectedNode(Morvane::FToolResult& Result, const FString& NodeId, const FString& NodeTitle,
 	int32 ExpectedConnections, int32 ActualConnections)
 {

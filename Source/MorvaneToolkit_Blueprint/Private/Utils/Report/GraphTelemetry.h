@@ -41,6 +41,8 @@ void RecordConnectionFailure(Morvane::FToolResult& Result, const FString& Source
 /** "pin_lookup_failures": what was asked of which node, and what could have been. */
 void RecordPinLookupFailure(
 	Morvane::FToolResult& Result, const FString& Node, const FString& Asked, const TArray<FString>& Available);
+/** "match_hints": what the author of a refused request may not know. Nothing is written for an empty hint. */
+void RecordMatchHint(Morvane::FToolResult& Result, const FString& Context, const FString& Hint);
 /** "half_connected_nodes". */
 void RecordHalfConnectedNode(Morvane::FToolResult& Result, const FString& NodeId, const FString& NodeTitle,
 	int32 ExpectedConnections, int32 ActualConnections);
