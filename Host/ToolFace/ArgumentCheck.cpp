@@ -279,7 +279,8 @@ private:
 		for (const TSharedPtr<FJsonValue>& Entry : *Words)
 		{
 			Known.Add(Entry->AsString());
-			if (Known.Last().Equals(Word, ESearchCase::IgnoreCase))
+			const bool bTrimmed = bTypesAreTold && Place.Key == TEXT("action");
+			if (Known.Last().Equals(bTrimmed ? Word.TrimStartAndEnd() : Word, ESearchCase::IgnoreCase))
 			{
 				return;
 			}

@@ -331,6 +331,22 @@ TEST(StructureTimelines, EntriesThatCannotBeDoneAreTold)
 	EXPECT_THAT(Case.Faults(), IsEmpty());
 }
 
+TEST(StructureTimelines, NumbersThatNoKeyHoldsAreLeftOut)
+{
+	FStructuring Case;
+	Case.Timelines(R"({"name":"T","length":1e39,"b_auto_play":"yes","curves":[
+		{"name":"C","points":[{"time":1e39,"value":1},{"time":1,"value":-1e39},{"time":2,"value":3}]}]})");
+	EXPECT_THAT(Case.Told(),
+		ElementsAre(HasSubstr("given for 'length' of timeline 'T'"), StartsWith("Point 0 of curve 'C'"),
+			StartsWith("Point 1 of curve 'C'")));
+	const UTimelineTemplate* const Timeline = FindTimeline(Case, TEXT("T"));
+	ASSERT_NE(Timeline, nullptr);
+	EXPECT_EQ(Timeline->TimelineLength, 5.0f);
+	EXPECT_TRUE(Timeline->bAutoPlay);
+	EXPECT_THAT(Keys(Timeline->FloatTracks[0].CurveFloat->FloatCurve), ElementsAre("2.00=3.00"));
+	EXPECT_THAT(Case.Faults(), IsEmpty());
+}
+
 TEST(StructureTimelines, NodesFollowAndLostLinksAreNamed)
 {
 	FStructuring Case;

@@ -18,6 +18,8 @@
 #include "Utils/Structure/StructureNames.h"
 #include "Utils/Structure/TimelineCurves.h"
 
+#include <cmath>
+
 namespace BlueprintTimelines
 {
 using namespace Morvane;
@@ -141,7 +143,7 @@ private:
 		const float LengthBefore = Timeline.TimelineLength;
 		if (const TOptional<double> Length = Entry.ReadNumber(TEXT("length")))
 		{
-			if (static_cast<float>(*Length) > 0.0f)
+			if (static_cast<float>(*Length) > 0.0f && std::isfinite(static_cast<float>(*Length)))
 			{
 				Timeline.TimelineLength = static_cast<float>(*Length);
 			}

@@ -12,6 +12,8 @@
 #include "UObject/Package.h"
 #include "Utils/Structure/StructureEntry.h"
 
+#include <cmath>
+
 namespace TimelineCurves
 {
 namespace
@@ -41,6 +43,12 @@ TOptional<EKind> ToKind(const FString& Word)
 		}
 	}
 	return TOptional<EKind>();
+}
+
+/** A number that a key can hold. */
+bool ToKeyNumber(const TSharedPtr<FJsonValue>& Value, double& OutNumber)
+{
+	return StructureValues::ToNumber(Value, OutNumber) && std::isfinite(static_cast<float>(OutNumber));
 }
 
 /** The members of a point's value, and what a missing one is. */
@@ -137,7 +145,7 @@ bool FCurve::ReadComponents(EKind Kind, const FJsonObject& Object, TArray<double
 		{
 			if (FString(Member.Key).Equals(Component.Name, ESearchCase::IgnoreCase))
 			{
-				if (!Member.Value || !StructureValues::ToNumber(Member.Value, Value))
+				if (!Member.Value || !ToKeyNumber(Member.Value, Value))
 				{
 					return false;
 				}
@@ -156,7 +164,7 @@ bool FCurve::ReadValues(EKind Kind, const TSharedPtr<FJsonValue>& Value, TArray<
 	if (Kind == EKind::Float)
 	{
 		OutValues.Add(0.0);
-		return StructureValues::ToNumber(Value, OutValues[0]);
+		return ToKeyNumber(Value, OutValues[0]);
 	}
 	if (const TSharedPtr<FJsonObject>& Object = MorvaneJson::AsObject(*Value))
 	{
@@ -165,7 +173,7 @@ bool FCurve::ReadValues(EKind Kind, const TSharedPtr<FJsonValue>& Value, TArray<
 	const int32 NumWanted = GetComponents(Kind).Num();
 	for (const TSharedPtr<FJsonValue>& Element : MorvaneJson::AsArray(*Value))
 	{
-		if (!StructureValues::ToNumber(Element, Number))
+		if (!ToKeyNumber(Element, Number))
 		{
 			return false;
 		}
@@ -203,7 +211,7 @@ void FCurve::AddPoints(EKind Kind, TArray<FRichCurve*> Curves) const
 		const auto [Time, Value] = SplitPoint(*(*Points)[Index]);
 		double Seconds = 0.0;
 		TArray<double> Values;
-		if (!Time || !Value || !StructureValues::ToNumber(Time, Seconds) || !ReadValues(Kind, Value, Values))
+		if (!Time || !Value || !ToKeyNumber(Time, Seconds) || !ReadValues(Kind, Value, Values))
 		{
 			Result.AddWarningMessage(FString::Printf(
 				TEXT(
