@@ -208,12 +208,17 @@ TEST(BinaryAssets, AreListedAndOfferedByTheirHeadsAlone)
 	const FTestPackage::FWritten Written = Door.Write();
 	Project.Write("Plugins/Doors/Content/BP_Door.uasset", Written.Bytes.substr(0, Written.HeaderSize));
 
+	for (const char* const Parts : {"__ExternalActors__", "__ExternalObjects__"})
+	{
+		Project.Write(std::string("Content/") + Parts + "/L_World/0/AB/3XYZ.uasset", BytesOf("/Game/Part"));
+	}
+
 	const std::string Descriptor = (Project.Path() / "Game.uproject").string();
 	const FProcessResult Assets = RunMorvane({"assets", "--project", Descriptor});
 	EXPECT_EQ(Assets.Status, 0) << Assets.Errors;
 	EXPECT_THAT(Assets.Output,
 		AllOf(HasSubstr("/Game/BP_Small\tBlueprint\t/Script/Engine.Actor"), HasSubstr("/Doors/BP_Door\t"),
-			Not(HasSubstr("BP_Off"))));
+			Not(HasSubstr("BP_Off")), Not(HasSubstr("__External"))));
 	const FProcessResult Menu = RunMorvane({"menu", "--project", Descriptor});
 	EXPECT_EQ(Menu.Status, 0) << Menu.Errors;
 	EXPECT_THAT(Menu.Output,

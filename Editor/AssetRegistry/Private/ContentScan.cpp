@@ -10,6 +10,7 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <sys/stat.h>
 #include <vector>
 
@@ -47,6 +48,12 @@ private:
 		unsigned char Type;
 	};
 
+	/** Levels that keep each actor in a file of its own have tens of thousands of them, which are no assets. */
+	static bool IsPartsOfLevels(const std::string_view Folder)
+	{
+		return Folder == "__ExternalActors__" || Folder == "__ExternalObjects__";
+	}
+
 	static bool LeadsInside(const std::string& Path)
 	{
 		FString Reason;
@@ -62,7 +69,7 @@ private:
 		{
 			while (const dirent* const Entry = readdir(Handle))
 			{
-				if (Entry->d_name[0] != '.')
+				if (Entry->d_name[0] != '.' && !IsPartsOfLevels(Entry->d_name))
 				{
 					Found.push_back({Entry->d_name, Entry->d_type});
 				}
