@@ -451,6 +451,21 @@ TEST(NodeEditor, ValuesAreCheckedAndObjectsAreLookedFor)
 	EXPECT_FALSE(Class->DefaultObject);
 }
 
+TEST(NodeEditor, ASplitPinHasTheValuesOfItsParts)
+{
+	FModifying Case;
+	Case.Make("\"nodes\":[" + CallNode("v", "KismetMathLibrary", "VSize") + "]");
+	UEdGraphPin* const Whole = Case.Node("v")->FindPin(TEXT("A"));
+	GetDefault<UEdGraphSchema_K2>()->SplitPin(Whole);
+	Case.ModifyNodes(Case.Pins("v", Value("A", "1,2,3") + "," + Value("A_X", "4") + "," + Value("A Y", "5")));
+	EXPECT_THAT(Warnings(*Case.Result),
+		ElementsAre(
+			"Failed to set value of pin 'A' to '1,2,3'. Pin is split, and its parts have values: A_X, A_Y, A_Z"));
+	ASSERT_TRUE(Case.Blueprint.Reload());
+	EXPECT_EQ(ToStd(Case.Node("v")->FindPin(TEXT("A_X"))->DefaultValue), "4");
+	EXPECT_EQ(ToStd(Case.Node("v")->FindPin(TEXT("A_Y"))->DefaultValue), "5");
+}
+
 TEST(NodeEditor, ChosenDelegatesTakeFunctions)
 {
 	FModifying Case;

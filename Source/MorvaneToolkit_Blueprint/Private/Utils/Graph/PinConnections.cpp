@@ -246,6 +246,16 @@ static bool ResolveClassValue(const UEdGraphPin& Pin, FString& InOutValue, Morva
 	return true;
 }
 
+static FString JoinNames(const TArray<UEdGraphPin*>& Pins)
+{
+	TArray<FString> Names;
+	for (const UEdGraphPin* const Pin : Pins)
+	{
+		Names.Add(Pin->GetName());
+	}
+	return FString::Join(Names, TEXT(", "));
+}
+
 /** "float" and "double" are no pin categories any more: what they mean is a real of that precision. */
 static void SetCategory(const FBPPinType& Record, FName& OutCategory, FName& OutSubCategory)
 {
@@ -402,6 +412,14 @@ bool FBlueprintPinUtils::SetPinDefaultValue(UEdGraphPin* Pin, const FString& Val
 			TEXT(
 				"Failed to set value of pin '%s' to '%s'. Pin is connected to another pin. Break the connection if you want to set a manual value."),
 			*Pin->GetName(), *Value));
+		return false;
+	}
+
+	if (!Pin->SubPins.IsEmpty())
+	{
+		Result.AddWarningMessage(FString::Printf(
+			TEXT("Failed to set value of pin '%s' to '%s'. Pin is split, and its parts have values: %s"),
+			*Pin->GetName(), *Value, *PinConnections::JoinNames(Pin->SubPins)));
 		return false;
 	}
 
