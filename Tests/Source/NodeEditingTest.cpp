@@ -534,6 +534,35 @@ TEST(NodeEditor, CallsArePointedAtOtherFunctions)
 	EXPECT_EQ(FirstWarning(Case), "Node 'Event BeginPlay' is no function call, so FunctionName does not apply to it");
 }
 
+TEST(NodeEditor, CallsOfAnotherKindStayWhatTheyAre)
+{
+	FModifying Case;
+	Case.Make("\"nodes\":[" + CallNode("p", "KismetSystemLibrary", "PrintString") + ","
+		+ CallNode("clear", "KismetArrayLibrary", "Array_Clear") + ","
+		+ ClassNode("add", "K2Node_PromotableOperator", "Add") + "," + CallNode("or", "KismetMathLibrary", "BooleanOR")
+		+ "]");
+	const auto Aim = [&Case](const char* Id, const char* Function, const char* Class)
+	{
+		Case.ModifyNodes(Case.Change(
+			Id, std::string(R"("metadata":{"FunctionName":")") + Function + R"(","ClassName":")" + Class + "\"}"));
+		return FirstWarning(Case);
+	};
+	const auto Words = [](const char* Wanted, const char* Own)
+	{ return HasSubstr(std::string("its calls are nodes of class ") + Wanted + ", and this one is a " + Own); };
+	EXPECT_THAT(
+		Aim("p", "Array_Clear", "KismetArrayLibrary"), Words("K2Node_CallArrayFunction", "K2Node_CallFunction"));
+	EXPECT_THAT(
+		Aim("clear", "PrintString", "KismetSystemLibrary"), Words("K2Node_CallFunction", "K2Node_CallArrayFunction"));
+	EXPECT_THAT(Aim("add", "Add_IntInt", "KismetMathLibrary"),
+		HasSubstr("an operator takes the function that fits what is linked to it"));
+	EXPECT_THAT(Aim("or", "PrintString", "KismetSystemLibrary"),
+		Words("K2Node_CallFunction", "K2Node_CommutativeAssociativeBinaryOperator"));
+	EXPECT_THAT(Case.Closing(), HasSubstr("Nothing was modified"));
+	EXPECT_EQ(Aim("clear", "Array_Shuffle", "KismetArrayLibrary"), "");
+	EXPECT_EQ(Aim("or", "BooleanAND", "KismetMathLibrary"), "");
+	EXPECT_EQ(Aim("p", "BooleanOR", "KismetMathLibrary"), "") << "a plain call of an operator";
+}
+
 TEST(NodeEditor, ACallThatIsPointedElsewhereLosesATargetThatDoesNotFit)
 {
 	FModifying Case;

@@ -1,11 +1,16 @@
 #include "Utils/Graph/CallRetargeting.h"
 
+#include "BlueprintFunctionNodeSpawner.h"
 #include "BlueprintNodeUtils.h"
 #include "BlueprintUtils.h"
 #include "EdGraph/EdGraph.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
 #include "K2Node_CallFunction.h"
+#include "K2Node_CallParentFunction.h"
+#include "K2Node_CommutativeAssociativeBinaryOperator.h"
+#include "K2Node_Message.h"
+#include "K2Node_PromotableOperator.h"
 #include "ToolResult.h"
 #include "UObject/UObjectGlobals.h"
 #include "Utils/Asset/SafeObjectLoad.h"
@@ -70,12 +75,48 @@ static UClass* FindClass(const UEdGraphNode& Node, const FString& Name, Morvane:
 	return Class ? Class : AsClass(FBlueprintUtils::TryLoadBlueprint(Name));
 }
 
+/** Whether the function's calls are nodes of this one's class; OutWanted is the class that they have. */
+static bool IsOfKind(const UK2Node_CallFunction& Call, const UFunction& Function, const UClass*& OutWanted)
+{
+	const UBlueprintFunctionNodeSpawner* const Spawner = UBlueprintFunctionNodeSpawner::Create(&Function, nullptr);
+	const UClass* const Plain = UK2Node_CallFunction::StaticClass();
+	OutWanted = Spawner && Spawner->NodeClass.Get() ? Spawner->NodeClass.Get() : Plain;
+	// A plain call of an operator has its two inputs for good.
+	const bool bOperator = OutWanted->IsChildOf(UK2Node_CommutativeAssociativeBinaryOperator::StaticClass())
+		|| OutWanted->IsChildOf(UK2Node_PromotableOperator::StaticClass());
+	return Call.GetClass() == OutWanted || (Call.GetClass() == Plain && bOperator);
+}
+
+/** Why the node is none that calls the function; empty when it is. */
+static FString FindOtherKind(const UK2Node_CallFunction& Call, const UFunction& Function)
+{
+	if (Call.IsA<UK2Node_PromotableOperator>())
+	{
+		return TEXT("an operator takes the function that fits what is linked to it");
+	}
+	const UClass* const Owner = Function.GetOwnerClass();
+	const UBlueprint* const Blueprint = Call.GetBlueprint();
+	const bool bOfParent = Call.IsA<UK2Node_CallParentFunction>() && Blueprint && Blueprint->ParentClass.Get()
+		&& Blueprint->ParentClass->IsChildOf(Owner);
+	const bool bOfInterface = Call.IsA<UK2Node_Message>() && Owner && Owner->HasAnyClassFlags(CLASS_Interface);
+	const UClass* Wanted = nullptr;
+	return IsOfKind(Call, Function, Wanted) || bOfParent || bOfInterface
+		? FString()
+		: FString::Printf(TEXT("its calls are nodes of class %s, and this one is a %s"), *Wanted->GetName(),
+			*Call.GetClass()->GetName());
+}
+
 /** Why the node cannot call the function where it stands; empty when it can. Binds the node, and lets go again. */
 static FString FindObstacle(UK2Node_CallFunction& Call, const UFunction& Function)
 {
 	if (!UEdGraphSchema_K2::CanUserKismetCallFunction(&Function))
 	{
 		return TEXT("it is not callable from Blueprints");
+	}
+	const FString OtherKind = FindOtherKind(Call, Function);
+	if (!OtherKind.IsEmpty())
+	{
+		return OtherKind;
 	}
 	const FMemberReference Kept = Call.FunctionReference;
 	const bool bWasPure = Call.bDefaultsToPureFunc;
