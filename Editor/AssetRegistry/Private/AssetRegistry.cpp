@@ -305,7 +305,6 @@ public:
 		{
 			NewAsset->GetOutermost()->PackageFlags |= PKG_NewlyCreated;
 			FMissingObjects::Bind();
-			Added.Broadcast(FAssetData(NewAsset));
 		}
 	}
 
@@ -313,16 +312,8 @@ public:
 	{
 		if (DeletedAsset && DeletedAsset->GetOutermost())
 		{
-			const FAssetData Asset(DeletedAsset);
-			Forget(Asset.PackageName);
-			Removed.Broadcast(Asset);
+			Forget(DeletedAsset->GetOutermost()->GetFName());
 		}
-	}
-
-	void AssetRenamed(const UObject* RenamedAsset, const FString& OldObjectPath) override
-	{
-		Forget(FName(FPackageName::ObjectPathToPackageName(OldObjectPath)));
-		Renamed.Broadcast(FAssetData(RenamedAsset), OldObjectPath);
 	}
 
 	void AssetSaved(const UObject& SavedAsset) override { Remember(FAssetData(&SavedAsset)); }
@@ -334,10 +325,6 @@ public:
 			Forget(DeletedPackage->GetFName());
 		}
 	}
-
-	TMulticastDelegate<void(const FAssetData&)>& OnAssetAdded() override { return Added; }
-	TMulticastDelegate<void(const FAssetData&)>& OnAssetRemoved() override { return Removed; }
-	TMulticastDelegate<void(const FAssetData&, const FString&)>& OnAssetRenamed() override { return Renamed; }
 
 private:
 	struct FScannedRoot
@@ -529,9 +516,6 @@ private:
 	mutable TMap<FName, TArray<FName>> PackagesByAssetName;
 	mutable TArray<FScannedRoot> Scanned;
 	mutable bool bSorted = true;
-	TMulticastDelegate<void(const FAssetData&)> Added;
-	TMulticastDelegate<void(const FAssetData&)> Removed;
-	TMulticastDelegate<void(const FAssetData&, const FString&)> Renamed;
 };
 } // namespace AssetRegistries
 

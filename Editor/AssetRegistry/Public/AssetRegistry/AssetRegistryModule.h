@@ -11,10 +11,6 @@ public:
 
 	static void AssetCreated(UObject* NewAsset) { GetRegistry().AssetCreated(NewAsset); }
 	static void AssetDeleted(UObject* DeletedAsset) { GetRegistry().AssetDeleted(DeletedAsset); }
-	static void AssetRenamed(const UObject* RenamedAsset, const FString& OldObjectPath)
-	{
-		GetRegistry().AssetRenamed(RenamedAsset, OldObjectPath);
-	}
 };
 
 /** The factory for FModuleManager::RegisterStaticModule, under the name "AssetRegistry". */

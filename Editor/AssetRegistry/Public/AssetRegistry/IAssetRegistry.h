@@ -44,11 +44,6 @@ public:
 	virtual void AssetCreated(UObject* NewAsset) = 0;
 	/** Called while the asset still has its path. */
 	virtual void AssetDeleted(UObject* DeletedAsset) = 0;
-	virtual void AssetRenamed(const UObject* RenamedAsset, const FString& OldObjectPath) = 0;
 	virtual void AssetSaved(const UObject& SavedAsset) = 0;
 	virtual void PackageDeleted(UPackage* DeletedPackage) = 0;
-
-	virtual TMulticastDelegate<void(const FAssetData&)>& OnAssetAdded() = 0;
-	virtual TMulticastDelegate<void(const FAssetData&)>& OnAssetRemoved() = 0;
-	virtual TMulticastDelegate<void(const FAssetData&, const FString&)>& OnAssetRenamed() = 0;
 };
