@@ -1,12 +1,12 @@
 #include "Cli/CommandTable.h"
+#include "Cli/ListingCommand.h"
 #include "Containers/StringConv.h"
 #include "Knowledge/AssetSearch.h"
-#include "Session/EditorSession.h"
 #include "Standalone/JsonUtf8.h"
 
 namespace AssetsCommandPrivate
 {
-static std::string Line(const FAssetData& Asset, const bool bJson)
+static std::string Row(const FAssetData& Asset, const bool bJson)
 {
 	const TSharedRef<FJsonObject> Described = AssetSearch::Describe(Asset);
 	std::string Text;
@@ -24,7 +24,7 @@ static std::string Line(const FAssetData& Asset, const bool bJson)
 } // namespace AssetsCommandPrivate
 
 /** morvane assets */
-class FAssetsCommand : public ICommand
+class FAssetsCommand : public IListingCommand
 {
 public:
 	void Describe(FArguments& Arguments) override
@@ -36,15 +36,9 @@ public:
 		Arguments.Option("--query", Word, "Only assets with this in their name");
 	}
 
-	EExitStatus Run(const FCommandContext& Context) override
+protected:
+	void Answer(const FCommandContext& Context) const override
 	{
-		FEditorSession Session(Context.Options);
-		FString Error;
-		if (!Session.OpenProject(Error))
-		{
-			Complain(ToUtf8(Error));
-			return EExitStatus::Failed;
-		}
 		const FAssetQuery Query = {FromUtf8(Folder), FromUtf8(Class), FromUtf8(Word)};
 		const TArray<FAssetData> Found = AssetSearch::Find(Query);
 		if (Found.Num() == 1 && AssetSearch::IsAskedByPath(Query, Found[0]))
@@ -52,26 +46,23 @@ public:
 			std::string Whole;
 			JsonUtf8::Write(*AssetSearch::DescribeWhole(Found[0]), Whole, true);
 			Context.Output.WriteLine(Whole);
-			return EExitStatus::Succeeded;
+			return;
 		}
-		std::string Lines;
+		std::vector<std::string> Rows;
 		for (const FAssetData& Asset : Found)
 		{
-			Lines += Lines.empty() ? "" : (bJson ? ",\n" : "\n");
-			Lines += AssetsCommandPrivate::Line(Asset, bJson);
+			Rows.push_back(AssetsCommandPrivate::Row(Asset, bJson));
 		}
-		if (bJson || !Lines.empty())
+		if (bJson || !Rows.empty())
 		{
-			Context.Output.WriteLine(bJson ? "[" + Lines + "]" : Lines);
+			Write(Context, Rows);
 		}
-		return EExitStatus::Succeeded;
 	}
 
 private:
 	std::string Folder;
 	std::string Class;
 	std::string Word;
-	bool bJson = false;
 };
 
 std::unique_ptr<ICommand> MakeAssetsCommand()

@@ -1,13 +1,13 @@
 #include "Cli/CommandTable.h"
+#include "Cli/ListingCommand.h"
 #include "Containers/StringConv.h"
 #include "EdGraph/EdGraphSchema.h"
 #include "Knowledge/MenuSearch.h"
-#include "Session/EditorSession.h"
 #include "Support/JsonText.h"
 
 namespace MenuCommandPrivate
 {
-static std::string JsonLine(const FMenuHit& Hit)
+static std::string JsonRow(const FMenuHit& Hit)
 {
 	const auto Field = [](const char* Name, const FString& Value)
 	{ return JsonText::Quote(Name) + ":" + JsonText::Quote(ToUtf8(Value)); };
@@ -17,14 +17,14 @@ static std::string JsonLine(const FMenuHit& Hit)
 		+ Field("tooltip", Hit.Action->GetTooltipDescription().ToString()) + "}";
 }
 
-static std::string PlainLine(const FMenuHit& Hit)
+static std::string PlainRow(const FMenuHit& Hit)
 {
 	return ToUtf8(Hit.GetTitle()) + "\t" + ToUtf8(Hit.Action->GetCategory().ToString()) + "\t" + ToUtf8(Hit.NodeClass);
 }
 } // namespace MenuCommandPrivate
 
 /** morvane menu */
-class FMenuCommand : public ICommand
+class FMenuCommand : public IListingCommand
 {
 public:
 	void Describe(FArguments& Arguments) override
@@ -36,38 +36,24 @@ public:
 		Arguments.Option("--node-class", NodeClass, "Only actions that make nodes of this class");
 	}
 
-	EExitStatus Run(const FCommandContext& Context) override
+protected:
+	void Answer(const FCommandContext& Context) const override
 	{
-		FEditorSession Session(Context.Options);
-		FString Error;
-		if (!Session.OpenProject(Error))
-		{
-			Complain(ToUtf8(Error));
-			return EExitStatus::Failed;
-		}
+		std::vector<std::string> Rows;
 		const FMenuSearch Menu;
-		Context.Output.WriteLine(
-			Print(Menu.Find({FromUtf8(Words), FromUtf8(Title), FromUtf8(Category), FromUtf8(NodeClass)})));
-		return EExitStatus::Succeeded;
+		for (const FMenuHit& Hit :
+			Menu.Find({FromUtf8(Words), FromUtf8(Title), FromUtf8(Category), FromUtf8(NodeClass)}))
+		{
+			Rows.push_back(bJson ? MenuCommandPrivate::JsonRow(Hit) : MenuCommandPrivate::PlainRow(Hit));
+		}
+		Write(Context, Rows);
 	}
 
 private:
-	std::string Print(const TArray<FMenuHit>& Hits) const
-	{
-		std::string Lines;
-		for (const FMenuHit& Hit : Hits)
-		{
-			Lines += Lines.empty() ? "" : (bJson ? ",\n" : "\n");
-			Lines += bJson ? MenuCommandPrivate::JsonLine(Hit) : MenuCommandPrivate::PlainLine(Hit);
-		}
-		return bJson ? "[" + Lines + "]" : Lines;
-	}
-
 	std::string Words;
 	std::string Title;
 	std::string Category;
 	std::string NodeClass;
-	bool bJson = false;
 };
 
 std::unique_ptr<ICommand> MakeMenuCommand()
