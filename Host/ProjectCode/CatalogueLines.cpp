@@ -1,12 +1,9 @@
 #include "ProjectCode/CatalogueLines.h"
 
 #include "Dom/JsonObject.h"
-#include "Kismet2/KismetEditorUtilities.h"
 #include "ProjectCode/CatalogueWords.h"
 #include "ProjectCode/CodeDefaults.h"
-#include "Standalone/Catalogue.h"
 #include "Standalone/JsonUtf8.h"
-#include "UObject/Class.h"
 
 #include <algorithm>
 #include <map>
@@ -21,28 +18,12 @@ static std::string Join(const std::string& Module, const std::string& Name)
 {
 	return Module + "." + Name.substr(std::min<std::size_t>(1, Name.size()));
 }
-/** What a class that nobody knows is most likely to be. */
-static std::string StandInFor(const std::string& Parent)
-{
-	const auto Has = [&Parent](const char* Word) { return Parent.find(Word) != std::string::npos; };
-	return Parent.starts_with("A") ? "/Script/Engine.Actor"
-		: Has("Component")		   ? "/Script/Engine.ActorComponent"
-		: Has("Widget")			   ? "/Script/UMG.UserWidget"
-								   : "/Script/CoreUObject.Object";
-}
-
-/** Children of these say for themselves whether Blueprints may derive from them. */
-static bool IsBaseByName(const UClass& Class)
-{
-	const FString Path = Class.GetPathName();
-	return Path == TEXT("/Script/CoreUObject.Object") || Path == TEXT("/Script/Engine.ActorComponent")
-		|| Path == TEXT("/Script/Engine.SceneComponent");
-}
 } // namespace CatalogueLines
 
 FCatalogueLines::FCatalogueLines(
 	const std::vector<FCodeFile>& InFiles, const std::vector<ReflectedCode::FComponent>& InComponents)
 	: Files(InFiles)
+	, Classes(InFiles, Types)
 {
 	for (const FComponent& Component : InComponents)
 	{
@@ -53,7 +34,6 @@ FCatalogueLines::FCatalogueLines(
 		for (const FOwner& Owner : File.Owners)
 		{
 			Types.Add(File.Module, Owner);
-			OwnersByName.emplace(Owner.Name, &Owner);
 		}
 	}
 }
@@ -99,111 +79,14 @@ void FCatalogueLines::WriteOwner(const FCodeFile& File, const FOwner& Owner)
 	}
 }
 
-const ReflectedCode::FOwner* FCatalogueLines::FindOwner(const std::string& Name) const
-{
-	const auto Found = OwnersByName.find(Name);
-	return Found == OwnersByName.end() ? nullptr : Found->second;
-}
-
-std::string FCatalogueLines::FindParent(const FOwner& Owner)
-{
-	const std::string Name = Owner.Parents.empty() ? std::string("UObject") : Owner.Parents[0];
-	const std::string Path = Types.FindClass(Name);
-	if (!Path.empty())
-	{
-		return Path;
-	}
-	const std::string Instead = CatalogueLines::StandInFor(Name);
-	Types.AddUnknown(Name);
-	Notes.push_back(
-		"'" + Owner.Name + "' derives from '" + Name + "', which is not known; it is taken as one of " + Instead);
-	return Instead;
-}
-
-const UClass* FCatalogueLines::FindKnownAncestor(const FOwner& Owner) const
-{
-	const FOwner* Class = &Owner;
-	// A circle of parents would be a fault of the code.
-	for (std::size_t Depth = 0; Class && Depth <= OwnersByName.size(); ++Depth)
-	{
-		const std::string Parent = Class->Parents.empty() ? std::string("UObject") : Class->Parents[0];
-		Class = FindOwner(Parent);
-		if (!Class)
-		{
-			const std::string Known = Types.FindClass(Parent);
-			return Cast<UClass>(
-				FCatalogue::Get().FindOrCreate(FromUtf8(Known.empty() ? CatalogueLines::StandInFor(Parent) : Known)));
-		}
-	}
-	return nullptr;
-}
-
-bool FCatalogueLines::InheritsWord(const FOwner& Owner, const char* Word, const char* Opposite, bool bOfAncestor) const
-{
-	const FOwner* Class = &Owner;
-	for (std::size_t Depth = 0; Class && Depth <= OwnersByName.size(); ++Depth)
-	{
-		if (Class->Specifiers.Has(Opposite))
-		{
-			return false;
-		}
-		if (Class->Specifiers.Has(Word) || Class->Specifiers.HasMeta(Word))
-		{
-			return true;
-		}
-		Class = Class->Parents.empty() ? nullptr : FindOwner(Class->Parents[0]);
-	}
-	return bOfAncestor;
-}
-
-std::vector<std::string> FCatalogueLines::ClassFlags(const FOwner& Owner) const
-{
-	const UClass* const Ancestor = FindKnownAncestor(Owner);
-	const auto IsA = [Ancestor](const TCHAR* Path)
-	{
-		const UClass* const Class = Cast<UClass>(FCatalogue::Get().FindOrCreate(Path));
-		return Ancestor && Class && Ancestor->IsChildOf(Class);
-	};
-	const bool bComponent = IsA(TEXT("/Script/Engine.ActorComponent"));
-	const bool bParentMayBeType = Ancestor
-		&& (IsA(TEXT("/Script/Engine.Actor")) || bComponent
-			|| (!CatalogueLines::IsBaseByName(*Ancestor) && Ancestor->GetBoolMetaData(TEXT("BlueprintType"))));
-	const bool bSpawnable = bComponent && InheritsWord(Owner, "BlueprintSpawnableComponent", "NotSpawnable", false);
-	const bool bBlueprintable = bSpawnable
-		|| InheritsWord(Owner, "Blueprintable", "NotBlueprintable",
-			Ancestor && !CatalogueLines::IsBaseByName(*Ancestor)
-				&& FKismetEditorUtilities::CanCreateBlueprintOfClass(Ancestor));
-	const std::pair<const char*, bool> Rows[] = {{"abstract", Owner.Specifiers.Has("Abstract")},
-		{"interface", Owner.Kind == EOwner::Interface}, {"deprecated", Owner.Specifiers.Has("Deprecated")},
-		{"actor", IsA(TEXT("/Script/Engine.Actor"))}, {"component", bComponent},
-		{"widget", IsA(TEXT("/Script/UMG.Widget"))},
-		{"function_library", IsA(TEXT("/Script/Engine.BlueprintFunctionLibrary"))},
-		{"async_action", IsA(TEXT("/Script/Engine.BlueprintAsyncActionBase"))}, {"spawnable", bSpawnable},
-		{"blueprintable",
-			bBlueprintable
-				|| (Owner.Kind == EOwner::Interface
-					&& !Owner.Specifiers.HasMeta("CannotImplementInterfaceInBlueprint"))},
-		{"blueprint_type",
-			bBlueprintable || InheritsWord(Owner, "BlueprintType", "NotBlueprintType", bParentMayBeType)}};
-	std::vector<std::string> Flags;
-	for (const auto& [Flag, bSet] : Rows)
-	{
-		if (bSet)
-		{
-			Flags.emplace_back(Flag);
-		}
-	}
-	return Flags;
-}
-
 void FCatalogueLines::WriteClass(const FCodeFile& File, const FOwner& Owner)
 {
 	FJsonObject Line;
 	SetText(Line, TEXT("class"), CatalogueLines::Join(File.Module, Owner.Name));
 	SetText(Line, TEXT("header"), File.Header);
-	SetText(
-		Line, TEXT("parent"), Owner.Kind == EOwner::Interface ? "/Script/CoreUObject.Interface" : FindParent(Owner));
-	SetFlags(Line, ClassFlags(Owner));
+	SetText(Line, TEXT("parent"),
+		Owner.Kind == EOwner::Interface ? "/Script/CoreUObject.Interface" : Classes.FindParent(Owner, Notes));
+	SetFlags(Line, Classes.FlagsOf(Owner));
 	SetText(Line, TEXT("display"), Owner.Specifiers.GetMeta("DisplayName"));
 	TArray<TSharedPtr<FJsonValue>> Interfaces;
 	for (std::size_t Index = 1; Index < Owner.Parents.size(); ++Index)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ProjectCode/CodeClasses.h"
 #include "ProjectCode/CodeTypes.h"
 #include "ProjectCode/ReflectedCode.h"
 
@@ -8,17 +9,6 @@
 #include <vector>
 
 class FJsonObject;
-class UClass;
-
-/** The marked types of one header of a project. */
-struct FCodeFile
-{
-	/** "/Script/Doors" */
-	std::string Module;
-	/** As it would be included. */
-	std::string Header;
-	std::vector<ReflectedCode::FOwner> Owners;
-};
 
 /**
  * Marked code in the words of the class catalogue: one JSON object a line, each type followed by its members, as
@@ -48,20 +38,12 @@ private:
 	/** False when a type is unknown. */
 	bool SetParams(FJsonObject& Line, const ReflectedCode::FFunction& Function, const std::string& Class);
 
-	std::string FindParent(const ReflectedCode::FOwner& Owner);
-	/** The nearest ancestor that is no class of the project. */
-	const UClass* FindKnownAncestor(const ReflectedCode::FOwner& Owner) const;
-	const ReflectedCode::FOwner* FindOwner(const std::string& Name) const;
-	std::vector<std::string> ClassFlags(const ReflectedCode::FOwner& Owner) const;
-	/** Whether the word, or its opposite, is said of the class or of the nearest parent that says either. */
-	bool InheritsWord(
-		const ReflectedCode::FOwner& Owner, const char* Word, const char* Opposite, bool bOfAncestor) const;
 	void AddLine(const FJsonObject& Line);
 
 	const std::vector<FCodeFile>& Files;
 	std::map<std::string, std::vector<const ReflectedCode::FComponent*>> ComponentsByOwner;
 	FCodeTypes Types;
-	std::map<std::string, const ReflectedCode::FOwner*> OwnersByName;
+	FCodeClasses Classes;
 	std::vector<std::string>* Lines = nullptr;
 	std::vector<std::string> Notes;
 };
