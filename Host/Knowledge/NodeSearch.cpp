@@ -3,6 +3,7 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphSchema.h"
 #include "EdGraphSchema_K2.h"
+#include "JsonReading.h"
 #include "NodeIdentity/NodeByIdentity.h"
 #include "UObject/Class.h"
 #include "UObject/UObjectGlobals.h"
@@ -105,8 +106,8 @@ static TArray<FMenuHit> FindFunction(const FMenuSearch& Menu, const FString& Fun
 			const TSharedRef<FJsonObject> Request = Hit.MakeRequest();
 			FString OwnName;
 			FString OwnOwner;
-			Request->TryGetStringField(TEXT("target_function"), OwnName);
-			Request->TryGetStringField(TEXT("target_class"), OwnOwner);
+			MorvaneJson::TryGetStringField(*Request, TEXT("target_function"), OwnName);
+			MorvaneJson::TryGetStringField(*Request, TEXT("target_class"), OwnOwner);
 			return OwnName != Name || !(Owner.IsEmpty() || OwnOwner == Owner || OwnOwner.EndsWith(TEXT(".") + Owner));
 		});
 	return Hits;

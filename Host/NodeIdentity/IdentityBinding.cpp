@@ -3,6 +3,7 @@
 #include "EdGraph/EdGraphNode.h"
 #include "EdGraphSchema_K2.h"
 #include "Engine/Blueprint.h"
+#include "JsonReading.h"
 #include "K2Node_BaseAsyncTask.h"
 #include "K2Node_BaseMCDelegate.h"
 #include "K2Node_CallFunction.h"
@@ -21,21 +22,21 @@
 
 namespace IdentityBinding
 {
-namespace
-{
 FString Text(const FJsonObject& Identity, const TCHAR* Field)
 {
 	FString Value;
-	Identity.TryGetStringField(Field, Value);
+	MorvaneJson::TryGetStringField(Identity, Field, Value);
 	return Value;
 }
 
 bool IsSet(const FJsonObject& Identity, const TCHAR* Field)
 {
 	bool bValue = false;
-	return Identity.TryGetBoolField(Field, bValue) && bValue;
+	return MorvaneJson::TryGetBoolField(Identity, Field, bValue) && bValue;
 }
 
+namespace
+{
 /** Complaints about single lines are of no interest: FindMissing tells what matters. */
 class FSilence : public FFeedbackContext
 {
@@ -53,7 +54,7 @@ void AppendLines(const FJsonObject& Identity, const TCHAR* Field, FString& Out)
 	for (const auto& Pair : (*Lines)->Values)
 	{
 		FString Value;
-		if (Pair.Value && Pair.Value->TryGetString(Value))
+		if (Pair.Value && MorvaneJson::TryGetString(*Pair.Value, Value))
 		{
 			Out += FString::Printf(TEXT("   %s=%s\n"), *Pair.Key, *Value);
 		}
@@ -130,8 +131,7 @@ FString DescribeMissing(const TCHAR* Kind, const FString& Name)
 
 bool IsSelfContext(const FJsonObject& Identity)
 {
-	bool bSelf = false;
-	return Identity.TryGetBoolField(TEXT("self_context"), bSelf) && bSelf;
+	return IsSet(Identity, TEXT("self_context"));
 }
 
 template <typename T>
@@ -410,7 +410,7 @@ void HideUnlisted(UEdGraphNode& Node, const FJsonObject& Identity)
 	for (const auto& Pair : (*Lines)->Values)
 	{
 		FString Value;
-		Listed += Pair.Value && Pair.Value->TryGetString(Value) ? Value : FString();
+		Listed += Pair.Value && MorvaneJson::TryGetString(*Pair.Value, Value) ? Value : FString();
 	}
 	// What another version of the struct has besides is no part of the node that the identity is about.
 	const FScriptArrayHelper Records(Array, Array->GetValuePtr(&Node));
@@ -426,10 +426,9 @@ void HideUnlisted(UEdGraphNode& Node, const FJsonObject& Identity)
 
 FString FindMissing(const UEdGraphNode& Node, const FJsonObject& Identity)
 {
-	bool bOfBlueprint = false;
 	const FString Named = Text(Identity, TEXT("variable")) + Text(Identity, TEXT("function"))
 		+ Text(Identity, TEXT("delegate"));
-	if (Identity.TryGetBoolField(TEXT("member_has_guid"), bOfBlueprint) && bOfBlueprint)
+	if (IsSet(Identity, TEXT("member_has_guid")))
 	{
 		return FString::Printf(TEXT("The member '%s' belongs to a Blueprint that is not at hand."), *Named);
 	}

@@ -8,6 +8,11 @@ class UEdGraphNode;
 /** How an identity's members become a node's properties. */
 namespace IdentityBinding
 {
+/** A member of the identity; empty when it is no text. */
+FString Text(const FJsonObject& Identity, const TCHAR* Field);
+/** Whether a member is there and true. */
+bool IsSet(const FJsonObject& Identity, const TCHAR* Field);
+
 /** Sets the property lines of "props" and "keys", as text import does. A line that does not fit is left out. */
 void ApplyPropertyLines(UEdGraphNode& Node, const FJsonObject& Identity);
 /** Binds the node to what the other members name, where the property lines left it open. */

@@ -14,13 +14,6 @@
 
 namespace NodeIdentities
 {
-static FString Text(const FJsonObject& Identity, const TCHAR* Field)
-{
-	FString Value;
-	Identity.TryGetStringField(Field, Value);
-	return Value;
-}
-
 /** Where most members that graphs name are declared, nearest to what a Blueprint mostly is first. */
 const TCHAR* const CommonParents[] = {TEXT("/Script/Engine.Actor"), TEXT("/Script/Engine.Pawn"),
 	TEXT("/Script/Engine.Character"), TEXT("/Script/Engine.PlayerController"), TEXT("/Script/AIModule.AIController"),
@@ -79,15 +72,14 @@ UClass* FNodeByIdentity::ChooseParent(const FJsonObject& Identity) const
 		return Self;
 	}
 	UClass* const Actor = FindObject<UClass>(nullptr, TEXT("/Script/Engine.Actor"));
-	if (UClass* const EventParent = FindObject<UClass>(nullptr, NodeIdentities::Text(Identity, TEXT("event_parent"))))
+	if (UClass* const EventParent = FindObject<UClass>(nullptr, IdentityBinding::Text(Identity, TEXT("event_parent"))))
 	{
 		// The parent of a component's event is the class that declares the event, which need not be a Blueprint's
 		// parent.
 		return FKismetEditorUtilities::CanCreateBlueprintOfClass(EventParent) ? EventParent : Actor;
 	}
-	bool bSelf = false;
-	Identity.TryGetBoolField(TEXT("self_context"), bSelf);
-	UClass* const Declarer = bSelf ? FindObject<UClass>(nullptr, NodeIdentities::Text(Identity, TEXT("declared_in")))
+	const bool bSelf = IdentityBinding::IsSet(Identity, TEXT("self_context"));
+	UClass* const Declarer = bSelf ? FindObject<UClass>(nullptr, IdentityBinding::Text(Identity, TEXT("declared_in")))
 								   : nullptr;
 	if (Declarer && FKismetEditorUtilities::CanCreateBlueprintOfClass(Declarer))
 	{
@@ -100,7 +92,7 @@ UClass* FNodeByIdentity::ChooseParent(const FJsonObject& Identity) const
 	} Members[] = {{TEXT("function"), true}, {TEXT("variable"), false}, {TEXT("delegate"), false}};
 	for (const auto& Member : Members)
 	{
-		const FString Name = NodeIdentities::Text(Identity, Member.Field);
+		const FString Name = IdentityBinding::Text(Identity, Member.Field);
 		UClass* const Found = bSelf && !Name.IsEmpty()
 			? NodeIdentities::FindSelfWithMember(FName(Name), Member.bFunction)
 			: nullptr;
@@ -149,7 +141,7 @@ UEdGraph* FNodeByIdentity::GetEventGraph(UClass& Parent)
 
 UEdGraphNode* FNodeByIdentity::Make(const FJsonObject& Identity, FString& OutError)
 {
-	const FString ClassName = NodeIdentities::Text(Identity, TEXT("node_class"));
+	const FString ClassName = IdentityBinding::Text(Identity, TEXT("node_class"));
 	UClass* NodeClass = FindObject<UClass>(nullptr, ClassName);
 	NodeClass = NodeClass || ClassName.IsEmpty() ? NodeClass : FindFirstObject<UClass>(*ClassName);
 	if (!NodeClass || !NodeClass->IsChildOf(UEdGraphNode::StaticClass()) || NodeClass->HasAnyClassFlags(CLASS_Abstract))

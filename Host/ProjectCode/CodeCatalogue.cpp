@@ -2,6 +2,7 @@
 
 #include "Dom/JsonObject.h"
 #include "HAL/FileManager.h"
+#include "JsonReading.h"
 #include "Misc/FileHelper.h"
 #include "Misc/Paths.h"
 #include "ProjectCode/CatalogueLines.h"
@@ -115,7 +116,7 @@ static std::string OwnerPath(const std::string& Line)
 	for (const TCHAR* const Kind : {TEXT("class"), TEXT("struct"), TEXT("enum"), TEXT("delegate")})
 	{
 		if (!Object->Values.IsEmpty() && FString(Object->Values.begin()->Key) == Kind
-			&& Object->TryGetStringField(Kind, Path))
+			&& MorvaneJson::TryGetStringField(*Object, Kind, Path))
 		{
 			return ToUtf8(Path);
 		}
