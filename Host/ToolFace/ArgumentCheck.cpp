@@ -29,7 +29,6 @@ struct FQuietKey
 constexpr const TCHAR* RemoveConnections = TEXT("bp_remove_graph_connections");
 constexpr FQuietKey QuietKeys[] = {
 	{TEXT(""), TEXT("_internal_nodes")},
-	{TEXT(""), TEXT("nodes_to_search")},
 	{TEXT(""), TEXT("functions")},
 	{TEXT("nodes"), TEXT("exact_match")},
 	{TEXT("node_metadata"), TEXT("spawn_method")},
