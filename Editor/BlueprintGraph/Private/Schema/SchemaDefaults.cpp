@@ -5,6 +5,7 @@
 
 #include "Engine/Blueprint.h"
 #include "K2Node.h"
+#include "Misc/PackageName.h"
 #include "Schema/SchemaStructText.h"
 #include "UObject/UnrealType.h"
 
@@ -27,13 +28,7 @@ static bool HoldsText(const FEdGraphPinType& Type)
 /** "Class'/Path/To.Asset'" and quoted paths give the path alone. */
 static FString PathWithin(const FString& Text)
 {
-	FString Path = Text.TrimStartAndEnd().TrimQuotes();
-	int32 Quote = INDEX_NONE;
-	if (Path.EndsWith(TEXT("'")) && Path.FindChar(TEXT('\''), Quote) && Quote < Path.Len() - 1)
-	{
-		Path = Path.Mid(Quote + 1, Path.Len() - Quote - 2).TrimQuotes();
-	}
-	return Path;
+	return FPackageName::ExportTextPathToObjectPath(Text.TrimStartAndEnd());
 }
 
 /** A class pin that is given a Blueprint means the class that this makes. */

@@ -57,7 +57,8 @@ private:
 	// The variable road: a variable of the Blueprint itself, or one of another object.
 	UEdGraphNode* SpawnOwnVariable();
 	UEdGraphNode* SpawnCrossObjectVariable();
-	UEdGraphNode* SpawnWiredVariable();
+	/** A variable of the class that the request names, on the owner that the pin gives (may be null). */
+	UEdGraphNode* SpawnVariableOf(UEdGraphPin* OwnerPin);
 	UEdGraphNode* FindOwnerNode(FString& OutMethod) const;
 	/** Null, silently, when the path names no class; what the loader has to say is a warning of its own. */
 	UClass* LoadSourceClass(const FString& Path);

@@ -144,7 +144,8 @@ UEdGraphNode* FSpawnAttempt::SpawnVariable()
 	}
 	if (SourceClass && !OwnerGuid && !OwnerPin && Record.bTargetIsWired)
 	{
-		return SpawnWiredVariable();
+		// The wires of the request bring the owner, as they bring every other value.
+		return SpawnVariableOf(nullptr);
 	}
 	if (!SourceClass || !OwnerGuid || !OwnerPin)
 	{
@@ -212,37 +213,15 @@ UEdGraphNode* FSpawnAttempt::SpawnCrossObjectVariable()
 	{
 		return Fail(FString::Printf(TEXT("[Failure] Owner pin '%s' not found on node"), *OwnerPinName));
 	}
-	const FString SourcePath = Record.GetMetadata(TEXT("variable_source_class"));
-	UClass* const SourceClass = LoadSourceClass(SourcePath);
-	if (!SourceClass)
+	UEdGraphNode* const Node = SpawnVariableOf(OwnerPin);
+	if (Node)
 	{
-		ReportMissingSourceClass(SourcePath);
-		return nullptr;
+		WarnOfUnlinkedOwner(*Node, *OwnerPin);
 	}
-
-	const FString Name = Record.GetMetadata(TEXT("variable_name"));
-	const FVector2D Place = GetRequestedPosition();
-	UEdGraphNode* Node = nullptr;
-	if (IsGetRequest())
-	{
-		Node = FBlueprintNodeUtils::CreateCrossObjectVariableGetNode(&Graph, Name, SourceClass, OwnerPin, Place);
-	}
-	else
-	{
-		Node = FBlueprintNodeUtils::CreateCrossObjectVariableSetNode(&Graph, Name, SourceClass, OwnerPin, Place);
-	}
-	if (!Node)
-	{
-		return Fail(FString::Printf(
-			TEXT("[Failure] Cross-object variable %s spawn returned null for variable '%s' on class '%s'"),
-			IsGetRequest() ? TEXT("get") : TEXT("set"), *Name, *SourcePath));
-	}
-	WarnOfUnlinkedOwner(*Node, *OwnerPin);
 	return Node;
 }
 
-/** The wires of the request bring the owner, as they bring every other value. */
-UEdGraphNode* FSpawnAttempt::SpawnWiredVariable()
+UEdGraphNode* FSpawnAttempt::SpawnVariableOf(UEdGraphPin* const OwnerPin)
 {
 	const FString SourcePath = Record.GetMetadata(TEXT("variable_source_class"));
 	UClass* const SourceClass = LoadSourceClass(SourcePath);
@@ -256,11 +235,11 @@ UEdGraphNode* FSpawnAttempt::SpawnWiredVariable()
 	UEdGraphNode* Node = nullptr;
 	if (IsGetRequest())
 	{
-		Node = FBlueprintNodeUtils::CreateCrossObjectVariableGetNode(&Graph, Name, SourceClass, nullptr, Place);
+		Node = FBlueprintNodeUtils::CreateCrossObjectVariableGetNode(&Graph, Name, SourceClass, OwnerPin, Place);
 	}
 	else
 	{
-		Node = FBlueprintNodeUtils::CreateCrossObjectVariableSetNode(&Graph, Name, SourceClass, nullptr, Place);
+		Node = FBlueprintNodeUtils::CreateCrossObjectVariableSetNode(&Graph, Name, SourceClass, OwnerPin, Place);
 	}
 	return Node ? Node
 				: Fail(FString::Printf(

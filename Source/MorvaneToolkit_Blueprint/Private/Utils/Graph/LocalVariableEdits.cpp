@@ -88,19 +88,15 @@ private:
 	/** Gets and sets, in the function and in what is collapsed in it. */
 	TArray<UK2Node*> FindNodes(FName Name) const
 	{
-		TArray<UEdGraph*> Graphs = {&Graph};
-		Graph.GetAllChildrenGraphs(Graphs);
+		TArray<UK2Node_Variable*> Nodes;
+		FBlueprintEditorUtils::GetAllNodesOfClass(&Blueprint, Nodes);
 		TArray<UK2Node*> Found;
-		for (const UEdGraph* const Each : Graphs)
+		for (UK2Node_Variable* const Node : Nodes)
 		{
-			TArray<UK2Node_Variable*> Nodes;
-			Each->GetNodesOfClass(Nodes);
-			for (UK2Node_Variable* const Node : Nodes)
+			if (Node->VariableReference.IsLocalScope() && Node->GetVarName() == Name
+				&& FBlueprintEditorUtils::GetTopLevelGraph(Node->GetGraph()) == &Graph)
 			{
-				if (Node->VariableReference.IsLocalScope() && Node->GetVarName() == Name)
-				{
-					Found.Add(Node);
-				}
+				Found.Add(Node);
 			}
 		}
 		return Found;

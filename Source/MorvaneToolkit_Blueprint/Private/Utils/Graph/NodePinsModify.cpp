@@ -6,6 +6,7 @@
 #include "EdGraphSchema_K2.h"
 #include "K2Node_CreateDelegate.h"
 #include "K2Node_EditablePinBase.h"
+#include "Misc/PackageName.h"
 #include "ToolResult.h"
 #include "UObject/Class.h"
 #include "Utils/Asset/SafeObjectLoad.h"
@@ -44,22 +45,10 @@ static bool HoldsObject(const FEdGraphPinType& Type)
 		&& (Type.PinCategory == UEdGraphSchema_K2::PC_Object || Type.PinCategory == UEdGraphSchema_K2::PC_Class);
 }
 
-/** "Class'/Path/To.Asset'" gives the path alone. */
-static FString PathWithin(const FString& Text)
-{
-	FString Path = Text.TrimStartAndEnd().TrimQuotes();
-	int32 Quote = INDEX_NONE;
-	if (Path.EndsWith(TEXT("'")) && Path.FindChar(TEXT('\''), Quote) && Quote < Path.Len() - 1)
-	{
-		Path = Path.Mid(Quote + 1, Path.Len() - Quote - 2).TrimQuotes();
-	}
-	return Path;
-}
-
 /** The value of a pin that holds an object as the path of one that is there; false after a warning. */
 static bool FindObject(const UEdGraphPin& Pin, FString& InOutValue, Morvane::FToolResult& Result)
 {
-	const FString Path = PathWithin(InOutValue);
+	const FString Path = FPackageName::ExportTextPathToObjectPath(InOutValue.TrimStartAndEnd());
 	if (!HoldsObject(Pin.PinType) || Path.IsEmpty() || Path.Equals(TEXT("None"), ESearchCase::IgnoreCase))
 	{
 		return true;
