@@ -75,11 +75,23 @@ static FString WithinBrackets(const FString& Text)
 	return bBrackets ? Text.Mid(1, Text.Len() - 2).TrimStartAndEnd() : Text;
 }
 
+/** "yaw: 90" as "yaw:90", so that a blank parts members alone. */
+static FString CloseUp(FString Text)
+{
+	for (int32 At = FindOutside(Text, TEXT("=:")); At != INDEX_NONE; At = FindOutside(Text, TEXT("=:"), At + 1))
+	{
+		const FString Before = Text.Left(At).TrimStartAndEnd();
+		Text = Before + Text.Mid(At, 1) + Text.Mid(At + 1).TrimStart();
+		At = Before.Len();
+	}
+	return Text;
+}
+
 static FTree Parse(const FString& Value)
 {
 	FTree Tree;
 	Tree.Text = Value.TrimStartAndEnd();
-	const FString Inner = WithinBrackets(Tree.Text);
+	const FString Inner = CloseUp(WithinBrackets(Tree.Text));
 	const TCHAR* const Separators = FindOutside(Inner, TEXT("|")) != INDEX_NONE ? TEXT("|")
 		: FindOutside(Inner, TEXT(",;")) != INDEX_NONE							? TEXT(",;")
 																				: TEXT(" ");
