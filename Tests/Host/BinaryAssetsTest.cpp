@@ -164,6 +164,30 @@ TEST(BinaryAssets, ATextCopyGoesFirstWithAWarning)
 	EXPECT_THAT(Again.Json, Not(HasSubstr("Speed")));
 }
 
+TEST(BinaryAssets, AnImportTellsWhatItCouldNotTakeOver)
+{
+	using namespace BinaryAssetsTest;
+	const FTemporaryFolder Project;
+	const auto AddDamage = [](FTestPackage&, FObjectBytes& Out)
+	{
+		FByteWriter Endless;
+		Endless.Int(0x7FFFFFFF);
+		Out.Tag("Rows", {"ArrayProperty", {{"IntProperty", {}}}}, Endless.Bytes);
+	};
+	Project.Write("Content/BP_Small.uasset",
+		SmallBlueprint::Make(FPackageLayout::Of("5.7"), {"/Game/BP_Small", "/Script/Engine", "Actor", true}, AddDamage)
+			.Write()
+			.Bytes);
+	const FProcessResult Imported = RunMorvane({"import", "/Game/BP_Small", "--project", Project.Path()});
+	EXPECT_EQ(Imported.Status, 0) << Imported.Output << Imported.Errors;
+	TSharedPtr<FJsonObject> Result;
+	FString Error;
+	ASSERT_TRUE(JsonUtf8::Parse(Imported.Output, Result, Error)) << Imported.Output;
+	EXPECT_EQ(Join(*Result, TEXT("errors")), "");
+	EXPECT_THAT(Join(*Result, TEXT("warnings")),
+		HasSubstr("BP_Small: the value of Rows (ArrayProperty of IntProperty) was not understood and is left out"));
+}
+
 TEST(BinaryAssets, WhatCannotBeReadIsRefusedWithItsReason)
 {
 	using namespace BinaryAssetsTest;

@@ -230,6 +230,24 @@ TEST(Session, DamagedFileIsExplainedAndLeftAlone)
 	EXPECT_EQ(Project.Read(SessionTest::DoorFile), "uatext 1\nChecksum=0\n");
 }
 
+TEST(Session, AFaultOfAFileIsToldOnce)
+{
+	const FTemporaryFolder Project;
+	Project.Write(SessionTest::DoorFile, "uatext 1\nChecksum=0\n");
+	const std::string Fault = Project.Path().string() + "/" + SessionTest::DoorFile
+		+ ": the file is truncated within its header";
+	// One tool quotes it among its errors, the other says only that there is no such Blueprint.
+	const TSharedPtr<FJsonObject> Quoted = SessionTest::Parse(
+		SessionTest::Call(Project, "read_blueprint_schema", R"({"path":"/Game/Doors/BP_Door"})").Output);
+	EXPECT_NE(SessionTest::Join(*Quoted, TEXT("errors")).find(Fault), std::string::npos);
+	EXPECT_EQ(SessionTest::Join(*Quoted, TEXT("warnings")), "");
+	const TSharedPtr<FJsonObject> Silent = SessionTest::Parse(
+		SessionTest::Call(Project, "read_blueprint_variable", R"({"path":"/Game/Doors/BP_Door","variable_name":"X"})")
+			.Output);
+	EXPECT_EQ(SessionTest::Join(*Silent, TEXT("errors")).find(Fault), std::string::npos);
+	EXPECT_EQ(SessionTest::Join(*Silent, TEXT("warnings")), Fault);
+}
+
 TEST(Session, ServerStartsWithoutTouchingTheProject)
 {
 	const FTemporaryFolder Parent;

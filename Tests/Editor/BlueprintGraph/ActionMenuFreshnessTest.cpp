@@ -135,6 +135,20 @@ TEST(ActionMenuFreshness, WhatDidNotChangeKeepsItsEntry)
 	EXPECT_EQ(After.GetNumActions(), Before.GetNumActions() + 2);
 }
 
+TEST(ActionMenuFreshness, WhatIsNoAssetOffersNothing)
+{
+	const FBlueprintBuilder Blueprint;
+	UClass* const Actor = ClassAt(TEXT("/Script/Engine.Actor"));
+	UBlueprint* const Kept = MakeBlueprint(Actor, TEXT("BP_Kept"));
+	UBlueprint* const Draft = FKismetEditorUtilities::CreateBlueprint(
+		Actor, GetTransientPackage(), TEXT("BP_Draft"), BPTYPE_Normal);
+	const FBlueprintActionMenuBuilder Menu = MenuFor(Blueprint.EventGraph().Get());
+	EXPECT_TRUE(Find(Menu, TEXT("Cast To BP_Kept")));
+	EXPECT_FALSE(Find(Menu, TEXT("Cast To BP_Draft")));
+	Draft->MarkAsGarbage();
+	Forget(Kept);
+}
+
 TEST(ActionMenuFreshness, LocalVariablesAreTheirFunctionsOwnAndOfTheTypeTheyHaveNow)
 {
 	const FBlueprintBuilder Blueprint;

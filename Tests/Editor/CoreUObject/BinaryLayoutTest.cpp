@@ -82,6 +82,25 @@ TEST(BinaryLayout, EveryStepGivesTheSameObjects)
 	}
 }
 
+TEST(BinaryLayout, PinsKeepTheirDirection)
+{
+	const std::string Body = ReadBinary(SmallBlueprint::Make(FPackageLayout::Of("5.7")).Write().Bytes).Body;
+	const struct
+	{
+		const char* Name;
+		bool bOutput;
+	} Pins[] = {{"then", true}, {"Numbers", true}, {"Names", true}, {"execute", false}, {"InString", false}};
+	for (const auto& Pin : Pins)
+	{
+		const std::size_t At = Body.find("CustomProperties Pin (PinId=");
+		ASSERT_NE(At, std::string::npos);
+		const std::size_t Name = Body.find(std::string(",PinName=\"") + Pin.Name + "\"", At);
+		ASSERT_NE(Name, std::string::npos) << Pin.Name;
+		const std::string Line = Body.substr(Name, Body.find('\n', Name) - Name);
+		EXPECT_EQ(Line.find(",Direction=\"EGPD_Output\",") != std::string::npos, Pin.bOutput) << Line;
+	}
+}
+
 TEST(BinaryLayout, ObjectsNodesAndPinsAreSpelledAsObjectText)
 {
 	const std::string Body = ReadBinary(SmallBlueprint::Make(FPackageLayout::Of("5.7")).Write().Bytes).Body;

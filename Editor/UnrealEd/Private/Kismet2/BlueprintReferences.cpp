@@ -165,9 +165,8 @@ bool FBlueprintEditorUtils::IsVariableUsed(
 	return Nodes.ContainsByPredicate(
 		[&VariableName, Scope](const UK2Node_Variable* Node)
 		{
-			const bool bLocal = Node->VariableReference.IsLocalScope();
-			const bool bRightScope = Scope ? GetTopLevelGraph(Node->GetGraph()) == Scope : !bLocal;
-			return bRightScope && Node->GetVarName() == VariableName;
+			return Scope ? Node->GetVarName() == VariableName && GetTopLevelGraph(Node->GetGraph()) == Scope
+						 : Node->ReferencesVariable(VariableName, nullptr);
 		});
 }
 
