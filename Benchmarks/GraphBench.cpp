@@ -127,16 +127,22 @@ static void CompileGraph(benchmark::State& State)
 	State.SetComplexityN(State.range(0));
 }
 
-static void CopyNodes(benchmark::State& State)
+static TSet<UObject*> ToObjects(const TArray<UEdGraphNode*>& Nodes)
 {
-	const FBlueprint Blueprint;
-	const TArray<UEdGraphNode*> Nodes = Blueprint.MakeNodes(State.range(0));
-	FBlueprint::Connect(Nodes);
 	TSet<UObject*> Objects;
 	for (UEdGraphNode* const Node : Nodes)
 	{
 		Objects.Add(Node);
 	}
+	return Objects;
+}
+
+static void CopyNodes(benchmark::State& State)
+{
+	const FBlueprint Blueprint;
+	const TArray<UEdGraphNode*> Nodes = Blueprint.MakeNodes(State.range(0));
+	FBlueprint::Connect(Nodes);
+	const TSet<UObject*> Objects = ToObjects(Nodes);
 	for (auto _ : State)
 	{
 		FString Text;
@@ -153,11 +159,7 @@ static void PasteNodes(benchmark::State& State)
 		const FBlueprint Blueprint;
 		const TArray<UEdGraphNode*> Nodes = Blueprint.MakeNodes(State.range(0));
 		FBlueprint::Connect(Nodes);
-		TSet<UObject*> Objects;
-		for (UEdGraphNode* const Node : Nodes)
-		{
-			Objects.Add(Node);
-		}
+		const TSet<UObject*> Objects = ToObjects(Nodes);
 		FEdGraphUtilities::ExportNodesToText(Objects, Text);
 	}
 	for (auto _ : State)

@@ -7,9 +7,9 @@
 #include "Session/EditorModules.h"
 #include "Standalone/Project.h"
 #include "TemporaryFolder.h"
+#include "TestAssets.h"
 #include "ToolCommand.h"
 #include "ToolResult.h"
-#include "UObject/Package.h"
 
 #include <benchmark/benchmark.h>
 
@@ -41,21 +41,8 @@ public:
 	}
 	~FProjectFolder()
 	{
-		Forget();
+		TestAssets::UnloadGame();
 		FProject::Close();
-	}
-	static void Forget()
-	{
-		TArray<UObject*> Packages;
-		GetObjectsOfClass(UPackage::StaticClass(), Packages);
-		for (UObject* const Package : Packages)
-		{
-			if (Package->GetName().StartsWith(TEXT("/Game/")))
-			{
-				Package->MarkAsGarbage();
-			}
-		}
-		CollectGarbage();
 	}
 
 private:

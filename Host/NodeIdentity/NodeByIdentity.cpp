@@ -66,7 +66,7 @@ FNodeByIdentity::~FNodeByIdentity()
 UClass* FNodeByIdentity::ChooseParent(const FJsonObject& Identity) const
 {
 	// What a target pin shows follows from the Blueprint that the node stood in, where the identity tells its class.
-	UClass* const Self = FindObject<UClass>(nullptr, NodeIdentities::Text(Identity, TEXT("self_class")));
+	UClass* const Self = FindObject<UClass>(nullptr, IdentityBinding::Text(Identity, TEXT("self_class")));
 	if (Self && FKismetEditorUtilities::CanCreateBlueprintOfClass(Self))
 	{
 		return Self;

@@ -98,13 +98,13 @@ void FMorvaneProcess::Send(const std::string& Text) const
 	EXPECT_EQ(write(Input.Get(), Text.data(), Text.size()), static_cast<ssize_t>(Text.size()));
 }
 
-std::string FMorvaneProcess::Receive()
+std::string ReceiveLine(const int Handle, std::string& Pending)
 {
 	while (Pending.find('\n') == std::string::npos)
 	{
-		pollfd Poll = {Output.Get(), POLLIN, 0};
+		pollfd Poll = {Handle, POLLIN, 0};
 		char Buffer[4096];
-		const ssize_t Count = poll(&Poll, 1, 10'000) > 0 ? read(Output.Get(), Buffer, sizeof(Buffer)) : 0;
+		const ssize_t Count = poll(&Poll, 1, 10'000) > 0 ? read(Handle, Buffer, sizeof(Buffer)) : 0;
 		if (Count <= 0)
 		{
 			return {};
@@ -114,6 +114,11 @@ std::string FMorvaneProcess::Receive()
 	const std::string Line = Pending.substr(0, Pending.find('\n'));
 	Pending.erase(0, Line.size() + 1);
 	return Line;
+}
+
+std::string FMorvaneProcess::Receive()
+{
+	return ReceiveLine(Output.Get(), Pending);
 }
 
 void FMorvaneProcess::Signal(const int Number) const

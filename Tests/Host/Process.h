@@ -21,6 +21,9 @@ struct FProcessResult
 /** Runs the program to its end, with Input on its standard input. */
 FProcessResult RunMorvane(const std::vector<std::string>& Words, const std::string& Input = {});
 
+/** The next line without its end; empty after ten seconds or at the end. Pending keeps what came behind it. */
+std::string ReceiveLine(int Handle, std::string& Pending);
+
 /** The program as a process to talk to. Ends it, if need be with a signal, when it goes. */
 class FMorvaneProcess
 {

@@ -5,12 +5,12 @@
 #include <thread>
 
 #include <fcntl.h>
-#include <poll.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include "Host/FakeToolHost.h"
+#include "Host/Process.h"
 #include "Server/CallQueue.h"
 #include "Server/StdioServer.h"
 #include "Support/FileDescriptor.h"
@@ -56,23 +56,7 @@ public:
 		EXPECT_EQ(write(ToServer.Get(), Text.data(), Text.size()), static_cast<ssize_t>(Text.size()));
 	}
 	/** The next line without its end; empty after ten seconds or at the end of the output. */
-	std::string Receive()
-	{
-		while (Pending.find('\n') == std::string::npos)
-		{
-			pollfd Poll = {FromServer.Get(), POLLIN, 0};
-			char Buffer[4096];
-			const ssize_t Count = poll(&Poll, 1, 10'000) > 0 ? read(FromServer.Get(), Buffer, sizeof(Buffer)) : 0;
-			if (Count <= 0)
-			{
-				return {};
-			}
-			Pending.append(Buffer, static_cast<size_t>(Count));
-		}
-		const std::string Line = Pending.substr(0, Pending.find('\n'));
-		Pending.erase(0, Line.size() + 1);
-		return Line;
-	}
+	std::string Receive() { return ReceiveLine(FromServer.Get(), Pending); }
 	/** The id of the next answer, -1 when there is none. */
 	int ReceiveId()
 	{

@@ -20,6 +20,15 @@ static UBlueprint* Make(const char* Path, const char* Parent)
 	return FBlueprintUtils::TryLoadBlueprint(FromUtf8(Path));
 }
 
+/** One whose parent makes another type of Blueprint of it, without an event graph. */
+static const UBlueprint* MakeOfType(const char* Path, const char* Parent, EBlueprintType Type)
+{
+	const UBlueprint* const Blueprint = Make(Path, Parent);
+	EXPECT_NE(Blueprint, nullptr);
+	EXPECT_TRUE(!Blueprint || (Blueprint->BlueprintType == Type && Blueprint->UbergraphPages.IsEmpty()));
+	return Blueprint;
+}
+
 static TSharedPtr<Morvane::FToolResult> AddFunction(const char* Path, const std::string& Function)
 {
 	return RunTool(
@@ -32,10 +41,9 @@ using namespace LibrariesTest;
 TEST(Libraries, FunctionsAreStaticAndCompileInTheirCallers)
 {
 	FPopulating Case;
-	const UBlueprint* const Library = Make("/Game/Lib/BFL_Sums", "/Script/Engine.BlueprintFunctionLibrary");
+	const UBlueprint* const Library = MakeOfType(
+		"/Game/Lib/BFL_Sums", "/Script/Engine.BlueprintFunctionLibrary", BPTYPE_FunctionLibrary);
 	ASSERT_NE(Library, nullptr);
-	EXPECT_EQ(Library->BlueprintType, BPTYPE_FunctionLibrary);
-	EXPECT_TRUE(Library->UbergraphPages.IsEmpty());
 	EXPECT_THAT(
 		Errors(*AddFunction("/Game/Lib/BFL_Sums",
 			R"({"name":"AddUp","parameters":[{"name":"A","type":{"category":"int"}}],"return_type":{"category":"int"}})")),
@@ -65,10 +73,9 @@ TEST(Libraries, FunctionsAreStaticAndCompileInTheirCallers)
 TEST(Libraries, InterfacesHaveFunctionsWithoutBodiesAndMessagesForAll)
 {
 	FPopulating Case;
-	const UBlueprint* const Interface = Make("/Game/Lib/BPI_Use", "/Script/CoreUObject.Interface");
+	const UBlueprint* const Interface = MakeOfType(
+		"/Game/Lib/BPI_Use", "/Script/CoreUObject.Interface", BPTYPE_Interface);
 	ASSERT_NE(Interface, nullptr);
-	EXPECT_EQ(Interface->BlueprintType, BPTYPE_Interface);
-	EXPECT_TRUE(Interface->UbergraphPages.IsEmpty());
 	EXPECT_THAT(
 		Errors(*AddFunction("BPI_Use", R"({"name":"UseIt","parameters":[{"name":"A","type":{"category":"int"}}]})")),
 		IsEmpty());

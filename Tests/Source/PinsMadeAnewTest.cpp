@@ -1,9 +1,8 @@
 // A node may make its pins anew when one of their values changes: whoever holds the pin goes on with its successor.
 
-#include "BlueprintActionDatabase.h"
 #include "BlueprintConsistency.h"
-#include "BlueprintNodeSpawner.h"
 #include "EdGraphSchema_K2.h"
+#include "MenuActions.h"
 #include "NodeTests.h"
 #include "Populating.h"
 #include "Utils/Graph/PinConnections.h"
@@ -54,24 +53,6 @@ static std::vector<const UEdGraphPin*> FindClassPins(const FPopulating& Populati
 	return Pins;
 }
 
-/** One node of each class that the menu offers, and some more of the classes with many. */
-static TArray<const UBlueprintNodeSpawner*> ChooseActions()
-{
-	constexpr int32 EveryFurther = 499;
-	TArray<const UBlueprintNodeSpawner*> Chosen;
-	TMap<const UClass*, int32> Count;
-	FBlueprintActionDatabase::Get().Update();
-	FBlueprintActionDatabase::Get().ForEachAction(
-		[&](const FBlueprintAction& Action)
-		{
-			const int32 Seen = Count.FindOrAdd(Action.NodeClass)++;
-			if (Seen % EveryFurther == 0)
-			{
-				Chosen.Add(Action.Item->GetRawAction());
-			}
-		});
-	return Chosen;
-}
 } // namespace PinsMadeAnew
 
 using namespace PinsMadeAnew;
@@ -121,7 +102,7 @@ TEST(PinsMadeAnew, EveryPinOfEveryKindOfNodeMayBeHeldAcrossAChange)
 	UEdGraph* const Graph = Blueprint.EventGraph().Get();
 	Morvane::FToolResult Result = MakeResult();
 	int32 NumPins = 0;
-	for (const UBlueprintNodeSpawner* const Spawner : ChooseActions())
+	for (const UBlueprintNodeSpawner* const Spawner : ChooseActions(1, 499))
 	{
 		UEdGraphNode* const Node = Spawner->Invoke(Graph, IBlueprintNodeBinder::FBindingSet(), FVector2D(0, 0));
 		TArray<FEdGraphPinReference> Inputs;

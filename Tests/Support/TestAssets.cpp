@@ -150,6 +150,20 @@ void Unload(const TCHAR* PackageName)
 	}
 }
 
+void UnloadGame()
+{
+	TArray<UObject*> Packages;
+	GetObjectsOfClass(UPackage::StaticClass(), Packages);
+	for (UObject* const Package : Packages)
+	{
+		if (Package->GetName().StartsWith(TEXT("/Game/")))
+		{
+			Package->MarkAsGarbage();
+		}
+	}
+	CollectGarbage();
+}
+
 FString Save(UObject* Asset, const FString& Filename)
 {
 	FSavePackageArgs Args;

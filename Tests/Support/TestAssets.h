@@ -73,6 +73,8 @@ void SetDefaultValue(UTestBlueprint& Blueprint, const TCHAR* Variable, int32 Val
 
 /** Drops the package of that name from memory, so that the next use reads its file. */
 void Unload(const TCHAR* PackageName);
+/** The same for every package of the project. */
+void UnloadGame();
 
 /** Empty on success, else the save's message. */
 FString Save(UObject* Asset, const FString& Filename);

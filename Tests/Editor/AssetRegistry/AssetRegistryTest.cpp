@@ -22,7 +22,7 @@ protected:
 	}
 	void TearDown() override
 	{
-		UnloadAll();
+		TestAssets::UnloadGame();
 		FProject::Close();
 	}
 
@@ -33,20 +33,6 @@ protected:
 	{
 		EXPECT_EQ(ToUtf8(TestAssets::Save(TestAssets::MakeAsset(PackageName))), "");
 		TestAssets::Unload(PackageName);
-	}
-
-	static void UnloadAll()
-	{
-		TArray<UObject*> Packages;
-		GetObjectsOfClass(UPackage::StaticClass(), Packages);
-		for (UObject* const Package : Packages)
-		{
-			if (Package->GetName().StartsWith(TEXT("/Game/")))
-			{
-				Package->MarkAsGarbage();
-			}
-		}
-		CollectGarbage();
 	}
 
 	static std::string Names(const TArray<FAssetData>& Assets)
@@ -95,7 +81,7 @@ TEST_F(AssetRegistry, FiltersNarrowByClassPathNameAndTag)
 	UTestBlueprint* const Blueprint = TestAssets::MakeBlueprint(TEXT("/Game/Dir/BP"), UTestAsset::StaticClass(), {});
 	ASSERT_EQ(ToUtf8(TestAssets::Save(Blueprint)), "");
 	NewObject<UTestSpecialAsset>(CreatePackage(TEXT("/Game/Special")), TEXT("Special"), RF_Public);
-	UnloadAll();
+	TestAssets::UnloadGame();
 	NewObject<UTestSpecialAsset>(CreatePackage(TEXT("/Game/Special")), TEXT("Special"), RF_Public);
 	const FTopLevelAssetPath AssetClass(TEXT("/Script/Tests.TestAsset"));
 

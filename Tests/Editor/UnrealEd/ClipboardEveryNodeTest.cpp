@@ -1,6 +1,5 @@
 // Copied and pasted, a node is what it was, whatever its class: the text tells all that its pins follow from.
 
-#include "BlueprintActionDatabase.h"
 #include "BlueprintBuilder.h"
 #include "BlueprintConsistency.h"
 #include "BlueprintNodeSpawner.h"
@@ -10,6 +9,7 @@
 #include "K2Node_Composite.h"
 #include "K2Node_Event.h"
 #include "K2Node_Timeline.h"
+#include "MenuActions.h"
 #include "NodeDifference.h"
 
 #include <gtest/gtest.h>
@@ -17,26 +17,6 @@
 namespace ClipboardEveryNodeTests
 {
 using namespace ClipboardTests;
-
-/** The first actions of each node class, as they cover its shapes, and some of all the functions. */
-static TArray<const UBlueprintNodeSpawner*> ChooseActions()
-{
-	constexpr int32 FirstOfClass = 3;
-	constexpr int32 EveryFurther = 151;
-	TArray<const UBlueprintNodeSpawner*> Chosen;
-	TMap<const UClass*, int32> Count;
-	FBlueprintActionDatabase::Get().Update();
-	FBlueprintActionDatabase::Get().ForEachAction(
-		[&](const FBlueprintAction& Action)
-		{
-			const int32 Seen = Count.FindOrAdd(Action.NodeClass)++;
-			if (Seen < FirstOfClass || Seen % EveryFurther == 0)
-			{
-				Chosen.Add(Action.Item->GetRawAction());
-			}
-		});
-	return Chosen;
-}
 
 /** Events, timelines and collapsed graphs have names that are there once, so a copy has others. */
 static bool IsOneOfAKind(const UEdGraphNode& Node)
@@ -126,7 +106,7 @@ TEST(Clipboard, EveryKindOfNodeIsCopiedAsItIs)
 	UEdGraph* const Graph = Blueprint.EventGraph().Get();
 	TSet<const UClass*> Classes;
 	int32 NumCompared = 0;
-	for (const UBlueprintNodeSpawner* const Spawner : ChooseActions())
+	for (const UBlueprintNodeSpawner* const Spawner : ChooseActions(3, 151))
 	{
 		UEdGraphNode* const Node = Spawner->Invoke(Graph, IBlueprintNodeBinder::FBindingSet(), FVector2D(32, 64));
 		if (!Node)
