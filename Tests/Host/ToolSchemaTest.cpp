@@ -55,9 +55,10 @@ private:
 	{
 		for (const TCHAR* Name : {TEXT("properties"), TEXT("$defs")})
 		{
-			if (const TSharedPtr<FJsonObject> Children = Object.GetObjectField(Name))
+			const TSharedPtr<FJsonObject>* Children = nullptr;
+			if (Object.TryGetObjectField(Name, Children))
 			{
-				for (const auto& Pair : Children->Values)
+				for (const auto& Pair : (*Children)->Values)
 				{
 					Check(Pair.Value, Where + "/" + ToUtf8(Pair.Key));
 				}
@@ -70,18 +71,28 @@ private:
 				Check(Child, Where + "/" + ToUtf8(FString(Name)));
 			}
 		}
-		for (const TSharedPtr<FJsonValue>& Choice : Object.GetArrayField(TEXT("anyOf")))
+		const TArray<TSharedPtr<FJsonValue>>* Choices = nullptr;
+		if (Object.TryGetArrayField(TEXT("anyOf"), Choices))
 		{
-			Check(Choice, Where + "/anyOf");
+			for (const TSharedPtr<FJsonValue>& Choice : *Choices)
+			{
+				Check(Choice, Where + "/anyOf");
+			}
 		}
 	}
 
 	void CheckRequired(const FJsonObject& Object, const std::string& Where) const
 	{
-		const TSharedPtr<FJsonObject>& Properties = Object.GetObjectField(TEXT("properties"));
-		for (const TSharedPtr<FJsonValue>& Name : Object.GetArrayField(TEXT("required")))
+		const TSharedPtr<FJsonObject>* Properties = nullptr;
+		const TArray<TSharedPtr<FJsonValue>>* Names = nullptr;
+		if (!Object.TryGetArrayField(TEXT("required"), Names))
 		{
-			EXPECT_TRUE(Properties && Properties->HasField(Name->AsString()))
+			return;
+		}
+		ASSERT_TRUE(Object.TryGetObjectField(TEXT("properties"), Properties)) << Label << Where;
+		for (const TSharedPtr<FJsonValue>& Name : *Names)
+		{
+			EXPECT_TRUE((*Properties)->HasField(Name->AsString()))
 				<< Label << Where << " requires " << ToUtf8(Name->AsString()) << ", which it does not describe";
 		}
 	}
@@ -105,11 +116,12 @@ TEST(ToolSchemas, InputSchemasStayInTheCommonPartOfJsonSchema)
 		ToolSchemaTest::FSchemaCheck Check(Name);
 		Check.Check(Input, "");
 		EXPECT_EQ(ToUtf8(Input->AsObject()->GetStringField(TEXT("type"))), "object") << Name;
-		const TSharedPtr<FJsonObject> Shared = Input->AsObject()->GetObjectField(TEXT("$defs"));
-		EXPECT_EQ(Shared ? static_cast<size_t>(Shared->Values.Num()) : 0u, Check.References.size()) << Name;
+		const TSharedPtr<FJsonObject>* Shared = nullptr;
+		const bool bShared = Input->AsObject()->TryGetObjectField(TEXT("$defs"), Shared);
+		EXPECT_EQ(bShared ? static_cast<size_t>((*Shared)->Values.Num()) : 0u, Check.References.size()) << Name;
 		for (const std::string& Reference : Check.References)
 		{
-			EXPECT_TRUE(Shared && Shared->HasField(FromUtf8(Reference))) << Name << " points to " << Reference;
+			EXPECT_TRUE(bShared && (*Shared)->HasField(FromUtf8(Reference))) << Name << " points to " << Reference;
 		}
 	}
 	EXPECT_EQ(Names.size(), 19u);

@@ -10,25 +10,31 @@
 
 namespace NodeFactsTests
 {
+/** What a pin has nothing of is left out. */
+static FString Text(const FJsonObject& Pin, const TCHAR* Field)
+{
+	return Pin.HasField(Field) ? Pin.GetStringField(Field) : FString();
+}
+
 static std::string Container(const FJsonObject& Pin)
 {
-	const std::string Kind = ToStd(Pin.GetStringField(TEXT("container")));
+	const std::string Kind = ToStd(Text(Pin, TEXT("container")));
 	return Kind == "Array" ? " []" : Kind == "Set" ? " {}" : Kind == "Map" ? " {:}" : "";
 }
 
 /** As the table writes a pin. Categories are names, whose spelling depends on who used them first. */
 static std::string Describe(const FJsonObject& Pin)
 {
-	std::string Text = ToStd(Pin.GetStringField(TEXT("dir"))) == "out" ? ">" : "<";
-	Text += ToStd(Pin.GetStringField(TEXT("name"))) + ": " + ToStd(Pin.GetStringField(TEXT("cat")).ToLower());
-	const std::string Sub = ToStd(Pin.GetStringField(TEXT("sub")));
-	const std::string Object = ToStd(Pin.GetStringField(TEXT("obj")));
-	Text += Sub.empty() ? "" : "/" + Sub;
-	Text += Object.empty() ? "" : " " + Object;
-	Text += Container(Pin);
-	Text += Pin.GetBoolField(TEXT("hidden")) ? " hidden" : "";
-	Text += Pin.GetBoolField(TEXT("advanced")) ? " advanced" : "";
-	return Text;
+	std::string Line = ToStd(Text(Pin, TEXT("dir"))) == "out" ? ">" : "<";
+	Line += ToStd(Text(Pin, TEXT("name"))) + ": " + ToStd(Text(Pin, TEXT("cat")).ToLower());
+	const std::string Sub = ToStd(Text(Pin, TEXT("sub")));
+	const std::string Object = ToStd(Text(Pin, TEXT("obj")));
+	Line += Sub.empty() ? "" : "/" + Sub;
+	Line += Object.empty() ? "" : " " + Object;
+	Line += Container(Pin);
+	Line += Pin.GetBoolField(TEXT("hidden")) ? " hidden" : "";
+	Line += Pin.GetBoolField(TEXT("advanced")) ? " advanced" : "";
+	return Line;
 }
 
 static std::string DescribePins(FNodeByIdentity& Nodes, const std::string& Identity)

@@ -472,6 +472,11 @@ bool FPackageText::ImportBinary(
 	{
 		OutWarnings.Add(FromUtf8(Warning));
 	}
+	for (const FBinaryPackageFindings::FLeftOut& LeftOut : Findings.LeftOut)
+	{
+		OutWarnings.Add(
+			FromUtf8(LeftOut.Object + ": the value of " + LeftOut.Value + " was not understood and is left out"));
+	}
 	const std::string Path = ToUtf8(Target);
 	AtomicFile::FStamp Ignored;
 	const bool bWritten = FPathConfinement::IsInside(Target, Reason)
