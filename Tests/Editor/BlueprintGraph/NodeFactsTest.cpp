@@ -13,7 +13,7 @@ namespace NodeFactsTests
 /** What a pin has nothing of is left out. */
 static FString Text(const FJsonObject& Pin, const TCHAR* Field)
 {
-	return Pin.HasField(Field) ? Pin.GetStringField(Field) : FString();
+	return Pin.HasTypedField<EJson::String>(Field) ? Pin.GetStringField(Field) : FString();
 }
 
 static std::string Container(const FJsonObject& Pin)
