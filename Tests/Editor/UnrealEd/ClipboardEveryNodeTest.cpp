@@ -56,7 +56,7 @@ public:
 	{
 		UEdGraph* const Graph = Blueprint.EventGraph().Get();
 		TArray<UEdGraphNode*> Nodes;
-		for (const UBlueprintNodeSpawner* const Spawner : ChooseActions())
+		for (const UBlueprintNodeSpawner* const Spawner : ChooseActions(3, 151))
 		{
 			UEdGraphNode* const Node = Spawner->Invoke(Graph, IBlueprintNodeBinder::FBindingSet(), FVector2D(32, 64));
 			const UK2Node* const K2Node = Cast<UK2Node>(Node);
