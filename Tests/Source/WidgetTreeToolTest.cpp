@@ -226,8 +226,8 @@ TEST(WidgetTreeTool, WhatAnActionDoesNotDoIsSaid)
 	FWidgetEditing Edit;
 	Edit.Tree("CanvasPanel", Menu());
 	Edit.Widgets(ModifyWidget("Ok", R"("class":"CheckBox")"));
-	EXPECT_THAT(Warnings(*Edit.Result),
-		ElementsAre("Widget 'Ok' stays of class 'Button': a modify does not change the class"));
+	EXPECT_THAT(
+		Warnings(*Edit.Result), ElementsAre("Widget 'Ok' stays of class 'Button': a modify does not change the class"));
 	Edit.Widgets(ModifyWidget("Ok", R"("class":"/Script/UMG.Button")"));
 	EXPECT_THAT(Warnings(*Edit.Result), IsEmpty());
 	Edit.Widgets(AddWidget("Third", "Image", "List", R"("index":0)"));

@@ -30,11 +30,12 @@ void RegisterEngineClasses()
 		{&UEdGraph::StaticClass, &UEdGraphNode::StaticClass, &UEdGraphSchema::StaticClass, &UBlueprintCore::StaticClass,
 			&UBlueprint::StaticClass, &UAnimBlueprint::StaticClass, &UBlueprintGeneratedClass::StaticClass,
 			&UAnimBlueprintGeneratedClass::StaticClass, &UWidgetBlueprintGeneratedClass::StaticClass,
-			&USimpleConstructionScript::StaticClass, &USCS_Node::StaticClass, &UDataTable::StaticClass, &UCompositeDataTable::StaticClass,
-			&UInheritableComponentHandler::StaticClass, &AActor::StaticClass, &UActorComponent::StaticClass,
-			&USceneComponent::StaticClass, &UTimelineTemplate::StaticClass, &UCurveBase::StaticClass,
-			&UCurveFloat::StaticClass, &UCurveVector::StaticClass, &UCurveLinearColor::StaticClass,
-			&UWorld::StaticClass, &ULevel::StaticClass, &ULevelScriptBlueprint::StaticClass});
+			&USimpleConstructionScript::StaticClass, &USCS_Node::StaticClass, &UDataTable::StaticClass,
+			&UCompositeDataTable::StaticClass, &UInheritableComponentHandler::StaticClass, &AActor::StaticClass,
+			&UActorComponent::StaticClass, &USceneComponent::StaticClass, &UTimelineTemplate::StaticClass,
+			&UCurveBase::StaticClass, &UCurveFloat::StaticClass, &UCurveVector::StaticClass,
+			&UCurveLinearColor::StaticClass, &UWorld::StaticClass, &ULevel::StaticClass,
+			&ULevelScriptBlueprint::StaticClass});
 	MissingReferences::Register();
 	InheritedTemplates::Register();
 	FKey::StaticStruct();
