@@ -253,6 +253,28 @@ TEST(Waterfall, ExactRequestsTakeClassesAndFunctionsInAnySpelling)
 	EXPECT_EQ(Case.Data(TEXT("nodes_created")), "1");
 }
 
+TEST(Waterfall, AWireChoosesAmongNamesakesWhicheverEndIsNamedFirst)
+{
+	FPopulating Case;
+	RunTool(Morvane::ToolInfo::ToolName_ModifyBlueprintClassStructure,
+		R"({"path":")" + ToStd(Case.Blueprint.Path())
+			+ R"(","components":[{"name":"Blast","type":"RadialForceComponent"}]})");
+	const std::string Call = LooseNode("call", "Fire Impulse");
+	const std::string ByTitle = LooseNode("get", "Get Blast");
+	const std::string ByName =
+		R"({"node_guid":"get","class_name":"K2Node_VariableGet","node_metadata":{"variable_name":"Blast"}})";
+	for (const std::string& Nodes : {Call + "," + ByTitle, Call + "," + ByName, ByTitle + "," + Call})
+	{
+		Case.Populate(R"("nodes":[)" + Nodes
+			+ R"(],"connections":[{"source_node_guid":"get","source_pin_name":"Blast","target_node_guid":"call","target_pin_name":"Target"}])");
+		EXPECT_THAT(Warnings(*Case.Result), IsEmpty()) << Nodes;
+		const UK2Node_CallFunction* const Node = Cast<UK2Node_CallFunction>(FBlueprintMatchingUtils::FindNodeByGuid(
+			Case.Blueprint.EventGraph().Get(), UTF8_TO_TCHAR(Case.GuidOf("call").c_str())));
+		ASSERT_TRUE(Node) << Nodes;
+		EXPECT_EQ(ToStd(Node->GetTargetFunction()->GetOwnerClass()->GetName()), "RadialForceComponent") << Nodes;
+	}
+}
+
 TEST(ClassResolution, NamesBecomeVariantsInOrder)
 {
 	const FPopulating Project;

@@ -1,5 +1,8 @@
 #include "EdGraph/EdGraph.h"
 #include "EdGraph/EdGraphSchema.h"
+#include "EdGraphSchema_K2.h"
+#include "Engine/Blueprint.h"
+#include "Kismet2/BlueprintEditorUtils.h"
 #include "Spawning/SpawnAttempt.h"
 #include "Utils/Graph/PinConnections.h"
 
@@ -16,11 +19,27 @@ bool FSpawnAttempt::FitsWire(const UEdGraphPin& Pin, const FBPAskedPin& Asked) c
 	const UEdGraphSchema* const Schema = Graph.GetSchema();
 	if (!Other || !Schema)
 	{
-		return true;
+		return !Schema || FitsVariable(Pin, Asked.OtherVariable);
 	}
 	const FPinConnectionResponse Response = Asked.bOutput ? Schema->CanCreateConnection(&Pin, Other)
 														  : Schema->CanCreateConnection(Other, &Pin);
 	return Response.Response != CONNECT_RESPONSE_DISALLOW;
+}
+
+/** Requests may name a call before the variable that it is called on: the node is still to come, its type is known. */
+bool FSpawnAttempt::FitsVariable(const UEdGraphPin& Pin, const FString& Variable) const
+{
+	const UClass* const Class = FBlueprintEditorUtils::GetMostUpToDateClass(Blueprint.GeneratedClass);
+	const FProperty* Property = nullptr;
+	for (const FString& Spelling : {Variable, Variable.Replace(TEXT(" "), TEXT(""))})
+	{
+		const FName Name(*Spelling, FNAME_Find);
+		Property = Property || Name.IsNone() || !Class ? Property : Class->FindPropertyByName(Name);
+	}
+	FEdGraphPinType Type;
+	const UEdGraphSchema_K2* const Schema = GetDefault<UEdGraphSchema_K2>();
+	return !Property || !Schema->ConvertPropertyToPinType(Property, Type)
+		|| Schema->ArePinTypesCompatible(Type, Pin.PinType, Class);
 }
 
 int32 FSpawnAttempt::CountFittingPins(const UEdGraphNode& Node) const

@@ -47,6 +47,7 @@ private:
 	/** How many of the asked pins a node has, with the wire fitting where its other end stands already. */
 	int32 CountFittingPins(const UEdGraphNode& Node) const;
 	bool FitsWire(const UEdGraphPin& Pin, const FBPAskedPin& Asked) const;
+	bool FitsVariable(const UEdGraphPin& Pin, const FString& Variable) const;
 
 	// Nodes that are told by their class and one name, without a look at the menu.
 	/** One that a graph has once and that stands already: where a function begins and ends, a timeline; else null. */

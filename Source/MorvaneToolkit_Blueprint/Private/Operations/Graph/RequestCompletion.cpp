@@ -56,6 +56,14 @@ static bool IsTargetPin(const FString& PinName)
 		|| PinName.Equals(TEXT("target"), ESearchCase::IgnoreCase);
 }
 
+/** The variable that a record's node reads, by its metadata or its title; empty for other requests. */
+static FString GetVariableRead(const FBPNodeModification& Record)
+{
+	const FString Named = Record.GetMetadata(TEXT("variable_name"));
+	FString Title = Record.MenuTitle.TrimStartAndEnd();
+	return !Named.IsEmpty() || !Title.RemoveFromStart(TEXT("Get "), ESearchCase::IgnoreCase) ? Named : Title;
+}
+
 /** The wires that the request asks for. */
 static TArray<FBPConnectionModification> ReadWires(const TArray<TSharedPtr<FJsonValue>>* Connections)
 {
@@ -83,11 +91,14 @@ static void TellWires(TArray<FBPNodeModification>& Nodes, const TArray<FBPConnec
 	{
 		if (const int32* const Source = Indices.Find(Wire.SourceNodeGuid))
 		{
-			Nodes[*Source].AskedPins.Add({Wire.SourcePinName, true, Wire.TargetNodeGuid, Wire.TargetPinName});
+			Nodes[*Source].AskedPins.Add(
+				{Wire.SourcePinName, true, Wire.TargetNodeGuid, Wire.TargetPinName, FString()});
 		}
 		if (const int32* const Target = Indices.Find(Wire.TargetNodeGuid))
 		{
-			Nodes[*Target].AskedPins.Add({Wire.TargetPinName, false, Wire.SourceNodeGuid, Wire.SourcePinName});
+			const int32* const From = Indices.Find(Wire.SourceNodeGuid);
+			Nodes[*Target].AskedPins.Add({Wire.TargetPinName, false, Wire.SourceNodeGuid, Wire.SourcePinName,
+				From ? GetVariableRead(Nodes[*From]) : FString()});
 			Nodes[*Target].bTargetIsWired |= IsTargetPin(Wire.TargetPinName);
 		}
 	}
@@ -104,7 +115,7 @@ void RequestCompletion::Complete(TArray<FBPNodeModification>& Nodes, const TArra
 		{
 			if (Pin.Action == EBPNodeAction::Modify)
 			{
-				Record.AskedPins.Add({Pin.Name, false, FString(), FString()});
+				Record.AskedPins.Add({Pin.Name, false, FString(), FString(), FString()});
 			}
 		}
 	}

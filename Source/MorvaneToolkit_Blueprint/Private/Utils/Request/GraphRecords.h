@@ -59,6 +59,8 @@ struct FBPAskedPin
 	/** The other end of the wire; both empty for a value. */
 	FString OtherNodeGuid;
 	FString OtherPinName;
+	/** The variable that the node at the other end reads, where its record tells one. */
+	FString OtherVariable;
 };
 
 struct FBPNodeModification
