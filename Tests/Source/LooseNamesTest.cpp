@@ -5,6 +5,8 @@
 #include "Populating.h"
 #include "Utils/Graph/PinConnections.h"
 
+#include <span>
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -27,6 +29,27 @@ static std::string NameOf(const UEdGraphPin* Pin)
 {
 	return Pin ? ToStd(Pin->PinName.ToString()) : "none";
 }
+
+struct FLookup
+{
+	const char* Node;
+	EEdGraphPinDirection Direction;
+	const char* Asked;
+	const char* Found;
+};
+
+using FFindPin = UEdGraphPin* (*)(const UEdGraphNode& Node, const FString& Name, EEdGraphPinDirection Direction);
+
+static void ExpectFound(const FPopulating& Run, std::span<const FLookup> Lookups, FFindPin FindPin)
+{
+	for (const FLookup& Lookup : Lookups)
+	{
+		const UEdGraphNode* const Node = Find(Run, Lookup.Node);
+		ASSERT_NE(Node, nullptr) << Lookup.Node;
+		EXPECT_EQ(NameOf(FindPin(*Node, UTF8_TO_TCHAR(Lookup.Asked), Lookup.Direction)), Lookup.Found)
+			<< Lookup.Node << "." << Lookup.Asked;
+	}
+}
 } // namespace LooseNamesTest
 
 using namespace LooseNamesTest;
@@ -38,13 +61,7 @@ TEST(LooseNames, TheLastWordsOfANameStandForItWhereNoOtherPinEndsSo)
 		+ CallNode("move", "Actor", "K2_SetActorLocation") + "," + CallNode("life", "Actor", "SetLifeSpan") + ","
 		+ CallNode("hurt", "GameplayStatics", "ApplyDamage") + ","
 		+ CallNode("sum", "KismetMathLibrary", "Add_IntInt"));
-	const struct
-	{
-		const char* Node;
-		EEdGraphPinDirection Direction;
-		const char* Asked;
-		const char* Found;
-	} Cases[] = {
+	const FLookup Lookups[] = {
 		{"life", EGPD_Input, "Lifespan", "InLifespan"},
 		{"life", EGPD_Input, "span", "none"},
 		{"move", EGPD_Input, "Location", "NewLocation"},
@@ -58,15 +75,9 @@ TEST(LooseNames, TheLastWordsOfANameStandForItWhereNoOtherPinEndsSo)
 		{"sum", EGPD_Input, "value A", "none"},
 		{"sum", EGPD_Input, "execute", "none"},
 	};
-	for (const auto& Case : Cases)
-	{
-		const UEdGraphNode* const Node = Find(Run, Case.Node);
-		ASSERT_NE(Node, nullptr) << Case.Node;
-		EXPECT_EQ(
-			NameOf(FBlueprintPinUtils::FindPinWithAliases(Node, UTF8_TO_TCHAR(Case.Asked), Case.Direction, nullptr)),
-			Case.Found)
-			<< Case.Node << "." << Case.Asked;
-	}
+	ExpectFound(Run, Lookups,
+		[](const UEdGraphNode& Node, const FString& Name, EEdGraphPinDirection Direction)
+		{ return FBlueprintPinUtils::FindPinWithAliases(&Node, Name, Direction, nullptr); });
 }
 
 TEST(LooseNames, OnePinIsFoundByWhatTheEditorShowsOrItIsFor)
@@ -77,13 +88,7 @@ TEST(LooseNames, OnePinIsFoundByWhatTheEditorShowsOrItIsFor)
 		+ "," + CallNode("move", "Actor", "K2_SetActorLocation") + ","
 		+ CallNode("sum", "KismetMathLibrary", "Add_IntInt")
 		+ R"(,{"node_guid":"cast","class_name":"K2Node_DynamicCast","target_class":"Pawn","target_function":"any"})");
-	const struct
-	{
-		const char* Node;
-		EEdGraphPinDirection Direction;
-		const char* Asked;
-		const char* Found;
-	} Cases[] = {
+	const FLookup Lookups[] = {
 		{"print", EGPD_Input, "In String", "InString"},
 		{"print", EGPD_Input, "print to log", "bPrintToLog"},
 		{"print", EGPD_Input, "PrintToScreen", "bPrintToScreen"},
@@ -108,13 +113,7 @@ TEST(LooseNames, OnePinIsFoundByWhatTheEditorShowsOrItIsFor)
 		{"cast", EGPD_Output, "As Pawn", "AsPawn"},
 		{"cast", EGPD_Output, "result", "AsPawn"},
 	};
-	for (const auto& Case : Cases)
-	{
-		const UEdGraphNode* const Node = Find(Run, Case.Node);
-		ASSERT_NE(Node, nullptr) << Case.Node;
-		EXPECT_EQ(NameOf(LooseNames::FindPin(*Node, UTF8_TO_TCHAR(Case.Asked), Case.Direction)), Case.Found)
-			<< Case.Node << "." << Case.Asked;
-	}
+	ExpectFound(Run, Lookups, &LooseNames::FindPin);
 }
 
 TEST(LooseNames, LinksAndValuesOfACallFindTheirPins)

@@ -2,6 +2,7 @@
 
 #include "KeywordSet.h"
 #include "KeywordWords.h"
+#include "NameLetters.h"
 
 namespace AssetOperationKeywordText
 {
@@ -34,15 +35,7 @@ static FString MakeWhole(const TArray<FString>& Words)
 /** "=switchoneaxis" of "Switch on EAxis", letter by letter, for those who write it without capitals. */
 static FString Squeeze(const FString& Text)
 {
-	FString Squeezed(TEXT("="));
-	for (const TCHAR Char : Text)
-	{
-		if (FChar::IsAlnum(Char))
-		{
-			Squeezed += FChar::ToLower(Char);
-		}
-	}
-	return Squeezed;
+	return TEXT("=") + GetNameLetters(Text);
 }
 
 static bool IsOperatorWord(const FString& Word)

@@ -2,6 +2,7 @@
 
 #include "KeywordSenses.h"
 #include "KeywordWords.h"
+#include "NameLetters.h"
 #include "RequestConceptTables.h"
 #include "RequestLexiconTables.h"
 
@@ -205,14 +206,7 @@ static FString GetFamilyOfEnding(const FString& Receiver)
 
 FString RequestLexicon::Squeeze(const FString& Name)
 {
-	FString Squeezed;
-	for (const TCHAR Char : Name)
-	{
-		if (FChar::IsAlnum(Char))
-		{
-			Squeezed += FChar::ToLower(Char);
-		}
-	}
+	const FString Squeezed = GetNameLetters(Name);
 	const bool bPlural = Squeezed.Len() > 3 && Squeezed.EndsWith(TEXT("s"), ESearchCase::CaseSensitive)
 		&& !Squeezed.EndsWith(TEXT("ss"), ESearchCase::CaseSensitive);
 	return bPlural ? Squeezed.LeftChop(1) : Squeezed;
@@ -221,11 +215,7 @@ FString RequestLexicon::Squeeze(const FString& Name)
 FString RequestLexicon::GetFamily(const FString& Receiver)
 {
 	const RequestLexiconImpl::FLookup& Lookup = RequestLexiconImpl::FLookup::Get();
-	FString Plain;
-	for (const TCHAR Char : RequestLexiconImpl::WithoutTypeLetter(Receiver))
-	{
-		Plain += FChar::IsAlnum(Char) ? FString::Chr(FChar::ToLower(Char)) : FString();
-	}
+	FString Plain = GetNameLetters(RequestLexiconImpl::WithoutTypeLetter(Receiver));
 	const FString* Family = Lookup.FamilyByReceiver.Find(Plain);
 	if (!Family && Plain.EndsWith(TEXT("library"), ESearchCase::CaseSensitive))
 	{
@@ -261,11 +251,7 @@ TArray<FRequestReading> RequestLexicon::FindEventCalled(const FString& Name)
 TArray<FRequestReading> RequestLexicon::FindVerb(const FString& Family, const FString& Member)
 {
 	const RequestLexiconImpl::FLookup& Lookup = RequestLexiconImpl::FLookup::Get();
-	FString Whole;
-	for (const TCHAR Char : Member)
-	{
-		Whole += FChar::IsAlnum(Char) ? FString::Chr(FChar::ToLower(Char)) : FString();
-	}
+	const FString Whole = GetNameLetters(Member);
 	FString Singular;
 	for (const FString& Word : KeywordWords::Split(Member))
 	{
@@ -285,11 +271,7 @@ TArray<FRequestReading> RequestLexicon::FindVerb(const FString& Family, const FS
 TArray<FRequestReading> RequestLexicon::FindEvent(const FString& Name)
 {
 	const RequestLexiconImpl::FLookup& Lookup = RequestLexiconImpl::FLookup::Get();
-	FString Whole;
-	for (const TCHAR Char : Name)
-	{
-		Whole += FChar::IsAlnum(Char) ? FString::Chr(FChar::ToLower(Char)) : FString();
-	}
+	const FString Whole = GetNameLetters(Name);
 	const FString* const Title = Lookup.Events.Find(Whole);
 	return Title ? TArray<FRequestReading>({{*Title, FString()}}) : TArray<FRequestReading>();
 }

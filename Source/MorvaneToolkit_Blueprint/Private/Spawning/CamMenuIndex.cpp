@@ -8,6 +8,7 @@
 #include "BlueprintNodeSpawner.h"
 #include "BlueprintVariableNodeSpawner.h"
 #include "Engine/Blueprint.h"
+#include "NameLetters.h"
 #include "UObject/Package.h"
 #include "UObject/UnrealType.h"
 
@@ -133,19 +134,6 @@ static FString WithoutFlagLetter(const FString& Name)
 {
 	const bool bFlag = Name.Len() > 1 && Name[0] == TEXT('b') && FChar::IsUpper(Name[1]);
 	return bFlag ? Name.RightChop(1) : Name;
-}
-
-static FString GetLetters(const FString& Name)
-{
-	FString Letters;
-	for (const TCHAR Char : Name)
-	{
-		if (FChar::IsAlnum(Char))
-		{
-			Letters += FChar::ToLower(Char);
-		}
-	}
-	return Letters;
 }
 
 static bool IsOfEditor(const UClass& Class)
@@ -316,14 +304,14 @@ const FProperty* FCamMenuIndex::FindVariable(const FString& Name)
 		for (TFieldIterator<FProperty> It(SelfClass); It; ++It)
 		{
 			const FString Own = It->GetName();
-			VariableByLetters.FindOrAdd(CamMenuIndex::GetLetters(Own), It->GetFName());
+			VariableByLetters.FindOrAdd(GetNameLetters(Own), It->GetFName());
 			const FString Bare = CamMenuIndex::WithoutFlagLetter(Own);
-			VariableByLetters.FindOrAdd(CamMenuIndex::GetLetters(Bare), It->GetFName());
+			VariableByLetters.FindOrAdd(GetNameLetters(Bare), It->GetFName());
 		}
 	}
 	for (const FString& Spelling : {Name, CamMenuIndex::WithoutFlagLetter(Name)})
 	{
-		if (const FName* const Known = VariableByLetters.Find(CamMenuIndex::GetLetters(Spelling)))
+		if (const FName* const Known = VariableByLetters.Find(GetNameLetters(Spelling)))
 		{
 			return SelfClass->FindPropertyByName(*Known);
 		}
@@ -335,11 +323,11 @@ bool FCamMenuIndex::AreSameName(const FString& Name, const FString& Asked)
 {
 	using namespace CamMenuIndex;
 
-	const FString Bare = GetLetters(WithoutFlagLetter(Name));
-	const FString Letters = GetLetters(Asked);
+	const FString Bare = GetNameLetters(WithoutFlagLetter(Name));
+	const FString Letters = GetNameLetters(Asked);
 	return !Letters.IsEmpty()
-		&& (Letters.Equals(GetLetters(Name)) || Letters.Equals(Bare)
-			|| GetLetters(WithoutFlagLetter(Asked)).Equals(Bare));
+		&& (Letters.Equals(GetNameLetters(Name)) || Letters.Equals(Bare)
+			|| GetNameLetters(WithoutFlagLetter(Asked)).Equals(Bare));
 }
 
 TArray<FName> FCamMenuIndex::GetOwnVariables() const

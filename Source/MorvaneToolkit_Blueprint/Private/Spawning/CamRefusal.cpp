@@ -1,5 +1,6 @@
 #include "AssetOperationBase.h"
 #include "EdGraph/EdGraph.h"
+#include "NameLetters.h"
 #include "Spawning/CamSearch.h"
 
 // What is said of a request that no node is meant by: why, and what could have been meant instead.
@@ -9,16 +10,6 @@ namespace CamRefusal
 /** Names shorter than this are in too many others. */
 constexpr int32 LeastLetters = 4;
 constexpr int32 MostCasts = 8;
-
-static FString GetLetters(const FString& Text)
-{
-	FString Letters;
-	for (const TCHAR Char : Text)
-	{
-		Letters += FChar::IsAlnum(Char) ? FString::Chr(FChar::ToLower(Char)) : FString();
-	}
-	return Letters;
-}
 
 /** Whether one name may be a slip of the other, or a part of it. */
 static bool AreNear(const FString& Left, const FString& Right)
@@ -112,11 +103,11 @@ void FCamSearch::PutInFront(const FHits& Near, FHits& InOutHits) const
 FCamSearch::FHits FCamSearch::FindNearCasts(const FString& Name) const
 {
 	FHits Near;
-	const FString Asked = CamRefusal::GetLetters(Name);
+	const FString Asked = GetNameLetters(Name);
 	for (int32 Entry = 0; Entry < Index.Num() && Near.Num() < CamRefusal::MostCasts; ++Entry)
 	{
 		const FString Target = CamRefusal::GetCastTarget(Index.GetAction(Entry).GetMenuDescription().ToString());
-		if (!Target.IsEmpty() && CamRefusal::AreNear(Asked, CamRefusal::GetLetters(Target)))
+		if (!Target.IsEmpty() && CamRefusal::AreNear(Asked, GetNameLetters(Target)))
 		{
 			Near.AddDefaulted_GetRef().Entry = Entry;
 		}
@@ -127,10 +118,10 @@ FCamSearch::FHits FCamSearch::FindNearCasts(const FString& Name) const
 FCamSearch::FHits FCamSearch::FindNearVariables(const FString& Verb, const FString& Name)
 {
 	FHits Near;
-	const FString Asked = CamRefusal::GetLetters(Name);
+	const FString Asked = GetNameLetters(Name);
 	for (const FName& Variable : Index.GetOwnVariables())
 	{
-		if (CamRefusal::AreNear(Asked, CamRefusal::GetLetters(Variable.ToString())))
+		if (CamRefusal::AreNear(Asked, GetNameLetters(Variable.ToString())))
 		{
 			Near.Append(FindTitled(Verb + TEXT(" ") + Variable.ToString(), FString()));
 		}

@@ -3,6 +3,7 @@
 #include "AssetOperationBase.h"
 #include "EdGraph/EdGraph.h"
 #include "Engine/Blueprint.h"
+#include "NameLetters.h"
 #include "UObject/UnrealType.h"
 
 namespace CamSearch
@@ -19,16 +20,6 @@ constexpr float OneLetter = 0.8f;
 /** Where this many other titles fit as well to within this, none of them is meant. */
 constexpr int32 TooManyAlike = 2;
 constexpr float Alike = 0.02f;
-
-static FString Squeeze(const FString& Text)
-{
-	FString Squeezed;
-	for (const TCHAR Char : Text)
-	{
-		Squeezed += FChar::IsAlnum(Char) ? FString::Chr(FChar::ToLower(Char)) : FString();
-	}
-	return Squeezed;
-}
 
 /** One letter too few or too many, or two neighbours swapped. */
 static bool IsSlip(const FString& Asked, const FString& Title)
@@ -203,8 +194,8 @@ bool FCamSearch::IsWordForWord(const FHits& Hits, const FString& MenuTitle) cons
 
 bool FCamSearch::IsOfOtherNumber(int32 Entry, const FString& Title) const
 {
-	const FString Asked = CamSearch::Squeeze(Title);
-	const FString Found = CamSearch::Squeeze(Index.GetAction(Entry).GetMenuDescription().ToString());
+	const FString Asked = GetNameLetters(Title);
+	const FString Found = GetNameLetters(Index.GetAction(Entry).GetMenuDescription().ToString());
 	const bool bOtherNumber = (Found + TEXT("s")).Equals(Asked) || (Asked + TEXT("s")).Equals(Found);
 	return bOtherNumber && Index.GetNodeClass(Entry).StartsWith(TEXT("K2Node_Variable"), ESearchCase::CaseSensitive);
 }
@@ -311,7 +302,7 @@ FCamSearch::FHits FCamSearch::FindStructFunction(const FString& Title)
 
 void FCamSearch::PutSlipFirst(const FString& MenuTitle, FHits& InOutHits) const
 {
-	const FString Asked = CamSearch::Squeeze(MenuTitle);
+	const FString Asked = GetNameLetters(MenuTitle);
 	if (Asked.Len() + 1 < CamSearch::LeastForSlip || InOutHits.IsEmpty() || InOutHits[0].bWhole
 		|| Asked.StartsWith(TEXT("castto"), ESearchCase::CaseSensitive))
 	{
@@ -319,8 +310,7 @@ void FCamSearch::PutSlipFirst(const FString& MenuTitle, FHits& InOutHits) const
 	}
 	for (int32 Place = 0; Place < InOutHits.Num(); ++Place)
 	{
-		const FString Title = CamSearch::Squeeze(
-			Index.GetAction(InOutHits[Place].Entry).GetMenuDescription().ToString());
+		const FString Title = GetNameLetters(Index.GetAction(InOutHits[Place].Entry).GetMenuDescription().ToString());
 		if (Title.Len() >= CamSearch::LeastForSlip && CamSearch::IsSlip(Asked, Title))
 		{
 			FKeywordHit Hit = InOutHits[Place];
